@@ -1,0 +1,102 @@
+#include "core/FormKeys.h"
+
+#include "core/modTallyboardForms.h"
+#include "core/SessionContext.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include <algorithm>
+
+namespace tally {
+
+namespace {
+
+/// Drops typed characters that the field does not take.
+class TypedKeys : public QObject
+{
+public:
+    TypedKeys(QLineEdit* field, KeyFilter filter) : QObject(field), filter_(filter)
+    {
+        field->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress) {
+            const QString text = static_cast<QKeyEvent*>(event)->text();
+            if (!text.isEmpty() && text.at(0).isPrint() && filter_(text.at(0).unicode()) == 0)
+                return true;
+        }
+        return QObject::eventFilter(receiver, event);
+    }
+
+private:
+    KeyFilter filter_;
+};
+
+bool IsEnter(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+} // namespace
+
+FormKeys::FormKeys(QWidget* form, int helpScreenNo) : QObject(form), form_(form), helpScreenNo_(helpScreenNo)
+{
+    qApp->installEventFilter(this);
+}
+
+bool FormKeys::eventFilter(QObject* receiver, QEvent* event)
+{
+    auto* widget = qobject_cast<QWidget*>(receiver);
+    if (event->type() != QEvent::KeyPress || !widget || (widget != form_ && !form_->isAncestorOf(widget)))
+        return false;
+
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_F1 && helpScreenNo_ != 0) {
+        Session().glngScreenNo = helpScreenNo_;
+        ShowForm(QStringLiteral("frmHelp"));
+        return true;
+    }
+    if (key->text() == QLatin1String("'"))
+        return true;
+    if (!IsEnter(key->key()) || qobject_cast<QPlainTextEdit*>(widget))
+        return false;
+    if (auto* button = qobject_cast<QAbstractButton*>(widget);
+        button && !button->isCheckable() && button->isEnabled()) {
+        button->click();
+        return true;
+    }
+    if (const auto* combo = qobject_cast<QComboBox*>(widget);
+        combo && combo->property(EnterNeedsText).toBool() && combo->currentText().trimmed().isEmpty())
+        return true;
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));
+    QApplication::sendEvent(widget, &tab);
+    return true;
+}
+
+void TakeOnly(QLineEdit* field, KeyFilter filter, int maxLength)
+{
+    field->setMaxLength(maxLength);
+    new TypedKeys(field, filter);
+    QObject::connect(field, &QLineEdit::textEdited, field, [field, filter](const QString& text) {
+        QString kept = text;
+        kept.erase(
+            std::remove_if(kept.begin(), kept.end(), [filter](QChar c) { return filter(c.unicode()) == 0; }),
+            kept.end());
+        if (kept == text)
+            return;
+        const auto dropped = text.size() - kept.size();
+        const int caret = field->cursorPosition() - static_cast<int>(dropped);
+        field->setText(kept);
+        field->setCursorPosition(std::max(0, caret));
+    });
+}
+
+} // namespace tally

@@ -1,0 +1,14 @@
+#pragma once
+
+namespace tally {
+
+/// What an entry field takes. Each filter gets a character's code and gives it back when the field takes it,
+/// or 0, which drops the key. Backspace (8) and Enter (13) always pass.
+using KeyFilter = int (*)(int keyCode);
+
+int KeyNumeric(int keyCode);        ///< digits
+int KeyNumericDecimal(int keyCode); ///< digits and "."
+int KeyAlpha(int keyCode);          ///< letters, blank, "."
+int KeyAlphaNumeric(int keyCode);   ///< letters, digits, blank, + , - . /
+
+} // namespace tally

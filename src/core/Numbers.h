@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+namespace tally {
+
+/// How the program counts and writes marks. No screen formats a number by itself.
+
+/// Rounds to `digits` decimals (0 to 15), a half to the even neighbour.
+double Round(double value, int digits);
+/// A mark as a whole number, a half to the even neighbour.
+int ToWhole(double value);
+/// "0": no decimals, a half away from zero.
+QString Format0(double value);
+/// "0.00": two decimals, a half away from zero.
+QString Format2(double value);
+/// The number that a text begins with, blanks skipped; 0 when it begins with none.
+double Val(const QString& text);
+/// Up to 15 significant digits, no trailing zeros: 251, 0.5, 33.3333333333333.
+QString PlainNumber(double value);
+
+} // namespace tally

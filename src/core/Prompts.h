@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace tally {
+
+/// The title of the program, on its windows and message boxes.
+inline const QString ApplicationTitle = QStringLiteral("KITE - Tally Board");
+
+/// The only place that shows message boxes. Each call returns when the user has answered.
+namespace Prompts {
+
+enum class Kind
+{
+    Information,
+    Question,
+    Critical,
+};
+
+void Information(const QString& text);
+void Critical(const QString& text);
+/// True on Yes. Esc and the close box mean No.
+bool Ask(const QString& text, const QString& caption = ApplicationTitle);
+
+/// Lets `answer` take the place of the boxes: it gets each box's kind and text, and what it returns stands
+/// for Yes or No. An empty function brings the real boxes back. For tests and the guided tour.
+using Answer = std::function<bool(Kind kind, const QString& text)>;
+void AnswerWith(Answer answer);
+
+} // namespace Prompts
+} // namespace tally

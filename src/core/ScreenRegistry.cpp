@@ -1,0 +1,52 @@
+#include "core/ScreenRegistry.h"
+
+#include "core/Screen.h"
+
+#include <QHash>
+#include <QPointer>
+
+namespace tally::ScreenRegistry {
+
+namespace {
+
+struct Entry
+{
+    Factory factory;
+    QPointer<Screen> instance;
+};
+
+QHash<QString, Entry>& Entries()
+{
+    static QHash<QString, Entry> entries;
+    return entries;
+}
+
+} // namespace
+
+void Register(const QString& formName, Factory factory)
+{
+    Entries()[formName].factory = std::move(factory);
+}
+
+bool Knows(const QString& formName)
+{
+    return Entries().contains(formName);
+}
+
+Screen* Instance(const QString& formName)
+{
+    const auto entry = Entries().find(formName);
+    if (entry == Entries().end())
+        return nullptr;
+    if (!OpenInstance(formName))
+        entry->instance = entry->factory();
+    return entry->instance;
+}
+
+Screen* OpenInstance(const QString& formName)
+{
+    Screen* screen = Entries().value(formName).instance;
+    return screen && !screen->IsUnloaded() ? screen : nullptr;
+}
+
+} // namespace tally::ScreenRegistry

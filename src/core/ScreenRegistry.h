@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace tally {
+
+class Screen;
+
+/// Which screens the program has, by form name. Areas do not know each other's screens: they open them by
+/// name. Each screen has one shared instance while it is open; closing it releases the instance, so that the
+/// next opening starts clean.
+namespace ScreenRegistry {
+
+using Factory = std::function<Screen*()>;
+
+/// Enters a screen. A second entry under the same name takes the place of the first.
+void Register(const QString& formName, Factory factory);
+bool Knows(const QString& formName);
+/// The open instance, or a new one; null for a name that is not registered.
+Screen* Instance(const QString& formName);
+/// The open instance; null when the screen is not open.
+Screen* OpenInstance(const QString& formName);
+
+} // namespace ScreenRegistry
+} // namespace tally

@@ -1,0 +1,64 @@
+#include "core/controls/CheckList.h"
+
+#include <QKeyEvent>
+#include <QSignalBlocker>
+
+namespace tally {
+
+namespace {
+
+constexpr int CodeRole = Qt::UserRole;
+
+} // namespace
+
+CheckList::CheckList(QWidget* parent) : QListWidget(parent)
+{
+    setUniformItemSizes(true);
+    connect(this, &QListWidget::itemChanged, this,
+            [this](QListWidgetItem* item) { Q_EMIT Ticked(row(item), item->checkState() == Qt::Checked); });
+}
+
+void CheckList::AddItem(const QString& text, int itemData)
+{
+    const QSignalBlocker quiet(this);
+    auto* entry = new QListWidgetItem(text, this);
+    entry->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+    entry->setCheckState(Qt::Unchecked);
+    entry->setData(CodeRole, itemData);
+}
+
+int CheckList::ItemData(int index) const
+{
+    return item(index)->data(CodeRole).toInt();
+}
+
+bool CheckList::IsTicked(int index) const
+{
+    return item(index)->checkState() == Qt::Checked;
+}
+
+void CheckList::SetTicked(int index, bool ticked)
+{
+    const QSignalBlocker quiet(this);
+    item(index)->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
+    viewport()->update();
+}
+
+QList<int> CheckList::TickedIndexes() const
+{
+    QList<int> ticked;
+    for (int index = 0; index < count(); ++index)
+        if (IsTicked(index))
+            ticked.append(index);
+    return ticked;
+}
+
+void CheckList::keyPressEvent(QKeyEvent* event)
+{
+    // Coming in by Tab, the first item is the one that the blank key is meant for.
+    if (event->key() == Qt::Key_Space && !currentItem() && count() > 0)
+        setCurrentRow(0);
+    QListWidget::keyPressEvent(event);
+}
+
+} // namespace tally

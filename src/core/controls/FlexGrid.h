@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QTableView>
+
+#include <cstdint>
+#include <vector>
+
+namespace tally {
+
+/// The meaning of a cell that its background shows. Screens say the meaning; FlexGrid chooses the paint.
+enum class CellMark : std::uint8_t
+{
+    None,
+    NotTakenForRank, ///< RGB(255,255,176)
+    FailedOrAbsent,  ///< RGB(255,216,176)
+    Sum,             ///< a row that sums up the ones above it
+};
+
+/// The paint of a mark; an invalid colour for None.
+QColor CellColor(CellMark mark);
+
+/// A grid of texts. Row 0 is the head, which stays in sight; the rows below it are numbered from 1. Width 0
+/// hides a column and height 0 hides a row; hidden cells keep their texts. Built for ten thousand rows: one
+/// plain model, no object per cell.
+class FlexGrid : public QTableView
+{
+    Q_OBJECT
+    Q_PROPERTY(int Rows READ Rows WRITE SetRows)
+    Q_PROPERTY(int Cols READ Cols WRITE SetCols)
+
+public:
+    struct Cell
+    {
+        QString text;
+        CellMark mark = CellMark::None;
+    };
+    using Row = std::vector<Cell>;
+
+    explicit FlexGrid(QWidget* parent = nullptr);
+    ~FlexGrid() override;
+
+    /// The number of rows with the head; at least 1. New rows are empty, rows cut off are forgotten.
+    int Rows() const;
+    void SetRows(int rows);
+    int Cols() const;
+    void SetCols(int cols);
+
+    /// Empty outside the grid.
+    QString TextMatrix(int row, int col) const;
+    void SetTextMatrix(int row, int col, const QString& text);
+    CellMark Mark(int row, int col) const;
+    void SetMark(int row, int col, CellMark mark);
+    /// Puts all rows at once, the head first. Rows shorter than the head are filled up with empty cells.
+    void SetContent(std::vector<Row> rows);
+
+    /// In pixels; 0 hides.
+    void SetColWidth(int col, int width);
+    void SetColHidden(int col, bool hidden) { setColumnHidden(col, hidden); }
+    int ColWidth(int col) const;
+    void SetRowHeight(int row, int height);
+    int RowHeight(int row) const;
+    void SetColAlignment(int col, Qt::Alignment alignment);
+    /// Gives every visible column the width of its longest text, within `most` pixels.
+    void FitColumns(int most = 260);
+
+private:
+    class Model;
+
+    Model* model_;
+};
+
+} // namespace tally

@@ -1,0 +1,126 @@
+#include "core/look/Look.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPalette>
+#include <QPushButton>
+#include <QStyleFactory>
+
+#include <array>
+
+namespace tally {
+
+namespace {
+
+constexpr QRgb Accent = qRgb(0x1f, 0x5f, 0x8b);
+constexpr QRgb AccentOnDark = qRgb(0x5f, 0xa8, 0xd3);
+
+struct Shades
+{
+    QRgb window;
+    QRgb base;
+    QRgb alternate;
+    QRgb button;
+    QRgb text;
+    QRgb faint;
+    QRgb accent;
+    QRgb onAccent;
+};
+
+constexpr Shades Light{qRgb(0xf3, 0xf5, 0xf7),
+                       qRgb(0xff, 0xff, 0xff),
+                       qRgb(0xf4, 0xf8, 0xfb),
+                       qRgb(0xf7, 0xf9, 0xfa),
+                       qRgb(0x1d, 0x27, 0x30),
+                       qRgb(0x8a, 0x95, 0x9e),
+                       Accent,
+                       qRgb(0xff, 0xff, 0xff)};
+constexpr Shades Dark{qRgb(0x26, 0x2b, 0x30), qRgb(0x1d, 0x21, 0x25), qRgb(0x23, 0x28, 0x2d),
+                      qRgb(0x33, 0x3a, 0x41), qRgb(0xe8, 0xec, 0xef), qRgb(0x84, 0x8f, 0x98),
+                      AccentOnDark,           qRgb(0x10, 0x18, 0x1e)};
+
+QPalette PaletteOf(const Shades& shades)
+{
+    QPalette palette(QColor(shades.button), QColor(shades.window));
+    palette.setColor(QPalette::Base, QColor(shades.base));
+    palette.setColor(QPalette::AlternateBase, QColor(shades.alternate));
+    palette.setColor(QPalette::Highlight, QColor(shades.accent));
+    palette.setColor(QPalette::HighlightedText, QColor(shades.onAccent));
+    palette.setColor(QPalette::Link, QColor(shades.accent));
+    palette.setColor(QPalette::ToolTipBase, QColor(shades.base));
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, QColor(shades.text));
+        palette.setColor(QPalette::Disabled, role, QColor(shades.faint));
+    }
+    palette.setColor(QPalette::PlaceholderText, QColor(shades.faint));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(shades.faint));
+    return palette;
+}
+
+/// The focus is always visible, group titles stand out, and the head of a grid is calm.
+QString StyleSheetOf(const Shades& shades)
+{
+    return QStringLiteral(
+               "QGroupBox { font-weight: 600; border: 1px solid palette(mid); border-radius: 6px;"
+               " margin-top: 1.1ex; padding-top: 0.8ex; }"
+               "QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: %1; }"
+               "QPushButton { padding: 4px 10px; min-height: 1.4em; }"
+               "QPushButton:focus { border: 2px solid %1; border-radius: 4px; padding: 3px 9px; }"
+               "QHeaderView::section { background: palette(window); border: none;"
+               " border-bottom: 1px solid palette(mid); border-right: 1px solid palette(midlight);"
+               " padding: 4px 6px; font-weight: 600; }"
+               "QTableView { gridline-color: palette(midlight); }"
+               "QStatusBar::item { border: none; }")
+        .arg(QColor(shades.accent).name());
+}
+
+struct ButtonIcon
+{
+    const char* button;
+    const char* icon;
+};
+
+constexpr std::array ButtonIcons{
+    ButtonIcon{"cmdNew", "new"},          ButtonIcon{"cmdEdit", "edit"},
+    ButtonIcon{"cmdDelete", "delete"},    ButtonIcon{"cmdSave", "save"},
+    ButtonIcon{"cmdCancel", "cancel"},    ButtonIcon{"cmdSearch", "search"},
+    ButtonIcon{"cmdExit", "exit"},        ButtonIcon{"cmdView", "view"},
+    ButtonIcon{"cmdExport", "export"},    ButtonIcon{"cmdPrint", "print"},
+    ButtonIcon{"cmdUpdate", "proceed"},   ButtonIcon{"cmdTotalDetails", "total"},
+    ButtonIcon{"cmdPrintSetup", "print"}, ButtonIcon{"cmdClose", "close"},
+    ButtonIcon{"cmdPrintClose", "close"},
+};
+
+} // namespace
+
+void ApplyLook(QApplication& application)
+{
+    // The platform's own palette, before ours replaces it, tells whether the user likes it dark.
+    const QPalette system = QApplication::palette();
+    ApplyLook(application,
+              system.color(QPalette::Window).lightness() < system.color(QPalette::WindowText).lightness());
+}
+
+void ApplyLook(QApplication& application, bool dark)
+{
+    const Shades& shades = dark ? Dark : Light;
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(PaletteOf(shades));
+    application.setStyleSheet(StyleSheetOf(shades));
+}
+
+QIcon LookIcon(const QString& name)
+{
+    const QString file = QStringLiteral(":/tallyboard/icons/%1.svg").arg(name);
+    return QFile::exists(file) ? QIcon(file) : QIcon();
+}
+
+void DressButtons(QWidget* form)
+{
+    for (const ButtonIcon& entry : ButtonIcons)
+        if (auto* button = form->findChild<QPushButton*>(QString::fromLatin1(entry.button)))
+            button->setIcon(LookIcon(QString::fromLatin1(entry.icon)));
+}
+
+} // namespace tally

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QIcon>
+
+class QApplication;
+class QGridLayout;
+class QPushButton;
+class QWidget;
+
+namespace tally {
+
+/// The one place that decides how the program looks: style, palette in light and dark, spacing, icons.
+
+/// The rhythm of all distances, in pixels.
+inline constexpr int LookUnit = 8;
+
+/// Gives the application its style and the palette that goes with the system's choice of light or dark. Call
+/// it once, before the first window.
+void ApplyLook(QApplication& application);
+/// The same with a given choice.
+void ApplyLook(QApplication& application, bool dark);
+
+/// An icon of the program's own set, by name: "new", "save", "exit". A null icon for an unknown name.
+QIcon LookIcon(const QString& name);
+/// Gives the usual buttons of `form` the icons that belong to their names, `cmdSave` the one for saving.
+void DressButtons(QWidget* form);
+
+} // namespace tally

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QHash>
+#include <QMainWindow>
+
+#include <array>
+#include <memory>
+
+class QAction;
+class QLabel;
+class QMdiArea;
+class QTimer;
+
+namespace Ui {
+class mdiTallyboard;
+}
+
+namespace tally {
+
+/// The one top-level window: menus, status bar, the clock that shows this client as present, and the area in
+/// which every screen opens. It lives from the first login to Close.
+class mdiTallyboard : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// The window; null before the login and when it could not start.
+    static mdiTallyboard* Instance();
+    /// The window, made and loaded on the first call, not yet shown. Null when the store refused: the user has
+    /// been told and the process ends.
+    static mdiTallyboard* Load();
+    ~mdiTallyboard() override;
+
+    QMdiArea* Area() const;
+    /// The menu entry of that name, for a group the entry that opens it; null for none.
+    QAction* MenuItem(const QString& name) const;
+    /// Switches a menu entry. An entry whose screen this program does not have stays off; an unknown name does
+    /// nothing.
+    void EnableMenuItem(const QString& name, bool enabled);
+    /// The picture behind the screens, by resource number. One that can't be read leaves the plain background.
+    void ShowPicture(int resourceId);
+    /// Writes the text of status bar panel 1, 2 or 3 until the next activation.
+    void SetPanel(int number, const QString& text);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    mdiTallyboard();
+    bool Form_Load();
+    void Form_Activate();
+    void tmrTimer_Timer();
+    void mnuClose_Click();
+    void Open(const QString& formName);
+    void SizePanels();
+
+    std::unique_ptr<Ui::mdiTallyboard> ui_;
+    QHash<QString, QAction*> menuItems_;
+    std::array<QLabel*, 3> panels_{};
+    QTimer* tmrTimer_;
+    bool tickFailureShown_ = false;
+};
+
+} // namespace tally

@@ -1,0 +1,136 @@
+#include "core/modTallyboard.h"
+
+#include "core/SessionContext.h"
+#include "core/SessionRepository.h"
+
+#include <QDate>
+#include <QLocale>
+
+namespace tally {
+
+namespace {
+
+SessionRepository Repository()
+{
+    return SessionRepository(*Session().gcnnMain);
+}
+
+/// The refusal text of a guarded action; empty for a code that guards nothing.
+QString RefusalText(QChar code)
+{
+    switch (code.unicode()) {
+    case 'N': return QStringLiteral("You Have No Privilege To Create New Entry");
+    case 'E': return QStringLiteral("You Have No Privilege To Modify This Entry");
+    case 'X': return QStringLiteral("You Have No Privilege To Delete");
+    case 'P': return QStringLiteral("You Have No Privilege To Export This Report");
+    case 'S': return QStringLiteral("You Have No Privilege To Change The Academic Year");
+    case 'B': return QStringLiteral("You Have No Privilege To Take Database Backup");
+    case 'R': return QStringLiteral("You Have No Privilege To Restore Database");
+    case 'M':
+    case 'A': return QStringLiteral("You Have No Privilege To Modify Application Date");
+    case 'C': return QStringLiteral("You Have No Privilege To Change");
+    default: return {};
+    }
+}
+
+} // namespace
+
+void GetActiveAcademicYear()
+{
+    SessionContext& session = Session();
+    const auto year = Repository().ActiveAcademicYear();
+    session.gblnActiveYearExists = year.has_value();
+    if (!year)
+        return;
+    session.gintAcademicYearCode = year->code;
+    session.gintYearFrom = year->yearFrom;
+    session.gintYearTo = year->yearTo;
+    session.gdtmFromDate = year->fromDate;
+    session.gdtmToDate = year->toDate;
+}
+
+void LoadActiveAcademicYear()
+{
+    GetActiveAcademicYear();
+    if (Session().gblnActiveYearExists)
+        Session().gblnApplicationDateExists = true;
+}
+
+void LoadApplicationDate(int yearCode)
+{
+    const auto last = Repository().LastApplicationDate(yearCode);
+    Session().gblnApplicationDateExists = last.has_value();
+    if (last)
+        Session().gdtmApplicationDate = *last;
+}
+
+void LoadSchoolDetails()
+{
+    SessionContext& session = Session();
+    const auto school = Repository().School();
+    session.gblnSchoolExists = school.has_value();
+    if (!school)
+        return;
+    session.gstrSchoolName = school->name;
+    session.gstrSchoolAddress =
+        school->address2 ? school->address1 + QLatin1Char(',') + *school->address2 : school->address1;
+    session.gstrSchoolCity =
+        school->city + QLatin1Char(',') + school->state + QLatin1String(" - ") + school->pinCode;
+}
+
+void LoadReportSchoolDetails()
+{
+    SessionContext& session = Session();
+    const auto school = Repository().ReportSchool();
+    if (!school)
+        return;
+    session.gstrReportSchoolName = school->name;
+    session.gstrReportSchoolAddress =
+        school->address1 + QLatin1Char(',') + school->address2.value_or(QString());
+    session.gstrReportSchoolCity = school->city + QLatin1Char('-') + school->pinCode;
+}
+
+void LoadOptions()
+{
+    SessionContext& session = Session();
+    const auto options = Repository().Options();
+    if (!options) {
+        session.gstrDefaultGender.clear();
+        session.gvarDefaultDOB.clear();
+        return;
+    }
+    session.gvarDefaultDOB =
+        ShownDate(QDate::fromString(options->dateOfBirthSetting.value_or(QString()), Qt::ISODate));
+    if (!options->genderOption.isEmpty())
+        session.gstrDefaultGender = options->genderOption;
+}
+
+int GetNextCode(const QString& column, const QString& table, int year)
+{
+    static const QLatin1String Dangling(" where ");
+    QString clause = table;
+    if (year > 0)
+        clause += QStringLiteral(" AcademicYearCode=%1").arg(year);
+    else if (clause.endsWith(Dangling, Qt::CaseInsensitive))
+        clause.chop(Dangling.size());
+    return Repository().HighestCode(column, clause) + 1;
+}
+
+bool CheckPrivilege(const QString& formName, QChar code)
+{
+    SessionRepository repository = Repository();
+    if (repository.IsNewInstallation() ||
+        repository.HasPrivilege(formName, code, Session().gintPrivilegeUserCode))
+        return true;
+    const QString refusal = RefusalText(code);
+    if (!refusal.isEmpty())
+        Session().gstrPrivilegeMessage = refusal;
+    return false;
+}
+
+QString ShownDate(const QDate& date)
+{
+    return date.isValid() ? QLocale::c().toString(date, QStringLiteral("dd/MMM/yyyy")) : QString();
+}
+
+} // namespace tally

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+namespace tally {
+
+/// The routines that every screen calls, as far as they need no window. They read and fill Session() and
+/// throw StoreError when a statement fails.
+
+/// Fills the year's values from the active academic year; without one only gblnActiveYearExists changes.
+void GetActiveAcademicYear();
+/// The same, and says that the year has a working date when a year was found.
+void LoadActiveAcademicYear();
+/// The last working date within the year `yearCode`. Without one the date in hand stays.
+void LoadApplicationDate(int yearCode);
+/// School name, address and city for screens and rank cards.
+void LoadSchoolDetails();
+/// School texts for the head of text reports, from a table of their own that only a delivery fills.
+void LoadReportSchoolDetails();
+/// Defaults for a new student: date of birth limit and gender.
+void LoadOptions();
+
+/// The highest code of `column` in `table` plus one; 1 in an empty table. With `year` above 0 only that
+/// academic year counts, and `table` then ends in " where ". Call it inside the saving transaction.
+int GetNextCode(const QString& column, const QString& table, int year);
+
+/// Whether the user may do what `code` stands for on form `formName`. Before the first login was created
+/// everything is allowed. On a refusal the text for the user is in gstrPrivilegeMessage; for an unknown code
+/// the text of the refusal before stays.
+bool CheckPrivilege(const QString& formName, QChar code);
+
+/// How dates are shown everywhere: "05/Jun/2024"; empty for no date.
+QString ShownDate(const QDate& date);
+
+} // namespace tally

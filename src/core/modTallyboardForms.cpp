@@ -1,0 +1,206 @@
+#include "core/modTallyboardForms.h"
+
+#include "core/controls/CheckList.h"
+#include "core/controls/DatePicker.h"
+#include "core/controls/FlexGrid.h"
+#include "core/mdiTallyboard.h"
+#include "core/Numbers.h"
+#include "core/Prompts.h"
+#include "core/Screen.h"
+#include "core/ScreenRegistry.h"
+#include "core/SessionContext.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScreen>
+
+#include <algorithm>
+#include <array>
+
+namespace tally {
+
+namespace {
+
+/// The menus that a screen which must be alone switches off.
+constexpr std::array WorkMenus{"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"};
+constexpr std::array FirstRunMenus{"mnuToolsMenu", "mnufrmUtilUserMaster", "mnufrmUtilUserPrivileges"};
+
+template <typename Names>
+void EnableMenus(const Names& names, bool enabled)
+{
+    if (auto* window = mdiTallyboard::Instance())
+        for (const char* name : names)
+            window->EnableMenuItem(QString::fromLatin1(name), enabled);
+}
+
+std::vector<Screen*> OpenScreens()
+{
+    std::vector<Screen*> screens;
+    const auto* window = mdiTallyboard::Instance();
+    if (!window)
+        return screens;
+    for (const QMdiSubWindow* frame : window->Area()->subWindowList()) {
+        auto* screen = qobject_cast<Screen*>(frame->widget());
+        if (screen && !screen->IsUnloaded())
+            screens.push_back(screen);
+    }
+    return screens;
+}
+
+/// A display of 800 by 600; the bounds are in twips, 15 to the pixel.
+bool IsSmallScreen()
+{
+    constexpr int TwipsPerPixel = 15;
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return false;
+    const int width = screen->size().width() * TwipsPerPixel;
+    const int height = screen->size().height() * TwipsPerPixel;
+    return width >= 11000 && width <= 12500 && height >= 8500 && height <= 9500;
+}
+
+} // namespace
+
+int MainPicture()
+{
+    return IsSmallScreen() ? 1003 : 1001;
+}
+
+int PlainPicture()
+{
+    return IsSmallScreen() ? 1004 : 1002;
+}
+
+void ShowForm(const QString& formName)
+{
+    auto* window = mdiTallyboard::Instance();
+    Screen* screen = window ? ScreenRegistry::Instance(formName) : nullptr;
+    if (!screen)
+        return;
+    window->ShowPicture(PlainPicture());
+    QMdiSubWindow* frame = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
+    if (!frame) {
+        frame = window->Area()->addSubWindow(screen, Qt::SubWindow | Qt::CustomizeWindowHint |
+                                                         Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                                         Qt::WindowCloseButtonHint);
+        frame->setAttribute(Qt::WA_DeleteOnClose);
+        frame->adjustSize();
+        frame->resize(frame->size().boundedTo(window->Area()->viewport()->size()));
+        CenterForm(frame);
+    }
+    frame->hide();
+    screen->show();
+    frame->show();
+    window->Area()->setActiveSubWindow(frame);
+}
+
+void ShowBackground()
+{
+    if (auto* window = mdiTallyboard::Instance())
+        window->ShowPicture(AnyChildFormOpen() ? PlainPicture() : MainPicture());
+}
+
+bool ConfirmExit(const QString& caption)
+{
+    return !Session().gblnPromptOnExit ||
+           Prompts::Ask(QStringLiteral("Do You Want To Exit ") + caption + QStringLiteral(" ?"), caption);
+}
+
+void CenterForm(QWidget* form, QWidget* parent)
+{
+    QWidget* around = parent;
+    if (!around && mdiTallyboard::Instance())
+        around = mdiTallyboard::Instance()->Area()->viewport();
+    if (around)
+        form->move(std::max(0, (around->width() - form->width()) / 2),
+                   std::max(0, (around->height() - form->height()) / 2));
+}
+
+bool AnyChildFormOpen()
+{
+    return !OpenScreens().empty();
+}
+
+bool OtherFormsOpen(const QWidget* form)
+{
+    const auto screens = OpenScreens();
+    return std::any_of(screens.begin(), screens.end(), [form](const Screen* screen) {
+        return screen != form && screen->objectName() != QLatin1String("AboutUs");
+    });
+}
+
+void DisableMainMenus()
+{
+    EnableMenus(WorkMenus, false);
+}
+
+void EnableMainMenus()
+{
+    if (!Session().gblnMenusLocked)
+        EnableMenus(WorkMenus, true);
+}
+
+void EnableFirstRunMenus()
+{
+    EnableMenus(FirstRunMenus, true);
+}
+
+void ClearControls(QWidget* form)
+{
+    const auto controls = form->findChildren<QWidget*>();
+    for (QWidget* control : controls) {
+        if (auto* text = qobject_cast<QLineEdit*>(control)) {
+            // The line edits inside spin boxes, date pickers and combos belong to those.
+            if (!qobject_cast<QAbstractSpinBox*>(text->parent()) && !qobject_cast<QComboBox*>(text->parent()))
+                text->clear();
+        } else if (auto* combo = qobject_cast<QComboBox*>(control)) {
+            if (combo->isVisibleTo(form))
+                combo->setCurrentIndex(combo->findText(QStringLiteral(" ")));
+        } else if (auto* grid = qobject_cast<FlexGrid*>(control)) {
+            grid->SetRows(1);
+            grid->SetRows(2);
+        } else if (auto* date = qobject_cast<DatePicker*>(control)) {
+            date->setDate(QDate::currentDate());
+        } else if (auto* box = qobject_cast<QCheckBox*>(control)) {
+            box->setChecked(false);
+        } else if (auto* list = qobject_cast<QListWidget*>(control)) {
+            list->clear();
+        }
+    }
+}
+
+void ClearMSGrid(FlexGrid* grid)
+{
+    grid->SetRows(1);
+    grid->SetRows(2);
+    if (grid->objectName() != QLatin1String("msgSummary"))
+        grid->SetCols(1);
+}
+
+void SelectAllText(QLineEdit* control)
+{
+    control->setSelection(0, static_cast<int>(control->text().size()));
+}
+
+bool CheckMarkLimit(QLineEdit* control, int decimals, double limit, const QString& label)
+{
+    QString text = control->text();
+    const auto point = text.indexOf(QLatin1Char('.'));
+    if (point >= 0 && text.size() - point - 1 > decimals) {
+        text.chop(1);
+        control->setText(text);
+        control->setCursorPosition(static_cast<int>(text.size()));
+    }
+    if (Val(text) <= limit)
+        return false;
+    Prompts::Information(label + QStringLiteral(" Should Not Exceed ") + PlainNumber(limit));
+    SelectAllText(control);
+    control->setFocus();
+    return true;
+}
+
+} // namespace tally

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+
+class QLineEdit;
+class QWidget;
+
+namespace tally {
+
+class FlexGrid;
+
+/// The shared routines that touch windows: opening and closing of screens, and what forms do with their
+/// controls.
+
+/// Opens a screen inside the main window, or brings the open one to the front, with the plain picture behind
+/// it. A name without a screen does nothing.
+void ShowForm(const QString& formName);
+/// After a screen closed: the main picture when no other one is open, else the plain picture.
+void ShowBackground();
+/// Asks "Do You Want To Exit {caption} ?" where the office wants to be asked; else true at once.
+bool ConfirmExit(const QString& caption);
+/// Puts a form into the middle of `parent`'s inner area; of the main window's when `parent` is null.
+void CenterForm(QWidget* form, QWidget* parent = nullptr);
+
+/// True if any screen is open; the splash and the main window do not count.
+bool AnyChildFormOpen();
+/// True if any screen other than `form` and AboutUs is open.
+bool OtherFormsOpen(const QWidget* form);
+
+/// The four work menus off while a screen must be alone on this client, and on again unless one still is.
+void DisableMainMenus();
+void EnableMainMenus();
+/// What a new installation may reach before its first login exists.
+void EnableFirstRunMenus();
+
+/// Empties every control of `form`: texts, combos that are visible, grids down to one empty row, check boxes,
+/// lists; date pickers go to the machine's date, not the working date.
+void ClearControls(QWidget* form);
+/// One empty row under the head; one column too, unless the grid is "msgSummary".
+void ClearMSGrid(FlexGrid* grid);
+void SelectAllText(QLineEdit* control);
+/// Cuts the last character when there are more than `decimals` behind the point; tells the user and gives
+/// true when the number is above `limit`.
+bool CheckMarkLimit(QLineEdit* control, int decimals, double limit, const QString& label);
+
+/// The pictures behind the screens. On a small screen the small ones are used.
+int MainPicture();
+int PlainPicture();
+
+} // namespace tally

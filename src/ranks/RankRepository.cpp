@@ -1,0 +1,423 @@
+#include "ranks/RankRepository.h"
+
+#include "store/Identifier.h"
+#include "store/StoreError.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <map>
+
+namespace tally {
+
+namespace {
+
+/// Columns of TempRankCalculation before and behind the subjects.
+constexpr int FirstSubjectField = 5;
+constexpr int FieldsBehindSubjects = 6;
+
+/// "?,?,?" for `count` values in brackets.
+QString Placeholders(std::size_t count)
+{
+    if (count == 0)
+        return QStringLiteral("Null");
+    QString text(static_cast<qsizetype>(2 * count - 1), QLatin1Char(','));
+    for (qsizetype position = 0; position < text.size(); position += 2)
+        text[position] = QLatin1Char('?');
+    return text;
+}
+
+/// `sql` holds one %1 where the list of divisions goes, behind all other placeholders.
+template <typename... Values>
+store::Statement QueryDivisions(store::Connection& connection, const QString& sql,
+                                const std::vector<int>& divisionCodes, const Values&... values)
+{
+    store::Statement statement = connection.Prepare(sql.arg(Placeholders(divisionCodes.size())));
+    int position = 0;
+    (statement.BindAt(++position, static_cast<qint64>(values)), ...);
+    for (const int divisionCode : divisionCodes)
+        statement.BindAt(++position, static_cast<qint64>(divisionCode));
+    return statement;
+}
+
+bool IsYes(const QString& takenForRank)
+{
+    return takenForRank.compare(QLatin1String("Yes"), Qt::CaseInsensitive) == 0;
+}
+
+/// The columns of the subjects. Subjects may share a short name, so a name that is taken gets a further underscore.
+QStringList SubjectColumns(const std::vector<RankSubject>& subjects)
+{
+    QStringList columns;
+    QSet<QString> taken;
+    for (const RankSubject& subject : subjects) {
+        QString column = subject.shortName + QLatin1Char('_');
+        while (taken.contains(column.toCaseFolded()))
+            column += QLatin1Char('_');
+        taken.insert(column.toCaseFolded());
+        columns.append(column);
+    }
+    return columns;
+}
+
+QString CreateTempRankCalculation(const QStringList& subjectColumns)
+{
+    QString sql = QStringLiteral("Create Table TempRankCalculation(StudentName Text(100) COLLATE NOCASE,"
+                                 "AdmissionNo Text(15) COLLATE NOCASE,Class Text(4) COLLATE NOCASE,"
+                                 "Division Text(3) COLLATE NOCASE,DivisionCode Integer,");
+    for (const QString& column : subjectColumns)
+        sql += store::QuotedIdentifier(column) + QLatin1String(" Text(10),");
+    return sql + QLatin1String("Total Double,Average Double,Rank Integer,Grade Text(2) COLLATE NOCASE,"
+                               "RankTotal Double,StudentCode Integer)");
+}
+
+void AppendRows(store::Statement& statement, TempRankTable& table)
+{
+    table.subjectCount = static_cast<std::size_t>(statement.ColumnCount() - FirstSubjectField - FieldsBehindSubjects);
+    const int behind = FirstSubjectField + static_cast<int>(table.subjectCount);
+    while (statement.Next()) {
+        TempRankRow& row = table.rows.emplace_back();
+        row.studentName = statement.Text(0);
+        row.admissionNo = statement.Text(1);
+        row.className = table.texts.Add(statement.Utf8(2));
+        row.division = table.texts.Add(statement.Utf8(3));
+        row.divisionCode = statement.Int(4);
+        for (int field = FirstSubjectField; field < behind; ++field)
+            table.marks.push_back(table.texts.Add(statement.Utf8(field)));
+        row.total = statement.Double(behind);
+        row.average = statement.Double(behind + 1);
+        row.rank = statement.IsNull(behind + 2) ? NoRank : statement.Long(behind + 2);
+        row.grade = table.texts.Add(statement.Utf8(behind + 3));
+        row.rankTotal = statement.Double(behind + 4);
+        row.studentCode = statement.Int(behind + 5);
+    }
+}
+
+} // namespace
+
+std::uint32_t TextPool::Add(std::string_view utf8)
+{
+    const auto found = numbers_.find(utf8);
+    if (found != numbers_.end())
+        return found->second;
+    const auto number = static_cast<std::uint32_t>(texts_.size());
+    texts_.push_back(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())));
+    numbers_.emplace(utf8, number);
+    return number;
+}
+
+TempRankTable TempRankTable::Picked(const std::vector<std::size_t>& numbers) const
+{
+    TempRankTable picked{subjectCount, {}, {}, texts};
+    picked.rows.reserve(numbers.size());
+    picked.marks.reserve(numbers.size() * subjectCount);
+    for (const std::size_t number : numbers) {
+        picked.rows.push_back(rows[number]);
+        const auto first = marks.begin() + static_cast<std::ptrdiff_t>(number * subjectCount);
+        picked.marks.insert(picked.marks.end(), first, first + static_cast<std::ptrdiff_t>(subjectCount));
+    }
+    return picked;
+}
+
+std::vector<RankExam> RankRepository::LoadExam()
+{
+    std::vector<RankExam> exams;
+    store::Statement rows = main_.Query(QStringLiteral("Select ExamCode,ExamName from ExamMaster order by ExamOrder"));
+    while (rows.Next())
+        exams.push_back({rows.Int(0), rows.Text(1)});
+    return exams;
+}
+
+std::vector<RankClass> RankRepository::LoadClass()
+{
+    std::vector<RankClass> classes;
+    // The row with code 0 stands for "not chosen" and is no class of the school.
+    store::Statement rows = main_.Query(
+        QStringLiteral("Select ClassCode,ClassName from ClassDivisionMaster where ClassCode > 0 order by ClassOrder"));
+    while (rows.Next())
+        classes.push_back({rows.Int(0), rows.Text(1)});
+    return classes;
+}
+
+std::vector<DivisionFacts> RankRepository::LoadDivisions(const RankScope& scope)
+{
+    std::vector<DivisionFacts> divisions;
+    store::Statement names = main_.Query(
+        QStringLiteral("Select DivisionCode,DivisionName from ClassDivisionDetails where ClassCode=? order by DivisionCode"),
+        scope.classCode);
+    while (names.Next())
+        divisions.push_back({{names.Int(0), names.Text(1)}});
+
+    const auto count = [&](int DivisionFacts::*fact, store::Statement rows) {
+        while (rows.Next()) {
+            for (DivisionFacts& facts : divisions) {
+                if (facts.division.divisionCode == rows.Int(0))
+                    facts.*fact = rows.Int(1);
+            }
+        }
+    };
+    count(&DivisionFacts::students,
+          main_.Query(QStringLiteral("Select DivisionCode,Count(*) from StudentClassDivision where AcademicYearCode=? "
+                                     "and ClassCode=? group by DivisionCode"),
+                      scope.academicYearCode, scope.classCode));
+    count(&DivisionFacts::gradeBands,
+          main_.Query(QStringLiteral("Select DivisionCode,Count(*) from RankMaster where AcademicYearCode=? and "
+                                     "ClassCode=? and ExamCode=? group by DivisionCode"),
+                      scope.academicYearCode, scope.classCode, scope.examCode));
+
+    std::map<std::pair<int, int>, int> marks;
+    store::Statement counts =
+        main_.Query(QStringLiteral("Select DivisionCode,SubjectCode,Count(*) from MarkMaster where AcademicYearCode=? "
+                                   "and ExamCode=? and ClassCode=? group by DivisionCode,SubjectCode"),
+                    scope.academicYearCode, scope.examCode, scope.classCode);
+    while (counts.Next())
+        marks[{counts.Int(0), counts.Int(1)}] = counts.Int(2);
+
+    for (const SubjectSetup& subject : LoadSubjectSetup(scope)) {
+        const auto entered = marks.find({subject.divisionCode, subject.subjectCode});
+        for (DivisionFacts& facts : divisions) {
+            if (facts.division.divisionCode != subject.divisionCode)
+                continue;
+            const bool complete = entered != marks.end() && entered->second == facts.students;
+            ++facts.subjects;
+            facts.completeSubjects += complete ? 1 : 0;
+            facts.subjectsTakenForRank += subject.takenForRank ? 1 : 0;
+            facts.completeSubjectsTakenForRank += complete && subject.takenForRank ? 1 : 0;
+        }
+    }
+    return divisions;
+}
+
+std::vector<SubjectSetup> RankRepository::LoadSubjectSetup(const RankScope& scope)
+{
+    std::vector<SubjectSetup> subjects;
+    store::Statement rows = main_.Query(
+        QStringLiteral("Select a.DivisionCode,a.SubjectCode,b.SubjectShortName,a.TakenForRank,a.MaximumMark,"
+                       "a.MaximumAllowed from ClassSubjectTeacher a inner join SubjectMaster b on "
+                       "b.SubjectCode=a.SubjectCode where a.AcademicYearCode=? and a.ClassCode=? "
+                       "order by a.SlNo,a.DivisionCode,a.SubjectCode"),
+        scope.academicYearCode, scope.classCode);
+    while (rows.Next()) {
+        subjects.push_back(
+            {rows.Int(0), rows.Int(1), rows.Text(2), IsYes(rows.Text(3)), rows.Double(4), rows.Double(5)});
+    }
+    return subjects;
+}
+
+std::vector<GradeBand> RankRepository::LoadGradeBands(const RankScope& scope)
+{
+    std::vector<GradeBand> bands;
+    store::Statement rows =
+        main_.Query(QStringLiteral("Select DivisionCode,TotalAverage,SubjectAverage,Grade from RankMaster where "
+                                   "AcademicYearCode=? and ClassCode=? and ExamCode=? order by DivisionCode,Status"),
+                    scope.academicYearCode, scope.classCode, scope.examCode);
+    while (rows.Next())
+        bands.push_back({rows.Int(0), rows.Double(1), rows.Double(2), rows.Text(3)});
+    return bands;
+}
+
+RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vector<int>& divisionCodes)
+{
+    RankInput input;
+    store::Statement names = main_.Query(
+        QStringLiteral("Select c.ClassName,d.DivisionCode,d.DivisionName from ClassDivisionMaster c inner join "
+                       "ClassDivisionDetails d on d.ClassCode=c.ClassCode where c.ClassCode=?"),
+        scope.classCode);
+    std::map<int, QString> divisionNames;
+    while (names.Next()) {
+        input.className = names.Text(0);
+        divisionNames[names.Int(1)] = names.Text(2);
+    }
+    for (const int divisionCode : divisionCodes)
+        input.divisions.push_back({divisionCode, divisionNames[divisionCode]});
+
+    store::Statement students = QueryDivisions(
+        main_,
+        QStringLiteral("Select a.StudentCode,a.DivisionCode,b.StudentName,b.OptionalAdmissionNo from "
+                       "StudentClassDivision a inner join StudentMaster b on b.StudentCode=a.StudentCode where "
+                       "a.AcademicYearCode=? and a.ClassCode=? and a.DivisionCode in (%1) "
+                       "order by a.DivisionCode,a.StudentCode"),
+        divisionCodes, scope.academicYearCode, scope.classCode);
+    while (students.Next())
+        input.students.push_back({students.Int(0), students.Int(1), students.Text(2), students.Text(3)});
+
+    input.subjects = LoadSubjectSetup(scope);
+    std::erase_if(input.subjects, [&](const SubjectSetup& subject) {
+        return std::find(divisionCodes.begin(), divisionCodes.end(), subject.divisionCode) == divisionCodes.end();
+    });
+
+    store::Statement marks = QueryDivisions(
+        main_,
+        QStringLiteral("Select StudentCode,DivisionCode,SubjectCode,LeaveOrPresent,Mark from MarkMaster where "
+                       "AcademicYearCode=? and ExamCode=? and ClassCode=? and DivisionCode in (%1)"),
+        divisionCodes, scope.academicYearCode, scope.examCode, scope.classCode);
+    while (marks.Next()) {
+        input.marks.push_back(
+            {marks.Int(0), marks.Int(1), marks.Int(2), marks.FirstLetter(3) == 'P', marks.Double(4)});
+    }
+    input.gradeTable = LoadGradeTable(LoadGradeBands(scope), divisionCodes);
+    return input;
+}
+
+void RankRepository::FillTempRankCalculation(store::Transaction& temp, const RankList& list)
+{
+    const QStringList columns = SubjectColumns(list.subjects);
+    const QString create = CreateTempRankCalculation(columns);
+    try {
+        temp.Execute(create);
+    } catch (const store::StoreError& error) {
+        if (error.Kind() != store::ErrorKind::TableExists)
+            throw;
+        DropTempRankCalculation(temp);
+        temp.Execute(create);
+    }
+
+    const std::size_t subjectCount = list.subjects.size();
+    const int behind = FirstSubjectField + static_cast<int>(subjectCount);
+    store::Statement insert =
+        temp.Prepare(QStringLiteral("Insert into TempRankCalculation values(%1)")
+                         .arg(Placeholders(static_cast<std::size_t>(behind + FieldsBehindSubjects))));
+    const QByteArray className = list.className.toUtf8();
+    std::vector<QByteArray> divisionNames;
+    for (const RankDivision& division : list.divisions)
+        divisionNames.push_back(division.divisionName.toUtf8());
+    std::vector<CellBuffer> texts(subjectCount);
+
+    insert.BindStaticAt(3, {className.constData(), static_cast<std::size_t>(className.size())});
+    for (std::size_t number = 0; number < list.rows.size(); ++number) {
+        const RankRow& row = list.rows[number];
+        const QByteArray& divisionName = divisionNames[row.division];
+        insert.BindAt(1, row.studentName.trimmed());
+        insert.BindAt(2, row.admissionNo);
+        insert.BindStaticAt(4, {divisionName.constData(), static_cast<std::size_t>(divisionName.size())});
+        insert.BindAt(5, static_cast<qint64>(list.divisions[row.division].divisionCode));
+        for (std::size_t subject = 0; subject < subjectCount; ++subject) {
+            insert.BindStaticAt(FirstSubjectField + 1 + static_cast<int>(subject),
+                                CellText(list.Cell(number, subject), list.markDecimals, true, texts[subject]));
+        }
+        insert.BindAt(behind + 1, row.total);
+        insert.BindAt(behind + 2, row.average);
+        insert.BindAt(behind + 3, row.rank == 0 ? NoRank : static_cast<qint64>(row.rank));
+        // An absent student is neither graded nor left ungraded: the blank keeps such students out of both groups.
+        insert.BindAt(behind + 4, list.MarkedAbsent(number) ? QStringLiteral(" ") : row.grade);
+        insert.BindAt(behind + 5, row.rankTotal);
+        insert.BindAt(behind + 6, static_cast<qint64>(row.studentCode));
+        insert.RunBound();
+    }
+}
+
+void RankRepository::DropTempRankCalculation(store::Transaction& temp)
+{
+    temp.Execute(QStringLiteral("Drop Table TempRankCalculation"));
+}
+
+TempRankTable RankRepository::LoadTempRankCalculation(RankOrder order, const std::vector<int>& divisionCodes)
+{
+    // Behind the order that the user picked, the student's code keeps equal rows in the same places every time.
+    const QString sql = QStringLiteral("Select * from TempRankCalculation");
+    TempRankTable table;
+    const auto load = [&](store::Statement rows) { AppendRows(rows, table); };
+    switch (order) {
+    case RankOrder::Rank:
+        load(temp_.Query(sql + QLatin1String(" order by Rank,Total,StudentCode")));
+        break;
+    case RankOrder::Grade:
+        load(QueryDivisions(temp_,
+                            sql + QLatin1String(" where Grade is not Null and DivisionCode in (%1) "
+                                                "order by Rank,Total,StudentCode"),
+                            divisionCodes));
+        break;
+    case RankOrder::AdmissionNo:
+        load(temp_.Query(sql + QLatin1String(" order by AdmissionNo,StudentCode")));
+        break;
+    case RankOrder::Alphabetical:
+        load(temp_.Query(sql + QLatin1String(" order by StudentName,StudentCode")));
+        break;
+    }
+    return table;
+}
+
+void RankRepository::AppendRowsWithoutGrade(TempRankTable& table)
+{
+    store::Statement rows = temp_.Query(QStringLiteral("Select * from TempRankCalculation where Grade is Null"));
+    AppendRows(rows, table);
+}
+
+std::vector<QString> RankRepository::LoadGradesInOrder(const RankScope& scope, const std::vector<int>& divisionCodes)
+{
+    std::vector<QString> grades;
+    store::Statement rows = QueryDivisions(
+        main_,
+        QStringLiteral("Select distinct Grade,Status from RankMaster where AcademicYearCode=? and ExamCode=? and "
+                       "ClassCode=? and DivisionCode in (%1) order by Status,Grade"),
+        divisionCodes, scope.academicYearCode, scope.examCode, scope.classCode);
+    while (rows.Next())
+        grades.push_back(rows.Text(0));
+    return grades;
+}
+
+std::vector<QString> RankRepository::LoadDistinctGrades(const RankScope& scope,
+                                                        const std::vector<int>& divisionCodes)
+{
+    std::vector<QString> grades;
+    store::Statement rows = QueryDivisions(
+        main_,
+        QStringLiteral("Select distinct Grade from RankMaster where AcademicYearCode=? and ClassCode=? and ExamCode=? "
+                       "and DivisionCode in (%1) order by Grade"),
+        divisionCodes, scope.academicYearCode, scope.classCode, scope.examCode);
+    while (rows.Next())
+        grades.push_back(rows.Text(0));
+    return grades;
+}
+
+std::vector<std::optional<double>> RankRepository::LoadFullMarks(const RankScope& scope,
+                                                                 const std::vector<int>& divisionCodes)
+{
+    std::map<int, double> sums;
+    store::Statement rows = QueryDivisions(
+        main_,
+        QStringLiteral("Select DivisionCode,Sum(MaximumAllowed) from ClassSubjectTeacher where AcademicYearCode=? and "
+                       "ClassCode=? and TakenForRank='Yes' and DivisionCode in (%1) group by DivisionCode"),
+        divisionCodes, scope.academicYearCode, scope.classCode);
+    while (rows.Next())
+        sums[rows.Int(0)] = rows.Double(1);
+
+    std::vector<std::optional<double>> fullMarks;
+    for (const int divisionCode : divisionCodes) {
+        const auto sum = sums.find(divisionCode);
+        fullMarks.push_back(sum == sums.end() ? std::nullopt : std::optional<double>(sum->second));
+    }
+    return fullMarks;
+}
+
+void RankRepository::ReplaceRankTotals(store::Transaction& main, const RankScope& scope,
+                                       const std::vector<int>& divisionCodes)
+{
+    store::Statement old =
+        QueryDivisions(main.On(),
+                       QStringLiteral("Delete from TempRankTotal where ClassCode=? and AcademicYearCode=? and ExamCode=? "
+                                      "and DivisionCode in (%1)"),
+                       divisionCodes, scope.classCode, scope.academicYearCode, scope.examCode);
+    old.RunBound();
+
+    store::Statement rows = temp_.Query(
+        QStringLiteral("Select StudentCode,RankTotal,Average,Rank,Grade,DivisionCode from TempRankCalculation"));
+    store::Statement insert = main.Prepare(QStringLiteral("Insert into TempRankTotal values(?,?,?,?,?,?,?,?,?)"));
+    while (rows.Next()) {
+        insert.BindAt(1, rows.Long(0));
+        insert.BindAt(2, static_cast<qint64>(scope.academicYearCode));
+        insert.BindAt(3, static_cast<qint64>(scope.examCode));
+        insert.BindAt(4, static_cast<qint64>(scope.classCode));
+        insert.BindAt(5, rows.Long(5));
+        insert.BindAt(6, rows.Double(1));
+        insert.BindAt(7, rows.Double(2));
+        if (rows.IsNull(3))
+            insert.BindNullAt(8);
+        else
+            insert.BindAt(8, rows.Long(3));
+        insert.BindAt(9, rows.Text(4));
+        insert.RunBound();
+    }
+}
+
+} // namespace tally

@@ -1,0 +1,197 @@
+#include "ranks/RankSelection.h"
+
+#include <algorithm>
+
+namespace tally {
+
+namespace {
+
+/// The ticked divisions while a check takes ticks away.
+class Ticks
+{
+public:
+    explicit Ticks(std::vector<int> ticked) : ticked_(std::move(ticked)) {}
+
+    /// Divisions that are still ticked, without the base.
+    std::vector<int> Others(int base) const
+    {
+        std::vector<int> others = ticked_;
+        std::erase(others, base);
+        return others;
+    }
+
+    void Untick(int division)
+    {
+        if (std::erase(ticked_, division) > 0)
+            result_.untick.push_back(division);
+    }
+
+    void UntickMismatch(int division)
+    {
+        Untick(division);
+        result_.mismatch = true;
+    }
+
+    void UntickAll()
+    {
+        result_.untick.insert(result_.untick.end(), ticked_.begin(), ticked_.end());
+        ticked_.clear();
+    }
+
+    const MatchResult& Result() const { return result_; }
+
+private:
+    std::vector<int> ticked_;
+    MatchResult result_;
+};
+
+void ChooseBase(MatchBase& base, const std::vector<int>& ticked)
+{
+    if (base.set)
+        return;
+    base = {true, ticked.front()};
+}
+
+auto CountSubjects(const std::vector<SubjectSetup>& setup, int division, bool takenForRank)
+{
+    return std::count_if(setup.begin(), setup.end(), [&](const SubjectSetup& subject) {
+        return subject.divisionCode == division && subject.takenForRank == takenForRank;
+    });
+}
+
+void CompareCounts(const std::vector<SubjectSetup>& setup, int base, bool takenForRank, Ticks& ticks)
+{
+    const auto expected = CountSubjects(setup, base, takenForRank);
+    for (const int division : ticks.Others(base)) {
+        if (CountSubjects(setup, division, takenForRank) != expected)
+            ticks.UntickMismatch(division);
+    }
+}
+
+/// `text` against a pattern in which % stands for any letters and _ for one, small and capital letters alike.
+bool Like(QStringView text, QStringView pattern)
+{
+    if (pattern.isEmpty())
+        return text.isEmpty();
+    if (pattern.front() == QLatin1Char('%'))
+        return Like(text, pattern.mid(1)) || (!text.isEmpty() && Like(text.mid(1), pattern));
+    if (text.isEmpty())
+        return false;
+    const bool same = pattern.front() == QLatin1Char('_') || pattern.front().toCaseFolded() == text.front().toCaseFolded();
+    return same && Like(text.mid(1), pattern.mid(1));
+}
+
+} // namespace
+
+bool CheckStudentsExist(const DivisionFacts& facts)
+{
+    return facts.students > 0;
+}
+
+bool CheckSubjectsExist(const DivisionFacts& facts)
+{
+    return facts.subjects > 0;
+}
+
+bool CheckGradesExist(const DivisionFacts& facts)
+{
+    return facts.gradeBands > 0;
+}
+
+bool CheckMarksComplete(const DivisionFacts& facts, SubjectDisplay display)
+{
+    return display == SubjectDisplay::All ? facts.completeSubjects == facts.subjects
+                                          : facts.completeSubjectsTakenForRank == facts.subjectsTakenForRank;
+}
+
+QString DivisionMark(const DivisionFacts& facts, SubjectDisplay display)
+{
+    if (!CheckStudentsExist(facts))
+        return QStringLiteral(". ");
+    if (!CheckSubjectsExist(facts))
+        return QStringLiteral("* ");
+    if (!CheckGradesExist(facts))
+        return QStringLiteral("# ");
+    if (!CheckMarksComplete(facts, display))
+        return QStringLiteral("$ ");
+    return QStringLiteral("  ");
+}
+
+QString DivisionRefusal(const QString& item)
+{
+    switch (item.isEmpty() ? u' ' : item.front().unicode()) {
+    case u'.':
+        return QStringLiteral("Student Admission Entry Is Not Made In This Division");
+    case u'$':
+        return QStringLiteral("'Classwise Mark Entry' Is Not Fully Completed For Student(s) In This Division");
+    case u'*':
+        return QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For This Division");
+    case u'#':
+        return QStringLiteral("'Classwise Rank-Grade Setup' Is Not Made For This Division");
+    default:
+        return {};
+    }
+}
+
+MatchResult CheckSubjectMatch(const std::vector<SubjectSetup>& setup, const std::vector<int>& ticked,
+                              SubjectDisplay display, MatchBase& base)
+{
+    if (ticked.empty())
+        return {};
+    ChooseBase(base, ticked);
+    Ticks ticks(ticked);
+    const bool all = display == SubjectDisplay::All;
+    CompareCounts(setup, base.divisionCode, true, ticks);
+    if (all)
+        CompareCounts(setup, base.divisionCode, false, ticks);
+
+    std::vector<SubjectSetup> expected;
+    std::copy_if(setup.begin(), setup.end(), std::back_inserter(expected), [&](const SubjectSetup& subject) {
+        return subject.divisionCode == base.divisionCode && (all || subject.takenForRank);
+    });
+    if (expected.empty()) {
+        ticks.UntickAll();
+        return ticks.Result();
+    }
+    for (const int division : ticks.Others(base.divisionCode)) {
+        const bool agrees = std::all_of(expected.begin(), expected.end(), [&](const SubjectSetup& wanted) {
+            return std::any_of(setup.begin(), setup.end(), [&](const SubjectSetup& subject) {
+                return subject.divisionCode == division && (all || subject.takenForRank) &&
+                       subject.subjectCode == wanted.subjectCode && subject.maximumMark == wanted.maximumMark &&
+                       subject.maximumAllowed == wanted.maximumAllowed;
+            });
+        });
+        if (!agrees) {
+            // One division at a time: the user is told of the first that differs.
+            ticks.UntickMismatch(division);
+            break;
+        }
+    }
+    return ticks.Result();
+}
+
+MatchResult CheckGradeMatch(const std::vector<GradeBand>& bands, const std::vector<int>& ticked, MatchBase& base)
+{
+    if (ticked.empty())
+        return {};
+    ChooseBase(base, ticked);
+    Ticks ticks(ticked);
+    const auto ofBase = [&](const GradeBand& band) { return band.divisionCode == base.divisionCode; };
+    if (std::none_of(bands.begin(), bands.end(), ofBase)) {
+        ticks.Untick(base.divisionCode);
+        return ticks.Result();
+    }
+    for (const int division : ticks.Others(base.divisionCode)) {
+        const bool agrees = std::all_of(bands.begin(), bands.end(), [&](const GradeBand& wanted) {
+            return !ofBase(wanted) || std::any_of(bands.begin(), bands.end(), [&](const GradeBand& band) {
+                return band.divisionCode == division && band.totalAverage == wanted.totalAverage &&
+                       band.subjectAverage == wanted.subjectAverage && Like(band.grade, wanted.grade);
+            });
+        });
+        if (!agrees)
+            ticks.UntickMismatch(division);
+    }
+    return ticks.Result();
+}
+
+} // namespace tally

@@ -1,0 +1,515 @@
+#include "ranks/frmRankCalculation.h"
+
+#include "core/controls/CheckList.h"
+#include "core/controls/FlexGrid.h"
+#include "core/controls/HourGlass.h"
+#include "core/FormKeys.h"
+#include "core/look/Look.h"
+#include "core/modTallyboardForms.h"
+#include "core/Prompts.h"
+#include "core/SessionContext.h"
+#include "ranks/RankViews.h"
+#include "reports/ExportGridToExcel.h"
+#include "store/StoreError.h"
+#include "ui_frmRankCalculation.h"
+
+#include <QFrame>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tally {
+
+namespace {
+
+constexpr int HelpScreenNo = 21;
+const QString BlankItem = QStringLiteral(" ");
+
+CellMark MarkOf(CellFlag flag)
+{
+    switch (flag) {
+    case CellFlag::NotTaken: return CellMark::NotTakenForRank;
+    case CellFlag::FailedOrAbsent: return CellMark::FailedOrAbsent;
+    case CellFlag::None: break;
+    }
+    return CellMark::None;
+}
+
+int ChosenCode(const QComboBox* combo)
+{
+    return combo->currentData().toInt();
+}
+
+} // namespace
+
+frmRankCalculation::frmRankCalculation()
+    : Screen(QStringLiteral("frmRankCalculation"), HelpScreenNo),
+      ui_(std::make_unique<Ui::frmRankCalculation>())
+{
+    ui_->setupUi(this);
+    DressButtons(this);
+    BuildSummaryPanel();
+    ShowDivisionKey();
+    ConnectHandlers();
+    SetExitButton(ui_->cmdExit);
+    Form_Load();
+}
+
+frmRankCalculation::~frmRankCalculation() = default;
+
+void frmRankCalculation::Form_Load()
+{
+    ResetGrid();
+    LoadExam();
+    LoadClass();
+    ui_->Cboexamname->setFocus();
+}
+
+void frmRankCalculation::ConnectHandlers()
+{
+    connect(ui_->Cboexamname, &QComboBox::activated, this, &frmRankCalculation::Cboexamname_Click);
+    connect(ui_->cboClass, &QComboBox::activated, this, &frmRankCalculation::cboClass_Click);
+    connect(ui_->Lstdivision, &CheckList::Ticked, this, &frmRankCalculation::Lstdivision_ItemCheck);
+    connect(ui_->chkSelectAll, &QCheckBox::toggled, this, &frmRankCalculation::chkSelectAll_Click);
+    connect(ui_->Optsubjectdisplayyes, &QRadioButton::clicked, this,
+            &frmRankCalculation::Optsubjectdisplayyes_Click);
+    connect(ui_->cmdUpdate, &QPushButton::clicked, this, &frmRankCalculation::cmdUpdate_Click);
+    for (QRadioButton* order :
+         {ui_->optRankOrder, ui_->optGradeOrder, ui_->optAdmissionNoOrder, ui_->optAlphabeticalOrder})
+        connect(order, &QRadioButton::clicked, this, &frmRankCalculation::cmdView_Click);
+    connect(ui_->cmdView, &QPushButton::clicked, this, &frmRankCalculation::cmdView_Click);
+    connect(ui_->cmdTotalDetails, &QPushButton::clicked, this, &frmRankCalculation::cmdTotalDetails_Click);
+    connect(cmdClose_, &QPushButton::clicked, this, &frmRankCalculation::cmdClose_Click);
+    connect(ui_->cmdSave, &QPushButton::clicked, this, &frmRankCalculation::cmdSave_Click);
+    connect(ui_->cmdExport, &QPushButton::clicked, this, &frmRankCalculation::cmdExport_Click);
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmRankCalculation::cmdCancel_Click);
+    for (QComboBox* combo : {ui_->Cboexamname, ui_->cboClass})
+        combo->setProperty(EnterNeedsText, true);
+}
+
+void frmRankCalculation::BuildSummaryPanel()
+{
+    Frame5_ = new QFrame(this);
+    Frame5_->setObjectName(QStringLiteral("Frame5"));
+    Frame5_->setFrameShape(QFrame::StyledPanel);
+    Frame5_->setAutoFillBackground(true);
+    msgGrade_ = new FlexGrid(Frame5_);
+    msgGrade_->setObjectName(QStringLiteral("msgGrade"));
+    cmdClose_ = new QPushButton(QStringLiteral("Close"), Frame5_);
+    cmdClose_->setObjectName(QStringLiteral("cmdClose"));
+    cmdClose_->setIcon(LookIcon(QStringLiteral("close")));
+    auto* layout = new QVBoxLayout(Frame5_);
+    layout->addWidget(msgGrade_);
+    layout->addWidget(cmdClose_, 0, Qt::AlignRight);
+    Frame5_->hide();
+}
+
+void frmRankCalculation::ShowDivisionKey()
+{
+    // Each sign stands between the brackets of its note, as it will stand before a division's name.
+    const int inside = fontMetrics().horizontalAdvance(QStringLiteral("[ ")) + 1;
+    for (QLabel* sign : {ui_->lblMark1, ui_->lblMark2, ui_->lblMark3, ui_->lblMark4}) {
+        sign->setIndent(inside);
+        sign->setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+    const QString paint = QStringLiteral("background: %1; color: black; border: 1px solid gray;");
+    ui_->lblFailed->setStyleSheet(paint.arg(CellColor(CellMark::FailedOrAbsent).name()) +
+                                  QStringLiteral("font-weight: bold;"));
+    ui_->lblNotTaken->setStyleSheet(paint.arg(CellColor(CellMark::NotTakenForRank).name()) +
+                                    QStringLiteral("font-style: italic;"));
+}
+
+RankRepository frmRankCalculation::Repository() const
+{
+    return {*Session().gcnnMain, *Session().gcnnTemp};
+}
+
+RankScope frmRankCalculation::Scope() const
+{
+    return {Session().gintAcademicYearCode, ChosenCode(ui_->Cboexamname), ChosenCode(ui_->cboClass)};
+}
+
+SubjectDisplay frmRankCalculation::Display() const
+{
+    return ui_->Optsubjectdisplayyes->isChecked() ? SubjectDisplay::All : SubjectDisplay::TakenForRankOnly;
+}
+
+RankOrder frmRankCalculation::Order() const
+{
+    if (ui_->optGradeOrder->isChecked())
+        return RankOrder::Grade;
+    if (ui_->optAdmissionNoOrder->isChecked())
+        return RankOrder::AdmissionNo;
+    return ui_->optAlphabeticalOrder->isChecked() ? RankOrder::Alphabetical : RankOrder::Rank;
+}
+
+std::vector<int> frmRankCalculation::TickedDivisions() const
+{
+    std::vector<int> codes;
+    for (const int index : ui_->Lstdivision->TickedIndexes())
+        codes.push_back(ui_->Lstdivision->ItemData(index));
+    return codes;
+}
+
+void frmRankCalculation::LoadExam()
+{
+    ui_->Cboexamname->clear();
+    ui_->Cboexamname->addItem(BlankItem, 0);
+    Read([this] {
+        for (const RankExam& exam : Repository().LoadExam())
+            ui_->Cboexamname->addItem(exam.examName, exam.examCode);
+    });
+}
+
+void frmRankCalculation::LoadClass()
+{
+    ui_->cboClass->clear();
+    ui_->cboClass->addItem(BlankItem, 0);
+    Read([this] {
+        for (const RankClass& entry : Repository().LoadClass())
+            ui_->cboClass->addItem(entry.className, entry.classCode);
+    });
+}
+
+void frmRankCalculation::Cboexamname_Click()
+{
+    ui_->cboClass->setCurrentIndex(0);
+    cboClass_Click();
+    ui_->cboClass->setEnabled(ChosenCode(ui_->Cboexamname) != 0);
+}
+
+void frmRankCalculation::cboClass_Click()
+{
+    ui_->chkSelectAll->setChecked(false);
+    ui_->cmdExport->setEnabled(false);
+    ui_->Lstdivision->clear();
+    ClearBases();
+    bool allReady = true;
+    Read([&] {
+        for (const DivisionFacts& facts : Repository().LoadDivisions(Scope())) {
+            const QString mark = DivisionMark(facts, Display());
+            ui_->Lstdivision->AddItem(mark + facts.division.divisionName, facts.division.divisionCode);
+            allReady = allReady && mark.trimmed().isEmpty();
+        }
+    });
+    ui_->chkSelectAll->setEnabled(allReady);
+}
+
+void frmRankCalculation::Lstdivision_ItemCheck(int index, bool ticked)
+{
+    if (!ticked) {
+        Untick({ui_->Lstdivision->ItemData(index)});
+        return;
+    }
+    const QString refusal = DivisionRefusal(ui_->Lstdivision->item(index)->text());
+    if (!refusal.isEmpty()) {
+        Prompts::Information(refusal);
+        Untick({ui_->Lstdivision->ItemData(index)});
+        return;
+    }
+    if (!ui_->chkSelectAll->isChecked())
+        CheckAgreement(
+            QStringLiteral("Selected Division's 'Subjects Taken For Rank' Does Not Match With Already "
+                           "Selected Division(s)"),
+            QStringLiteral("Selected Division's 'Classwise Rank-Grade Setup' Does Not Match With Already "
+                           "Selected Division(s)"));
+}
+
+void frmRankCalculation::Untick(const std::vector<int>& divisionCodes)
+{
+    if (divisionCodes.empty())
+        return;
+    for (int index = 0; index < ui_->Lstdivision->count(); ++index)
+        if (std::find(divisionCodes.begin(), divisionCodes.end(), ui_->Lstdivision->ItemData(index)) !=
+            divisionCodes.end())
+            ui_->Lstdivision->SetTicked(index, false);
+    if (ui_->chkSelectAll->isChecked()) {
+        SelectAllBusy_ = true;
+        ui_->chkSelectAll->setChecked(false);
+    }
+}
+
+void frmRankCalculation::chkSelectAll_Click(bool ticked)
+{
+    if (SelectAllBusy_) {
+        SelectAllBusy_ = false;
+        ClearBases();
+        return;
+    }
+    CheckList* list = ui_->Lstdivision;
+    for (int index = 0; index < list->count(); ++index)
+        list->SetTicked(index, ticked && list->item(index)->text().startsWith(QLatin1Char(' ')));
+    if (!ticked) {
+        ClearBases();
+        return;
+    }
+    CheckAgreement(
+        QStringLiteral("Selected Divisions' 'Subject(s) Taken For Rank' Does Not Match With The Non "
+                       "Selected Division(s)"),
+        QStringLiteral("Selected Divisions' 'Classwise Rank-Grade Setup' Does Not Match With The Non "
+                       "Selected Division(s)"));
+}
+
+void frmRankCalculation::Optsubjectdisplayyes_Click()
+{
+    if (CheckSubjectMatch())
+        Prompts::Information(
+            QStringLiteral("Selected Divisions' 'Subject(s) Taken For Rank' Does Not Match With "
+                           "The Non Selected Division(s)"));
+}
+
+void frmRankCalculation::CheckAgreement(const QString& subjectMessage, const QString& gradeMessage)
+{
+    if (CheckSubjectMatch())
+        Prompts::Information(subjectMessage);
+    else if (CheckGradeMatch())
+        Prompts::Information(gradeMessage);
+}
+
+bool frmRankCalculation::SelectionComplete()
+{
+    const auto ask = [](const QString& text, QWidget* control) {
+        Prompts::Information(text);
+        control->setFocus();
+        return false;
+    };
+    if (ChosenCode(ui_->Cboexamname) == 0)
+        return ask(QStringLiteral("Select Exam Name"), ui_->Cboexamname);
+    if (ChosenCode(ui_->cboClass) == 0)
+        return ask(QStringLiteral("Select Class"), ui_->cboClass);
+    if (ui_->Lstdivision->TickedIndexes().isEmpty())
+        return ask(QStringLiteral("Select Division(s)"), ui_->Lstdivision);
+    return true;
+}
+
+bool frmRankCalculation::CheckSubjectMatch()
+{
+    if (!SelectionComplete())
+        return false;
+    MatchResult result;
+    Read([&] {
+        result = tally::CheckSubjectMatch(Repository().LoadSubjectSetup(Scope()), TickedDivisions(),
+                                          Display(), subjectBase_);
+    });
+    Untick(result.untick);
+    return result.mismatch;
+}
+
+bool frmRankCalculation::CheckGradeMatch()
+{
+    MatchResult result;
+    Read([&] {
+        result = tally::CheckGradeMatch(Repository().LoadGradeBands(Scope()), TickedDivisions(), gradeBase_);
+    });
+    Untick(result.untick);
+    return result.mismatch;
+}
+
+void frmRankCalculation::ClearBases()
+{
+    subjectBase_ = {};
+    gradeBase_ = {};
+}
+
+void frmRankCalculation::cmdUpdate_Click()
+{
+    if (!SelectionComplete())
+        return;
+    try {
+        const HourGlass hourGlass;
+        RankRepository repository = Repository();
+        const SessionContext& session = Session();
+        const RankList list = ComputeRankList(
+            repository.LoadRankInput(Scope(), TickedDivisions()),
+            {session.gblnFractionMarks, session.gblnRoundedMarks, ui_->chkRankSkipping->isChecked()});
+        ui_->Frame2->setEnabled(false);
+        store::Transaction working(*session.gcnnTemp);
+        repository.FillTempRankCalculation(working, list);
+        working.Commit();
+        TempTableExists_ = true;
+        subjects_ = list.subjects;
+
+        ui_->optRankOrder->setChecked(true);
+        const RankView view =
+            ShowRankList(repository, Scope(), TickedDivisions(), subjects_, Order(), Display());
+        ShowView(view);
+        LoadGradeSummary(view);
+    } catch (const store::StoreError& error) {
+        ui_->Frame2->setEnabled(true);
+        Prompts::Critical(error.Description());
+        return;
+    } catch (const DivisionError& error) {
+        Prompts::Critical(QString::fromLatin1(error.what()));
+        return;
+    }
+    for (QPushButton* button : {ui_->cmdSave, ui_->cmdExport, ui_->cmdTotalDetails})
+        button->setEnabled(true);
+}
+
+void frmRankCalculation::cmdView_Click()
+{
+    if (!TempTableExists_)
+        return;
+    Read([this] {
+        const HourGlass hourGlass;
+        RankRepository repository = Repository();
+        ShowView(ShowRankList(repository, Scope(), TickedDivisions(), subjects_, Order(), Display()));
+    });
+}
+
+void frmRankCalculation::ShowView(const RankView& view)
+{
+    std::vector<FlexGrid::Row> rows(static_cast<std::size_t>(view.Rows()));
+    for (int row = 0; row < view.Rows(); ++row) {
+        FlexGrid::Row& cells = rows[static_cast<std::size_t>(row)];
+        cells.reserve(static_cast<std::size_t>(view.Cols()));
+        const bool sums = row == view.AverageRow();
+        for (int col = 0; col < view.Cols(); ++col)
+            cells.push_back({view.Text(row, col), sums ? CellMark::Sum : MarkOf(view.Flag(row, col))});
+    }
+    FlexGrid* grid = ui_->msgDisplayDetails;
+    grid->SetContent(std::move(rows));
+    for (int col = 0; col < view.Cols(); ++col) {
+        grid->SetColHidden(col, view.ColumnHidden(col));
+        const bool number = col >= RankView::FirstSubjectColumn && col < view.Cols() - 1;
+        grid->SetColAlignment(col,
+                              number ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
+    }
+    for (int row = 1; row < view.Rows() && row <= RankView::FirstStudentRow; ++row)
+        if (RankView::RowHidden(row))
+            grid->SetRowHeight(row, 0);
+    grid->FitColumns();
+}
+
+void frmRankCalculation::LoadGradeSummary(const RankView& view)
+{
+    RankRepository repository = Repository();
+    const std::vector<int> divisionCodes = TickedDivisions();
+    const auto sums = repository.LoadFullMarks(Scope(), divisionCodes);
+    std::vector<DivisionFullMark> fullMarks;
+    const auto ticked = ui_->Lstdivision->TickedIndexes();
+    for (std::size_t i = 0; i < sums.size(); ++i)
+        fullMarks.push_back({ui_->Lstdivision->item(ticked[static_cast<qsizetype>(i)])->text(), sums[i]});
+
+    std::vector<FlexGrid::Row> rows(1, FlexGrid::Row(4));
+    for (const GradeSummaryRow& texts :
+         tally::LoadGradeSummary(view, repository.LoadDistinctGrades(Scope(), divisionCodes),
+                                 ui_->cboClass->currentText(), fullMarks)) {
+        FlexGrid::Row row;
+        for (const QString& text : texts)
+            row.push_back({text, CellMark::None});
+        rows.push_back(std::move(row));
+    }
+    msgGrade_->SetContent(std::move(rows));
+    msgGrade_->SetRowHeight(0, 0);
+    msgGrade_->SetColHidden(3, true);
+    for (const int col : {1, 2})
+        msgGrade_->SetColAlignment(col, Qt::AlignRight | Qt::AlignVCenter);
+    msgGrade_->FitColumns();
+}
+
+void frmRankCalculation::cmdTotalDetails_Click()
+{
+    Frame5_->show();
+    Frame5_->raise();
+    ui_->fraMain->setEnabled(false);
+    ui_->Frame4->setEnabled(false);
+    ui_->cmdTotalDetails->setEnabled(false);
+    cmdClose_->setFocus();
+}
+
+void frmRankCalculation::cmdClose_Click()
+{
+    Frame5_->hide();
+    ui_->fraMain->setEnabled(true);
+    ui_->Frame4->setEnabled(true);
+    ui_->cmdTotalDetails->setEnabled(true);
+    ui_->cmdTotalDetails->setFocus();
+}
+
+void frmRankCalculation::resizeEvent(QResizeEvent* event)
+{
+    Screen::resizeEvent(event);
+    const QSize size(std::min(460, width() - 4 * LookUnit), std::min(340, height() - 8 * LookUnit));
+    Frame5_->setGeometry(QRect(QPoint((width() - size.width()) / 2, (height() - size.height()) / 2), size));
+}
+
+void frmRankCalculation::cmdSave_Click()
+{
+    const bool saved = Write(Conflict::Describe, [this](store::Transaction& transaction) {
+        Repository().ReplaceRankTotals(transaction, Scope(), TickedDivisions());
+    });
+    if (!saved)
+        return;
+    Prompts::Information(QStringLiteral("Record Saved"));
+    ui_->cmdSave->setEnabled(false);
+}
+
+void frmRankCalculation::cmdExport_Click()
+{
+    if (!MayUse(QLatin1Char('P')))
+        return;
+    QStringList divisions;
+    for (const int index : ui_->Lstdivision->TickedIndexes())
+        divisions.append(ui_->Lstdivision->item(index)->text());
+    ExportReport(*ui_->msgDisplayDetails, QStringLiteral("Rank List"),
+                 QStringLiteral("Exam Name :") + ui_->Cboexamname->currentText().trimmed() +
+                     QStringLiteral("  Class :") + ui_->cboClass->currentText().trimmed() +
+                     QStringLiteral(" Division :") + divisions.join(QLatin1Char(',')));
+}
+
+void frmRankCalculation::cmdCancel_Click()
+{
+    ClearControls(this);
+    if (Frame5_->isVisibleTo(this))
+        cmdClose_Click();
+    ui_->Frame2->setEnabled(true);
+    ui_->Optsubjectdisplayno->setChecked(true);
+    ui_->optRankOrder->setChecked(true);
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{ui_->cmdExport, ui_->cboClass, ui_->cmdSave, ui_->cmdTotalDetails})
+        control->setEnabled(false);
+    ui_->chkSelectAll->setEnabled(true);
+    LoadExam();
+    LoadClass();
+    ClearBases();
+    ResetGrid();
+    DropTempTable();
+    ui_->Cboexamname->setFocus();
+}
+
+void frmRankCalculation::ResetGrid()
+{
+    FlexGrid* grid = ui_->msgDisplayDetails;
+    grid->SetContent(std::vector<FlexGrid::Row>(2, FlexGrid::Row(4)));
+    for (int col = 0; col < grid->Cols(); ++col)
+        grid->SetColHidden(col, false);
+    grid->SetRowHeight(1, 0);
+}
+
+void frmRankCalculation::DropTempTable()
+{
+    if (!TempTableExists_)
+        return;
+    TempTableExists_ = false;
+    try {
+        store::Transaction transaction(*Session().gcnnTemp);
+        Repository().DropTempRankCalculation(transaction);
+        transaction.Commit();
+    } catch (const store::StoreError&) {
+        // The table is working space: another client may have dropped it, and the next run drops what is
+        // left.
+    }
+}
+
+QString frmRankCalculation::ExitCaption() const
+{
+    return QStringLiteral("Rank Calculation");
+}
+
+void frmRankCalculation::Form_Unload()
+{
+    DropTempTable();
+}
+
+} // namespace tally

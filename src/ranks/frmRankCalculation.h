@@ -1,0 +1,90 @@
+#pragma once
+
+#include "core/Screen.h"
+#include "ranks/RankComputation.h"
+#include "ranks/RankRepository.h"
+#include "ranks/RankSelection.h"
+
+#include <memory>
+
+class QFrame;
+class QPushButton;
+
+namespace Ui {
+class frmRankCalculation;
+}
+
+namespace tally {
+
+class FlexGrid;
+
+/// "Rank List Preparation": chooses an exam, a class and divisions, computes their joint rank list, shows it
+/// in four orders with a summary by grade, and saves and exports it.
+class frmRankCalculation : public Screen
+{
+    Q_OBJECT
+
+public:
+    frmRankCalculation();
+    ~frmRankCalculation() override;
+
+protected:
+    QString ExitCaption() const override;
+    void Form_Unload() override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void Form_Load();
+    void ConnectHandlers();
+    void BuildSummaryPanel();
+    void ShowDivisionKey();
+
+    void LoadExam();
+    void LoadClass();
+    void Cboexamname_Click();
+    void cboClass_Click();
+    void Lstdivision_ItemCheck(int index, bool ticked);
+    void chkSelectAll_Click(bool ticked);
+    void Optsubjectdisplayyes_Click();
+    void cmdUpdate_Click();
+    void cmdView_Click();
+    void cmdTotalDetails_Click();
+    void cmdClose_Click();
+    void cmdSave_Click();
+    void cmdExport_Click();
+    void cmdCancel_Click();
+
+    /// Exam, class and a division must be chosen. Says which is missing and gives it the focus.
+    bool SelectionComplete();
+    /// True when a ticked division does not agree with the base; those that do not are unticked.
+    bool CheckSubjectMatch();
+    bool CheckGradeMatch();
+    void Untick(const std::vector<int>& divisionCodes);
+    void ClearBases();
+    /// The two checks of divisions ranked together, each with its own words; only the first mismatch is told.
+    void CheckAgreement(const QString& subjectMessage, const QString& gradeMessage);
+
+    RankRepository Repository() const;
+    RankScope Scope() const;
+    SubjectDisplay Display() const;
+    RankOrder Order() const;
+    std::vector<int> TickedDivisions() const;
+
+    void ShowView(const class RankView& view);
+    void LoadGradeSummary(const RankView& view);
+    void ResetGrid();
+    void DropTempTable();
+
+    std::unique_ptr<Ui::frmRankCalculation> ui_;
+    QFrame* Frame5_ = nullptr; ///< the summary panel, over the list
+    FlexGrid* msgGrade_ = nullptr;
+    QPushButton* cmdClose_ = nullptr;
+
+    std::vector<RankSubject> subjects_; ///< of the list prepared
+    MatchBase subjectBase_;             ///< BaseSubjectSet and BaseSubjectDivision
+    MatchBase gradeBase_;               ///< BaseGradeSet and BaseGradeDivision
+    bool SelectAllBusy_ = false;
+    bool TempTableExists_ = false;
+};
+
+} // namespace tally

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "store/Statement.h"
+
+#include <QString>
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+
+struct sqlite3;
+
+namespace tally::store {
+
+/// One open database file. The engine stays behind this class; a server's engine could take its place.
+/// All functions throw StoreError on failure. A connection is used from one thread only.
+class Connection
+{
+public:
+    enum class Mode
+    {
+        MustExist, ///< a missing or empty file is an error, never silently created
+        Create,    ///< a new file; an existing one is an error, so that no school's data is overwritten
+    };
+
+    /// How long a statement waits for another client before it gives up with a lock error.
+    static constexpr std::chrono::milliseconds DefaultPatience{5000};
+
+    /// Opens the file and proves that it is a database with this password. With an empty password the file is
+    /// plain.
+    Connection(const QString& path, const QString& password, Mode mode = Mode::MustExist);
+    /// A private store in memory, gone with the connection.
+    static Connection InMemory();
+    Connection(Connection&&) noexcept = default;
+    Connection& operator=(Connection&&) noexcept = default;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection() = default;
+
+    /// Runs one statement that returns no rows. Gives the number of rows it changed.
+    template <typename... Values>
+    int Execute(const QString& sql, const Values&... values)
+    {
+        return Prepare(sql).Run(values...);
+    }
+
+    /// A statement with its values bound, ready for `while (rows.Next())`.
+    template <typename... Values>
+    Statement Query(const QString& sql, const Values&... values)
+    {
+        Statement statement = Prepare(sql);
+        statement.Bind(values...);
+        return statement;
+    }
+
+    /// The first column of the first row as a whole number; 0 when there is no row or it is Null.
+    template <typename... Values>
+    qint64 Number(const QString& sql, const Values&... values)
+    {
+        Statement statement = Query(sql, values...);
+        return statement.Next() ? statement.Long(0) : 0;
+    }
+
+    Statement Prepare(const QString& sql);
+
+    /// Transactions nest: the inner ones are savepoints. Prefer the class Transaction.
+    void Begin();
+    void Commit();
+    void Rollback();
+    int TransactionDepth() const { return depth_; }
+
+    void SetPatience(std::chrono::milliseconds patience);
+    /// Statements run so far, for proving that an action's cost does not grow with the school.
+    std::uint64_t StatementsRun() const { return *runs_; }
+    /// Empty for a store in memory.
+    const QString& Path() const { return path_; }
+
+private:
+    struct Close
+    {
+        void operator()(sqlite3* engine) const;
+    };
+
+    Connection() = default;
+    void Open(const QByteArray& name, int flags);
+    void Key(const QString& password);
+    void Configure();
+
+    std::unique_ptr<sqlite3, Close> engine_;
+    std::shared_ptr<std::uint64_t> runs_ = std::make_shared<std::uint64_t>(0);
+    QString path_;
+    int depth_ = 0;
+};
+
+} // namespace tally::store
