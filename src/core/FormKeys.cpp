@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -45,6 +46,30 @@ bool IsEnter(int key)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+bool IsMnemonicOf(const QString& text, const QKeyEvent* key)
+{
+    return QKeySequence::mnemonic(text) ==
+           QKeySequence(QKeyCombination(Qt::AltModifier, Qt::Key(key->key())));
+}
+
+/// The control of `form` that Alt and the key lead to: a button, or the field whose label says so. Null for
+/// none.
+QWidget* MnemonicTarget(const QWidget* form, const QKeyEvent* key)
+{
+    if (key->modifiers() != Qt::AltModifier)
+        return nullptr;
+    const auto usable = [form](const QWidget* widget) {
+        return widget->isEnabled() && widget->isVisibleTo(form);
+    };
+    for (auto* button : form->findChildren<QAbstractButton*>())
+        if (usable(button) && IsMnemonicOf(button->text(), key))
+            return button;
+    for (const auto* label : form->findChildren<QLabel*>())
+        if (label->buddy() && usable(label->buddy()) && IsMnemonicOf(label->text(), key))
+            return label->buddy();
+    return nullptr;
+}
+
 } // namespace
 
 FormKeys::FormKeys(QWidget* form, int helpScreenNo) : QObject(form), form_(form), helpScreenNo_(helpScreenNo)
@@ -55,10 +80,24 @@ FormKeys::FormKeys(QWidget* form, int helpScreenNo) : QObject(form), form_(form)
 bool FormKeys::eventFilter(QObject* receiver, QEvent* event)
 {
     auto* widget = qobject_cast<QWidget*>(receiver);
-    if (event->type() != QEvent::KeyPress || !widget || (widget != form_ && !form_->isAncestorOf(widget)))
+    if (!widget || (widget != form_ && !form_->isAncestorOf(widget)))
+        return false;
+    if (event->type() == QEvent::ShortcutOverride) {
+        // The form in front goes before the menu bar where both have the letter, as Clic&k and Loc&k do.
+        const bool ours = MnemonicTarget(form_, static_cast<QKeyEvent*>(event)) != nullptr;
+        event->setAccepted(ours);
+        return ours;
+    }
+    if (event->type() != QEvent::KeyPress)
         return false;
 
     const auto* key = static_cast<QKeyEvent*>(event);
+    if (QWidget* target = MnemonicTarget(form_, key)) {
+        target->setFocus(Qt::ShortcutFocusReason);
+        if (auto* button = qobject_cast<QAbstractButton*>(target))
+            button->click();
+        return true;
+    }
     if (key->key() == Qt::Key_F1 && helpScreenNo_ != 0) {
         Session().glngScreenNo = helpScreenNo_;
         ShowForm(QStringLiteral("frmHelp"));

@@ -53,13 +53,14 @@ private:
     void Form_Activate();
     void tmrTimer_Timer();
     void mnuClose_Click();
-    void Open(const QString& formName);
+    void Force(const QString& formName);
     void SizePanels();
 
     std::unique_ptr<Ui::mdiTallyboard> ui_;
     QHash<QString, QAction*> menuItems_;
     std::array<QLabel*, 3> panels_{};
     QTimer* tmrTimer_;
+    int shownPicture_ = 0;
     bool tickFailureShown_ = false;
 };
 

@@ -88,8 +88,9 @@ void ShowForm(const QString& formName)
                                                          Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                                          Qt::WindowCloseButtonHint);
         frame->setAttribute(Qt::WA_DeleteOnClose);
-        frame->adjustSize();
-        frame->resize(frame->size().boundedTo(window->Area()->viewport()->size()));
+        frame->resize(frame->sizeHint()
+                          .expandedTo(frame->minimumSizeHint())
+                          .boundedTo(window->Area()->viewport()->size()));
         CenterForm(frame);
     }
     frame->hide();

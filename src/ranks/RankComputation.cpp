@@ -21,8 +21,7 @@ public:
     explicit PassRule(const std::vector<GradeBand>& gradeTable)
         : lowest_(!gradeTable.empty() ? gradeTable[0].totalAverage : 0),
           passing_(gradeTable.size() > 1 ? gradeTable[1].totalAverage : 0)
-    {
-    }
+    {}
 
     bool MarkFailed(double mark) const
     {
@@ -126,7 +125,8 @@ private:
         for (const SubjectSetup& subject : input_.subjects) {
             if (SubjectIndex(subject.subjectCode, 0) != NotListed)
                 continue;
-            list_.subjects.push_back({subject.subjectCode, subject.shortName.trimmed(), subject.takenForRank});
+            list_.subjects.push_back(
+                {subject.subjectCode, subject.shortName.trimmed(), subject.takenForRank});
             if (subject.takenForRank)
                 maximumTotal_ += subject.maximumMark;
         }
@@ -252,7 +252,8 @@ private:
         const RankCell* cells = Cells(row);
         const RankCell* end = cells + list_.subjects.size();
         // The first mark above 0 opens the search, whether or not its subject is taken for rank.
-        const RankCell* first = std::find_if(cells, end, [](const RankCell& cell) { return cell.value != 0; });
+        const RankCell* first =
+            std::find_if(cells, end, [](const RankCell& cell) { return cell.value != 0; });
         double lowest = first == end ? 0 : first->value;
         // A zero counts from the second subject on.
         for (const RankCell* cell = cells + 1; cell < end; ++cell) {
@@ -279,8 +280,8 @@ private:
     const RankOptions& options_;
     const bool wholeMarks_;
     RankList list_;
-    QHash<int, std::size_t> numbers_;  ///< student code to index into the students of the input
-    std::vector<std::size_t> rowOf_;   ///< by that index
+    QHash<int, std::size_t> numbers_; ///< student code to index into the students of the input
+    std::vector<std::size_t> rowOf_;  ///< by that index
     double maximumTotal_ = 0;
 };
 
@@ -296,17 +297,20 @@ bool RankList::MarkedAbsent(std::size_t row) const
     return false;
 }
 
-std::vector<GradeBand> LoadGradeTable(const std::vector<GradeBand>& bands, const std::vector<int>& divisionCodes)
+std::vector<GradeBand> LoadGradeTable(const std::vector<GradeBand>& bands,
+                                      const std::vector<int>& divisionCodes)
 {
     std::vector<GradeBand> table;
     for (const int divisionCode : divisionCodes) {
         const auto first = static_cast<std::ptrdiff_t>(table.size());
         std::copy_if(bands.begin(), bands.end(), std::back_inserter(table),
                      [&](const GradeBand& band) { return band.divisionCode == divisionCode; });
-        std::stable_sort(table.begin() + first, table.end(), [](const GradeBand& left, const GradeBand& right) {
-            return left.subjectAverage != right.subjectAverage ? left.subjectAverage < right.subjectAverage
-                                                               : left.totalAverage < right.totalAverage;
-        });
+        std::stable_sort(table.begin() + first, table.end(),
+                         [](const GradeBand& left, const GradeBand& right) {
+                             return left.subjectAverage != right.subjectAverage
+                                        ? left.subjectAverage < right.subjectAverage
+                                        : left.totalAverage < right.totalAverage;
+                         });
     }
     constexpr double NoUpperBound = 100;
     for (std::size_t row = 0; row < table.size(); ++row) {
@@ -326,7 +330,7 @@ std::string_view CellText(const RankCell& cell, int markDecimals, bool marked, C
     char* const start = buffer.data();
     char* end = start;
     if (cell.kind == RankCell::Kind::Blank)
-        return {};
+        return {start, 0};
     if (marked && cell.flag == CellFlag::FailedOrAbsent)
         end = std::copy_n("Fail", 4, end);
     if (cell.kind == RankCell::Kind::Absent)
@@ -334,7 +338,8 @@ std::string_view CellText(const RankCell& cell, int markDecimals, bool marked, C
     else if (markDecimals == 0)
         end = std::to_chars(end, start + buffer.size(), static_cast<qint64>(cell.value)).ptr;
     else
-        end = std::to_chars(end, start + buffer.size(), cell.value, std::chars_format::fixed, markDecimals).ptr;
+        end =
+            std::to_chars(end, start + buffer.size(), cell.value, std::chars_format::fixed, markDecimals).ptr;
     return {start, static_cast<std::size_t>(end - start)};
 }
 

@@ -31,10 +31,11 @@ struct RankInput
 {
     QString className;
     std::vector<RankDivision> divisions; ///< the selected ones, in list order
-    std::vector<RankStudent> students;   ///< of these divisions; those without any mark are left out of the list
-    std::vector<SubjectSetup> subjects;  ///< of these divisions, in SlNo order
-    std::vector<StudentMark> marks;      ///< of the exam in these divisions, in any order
-    std::vector<GradeBand> gradeTable;   ///< as LoadGradeTable gives it
+    std::vector<RankStudent>
+        students; ///< of these divisions; those without any mark are left out of the list
+    std::vector<SubjectSetup> subjects; ///< of these divisions, in SlNo order
+    std::vector<StudentMark> marks;     ///< of the exam in these divisions, in any order
+    std::vector<GradeBand> gradeTable;  ///< as LoadGradeTable gives it
 };
 
 struct RankOptions
@@ -112,16 +113,18 @@ public:
     const char* what() const noexcept override { return "Division by zero"; }
 };
 
-/// The grade bands of the selected divisions (codes in list order), each division's in ascending SubjectAverage, so
-/// that its row of zeros comes first. Bands that share a SubjectAverage follow by TotalAverage.
-std::vector<GradeBand> LoadGradeTable(const std::vector<GradeBand>& bands, const std::vector<int>& divisionCodes);
+/// The grade bands of the selected divisions (codes in list order), each division's in ascending
+/// SubjectAverage, so that its row of zeros comes first. Bands that share a SubjectAverage follow by
+/// TotalAverage.
+std::vector<GradeBand> LoadGradeTable(const std::vector<GradeBand>& bands,
+                                      const std::vector<int>& divisionCodes);
 
 /// Totals, averages, ranks, grades and lowest marks of all students in one list, whatever their division.
 /// Throws DivisionError when a student has marks but no maximum mark counts for rank.
 RankList ComputeRankList(const RankInput& input, const RankOptions& options);
 
-/// The text of a cell as the list writes it: empty, "A", or the mark with `markDecimals` decimals; behind "Fail" where
-/// `marked` is set and the cell is failed or absent. The view lies in `buffer`.
+/// The text of a cell as the list writes it: empty, "A", or the mark with `markDecimals` decimals; behind
+/// "Fail" where `marked` is set and the cell is failed or absent. The view lies in `buffer`.
 using CellBuffer = std::array<char, 40>;
 std::string_view CellText(const RankCell& cell, int markDecimals, bool marked, CellBuffer& buffer);
 

@@ -45,7 +45,8 @@ bool IsYes(const QString& takenForRank)
     return takenForRank.compare(QLatin1String("Yes"), Qt::CaseInsensitive) == 0;
 }
 
-/// The columns of the subjects. Subjects may share a short name, so a name that is taken gets a further underscore.
+/// The columns of the subjects. Subjects may share a short name, so a name that is taken gets a further
+/// underscore.
 QStringList SubjectColumns(const std::vector<RankSubject>& subjects)
 {
     QStringList columns;
@@ -73,7 +74,8 @@ QString CreateTempRankCalculation(const QStringList& subjectColumns)
 
 void AppendRows(store::Statement& statement, TempRankTable& table)
 {
-    table.subjectCount = static_cast<std::size_t>(statement.ColumnCount() - FirstSubjectField - FieldsBehindSubjects);
+    table.subjectCount =
+        static_cast<std::size_t>(statement.ColumnCount() - FirstSubjectField - FieldsBehindSubjects);
     const int behind = FirstSubjectField + static_cast<int>(table.subjectCount);
     while (statement.Next()) {
         TempRankRow& row = table.rows.emplace_back();
@@ -95,34 +97,11 @@ void AppendRows(store::Statement& statement, TempRankTable& table)
 
 } // namespace
 
-std::uint32_t TextPool::Add(std::string_view utf8)
-{
-    const auto found = numbers_.find(utf8);
-    if (found != numbers_.end())
-        return found->second;
-    const auto number = static_cast<std::uint32_t>(texts_.size());
-    texts_.push_back(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())));
-    numbers_.emplace(utf8, number);
-    return number;
-}
-
-TempRankTable TempRankTable::Picked(const std::vector<std::size_t>& numbers) const
-{
-    TempRankTable picked{subjectCount, {}, {}, texts};
-    picked.rows.reserve(numbers.size());
-    picked.marks.reserve(numbers.size() * subjectCount);
-    for (const std::size_t number : numbers) {
-        picked.rows.push_back(rows[number]);
-        const auto first = marks.begin() + static_cast<std::ptrdiff_t>(number * subjectCount);
-        picked.marks.insert(picked.marks.end(), first, first + static_cast<std::ptrdiff_t>(subjectCount));
-    }
-    return picked;
-}
-
 std::vector<RankExam> RankRepository::LoadExam()
 {
     std::vector<RankExam> exams;
-    store::Statement rows = main_.Query(QStringLiteral("Select ExamCode,ExamName from ExamMaster order by ExamOrder"));
+    store::Statement rows =
+        main_.Query(QStringLiteral("Select ExamCode,ExamName from ExamMaster order by ExamOrder"));
     while (rows.Next())
         exams.push_back({rows.Int(0), rows.Text(1)});
     return exams;
@@ -132,8 +111,8 @@ std::vector<RankClass> RankRepository::LoadClass()
 {
     std::vector<RankClass> classes;
     // The row with code 0 stands for "not chosen" and is no class of the school.
-    store::Statement rows = main_.Query(
-        QStringLiteral("Select ClassCode,ClassName from ClassDivisionMaster where ClassCode > 0 order by ClassOrder"));
+    store::Statement rows = main_.Query(QStringLiteral(
+        "Select ClassCode,ClassName from ClassDivisionMaster where ClassCode > 0 order by ClassOrder"));
     while (rows.Next())
         classes.push_back({rows.Int(0), rows.Text(1)});
     return classes;
@@ -142,11 +121,16 @@ std::vector<RankClass> RankRepository::LoadClass()
 std::vector<DivisionFacts> RankRepository::LoadDivisions(const RankScope& scope)
 {
     std::vector<DivisionFacts> divisions;
-    store::Statement names = main_.Query(
-        QStringLiteral("Select DivisionCode,DivisionName from ClassDivisionDetails where ClassCode=? order by DivisionCode"),
-        scope.classCode);
+    store::Statement names =
+        main_.Query(QStringLiteral("Select DivisionCode,DivisionName from ClassDivisionDetails where "
+                                   "ClassCode=? order by DivisionCode"),
+                    scope.classCode);
     while (names.Next())
         divisions.push_back({{names.Int(0), names.Text(1)}});
+
+    std::vector<int> codes;
+    for (const DivisionFacts& facts : divisions)
+        codes.push_back(facts.division.divisionCode);
 
     const auto count = [&](int DivisionFacts::*fact, store::Statement rows) {
         while (rows.Next()) {
@@ -156,20 +140,27 @@ std::vector<DivisionFacts> RankRepository::LoadDivisions(const RankScope& scope)
             }
         }
     };
+    // Naming the divisions lets the engine go straight to this year's rows of each.
     count(&DivisionFacts::students,
-          main_.Query(QStringLiteral("Select DivisionCode,Count(*) from StudentClassDivision where AcademicYearCode=? "
-                                     "and ClassCode=? group by DivisionCode"),
-                      scope.academicYearCode, scope.classCode));
+          QueryDivisions(main_,
+                         QStringLiteral("Select DivisionCode,Count(*) from StudentClassDivision where "
+                                        "AcademicYearCode=? and ClassCode=? and DivisionCode in (%1) "
+                                        "group by DivisionCode"),
+                         codes, scope.academicYearCode, scope.classCode));
     count(&DivisionFacts::gradeBands,
-          main_.Query(QStringLiteral("Select DivisionCode,Count(*) from RankMaster where AcademicYearCode=? and "
-                                     "ClassCode=? and ExamCode=? group by DivisionCode"),
-                      scope.academicYearCode, scope.classCode, scope.examCode));
+          QueryDivisions(
+              main_,
+              QStringLiteral("Select DivisionCode,Count(*) from RankMaster where AcademicYearCode=? and "
+                             "ClassCode=? and ExamCode=? and DivisionCode in (%1) group by DivisionCode"),
+              codes, scope.academicYearCode, scope.classCode, scope.examCode));
 
     std::map<std::pair<int, int>, int> marks;
-    store::Statement counts =
-        main_.Query(QStringLiteral("Select DivisionCode,SubjectCode,Count(*) from MarkMaster where AcademicYearCode=? "
-                                   "and ExamCode=? and ClassCode=? group by DivisionCode,SubjectCode"),
-                    scope.academicYearCode, scope.examCode, scope.classCode);
+    store::Statement counts = QueryDivisions(
+        main_,
+        QStringLiteral(
+            "Select DivisionCode,SubjectCode,Count(*) from MarkMaster where AcademicYearCode=? and "
+            "ExamCode=? and ClassCode=? and DivisionCode in (%1) group by DivisionCode,SubjectCode"),
+        codes, scope.academicYearCode, scope.examCode, scope.classCode);
     while (counts.Next())
         marks[{counts.Int(0), counts.Int(1)}] = counts.Int(2);
 
@@ -207,10 +198,10 @@ std::vector<SubjectSetup> RankRepository::LoadSubjectSetup(const RankScope& scop
 std::vector<GradeBand> RankRepository::LoadGradeBands(const RankScope& scope)
 {
     std::vector<GradeBand> bands;
-    store::Statement rows =
-        main_.Query(QStringLiteral("Select DivisionCode,TotalAverage,SubjectAverage,Grade from RankMaster where "
-                                   "AcademicYearCode=? and ClassCode=? and ExamCode=? order by DivisionCode,Status"),
-                    scope.academicYearCode, scope.classCode, scope.examCode);
+    store::Statement rows = main_.Query(
+        QStringLiteral("Select DivisionCode,TotalAverage,SubjectAverage,Grade from RankMaster where "
+                       "AcademicYearCode=? and ClassCode=? and ExamCode=? order by DivisionCode,Status"),
+        scope.academicYearCode, scope.classCode, scope.examCode);
     while (rows.Next())
         bands.push_back({rows.Int(0), rows.Double(1), rows.Double(2), rows.Text(3)});
     return bands;
@@ -220,8 +211,9 @@ RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vecto
 {
     RankInput input;
     store::Statement names = main_.Query(
-        QStringLiteral("Select c.ClassName,d.DivisionCode,d.DivisionName from ClassDivisionMaster c inner join "
-                       "ClassDivisionDetails d on d.ClassCode=c.ClassCode where c.ClassCode=?"),
+        QStringLiteral(
+            "Select c.ClassName,d.DivisionCode,d.DivisionName from ClassDivisionMaster c inner join "
+            "ClassDivisionDetails d on d.ClassCode=c.ClassCode where c.ClassCode=?"),
         scope.classCode);
     std::map<int, QString> divisionNames;
     while (names.Next()) {
@@ -233,23 +225,26 @@ RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vecto
 
     store::Statement students = QueryDivisions(
         main_,
-        QStringLiteral("Select a.StudentCode,a.DivisionCode,b.StudentName,b.OptionalAdmissionNo from "
-                       "StudentClassDivision a inner join StudentMaster b on b.StudentCode=a.StudentCode where "
-                       "a.AcademicYearCode=? and a.ClassCode=? and a.DivisionCode in (%1) "
-                       "order by a.DivisionCode,a.StudentCode"),
+        QStringLiteral(
+            "Select a.StudentCode,a.DivisionCode,b.StudentName,b.OptionalAdmissionNo from "
+            "StudentClassDivision a inner join StudentMaster b on b.StudentCode=a.StudentCode where "
+            "a.AcademicYearCode=? and a.ClassCode=? and a.DivisionCode in (%1) "
+            "order by a.DivisionCode,a.StudentCode"),
         divisionCodes, scope.academicYearCode, scope.classCode);
     while (students.Next())
         input.students.push_back({students.Int(0), students.Int(1), students.Text(2), students.Text(3)});
 
     input.subjects = LoadSubjectSetup(scope);
     std::erase_if(input.subjects, [&](const SubjectSetup& subject) {
-        return std::find(divisionCodes.begin(), divisionCodes.end(), subject.divisionCode) == divisionCodes.end();
+        return std::find(divisionCodes.begin(), divisionCodes.end(), subject.divisionCode) ==
+               divisionCodes.end();
     });
 
     store::Statement marks = QueryDivisions(
         main_,
-        QStringLiteral("Select StudentCode,DivisionCode,SubjectCode,LeaveOrPresent,Mark from MarkMaster where "
-                       "AcademicYearCode=? and ExamCode=? and ClassCode=? and DivisionCode in (%1)"),
+        QStringLiteral(
+            "Select StudentCode,DivisionCode,SubjectCode,LeaveOrPresent,Mark from MarkMaster where "
+            "AcademicYearCode=? and ExamCode=? and ClassCode=? and DivisionCode in (%1)"),
         divisionCodes, scope.academicYearCode, scope.examCode, scope.classCode);
     while (marks.Next()) {
         input.marks.push_back(
@@ -292,13 +287,15 @@ void RankRepository::FillTempRankCalculation(store::Transaction& temp, const Ran
         insert.BindStaticAt(4, {divisionName.constData(), static_cast<std::size_t>(divisionName.size())});
         insert.BindAt(5, static_cast<qint64>(list.divisions[row.division].divisionCode));
         for (std::size_t subject = 0; subject < subjectCount; ++subject) {
-            insert.BindStaticAt(FirstSubjectField + 1 + static_cast<int>(subject),
-                                CellText(list.Cell(number, subject), list.markDecimals, true, texts[subject]));
+            insert.BindStaticAt(
+                FirstSubjectField + 1 + static_cast<int>(subject),
+                CellText(list.Cell(number, subject), list.markDecimals, true, texts[subject]));
         }
         insert.BindAt(behind + 1, row.total);
         insert.BindAt(behind + 2, row.average);
         insert.BindAt(behind + 3, row.rank == 0 ? NoRank : static_cast<qint64>(row.rank));
-        // An absent student is neither graded nor left ungraded: the blank keeps such students out of both groups.
+        // An absent student is neither graded nor left ungraded: the blank keeps such students out of both
+        // groups.
         insert.BindAt(behind + 4, list.MarkedAbsent(number) ? QStringLiteral(" ") : row.grade);
         insert.BindAt(behind + 5, row.rankTotal);
         insert.BindAt(behind + 6, static_cast<qint64>(row.studentCode));
@@ -313,14 +310,13 @@ void RankRepository::DropTempRankCalculation(store::Transaction& temp)
 
 TempRankTable RankRepository::LoadTempRankCalculation(RankOrder order, const std::vector<int>& divisionCodes)
 {
-    // Behind the order that the user picked, the student's code keeps equal rows in the same places every time.
+    // Behind the order that the user picked, the student's code keeps equal rows in the same places every
+    // time.
     const QString sql = QStringLiteral("Select * from TempRankCalculation");
     TempRankTable table;
     const auto load = [&](store::Statement rows) { AppendRows(rows, table); };
     switch (order) {
-    case RankOrder::Rank:
-        load(temp_.Query(sql + QLatin1String(" order by Rank,Total,StudentCode")));
-        break;
+    case RankOrder::Rank: load(temp_.Query(sql + QLatin1String(" order by Rank,Total,StudentCode"))); break;
     case RankOrder::Grade:
         load(QueryDivisions(temp_,
                             sql + QLatin1String(" where Grade is not Null and DivisionCode in (%1) "
@@ -339,17 +335,20 @@ TempRankTable RankRepository::LoadTempRankCalculation(RankOrder order, const std
 
 void RankRepository::AppendRowsWithoutGrade(TempRankTable& table)
 {
-    store::Statement rows = temp_.Query(QStringLiteral("Select * from TempRankCalculation where Grade is Null"));
+    store::Statement rows =
+        temp_.Query(QStringLiteral("Select * from TempRankCalculation where Grade is Null"));
     AppendRows(rows, table);
 }
 
-std::vector<QString> RankRepository::LoadGradesInOrder(const RankScope& scope, const std::vector<int>& divisionCodes)
+std::vector<QString> RankRepository::LoadGradesInOrder(const RankScope& scope,
+                                                       const std::vector<int>& divisionCodes)
 {
     std::vector<QString> grades;
     store::Statement rows = QueryDivisions(
         main_,
-        QStringLiteral("Select distinct Grade,Status from RankMaster where AcademicYearCode=? and ExamCode=? and "
-                       "ClassCode=? and DivisionCode in (%1) order by Status,Grade"),
+        QStringLiteral(
+            "Select distinct Grade,Status from RankMaster where AcademicYearCode=? and ExamCode=? and "
+            "ClassCode=? and DivisionCode in (%1) order by Status,Grade"),
         divisionCodes, scope.academicYearCode, scope.examCode, scope.classCode);
     while (rows.Next())
         grades.push_back(rows.Text(0));
@@ -362,8 +361,9 @@ std::vector<QString> RankRepository::LoadDistinctGrades(const RankScope& scope,
     std::vector<QString> grades;
     store::Statement rows = QueryDivisions(
         main_,
-        QStringLiteral("Select distinct Grade from RankMaster where AcademicYearCode=? and ClassCode=? and ExamCode=? "
-                       "and DivisionCode in (%1) order by Grade"),
+        QStringLiteral(
+            "Select distinct Grade from RankMaster where AcademicYearCode=? and ClassCode=? and ExamCode=? "
+            "and DivisionCode in (%1) order by Grade"),
         divisionCodes, scope.academicYearCode, scope.classCode, scope.examCode);
     while (rows.Next())
         grades.push_back(rows.Text(0));
@@ -376,8 +376,9 @@ std::vector<std::optional<double>> RankRepository::LoadFullMarks(const RankScope
     std::map<int, double> sums;
     store::Statement rows = QueryDivisions(
         main_,
-        QStringLiteral("Select DivisionCode,Sum(MaximumAllowed) from ClassSubjectTeacher where AcademicYearCode=? and "
-                       "ClassCode=? and TakenForRank='Yes' and DivisionCode in (%1) group by DivisionCode"),
+        QStringLiteral(
+            "Select DivisionCode,Sum(MaximumAllowed) from ClassSubjectTeacher where AcademicYearCode=? and "
+            "ClassCode=? and TakenForRank='Yes' and DivisionCode in (%1) group by DivisionCode"),
         divisionCodes, scope.academicYearCode, scope.classCode);
     while (rows.Next())
         sums[rows.Int(0)] = rows.Double(1);
@@ -393,16 +394,17 @@ std::vector<std::optional<double>> RankRepository::LoadFullMarks(const RankScope
 void RankRepository::ReplaceRankTotals(store::Transaction& main, const RankScope& scope,
                                        const std::vector<int>& divisionCodes)
 {
-    store::Statement old =
-        QueryDivisions(main.On(),
-                       QStringLiteral("Delete from TempRankTotal where ClassCode=? and AcademicYearCode=? and ExamCode=? "
-                                      "and DivisionCode in (%1)"),
-                       divisionCodes, scope.classCode, scope.academicYearCode, scope.examCode);
+    store::Statement old = QueryDivisions(
+        main.On(),
+        QStringLiteral("Delete from TempRankTotal where ClassCode=? and AcademicYearCode=? and ExamCode=? "
+                       "and DivisionCode in (%1)"),
+        divisionCodes, scope.classCode, scope.academicYearCode, scope.examCode);
     old.RunBound();
 
-    store::Statement rows = temp_.Query(
-        QStringLiteral("Select StudentCode,RankTotal,Average,Rank,Grade,DivisionCode from TempRankCalculation"));
-    store::Statement insert = main.Prepare(QStringLiteral("Insert into TempRankTotal values(?,?,?,?,?,?,?,?,?)"));
+    store::Statement rows = temp_.Query(QStringLiteral(
+        "Select StudentCode,RankTotal,Average,Rank,Grade,DivisionCode from TempRankCalculation"));
+    store::Statement insert =
+        main.Prepare(QStringLiteral("Insert into TempRankTotal values(?,?,?,?,?,?,?,?,?)"));
     while (rows.Next()) {
         insert.BindAt(1, rows.Long(0));
         insert.BindAt(2, static_cast<qint64>(scope.academicYearCode));

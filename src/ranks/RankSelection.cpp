@@ -77,7 +77,8 @@ bool Like(QStringView text, QStringView pattern)
         return Like(text, pattern.mid(1)) || (!text.isEmpty() && Like(text.mid(1), pattern));
     if (text.isEmpty())
         return false;
-    const bool same = pattern.front() == QLatin1Char('_') || pattern.front().toCaseFolded() == text.front().toCaseFolded();
+    const bool same =
+        pattern.front() == QLatin1Char('_') || pattern.front().toCaseFolded() == text.front().toCaseFolded();
     return same && Like(text.mid(1), pattern.mid(1));
 }
 
@@ -120,16 +121,13 @@ QString DivisionMark(const DivisionFacts& facts, SubjectDisplay display)
 QString DivisionRefusal(const QString& item)
 {
     switch (item.isEmpty() ? u' ' : item.front().unicode()) {
-    case u'.':
-        return QStringLiteral("Student Admission Entry Is Not Made In This Division");
+    case u'.': return QStringLiteral("Student Admission Entry Is Not Made In This Division");
     case u'$':
-        return QStringLiteral("'Classwise Mark Entry' Is Not Fully Completed For Student(s) In This Division");
-    case u'*':
-        return QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For This Division");
-    case u'#':
-        return QStringLiteral("'Classwise Rank-Grade Setup' Is Not Made For This Division");
-    default:
-        return {};
+        return QStringLiteral(
+            "'Classwise Mark Entry' Is Not Fully Completed For Student(s) In This Division");
+    case u'*': return QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For This Division");
+    case u'#': return QStringLiteral("'Classwise Rank-Grade Setup' Is Not Made For This Division");
+    default: return {};
     }
 }
 
@@ -157,7 +155,8 @@ MatchResult CheckSubjectMatch(const std::vector<SubjectSetup>& setup, const std:
         const bool agrees = std::all_of(expected.begin(), expected.end(), [&](const SubjectSetup& wanted) {
             return std::any_of(setup.begin(), setup.end(), [&](const SubjectSetup& subject) {
                 return subject.divisionCode == division && (all || subject.takenForRank) &&
-                       subject.subjectCode == wanted.subjectCode && subject.maximumMark == wanted.maximumMark &&
+                       subject.subjectCode == wanted.subjectCode &&
+                       subject.maximumMark == wanted.maximumMark &&
                        subject.maximumAllowed == wanted.maximumAllowed;
             });
         });
@@ -170,7 +169,8 @@ MatchResult CheckSubjectMatch(const std::vector<SubjectSetup>& setup, const std:
     return ticks.Result();
 }
 
-MatchResult CheckGradeMatch(const std::vector<GradeBand>& bands, const std::vector<int>& ticked, MatchBase& base)
+MatchResult CheckGradeMatch(const std::vector<GradeBand>& bands, const std::vector<int>& ticked,
+                            MatchBase& base)
 {
     if (ticked.empty())
         return {};

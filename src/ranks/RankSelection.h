@@ -10,11 +10,11 @@ namespace tally {
 struct DivisionFacts
 {
     RankDivision division;
-    int students = 0;                    ///< in the year, relieved ones too
-    int subjects = 0;                    ///< set up for the division
+    int students = 0; ///< in the year, relieved ones too
+    int subjects = 0; ///< set up for the division
     int subjectsTakenForRank = 0;
-    int gradeBands = 0;                  ///< of the chosen exam
-    int completeSubjects = 0;            ///< with exactly one mark for each student
+    int gradeBands = 0;       ///< of the chosen exam
+    int completeSubjects = 0; ///< with exactly one mark for each student
     int completeSubjectsTakenForRank = 0;
 };
 
@@ -24,12 +24,15 @@ bool CheckGradesExist(const DivisionFacts& facts);
 /// Every subject that counts under `display` has exactly as many marks as the division has students.
 bool CheckMarksComplete(const DivisionFacts& facts, SubjectDisplay display);
 
-/// The two characters that stand before the division's name: ". ", "* ", "# ", "$ ", or two blanks when ready.
+/// The two characters that stand before the division's name: ". ", "* ", "# ", "$ ", or two blanks when
+/// ready.
 QString DivisionMark(const DivisionFacts& facts, SubjectDisplay display);
-/// Why a division with this mark cannot be ticked; empty for a ready one. `item` is the list item's whole text.
+/// Why a division with this mark cannot be ticked; empty for a ready one. `item` is the list item's whole
+/// text.
 QString DivisionRefusal(const QString& item);
 
-/// The division that the others are compared with. It stays between two checks until the selection starts anew.
+/// The division that the others are compared with. It stays between two checks until the selection starts
+/// anew.
 struct MatchBase
 {
     bool set = false;
@@ -42,14 +45,16 @@ struct MatchResult
     std::vector<int> untick; ///< codes of the divisions whose ticks must go, each once
 };
 
-/// Whether the ticked divisions (codes in list order) agree with the base in number of subjects, in subjects and
-/// in both maximum marks. `setup` holds the rows of the whole class. A base that is not set becomes the first
-/// ticked division. A base without subjects unticks every division without being called a mismatch.
+/// Whether the ticked divisions (codes in list order) agree with the base in number of subjects, in subjects
+/// and in both maximum marks. `setup` holds the rows of the whole class. A base that is not set becomes the
+/// first ticked division. A base without subjects unticks every division without being called a mismatch.
 MatchResult CheckSubjectMatch(const std::vector<SubjectSetup>& setup, const std::vector<int>& ticked,
                               SubjectDisplay display, MatchBase& base);
 
-/// Whether each ticked division's grade table holds all bands of the base's; it may hold more. `bands` are those of
-/// the chosen exam for the whole class. A base without bands is unticked without being called a mismatch.
-MatchResult CheckGradeMatch(const std::vector<GradeBand>& bands, const std::vector<int>& ticked, MatchBase& base);
+/// Whether each ticked division's grade table holds all bands of the base's; it may hold more. `bands` are
+/// those of the chosen exam for the whole class. A base without bands is unticked without being called a
+/// mismatch.
+MatchResult CheckGradeMatch(const std::vector<GradeBand>& bands, const std::vector<int>& ticked,
+                            MatchBase& base);
 
 } // namespace tally

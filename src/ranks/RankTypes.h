@@ -58,7 +58,8 @@ struct GradeBand
     double totalAverage = 0; ///< percent
     double subjectAverage = 0;
     QString grade;
-    double upperSubjectAverage = 0; ///< filled by LoadGradeTable: the next band's SubjectAverage minus 1, or 100
+    double upperSubjectAverage =
+        0; ///< filled by LoadGradeTable: the next band's SubjectAverage minus 1, or 100
 };
 
 } // namespace tally

@@ -45,7 +45,8 @@ private:
 
 } // namespace
 
-RankView::RankView(std::vector<RankSubject> subjects, TempRankTable table, SubjectDisplay display, bool plainAverage)
+RankView::RankView(std::vector<RankSubject> subjects, TempRankTable table, SubjectDisplay display,
+                   bool plainAverage)
     : subjects_(std::move(subjects)), table_(std::move(table)), display_(display), plainAverage_(plainAverage)
 {
     const QLatin1String failed("Fail");
@@ -110,27 +111,18 @@ QString RankView::HeadText(int column) const
     if (IsSubject(column))
         return SubjectAt(column).shortName;
     switch (column) {
-    case 1:
-        return QStringLiteral("Adm.No.");
-    case 2:
-        return QStringLiteral("Class");
-    case 3:
-        return QStringLiteral("Division");
-    default:
-        break;
+    case 1: return QStringLiteral("Adm.No.");
+    case 2: return QStringLiteral("Class");
+    case 3: return QStringLiteral("Division");
+    default: break;
     }
     switch (Cols() - column) {
     case TotalFromEnd:
-    case RankTotalFromEnd:
-        return QStringLiteral("Total");
-    case AverageFromEnd:
-        return QStringLiteral("Average");
-    case RankFromEnd:
-        return QStringLiteral("Rank");
-    case GradeFromEnd:
-        return QStringLiteral("Grade");
-    default:
-        return {};
+    case RankTotalFromEnd: return QStringLiteral("Total");
+    case AverageFromEnd: return QStringLiteral("Average");
+    case RankFromEnd: return QStringLiteral("Rank");
+    case GradeFromEnd: return QStringLiteral("Grade");
+    default: return {};
     }
 }
 
@@ -140,32 +132,21 @@ QString RankView::StudentText(int student, int column) const
         return MarkAt(student, column).text;
     const TempRankRow& row = table_.rows[static_cast<std::size_t>(student)];
     switch (column) {
-    case 0:
-        return row.studentName;
-    case 1:
-        return row.admissionNo;
-    case 2:
-        return table_.texts[row.className];
-    case 3:
-        return table_.texts[row.division];
-    case DivisionCodeColumn:
-        return QString::number(row.divisionCode);
-    default:
-        break;
+    case 0: return row.studentName;
+    case 1: return row.admissionNo;
+    case 2: return table_.texts[row.className];
+    case 3: return table_.texts[row.division];
+    case DivisionCodeColumn: return QString::number(row.divisionCode);
+    default: break;
     }
     switch (Cols() - column) {
-    case TotalFromEnd:
-        return PlainNumber(row.total);
-    case RankTotalFromEnd:
-        return PlainNumber(row.rankTotal);
-    case AverageFromEnd:
-        return plainAverage_ ? PlainNumber(row.average) : Format2(row.average);
-    case RankFromEnd:
-        return row.rank == NoRank ? QString() : QString::number(row.rank);
+    case TotalFromEnd: return PlainNumber(row.total);
+    case RankTotalFromEnd: return PlainNumber(row.rankTotal);
+    case AverageFromEnd: return plainAverage_ ? PlainNumber(row.average) : Format2(row.average);
+    case RankFromEnd: return row.rank == NoRank ? QString() : QString::number(row.rank);
     case GradeFromEnd:
         return absent_[static_cast<std::size_t>(student)] ? QString() : table_.texts[row.grade];
-    default:
-        return {};
+    default: return {};
     }
 }
 
@@ -183,7 +164,8 @@ QString RankView::Text(int row, int column) const
     if (column == 0)
         return QStringLiteral("Average");
     const int average = column - FirstSubjectColumn;
-    return average >= 0 && average <= SubjectCount() ? averages_[static_cast<std::size_t>(average)] : QString();
+    return average >= 0 && average <= SubjectCount() ? averages_[static_cast<std::size_t>(average)]
+                                                     : QString();
 }
 
 CellFlag RankView::Flag(int row, int column) const
@@ -205,8 +187,9 @@ bool RankView::ColumnHidden(int column) const
     return column == Cols() - TotalFromEnd || (IsSubject(column) && !SubjectAt(column).takenForRank);
 }
 
-RankView ShowRankList(RankRepository& repository, const RankScope& scope, const std::vector<int>& divisionCodes,
-                      const std::vector<RankSubject>& subjects, RankOrder order, SubjectDisplay display)
+RankView ShowRankList(RankRepository& repository, const RankScope& scope,
+                      const std::vector<int>& divisionCodes, const std::vector<RankSubject>& subjects,
+                      RankOrder order, SubjectDisplay display)
 {
     TempRankTable table = repository.LoadTempRankCalculation(order, divisionCodes);
     if (order != RankOrder::Grade)
@@ -256,15 +239,19 @@ std::vector<GradeSummaryRow> LoadGradeSummary(const RankView& view, const std::v
     int graded = 0;
     for (std::size_t number = 0; number < grades.size(); ++number) {
         graded += counts[number];
-        summary.push_back({QStringLiteral("No. Of '%1' Grades").arg(grades[number]), {},
-                           QString::number(counts[number]), grades[number]});
+        summary.push_back({QStringLiteral("No. Of '%1' Grades").arg(grades[number]),
+                           {},
+                           QString::number(counts[number]),
+                           grades[number]});
     }
     summary.push_back({QStringLiteral("TOTAL"), {}, QString::number(graded), {}});
     summary.push_back({QStringLiteral("ABSENTEE"), {}, QString::number(withoutGrade), {}});
-    summary.push_back({{}, {}, QString::number(graded + withoutGrade), {}});
+    summary.push_back({QString(), {}, QString::number(graded + withoutGrade), {}});
     for (const DivisionFullMark& division : fullMarks) {
         summary.push_back({QStringLiteral("Full Mark For ") + className + division.divisionItem,
-                           division.fullMark ? PlainNumber(*division.fullMark) : QString(), {}, {}});
+                           division.fullMark ? PlainNumber(*division.fullMark) : QString(),
+                           {},
+                           {}});
     }
     return summary;
 }

@@ -8,16 +8,17 @@
 
 namespace tally {
 
-/// A rank list in the order the user picked, in the rows and columns of the grid that shows it: row 0 the heads,
-/// row 1 the subject codes (hidden), students from row 2, a blank row, the "Average" row, a spare row.
-/// Columns: name, admission number, class, division, division code (hidden), the subjects, the total of all subjects,
-/// the total of those taken for rank (of the two one is hidden), average, rank, grade.
+/// A rank list in the order the user picked, in the rows and columns of the grid that shows it: row 0 the
+/// heads, row 1 the subject codes (hidden), students from row 2, a blank row, the "Average" row, a spare row.
+/// Columns: name, admission number, class, division, division code (hidden), the subjects, the total of all
+/// subjects, the total of those taken for rank (of the two one is hidden), average, rank, grade.
 class RankView
 {
 public:
-    /// `table` holds the rows in the order to show. `plainAverage` leaves the averages as they are stored instead of
-    /// writing two decimals.
-    RankView(std::vector<RankSubject> subjects, TempRankTable table, SubjectDisplay display, bool plainAverage);
+    /// `table` holds the rows in the order to show. `plainAverage` leaves the averages as they are stored
+    /// instead of writing two decimals.
+    RankView(std::vector<RankSubject> subjects, TempRankTable table, SubjectDisplay display,
+             bool plainAverage);
 
     int Rows() const;
     int Cols() const { return FirstSubjectColumn + SubjectCount() + 5; }
@@ -51,17 +52,19 @@ private:
 
     std::vector<RankSubject> subjects_;
     TempRankTable table_;
-    std::vector<Mark> marks_;      ///< one per different text of table_
-    std::vector<bool> absent_;     ///< per student
+    std::vector<Mark> marks_;       ///< one per different text of table_
+    std::vector<bool> absent_;      ///< per student
     std::vector<QString> averages_; ///< from FirstSubjectColumn on
     SubjectDisplay display_;
     bool plainAverage_;
 };
 
-/// Reads TempRankCalculation for the divisions ticked, in the order picked. The grade order leaves out students whose
-/// grade is not in a grade table, absent ones among them, and lists those twice whose grade stands at two positions.
-RankView ShowRankList(RankRepository& repository, const RankScope& scope, const std::vector<int>& divisionCodes,
-                      const std::vector<RankSubject>& subjects, RankOrder order, SubjectDisplay display);
+/// Reads TempRankCalculation for the divisions ticked, in the order picked. The grade order leaves out
+/// students whose grade is not in a grade table, absent ones among them, and lists those twice whose grade
+/// stands at two positions.
+RankView ShowRankList(RankRepository& repository, const RankScope& scope,
+                      const std::vector<int>& divisionCodes, const std::vector<RankSubject>& subjects,
+                      RankOrder order, SubjectDisplay display);
 
 /// The full marks of one division; no value where no subject is taken for rank.
 struct DivisionFullMark
@@ -73,7 +76,8 @@ struct DivisionFullMark
 /// One row of the summary panel, texts of its columns 0 to 3.
 using GradeSummaryRow = std::array<QString, 4>;
 
-/// Counts the students of the view by grade, those without one, and the full marks, from the panel's row 1 on.
+/// Counts the students of the view by grade, those without one, and the full marks, from the panel's row 1
+/// on.
 std::vector<GradeSummaryRow> LoadGradeSummary(const RankView& view, const std::vector<QString>& grades,
                                               const QString& className,
                                               const std::vector<DivisionFullMark>& fullMarks);

@@ -107,11 +107,9 @@ void frmRankCalculation::BuildSummaryPanel()
 void frmRankCalculation::ShowDivisionKey()
 {
     // Each sign stands between the brackets of its note, as it will stand before a division's name.
-    const int inside = fontMetrics().horizontalAdvance(QStringLiteral("[ ")) + 1;
-    for (QLabel* sign : {ui_->lblMark1, ui_->lblMark2, ui_->lblMark3, ui_->lblMark4}) {
-        sign->setIndent(inside);
-        sign->setAttribute(Qt::WA_TransparentForMouseEvents);
-    }
+    const int brackets = fontMetrics().horizontalAdvance(QStringLiteral("[   ]"));
+    for (QLabel* sign : {ui_->lblMark1, ui_->lblMark2, ui_->lblMark3, ui_->lblMark4})
+        sign->setFixedWidth(brackets);
     const QString paint = QStringLiteral("background: %1; color: black; border: 1px solid gray;");
     ui_->lblFailed->setStyleSheet(paint.arg(CellColor(CellMark::FailedOrAbsent).name()) +
                                   QStringLiteral("font-weight: bold;"));
@@ -500,6 +498,12 @@ void frmRankCalculation::DropTempTable()
         // The table is working space: another client may have dropped it, and the next run drops what is
         // left.
     }
+}
+
+QSize frmRankCalculation::sizeHint() const
+{
+    // As much of a long and wide list as most displays can show; a smaller one bounds it.
+    return {1000, 660};
 }
 
 QString frmRankCalculation::ExitCaption() const

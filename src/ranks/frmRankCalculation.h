@@ -28,6 +28,8 @@ public:
     frmRankCalculation();
     ~frmRankCalculation() override;
 
+    QSize sizeHint() const override;
+
 protected:
     QString ExitCaption() const override;
     void Form_Unload() override;

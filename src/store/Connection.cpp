@@ -5,6 +5,10 @@
 #include <QDir>
 #include <QFileInfo>
 
+// The header shows the functions of the cipher only to a file that says it wants them.
+#ifndef SQLITE_HAS_CODEC
+#define SQLITE_HAS_CODEC
+#endif
 #include <sqlcipher/sqlite3.h>
 
 namespace tally::store {
@@ -57,7 +61,8 @@ Connection Connection::InMemory()
 void Connection::Open(const QByteArray& name, int flags)
 {
     sqlite3* engine = nullptr;
-    const int result = sqlite3_open_v2(name.constData(), &engine, flags, nullptr);
+    // One thread uses a connection, so the engine need not guard it at every call.
+    const int result = sqlite3_open_v2(name.constData(), &engine, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     engine_.reset(engine);
     if (result != SQLITE_OK)
         throw StoreError(result, QString::fromUtf8(engine ? sqlite3_errmsg(engine) : sqlite3_errstr(result)));

@@ -58,6 +58,8 @@ public:
     double Double(int column) const;
     /// Null reads as the empty text.
     QString Text(int column) const;
+    /// A text column without making a string of it; valid until the next row. Null reads as empty.
+    std::string_view Utf8(int column) const;
     /// The first character's code of a text column, without making a string of it; 0 when empty or Null.
     char FirstLetter(int column) const;
     /// Null and any text that is not an ISO date read as an invalid date.

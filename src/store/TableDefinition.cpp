@@ -61,8 +61,9 @@ Column Memo(const char* name)
 
 Column Date(const char* name)
 {
+    // Adding no days carries a 30th of February over into March, where it no longer equals what was written.
     return {QLatin1String(name), QStringLiteral("VARCHAR(10)"),
-            QStringLiteral("%1 IS date(%1)").arg(QLatin1String(name))};
+            QStringLiteral("%1 IS date(%1, '+0 days')").arg(QLatin1String(name))};
 }
 
 void CreateTable(Transaction& transaction, const char* name, std::initializer_list<Column> columns,

@@ -8,8 +8,8 @@
 
 namespace tally::store {
 
-/// One column of a table to be created. Text compares without case, as the office expects of names and numbers;
-/// every stated width, list of letters, range and date is held by the store itself.
+/// One column of a table to be created. Text compares without case, as the office expects of names and
+/// numbers; every stated width, list of letters, range and date is held by the store itself.
 class Column
 {
 public:
@@ -44,8 +44,8 @@ Column Memo(const char* name);
 /// An ISO date or Null.
 Column Date(const char* name);
 
-/// `constraints` are those of the table as a whole, in SQL. A table with a key over several columns is stored in
-/// the order of that key, so that reading one class-division is one run of neighbouring pages.
+/// `constraints` are those of the table as a whole, in SQL. A table with a key over several columns is stored
+/// in the order of that key, so that reading one class-division is one run of neighbouring pages.
 void CreateTable(Transaction& transaction, const char* name, std::initializer_list<Column> columns,
                  std::initializer_list<const char*> constraints = {});
 

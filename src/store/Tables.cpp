@@ -245,12 +245,12 @@ void CreateStudentsAndMarks(Transaction& transaction)
 // clang-format on
 
 /// The keys of the tables of marks and ranks begin with class and division, so they serve the lists of a
-/// class-division and the refusal to delete one. What is left are the ways in by class within a year, by student,
-/// and from the small masters whose deletes must look for users of the row.
+/// class-division and the refusal to delete one. What is left are the ways in by class within a year, by
+/// student, and from the small masters whose deletes must look for users of the row.
 void CreateIndexes(Transaction& transaction)
 {
     const char* const indexes[] = {
-        "ClassStudents ON StudentClassDivision (ClassCode, DivisionCode, AcademicYearCode, StudentCode, Status)",
+        "ClassStudents ON StudentClassDivision (ClassCode, DivisionCode, AcademicYearCode, Status)",
         "ClassGrades ON RankMaster (ClassCode, DivisionCode, AcademicYearCode, ExamCode, Status)",
         "StudentMarks ON MarkMaster (StudentCode, AcademicYearCode)",
         "StudentRanks ON TempRankTotal (StudentCode)",
@@ -298,7 +298,7 @@ void CreateHelpTables(Transaction& transaction)
 {
     CreateTable(transaction, "Tallyboarddetails", {
         Long("Scrno").Key(),
-        Text("ScreenName", 50),
+        Text("ScreenName", 100),
         Memo("Details")});
 }
 

@@ -14,6 +14,7 @@ constexpr int CodeRole = Qt::UserRole;
 CheckList::CheckList(QWidget* parent) : QListWidget(parent)
 {
     setUniformItemSizes(true);
+    setSpacing(2);
     connect(this, &QListWidget::itemChanged, this,
             [this](QListWidgetItem* item) { Q_EMIT Ticked(row(item), item->checkState() == Qt::Checked); });
 }

@@ -58,7 +58,7 @@ QPalette PaletteOf(const Shades& shades)
     return palette;
 }
 
-/// The focus is always visible, group titles stand out, and the head of a grid is calm.
+/// The focus is always visible, group titles stand out, the head of a grid is calm, and passwords show as "*".
 QString StyleSheetOf(const Shades& shades)
 {
     return QStringLiteral(
@@ -66,11 +66,13 @@ QString StyleSheetOf(const Shades& shades)
                " margin-top: 1.1ex; padding-top: 0.8ex; }"
                "QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: %1; }"
                "QPushButton { padding: 4px 10px; min-height: 1.4em; }"
-               "QPushButton:focus { border: 2px solid %1; border-radius: 4px; padding: 3px 9px; }"
+               "QPushButton:focus { background: palette(button); border: 2px solid %1; border-radius: 4px;"
+               " padding: 3px 9px; }"
                "QHeaderView::section { background: palette(window); border: none;"
                " border-bottom: 1px solid palette(mid); border-right: 1px solid palette(midlight);"
                " padding: 4px 6px; font-weight: 600; }"
                "QTableView { gridline-color: palette(midlight); }"
+               "QLineEdit { lineedit-password-character: 42; }"
                "QStatusBar::item { border: none; }")
         .arg(QColor(shades.accent).name());
 }

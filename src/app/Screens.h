@@ -1,0 +1,8 @@
+#pragma once
+
+namespace tally {
+
+/// Makes every screen of the program known by its form name, and the embedded pictures and icons readable.
+void RegisterScreens();
+
+} // namespace tally

@@ -1,0 +1,33 @@
+#include "app/Screens.h"
+#include "core/frmSplash.h"
+#include "core/look/Look.h"
+#include "core/mdiTallyboard.h"
+#include "core/Prompts.h"
+#include "core/SessionContext.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv)
+{
+    using namespace tally;
+
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(ApplicationTitle);
+    // Only Close, Quit and a refused start end the program, never a window that happens to be the last.
+    QApplication::setQuitOnLastWindowClosed(false);
+    ApplyLook(application);
+    RegisterScreens();
+    QApplication::setWindowIcon(LookIcon(QStringLiteral("app")));
+
+    int result = 0;
+    {
+        frmSplash splash(QApplication::applicationFilePath());
+        if (splash.Form_Load())
+            splash.show();
+        result = QApplication::exec();
+    }
+    delete mdiTallyboard::Instance();
+    Session().gcnnTemp.reset();
+    Session().gcnnMain.reset();
+    return result;
+}

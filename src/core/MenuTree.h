@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+#include <functional>
+#include <span>
+
+class QAction;
+class QMenuBar;
+
+namespace tally {
+
+enum class MenuKind
+{
+    Group,
+    Entry,
+    Separator,
+};
+
+/// One line of the main window's menus.
+struct MenuDefinition
+{
+    const char* name;    ///< "mnu" and the form's or group's name: so privileges find it
+    const char* caption; ///< with its blanks, which space the menu bar
+    MenuKind kind;
+    const char* parent; ///< the group it stands in; empty on the menu bar itself
+    bool startsOn;      ///< on from the start, whatever the user's rights
+    const char* opens;  ///< the screen; empty for groups and for what the main window does itself
+};
+
+/// All lines, in their order on the screen.
+std::span<const MenuDefinition> MenuDefinitions();
+
+/// Fills the menu bar. `open` gets the screen's name of a chosen entry. Gives every line's action by its name,
+/// for a group the action that opens it; entries of screens that the program does not have are off.
+QHash<QString, QAction*> BuildMenus(QMenuBar* bar, const std::function<void(const QString& screen)>& open);
+
+/// Whether the entry leads anywhere in this program. Groups do.
+bool LeadsSomewhere(const QAction* entry);
+
+} // namespace tally

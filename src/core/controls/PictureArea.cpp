@@ -1,0 +1,45 @@
+#include "core/controls/PictureArea.h"
+
+#include <QPainter>
+#include <QPaintEvent>
+
+namespace tally {
+
+PictureArea::PictureArea(QWidget* parent) : QMdiArea(parent)
+{
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+}
+
+void PictureArea::SetPicture(const QPixmap& picture)
+{
+    picture_ = picture;
+    scaled_ = QPixmap();
+    viewport()->update();
+}
+
+void PictureArea::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(viewport());
+    if (picture_.isNull())
+        painter.fillRect(event->rect(), palette().window());
+    else
+        painter.drawPixmap(0, 0, Scaled());
+}
+
+const QPixmap& PictureArea::Scaled()
+{
+    const qreal ratio = devicePixelRatioF();
+    const QSize wanted = viewport()->size() * ratio;
+    if (scaled_.size() != wanted) {
+        const QPixmap covering =
+            picture_.scaled(wanted, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+        scaled_ = covering.copy(QRect(QPoint((covering.width() - wanted.width()) / 2,
+                                             (covering.height() - wanted.height()) / 2),
+                                      wanted));
+        scaled_.setDevicePixelRatio(ratio);
+    }
+    return scaled_;
+}
+
+} // namespace tally

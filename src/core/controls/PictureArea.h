@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QMdiArea>
+#include <QPixmap>
+
+namespace tally {
+
+/// The area of the child windows with a picture behind them, scaled to cover it. Without a picture it shows the
+/// palette's window colour.
+class PictureArea : public QMdiArea
+{
+    Q_OBJECT
+
+public:
+    explicit PictureArea(QWidget* parent = nullptr);
+
+    /// A null pixmap means no picture.
+    void SetPicture(const QPixmap& picture);
+    const QPixmap& Picture() const { return picture_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const QPixmap& Scaled();
+
+    QPixmap picture_;
+    QPixmap scaled_; ///< the picture at the size of the last painting
+};
+
+} // namespace tally

@@ -1,0 +1,105 @@
+#include "core/frmSplash.h"
+
+#include "core/DatabasePassword.h"
+#include "core/frmStartLogin.h"
+#include "core/ProcessEnd.h"
+#include "core/ProgramFolder.h"
+#include "core/Prompts.h"
+#include "core/SessionContext.h"
+#include "core/TempFolder.h"
+
+#include "store/StoreError.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+#include <QTimer>
+
+#include "ui_frmSplash.h"
+
+namespace tally {
+
+namespace {
+
+/// 12000 by 9000 twips, 15 to the pixel.
+constexpr QSize MovieSize(800, 600);
+
+} // namespace
+
+frmSplash::frmSplash(const QString& executable)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), ui_(std::make_unique<Ui::frmSplash>()),
+      singleCopy_(executable)
+{
+    ui_->setupUi(this);
+    ui_->swfSplash->AddButton(QStringLiteral("cmdEnter"), QStringLiteral("&Enter"), QStringLiteral("quit"),
+                              QStringLiteral("enter"));
+    ui_->swfSplash->AddButton(QStringLiteral("cmdQuit"), QStringLiteral("&Quit"), QStringLiteral("quit"),
+                              QStringLiteral("true"));
+    connect(ui_->swfSplash, &MovieView::FSCommand, this, &frmSplash::swfSplash_FSCommand);
+    const QRect room = screen()->availableGeometry();
+    resize(MovieSize.boundedTo(room.size()));
+    move(room.center() - rect().center());
+}
+
+frmSplash::~frmSplash() = default;
+
+bool frmSplash::Form_Load()
+{
+    if (!singleCopy_.AnotherIsRunning())
+        return true;
+    Prompts::Information(QStringLiteral("Tally Board Is Already Opened"));
+    EndProcess();
+    return false;
+}
+
+void frmSplash::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    ui_->swfSplash->resize(MovieSize);
+    ui_->swfSplash->move((width() - MovieSize.width()) / 2, (height() - MovieSize.height()) / 2);
+    // The window comes up before the disk is touched.
+    QTimer::singleShot(0, this, &frmSplash::Form_Activate);
+}
+
+void frmSplash::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    EndProcess();
+}
+
+void frmSplash::Form_Activate()
+{
+    CreateTempFolder();
+    ui_->swfSplash->SetMovie(ExtractResource(1006, Session().gstrTempPath, QStringLiteral("swf")));
+}
+
+void frmSplash::swfSplash_FSCommand(const QString& command, const QString& argument)
+{
+    if (command != QLatin1String("quit"))
+        return;
+    if (argument == QLatin1String("true"))
+        EndProcess();
+    else if (argument == QLatin1String("enter"))
+        OpenConnections();
+}
+
+void frmSplash::OpenConnections()
+{
+    SessionContext& session = Session();
+    try {
+        BuildDatabasePassword(session);
+        const QString password = DatabasePassword(session);
+        session.gcnnMain =
+            std::make_unique<store::Connection>(ProgramFile(QStringLiteral("Tallyboard.mdb")), password);
+        session.gcnnTemp =
+            std::make_unique<store::Connection>(ProgramFile(QStringLiteral("TempTallyboard.mdb")), password);
+    } catch (const store::StoreError& error) {
+        session.gcnnMain.reset();
+        session.gcnnTemp.reset();
+        Prompts::Critical(error.Description());
+        return;
+    }
+    frmStartLogin::Open();
+    hide();
+}
+
+} // namespace tally

@@ -1,0 +1,101 @@
+#include "core/frmStartLock.h"
+
+#include "core/frmStartUnlock.h"
+#include "core/look/Look.h"
+#include "core/ProcessEnd.h"
+#include "core/Prompts.h"
+
+#include <QBitmap>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "ui_frmStartLock.h"
+
+namespace tally {
+
+namespace {
+
+constexpr int CornerRadius = 10;
+
+/// A padlock in the colour of the text.
+QPixmap Padlock(const QPalette& palette, qreal ratio)
+{
+    constexpr int Side = 40;
+    QPixmap picture(QSize(Side, Side) * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette.color(QPalette::WindowText), 4));
+    painter.drawArc(QRectF(11, 4, 18, 26), 0, 180 * 16);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette.highlight());
+    painter.drawRoundedRect(QRectF(5, 17, 30, 21), 4, 4);
+    painter.setBrush(palette.highlightedText());
+    painter.drawEllipse(QPointF(20, 25), 3, 3);
+    painter.drawRect(QRectF(18.5, 26, 3, 7));
+    return picture;
+}
+
+} // namespace
+
+void frmStartLock::Lock(QWidget* mainWindow)
+{
+    if (!mainWindow->findChild<frmStartLock*>())
+        (new frmStartLock(mainWindow))->show();
+}
+
+frmStartLock::frmStartLock(QWidget* mainWindow)
+    : QDialog(mainWindow, Qt::Dialog | Qt::FramelessWindowHint), ui_(std::make_unique<Ui::frmStartLock>())
+{
+    ui_->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowModality(Qt::ApplicationModal);
+    ui_->Image1->setPixmap(Padlock(palette(), devicePixelRatioF()));
+    adjustSize();
+    move(mainWindow->geometry().center() - rect().center());
+}
+
+frmStartLock::~frmStartLock() = default;
+
+void frmStartLock::keyPressEvent(QKeyEvent* event)
+{
+    event->accept();
+    if (event->key() == Qt::Key_F10)
+        AskForUnlocking();
+    else if (event->key() == Qt::Key_Escape &&
+             Prompts::Ask(QStringLiteral("Do You Want To Close 'KITE - Tally Board' ?")))
+        EndProcess();
+}
+
+void frmStartLock::closeEvent(QCloseEvent* event)
+{
+    event->setAccepted(unlocked_);
+}
+
+void frmStartLock::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    QBitmap shape(size());
+    shape.fill(Qt::color0);
+    QPainter painter(&shape);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(rect().adjusted(0, 0, -1, -1), CornerRadius, CornerRadius);
+    painter.end();
+    setMask(shape);
+}
+
+void frmStartLock::AskForUnlocking()
+{
+    auto* unlock = new frmStartUnlock(this);
+    connect(unlock, &frmStartUnlock::Unlocked, this, &frmStartLock::Unload);
+    unlock->show();
+}
+
+void frmStartLock::Unload()
+{
+    unlocked_ = true;
+    close();
+}
+
+} // namespace tally

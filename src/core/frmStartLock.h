@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class frmStartLock;
+}
+
+namespace tally {
+
+/// Lies over everything while the clerk is away. F10 asks for the login; Esc offers to end the program.
+class frmStartLock : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// Locks the program until the user of this session unlocks it. A locked program stays as it is.
+    static void Lock(QWidget* mainWindow);
+    ~frmStartLock() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    explicit frmStartLock(QWidget* mainWindow);
+    void AskForUnlocking();
+    void Unload();
+
+    std::unique_ptr<Ui::frmStartLock> ui_;
+    bool unlocked_ = false;
+};
+
+} // namespace tally

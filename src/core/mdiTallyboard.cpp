@@ -1,0 +1,261 @@
+#include "core/mdiTallyboard.h"
+
+#include "core/frmStartLock.h"
+#include "core/look/Look.h"
+#include "core/MenuTree.h"
+#include "core/modTallyboard.h"
+#include "core/modTallyboardForms.h"
+#include "core/OptionFlags.h"
+#include "core/ProcessEnd.h"
+#include "core/Prompts.h"
+#include "core/ScreenRegistry.h"
+#include "core/SessionContext.h"
+#include "core/SessionRepository.h"
+#include "core/TempFolder.h"
+
+#include "store/StoreError.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QScreen>
+#include <QScopedValueRollback>
+#include <QStatusBar>
+#include <QTimer>
+
+#include "ui_mdiTallyboard.h"
+
+namespace tally {
+
+namespace {
+
+mdiTallyboard* instance = nullptr;
+
+/// The blanks keep the title clear of the buttons in the title bar.
+const QString WindowCaption = ApplicationTitle + QString(20, QLatin1Char(' '));
+
+QString AcademicYearText()
+{
+    const SessionContext& session = Session();
+    const QString label = QStringLiteral("Academic Year : ");
+    return session.gintYearFrom < 1
+               ? label
+               : label + QStringLiteral("%1-%2").arg(session.gintYearFrom).arg(session.gintYearTo);
+}
+
+void ReadOptions()
+{
+    const auto options = SessionRepository(*Session().gcnnMain).Options();
+    if (!options)
+        return;
+    if (const auto& limit = options->dateOfBirthSetting)
+        Session().gvarDefaultDOB =
+            limit->isEmpty() ? QStringLiteral("Null") : ShownDate(QDate::fromString(*limit, Qt::ISODate));
+    TakeOptionFlags(*options);
+}
+
+/// While it lives, a statement on `connection` gives up at once when another client holds the file.
+class NoWaiting
+{
+public:
+    explicit NoWaiting(store::Connection& connection) : connection_(connection)
+    {
+        connection_.SetPatience(std::chrono::milliseconds(0));
+    }
+    NoWaiting(const NoWaiting&) = delete;
+    NoWaiting& operator=(const NoWaiting&) = delete;
+    ~NoWaiting() { connection_.SetPatience(store::Connection::DefaultPatience); }
+
+private:
+    store::Connection& connection_;
+};
+
+} // namespace
+
+mdiTallyboard* mdiTallyboard::Instance()
+{
+    return instance;
+}
+
+mdiTallyboard* mdiTallyboard::Load()
+{
+    if (instance)
+        return instance;
+    instance = new mdiTallyboard;
+    if (!instance->Form_Load())
+        delete instance;
+    return instance;
+}
+
+mdiTallyboard::mdiTallyboard() : ui_(std::make_unique<Ui::mdiTallyboard>()), tmrTimer_(new QTimer(this))
+{
+    ui_->setupUi(this);
+    setCentralWidget(ui_->Area);
+    setWindowTitle(WindowCaption);
+    setMinimumSize(640, 440);
+    resize(screen()->availableSize());
+    setWindowState(Qt::WindowMaximized);
+
+    menuItems_ = BuildMenus(ui_->MenuBar, &ShowForm);
+    connect(MenuItem(QStringLiteral("mnuLock")), &QAction::triggered, this, [this] { frmStartLock::Lock(this); });
+    connect(MenuItem(QStringLiteral("mnuClose")), &QAction::triggered, this, &mdiTallyboard::mnuClose_Click);
+
+    for (QLabel*& panel : panels_) {
+        panel = new QLabel(ui_->StatusBar1);
+        panel->setTextFormat(Qt::PlainText);
+        panel->setContentsMargins(LookUnit, 0, LookUnit, 0);
+        ui_->StatusBar1->addWidget(panel);
+    }
+    panels_[2]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+
+    tmrTimer_->setObjectName(QStringLiteral("tmrTimer"));
+    tmrTimer_->setInterval(1000);
+    connect(tmrTimer_, &QTimer::timeout, this, &mdiTallyboard::tmrTimer_Timer);
+}
+
+mdiTallyboard::~mdiTallyboard()
+{
+    if (instance == this)
+        instance = nullptr;
+}
+
+QMdiArea* mdiTallyboard::Area() const
+{
+    return ui_->Area;
+}
+
+QAction* mdiTallyboard::MenuItem(const QString& name) const
+{
+    return menuItems_.value(name);
+}
+
+void mdiTallyboard::EnableMenuItem(const QString& name, bool enabled)
+{
+    if (QAction* item = MenuItem(name))
+        item->setEnabled(enabled && LeadsSomewhere(item));
+}
+
+void mdiTallyboard::ShowPicture(int resourceId)
+{
+    if (resourceId == shownPicture_)
+        return;
+    shownPicture_ = resourceId;
+    ui_->Area->SetPicture(
+        QPixmap(ExtractResource(resourceId, Session().gstrTempPath, QStringLiteral("jpg"))));
+}
+
+void mdiTallyboard::SetPanel(int number, const QString& text)
+{
+    panels_.at(static_cast<std::size_t>(number - 1))->setText(text);
+    SizePanels();
+}
+
+bool mdiTallyboard::Form_Load()
+{
+    try {
+        GetActiveAcademicYear();
+        ShowPicture(MainPicture());
+        ReadOptions();
+        LoadSchoolDetails();
+        LoadActiveAcademicYear();
+        LoadApplicationDate(Session().gintAcademicYearCode);
+        LoadOptions();
+
+        store::Transaction transaction(*Session().gcnnMain);
+        SessionRepository(*Session().gcnnMain).WriteStartRows(transaction, QDate::currentDate());
+        transaction.Commit();
+    } catch (const store::StoreError& error) {
+        Prompts::Critical(error.Description());
+        EndProcess();
+        return false;
+    }
+    tmrTimer_->start();
+    return true;
+}
+
+void mdiTallyboard::Form_Activate()
+{
+    const SessionContext& session = Session();
+    Session().gstrMainCaption = windowTitle();
+    SetPanel(1, AcademicYearText());
+    SetPanel(2, QStringLiteral("User Name : ") + session.gstrUserName + QStringLiteral("  "));
+    SetPanel(3, QStringLiteral("Application Date : ") + ShownDate(session.gdtmApplicationDate));
+
+    if (!session.gblnSchoolExists)
+        Force(QStringLiteral("frmMasSchoolSetup"));
+    else if (!session.gblnActiveYearExists)
+        Force(QStringLiteral("frmMasAcademicYearSetup"));
+}
+
+void mdiTallyboard::Force(const QString& formName)
+{
+    // A message box of the forced screen gives the activation back as well; the open screen keeps its focus then.
+    if (!ScreenRegistry::OpenInstance(formName))
+        ShowForm(formName);
+}
+
+void mdiTallyboard::tmrTimer_Timer()
+{
+    if (!Session().gcnnMain)
+        return;
+    store::Connection& connection = *Session().gcnnMain;
+    try {
+        const NoWaiting noWaiting(connection);
+        store::Transaction transaction(connection);
+        SessionRepository(connection).RefreshPresence(transaction);
+        transaction.Commit();
+    } catch (const store::StoreError& error) {
+        // Another client is saving just now; the next second will do. And one box at a time is enough to read.
+        if (error.IsLocked() || tickFailureShown_)
+            return;
+        const QScopedValueRollback shown(tickFailureShown_, true);
+        Prompts::Critical(error.Description());
+    }
+}
+
+void mdiTallyboard::mnuClose_Click()
+{
+    if (!Prompts::Ask(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?")))
+        return;
+    try {
+        store::Transaction transaction(*Session().gcnnMain);
+        SessionRepository(*Session().gcnnMain).RemovePresence(transaction);
+        transaction.Commit();
+    } catch (const store::StoreError& error) {
+        Prompts::Critical(error.Description());
+        return;
+    }
+    tmrTimer_->stop();
+    Session().gcnnMain.reset();
+    DeleteTempFolder();
+    EndProcess();
+}
+
+void mdiTallyboard::SizePanels()
+{
+    // 2750 twips of the width stay free for the size grip and for texts that are longer than their share.
+    constexpr int Free = 2750 / 15;
+    for (QLabel* panel : panels_)
+        panel->setFixedWidth(std::max((width() - Free) / 3, panel->sizeHint().width()));
+}
+
+void mdiTallyboard::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        Form_Activate();
+}
+
+void mdiTallyboard::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    Prompts::Information(QStringLiteral("If You Want To Close 'KITE-Tally Board', Click On The Close Menu"));
+}
+
+void mdiTallyboard::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    SizePanels();
+}
+
+} // namespace tally

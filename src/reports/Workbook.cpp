@@ -1,0 +1,175 @@
+#include "reports/Workbook.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <xlsxwriter.h>
+
+namespace tally {
+
+namespace {
+
+/// The most letters that a cell may hold.
+constexpr int LongestText = 32767;
+constexpr std::uint8_t A4 = 9;
+/// Grey, so that the lines lead the eye and the figures stand out.
+constexpr lxw_color_t LineColor = 0x808080;
+
+lxw_row_t AsRow(int row)
+{
+    return static_cast<lxw_row_t>(row);
+}
+
+lxw_col_t AsColumn(int column)
+{
+    return static_cast<lxw_col_t>(column);
+}
+
+std::uint8_t AsAlignment(CellStyle::Align align)
+{
+    switch (align) {
+    case CellStyle::Align::Left: return LXW_ALIGN_LEFT;
+    case CellStyle::Align::Center: return LXW_ALIGN_CENTER;
+    case CellStyle::Align::Right: return LXW_ALIGN_RIGHT;
+    }
+    return LXW_ALIGN_NONE;
+}
+
+void Check(lxw_error error)
+{
+    if (error != LXW_NO_ERROR)
+        throw WorkbookError(lxw_strerror(error));
+}
+
+} // namespace
+
+Workbook::Workbook(const QString& path, const QString& workFolder, const Properties& properties)
+{
+    QByteArray folder = QFile::encodeName(workFolder);
+    lxw_workbook_options options{};
+    options.constant_memory = LXW_TRUE;
+    options.tmpdir = folder.data();
+    book_.reset(workbook_new_opt(QFile::encodeName(path).constData(), &options));
+    if (book_)
+        sheet_ = workbook_add_worksheet(book_.get(), nullptr);
+    if (sheet_ == nullptr)
+        throw WorkbookError("The working file could not be made.");
+
+    QByteArray title = properties.title.toUtf8();
+    QByteArray subject = properties.subject.toUtf8();
+    QByteArray author = properties.author.toUtf8();
+    QByteArray company = properties.company.toUtf8();
+    lxw_doc_properties document{};
+    document.title = title.data();
+    document.subject = subject.data();
+    document.author = author.data();
+    document.company = company.data();
+    Check(workbook_set_properties(book_.get(), &document));
+}
+
+void Workbook::SetColumnWidth(int column, double width)
+{
+    Check(worksheet_set_column(sheet_, AsColumn(column), AsColumn(column), std::min(width, WidestColumn),
+                               nullptr));
+}
+
+void Workbook::SetRowHeight(int row, double height)
+{
+    Check(worksheet_set_row(sheet_, AsRow(row), height, nullptr));
+}
+
+void Workbook::WriteText(int row, int column, const QString& text, const CellStyle& style)
+{
+    if (text.isEmpty()) {
+        Check(worksheet_write_blank(sheet_, AsRow(row), AsColumn(column), Format(style)));
+        return;
+    }
+    Check(worksheet_write_string(sheet_, AsRow(row), AsColumn(column),
+                                 text.left(LongestText).toUtf8().constData(), Format(style)));
+}
+
+void Workbook::WriteNumber(int row, int column, double number, const CellStyle& style)
+{
+    Check(worksheet_write_number(sheet_, AsRow(row), AsColumn(column), number, Format(style)));
+}
+
+void Workbook::WriteMerged(int row, int firstColumn, int lastColumn, const QString& text,
+                           const CellStyle& style)
+{
+    Check(worksheet_merge_range(sheet_, AsRow(row), AsColumn(firstColumn), AsRow(row), AsColumn(lastColumn),
+                                text.left(LongestText).toUtf8().constData(), Format(style)));
+}
+
+void Workbook::FreezeRowsAbove(int row)
+{
+    worksheet_freeze_panes(sheet_, AsRow(row), 0);
+}
+
+void Workbook::AllowDigitTexts(int firstRow, int lastRow, int lastColumn)
+{
+    std::array<char, LXW_MAX_CELL_RANGE_LENGTH> range{};
+    lxw_rowcol_to_range(range.data(), AsRow(firstRow), 0, AsRow(lastRow), AsColumn(lastColumn));
+    Check(worksheet_ignore_errors(sheet_, LXW_IGNORE_NUMBER_STORED_AS_TEXT, range.data()));
+}
+
+void Workbook::SetUpPrint(const PrintSetup& setup)
+{
+    constexpr double Side = 0.5;
+    constexpr double Top = 0.6;
+    constexpr double Bottom = 0.75;
+    constexpr int LongestFooter = 200;
+
+    worksheet_set_paper(sheet_, A4);
+    if (setup.landscape)
+        worksheet_set_landscape(sheet_);
+    worksheet_set_margins(sheet_, Side, Side, Top, Bottom);
+    worksheet_fit_to_pages(sheet_, 1, 0);
+    worksheet_center_horizontally(sheet_);
+    Check(worksheet_print_area(sheet_, 0, 0, AsRow(setup.lastRow), AsColumn(setup.lastColumn)));
+    Check(worksheet_repeat_rows(sheet_, AsRow(setup.headRow), AsRow(setup.headRow)));
+    QString text = setup.footer.left(LongestFooter / 2);
+    text.replace(u'&', QStringLiteral("&&"));
+    Check(worksheet_set_footer(sheet_, QStringLiteral("&L%1&RPage &P of &N").arg(text).toUtf8().constData()));
+}
+
+void Workbook::Finish()
+{
+    sheet_ = nullptr;
+    Check(workbook_close(book_.release()));
+}
+
+lxw_format* Workbook::Format(const CellStyle& style)
+{
+    lxw_format*& format = formats_[style];
+    if (format != nullptr)
+        return format;
+    format = workbook_add_format(book_.get());
+    format_set_align(format, AsAlignment(style.align));
+    if (style.middle)
+        format_set_align(format, LXW_ALIGN_VERTICAL_CENTER);
+    if (style.bold)
+        format_set_bold(format);
+    if (style.border) {
+        format_set_border(format, LXW_BORDER_THIN);
+        format_set_border_color(format, LineColor);
+        // Keeps the number at the right of one column apart from the text of the next.
+        if (style.align == CellStyle::Align::Left)
+            format_set_indent(format, 1);
+    }
+    if (style.wrap)
+        format_set_text_wrap(format);
+    if (style.fill != 0)
+        format_set_bg_color(format, style.fill & 0xFFFFFFU);
+    const QString number =
+        style.decimals > 0 ? QStringLiteral("0.") + QString(style.decimals, u'0') : QStringLiteral("0");
+    format_set_num_format(format, number.toLatin1().constData());
+    return format;
+}
+
+void Workbook::Free::operator()(lxw_workbook* book) const
+{
+    lxw_workbook_free(book);
+}
+
+} // namespace tally

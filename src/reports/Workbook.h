@@ -1,0 +1,108 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+#include <compare>
+#include <exception>
+#include <map>
+#include <memory>
+
+struct lxw_format;
+struct lxw_workbook;
+struct lxw_worksheet;
+
+namespace tally {
+
+/// A workbook could not be written; mostly the disk is full or the folder has gone.
+class WorkbookError : public std::exception
+{
+public:
+    explicit WorkbookError(const char* reason) : reason_(reason) {}
+    const char* what() const noexcept override { return reason_; }
+
+private:
+    const char* reason_; ///< lives as long as the program
+};
+
+struct CellStyle
+{
+    enum class Align
+    {
+        Left,
+        Center,
+        Right,
+    };
+
+    Align align = Align::Left;
+    bool middle = false; ///< vertically centred
+    bool bold = false;
+    bool border = false; ///< a thin line on all four sides
+    bool wrap = false;   ///< a long text goes on in a second line
+    QRgb fill = 0;       ///< 0: no fill
+    int decimals = 0;    ///< shown behind the point of a number
+
+    auto operator<=>(const CellStyle&) const = default;
+};
+
+/// How the sheet comes out of the printer: A4, one page wide and as many pages high as it takes.
+struct PrintSetup
+{
+    int headRow = 0; ///< printed on top of each page
+    int lastRow = 0;
+    int lastColumn = 0;
+    bool landscape = false;
+    QString footer; ///< at the left; the page number stands at the right
+};
+
+/// A real .xlsx file with one sheet. Rows and columns are numbered from 0. The rows go straight to disk, so
+/// that a large list costs no memory; each row must be complete before the next one is begun.
+class Workbook
+{
+public:
+    struct Properties
+    {
+        QString title;
+        QString subject;
+        QString author;
+        QString company;
+    };
+
+    static constexpr double StandardColumnWidth = 8.43;
+    static constexpr double WidestColumn = 255;
+    static constexpr double StandardRowHeight = 15;
+
+    /// Working files are put into `workFolder`, which the caller clears away.
+    Workbook(const QString& path, const QString& workFolder, const Properties& properties);
+
+    /// In letters of the standard font.
+    void SetColumnWidth(int column, double width);
+    /// In points. Comes before the row's cells.
+    void SetRowHeight(int row, double height);
+    /// An empty text makes an empty cell that has the style only. A text never becomes a formula.
+    void WriteText(int row, int column, const QString& text, const CellStyle& style);
+    void WriteNumber(int row, int column, double number, const CellStyle& style);
+    /// One text over several columns of a row.
+    void WriteMerged(int row, int firstColumn, int lastColumn, const QString& text, const CellStyle& style);
+    /// The rows above `row` stay in sight.
+    void FreezeRowsAbove(int row);
+    /// Spares the reader the small warning triangles on admission numbers kept as texts.
+    void AllowDigitTexts(int firstRow, int lastRow, int lastColumn);
+    void SetUpPrint(const PrintSetup& setup);
+    /// Writes the file; before that there is none. Nothing can be added afterwards.
+    void Finish();
+
+private:
+    struct Free
+    {
+        void operator()(lxw_workbook* book) const;
+    };
+
+    lxw_format* Format(const CellStyle& style);
+
+    std::unique_ptr<lxw_workbook, Free> book_;
+    lxw_worksheet* sheet_ = nullptr;
+    std::map<CellStyle, lxw_format*> formats_;
+};
+
+} // namespace tally

@@ -1,0 +1,175 @@
+#include "utilities/frmUtilOptions.h"
+
+#include "core/look/Look.h"
+#include "core/modTallyboard.h"
+#include "core/OptionFlags.h"
+#include "core/Prompts.h"
+#include "core/SessionContext.h"
+#include "core/SessionRepository.h"
+#include "utilities/OptionsRepository.h"
+
+#include "store/StoreError.h"
+
+#include <QKeyEvent>
+#include <QLocale>
+#include <QSignalBlocker>
+
+#include "ui_frmUtilOptions.h"
+
+#include <array>
+
+namespace tally {
+
+namespace {
+
+constexpr int HelpScreenNo = 37;
+/// In the order of the list "All", "Male", "Female".
+constexpr std::array Genders{"A", "M", "F"};
+
+int GenderIndex(const QString& gender)
+{
+    const auto* found = std::find(Genders.begin(), Genders.end(), gender);
+    return found == Genders.end() ? -1 : static_cast<int>(found - Genders.begin());
+}
+
+QDate ShownToDate(const QString& shown)
+{
+    return QLocale::c().toDate(shown, QStringLiteral("dd/MMM/yyyy"));
+}
+
+} // namespace
+
+frmUtilOptions::frmUtilOptions()
+    : Screen(QStringLiteral("frmUtilOptions"), HelpScreenNo), ui_(std::make_unique<Ui::frmUtilOptions>())
+{
+    ui_->setupUi(this);
+    DressButtons(this);
+    SetExitButton(ui_->cmdExit);
+    // A date counts when it is complete, not at each of its digits.
+    ui_->DTPDateOfBirthSetting->setKeyboardTracking(false);
+    ui_->lblDateOfBirthSetting->installEventFilter(this);
+
+    Read([this] { LoadSettings(); });
+    if (Session().gdtmApplicationDate.isValid())
+        ui_->DTPDateOfBirthSetting->setDate(Session().gdtmApplicationDate);
+    ui_->cmdSave->setEnabled(false);
+
+    connect(ui_->chkFractionMarks, &QCheckBox::toggled, this, &frmUtilOptions::chkFractionMarks_Click);
+    for (const QCheckBox* box : {ui_->chkPrompt, ui_->chkAutoGen, ui_->chkFractionMarks, ui_->chkRoundedMarks})
+        connect(box, &QCheckBox::toggled, this, &frmUtilOptions::Changed);
+    connect(ui_->cboGender, &QComboBox::currentIndexChanged, this, &frmUtilOptions::Changed);
+    connect(ui_->DTPDateOfBirthSetting, &QDateEdit::dateChanged, this,
+            &frmUtilOptions::DTPDateOfBirthSetting_Change);
+    connect(ui_->cmdSave, &QPushButton::clicked, this, &frmUtilOptions::cmdSave_Click);
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmUtilOptions::cmdCancel_Click);
+}
+
+frmUtilOptions::~frmUtilOptions() = default;
+
+void frmUtilOptions::LoadSettings()
+{
+    SessionContext& session = Session();
+    const auto stored = SessionRepository(*session.gcnnMain).Options();
+    const StoredOptions options = stored.value_or(StoredOptions());
+    const bool prompt = OptionsRepository::ExitPromptOf(*session.gcnnTemp, session.gintUserCode);
+    if (stored) {
+        TakeOptionFlags(options);
+        session.gstrDefaultGender = options.genderOption;
+        session.gvarDefaultDOB =
+            ShownDate(QDate::fromString(options.dateOfBirthSetting.value_or(QString()), Qt::ISODate));
+    }
+
+    ui_->chkPrompt->setChecked(prompt);
+    ui_->chkAutoGen->setChecked(stored && session.gblnAutoGenerate);
+    ui_->lblDateOfBirthSetting->setText(stored ? session.gvarDefaultDOB : QString());
+    ui_->cboGender->setCurrentIndex(GenderIndex(options.genderOption));
+    ui_->chkFractionMarks->setChecked(stored && session.gblnFractionMarks);
+    ui_->chkRoundedMarks->setChecked(stored && session.gblnRoundedMarks);
+    chkFractionMarks_Click(ui_->chkFractionMarks->isChecked());
+    ui_->cmdSave->setEnabled(false);
+}
+
+void frmUtilOptions::DTPDateOfBirthSetting_Change(const QDate& date)
+{
+    Changed();
+    // Without a working date there is no date before it.
+    if (!Session().gdtmApplicationDate.isValid() || date >= Session().gdtmApplicationDate)
+        Prompts::Information(QStringLiteral("Date Of Birth Should be Less than Application Date"));
+    else
+        ui_->lblDateOfBirthSetting->setText(ShownDate(date));
+}
+
+void frmUtilOptions::lblDateOfBirthSetting_Click()
+{
+    if (ui_->lblDateOfBirthSetting->text().isEmpty() ||
+        !Prompts::Ask(QStringLiteral("Do You Want To Clear This Date ?")))
+        return;
+    ui_->lblDateOfBirthSetting->clear();
+    Changed();
+}
+
+void frmUtilOptions::chkFractionMarks_Click(bool ticked)
+{
+    ui_->chkRoundedMarks->setEnabled(ticked);
+    if (!ticked)
+        ui_->chkRoundedMarks->setChecked(false);
+}
+
+void frmUtilOptions::cmdSave_Click()
+{
+    const OptionSettings settings = Settings();
+    SessionContext& session = Session();
+    try {
+        store::Transaction main(*session.gcnnMain);
+        store::Transaction temp(*session.gcnnTemp);
+        OptionsRepository::Replace(main, settings);
+        OptionsRepository::ReplaceExitPrompt(temp, settings.exitPrompt, session.gintUserCode);
+        main.Commit();
+        temp.Commit();
+    } catch (const store::StoreError& error) {
+        Prompts::Critical(error.Description());
+        return;
+    }
+    session.gblnPromptOnExit = settings.exitPrompt;
+    session.gblnAutoGenerate = settings.autoGenerate;
+    session.gstrDefaultGender = settings.gender;
+    session.gblnFractionMarks = settings.fractionMarks;
+    session.gblnRoundedMarks = settings.roundedMarks;
+    session.gvarDefaultDOB = ShownDate(settings.dateOfBirthLimit);
+    Prompts::Information(QStringLiteral("Settings Saved"));
+    ui_->cmdSave->setEnabled(false);
+}
+
+void frmUtilOptions::cmdCancel_Click()
+{
+    Read([this] { LoadSettings(); });
+}
+
+void frmUtilOptions::Changed()
+{
+    ui_->cmdSave->setEnabled(true);
+}
+
+OptionSettings frmUtilOptions::Settings() const
+{
+    const int gender = ui_->cboGender->currentIndex();
+    return {
+        .exitPrompt = ui_->chkPrompt->isChecked(),
+        .autoGenerate = ui_->chkAutoGen->isChecked(),
+        .dateOfBirthLimit = ShownToDate(ui_->lblDateOfBirthSetting->text()),
+        .gender = gender < 0 ? QStringLiteral("") : QString::fromLatin1(Genders.at(static_cast<std::size_t>(gender))),
+        .fractionMarks = ui_->chkFractionMarks->isChecked(),
+        .roundedMarks = ui_->chkRoundedMarks->isChecked(),
+    };
+}
+
+bool frmUtilOptions::eventFilter(QObject* receiver, QEvent* event)
+{
+    const bool clicked = event->type() == QEvent::MouseButtonRelease ||
+                         (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space);
+    if (receiver == ui_->lblDateOfBirthSetting && clicked)
+        lblDateOfBirthSetting_Click();
+    return Screen::eventFilter(receiver, event);
+}
+
+} // namespace tally

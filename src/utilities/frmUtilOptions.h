@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/Screen.h"
+
+#include <QDate>
+
+#include <memory>
+
+namespace Ui {
+class frmUtilOptions;
+}
+
+namespace tally {
+
+struct OptionSettings;
+
+/// The school's few settings.
+class frmUtilOptions : public Screen
+{
+    Q_OBJECT
+
+public:
+    frmUtilOptions();
+    ~frmUtilOptions() override;
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    void LoadSettings();
+    void DTPDateOfBirthSetting_Change(const QDate& date);
+    void lblDateOfBirthSetting_Click();
+    void chkFractionMarks_Click(bool ticked);
+    void cmdSave_Click();
+    void cmdCancel_Click();
+    void Changed();
+    OptionSettings Settings() const;
+
+    std::unique_ptr<Ui::frmUtilOptions> ui_;
+};
+
+} // namespace tally

@@ -1,0 +1,36 @@
+#include "core/MenuTree.h"
+#include "core/ScreenRegistry.h"
+
+#include <QFile>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+namespace tally {
+namespace {
+
+TEST(ScreensTest, EveryScreenOfTheProgramIsReachableFromTheMenus)
+{
+    QStringList reachable;
+    for (const MenuDefinition& line : MenuDefinitions())
+        if (ScreenRegistry::Knows(QString::fromLatin1(line.opens)))
+            reachable.append(QString::fromLatin1(line.opens));
+    EXPECT_EQ(reachable.join(QLatin1Char(' ')).toStdString(), "frmRankCalculation frmUtilOptions AboutUs");
+}
+
+TEST(ScreensTest, PicturesAreEmbeddedInTheSizesOfTheirScreens)
+{
+    for (const int id : {1001, 1002})
+        EXPECT_GE(QImage(QStringLiteral(":/tallyboard/%1").arg(id), "JPEG").width(), 1024) << id;
+    for (const int id : {1003, 1004})
+        EXPECT_EQ(QImage(QStringLiteral(":/tallyboard/%1").arg(id), "JPEG").size(), QSize(800, 600)) << id;
+}
+
+TEST(ScreensTest, MoviesAndIconsAreEmbedded)
+{
+    for (const char* name : {"1005", "1006", "icons/save.svg", "icons/exit.svg", "icons/app.svg"})
+        EXPECT_TRUE(QFile::exists(QLatin1String(":/tallyboard/") + QLatin1String(name))) << name;
+}
+
+} // namespace
+} // namespace tally

@@ -1,0 +1,96 @@
+#include "core/FormKeys.h"
+
+#include "core/SessionContext.h"
+#include "support/ScreenFixture.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tally::test {
+namespace {
+
+class FormKeysTest : public ScreenFixture
+{
+protected:
+    void SetUp() override
+    {
+        ScreenFixture::SetUp();
+        auto* rows = new QVBoxLayout(&form);
+        for (QWidget* widget : {static_cast<QWidget*>(first), static_cast<QWidget*>(second),
+                                static_cast<QWidget*>(button)})
+            rows->addWidget(widget);
+        new FormKeys(&form, 21);
+        form.show();
+        QApplication::setActiveWindow(&form);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+        first->setFocus();
+    }
+    void TearDown() override
+    {
+        form.hide();
+        ScreenFixture::TearDown();
+    }
+
+    QWidget form{nullptr, Qt::Window};
+    QLineEdit* first = new QLineEdit(&form);
+    QLineEdit* second = new QLineEdit(&form);
+    QPushButton* button = new QPushButton(&form);
+};
+
+TEST_F(FormKeysTest, EnterGoesToTheNextField)
+{
+    PressKey(&form, Qt::Key_Return);
+    EXPECT_TRUE(second->hasFocus());
+    PressKey(&form, Qt::Key_Enter);
+    EXPECT_TRUE(button->hasFocus());
+}
+
+TEST_F(FormKeysTest, EnterPressesTheButtonThatHasTheFocus)
+{
+    int presses = 0;
+    QObject::connect(button, &QPushButton::clicked, button, [&presses] { ++presses; });
+    button->setFocus();
+    PressKey(&form, Qt::Key_Return);
+    EXPECT_EQ(presses, 1);
+}
+
+TEST_F(FormKeysTest, TheQuoteIsSwallowedInEveryField)
+{
+    Type(first, QStringLiteral("O'Neil"));
+    EXPECT_EQ(first->text().toStdString(), "ONeil");
+}
+
+TEST_F(FormKeysTest, F1NotesTheFormsHelpNumber)
+{
+    PressKey(&form, Qt::Key_F1);
+    EXPECT_EQ(Session().glngScreenNo, 21);
+}
+
+TEST_F(FormKeysTest, AFieldDropsWhatItDoesNotTake)
+{
+    TakeOnly(first, KeyNumericDecimal, 5);
+    Type(first, QStringLiteral("1a2.-5 777"));
+    EXPECT_EQ(first->text().toStdString(), "12.57");
+}
+
+TEST_F(FormKeysTest, PastedTextLosesWhatCouldNotBeTyped)
+{
+    TakeOnly(first, KeyAlpha, 30);
+    QApplication::clipboard()->setText(QStringLiteral("St. Mary's 2"));
+    PressKey(&form, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(first->text().toStdString(), "St. Marys ");
+}
+
+TEST_F(FormKeysTest, BackspaceStillWorksInAFilteredField)
+{
+    TakeOnly(first, KeyNumeric, 5);
+    Type(first, QStringLiteral("123"));
+    PressKey(&form, Qt::Key_Backspace);
+    EXPECT_EQ(first->text().toStdString(), "12");
+}
+
+} // namespace
+} // namespace tally::test

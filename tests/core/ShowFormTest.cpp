@@ -1,0 +1,110 @@
+#include "core/controls/PictureArea.h"
+#include "core/mdiTallyboard.h"
+#include "core/modTallyboardForms.h"
+#include "core/ScreenRegistry.h"
+#include "support/ScreenFixture.h"
+
+#include <QAction>
+#include <QFile>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+namespace tally::test {
+namespace {
+
+class ShowFormTest : public ScreenFixture
+{
+protected:
+    QString PictureFile(int id) const { return QStringLiteral("%1/Temp/%2.jpg").arg(Folder()).arg(id); }
+    qint64 ShownPicture() const { return static_cast<PictureArea*>(window->Area())->Picture().cacheKey(); }
+    bool On(const char* name) const { return window->MenuItem(QString::fromLatin1(name))->isEnabled(); }
+};
+
+TEST_F(ShowFormTest, AnOpenScreenLiesBeforeThePlainPictureUntilTheLastOneCloses)
+{
+    const qint64 mainPicture = ShownPicture();
+    Screen* about = OpenScreen(QStringLiteral("AboutUs"));
+    Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
+    ASSERT_NE(options, nullptr);
+    EXPECT_TRUE(QFile::exists(PictureFile(PlainPicture())));
+    const qint64 plainPicture = ShownPicture();
+    EXPECT_NE(plainPicture, mainPicture);
+
+    about->Unload();
+    Settle();
+    EXPECT_EQ(ShownPicture(), plainPicture);
+    options->Unload();
+    Settle();
+    EXPECT_NE(ShownPicture(), plainPicture);
+}
+
+TEST_F(ShowFormTest, AScreenHasOneInstanceUntilItCloses)
+{
+    Screen* first = OpenScreen(QStringLiteral("frmUtilOptions"));
+    EXPECT_EQ(OpenScreen(QStringLiteral("frmUtilOptions")), first);
+    EXPECT_EQ(window->Area()->subWindowList().size(), 1);
+    first->Unload();
+    Settle();
+    EXPECT_EQ(window->Area()->subWindowList().size(), 0);
+    EXPECT_NE(OpenScreen(QStringLiteral("frmUtilOptions")), nullptr);
+}
+
+TEST_F(ShowFormTest, AScreenFitsTheSmallScreenAndStandsInTheMiddle)
+{
+    window->resize(800, 600);
+    Settle();
+    Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
+    const QRect frame = options->parentWidget()->geometry();
+    const QRect area = window->Area()->viewport()->rect();
+    EXPECT_TRUE(area.contains(frame));
+    EXPECT_LE(std::abs(frame.center().x() - area.center().x()), 1);
+    EXPECT_LE(std::abs(frame.center().y() - area.center().y()), 1);
+}
+
+TEST_F(ShowFormTest, OtherFormsAreThoseBesideTheOneThatAsks)
+{
+    Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
+    EXPECT_FALSE(OtherFormsOpen(options));
+    EXPECT_TRUE(OtherFormsOpen(nullptr));
+}
+
+TEST_F(ShowFormTest, TheWorkMenusGoOffTogetherAndComeBackUnlessLocked)
+{
+    DisableMainMenus();
+    Session().gblnMenusLocked = true;
+    EnableMainMenus();
+    EXPECT_FALSE(On("mnuMasters"));
+    Session().gblnMenusLocked = false;
+    EnableMainMenus();
+    for (const char* name : {"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"})
+        EXPECT_TRUE(On(name)) << name;
+    DisableMainMenus();
+    for (const char* name : {"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"})
+        EXPECT_FALSE(On(name)) << name;
+    for (const char* name : {"mnuHelp", "mnuLock", "mnuClose"})
+        EXPECT_TRUE(On(name)) << name;
+}
+
+TEST_F(ShowFormTest, LeavingIsAskedForOnlyWhereTheOfficeWantsIt)
+{
+    Session().gblnPromptOnExit = false;
+    EXPECT_TRUE(ConfirmExit(QStringLiteral("Options")));
+    Session().gblnPromptOnExit = true;
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Exit Options ?"), false);
+    EXPECT_FALSE(ConfirmExit(QStringLiteral("Options")));
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Exit Options ?"), true);
+    EXPECT_TRUE(ConfirmExit(QStringLiteral("Options")));
+}
+
+TEST_F(ShowFormTest, TheReportItemsThatStartOnNeedNoRightEvenWhereTheirMenuIsOff)
+{
+    const QString card = QStringLiteral("frmRankCardPrinting");
+    ScreenRegistry::Register(card, [card] { return new Screen(card, 0); });
+    delete window;
+    window = mdiTallyboard::Load();
+    EXPECT_TRUE(On("mnufrmRankCardPrinting"));
+    EXPECT_FALSE(On("mnuReports"));
+}
+
+} // namespace
+} // namespace tally::test

@@ -1,0 +1,161 @@
+#include "core/frmStartLock.h"
+
+#include "core/frmStartUnlock.h"
+#include "core/mdiTallyboard.h"
+#include "support/ScreenFixture.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+
+namespace tally::test {
+namespace {
+
+class frmStartLockTest : public ScreenFixture
+{
+protected:
+    void SetUp() override
+    {
+        ScreenFixture::SetUp();
+        GivenUser(4, QStringLiteral("mary"), QStringLiteral("secret"));
+        GivenUser(5, QStringLiteral("john"), QStringLiteral("other"));
+        Session().gstrLoginId = QStringLiteral("mary");
+        Session().gstrPassword = QStringLiteral("Secret");
+        window->MenuItem(QStringLiteral("mnuLock"))->trigger();
+        lock = window->findChild<frmStartLock*>();
+        ASSERT_NE(lock, nullptr);
+    }
+
+    frmStartUnlock* AskForUnlocking()
+    {
+        QTest::keyClick(lock, Qt::Key_F10);
+        auto* unlock = lock->findChild<frmStartUnlock*>();
+        if (unlock) {
+            QApplication::setActiveWindow(unlock);
+            EXPECT_TRUE(QTest::qWaitForWindowActive(unlock));
+        }
+        return unlock;
+    }
+    void Unlock(const QString& id, const QString& password)
+    {
+        auto* unlock = AskForUnlocking();
+        ASSERT_NE(unlock, nullptr);
+        Type(Find<QLineEdit>(unlock, "txtLoginID"), id);
+        Type(Find<QLineEdit>(unlock, "txtPassword"), password);
+        Press(Find<QPushButton>(unlock, "cmdOK"));
+        Settle();
+    }
+
+    QPointer<frmStartLock> lock;
+};
+
+TEST_F(frmStartLockTest, TheLockLiesOverEverything)
+{
+    EXPECT_TRUE(lock->isVisible());
+    EXPECT_EQ(lock->windowModality(), Qt::ApplicationModal);
+    bool found = false;
+    const auto labels = lock->findChildren<QLabel*>();
+    for (const QLabel* label : labels)
+        found = found || label->text() == QLatin1String("Your Application Is Locked. Press F10 For Unlocking");
+    EXPECT_TRUE(found);
+}
+
+TEST_F(frmStartLockTest, OtherKeysAndClosingDoNothing)
+{
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_F4, Qt::Key_F9, Qt::Key_A})
+        QTest::keyClick(lock, key);
+    EXPECT_FALSE(lock->close());
+    Settle();
+    ASSERT_FALSE(lock.isNull());
+    EXPECT_TRUE(lock->isVisible());
+    EXPECT_EQ(lock->findChild<frmStartUnlock*>(), nullptr);
+}
+
+TEST_F(frmStartLockTest, EscAsksAndANoKeepsTheLock)
+{
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Close 'KITE - Tally Board' ?"), false);
+    QTest::keyClick(lock, Qt::Key_Escape);
+    EXPECT_EQ(processEnds, 0);
+    EXPECT_TRUE(lock->isVisible());
+}
+
+TEST_F(frmStartLockTest, EscAndYesEndAtOnceAndLeaveThePresenceRowAndTheTempFolder)
+{
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Close 'KITE - Tally Board' ?"), true);
+    QTest::keyClick(lock, Qt::Key_Escape);
+    EXPECT_EQ(processEnds, 1);
+    EXPECT_EQ(Count("SELECT count(*) FROM ExamBoardMaster"), 1);
+    EXPECT_TRUE(QDir(Folder() + QStringLiteral("/Temp")).exists());
+}
+
+TEST_F(frmStartLockTest, TheUserWhoLoggedInUnlocksWhateverTheCase)
+{
+    Unlock(QStringLiteral(" MARY "), QStringLiteral("sECRET"));
+    EXPECT_TRUE(lock.isNull());
+}
+
+TEST_F(frmStartLockTest, AnotherUserCanNotUnlock)
+{
+    prompts.ExpectInformation(QStringLiteral("Enter Correct Login ID / Password"));
+    Unlock(QStringLiteral("john"), QStringLiteral("other"));
+    ASSERT_FALSE(lock.isNull());
+    auto* unlock = lock->findChild<frmStartUnlock*>();
+    ASSERT_NE(unlock, nullptr);
+    EXPECT_EQ(Find<QLineEdit>(unlock, "txtLoginID")->text().toStdString(), "");
+    EXPECT_EQ(Find<QLineEdit>(unlock, "txtPassword")->text().toStdString(), "");
+    EXPECT_TRUE(Find<QLineEdit>(unlock, "txtLoginID")->hasFocus());
+}
+
+TEST_F(frmStartLockTest, EmptyFieldsAreAskedForInTheirOrder)
+{
+    prompts.ExpectInformation(QStringLiteral("Enter Login ID"));
+    Unlock(QStringLiteral("  "), QString());
+    auto* unlock = lock->findChild<frmStartUnlock*>();
+    EXPECT_TRUE(Find<QLineEdit>(unlock, "txtLoginID")->hasFocus());
+    Find<QLineEdit>(unlock, "txtLoginID")->clear();
+    Type(Find<QLineEdit>(unlock, "txtLoginID"), QStringLiteral("mary"));
+    prompts.ExpectInformation(QStringLiteral("Enter Password"));
+    Press(Find<QPushButton>(unlock, "cmdOK"));
+    EXPECT_TRUE(Find<QLineEdit>(unlock, "txtPassword")->hasFocus());
+}
+
+TEST_F(frmStartLockTest, OnANewInstallationAnyTextUnlocks)
+{
+    Given("DELETE FROM UserPrivilegeMaster");
+    Unlock(QStringLiteral("x"), QStringLiteral("y"));
+    EXPECT_TRUE(lock.isNull());
+}
+
+TEST_F(frmStartLockTest, CancelKeepsTheLock)
+{
+    auto* unlock = AskForUnlocking();
+    Press(Find<QPushButton>(unlock, "cmdCancel"));
+    Settle();
+    ASSERT_FALSE(lock.isNull());
+    EXPECT_TRUE(lock->isVisible());
+    EXPECT_EQ(lock->findChild<frmStartUnlock*>(), nullptr);
+}
+
+TEST_F(frmStartLockTest, EnterGoesFromFieldToField)
+{
+    auto* unlock = AskForUnlocking();
+    EXPECT_EQ(unlock->windowTitle().toStdString(), "Unlock");
+    Type(Find<QLineEdit>(unlock, "txtLoginID"), QStringLiteral("mary12345678901234567890"));
+    EXPECT_EQ(Find<QLineEdit>(unlock, "txtLoginID")->text().size(), 15);
+    PressKey(unlock, Qt::Key_Return);
+    EXPECT_TRUE(Find<QLineEdit>(unlock, "txtPassword")->hasFocus());
+    PressKey(unlock, Qt::Key_Return);
+    EXPECT_TRUE(Find<QPushButton>(unlock, "cmdOK")->hasFocus());
+}
+
+TEST_F(frmStartLockTest, ALockedProgramIsNotLockedTwice)
+{
+    frmStartLock::Lock(window);
+    EXPECT_EQ(window->findChildren<frmStartLock*>().size(), 1);
+}
+
+} // namespace
+} // namespace tally::test

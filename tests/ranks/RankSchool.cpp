@@ -1,0 +1,172 @@
+#include "ranks/RankSchool.h"
+
+#include <stdexcept>
+
+namespace tally::test {
+
+namespace {
+
+std::size_t NumberOf(const RankList& list, const QString& name)
+{
+    for (std::size_t number = 0; number < list.rows.size(); ++number) {
+        if (list.rows[number].studentName == name)
+            return number;
+    }
+    throw std::runtime_error("The list has no student " + name.toStdString());
+}
+
+} // namespace
+
+RankSchool::RankSchool()
+    : ownMain_(std::make_unique<store::Connection>(DeliveredMainStore())),
+      ownTemp_(std::make_unique<store::Connection>(DeliveredTempStore())), main(*ownMain_), temp(*ownTemp_)
+{
+    OpenYear();
+}
+
+RankSchool::RankSchool(store::Connection& onMain, store::Connection& onTemp) : main(onMain), temp(onTemp)
+{
+    OpenYear();
+}
+
+void RankSchool::OpenYear()
+{
+    main.Execute(QStringLiteral(
+        "Insert into AcademicYearSetup values(1,2024,2025,'2024-06-01','2025-05-31','Y','N',0)"));
+    main.Execute(QStringLiteral("Insert into ExamMaster values(1,'Term One',1,0)"));
+    main.Execute(QStringLiteral("Insert into ClassDivisionMaster values(1,'X',9,1,0)"));
+}
+
+void RankSchool::AddDivision(int divisionCode, const char* name)
+{
+    main.Execute(QStringLiteral("Insert into ClassDivisionDetails values(1,?,?)"), name, divisionCode);
+}
+
+void RankSchool::AddSubject(int divisionCode, int subjectCode, const char* shortName, int slNo,
+                            const char* takenForRank, double maximumMark, double maximumAllowed)
+{
+    main.Execute(QStringLiteral("Insert or ignore into SubjectMaster values(?,?,?,0)"), subjectCode,
+                 QStringLiteral("Subject %1").arg(subjectCode), shortName);
+    main.Execute(QStringLiteral("Insert into ClassSubjectTeacher values(1,1,?,?,0,?,?,?,?)"), divisionCode,
+                 subjectCode, maximumMark, maximumAllowed, takenForRank, slNo);
+}
+
+void RankSchool::AddBand(int divisionCode, double totalAverage, double subjectAverage, const char* grade,
+                         int status)
+{
+    main.Execute(QStringLiteral("Insert into RankMaster values(1,1,1,?,?,?,?,?,0)"), divisionCode,
+                 totalAverage, subjectAverage, grade, status);
+}
+
+void RankSchool::AddUsualBands(int divisionCode)
+{
+    AddBand(divisionCode, 80, 50, "A", 1);
+    AddBand(divisionCode, 60, 40, "B", 2);
+    AddBand(divisionCode, 35, 20, "C", 3);
+    AddBand(divisionCode, 0, 0, "D", 4);
+}
+
+void RankSchool::AddUsualDivision(int subjectCount)
+{
+    static const char* const shortNames[] = {"Eng", "Mat", "Sci", "Art"};
+    AddDivision(1, "A");
+    AddUsualBands(1);
+    for (int subject = 1; subject <= subjectCount; ++subject)
+        AddSubject(1, subject, shortNames[subject - 1], subject);
+}
+
+int RankSchool::AddStudent(int divisionCode, const QString& name, const QString& admissionNo)
+{
+    const int code = static_cast<int>(divisionOf_.size()) + 1;
+    divisionOf_[code] = divisionCode;
+    main.Execute(
+        QStringLiteral("Insert into StudentMaster(StudentCode,AdmissionNo,OptionalAdmissionNo,StudentName,"
+                       "AcademicYearCode,CityCode,BloodGroupCode,TCNo) values(?,?,?,?,1,0,0,'')"),
+        code, code, admissionNo.isEmpty() ? QStringLiteral("A%1").arg(code) : admissionNo, name);
+    main.Execute(QStringLiteral("Insert into StudentClassDivision values(?,1,1,?,'Y',0)"), code,
+                 divisionCode);
+    return code;
+}
+
+void RankSchool::InsertMark(int studentCode, int subjectCode, double mark, const char* leaveOrPresent)
+{
+    main.Execute(QStringLiteral("Insert into MarkMaster values(1,?,1,1,?,?,?,?,0,0)"), studentCode,
+                 divisionOf_.at(studentCode), subjectCode, mark, leaveOrPresent);
+}
+
+void RankSchool::EnterMark(int studentCode, int subjectCode, double mark)
+{
+    InsertMark(studentCode, subjectCode, mark, "P");
+}
+
+void RankSchool::EnterAbsence(int studentCode, int subjectCode)
+{
+    InsertMark(studentCode, subjectCode, 0, "A");
+}
+
+int RankSchool::AddMarkedStudent(const QString& name, const std::vector<double>& marks)
+{
+    const int student = AddStudent(1, name);
+    int subject = 0;
+    for (const double mark : marks)
+        EnterMark(student, ++subject, mark);
+    return student;
+}
+
+RankList RankSchool::Prepare(const std::vector<int>& divisions)
+{
+    RankList list = Compute(divisions);
+    store::Transaction transaction(temp);
+    Repository().FillTempRankCalculation(transaction, list);
+    transaction.Commit();
+    return list;
+}
+
+RankView RankSchool::Show(const RankList& list, RankOrder order, SubjectDisplay display)
+{
+    std::vector<int> divisions;
+    for (const RankDivision& division : list.divisions)
+        divisions.push_back(division.divisionCode);
+    RankRepository repository = Repository();
+    return ShowRankList(repository, scope, divisions, list.subjects, order, display);
+}
+
+void RankSchool::Save(const std::vector<int>& divisions)
+{
+    store::Transaction transaction(main);
+    Repository().ReplaceRankTotals(transaction, scope, divisions);
+    transaction.Commit();
+}
+
+const RankRow& RowOf(const RankList& list, const QString& name)
+{
+    return list.rows[NumberOf(list, name)];
+}
+
+const RankCell& CellOf(const RankList& list, const QString& name, std::size_t subject)
+{
+    return list.Cell(NumberOf(list, name), subject);
+}
+
+QString StoredCell(const RankList& list, const QString& name, std::size_t subject)
+{
+    CellBuffer buffer{};
+    const std::string_view text = CellText(CellOf(list, name, subject), list.markDecimals, true, buffer);
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QStringList NamesOf(const RankView& view)
+{
+    QStringList names;
+    for (int student = 0; student < view.StudentCount(); ++student)
+        names.append(view.Text(RankView::FirstStudentRow + student, 0));
+    return names;
+}
+
+int RowOf(const RankView& view, const QString& name)
+{
+    const auto student = NamesOf(view).indexOf(name);
+    return student < 0 ? -1 : RankView::FirstStudentRow + static_cast<int>(student);
+}
+
+} // namespace tally::test

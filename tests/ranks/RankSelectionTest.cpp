@@ -1,0 +1,264 @@
+#include "ranks/RankSchool.h"
+
+#include <array>
+#include <gtest/gtest.h>
+
+namespace tally::test {
+
+namespace {
+
+constexpr auto Taken = SubjectDisplay::TakenForRankOnly;
+constexpr auto All = SubjectDisplay::All;
+
+QStringList Marks(RankSchool& school, SubjectDisplay display = Taken)
+{
+    QStringList marks;
+    for (const DivisionFacts& facts : school.Repository().LoadDivisions(school.scope))
+        marks.append(DivisionMark(facts, display) + facts.division.divisionName);
+    return marks;
+}
+
+SubjectSetup Subject(int division, int code, bool taken = true, double maximum = 100, double allowed = 100)
+{
+    return {division, code, {}, taken, maximum, allowed};
+}
+
+using Codes = std::vector<int>;
+
+} // namespace
+
+TEST(DivisionMarks, NameTheFirstThingThatIsMissing)
+{
+    RankSchool school;
+    for (int division = 1; division <= 5; ++division)
+        school.AddDivision(division,
+                           std::array{"A", "B", "C", "D", "E"}[static_cast<std::size_t>(division - 1)]);
+    for (int division = 2; division <= 5; ++division)
+        school.AddStudent(division, QStringLiteral("Student %1").arg(division));
+    for (int division = 3; division <= 5; ++division)
+        school.AddSubject(division, 1, "Eng", 1);
+    school.AddUsualBands(4);
+    school.AddUsualBands(5);
+    school.EnterMark(4, 1, 50);
+    EXPECT_EQ(Marks(school), QStringList({". A", "* B", "# C", "$ D", "  E"}));
+}
+
+TEST(DivisionMarks, LookAtTheChosenExamOnly)
+{
+    RankSchool school;
+    school.AddUsualDivision(1);
+    school.AddMarkedStudent("Anil", {50});
+    school.main.Execute("Insert into ExamMaster values(2,'Term Two',2,0)");
+    EXPECT_EQ(Marks(school), QStringList({"  A"}));
+    school.scope.examCode = 2;
+    EXPECT_EQ(Marks(school), QStringList({"# A"}));
+    school.main.Execute("Insert into RankMaster values(1,2,1,1,0,0,'D',1,0)");
+    EXPECT_EQ(Marks(school), QStringList({"$ A"}));
+}
+
+TEST(DivisionMarks, CountOneStudentWithoutMarksAsIncomplete)
+{
+    RankSchool school;
+    school.AddUsualDivision(2);
+    school.AddMarkedStudent("Anil", {50, 60});
+    EXPECT_EQ(Marks(school), QStringList({"  A"}));
+    school.AddStudent(1, "New student");
+    EXPECT_EQ(Marks(school), QStringList({"$ A"}));
+}
+
+TEST(DivisionMarks, CountMoreMarksThanStudentsAsIncomplete)
+{
+    RankSchool school;
+    school.AddUsualDivision(1);
+    school.AddMarkedStudent("Anil", {50});
+    const int gone = school.AddMarkedStudent("Gone", {50});
+    school.main.Execute("Delete from StudentClassDivision where StudentCode=?", gone);
+    EXPECT_EQ(Marks(school), QStringList({"$ A"}));
+}
+
+TEST(DivisionMarks, CountStudentsOfALaterYearToo)
+{
+    RankSchool school;
+    school.AddUsualDivision(1);
+    const int promoted = school.AddMarkedStudent("Promoted", {50});
+    school.main.Execute("Update StudentClassDivision set Status='N' where StudentCode=?", promoted);
+    EXPECT_EQ(Marks(school), QStringList({"  A"}));
+}
+
+TEST(DivisionMarks, AskOnlyForTheSubjectsThatTheOptionShows)
+{
+    RankSchool school;
+    school.AddUsualDivision(1);
+    school.AddSubject(1, 2, "Art", 2, "No");
+    school.AddMarkedStudent("Anil", {50});
+    EXPECT_EQ(Marks(school, Taken), QStringList({"  A"}));
+    EXPECT_EQ(Marks(school, All), QStringList({"$ A"}));
+}
+
+TEST(DivisionMarks, CostTheSameStatementsForOneDivisionAndForTwenty)
+{
+    const auto statements = [](int divisions) {
+        RankSchool school;
+        for (int division = 1; division <= divisions; ++division) {
+            school.AddDivision(division, QByteArray::number(division).constData());
+            school.AddUsualBands(division);
+            school.AddSubject(division, 1, "Eng", 1);
+            school.EnterMark(school.AddStudent(division, "Anil"), 1, 50);
+        }
+        const auto before = school.main.StatementsRun();
+        EXPECT_EQ(Marks(school).filter("  ").size(), divisions);
+        return school.main.StatementsRun() - before;
+    };
+    EXPECT_EQ(statements(1), statements(20));
+}
+
+TEST(DivisionRefusals, SayWhatIsMissing)
+{
+    EXPECT_EQ(DivisionRefusal(". A"), "Student Admission Entry Is Not Made In This Division");
+    EXPECT_EQ(DivisionRefusal("* A"), "'Classwise Subject-Teacher-Mark Entry' Is Not Made For This Division");
+    EXPECT_EQ(DivisionRefusal("# A"), "'Classwise Rank-Grade Setup' Is Not Made For This Division");
+    EXPECT_EQ(DivisionRefusal("$ A"),
+              "'Classwise Mark Entry' Is Not Fully Completed For Student(s) In This Division");
+    EXPECT_EQ(DivisionRefusal("  A"), QString());
+}
+
+TEST(SubjectMatch, PassesDivisionsWithTheSameSubjectsAndMaximumMarks)
+{
+    MatchBase base;
+    const auto result =
+        CheckSubjectMatch({Subject(1, 1), Subject(1, 2), Subject(2, 2), Subject(2, 1)}, {1, 2}, Taken, base);
+    EXPECT_FALSE(result.mismatch);
+    EXPECT_TRUE(result.untick.empty());
+    EXPECT_TRUE(base.set);
+    EXPECT_EQ(base.divisionCode, 1);
+}
+
+TEST(SubjectMatch, UnticksEveryDivisionWithAnotherNumberOfSubjects)
+{
+    MatchBase base;
+    const auto result = CheckSubjectMatch(
+        {Subject(1, 1), Subject(2, 1), Subject(2, 2), Subject(3, 1), Subject(4, 1), Subject(4, 3)},
+        {1, 2, 3, 4}, Taken, base);
+    EXPECT_TRUE(result.mismatch);
+    EXPECT_EQ(result.untick, (Codes{2, 4}));
+}
+
+TEST(SubjectMatch, UnticksOnlyTheFirstDivisionWithOtherSubjects)
+{
+    MatchBase base;
+    const auto result =
+        CheckSubjectMatch({Subject(1, 1), Subject(2, 5), Subject(3, 6)}, {1, 2, 3}, Taken, base);
+    EXPECT_TRUE(result.mismatch);
+    EXPECT_EQ(result.untick, (Codes{2}));
+}
+
+TEST(SubjectMatch, ComparesBothMaximumMarks)
+{
+    MatchBase base;
+    EXPECT_EQ(CheckSubjectMatch({Subject(1, 1), Subject(2, 1, true, 50)}, {1, 2}, Taken, base).untick,
+              (Codes{2}));
+    EXPECT_EQ(CheckSubjectMatch({Subject(1, 1), Subject(2, 1, true, 100, 50)}, {1, 2}, Taken, base).untick,
+              (Codes{2}));
+}
+
+TEST(SubjectMatch, LooksAtSubjectsNotTakenForRankOnlyWhenAllAreShown)
+{
+    const std::vector<SubjectSetup> setup{Subject(1, 1), Subject(1, 2, false), Subject(2, 1)};
+    MatchBase base;
+    EXPECT_FALSE(CheckSubjectMatch(setup, {1, 2}, Taken, base).mismatch);
+    const auto all = CheckSubjectMatch(setup, {1, 2}, All, base);
+    EXPECT_TRUE(all.mismatch);
+    EXPECT_EQ(all.untick, (Codes{2}));
+}
+
+TEST(SubjectMatch, TakesASubjectForTheSameWhenAllAreShownAndOnlyItsRoleDiffers)
+{
+    const std::vector<SubjectSetup> setup{Subject(1, 1), Subject(1, 2, false), Subject(2, 1, false),
+                                          Subject(2, 2)};
+    MatchBase base;
+    EXPECT_FALSE(CheckSubjectMatch(setup, {1, 2}, All, base).mismatch);
+    EXPECT_TRUE(CheckSubjectMatch(setup, {1, 2}, Taken, base).mismatch);
+}
+
+TEST(SubjectMatch, KeepsItsBaseBetweenTwoChecksEvenWhenItIsUnticked)
+{
+    const std::vector<SubjectSetup> setup{Subject(1, 1), Subject(2, 1), Subject(2, 2)};
+    MatchBase base;
+    CheckSubjectMatch(setup, {1}, Taken, base);
+    const auto result = CheckSubjectMatch(setup, {2}, Taken, base);
+    EXPECT_TRUE(result.mismatch);
+    EXPECT_EQ(result.untick, (Codes{2}));
+    MatchBase anew;
+    EXPECT_FALSE(CheckSubjectMatch(setup, {2}, Taken, anew).mismatch);
+}
+
+TEST(SubjectMatch, UnticksAllWhenTheBaseHasNoSubjectButCallsItNoMismatch)
+{
+    MatchBase base;
+    const auto result = CheckSubjectMatch({Subject(1, 1, false), Subject(2, 1, false)}, {1, 2}, Taken, base);
+    EXPECT_FALSE(result.mismatch);
+    EXPECT_EQ(result.untick, (Codes{1, 2}));
+}
+
+TEST(SubjectMatch, OfNothingTickedChoosesNoBase)
+{
+    MatchBase base;
+    EXPECT_FALSE(CheckSubjectMatch({Subject(1, 1)}, {}, Taken, base).mismatch);
+    EXPECT_FALSE(base.set);
+}
+
+TEST(GradeMatch, PassesATableWithAllRowsOfTheBaseAndOneMore)
+{
+    MatchBase base;
+    const std::vector<GradeBand> bands{
+        {1, 50, 35, "A"}, {1, 0, 0, "B"}, {2, 50, 35, "a"}, {2, 40, 30, "C"}, {2, 0, 0, "B"}};
+    EXPECT_FALSE(CheckGradeMatch(bands, {1, 2}, base).mismatch);
+    EXPECT_EQ(base.divisionCode, 1);
+    MatchBase other;
+    const auto reverse = CheckGradeMatch(bands, {2, 1}, other);
+    EXPECT_TRUE(reverse.mismatch);
+    EXPECT_EQ(reverse.untick, (Codes{1}));
+}
+
+TEST(GradeMatch, UnticksEveryDivisionThatDiffersInAverageOrGrade)
+{
+    MatchBase base;
+    const std::vector<GradeBand> bands{
+        {1, 50, 35, "A"}, {2, 51, 35, "A"}, {3, 50, 36, "A"}, {4, 50, 35, "B"}, {5, 50, 35, "A"}};
+    const auto result = CheckGradeMatch(bands, {1, 2, 3, 4, 5}, base);
+    EXPECT_TRUE(result.mismatch);
+    EXPECT_EQ(result.untick, (Codes{2, 3, 4}));
+}
+
+TEST(GradeMatch, TakesThePercentSignOfTheBaseForAnyLetters)
+{
+    MatchBase base;
+    EXPECT_FALSE(CheckGradeMatch({{1, 50, 35, "A%"}, {2, 50, 35, "A+"}}, {1, 2}, base).mismatch);
+    MatchBase reverse;
+    EXPECT_TRUE(CheckGradeMatch({{1, 50, 35, "A%"}, {2, 50, 35, "A+"}}, {2, 1}, reverse).mismatch);
+}
+
+TEST(GradeMatch, UnticksABaseWithoutTableButCallsItNoMismatch)
+{
+    MatchBase base;
+    const auto result = CheckGradeMatch({{2, 50, 35, "A"}}, {1, 2}, base);
+    EXPECT_FALSE(result.mismatch);
+    EXPECT_EQ(result.untick, (Codes{1}));
+}
+
+TEST(Lists, ComeInTheirOwnOrderWithoutTheRowThatMeansNothingChosen)
+{
+    RankSchool school;
+    school.main.Execute("Insert into ExamMaster values(2,'Unit Test',0,0)");
+    school.main.Execute("Insert into ClassDivisionMaster values(2,'IX',1,2,0)");
+    const auto exams = school.Repository().LoadExam();
+    ASSERT_EQ(exams.size(), 2U);
+    EXPECT_EQ(exams[0].examName, "Unit Test");
+    EXPECT_EQ(exams[1].examCode, 1);
+    const auto classes = school.Repository().LoadClass();
+    ASSERT_EQ(classes.size(), 2U);
+    EXPECT_EQ(classes[0].className, "X");
+    EXPECT_EQ(classes[1].className, "IX");
+}
+
+} // namespace tally::test

@@ -1,0 +1,269 @@
+#include "ranks/RankSchool.h"
+
+#include <gtest/gtest.h>
+
+namespace tally::test {
+
+namespace {
+
+/// The text of the student's cell in the column with this head, counted from the right: 1 the grade, 5 the
+/// total.
+QString FromRight(const RankView& view, const char* name, int fromRight)
+{
+    return view.Text(RowOf(view, QLatin1String(name)), view.Cols() - fromRight);
+}
+
+QString Summary(const std::vector<GradeSummaryRow>& summary)
+{
+    QStringList lines;
+    for (const GradeSummaryRow& row : summary)
+        lines.append(QStringList(row.begin(), row.end()).join('|'));
+    return lines.join('\n');
+}
+
+} // namespace
+
+TEST(RankOrderView, PutsTheSmallerTotalOfAllSubjectsFirstWithinARank)
+{
+    RankSchool school;
+    school.AddUsualDivision(1);
+    school.AddSubject(1, 2, "Art", 2, "No");
+    school.AddMarkedStudent("Much art", {80, 90});
+    school.AddMarkedStudent("Little art", {80, 20});
+    school.AddMarkedStudent("Failed high", {30, 99});
+    school.AddMarkedStudent("Failed low", {20, 1});
+    school.AddMarkedStudent("Second", {70, 50});
+    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    EXPECT_EQ(NamesOf(view), QStringList({"Little art", "Much art", "Second", "Failed low", "Failed high"}));
+    EXPECT_EQ(FromRight(view, "Little art", 2), "1");
+    EXPECT_EQ(FromRight(view, "Much art", 2), "1");
+    EXPECT_EQ(FromRight(view, "Second", 2), "2");
+    EXPECT_EQ(FromRight(view, "Failed high", 2), "");
+}
+
+TEST(RankOrderView, SortsTenBehindNine)
+{
+    RankSchool school;
+    school.AddUsualDivision(1);
+    for (int student = 1; student <= 11; ++student)
+        school.AddMarkedStudent(QStringLiteral("Student %1").arg(student), {100.0 - student});
+    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    EXPECT_EQ(NamesOf(view).mid(7), QStringList({"Student 8", "Student 9", "Student 10", "Student 11"}));
+}
+
+TEST(RankView, LaysOutHeadsCodesStudentsAndAverage)
+{
+    RankSchool school;
+    school.AddUsualDivision(2);
+    school.AddMarkedStudent("Anil", {90, 80});
+    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    ASSERT_EQ(view.Cols(), 12);
+    QStringList heads;
+    QStringList codes;
+    QStringList student;
+    QStringList average;
+    for (int column = 0; column < view.Cols(); ++column) {
+        heads.append(view.Text(0, column));
+        codes.append(view.Text(1, column));
+        student.append(view.Text(2, column));
+        average.append(view.Text(view.AverageRow(), column));
+    }
+    EXPECT_EQ(heads, QStringList({"", "Adm.No.", "Class", "Division", "", "Eng", "Mat", "Total", "Total",
+                                  "Average", "Rank", "Grade"}));
+    EXPECT_EQ(codes, QStringList({"", "", "", "", "", "1", "2", "", "", "", "", ""}));
+    EXPECT_EQ(student,
+              QStringList({"Anil", "A1", "X", "A", "1", "90", "80", "170", "170", "85.00", "1", "A"}));
+    EXPECT_EQ(average, QStringList({"Average", "", "", "", "", "90.00", "80.00", "170.00", "", "", "", ""}));
+    EXPECT_EQ(view.Text(view.Rows() - 1, 0), "");
+    EXPECT_TRUE(RankView::RowHidden(1));
+    EXPECT_TRUE(view.ColumnHidden(4));
+}
+
+TEST(RankView, ShowsAFailedStudentWithGradeAndPaintedMarkButWithoutRank)
+{
+    RankSchool school;
+    school.AddUsualDivision(2);
+    school.AddMarkedStudent("Anil", {34, 90});
+    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    EXPECT_EQ(view.Text(2, 5), "34");
+    EXPECT_EQ(view.Flag(2, 5), CellFlag::FailedOrAbsent);
+    EXPECT_EQ(view.Flag(2, 6), CellFlag::None);
+    EXPECT_EQ(FromRight(view, "Anil", 2), "");
+    EXPECT_EQ(FromRight(view, "Anil", 1), "C");
+}
+
+TEST(RankView, ShowsAnAbsentStudentWithoutRankAndGrade)
+{
+    RankSchool school;
+    school.AddUsualDivision(2);
+    const int anil = school.AddStudent(1, "Anil");
+    school.EnterMark(anil, 1, 90);
+    school.EnterAbsence(anil, 2);
+    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    EXPECT_EQ(view.Text(2, 6), "A");
+    EXPECT_EQ(view.Flag(2, 6), CellFlag::FailedOrAbsent);
+    EXPECT_EQ(FromRight(view, "Anil", 2), "");
+    EXPECT_EQ(FromRight(view, "Anil", 1), "");
+}
+
+TEST(RankView, HidesSubjectsNotTakenForRankAndTheTotalOfAllUnlessAllAreShown)
+{
+    RankSchool school;
+    school.AddUsualDivision(1);
+    school.AddSubject(1, 2, "Art", 2, "No");
+    school.AddMarkedStudent("Anil", {80, 90});
+    const RankList list = school.Prepare();
+    const RankView taken = school.Show(list, RankOrder::Rank, SubjectDisplay::TakenForRankOnly);
+    EXPECT_FALSE(taken.ColumnHidden(5));
+    EXPECT_TRUE(taken.ColumnHidden(6));
+    EXPECT_TRUE(taken.ColumnHidden(7));
+    EXPECT_FALSE(taken.ColumnHidden(8));
+    EXPECT_EQ(taken.Text(2, 8), "80");
+
+    const RankView all = school.Show(list, RankOrder::Rank, SubjectDisplay::All);
+    EXPECT_FALSE(all.ColumnHidden(6));
+    EXPECT_FALSE(all.ColumnHidden(7));
+    EXPECT_TRUE(all.ColumnHidden(8));
+    EXPECT_EQ(all.Text(2, 7), "170");
+    EXPECT_EQ(all.Flag(1, 6), CellFlag::NotTaken);
+    EXPECT_EQ(all.Flag(2, 6), CellFlag::NotTaken);
+    EXPECT_EQ(all.Flag(all.AverageRow(), 6), CellFlag::None);
+    for (int column = 9; column < all.Cols(); ++column)
+        EXPECT_FALSE(all.ColumnHidden(column));
+}
+
+TEST(AverageRow, LeavesOutAbsencesZerosAndBlanks)
+{
+    RankSchool school;
+    school.AddUsualDivision(4);
+    school.AddMarkedStudent("Anil", {90, 0, 0});
+    school.AddMarkedStudent("Bina", {0, 41, 0});
+    const int chand = school.AddStudent(1, "Chand");
+    school.EnterMark(chand, 1, 45);
+    school.EnterAbsence(chand, 2);
+    school.EnterMark(chand, 3, 0);
+    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    EXPECT_EQ(view.Text(view.AverageRow(), 5), "67.50");
+    EXPECT_EQ(view.Text(view.AverageRow(), 6), "41.00");
+    EXPECT_EQ(view.Text(view.AverageRow(), 7), "");
+    EXPECT_EQ(view.Text(view.AverageRow(), 8), "");
+    EXPECT_EQ(view.Text(view.AverageRow(), 9), "58.67");
+    EXPECT_EQ(view.Text(view.AverageRow(), 10), "");
+}
+
+TEST(AlphabeticView, MixesSmallAndCapitalLetters)
+{
+    RankSchool school;
+    school.AddUsualDivision(1);
+    school.AddMarkedStudent("bina", {50});
+    school.AddMarkedStudent("Anil", {60});
+    school.AddMarkedStudent("Chand", {70});
+    const RankView view = school.Show(school.Prepare(), RankOrder::Alphabetical);
+    EXPECT_EQ(NamesOf(view), QStringList({"Anil", "bina", "Chand"}));
+}
+
+TEST(AdmissionNoView, SortsTheNumbersAsTexts)
+{
+    RankSchool school;
+    school.AddUsualDivision(1);
+    for (const char* number : {"9", "10", "b2", "B1"}) {
+        const int student = school.AddStudent(1, number, number);
+        school.EnterMark(student, 1, 50);
+    }
+    const RankView view = school.Show(school.Prepare(), RankOrder::AdmissionNo);
+    EXPECT_EQ(NamesOf(view), QStringList({"10", "9", "B1", "b2"}));
+}
+
+TEST(GradeOrderView, FollowsTheGradeTableAndLeavesAbsentStudentsOut)
+{
+    RankSchool school;
+    school.options.fractionMarks = true;
+    school.AddUsualDivision(2);
+    school.AddMarkedStudent("Low", {10, 10});
+    school.AddMarkedStudent("Second", {81, 80});
+    school.AddMarkedStudent("First", {90, 90});
+    const int absent = school.AddStudent(1, "Absent");
+    school.EnterMark(absent, 1, 99);
+    school.EnterAbsence(absent, 2);
+    const RankList list = school.Prepare();
+    const RankView view = school.Show(list, RankOrder::Grade);
+    EXPECT_EQ(NamesOf(view), QStringList({"First", "Second", "Low"}));
+    EXPECT_EQ(FromRight(view, "Second", 3), "80.5");
+    EXPECT_EQ(FromRight(school.Show(list, RankOrder::Rank), "Second", 3), "80.50");
+}
+
+TEST(GradeOrderView, ListsAGradeAtTwoPositionsTwice)
+{
+    RankSchool school;
+    school.AddUsualDivision(1);
+    school.AddDivision(2, "B");
+    school.AddSubject(2, 1, "Eng", 1);
+    school.AddBand(2, 35, 20, "C", 1);
+    school.AddBand(2, 0, 0, "D", 2);
+    school.AddMarkedStudent("Anil", {40});
+    school.AddMarkedStudent("Bina", {90});
+    const RankView view = school.Show(school.Prepare({1, 2}), RankOrder::Grade);
+    EXPECT_EQ(NamesOf(view), QStringList({"Bina", "Anil", "Anil"}));
+}
+
+TEST(GradeOrderView, AddsRowsWhoseGradeIsNullButNotThoseWithoutAGrade)
+{
+    RankSchool school;
+    school.AddDivision(1, "A");
+    school.AddSubject(1, 1, "Eng", 1);
+    school.AddBand(1, 50, 50, "A", 1);
+    school.AddMarkedStudent("Ungraded", {40});
+    school.AddMarkedStudent("Null grade", {30});
+    school.AddMarkedStudent("Graded", {60});
+    const RankList list = school.Prepare();
+    school.temp.Execute("Update TempRankCalculation set Grade=Null where StudentName='Null grade'");
+    EXPECT_EQ(NamesOf(school.Show(list, RankOrder::Grade)), QStringList({"Graded", "Null grade"}));
+    EXPECT_EQ(school.Show(list, RankOrder::Rank).StudentCount(), 3);
+}
+
+TEST(Views, RunAsManyStatementsForFiveHundredStudentsAsForTen)
+{
+    const auto statements = [](int students, RankOrder order) {
+        RankSchool school;
+        school.AddUsualDivision(2);
+        for (int student = 0; student < students; ++student)
+            school.AddMarkedStudent(QStringLiteral("Student %1").arg(student), {50, 60});
+        const RankList list = school.Prepare();
+        const auto before = school.main.StatementsRun() + school.temp.StatementsRun();
+        EXPECT_EQ(school.Show(list, order).StudentCount(), students);
+        return school.main.StatementsRun() + school.temp.StatementsRun() - before;
+    };
+    for (const RankOrder order :
+         {RankOrder::Rank, RankOrder::Grade, RankOrder::AdmissionNo, RankOrder::Alphabetical})
+        EXPECT_EQ(statements(10, order), statements(500, order));
+}
+
+TEST(GradeSummary, CountsGradesAbsenteesAndFullMarks)
+{
+    RankSchool school;
+    school.AddUsualDivision(1);
+    school.AddSubject(1, 2, "Art", 2, "No", 100, 70);
+    school.AddMarkedStudent("Anil", {90, 10});
+    school.AddMarkedStudent("Bina", {85, 10});
+    school.AddMarkedStudent("Chand", {10, 10});
+    school.EnterAbsence(school.AddStudent(1, "Devi"), 1);
+    school.AddDivision(2, "B");
+    school.AddSubject(2, 2, "Art", 1, "No");
+    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    RankRepository repository = school.Repository();
+    const auto fullMarks = repository.LoadFullMarks(school.scope, {1, 2});
+    const auto summary = LoadGradeSummary(view, repository.LoadDistinctGrades(school.scope, {1}), "X",
+                                          {{"  A", fullMarks[0]}, {"  B", fullMarks[1]}});
+    EXPECT_EQ(Summary(summary), "TOTAL STRENGTH|4||\n"
+                                "No. Of 'A' Grades||2|A\n"
+                                "No. Of 'B' Grades||0|B\n"
+                                "No. Of 'C' Grades||0|C\n"
+                                "No. Of 'D' Grades||1|D\n"
+                                "TOTAL||3|\n"
+                                "ABSENTEE||1|\n"
+                                "||4|\n"
+                                "Full Mark For X  A|100||\n"
+                                "Full Mark For X  B|||");
+}
+
+} // namespace tally::test

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace tally::test {
+
+/// Reads a workbook's first sheet back the way an office program sees it.
+class WorkbookReader
+{
+public:
+    struct Style
+    {
+        bool bold = false;
+        bool border = false; ///< on all four sides
+        QString fill;        ///< "FFRRGGBB"; empty for none
+        QString horizontal;
+        QString vertical;
+        QString numberFormat;
+    };
+
+    struct Cell
+    {
+        bool exists = false;
+        bool isNumber = false;
+        QString value;
+        Style style;
+    };
+
+    /// Fails the running test when the file is no readable workbook.
+    explicit WorkbookReader(const QString& path);
+
+    /// By the sheet's own name, such as "B7". A cell that is not there has exists = false.
+    Cell At(const QString& reference) const { return cells_.value(reference); }
+    const QStringList& Merges() const { return merges_; }
+    /// In letters; 0 where the sheet says nothing. Columns from 1.
+    double ColumnWidth(int column) const { return widths_.value(column); }
+    /// 0 where the sheet says nothing. Rows from 1.
+    double RowHeight(int row) const { return heights_.value(row); }
+    /// An attribute of an element of the sheet, such as "pageSetup", "orientation".
+    QString Attribute(const QString& element, const QString& name) const
+    {
+        return attributes_.value(element + u'/' + name);
+    }
+    QString Footer() const { return texts_.value(QStringLiteral("oddFooter")); }
+    QString Property(const QString& element) const { return texts_.value(element); }
+    QString DefinedName(const QString& name) const { return names_.value(name); }
+
+private:
+    void ReadStyles(const QString& path);
+    void ReadSheet(const QString& path);
+    void ReadRest(const QString& path);
+
+    QHash<QString, Cell> cells_;
+    QStringList merges_;
+    QHash<int, double> widths_;
+    QHash<int, double> heights_;
+    QHash<QString, QString> attributes_;
+    QHash<QString, QString> texts_;
+    QHash<QString, QString> names_;
+    std::vector<Style> styles_;
+};
+
+} // namespace tally::test

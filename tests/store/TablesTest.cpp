@@ -1,0 +1,301 @@
+#include "store/Tables.h"
+
+#include "StoreFiles.h"
+#include "support/TestStore.h"
+
+#include <ostream>
+
+namespace tally::test {
+
+using store::Connection;
+using store::ErrorKind;
+using store::Transaction;
+
+namespace {
+
+Connection InMemoryWith(void (*create)(Transaction&))
+{
+    Connection connection = Connection::InMemory();
+    Transaction transaction(connection);
+    create(transaction);
+    transaction.Commit();
+    return connection;
+}
+
+QString ColumnsOf(Connection& connection, const char* table)
+{
+    QStringList columns;
+    auto rows = connection.Query(QStringLiteral("PRAGMA table_info(%1)").arg(QLatin1String(table)));
+    while (rows.Next())
+        columns << rows.Text(1);
+    return columns.join(u' ');
+}
+
+QStringList TablesOf(Connection& connection)
+{
+    QStringList tables;
+    auto rows =
+        connection.Query(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name"));
+    while (rows.Next())
+        tables << rows.Text(0);
+    return tables;
+}
+
+struct Table
+{
+    const char* name;
+    const char* columns;
+
+    friend void PrintTo(const Table& table, std::ostream* out) { *out << table.name; }
+};
+
+const Table MainTables[] = {
+    {"StateMaster", "StateCode StateName UserCode"},
+    {"CityMaster", "CityCode StateCode CityName UserCode"},
+    {"BloodGroupMaster", "BloodGroupCode BloodGroupName UserCode"},
+    {"SalutationMaster", "SalutationCode SalutationName UserCode"},
+    {"ExamMaster", "ExamCode ExamName ExamOrder UserCode"},
+    {"SubjectMaster", "SubjectCode SubjectName SubjectShortName UserCode"},
+    {"TeacherMaster",
+     "TeacherCode SalutationCode TeacherName TeacherShortName DOB MaritalStatus WeddingDate "
+     "JoiningDate FHName Address1 Address2 CityCode PinCode Telephone BloodGroupCode Qualification "
+     "UserCode"},
+    {"ClassDivisionMaster", "ClassCode ClassName NoOfDivisions ClassOrder UserCode"},
+    {"ClassDivisionDetails", "ClassCode DivisionName DivisionCode"},
+    {"MonthMaster", "MonthSlNo MonthShortName MonthCode"},
+    {"SchoolMaster", "SchoolName SAddress1 SAddress2 CCityCode CPinCode MonthShortName UserCode"},
+    {"SchoolSetUp", "SchoolName Address1 Address2 CityCode PinCode"},
+    {"AcademicYearSetup", "AcademicYearCode YearFrom YearTo FromDate ToDate Status Processed UserCode"},
+    {"ApplicationDate", "ApplicationDate UserCode"},
+    {"Options", "ExitPrompt AdmissionNoAutoGen DateOfBirthSetting GenderOption MarksInFraction MarksRounded"},
+    {"ScreenStatus", "Screen"},
+    {"AccessedDate", "AccessedDate"},
+    {"ExamBoardMaster", "BoardCode BoardNo Status"},
+    {"ControlFileMaster", "ID NextNo"},
+    {"MRCODE", "MRCODE"},
+    {"UserMaster", "UserCode UserName EnteredBy"},
+    {"UserPrivilegeMaster", "UserCode LoginId Password Block EnteredBy Days"},
+    {"UserPrivilegeDetails", "FormName ButtonName UserCode"},
+    {"StudentMaster",
+     "StudentCode AdmissionNo OptionalAdmissionNo AdmissionDate AcademicYearCode StudentName FgName "
+     "Sex Address1 Address2 CityCode Pincode Telephone Email DOB BloodGroupCode ManGenAutoGen "
+     "RelievingDate RelievingReason TCNo TCDate UserCode"},
+    {"StudentClassDivision", "StudentCode AcademicYearCode ClassCode DivisionCode Status UserCode"},
+    {"ClassSubjectTeacher", "AcademicYearCode ClassCode DivisionCode SubjectCode TeacherCode MaximumMark "
+                            "MaximumAllowed TakenForRank SlNo"},
+    {"RankMaster",
+     "AcademicYearCode ExamCode ClassCode DivisionCode TotalAverage SubjectAverage Grade Status UserCode"},
+    {"MarkMaster",
+     "AcademicYearCode StudentCode ExamCode ClassCode DivisionCode SubjectCode Mark LeaveOrPresent "
+     "TeacherCode UserCode"},
+    {"TempRankTotal",
+     "StudentCode AcademicYearCode ExamCode ClassCode DivisionCode Total Average Rank Grade"},
+    {"TransactionMaster",
+     "TransactionCode TransactionDate StudentCode AcademicYearCode Amount DeleteStatus UserCode"},
+    {"FeesSetup", "FeesCode ClassCode FeesName Amount UserCode"},
+};
+
+} // namespace
+
+class MainTable : public testing::TestWithParam<Table>
+{};
+
+TEST_P(MainTable, HasItsColumnsInTheirOrder)
+{
+    Connection store = InMemoryWith(store::CreateMainTables);
+    EXPECT_EQ(ColumnsOf(store, GetParam().name), QLatin1String(GetParam().columns));
+}
+
+INSTANTIATE_TEST_SUITE_P(Tables, MainTable, testing::ValuesIn(MainTables),
+                         [](const auto& table) { return std::string(table.param.name); });
+
+TEST(Tables, MainFileHoldsTheListedTablesAndNoWorkingTable)
+{
+    Connection store = InMemoryWith(store::CreateMainTables);
+    QStringList expected;
+    for (const Table& table : MainTables)
+        expected << QLatin1String(table.name);
+    expected.sort();
+    EXPECT_EQ(TablesOf(store), expected);
+}
+
+TEST(Tables, TemporaryFileHoldsTheUsersExitPromptsOnly)
+{
+    Connection store = InMemoryWith(store::CreateTempTables);
+    EXPECT_EQ(TablesOf(store), QStringList{QStringLiteral("Options")});
+    EXPECT_EQ(ColumnsOf(store, "Options"), QLatin1String("Options UserCode"));
+}
+
+TEST(Tables, BackupFileHoldsBothLogs)
+{
+    Connection store = InMemoryWith(store::CreateBackupTables);
+    EXPECT_EQ(ColumnsOf(store, "BackupDatabase"), QLatin1String("BackupCode BackupPath BackupDate"));
+    EXPECT_EQ(ColumnsOf(store, "RestoreDatabase"), QLatin1String("RestoreCode RestorePath RestoreDate"));
+}
+
+TEST(Tables, HelpFileHoldsTheHelpTexts)
+{
+    Connection store = InMemoryWith(store::CreateHelpTables);
+    EXPECT_EQ(ColumnsOf(store, "Tallyboarddetails"), QLatin1String("Scrno ScreenName Details"));
+}
+
+TEST(Tables, EveryTextColumnComparesWithoutCase)
+{
+    Connection store = InMemoryWith(store::CreateMainTables);
+    for (const Table& table : MainTables) {
+        auto columns = store.Query(QStringLiteral("PRAGMA table_info(%1)").arg(QLatin1String(table.name)));
+        auto definition =
+            store.Query(QStringLiteral("SELECT sql FROM sqlite_master WHERE name = ?"), table.name);
+        ASSERT_TRUE(definition.Next());
+        const QStringList lines = definition.Text(0).split(u'\n');
+        while (columns.Next()) {
+            const QString kind = columns.Text(2);
+            const bool isDate =
+                kind == QLatin1String("VARCHAR(10)") && columns.Text(1).contains(QLatin1String("Date"));
+            if (!kind.startsWith(QLatin1String("VARCHAR")) || isDate ||
+                columns.Text(1) == QLatin1String("DOB"))
+                continue;
+            const auto line = std::find_if(lines.begin(), lines.end(), [&](const QString& text) {
+                return text.trimmed().startsWith(columns.Text(1) + u' ');
+            });
+            ASSERT_NE(line, lines.end()) << table.name;
+            EXPECT_TRUE(line->contains(QLatin1String("COLLATE NOCASE")))
+                << table.name << ": " << qPrintable(*line);
+        }
+    }
+}
+
+/// What a column takes and what it refuses, tried on a delivered system.
+class Limits : public testing::Test
+{
+protected:
+    Limits()
+    {
+        store_.Execute(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (1, 'X', 2, 1, 1)"));
+        store_.Execute(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (1, 'A', 1), (1, 'B', 2)"));
+        store_.Execute(QStringLiteral("INSERT INTO AcademicYearSetup VALUES"
+                                      " (1, 2025, 2026, '2025-06-01', '2026-05-31', 'Y', 'N', 1)"));
+        store_.Execute(QStringLiteral("INSERT INTO SubjectMaster VALUES (1, 'English', 'Eng', 1)"));
+        store_.Execute(QStringLiteral("INSERT INTO ExamMaster VALUES (1, 'Annual', 1, 1)"));
+    }
+
+    bool Takes(const char* sql)
+    {
+        const auto error = ErrorOf([&] { store_.Execute(QString::fromUtf8(sql)); });
+        EXPECT_TRUE(!error || error->Kind() == ErrorKind::GeneralFailure) << error->what();
+        return !error;
+    }
+
+    Connection store_ = DeliveredMainStore();
+};
+
+TEST_F(Limits, AWidthCountsLettersAndNotBytes)
+{
+    EXPECT_TRUE(Takes("INSERT INTO SalutationMaster VALUES (1, 'Łłéñü', 1)"));
+    EXPECT_FALSE(Takes("INSERT INTO SalutationMaster VALUES (2, 'Doctor', 1)"));
+    EXPECT_TRUE(Takes("UPDATE ClassDivisionMaster SET ClassName = 'VIII'"));
+    EXPECT_FALSE(Takes("UPDATE ClassDivisionMaster SET ClassName = 'XVIII'"));
+    EXPECT_FALSE(Takes("UPDATE ClassDivisionDetails SET DivisionName = 'ABCD'"));
+    EXPECT_FALSE(Takes("UPDATE SubjectMaster SET SubjectShortName = 'English'"));
+}
+
+TEST_F(Limits, ADateIsIsoTextAndARealDay)
+{
+    EXPECT_TRUE(Takes("INSERT INTO ApplicationDate VALUES ('2025-06-01', 1)"));
+    EXPECT_FALSE(Takes("INSERT INTO ApplicationDate VALUES ('01/Jun/2025', 1)"));
+    EXPECT_FALSE(Takes("INSERT INTO ApplicationDate VALUES ('2025-02-30', 1)"));
+    EXPECT_TRUE(Takes("UPDATE StudentMaster SET DOB = NULL"));
+}
+
+TEST_F(Limits, AWorkingDayStandsOnce)
+{
+    EXPECT_TRUE(Takes("INSERT INTO ApplicationDate VALUES ('2025-06-01', 1)"));
+    EXPECT_FALSE(Takes("INSERT INTO ApplicationDate VALUES ('2025-06-01', 2)"));
+}
+
+TEST_F(Limits, AScreenIsOpenOnce)
+{
+    EXPECT_TRUE(Takes("INSERT INTO ScreenStatus VALUES ('PromotionEntry')"));
+    EXPECT_TRUE(Takes("INSERT INTO ScreenStatus VALUES ('AcademicYearSetup')"));
+    EXPECT_FALSE(Takes("INSERT INTO ScreenStatus VALUES ('PromotionEntry')"));
+    EXPECT_FALSE(Takes("INSERT INTO ScreenStatus VALUES ('promotionentry')"));
+}
+
+TEST_F(Limits, FlagsTakeTheirLettersOnly)
+{
+    EXPECT_FALSE(Takes("UPDATE AcademicYearSetup SET Status = 'X'"));
+    EXPECT_FALSE(Takes("UPDATE AcademicYearSetup SET Processed = ''"));
+    EXPECT_FALSE(Takes("INSERT INTO StudentClassDivision VALUES (0, 1, 1, 1, 'P', 1)"));
+    EXPECT_FALSE(Takes("INSERT INTO ClassSubjectTeacher VALUES (1, 1, 1, 1, 0, 100, 100, 'Y', 1)"));
+    EXPECT_TRUE(Takes("INSERT INTO ClassSubjectTeacher VALUES (1, 1, 1, 1, 0, 100, 100, 'Yes', 1)"));
+    EXPECT_FALSE(Takes("INSERT INTO MarkMaster VALUES (1, 0, 1, 1, 1, 1, 50, 'L', 0, 1)"));
+    EXPECT_FALSE(Takes("UPDATE StudentMaster SET Sex = 'X'"));
+}
+
+TEST_F(Limits, OptionsMayStayUnset)
+{
+    EXPECT_TRUE(Takes("INSERT INTO Options VALUES ('Y', 'N', NULL, '', 'N', 'N')"));
+    EXPECT_TRUE(Takes("INSERT INTO Options VALUES ('', '', '2020-05-31', 'A', NULL, '')"));
+    EXPECT_FALSE(Takes("INSERT INTO Options VALUES ('Y', 'N', NULL, 'X', 'N', 'N')"));
+}
+
+TEST_F(Limits, NumbersStayWithinTheirDigits)
+{
+    EXPECT_FALSE(Takes("INSERT INTO ExamMaster VALUES (2, 'Half Yearly', 100000, 1)"));
+    EXPECT_FALSE(Takes("UPDATE AcademicYearSetup SET YearFrom = 1979 WHERE AcademicYearCode = 1"));
+    EXPECT_FALSE(Takes("UPDATE StudentMaster SET AdmissionNo = 1000000000"));
+    EXPECT_TRUE(Takes("UPDATE StudentMaster SET AdmissionNo = 999999999"));
+    EXPECT_TRUE(Takes("INSERT INTO UserPrivilegeMaster VALUES (0, 'asha', 'secret', 'N', 0, 365)"));
+    EXPECT_FALSE(Takes("UPDATE UserPrivilegeMaster SET Days = 366"));
+}
+
+TEST_F(Limits, NamesThatMustBeUniqueAreSoWithoutCase)
+{
+    EXPECT_FALSE(Takes("INSERT INTO ExamMaster VALUES (2, 'Half Yearly', 1, 1)"));
+    const char* const teacher = "INSERT INTO TeacherMaster (TeacherCode, TeacherShortName) VALUES ";
+    EXPECT_TRUE(Takes(qPrintable(QLatin1String(teacher) + QStringLiteral("(1, 'ABC')"))));
+    EXPECT_FALSE(Takes(qPrintable(QLatin1String(teacher) + QStringLiteral("(2, 'abc')"))));
+    const char* const student =
+        "INSERT INTO StudentMaster (StudentCode, AdmissionNo, OptionalAdmissionNo) VALUES ";
+    EXPECT_TRUE(Takes(qPrintable(QLatin1String(student) + QStringLiteral("(1, 1, 'KT-1')"))));
+    EXPECT_FALSE(Takes(qPrintable(QLatin1String(student) + QStringLiteral("(2, 1, 'KT-2')"))));
+    EXPECT_FALSE(Takes(qPrintable(QLatin1String(student) + QStringLiteral("(2, 2, 'kt-1')"))));
+    EXPECT_TRUE(Takes("INSERT INTO UserMaster VALUES (1, 'Asha', 1), (2, 'Balu', 1)"));
+    EXPECT_TRUE(Takes("INSERT INTO UserPrivilegeMaster VALUES (1, 'asha', 'a', 'N', 1, 0)"));
+    EXPECT_FALSE(Takes("INSERT INTO UserPrivilegeMaster VALUES (2, 'ASHA', 'b', 'N', 1, 0)"));
+}
+
+TEST_F(Limits, AMarkStandsOnceForYearStudentExamClassDivisionAndSubject)
+{
+    EXPECT_TRUE(Takes("INSERT INTO SubjectMaster VALUES (2, 'Tamil', 'Tam', 1)"));
+    EXPECT_TRUE(Takes("INSERT INTO MarkMaster VALUES (1, 0, 1, 1, 1, 1, 50, 'P', 0, 1)"));
+    EXPECT_FALSE(Takes("INSERT INTO MarkMaster VALUES (1, 0, 1, 1, 1, 1, 60, 'A', 0, 2)"));
+    EXPECT_TRUE(Takes("INSERT INTO MarkMaster VALUES (1, 0, 1, 1, 1, 2, 50, 'P', 0, 1)"));
+    EXPECT_TRUE(Takes("INSERT INTO MarkMaster VALUES (1, 0, 1, 1, 2, 1, 50, 'P', 0, 1)"));
+    EXPECT_TRUE(Takes("INSERT INTO MarkMaster VALUES (0, 0, 1, 1, 1, 1, 50, 'P', 0, 1)"));
+}
+
+TEST_F(Limits, AStudentHasOneClassAYear)
+{
+    EXPECT_TRUE(Takes("INSERT INTO StudentClassDivision VALUES (0, 1, 1, 1, 'Y', 1)"));
+    EXPECT_FALSE(Takes("INSERT INTO StudentClassDivision VALUES (0, 1, 1, 2, 'Y', 1)"));
+}
+
+TEST_F(Limits, TwoClassesMayStandAtOneOrderUntilTheyAreRenumbered)
+{
+    EXPECT_TRUE(Takes("INSERT INTO ClassDivisionMaster VALUES (2, 'x', 1, 1, 1)"));
+}
+
+TEST_F(Limits, TheListOfAClassDivisionReadsARangeOfTheKey)
+{
+    auto plan =
+        store_.Query(QStringLiteral("EXPLAIN QUERY PLAN SELECT StudentCode, SubjectCode, Mark FROM MarkMaster"
+                                    " WHERE AcademicYearCode = 1 AND ExamCode = 1 AND ClassCode = 1"
+                                    " AND DivisionCode IN (1, 2)"));
+    ASSERT_TRUE(plan.Next());
+    const QString step = plan.Text(plan.ColumnCount() - 1);
+    EXPECT_TRUE(step.contains(QLatin1String("PRIMARY KEY"))) << qPrintable(step);
+    EXPECT_TRUE(step.contains(QLatin1String("ExamCode=?"))) << qPrintable(step);
+}
+
+} // namespace tally::test

@@ -1,0 +1,133 @@
+#include "StoreFiles.h"
+
+#include <stdexcept>
+
+namespace tally::test {
+
+using store::Connection;
+using store::Transaction;
+
+class Transactions : public testing::Test
+{
+protected:
+    Transactions() { store_.Execute(QStringLiteral("CREATE TABLE Mark (Mark INTEGER UNIQUE)")); }
+
+    static void Insert(Transaction& transaction, int mark)
+    {
+        transaction.Execute(QStringLiteral("INSERT INTO Mark VALUES (?)"), mark);
+    }
+
+    QString Marks()
+    {
+        QStringList marks;
+        auto rows = store_.Query(QStringLiteral("SELECT Mark FROM Mark ORDER BY Mark"));
+        while (rows.Next())
+            marks << rows.Text(0);
+        return marks.join(u' ');
+    }
+
+    Connection store_ = Connection::InMemory();
+};
+
+TEST_F(Transactions, CommitKeepsTheRows)
+{
+    Transaction transaction(store_);
+    Insert(transaction, 1);
+    transaction.Commit();
+    EXPECT_EQ(store_.TransactionDepth(), 0);
+    EXPECT_EQ(Marks(), QLatin1String("1"));
+}
+
+TEST_F(Transactions, LeavingTheScopeRollsBack)
+{
+    {
+        Transaction transaction(store_);
+        Insert(transaction, 1);
+    }
+    EXPECT_EQ(store_.TransactionDepth(), 0);
+    EXPECT_EQ(Marks(), QString());
+}
+
+TEST_F(Transactions, AnExceptionRollsBackAndPassesThrough)
+{
+    const auto save = [&] {
+        Transaction transaction(store_);
+        Insert(transaction, 1);
+        throw std::runtime_error("power cut");
+    };
+    EXPECT_THROW(save(), std::runtime_error);
+    EXPECT_EQ(Marks(), QString());
+}
+
+TEST_F(Transactions, AFailingStatementLosesTheWholeSave)
+{
+    const auto error = ErrorOf([&] {
+        Transaction transaction(store_);
+        Insert(transaction, 1);
+        Insert(transaction, 1);
+        transaction.Commit();
+    });
+    EXPECT_TRUE(error);
+    EXPECT_EQ(Marks(), QString());
+}
+
+TEST_F(Transactions, AnInnerRollbackKeepsTheOuterRows)
+{
+    Transaction outer(store_);
+    Insert(outer, 1);
+    {
+        Transaction inner(store_);
+        Insert(inner, 2);
+        EXPECT_EQ(store_.TransactionDepth(), 2);
+    }
+    Insert(outer, 3);
+    outer.Commit();
+    EXPECT_EQ(Marks(), QLatin1String("1 3"));
+}
+
+TEST_F(Transactions, AnInnerCommitIsLostWithTheOuterRollback)
+{
+    {
+        Transaction outer(store_);
+        Transaction inner(store_);
+        Insert(inner, 2);
+        inner.Commit();
+    }
+    EXPECT_EQ(Marks(), QString());
+}
+
+TEST_F(Transactions, ThreeLevelsUndoOnlyTheMiddleOne)
+{
+    Transaction outer(store_);
+    Insert(outer, 1);
+    {
+        Transaction middle(store_);
+        Insert(middle, 2);
+        Transaction inner(store_);
+        Insert(inner, 3);
+        inner.Commit();
+    }
+    outer.Commit();
+    EXPECT_EQ(Marks(), QLatin1String("1"));
+}
+
+TEST_F(Transactions, ANewOneCanFollowARolledBackOne)
+{
+    {
+        Transaction lost(store_);
+        Insert(lost, 1);
+    }
+    Transaction kept(store_);
+    Insert(kept, 2);
+    kept.Commit();
+    EXPECT_EQ(Marks(), QLatin1String("2"));
+}
+
+TEST_F(Transactions, RollbackWithoutATransactionDoesNothing)
+{
+    store_.Rollback();
+    store_.Commit();
+    EXPECT_EQ(store_.TransactionDepth(), 0);
+}
+
+} // namespace tally::test

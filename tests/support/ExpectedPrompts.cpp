@@ -1,0 +1,51 @@
+#include "support/ExpectedPrompts.h"
+
+#include <gtest/gtest.h>
+
+namespace tally::test {
+
+ExpectedPrompts::ExpectedPrompts()
+{
+    Prompts::AnswerWith([this](Prompts::Kind kind, const QString& text) { return Answer(kind, text); });
+}
+
+ExpectedPrompts::~ExpectedPrompts()
+{
+    Prompts::AnswerWith({});
+    Verify();
+}
+
+void ExpectedPrompts::Expect(Prompts::Kind kind, const QString& text, bool answer)
+{
+    expected_.push_back({kind, text, false, answer});
+}
+
+void ExpectedPrompts::ExpectCritical()
+{
+    expected_.push_back({Prompts::Kind::Critical, QString(), true, true});
+}
+
+void ExpectedPrompts::Verify()
+{
+    for (const Expectation& expectation : expected_)
+        ADD_FAILURE() << "a box did not come: " << qPrintable(expectation.text);
+    expected_.clear();
+}
+
+bool ExpectedPrompts::Answer(Prompts::Kind kind, const QString& text)
+{
+    if (expected_.empty()) {
+        ADD_FAILURE() << "a box that was not expected: " << qPrintable(text);
+        return false;
+    }
+    const Expectation expectation = expected_.front();
+    expected_.pop_front();
+    EXPECT_EQ(static_cast<int>(kind), static_cast<int>(expectation.kind)) << qPrintable(text);
+    if (!expectation.anyText) {
+        EXPECT_EQ(text.toStdString(), expectation.text.toStdString());
+    }
+    EXPECT_FALSE(text.isEmpty());
+    return expectation.answer;
+}
+
+} // namespace tally::test

@@ -1,0 +1,162 @@
+#include "support/ScreenFixture.h"
+
+#include "core/DatabasePassword.h"
+#include "core/mdiTallyboard.h"
+#include "core/modTallyboardForms.h"
+#include "core/ProcessEnd.h"
+#include "core/ProgramFolder.h"
+#include "core/ScreenRegistry.h"
+#include "core/TempFolder.h"
+
+#include "store/DeliveredRows.h"
+#include "store/Tables.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+
+#include <functional>
+
+namespace tally::test {
+
+namespace {
+
+QString Password()
+{
+    SessionContext session;
+    BuildDatabasePassword(session);
+    return DatabasePassword(session);
+}
+
+void Make(const QString& path, const std::function<void(store::Transaction&)>& fill)
+{
+    store::Connection connection(path, Password(), store::Connection::Mode::Create);
+    store::Transaction transaction(connection);
+    fill(transaction);
+    transaction.Commit();
+}
+
+/// The four delivered files, made once for all tests of the program.
+const QDir& DeliveredFolder()
+{
+    static const QTemporaryDir folder;
+    static const QDir delivered = [] {
+        const QDir made(folder.path());
+        Make(made.filePath(QStringLiteral("Tallyboard.mdb")), [](store::Transaction& transaction) {
+            store::CreateMainTables(transaction);
+            store::InsertDeliveredMainRows(transaction);
+        });
+        Make(made.filePath(QStringLiteral("TempTallyboard.mdb")), &store::CreateTempTables);
+        Make(made.filePath(QStringLiteral("BackupRestoreDetails.mdb")), &store::CreateBackupTables);
+        Make(made.filePath(QStringLiteral("Tallyboardhelp.mdb")), [](store::Transaction& transaction) {
+            store::CreateHelpTables(transaction);
+            store::InsertDeliveredHelpRows(transaction);
+        });
+        return made;
+    }();
+    return delivered;
+}
+
+} // namespace
+
+void ProgramFixture::SetUp()
+{
+    ASSERT_TRUE(folder_.isValid());
+    const QStringList files = DeliveredFolder().entryList(QDir::Files);
+    for (const QString& file : files)
+        ASSERT_TRUE(QFile::copy(DeliveredFolder().filePath(file), folder_.filePath(file)));
+    SetProgramFolder(folder_.path());
+    Session() = SessionContext();
+    EndProcessWith([this] { ++processEnds; });
+}
+
+void ProgramFixture::TearDown()
+{
+    Settle();
+    delete mdiTallyboard::Instance();
+    const auto left = QApplication::topLevelWidgets();
+    for (QWidget* widget : left)
+        if (!widget->parent())
+            delete widget;
+    Session() = SessionContext();
+    EndProcessWith({});
+    SetProgramFolder({});
+}
+
+void ProgramFixture::OpenConnections()
+{
+    const QString password = Password();
+    const QDir folder(folder_.path());
+    Session().gcnnMain =
+        std::make_unique<store::Connection>(folder.filePath(QStringLiteral("Tallyboard.mdb")), password);
+    Session().gcnnTemp =
+        std::make_unique<store::Connection>(folder.filePath(QStringLiteral("TempTallyboard.mdb")), password);
+    // No test pulls the plug on the disk, and waiting for it would make up most of the time.
+    for (store::Connection* connection : {Session().gcnnMain.get(), Session().gcnnTemp.get()})
+        connection->Execute(QStringLiteral("PRAGMA synchronous = OFF"));
+}
+
+std::unique_ptr<store::Connection> ProgramFixture::AnotherClient() const
+{
+    return std::make_unique<store::Connection>(folder_.filePath(QStringLiteral("Tallyboard.mdb")), Password());
+}
+
+void ProgramFixture::GivenUser(int code, const QString& loginId, const QString& password,
+                               const QList<std::pair<QString, QString>>& rights, const QString& block)
+{
+    Given("INSERT INTO UserMaster (UserCode, UserName, EnteredBy) VALUES (?, ?, 0)", code,
+          QString(QStringLiteral("User ") + loginId));
+    Given("INSERT INTO UserPrivilegeMaster (UserCode, LoginId, Password, Block, EnteredBy, Days)"
+          " VALUES (?, ?, ?, ?, 0, 0)",
+          code, loginId, password, block);
+    for (const auto& [form, right] : rights)
+        Given("INSERT INTO UserPrivilegeDetails (FormName, ButtonName, UserCode) VALUES (?, ?, ?)", form, right, code);
+}
+
+void ScreenFixture::SetUp()
+{
+    ProgramFixture::SetUp();
+    OpenConnections();
+    CreateTempFolder();
+    window = mdiTallyboard::Load();
+    ASSERT_NE(window, nullptr);
+    window->show();
+    QApplication::setActiveWindow(window);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+}
+
+Screen* ScreenFixture::OpenScreen(const QString& formName)
+{
+    ShowForm(formName);
+    Settle();
+    return ScreenRegistry::OpenInstance(formName);
+}
+
+void Type(QWidget* widget, const QString& keys)
+{
+    widget->setFocus();
+    QTest::keyClicks(widget, keys);
+}
+
+void PressKey(QWidget* form, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QWidget* focused = form->focusWidget();
+    QTest::keyClick(focused ? focused : form, key, modifiers);
+}
+
+void Press(QAbstractButton* button)
+{
+    // An option stretched over a row answers on its sign and text only, which stand at its left.
+    const QPoint onItsSign(std::min(10, button->width() / 2), button->height() / 2);
+    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, button->isCheckable() ? onItsSign : QPoint());
+}
+
+void Settle()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+
+} // namespace tally::test

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "support/ExpectedPrompts.h"
+
+#include "core/Screen.h"
+#include "core/SessionContext.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+class QAbstractButton;
+class QMdiSubWindow;
+
+namespace tally {
+class mdiTallyboard;
+}
+
+namespace tally::test {
+
+/// A program folder of its own with freshly delivered, encrypted databases, and a session that starts clean.
+/// Ending the process is only counted.
+class ProgramFixture : public testing::Test
+{
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Opens both connections of the session, as the splash does.
+    void OpenConnections();
+    /// One more client on the main database.
+    std::unique_ptr<store::Connection> AnotherClient() const;
+    QString Folder() const { return folder_.path(); }
+    /// Runs one statement on the session's main database, for the rows that a test starts from.
+    template <typename... Values>
+    void Given(const char* sql, const Values&... values)
+    {
+        Session().gcnnMain->Execute(QString::fromLatin1(sql), values...);
+    }
+    /// The first column of the first row of a query on the main database; 0 for none.
+    template <typename... Values>
+    qint64 Count(const char* sql, const Values&... values)
+    {
+        return Session().gcnnMain->Number(QString::fromLatin1(sql), values...);
+    }
+    /// A user who may log in, with rights given as pairs of form name and code.
+    void GivenUser(int code, const QString& loginId, const QString& password,
+                   const QList<std::pair<QString, QString>>& rights = {}, const QString& block = QStringLiteral("N"));
+
+    ExpectedPrompts prompts;
+    int processEnds = 0;
+
+private:
+    QTemporaryDir folder_;
+};
+
+/// The same with both connections open and the main window shown.
+class ScreenFixture : public ProgramFixture
+{
+protected:
+    void SetUp() override;
+
+    /// Opens a screen as its menu entry does and gives it; null when it did not open.
+    template <typename Form>
+    Form* Open(const char* formName)
+    {
+        return qobject_cast<Form*>(OpenScreen(QString::fromLatin1(formName)));
+    }
+    Screen* OpenScreen(const QString& formName);
+
+    mdiTallyboard* window = nullptr;
+};
+
+/// The control of that name; fails the test when there is none.
+template <typename Control>
+Control* Find(const QObject* parent, const char* objectName)
+{
+    auto* control = parent->findChild<Control*>(QString::fromLatin1(objectName));
+    EXPECT_NE(control, nullptr) << "no control " << objectName;
+    return control;
+}
+
+/// Puts the focus on the widget and types.
+void Type(QWidget* widget, const QString& keys);
+/// Presses one key on the widget that has the focus within `form`.
+void PressKey(QWidget* form, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+/// Clicks a button with the mouse; a disabled one does nothing, as for the user.
+void Press(QAbstractButton* button);
+/// Lets queued events and deletions happen.
+void Settle();
+
+} // namespace tally::test

@@ -1,0 +1,18 @@
+#include "app/Screens.h"
+#include "core/look/Look.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    tally::ApplyLook(application, false);
+    tally::RegisterScreens();
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,126 @@
+#include "core/DatabasePassword.h"
+#include "store/Connection.h"
+#include "tools/SampleSchool.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace tally::test {
+
+namespace {
+
+struct Finished
+{
+    int exitCode;
+    QString out;
+    QString err;
+};
+
+Finished Start(const char* program, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QString::fromUtf8(program), arguments);
+    EXPECT_TRUE(process.waitForFinished());
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+QString ProgramPassword()
+{
+    SessionContext session;
+    BuildDatabasePassword(session);
+    return DatabasePassword(session);
+}
+
+QStringList SmallSchool(const QString& folder)
+{
+    return {folder, QStringLiteral("--classes"), QStringLiteral("2"), QStringLiteral("--students"),
+            QStringLiteral("3")};
+}
+
+} // namespace
+
+TEST(SetupProgram, MakesTheFilesAndThenKeepsThem)
+{
+    const QTemporaryDir folder;
+    const Finished first = Start(TALLY_SETUP, {folder.path()});
+    EXPECT_EQ(first.exitCode, 0) << qPrintable(first.err);
+    EXPECT_EQ(first.out.count(QLatin1String("made ")), 4);
+    store::Connection main(folder.filePath(QStringLiteral("Tallyboard.mdb")), ProgramPassword());
+    EXPECT_EQ(main.Number(QStringLiteral("SELECT count(*) FROM UserMaster")), 1);
+
+    const Finished second = Start(TALLY_SETUP, {folder.path()});
+    EXPECT_EQ(second.exitCode, 0);
+    EXPECT_EQ(second.out.count(QLatin1String("kept ")), 4);
+}
+
+TEST(SetupProgram, RefusesWrongArgumentsAndAMissingFolder)
+{
+    const QTemporaryDir folder;
+    EXPECT_EQ(Start(TALLY_SETUP, {}).exitCode, 2);
+    EXPECT_EQ(Start(TALLY_SETUP, {folder.path(), folder.path()}).exitCode, 2);
+    const Finished missing = Start(TALLY_SETUP, {folder.filePath(QStringLiteral("nowhere"))});
+    EXPECT_EQ(missing.exitCode, 1);
+    EXPECT_TRUE(missing.err.contains(QLatin1String("Is Missing"))) << qPrintable(missing.err);
+}
+
+TEST(SampleProgram, MakesASchoolAndTellsItsLogins)
+{
+    const QTemporaryDir folder;
+    const Finished run = Start(TALLY_SAMPLE, SmallSchool(folder.path()));
+    EXPECT_EQ(run.exitCode, 0) << qPrintable(run.err);
+    for (const SampleAccount& account : SampleAccounts()) {
+        EXPECT_TRUE(run.out.contains(QLatin1String(account.loginId)));
+        EXPECT_TRUE(run.out.contains(QLatin1String(account.password)));
+    }
+    store::Connection main(folder.filePath(QStringLiteral("Tallyboard.mdb")), ProgramPassword());
+    EXPECT_EQ(main.Number(QStringLiteral("SELECT count(*) FROM ClassDivisionMaster WHERE ClassCode > 0")), 2);
+}
+
+TEST(SampleProgram, NeverTouchesASchoolThatIsThere)
+{
+    const QTemporaryDir folder;
+    ASSERT_EQ(Start(TALLY_SETUP, {folder.path()}).exitCode, 0);
+    EXPECT_EQ(Start(TALLY_SAMPLE, SmallSchool(folder.path())).exitCode, 3);
+    store::Connection main(folder.filePath(QStringLiteral("Tallyboard.mdb")), ProgramPassword());
+    EXPECT_EQ(main.Number(QStringLiteral("SELECT count(*) FROM ClassDivisionMaster WHERE ClassCode > 0")), 0);
+}
+
+TEST(SampleProgram, KilledHalfWayLeavesNoDatabaseAndTheNextRunSucceeds)
+{
+    const QTemporaryDir folder;
+    QProcess process;
+    process.start(QString::fromUtf8(TALLY_SAMPLE),
+                  {folder.path(), QStringLiteral("--students"), QStringLiteral("5000")});
+    const QFileInfo unfinished(folder.filePath(QStringLiteral("Tallyboard.mdb.new")));
+    const bool begun = QTest::qWaitFor([&] { return QFileInfo(unfinished.filePath()).size() > 0; }, 20000);
+    process.kill();
+    ASSERT_TRUE(process.waitForFinished());
+    ASSERT_TRUE(begun);
+    ASSERT_EQ(process.exitStatus(), QProcess::CrashExit) << "the program was faster than its killer";
+    EXPECT_FALSE(QFileInfo::exists(folder.filePath(QStringLiteral("Tallyboard.mdb"))));
+
+    EXPECT_EQ(Start(TALLY_SETUP, {folder.path()}).exitCode, 0);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 4);
+    store::Connection main(folder.filePath(QStringLiteral("Tallyboard.mdb")), ProgramPassword());
+    EXPECT_EQ(main.Number(QStringLiteral("SELECT count(*) FROM StudentMaster")), 1);
+}
+
+TEST(SampleProgram, RefusesNumbersOutOfRange)
+{
+    const QTemporaryDir folder;
+    for (const char* wrong : {"0", "99", "-1", "many", "4294967297"}) {
+        const Finished run =
+            Start(TALLY_SAMPLE, {folder.path(), QStringLiteral("--classes=%1").arg(QLatin1String(wrong))});
+        EXPECT_EQ(run.exitCode, 2) << wrong;
+        EXPECT_FALSE(run.err.isEmpty()) << wrong;
+    }
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
+} // namespace tally::test

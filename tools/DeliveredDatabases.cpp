@@ -1,0 +1,67 @@
+#include "tools/DeliveredDatabases.h"
+
+#include "store/DeliveredRows.h"
+#include "store/StoreError.h"
+#include "store/Tables.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QScopeGuard>
+
+namespace tally {
+
+bool MakeDatabase(const QString& path, const QString& password,
+                  const std::function<void(store::Transaction&)>& fill)
+{
+    if (QFileInfo::exists(path))
+        return false;
+    const QString unfinished = path + QLatin1String(".new");
+    const auto removeUnfinished = [&unfinished] {
+        QFile::remove(unfinished);
+        QFile::remove(unfinished + QLatin1String("-journal"));
+    };
+    const auto removeInTheEnd = qScopeGuard(removeUnfinished);
+    removeUnfinished();
+    {
+        store::Connection connection(unfinished, password, store::Connection::Mode::Create);
+        store::Transaction transaction(connection);
+        fill(transaction);
+        transaction.Commit();
+    }
+    // Renaming never replaces a file, so a database that another run made meanwhile stays.
+    if (!QFile::rename(unfinished, path))
+        throw store::StoreError(
+            QStringLiteral("The File %1 Could Not Be Made").arg(QDir::toNativeSeparators(path)));
+    return true;
+}
+
+QVector<DeliveredFile> MakeDeliveredDatabases(const QString& folder, const QString& password,
+                                              const std::function<void(store::Transaction&)>& fillMain)
+{
+    const QDir directory(folder);
+    if (!directory.exists())
+        throw store::StoreError(
+            QStringLiteral("The Folder %1 Is Missing").arg(QDir::toNativeSeparators(folder)));
+
+    QVector<DeliveredFile> files;
+    const auto make = [&](const char* name, const std::function<void(store::Transaction&)>& fill) {
+        const QString fileName = QLatin1String(name);
+        files.append({fileName, MakeDatabase(directory.filePath(fileName), password, fill)});
+    };
+    make("Tallyboard.mdb", [&](store::Transaction& transaction) {
+        store::CreateMainTables(transaction);
+        store::InsertDeliveredMainRows(transaction);
+        if (fillMain)
+            fillMain(transaction);
+    });
+    make("TempTallyboard.mdb", store::CreateTempTables);
+    make("BackupRestoreDetails.mdb", store::CreateBackupTables);
+    make("Tallyboardhelp.mdb", [](store::Transaction& transaction) {
+        store::CreateHelpTables(transaction);
+        store::InsertDeliveredHelpRows(transaction);
+    });
+    return files;
+}
+
+} // namespace tally

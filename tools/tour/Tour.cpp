@@ -1,0 +1,149 @@
+#include "Tour.h"
+
+#include "core/Prompts.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QPainter>
+#include <QTest>
+
+#include <cstdio>
+
+namespace tally {
+
+namespace {
+
+constexpr int PatienceInMs = 10000;
+constexpr int MostTabs = 60;
+
+QWidget* KeyTarget()
+{
+    if (QWidget* popup = QApplication::activePopupWidget())
+        return popup;
+    if (QWidget* focused = QApplication::focusWidget())
+        return focused;
+    if (QWidget* window = QApplication::activeWindow())
+        return window;
+    throw TourError(QStringLiteral("no window takes the keys"));
+}
+
+/// Lets what the last key set off come to its end.
+void Settle()
+{
+    constexpr int RepaintInMs = 40;
+    QTest::qWait(RepaintInMs);
+}
+
+} // namespace
+
+Tour::Tour(const QString& folder) : folder_(folder)
+{
+    Prompts::AnswerWith([this](Prompts::Kind, const QString& text) { return AnswerBox(text); });
+}
+
+Tour::~Tour()
+{
+    Prompts::AnswerWith({});
+}
+
+void Tour::Press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(KeyTarget(), key, modifiers);
+    Settle();
+}
+
+void Tour::Type(const QString& text)
+{
+    QTest::keyClicks(KeyTarget(), text);
+    Settle();
+}
+
+void Tour::TabTo(const QString& widgetName)
+{
+    for (int tabs = 0; tabs < MostTabs; ++tabs) {
+        const QWidget* focused = QApplication::focusWidget();
+        if (focused && focused->objectName() == widgetName)
+            return;
+        QTest::keyClick(KeyTarget(), Qt::Key_Tab);
+    }
+    throw TourError(QStringLiteral("Tab does not lead to ") + widgetName);
+}
+
+void Tour::ChooseFromMenu(Qt::Key letter, const QString& entryName)
+{
+    Press(letter, Qt::AltModifier);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu)
+        throw TourError(QStringLiteral("no menu opened on the way to ") + entryName);
+    for (qsizetype i = 0; i < menu->actions().size(); ++i) {
+        if (menu->activeAction() && menu->activeAction()->objectName() == entryName) {
+            Press(Qt::Key_Return);
+            return;
+        }
+        Press(Qt::Key_Down);
+    }
+    throw TourError(QStringLiteral("the menu does not lead to ") + entryName);
+}
+
+void Tour::Await(const QString& what, const std::function<bool()>& condition)
+{
+    if (!QTest::qWaitFor(condition, PatienceInMs))
+        throw TourError(QStringLiteral("waited in vain for ") + what);
+    CheckBoxes();
+}
+
+QWidget* Tour::AwaitWindow(const QString& windowName)
+{
+    Await(QStringLiteral("the window ") + windowName, [&] {
+        const QWidget* window = QApplication::activeWindow();
+        return window && window->objectName() == windowName;
+    });
+    Settle();
+    return QApplication::activeWindow();
+}
+
+void Tour::Picture(const QString& what, const QString& fileName, QWidget* window)
+{
+    Settle();
+    QPixmap picture = window->grab();
+    if (QWidget* popup = QApplication::activePopupWidget()) {
+        QPainter painter(&picture);
+        painter.drawPixmap(popup->mapToGlobal(QPoint()) - window->mapToGlobal(QPoint()), popup->grab());
+    }
+    const QString numbered = QStringLiteral("%1-%2").arg(step_, 2, 10, QLatin1Char('0')).arg(fileName);
+    if (!picture.save(folder_.filePath(numbered)))
+        throw TourError(QStringLiteral("the picture %1 cannot be written").arg(numbered));
+    Done(what, numbered);
+}
+
+void Tour::Done(const QString& what, const QString& fileName)
+{
+    CheckBoxes();
+    if (!expected_.empty())
+        throw TourError(QStringLiteral("no message box said: ") + expected_.front().text);
+    QString line = QStringLiteral("%1 %2").arg(step_, 2, 10, QLatin1Char('0')).arg(what);
+    if (!fileName.isEmpty())
+        line += QStringLiteral(" -> ") + folder_.filePath(fileName);
+    std::puts(line.toUtf8().constData());
+    ++step_;
+}
+
+bool Tour::AnswerBox(const QString& text)
+{
+    if (expected_.empty() || expected_.front().text != text) {
+        surprise_ = text;
+        return false;
+    }
+    const bool answer = expected_.front().answer;
+    expected_.pop_front();
+    return answer;
+}
+
+void Tour::CheckBoxes() const
+{
+    if (!surprise_.isEmpty())
+        throw TourError(QStringLiteral("an unexpected message box said: ") + surprise_);
+}
+
+} // namespace tally

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QDir>
+#include <QString>
+
+#include <deque>
+#include <exception>
+#include <functional>
+
+class QWidget;
+
+namespace tally {
+
+/// A step of the tour did not go as a clerk would expect.
+class TourError : public std::exception
+{
+public:
+    explicit TourError(const QString& reason) : reason_(reason.toUtf8()) {}
+    const char* what() const noexcept override { return reason_.constData(); }
+
+private:
+    QByteArray reason_;
+};
+
+/// The hands and the camera of the guided tour: presses keys where the focus is, answers the message boxes
+/// that were announced, and keeps a numbered picture and a line of text for each step. What does not come
+/// about within a few seconds throws TourError.
+class Tour
+{
+public:
+    /// Takes the place of the message boxes until it is destroyed.
+    explicit Tour(const QString& folder);
+    Tour(const Tour&) = delete;
+    Tour& operator=(const Tour&) = delete;
+    ~Tour();
+
+    /// Presses a key where the focus is, in an open menu before all else.
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void Type(const QString& text);
+    /// Presses Tab until the widget of that name has the focus.
+    void TabTo(const QString& widgetName);
+    /// Opens the menu of that letter and chooses the entry of that name.
+    void ChooseFromMenu(Qt::Key letter, const QString& entryName);
+
+    /// Waits until the condition holds; `what` names it in the error.
+    void Await(const QString& what, const std::function<bool()>& condition);
+    /// Waits until the window of that name is active.
+    QWidget* AwaitWindow(const QString& windowName);
+
+    /// The next message box must have this text and gets this answer.
+    void Expect(const QString& text, bool answer = true) { expected_.push_back({text, answer}); }
+
+    /// Ends a step with a picture of the window and the menu open over it.
+    void Picture(const QString& what, const QString& fileName, QWidget* window);
+    /// Ends a step that shows in a file made meanwhile, or, without one, only in what was answered.
+    void Done(const QString& what, const QString& fileName = {});
+
+private:
+    struct Box
+    {
+        QString text;
+        bool answer;
+    };
+
+    bool AnswerBox(const QString& text);
+    void CheckBoxes() const;
+
+    QDir folder_;
+    int step_ = 1;
+    std::deque<Box> expected_;
+    QString surprise_; ///< the text of a box that nobody expected
+};
+
+} // namespace tally
