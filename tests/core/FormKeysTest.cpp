@@ -18,33 +18,29 @@ protected:
     void SetUp() override
     {
         ScreenFixture::SetUp();
-        auto* rows = new QVBoxLayout(&form);
+        auto* rows = new QVBoxLayout(form);
         for (QWidget* widget : {static_cast<QWidget*>(first), static_cast<QWidget*>(second),
                                 static_cast<QWidget*>(button)})
             rows->addWidget(widget);
-        new FormKeys(&form, 21);
-        form.show();
-        QApplication::setActiveWindow(&form);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+        new FormKeys(form, 21);
+        form->show();
+        QApplication::setActiveWindow(form);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form));
         first->setFocus();
     }
-    void TearDown() override
-    {
-        form.hide();
-        ScreenFixture::TearDown();
-    }
 
-    QWidget form{nullptr, Qt::Window};
-    QLineEdit* first = new QLineEdit(&form);
-    QLineEdit* second = new QLineEdit(&form);
-    QPushButton* button = new QPushButton(&form);
+    /// The fixture deletes all windows that a test leaves.
+    QWidget* form = new QWidget;
+    QLineEdit* first = new QLineEdit(form);
+    QLineEdit* second = new QLineEdit(form);
+    QPushButton* button = new QPushButton(form);
 };
 
 TEST_F(FormKeysTest, EnterGoesToTheNextField)
 {
-    PressKey(&form, Qt::Key_Return);
+    PressKey(form, Qt::Key_Return);
     EXPECT_TRUE(second->hasFocus());
-    PressKey(&form, Qt::Key_Enter);
+    PressKey(form, Qt::Key_Enter);
     EXPECT_TRUE(button->hasFocus());
 }
 
@@ -53,7 +49,7 @@ TEST_F(FormKeysTest, EnterPressesTheButtonThatHasTheFocus)
     int presses = 0;
     QObject::connect(button, &QPushButton::clicked, button, [&presses] { ++presses; });
     button->setFocus();
-    PressKey(&form, Qt::Key_Return);
+    PressKey(form, Qt::Key_Return);
     EXPECT_EQ(presses, 1);
 }
 
@@ -65,7 +61,7 @@ TEST_F(FormKeysTest, TheQuoteIsSwallowedInEveryField)
 
 TEST_F(FormKeysTest, F1NotesTheFormsHelpNumber)
 {
-    PressKey(&form, Qt::Key_F1);
+    PressKey(form, Qt::Key_F1);
     EXPECT_EQ(Session().glngScreenNo, 21);
 }
 
@@ -80,7 +76,7 @@ TEST_F(FormKeysTest, PastedTextLosesWhatCouldNotBeTyped)
 {
     TakeOnly(first, KeyAlpha, 30);
     QApplication::clipboard()->setText(QStringLiteral("St. Mary's 2"));
-    PressKey(&form, Qt::Key_V, Qt::ControlModifier);
+    PressKey(form, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(first->text().toStdString(), "St. Marys ");
 }
 
@@ -88,7 +84,7 @@ TEST_F(FormKeysTest, BackspaceStillWorksInAFilteredField)
 {
     TakeOnly(first, KeyNumeric, 5);
     Type(first, QStringLiteral("123"));
-    PressKey(&form, Qt::Key_Backspace);
+    PressKey(form, Qt::Key_Backspace);
     EXPECT_EQ(first->text().toStdString(), "12");
 }
 

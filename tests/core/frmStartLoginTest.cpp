@@ -33,10 +33,10 @@ protected:
         password = Find<QLineEdit>(form, "txtPassword");
     }
 
-    void LogIn(const QString& id, const QString& secret)
+    void LogIn(const QString& typedId, const QString& typedPassword)
     {
-        Type(loginId, id);
-        Type(password, secret);
+        Type(loginId, typedId);
+        Type(password, typedPassword);
         PressKey(form, Qt::Key_Return);
     }
     static bool MainWindowShown() { return mdiTallyboard::Instance() && mdiTallyboard::Instance()->isVisible(); }
