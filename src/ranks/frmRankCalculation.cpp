@@ -14,6 +14,7 @@
 #include "ui_frmRankCalculation.h"
 
 #include <QFrame>
+#include <QHeaderView>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -404,6 +405,7 @@ void frmRankCalculation::LoadGradeSummary(const RankView& view)
     for (const int col : {1, 2})
         msgGrade_->SetColAlignment(col, Qt::AlignRight | Qt::AlignVCenter);
     msgGrade_->FitColumns();
+    msgGrade_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
 void frmRankCalculation::cmdTotalDetails_Click()

@@ -31,7 +31,7 @@ Office::Office()
 
 QString Office::Program(const QString& name) const
 {
-    const QString path = QDir(Folder()).filePath(name);
+    QString path = QDir(Folder()).filePath(name);
     if (!QFile::exists(path) && !QFile::copy(QStringLiteral(TALLYBOARD_PROGRAM), path))
         throw std::runtime_error("the program cannot be copied");
     return path;

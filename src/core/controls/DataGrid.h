@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QStringList>
+#include <QTableView>
+
+#include <vector>
+
+namespace tally {
+
+/// The result of a query as a grid shows it: heads, and rows of texts as they are shown.
+struct GridResult
+{
+    QStringList heads;
+    std::vector<QStringList> rows; ///< each as long as `heads`
+};
+
+/// A read-only grid bound to a result. Columns that carry codes are hidden but can be read.
+class DataGrid : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit DataGrid(QWidget* parent = nullptr);
+    ~DataGrid() override;
+
+    /// Shows `result`; no row is current afterwards. Columns named in `hidden` get the width 0.
+    void Bind(GridResult result, const QStringList& hidden);
+    int RowCount() const;
+    /// The row the user stands on; -1 for none.
+    int CurrentRow() const;
+    /// Empty for a row or column that is not there.
+    QString Text(int row, const QString& head) const;
+    /// The same as a whole number, 0 where it is none.
+    int Code(int row, const QString& head) const { return Text(row, head).toInt(); }
+
+Q_SIGNALS:
+    /// The user moved to a row, with the mouse or the arrow keys.
+    void RowEntered(int row);
+    /// The user double clicked a row or pressed Enter on it.
+    void RowDoubleClicked(int row);
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    class Model;
+
+    void TellEntered();
+
+    Model* model_;
+    int entered_ = -1;
+};
+
+} // namespace tally
