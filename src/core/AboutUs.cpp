@@ -2,10 +2,9 @@
 
 #include "core/SessionContext.h"
 #include "core/TempFolder.h"
+#include "ui_AboutUs.h"
 
 #include <QTimer>
-
-#include "ui_AboutUs.h"
 
 namespace tally {
 

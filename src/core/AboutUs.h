@@ -29,8 +29,8 @@ private:
     std::unique_ptr<Ui::AboutUs> ui_;
 };
 
-/// The empty form that unloads AboutUs: a form can't go away inside an event of its own movie. It is never seen
-/// and goes by itself.
+/// The empty form that unloads AboutUs: a form can't go away inside an event of its own movie. It is never
+/// seen and goes by itself.
 class frmtest : public QWidget
 {
     Q_OBJECT

@@ -9,7 +9,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 
 #include <algorithm>
 
@@ -105,7 +104,7 @@ bool FormKeys::eventFilter(QObject* receiver, QEvent* event)
     }
     if (key->text() == QLatin1String("'"))
         return true;
-    if (!IsEnter(key->key()) || qobject_cast<QPlainTextEdit*>(widget))
+    if (!IsEnter(key->key()) || widget->property(TakesEnter).toBool())
         return false;
     if (auto* button = qobject_cast<QAbstractButton*>(widget);
         button && !button->isCheckable() && button->isEnabled()) {

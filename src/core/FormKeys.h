@@ -30,6 +30,9 @@ private:
 /// A list with this property set to true keeps the focus on Enter until something has been chosen in it.
 inline constexpr const char* EnterNeedsText = "enterNeedsText";
 
+/// A control with this property set to true does something of its own on Enter.
+inline constexpr const char* TakesEnter = "takesEnter";
+
 /// Lets `field` take only what `filter` lets through and at most `maxLength` characters. Pasted text loses
 /// the characters that could not have been typed.
 void TakeOnly(QLineEdit* field, KeyFilter filter, int maxLength);

@@ -101,7 +101,9 @@ QHash<QString, QAction*> BuildMenus(QMenuBar* bar, const std::function<void(cons
         QMenu* group = parent ? parent->menu() : nullptr;
         QAction* action = nullptr;
         switch (line.kind) {
-        case MenuKind::Group: action = (group ? group->addMenu(caption) : bar->addMenu(caption))->menuAction(); break;
+        case MenuKind::Group:
+            action = (group ? group->addMenu(caption) : bar->addMenu(caption))->menuAction();
+            break;
         case MenuKind::Entry: action = group ? group->addAction(caption) : bar->addAction(caption); break;
         case MenuKind::Separator: action = group->addSeparator(); break;
         }

@@ -4,8 +4,8 @@
 
 namespace tally {
 
-/// Fills the session's flags from the stored options. The two prompts count as wanted unless "N" is stored, the
-/// two mark settings only where "Y" is.
+/// Fills the session's flags from the stored options. The two prompts count as wanted unless "N" is stored,
+/// the two mark settings only where "Y" is.
 void TakeOptionFlags(const StoredOptions& options);
 
 } // namespace tally

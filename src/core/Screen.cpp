@@ -5,6 +5,7 @@
 #include "core/modTallyboardForms.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
+#include "core/SessionRepository.h"
 #include "store/StoreError.h"
 
 #include <QAbstractButton>
@@ -45,10 +46,10 @@ void Screen::cmdExit_Click()
 
 void Screen::Unload()
 {
-    if (unloaded_)
+    if (unloaded_ || !Form_Unload())
         return;
-    Form_Unload();
     unloaded_ = true;
+    ReleaseWhatWasTaken();
     if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget()))
         frame->close();
     else
@@ -63,8 +64,66 @@ void Screen::closeEvent(QCloseEvent* event)
         return;
     }
     event->ignore();
-    if (!exitButton_ || exitButton_->isEnabled())
+    if (CloseBoxExits() && (!exitButton_ || exitButton_->isEnabled()))
         cmdExit_Click();
+}
+
+void Screen::Activate()
+{
+    if (unloaded_)
+        return;
+    const bool first = !activated_;
+    activated_ = true;
+    Form_Activate(first);
+}
+
+bool Screen::TakeMenus(bool amongOthers)
+{
+    if (!amongOthers && OtherFormsOpen(this)) {
+        Prompts::Information(
+            QStringLiteral("You Cannot Open '%1' Form When Other Forms Are Opened. First Close Other "
+                           "Forms")
+                .arg(windowTitle().trimmed()));
+        Unload();
+        return false;
+    }
+    DisableMainMenus();
+    Session().gblnMenusLocked = true;
+    menusTaken_ = true;
+    return true;
+}
+
+bool Screen::TakeScreen(const QString& screenName)
+{
+    try {
+        store::Transaction transaction(*Session().gcnnMain);
+        SessionRepository(*Session().gcnnMain).TakeScreen(transaction, screenName);
+        transaction.Commit();
+        takenScreen_ = screenName;
+        return true;
+    } catch (const store::StoreError& error) {
+        const bool taken = error.Kind() == store::ErrorKind::GeneralFailure && !error.IsLocked();
+        if (taken)
+            Prompts::Information(QStringLiteral(
+                "This Screen Is Already Opened By Another User. So You Cannot Open This Screen"));
+        else
+            Prompts::Critical(error.Description());
+        Unload();
+        return false;
+    }
+}
+
+void Screen::ReleaseWhatWasTaken()
+{
+    if (!takenScreen_.isEmpty()) {
+        Write(Conflict::Describe, [this](store::Transaction& transaction) {
+            SessionRepository(*Session().gcnnMain).ReleaseScreen(transaction, takenScreen_);
+        });
+    }
+    if (menusTaken_) {
+        Session().gblnMenusLocked = false;
+        EnableMainMenus();
+    }
 }
 
 bool Screen::MayUse(QChar code)

@@ -21,9 +21,12 @@ public:
     /// help.
     Screen(const QString& formName, int helpScreenNo);
 
+    /// The screen has come to the front. ShowForm and the main window say so.
+    void Activate();
     /// True once the screen has been closed and only waits for its deletion.
     bool IsUnloaded() const { return unloaded_; }
-    /// Closes without a question, frees the shared instance and gives the main window its picture back.
+    /// Closes without a question unless Form_Unload objects, frees the shared instance and gives the main
+    /// window its picture back.
     void Unload();
 
 protected:
@@ -32,8 +35,12 @@ protected:
     virtual void cmdExit_Click();
     /// The name in the exit question; the caption unless a screen says otherwise.
     virtual QString ExitCaption() const { return windowTitle(); }
-    /// Last words before the screen goes: release what it holds in the store.
-    virtual void Form_Unload() {}
+    /// Each time the screen comes to the front; `first` on the first time since it was opened.
+    virtual void Form_Activate(bool first) { static_cast<void>(first); }
+    /// Last words before the screen goes: release what it holds in the store. False keeps it open.
+    virtual bool Form_Unload() { return true; }
+    /// False where the window's close box does nothing at all and only `cmdExit` closes the screen.
+    virtual bool CloseBoxExits() const { return true; }
 
     /// Says which button is `cmdExit`: it closes the screen, and the close box is refused while it is
     /// disabled.
@@ -41,6 +48,14 @@ protected:
 
     /// CheckPrivilege for this form; shows the refusal. True when the action may go on.
     bool MayUse(QChar code);
+
+    /// For a screen that must have this client to itself: switches the four work menus off until it closes.
+    /// When another screen is open (not looked at with `amongOthers`), says that this one can't be opened,
+    /// closes it and gives false.
+    bool TakeMenus(bool amongOthers = false);
+    /// For a screen that no two clients may have open: enters `screenName` among the screens in use until it
+    /// closes. When another client has it open, says so, closes this one and gives false.
+    bool TakeScreen(const QString& screenName);
 
     /// Which fixed text a conflict with other data gets. Any other failure shows its own description.
     enum class Conflict
@@ -58,7 +73,12 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void ReleaseWhatWasTaken();
+
     QAbstractButton* exitButton_ = nullptr;
+    QString takenScreen_; ///< empty while this client holds no row of ScreenStatus
+    bool menusTaken_ = false;
+    bool activated_ = false;
     bool unloaded_ = false;
 };
 

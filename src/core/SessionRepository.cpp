@@ -134,4 +134,14 @@ void SessionRepository::RemovePresence(store::Transaction& transaction)
     transaction.Execute(QStringLiteral("DELETE FROM ExamBoardMaster WHERE BoardCode = 1"));
 }
 
+void SessionRepository::TakeScreen(store::Transaction& transaction, const QString& screenName)
+{
+    transaction.Execute(QStringLiteral("INSERT INTO ScreenStatus VALUES (?)"), screenName);
+}
+
+void SessionRepository::ReleaseScreen(store::Transaction& transaction, const QString& screenName)
+{
+    transaction.Execute(QStringLiteral("DELETE FROM ScreenStatus WHERE Screen = ?"), screenName);
+}
+
 } // namespace tally

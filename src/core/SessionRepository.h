@@ -74,6 +74,10 @@ public:
     void RefreshPresence(store::Transaction& transaction);
     void RemovePresence(store::Transaction& transaction);
 
+    /// Enters a screen among those in use; a general failure when another client has it open.
+    void TakeScreen(store::Transaction& transaction, const QString& screenName);
+    void ReleaseScreen(store::Transaction& transaction, const QString& screenName);
+
 private:
     store::Connection& main_;
 };

@@ -9,14 +9,15 @@ namespace tally {
 
 namespace {
 
-/// User and machine are part of the name: whether a copy is dead can only be told on its own machine, and what
-/// a dead copy left can only be cleared away by its own user.
+/// User and machine are part of the name: whether a copy is dead can only be told on its own machine, and
+/// what a dead copy left can only be cleared away by its own user.
 QString LockName(const QString& executable)
 {
     const QString place = QFileInfo(executable).canonicalFilePath() + QLatin1Char('\n') + QDir::homePath() +
                           QLatin1Char('\n') + QSysInfo::machineHostName();
     const QByteArray hash = QCryptographicHash::hash(place.toUtf8(), QCryptographicHash::Sha256).toHex();
-    return QDir::temp().filePath(QStringLiteral("tallyboard-%1.lock").arg(QString::fromLatin1(hash.left(24))));
+    return QDir::temp().filePath(
+        QStringLiteral("tallyboard-%1.lock").arg(QString::fromLatin1(hash.left(24))));
 }
 
 } // namespace

@@ -4,9 +4,9 @@
 
 namespace tally {
 
-/// Tells whether another copy of this program runs on this machine, and keeps the place for as long as it lives.
-/// A copy that died does not hold the place. Copies on other machines, or of a program elsewhere on this one,
-/// do not count.
+/// Tells whether another copy of this program runs on this machine, and keeps the place for as long as it
+/// lives. A copy that died does not hold the place. Copies on other machines, or of a program elsewhere on
+/// this one, do not count.
 class SingleCopy
 {
 public:

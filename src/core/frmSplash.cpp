@@ -7,14 +7,12 @@
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "core/TempFolder.h"
-
 #include "store/StoreError.h"
+#include "ui_frmSplash.h"
 
 #include <QCloseEvent>
 #include <QScreen>
 #include <QTimer>
-
-#include "ui_frmSplash.h"
 
 namespace tally {
 

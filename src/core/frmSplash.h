@@ -12,8 +12,8 @@ class frmSplash;
 
 namespace tally {
 
-/// The first window: plays the opening movie and, on its Enter, opens the databases and asks for the login. It
-/// stays loaded and hidden for the whole session.
+/// The first window: plays the opening movie and, on its Enter, opens the databases and asks for the login.
+/// It stays loaded and hidden for the whole session.
 class frmSplash : public QWidget
 {
     Q_OBJECT

@@ -4,12 +4,11 @@
 #include "core/look/Look.h"
 #include "core/ProcessEnd.h"
 #include "core/Prompts.h"
+#include "ui_frmStartLock.h"
 
 #include <QBitmap>
 #include <QKeyEvent>
 #include <QPainter>
-
-#include "ui_frmStartLock.h"
 
 namespace tally {
 

@@ -9,14 +9,12 @@
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
-
 #include "store/StoreError.h"
+#include "ui_frmStartLogin.h"
 
 #include <QCloseEvent>
 #include <QPainter>
 #include <QScreen>
-
-#include "ui_frmStartLogin.h"
 
 namespace tally {
 

@@ -5,9 +5,7 @@
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
-
 #include "store/StoreError.h"
-
 #include "ui_frmStartUnlock.h"
 
 namespace tally {

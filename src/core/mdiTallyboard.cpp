@@ -12,18 +12,16 @@
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
 #include "core/TempFolder.h"
-
 #include "store/StoreError.h"
+#include "ui_mdiTallyboard.h"
 
 #include <QAction>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QScreen>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
-
-#include "ui_mdiTallyboard.h"
 
 namespace tally {
 
@@ -97,7 +95,8 @@ mdiTallyboard::mdiTallyboard() : ui_(std::make_unique<Ui::mdiTallyboard>()), tmr
     setWindowState(Qt::WindowMaximized);
 
     menuItems_ = BuildMenus(ui_->MenuBar, &ShowForm);
-    connect(MenuItem(QStringLiteral("mnuLock")), &QAction::triggered, this, [this] { frmStartLock::Lock(this); });
+    connect(MenuItem(QStringLiteral("mnuLock")), &QAction::triggered, this,
+            [this] { frmStartLock::Lock(this); });
     connect(MenuItem(QStringLiteral("mnuClose")), &QAction::triggered, this, &mdiTallyboard::mnuClose_Click);
 
     for (QLabel*& panel : panels_) {
@@ -189,7 +188,8 @@ void mdiTallyboard::Form_Activate()
 
 void mdiTallyboard::Force(const QString& formName)
 {
-    // A message box of the forced screen gives the activation back as well; the open screen keeps its focus then.
+    // A message box of the forced screen gives the activation back as well; the open screen keeps its focus
+    // then.
     if (!ScreenRegistry::OpenInstance(formName))
         ShowForm(formName);
 }
@@ -205,7 +205,8 @@ void mdiTallyboard::tmrTimer_Timer()
         SessionRepository(connection).RefreshPresence(transaction);
         transaction.Commit();
     } catch (const store::StoreError& error) {
-        // Another client is saving just now; the next second will do. And one box at a time is enough to read.
+        // Another client is saving just now; the next second will do. And one box at a time is enough to
+        // read.
         if (error.IsLocked() || tickFailureShown_)
             return;
         const QScopedValueRollback shown(tickFailureShown_, true);

@@ -26,18 +26,19 @@ class mdiTallyboard : public QMainWindow
 public:
     /// The window; null before the login and when it could not start.
     static mdiTallyboard* Instance();
-    /// The window, made and loaded on the first call, not yet shown. Null when the store refused: the user has
-    /// been told and the process ends.
+    /// The window, made and loaded on the first call, not yet shown. Null when the store refused: the user
+    /// has been told and the process ends.
     static mdiTallyboard* Load();
     ~mdiTallyboard() override;
 
     QMdiArea* Area() const;
     /// The menu entry of that name, for a group the entry that opens it; null for none.
     QAction* MenuItem(const QString& name) const;
-    /// Switches a menu entry. An entry whose screen this program does not have stays off; an unknown name does
-    /// nothing.
+    /// Switches a menu entry. An entry whose screen this program does not have stays off; an unknown name
+    /// does nothing.
     void EnableMenuItem(const QString& name, bool enabled);
-    /// The picture behind the screens, by resource number. One that can't be read leaves the plain background.
+    /// The picture behind the screens, by resource number. One that can't be read leaves the plain
+    /// background.
     void ShowPicture(int resourceId);
     /// Writes the text of status bar panel 1, 2 or 3 until the next activation.
     void SetPanel(int number, const QString& text);

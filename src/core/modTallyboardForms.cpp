@@ -92,6 +92,11 @@ void ShowForm(const QString& formName)
                           .expandedTo(frame->minimumSizeHint())
                           .boundedTo(window->Area()->viewport()->size()));
         CenterForm(frame);
+        QObject::connect(window->Area(), &QMdiArea::subWindowActivated, screen,
+                         [screen, frame](const QMdiSubWindow* active) {
+                             if (active == frame)
+                                 screen->Activate();
+                         });
     }
     frame->hide();
     screen->show();

@@ -513,9 +513,10 @@ QString frmRankCalculation::ExitCaption() const
     return QStringLiteral("Rank Calculation");
 }
 
-void frmRankCalculation::Form_Unload()
+bool frmRankCalculation::Form_Unload()
 {
     DropTempTable();
+    return true;
 }
 
 } // namespace tally

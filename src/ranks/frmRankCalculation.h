@@ -32,7 +32,7 @@ public:
 
 protected:
     QString ExitCaption() const override;
-    void Form_Unload() override;
+    bool Form_Unload() override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

@@ -157,4 +157,16 @@ void Statement::BindOne(int position, Null)
     Check(sqlite3_bind_null(handle_.get(), position));
 }
 
+void Statement::BindNamed(const char* name, qint64 value)
+{
+    if (const int position = sqlite3_bind_parameter_index(handle_.get(), name); position > 0)
+        BindOne(position, value);
+}
+
+void Statement::BindNamed(const char* name, const QString& value)
+{
+    if (const int position = sqlite3_bind_parameter_index(handle_.get(), name); position > 0)
+        BindOne(position, value);
+}
+
 } // namespace tally::store

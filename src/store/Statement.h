@@ -71,6 +71,9 @@ public:
     void BindAt(int position, qint64 value) { BindOne(position, value); }
     void BindAt(int position, double value) { BindOne(position, value); }
     void BindAt(int position, const QString& value) { BindOne(position, value); }
+    /// Binds the value of a named placeholder, such as `:Name`. A statement without it is left as it is.
+    void BindNamed(const char* name, qint64 value);
+    void BindNamed(const char* name, const QString& value);
     /// Latin text that stays unchanged until the statement has run; it is not copied.
     void BindStaticAt(int position, std::string_view text);
     void BindNullAt(int position) { BindOne(position, Null{}); }

@@ -1,18 +1,10 @@
 #pragma once
 
-#include <QStringList>
+#include "core/GridResult.h"
+
 #include <QTableView>
 
-#include <vector>
-
 namespace tally {
-
-/// The result of a query as a grid shows it: heads, and rows of texts as they are shown.
-struct GridResult
-{
-    QStringList heads;
-    std::vector<QStringList> rows; ///< each as long as `heads`
-};
 
 /// A read-only grid bound to a result. Columns that carry codes are hidden but can be read.
 class DataGrid : public QTableView

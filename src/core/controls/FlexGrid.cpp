@@ -2,6 +2,7 @@
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
+#include <QKeyEvent>
 
 #include <algorithm>
 
@@ -146,13 +147,22 @@ public:
         Q_EMIT headerDataChanged(Qt::Horizontal, col, col);
     }
 
-private:
+    void Remove(int row)
+    {
+        if (row < 1 || static_cast<std::size_t>(row) >= rows_.size())
+            return;
+        beginRemoveRows({}, row - 1, row - 1);
+        rows_.erase(rows_.begin() + row);
+        endRemoveRows();
+    }
+
     Qt::Alignment Alignment(int col) const
     {
         const auto c = static_cast<std::size_t>(col);
         return c < alignments_.size() ? alignments_[c] : Qt::AlignLeft | Qt::AlignVCenter;
     }
 
+private:
     std::vector<Row> rows_; ///< the head first; a row may be shorter than cols_, its missing cells are empty
     int cols_ = 0;
     std::vector<Qt::Alignment> alignments_;
@@ -173,6 +183,8 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), model_(new Model(this)
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setMinimumSectionSize(1);
+    connect(this, &QTableView::clicked, this,
+            [this](const QModelIndex& index) { Q_EMIT CellClicked(index.row() + 1, index.column()); });
 }
 
 FlexGrid::~FlexGrid() = default;
@@ -255,6 +267,48 @@ int FlexGrid::RowHeight(int row) const
 void FlexGrid::SetColAlignment(int col, Qt::Alignment alignment)
 {
     model_->SetAlignment(col, alignment);
+}
+
+Qt::Alignment FlexGrid::ColAlignment(int col) const
+{
+    return model_->Alignment(col);
+}
+
+void FlexGrid::RemoveItem(int row)
+{
+    model_->Remove(row);
+}
+
+int FlexGrid::CurrentRow() const
+{
+    return currentIndex().isValid() ? currentIndex().row() + 1 : 0;
+}
+
+int FlexGrid::CurrentCol() const
+{
+    return currentIndex().isValid() ? currentIndex().column() : 0;
+}
+
+void FlexGrid::SetCurrentCell(int row, int col)
+{
+    const QModelIndex index = model_->index(row - 1, col);
+    setCurrentIndex(index);
+    scrollTo(index);
+}
+
+QRect FlexGrid::CellRect(int row, int col) const
+{
+    return visualRect(model_->index(row - 1, col));
+}
+
+void FlexGrid::keyPressEvent(QKeyEvent* event)
+{
+    const bool opens = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
+                       event->key() == Qt::Key_F2 || event->key() == Qt::Key_Space;
+    if (opens && currentIndex().isValid())
+        Q_EMIT CellClicked(CurrentRow(), CurrentCol());
+    else
+        QTableView::keyPressEvent(event);
 }
 
 void FlexGrid::FitColumns(int most)

@@ -60,6 +60,27 @@ public:
     void SetRowHeight(int row, int height);
     int RowHeight(int row) const;
     void SetColAlignment(int col, Qt::Alignment alignment);
+    Qt::Alignment ColAlignment(int col) const;
+    /// Takes one row out; the rows below it move up. The head stays.
+    void RemoveItem(int row);
+
+    /// The cell the user stands on, 0 and 0 for none. Rows count with the head, so the first one below it
+    /// is 1.
+    int CurrentRow() const;
+    int CurrentCol() const;
+    /// Makes a cell current and scrolls it into sight. Tells nobody.
+    void SetCurrentCell(int row, int col);
+    /// Where the cell lies within the viewport.
+    QRect CellRect(int row, int col) const;
+
+Q_SIGNALS:
+    /// The user clicked a cell, or pressed Enter, F2 or the blank key on it.
+    void CellClicked(int row, int col);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+public:
     /// Gives every visible column the width of its longest text, within `most` pixels.
     void FitColumns(int most = 260);
 

@@ -44,7 +44,8 @@ void MovieView::AddButton(const QString& name, const QString& caption, const QSt
         defaultButton_ = button;
         button->setDefault(true);
     }
-    connect(button, &QPushButton::clicked, this, [this, command, argument] { Q_EMIT FSCommand(command, argument); });
+    connect(button, &QPushButton::clicked, this,
+            [this, command, argument] { Q_EMIT FSCommand(command, argument); });
 }
 
 void MovieView::SetMovie(const QString& path)

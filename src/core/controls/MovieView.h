@@ -10,8 +10,8 @@ class QSvgRenderer;
 
 namespace tally {
 
-/// Plays a drawn movie (SVG with moving parts) over and over, with a title over its upper left and buttons over
-/// its foot. The buttons speak for the movie: each raises FSCommand with its command and argument.
+/// Plays a drawn movie (SVG with moving parts) over and over, with a title over its upper left and buttons
+/// over its foot. The buttons speak for the movie: each raises FSCommand with its command and argument.
 class MovieView : public QWidget
 {
     Q_OBJECT
@@ -21,7 +21,8 @@ public:
     ~MovieView() override;
 
     /// The first button is the default: it has the focus when the movie is shown, and Enter presses it.
-    void AddButton(const QString& name, const QString& caption, const QString& command, const QString& argument);
+    void AddButton(const QString& name, const QString& caption, const QString& command,
+                   const QString& argument);
     /// Plays the file while the view is visible. It is read after the next painting, so that a slow drawing
     /// delays no window; one that can't be read leaves the plain background.
     void SetMovie(const QString& path);

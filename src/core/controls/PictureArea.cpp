@@ -34,9 +34,9 @@ const QPixmap& PictureArea::Scaled()
     if (scaled_.size() != wanted) {
         const QPixmap covering =
             picture_.scaled(wanted, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
-        scaled_ = covering.copy(QRect(QPoint((covering.width() - wanted.width()) / 2,
-                                             (covering.height() - wanted.height()) / 2),
-                                      wanted));
+        scaled_ = covering.copy(
+            QRect(QPoint((covering.width() - wanted.width()) / 2, (covering.height() - wanted.height()) / 2),
+                  wanted));
         scaled_.setDevicePixelRatio(ratio);
     }
     return scaled_;

@@ -5,8 +5,8 @@
 
 namespace tally {
 
-/// The area of the child windows with a picture behind them, scaled to cover it. Without a picture it shows the
-/// palette's window colour.
+/// The area of the child windows with a picture behind them, scaled to cover it. Without a picture it shows
+/// the palette's window colour.
 class PictureArea : public QMdiArea
 {
     Q_OBJECT

@@ -1,0 +1,42 @@
+#include "core/controls/DataCombo.h"
+
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace tally {
+
+DataCombo::DataCombo(QWidget* parent) : QComboBox(parent)
+{
+    connect(this, &QComboBox::activated, this, &DataCombo::Chosen);
+}
+
+void DataCombo::SetList(const Entries& entries)
+{
+    const QSignalBlocker quiet(this);
+    clear();
+    for (const auto& [code, text] : entries)
+        addItem(text, code);
+    Choose(findData(0));
+}
+
+void DataCombo::SetBoundCode(int code)
+{
+    const int found = findData(code);
+    Choose(found >= 0 ? found : findData(0));
+}
+
+void DataCombo::SetText(const QString& text)
+{
+    const int found = findText(text, Qt::MatchFixedString);
+    Choose(found >= 0 ? found : findData(0));
+}
+
+void DataCombo::Choose(int index)
+{
+    const QSignalBlocker quiet(this);
+    setCurrentIndex(index);
+    update();
+}
+
+} // namespace tally

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QComboBox>
+
+#include <utility>
+#include <vector>
+
+namespace tally {
+
+/// A list of texts with a code bound to each. The code 0 belongs to the blank line, which means that nothing
+/// has been chosen.
+class DataCombo : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    using Entries = std::vector<std::pair<int, QString>>;
+
+    explicit DataCombo(QWidget* parent = nullptr);
+
+    /// Takes the place of all entries and chooses the blank one, or none where there is no blank one. Tells
+    /// nobody.
+    void SetList(const Entries& entries);
+    /// The code of the chosen entry; 0 for the blank line and for none.
+    int BoundCode() const { return currentData().toInt(); }
+    /// Chooses the entry with `code`; the blank line when there is no such entry. Tells nobody.
+    void SetBoundCode(int code);
+    /// The same by text, small and capital letters alike.
+    void SetText(const QString& text);
+    /// True while nothing has been chosen.
+    bool IsBlank() const { return currentText().trimmed().isEmpty(); }
+
+Q_SIGNALS:
+    /// The user chose an entry, with the mouse or the keys.
+    void Chosen();
+
+private:
+    void Choose(int index);
+};
+
+} // namespace tally

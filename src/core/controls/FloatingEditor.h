@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include <functional>
+
+namespace tally {
+
+class FlexGrid;
+
+/// An entry box that floats over a cell of a grid. What is typed goes to the cell at once. It follows the
+/// cell when the grid scrolls, and Enter is its own: the screen says where it leads.
+class FloatingEditor : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    /// Hidden until it is opened. Lives inside the grid.
+    explicit FloatingEditor(FlexGrid* grid);
+
+    /// Opens over a cell of the grid, which becomes the current one, with the cell's text, all of it
+    /// selected, and takes the focus. Scrolls the cell into sight.
+    void OpenAt(int row, int col);
+    /// Puts the box away without asking anything.
+    void Close();
+    /// The cell it stands over, or stood over last; 0 before it was opened.
+    int Row() const { return row_; }
+    int Col() const { return col_; }
+    FlexGrid* Grid() const { return grid_; }
+
+    /// Asked when the focus is about to leave; on false the box keeps it. Empty lets everything pass.
+    void SetValidate(std::function<bool()> validate) { validate_ = std::move(validate); }
+
+Q_SIGNALS:
+    /// The user changed the text.
+    void Typed(const QString& text);
+    void EnterPressed();
+    /// The focus has left, after it was validated.
+    void Left();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    void Follow();
+
+    FlexGrid* grid_;
+    std::function<bool()> validate_;
+    int row_ = 0;
+    int col_ = 0;
+    bool validating_ = false;
+};
+
+} // namespace tally
