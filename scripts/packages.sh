@@ -2,7 +2,10 @@
 # shellcheck shell=bash disable=SC2034
 
 # To compile the program.
-packages_build=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libsqlcipher-dev libxlsxwriter-dev)
+packages_build=(
+    g++ cmake ninja-build pkg-config
+    qt6-base-dev qt6-svg-dev libsqlcipher-dev libxlsxwriter-dev zlib1g-dev
+)
 
 # To run it, and the guided tour, on a machine without a desktop: the platform has no font of its own.
 packages_run=(fonts-dejavu-core)

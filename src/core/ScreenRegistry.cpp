@@ -28,6 +28,11 @@ void Register(const QString& formName, Factory factory)
     Entries()[formName].factory = std::move(factory);
 }
 
+void Forget(const QString& formName)
+{
+    Entries().remove(formName);
+}
+
 bool Knows(const QString& formName)
 {
     return Entries().contains(formName);

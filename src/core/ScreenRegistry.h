@@ -17,6 +17,8 @@ using Factory = std::function<Screen*()>;
 
 /// Enters a screen. A second entry under the same name takes the place of the first.
 void Register(const QString& formName, Factory factory);
+/// Takes a screen out again, for tests that entered one of their own.
+void Forget(const QString& formName);
 bool Knows(const QString& formName);
 /// The open instance, or a new one; null for a name that is not registered.
 Screen* Instance(const QString& formName);

@@ -3,6 +3,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QSysInfo>
 
 namespace tally {
@@ -16,8 +17,11 @@ QString LockName(const QString& executable)
     const QString place = QFileInfo(executable).canonicalFilePath() + QLatin1Char('\n') + QDir::homePath() +
                           QLatin1Char('\n') + QSysInfo::machineHostName();
     const QByteArray hash = QCryptographicHash::hash(place.toUtf8(), QCryptographicHash::Sha256).toHex();
-    return QDir::temp().filePath(
-        QStringLiteral("tallyboard-%1.lock").arg(QString::fromLatin1(hash.left(24))));
+    // A desktop session has a folder in memory for such files, which no disk makes the start wait for.
+    const QDir folder = qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")
+                            ? QDir(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
+                            : QDir::temp();
+    return folder.filePath(QStringLiteral("tallyboard-%1.lock").arg(QString::fromLatin1(hash.left(24))));
 }
 
 } // namespace

@@ -18,7 +18,8 @@ struct OptionSettings
     bool roundedMarks = false;
 };
 
-/// The settings' rows: one for the school in the main file, one for each user's exit prompt in the temporary file.
+/// The settings' rows: one for the school in the main file, one for each user's exit prompt in the temporary
+/// file.
 class OptionsRepository
 {
 public:

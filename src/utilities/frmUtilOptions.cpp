@@ -6,15 +6,13 @@
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
-#include "utilities/OptionsRepository.h"
-
 #include "store/StoreError.h"
+#include "ui_frmUtilOptions.h"
+#include "utilities/OptionsRepository.h"
 
 #include <QKeyEvent>
 #include <QLocale>
 #include <QSignalBlocker>
-
-#include "ui_frmUtilOptions.h"
 
 #include <array>
 
@@ -55,7 +53,8 @@ frmUtilOptions::frmUtilOptions()
     ui_->cmdSave->setEnabled(false);
 
     connect(ui_->chkFractionMarks, &QCheckBox::toggled, this, &frmUtilOptions::chkFractionMarks_Click);
-    for (const QCheckBox* box : {ui_->chkPrompt, ui_->chkAutoGen, ui_->chkFractionMarks, ui_->chkRoundedMarks})
+    for (const QCheckBox* box :
+         {ui_->chkPrompt, ui_->chkAutoGen, ui_->chkFractionMarks, ui_->chkRoundedMarks})
         connect(box, &QCheckBox::toggled, this, &frmUtilOptions::Changed);
     connect(ui_->cboGender, &QComboBox::currentIndexChanged, this, &frmUtilOptions::Changed);
     connect(ui_->DTPDateOfBirthSetting, &QDateEdit::dateChanged, this,
@@ -157,7 +156,8 @@ OptionSettings frmUtilOptions::Settings() const
         .exitPrompt = ui_->chkPrompt->isChecked(),
         .autoGenerate = ui_->chkAutoGen->isChecked(),
         .dateOfBirthLimit = ShownToDate(ui_->lblDateOfBirthSetting->text()),
-        .gender = gender < 0 ? QStringLiteral("") : QString::fromLatin1(Genders.at(static_cast<std::size_t>(gender))),
+        .gender = gender < 0 ? QStringLiteral("")
+                             : QString::fromLatin1(Genders.at(static_cast<std::size_t>(gender))),
         .fractionMarks = ui_->chkFractionMarks->isChecked(),
         .roundedMarks = ui_->chkRoundedMarks->isChecked(),
     };
@@ -165,8 +165,9 @@ OptionSettings frmUtilOptions::Settings() const
 
 bool frmUtilOptions::eventFilter(QObject* receiver, QEvent* event)
 {
-    const bool clicked = event->type() == QEvent::MouseButtonRelease ||
-                         (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space);
+    const bool clicked =
+        event->type() == QEvent::MouseButtonRelease ||
+        (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space);
     if (receiver == ui_->lblDateOfBirthSetting && clicked)
         lblDateOfBirthSetting_Click();
     return Screen::eventFilter(receiver, event);

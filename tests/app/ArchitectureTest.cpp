@@ -77,17 +77,35 @@ QStringList DomainUnits(const QString& area)
 
 bool IsWidgetHeader(const QString& include)
 {
-    static const QStringList coreHeaders{
-        QStringLiteral("QByteArray"), QStringLiteral("QChar"),      QStringLiteral("QCoreApplication"),
-        QStringLiteral("QDate"),      QStringLiteral("QDateTime"),  QStringLiteral("QDir"),
-        QStringLiteral("QFile"),      QStringLiteral("QFileInfo"),  QStringLiteral("QHash"),
-        QStringLiteral("QList"),      QStringLiteral("QLocale"),    QStringLiteral("QMap"),
-        QStringLiteral("QPair"),      QStringLiteral("QSaveFile"),  QStringLiteral("QSet"),
-        QStringLiteral("QString"),    QStringLiteral("QStringList"), QStringLiteral("QStringView"),
-        QStringLiteral("QTime"),      QStringLiteral("QVariant"),   QStringLiteral("QVector"),
-        QStringLiteral("QtGlobal"),   QStringLiteral("QtMath"),     QStringLiteral("QThread"),
-        QStringLiteral("QDebug"),     QStringLiteral("QElapsedTimer"), QStringLiteral("QLatin1String"),
-        QStringLiteral("QRegularExpression"), QStringLiteral("QStringBuilder")};
+    static const QStringList coreHeaders{QStringLiteral("QByteArray"),
+                                         QStringLiteral("QChar"),
+                                         QStringLiteral("QCoreApplication"),
+                                         QStringLiteral("QDate"),
+                                         QStringLiteral("QDateTime"),
+                                         QStringLiteral("QDir"),
+                                         QStringLiteral("QFile"),
+                                         QStringLiteral("QFileInfo"),
+                                         QStringLiteral("QHash"),
+                                         QStringLiteral("QList"),
+                                         QStringLiteral("QLocale"),
+                                         QStringLiteral("QMap"),
+                                         QStringLiteral("QPair"),
+                                         QStringLiteral("QSaveFile"),
+                                         QStringLiteral("QSet"),
+                                         QStringLiteral("QString"),
+                                         QStringLiteral("QStringList"),
+                                         QStringLiteral("QStringView"),
+                                         QStringLiteral("QTime"),
+                                         QStringLiteral("QVariant"),
+                                         QStringLiteral("QVector"),
+                                         QStringLiteral("QtGlobal"),
+                                         QStringLiteral("QtMath"),
+                                         QStringLiteral("QThread"),
+                                         QStringLiteral("QDebug"),
+                                         QStringLiteral("QElapsedTimer"),
+                                         QStringLiteral("QLatin1String"),
+                                         QStringLiteral("QRegularExpression"),
+                                         QStringLiteral("QStringBuilder")};
     return include.startsWith(QLatin1Char('Q')) && !coreHeaders.contains(include);
 }
 
@@ -122,7 +140,8 @@ TEST(ArchitectureTest, RulesAndStoreKnowNoWidgets)
         if (file.Area() != QLatin1String("store") && !units.contains(unit))
             continue;
         for (const QString& include : file.includes) {
-            EXPECT_FALSE(IsWidgetHeader(include)) << qPrintable(file.path) << " includes " << qPrintable(include);
+            EXPECT_FALSE(IsWidgetHeader(include))
+                << qPrintable(file.path) << " includes " << qPrintable(include);
         }
     }
 }

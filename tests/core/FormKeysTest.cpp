@@ -19,8 +19,8 @@ protected:
     {
         ScreenFixture::SetUp();
         auto* rows = new QVBoxLayout(form);
-        for (QWidget* widget : {static_cast<QWidget*>(first), static_cast<QWidget*>(second),
-                                static_cast<QWidget*>(button)})
+        for (QWidget* widget :
+             {static_cast<QWidget*>(first), static_cast<QWidget*>(second), static_cast<QWidget*>(button)})
             rows->addWidget(widget);
         new FormKeys(form, 21);
         form->show();

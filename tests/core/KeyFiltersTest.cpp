@@ -1,7 +1,6 @@
 #include "core/KeyFilters.h"
 
 #include <gtest/gtest.h>
-
 #include <string>
 
 namespace tally {
@@ -15,8 +14,7 @@ struct FilterCase
 };
 
 class KeyFiltersTest : public testing::TestWithParam<FilterCase>
-{
-};
+{};
 
 TEST_P(KeyFiltersTest, EveryPrintableKeyIsTakenOrDroppedByTheList)
 {
@@ -36,13 +34,13 @@ TEST_P(KeyFiltersTest, BackspaceAndEnterAlwaysPass)
 
 #define LETTERS "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
 
-INSTANTIATE_TEST_SUITE_P(
-    Filters, KeyFiltersTest,
-    testing::Values(FilterCase{"KeyNumeric", &KeyNumeric, "0123456789"},
-                    FilterCase{"KeyNumericDecimal", &KeyNumericDecimal, "0123456789."},
-                    FilterCase{"KeyAlpha", &KeyAlpha, LETTERS " ."},
-                    FilterCase{"KeyAlphaNumeric", &KeyAlphaNumeric, LETTERS "0123456789 +,-./"}),
-    [](const auto& test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(Filters, KeyFiltersTest,
+                         testing::Values(FilterCase{"KeyNumeric", &KeyNumeric, "0123456789"},
+                                         FilterCase{"KeyNumericDecimal", &KeyNumericDecimal, "0123456789."},
+                                         FilterCase{"KeyAlpha", &KeyAlpha, LETTERS " ."},
+                                         FilterCase{"KeyAlphaNumeric", &KeyAlphaNumeric,
+                                                    LETTERS "0123456789 +,-./"}),
+                         [](const auto& test) { return std::string(test.param.name); });
 
 } // namespace
 } // namespace tally

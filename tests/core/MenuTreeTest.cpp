@@ -28,9 +28,10 @@ TEST_F(MenuTreeTest, TheMenuBarReadsFromLeftToRight)
     const auto actions = bar.actions();
     for (const QAction* action : actions)
         captions.append(action->text());
-    EXPECT_EQ(captions.join(QLatin1Char('|')).toStdString(),
-              " &Masters     |     &Transactions     |     &Reports     |     &Utilities|     Help     |    Loc&k|"
-              "     Cl&ose     ");
+    EXPECT_EQ(
+        captions.join(QLatin1Char('|')).toStdString(),
+        " &Masters     |     &Transactions     |     &Reports     |     &Utilities|     Help     |    Loc&k|"
+        "     Cl&ose     ");
 }
 
 TEST_F(MenuTreeTest, EveryLineStandsUnderItsNameInItsGroup)
@@ -57,15 +58,16 @@ TEST_F(MenuTreeTest, TheReportsMenuReadsFromTopToBottom)
     const auto actions = Item("mnuReports")->menu()->actions();
     for (const QAction* action : actions)
         names.append(action->objectName());
-    EXPECT_EQ(names.join(QLatin1Char(' ')).toStdString(),
-              "mnufrmRankCalculation mnufrmRankCardPrinting mnuSep4 mnuSubjectAverage mnuStudentMarkComparision"
-              " mnuStudentsList mnufrmrptClassList mnufrmrptClassSubjectteacher");
+    EXPECT_EQ(
+        names.join(QLatin1Char(' ')).toStdString(),
+        "mnufrmRankCalculation mnufrmRankCardPrinting mnuSep4 mnuSubjectAverage mnuStudentMarkComparision"
+        " mnuStudentsList mnufrmrptClassList mnufrmrptClassSubjectteacher");
 }
 
 TEST_F(MenuTreeTest, AllButHelpLockAndCloseStartOff)
 {
-    for (const char* name : {"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu", "mnufrmRankCalculation",
-                             "mnufrmUtilOptions", "mnuSubjectAverage"})
+    for (const char* name : {"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu",
+                             "mnufrmRankCalculation", "mnufrmUtilOptions", "mnuSubjectAverage"})
         EXPECT_FALSE(Item(name)->isEnabled()) << name;
     for (const char* name : {"mnuHelp", "frmAboutUs", "mnuLock", "mnuClose"})
         EXPECT_TRUE(Item(name)->isEnabled()) << name;

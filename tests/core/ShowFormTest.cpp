@@ -104,6 +104,7 @@ TEST_F(ShowFormTest, TheReportItemsThatStartOnNeedNoRightEvenWhereTheirMenuIsOff
     window = mdiTallyboard::Load();
     EXPECT_TRUE(On("mnufrmRankCardPrinting"));
     EXPECT_FALSE(On("mnuReports"));
+    ScreenRegistry::Forget(card);
 }
 
 } // namespace

@@ -59,7 +59,9 @@ TEST_F(SingleCopyTest, AnotherProgramDoesNotCount)
 
 TEST_F(SingleCopyTest, AfterTheFirstCopyEndsTheNextMayStart)
 {
-    { const SingleCopy first(program); }
+    {
+        const SingleCopy first(program);
+    }
     EXPECT_FALSE(SingleCopy(program).AnotherIsRunning());
 }
 

@@ -59,7 +59,8 @@ TEST_F(frmStartLockTest, TheLockLiesOverEverything)
     bool found = false;
     const auto labels = lock->findChildren<QLabel*>();
     for (const QLabel* label : labels)
-        found = found || label->text() == QLatin1String("Your Application Is Locked. Press F10 For Unlocking");
+        found =
+            found || label->text() == QLatin1String("Your Application Is Locked. Press F10 For Unlocking");
     EXPECT_TRUE(found);
 }
 

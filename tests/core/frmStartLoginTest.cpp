@@ -39,7 +39,10 @@ protected:
         Type(password, typedPassword);
         PressKey(form, Qt::Key_Return);
     }
-    static bool MainWindowShown() { return mdiTallyboard::Instance() && mdiTallyboard::Instance()->isVisible(); }
+    static bool MainWindowShown()
+    {
+        return mdiTallyboard::Instance() && mdiTallyboard::Instance()->isVisible();
+    }
     static bool On(const char* name)
     {
         return mdiTallyboard::Instance()->MenuItem(QString::fromLatin1(name))->isEnabled();
@@ -197,7 +200,8 @@ TEST_F(frmStartLoginTest, ThePicturesFollowTheMouse)
     auto* ok = Find<ImageButton>(form, "ImgOK");
     auto* cancel = Find<ImageButton>(form, "ImgCancel");
     const auto shows = [this](const ImageButton* button, const char* picture) {
-        return button->Picture().cacheKey() == Find<QLabel>(form, picture)->pixmap(Qt::ReturnByValue).cacheKey();
+        return button->Picture().cacheKey() ==
+               Find<QLabel>(form, picture)->pixmap(Qt::ReturnByValue).cacheKey();
     };
     EXPECT_TRUE(shows(ok, "ImgOK1"));
     QTest::mouseMove(ok);

@@ -53,7 +53,9 @@ protected:
 TEST_F(mdiTallyboardTest, TheStartWritesItsRows)
 {
     EXPECT_EQ(Count("SELECT count(*) FROM AccessedDate"), 1);
-    EXPECT_EQ(Count("SELECT count(*) FROM ExamBoardMaster WHERE BoardCode = 1 AND BoardNo = 1 AND Status = 'A'"), 1);
+    EXPECT_EQ(
+        Count("SELECT count(*) FROM ExamBoardMaster WHERE BoardCode = 1 AND BoardNo = 1 AND Status = 'A'"),
+        1);
 }
 
 TEST_F(mdiTallyboardTest, ANewStartFreesScreensAndReplacesThePresenceRow)
@@ -273,6 +275,9 @@ TEST_F(mdiTallyboardTest, ANewSystemIsForcedToItsSchoolAndThenToItsYear)
     Session().gblnActiveYearExists = true;
     Activate();
     EXPECT_FALSE(AnyChildFormOpen());
+
+    for (const QString& name : {school, year})
+        ScreenRegistry::Forget(name);
 }
 
 } // namespace

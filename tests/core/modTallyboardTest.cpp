@@ -27,8 +27,8 @@ protected:
     }
     void GivenYear(int code, const char* status)
     {
-        Given("INSERT INTO AcademicYearSetup VALUES (?, 2024, 2025, '2024-06-01', '2025-05-31', ?, 'N', 1)", code,
-              status);
+        Given("INSERT INTO AcademicYearSetup VALUES (?, 2024, 2025, '2024-06-01', '2025-05-31', ?, 'N', 1)",
+              code, status);
     }
     void GivenLogin()
     {
@@ -40,9 +40,10 @@ protected:
     {
         Given("INSERT INTO StateMaster VALUES (1, 'Kerala', 1)");
         Given("INSERT INTO CityMaster VALUES (1, 1, 'Kochi', 1)");
-        Given(withSecondAddress
-                  ? "INSERT INTO SchoolMaster VALUES ('Hill School', 'Hill Road', 'North', 1, '682001', 'JUN', 1)"
-                  : "INSERT INTO SchoolMaster VALUES ('Hill School', 'Hill Road', NULL, 1, '682001', 'JUN', 1)");
+        Given(withSecondAddress ? "INSERT INTO SchoolMaster VALUES ('Hill School', 'Hill Road', 'North', 1, "
+                                  "'682001', 'JUN', 1)"
+                                : "INSERT INTO SchoolMaster VALUES ('Hill School', 'Hill Road', NULL, 1, "
+                                  "'682001', 'JUN', 1)");
     }
 };
 
@@ -63,7 +64,8 @@ TEST_F(modTallyboardTest, TheNextCodeCountsOnlyTheYearThatIsAskedFor)
     GivenYear(1, "N");
     GivenYear(2, "Y");
     const QString column = QStringLiteral("YearFrom");
-    EXPECT_EQ(GetNextCode(QStringLiteral("AcademicYearCode"), QStringLiteral("AcademicYearSetup where "), 1), 2);
+    EXPECT_EQ(GetNextCode(QStringLiteral("AcademicYearCode"), QStringLiteral("AcademicYearSetup where "), 1),
+              2);
     EXPECT_EQ(GetNextCode(column, QStringLiteral("AcademicYearSetup where "), 2), 2025);
     EXPECT_EQ(GetNextCode(column, QStringLiteral("AcademicYearSetup where "), 9), 1);
 }
@@ -71,7 +73,8 @@ TEST_F(modTallyboardTest, TheNextCodeCountsOnlyTheYearThatIsAskedFor)
 TEST_F(modTallyboardTest, ADanglingWhereIsCutWhenNoYearIsAskedFor)
 {
     GivenYear(4, "Y");
-    EXPECT_EQ(GetNextCode(QStringLiteral("AcademicYearCode"), QStringLiteral("AcademicYearSetup where "), 0), 5);
+    EXPECT_EQ(GetNextCode(QStringLiteral("AcademicYearCode"), QStringLiteral("AcademicYearSetup where "), 0),
+              5);
 }
 
 TEST_F(modTallyboardTest, BeforeTheFirstLoginExistsEverythingIsAllowed)

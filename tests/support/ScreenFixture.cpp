@@ -7,7 +7,6 @@
 #include "core/ProgramFolder.h"
 #include "core/ScreenRegistry.h"
 #include "core/TempFolder.h"
-
 #include "store/DeliveredRows.h"
 #include "store/Tables.h"
 
@@ -99,7 +98,8 @@ void ProgramFixture::OpenConnections()
 
 std::unique_ptr<store::Connection> ProgramFixture::AnotherClient() const
 {
-    return std::make_unique<store::Connection>(folder_.filePath(QStringLiteral("Tallyboard.mdb")), Password());
+    return std::make_unique<store::Connection>(folder_.filePath(QStringLiteral("Tallyboard.mdb")),
+                                               Password());
 }
 
 void ProgramFixture::GivenUser(int code, const QString& loginId, const QString& password,
@@ -111,7 +111,8 @@ void ProgramFixture::GivenUser(int code, const QString& loginId, const QString& 
           " VALUES (?, ?, ?, ?, 0, 0)",
           code, loginId, password, block);
     for (const auto& [form, right] : rights)
-        Given("INSERT INTO UserPrivilegeDetails (FormName, ButtonName, UserCode) VALUES (?, ?, ?)", form, right, code);
+        Given("INSERT INTO UserPrivilegeDetails (FormName, ButtonName, UserCode) VALUES (?, ?, ?)", form,
+              right, code);
 }
 
 void ScreenFixture::SetUp()

@@ -1,15 +1,13 @@
 #pragma once
 
-#include "support/ExpectedPrompts.h"
-
 #include "core/Screen.h"
 #include "core/SessionContext.h"
+#include "support/ExpectedPrompts.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
-
 #include <memory>
 
 class QAbstractButton;
@@ -48,7 +46,8 @@ protected:
     }
     /// A user who may log in, with rights given as pairs of form name and code.
     void GivenUser(int code, const QString& loginId, const QString& password,
-                   const QList<std::pair<QString, QString>>& rights = {}, const QString& block = QStringLiteral("N"));
+                   const QList<std::pair<QString, QString>>& rights = {},
+                   const QString& block = QStringLiteral("N"));
 
     ExpectedPrompts prompts;
     int processEnds = 0;

@@ -184,7 +184,8 @@ TEST_F(frmUtilOptionsTest, WithoutADateNullIsStored)
     OpenOptions();
     Gender()->setCurrentIndex(0);
     Save();
-    EXPECT_EQ(Count("SELECT count(*) FROM Options WHERE DateOfBirthSetting IS NULL AND GenderOption = 'A'"), 1);
+    EXPECT_EQ(Count("SELECT count(*) FROM Options WHERE DateOfBirthSetting IS NULL AND GenderOption = 'A'"),
+              1);
     EXPECT_EQ(Session().gvarDefaultDOB.toStdString(), "");
 }
 

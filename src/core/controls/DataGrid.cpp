@@ -1,5 +1,7 @@
 #include "core/controls/DataGrid.h"
 
+#include "core/controls/PlainDelegate.h"
+
 #include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -23,6 +25,8 @@ public:
 
     QVariant data(const QModelIndex& index, int role) const override
     {
+        if (role == Qt::TextAlignmentRole)
+            return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
         if (role != Qt::DisplayRole)
             return {};
         return result_.rows[static_cast<std::size_t>(index.row())].value(index.column());
@@ -53,6 +57,7 @@ private:
 DataGrid::DataGrid(QWidget* parent) : QTableView(parent), model_(new Model(this))
 {
     setModel(model_);
+    setItemDelegate(new PlainDelegate(this));
     setAlternatingRowColors(true);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);

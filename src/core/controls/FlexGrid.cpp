@@ -1,5 +1,7 @@
 #include "core/controls/FlexGrid.h"
 
+#include "core/controls/PlainDelegate.h"
+
 #include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -171,6 +173,7 @@ private:
 FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), model_(new Model(this))
 {
     setModel(model_);
+    setItemDelegate(new PlainDelegate(this));
     setAlternatingRowColors(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -74,6 +74,13 @@ void MovieView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), QColor(SkyTop));
+    // The window stands at once; fetching the large letters of the title from the disk can wait for the next
+    // turn.
+    if (!painted_) {
+        painted_ = true;
+        QTimer::singleShot(0, this, qOverload<>(&QWidget::update));
+        return;
+    }
     if (renderer_)
         renderer_->render(&painter, rect());
 

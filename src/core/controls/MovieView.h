@@ -43,6 +43,7 @@ private:
     QPushButton* defaultButton_ = nullptr;
     QString path_;
     std::unique_ptr<QSvgRenderer> renderer_;
+    bool painted_ = false;
 };
 
 } // namespace tally

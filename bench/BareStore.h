@@ -1,0 +1,44 @@
+#pragma once
+
+#include "bench/BenchSchool.h"
+
+#include <memory>
+
+struct sqlite3;
+
+namespace tally::bench {
+
+/// The main database through nothing but the engine's own C interface: what the same work costs when no line
+/// of the program stands in between. Ends the process on an error.
+class BareStore
+{
+public:
+    explicit BareStore(const BenchSchool& school);
+
+    /// One statement that sums the marks of each student. Gives the sum of all, so that no compiler drops the
+    /// work.
+    double SumByStudent();
+    /// One statement for each student and subject, its text made and prepared each time.
+    double MarkByMark();
+    /// The same, prepared once and bound each time.
+    double MarkByMarkPrepared();
+
+private:
+    struct Close
+    {
+        void operator()(sqlite3* engine) const;
+    };
+    struct Student
+    {
+        int code;
+        int division;
+    };
+
+    void Run(const QString& sql);
+    std::vector<Student> Students();
+    std::vector<int> Subjects();
+
+    std::unique_ptr<sqlite3, Close> engine_;
+};
+
+} // namespace tally::bench

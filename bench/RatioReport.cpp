@@ -1,0 +1,30 @@
+#include "bench/RatioReport.h"
+
+namespace tally::bench {
+
+void RatioReport::ReportRuns(const std::vector<Run>& runs)
+{
+    ConsoleReporter::ReportRuns(runs);
+    for (const Run& run : runs) {
+        if (run.aggregate_name != "median")
+            continue;
+        const std::string name = run.run_name.function_name + '/' + run.run_name.args;
+        times_[name] = run.GetAdjustedRealTime();
+        for (const auto& [counter, value] : run.counters)
+            counters_[name + ' ' + counter] = value.value;
+    }
+}
+
+double RatioReport::Milliseconds(const std::string& name) const
+{
+    const auto found = times_.find(name);
+    return found == times_.end() ? 0 : found->second;
+}
+
+double RatioReport::Counter(const std::string& name, const std::string& counter) const
+{
+    const auto found = counters_.find(name + ' ' + counter);
+    return found == counters_.end() ? 0 : found->second;
+}
+
+} // namespace tally::bench
