@@ -50,11 +50,7 @@ void OpenSession(const QString& folder)
 {
     SetProgramFolder(folder);
     Session() = SessionContext();
-    const QString password = BenchSchool::Password();
-    Session().gcnnMain =
-        std::make_unique<store::Connection>(ProgramFile(QStringLiteral("Tallyboard.mdb")), password);
-    Session().gcnnTemp =
-        std::make_unique<store::Connection>(ProgramFile(QStringLiteral("TempTallyboard.mdb")), password);
+    OpenConnections();
     LoadActiveAcademicYear();
 }
 

@@ -29,8 +29,13 @@ protected:
     bool eventFilter(QObject* receiver, QEvent* event) override
     {
         if (event->type() == QEvent::KeyPress) {
-            const QString text = static_cast<QKeyEvent*>(event)->text();
-            if (!text.isEmpty() && text.at(0).isPrint() && filter_(text.at(0).unicode()) == 0)
+            const auto* key = static_cast<QKeyEvent*>(event);
+            const QString text = key->text();
+            // A key with Ctrl is a command, such as to select all, and no letter; with Alt as well it is
+            // AltGr.
+            const bool command =
+                (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier;
+            if (!command && !text.isEmpty() && text.at(0).isPrint() && filter_(text.at(0).unicode()) == 0)
                 return true;
         }
         return QObject::eventFilter(receiver, event);
@@ -45,10 +50,22 @@ bool IsEnter(int key)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+/// Enter passes the filters as a key, but a pasted line break is no part of a text of one line.
+bool IsBreak(QChar letter)
+{
+    return letter < QLatin1Char(' ') || letter == QChar::LineSeparator || letter == QChar::ParagraphSeparator;
+}
+
 bool IsMnemonicOf(const QString& text, const QKeyEvent* key)
 {
     return QKeySequence::mnemonic(text) ==
            QKeySequence(QKeyCombination(Qt::AltModifier, Qt::Key(key->key())));
+}
+
+/// A control may leave its Enter unused; it then reaches the frames around it, and is no Tab there either.
+bool TakesItsEnter(const QWidget* widget)
+{
+    return widget && widget->property(TakesEnter).toBool();
 }
 
 /// The control of `form` that Alt and the key lead to: a button, or the field whose label says so. Null for
@@ -104,7 +121,7 @@ bool FormKeys::eventFilter(QObject* receiver, QEvent* event)
     }
     if (key->text() == QLatin1String("'"))
         return true;
-    if (!IsEnter(key->key()) || widget->property(TakesEnter).toBool())
+    if (!IsEnter(key->key()) || TakesItsEnter(widget) || TakesItsEnter(form_->focusWidget()))
         return false;
     if (auto* button = qobject_cast<QAbstractButton*>(widget);
         button && !button->isCheckable() && button->isEnabled()) {
@@ -125,15 +142,17 @@ void TakeOnly(QLineEdit* field, KeyFilter filter, int maxLength)
     new TypedKeys(field, filter);
     QObject::connect(field, &QLineEdit::textEdited, field, [field, filter](const QString& text) {
         QString kept = text;
-        kept.erase(
-            std::remove_if(kept.begin(), kept.end(), [filter](QChar c) { return filter(c.unicode()) == 0; }),
-            kept.end());
+        kept.erase(std::remove_if(kept.begin(), kept.end(),
+                                  [filter](QChar c) { return IsBreak(c) || filter(c.unicode()) == 0; }),
+                   kept.end());
         if (kept == text)
             return;
         const auto dropped = text.size() - kept.size();
         const int caret = field->cursorPosition() - static_cast<int>(dropped);
         field->setText(kept);
         field->setCursorPosition(std::max(0, caret));
+        // Whoever passes the text on has been told the uncleaned one.
+        Q_EMIT field->textEdited(kept);
     });
 }
 

@@ -34,7 +34,8 @@ inline constexpr const char* EnterNeedsText = "enterNeedsText";
 inline constexpr const char* TakesEnter = "takesEnter";
 
 /// Lets `field` take only what `filter` lets through and at most `maxLength` characters. Pasted text loses
-/// the characters that could not have been typed.
+/// the characters that could not have been typed, and what listened to the field's textEdited before this
+/// call then hears the cleaned text as well.
 void TakeOnly(QLineEdit* field, KeyFilter filter, int maxLength);
 
 } // namespace tally

@@ -52,4 +52,9 @@ int KeyAlphaNumeric(int keyCode)
                                                                                                      : 0;
 }
 
+int KeyAllButQuote(int keyCode)
+{
+    return keyCode == '\'' ? 0 : keyCode;
+}
+
 } // namespace tally

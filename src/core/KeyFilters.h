@@ -10,5 +10,6 @@ int KeyNumeric(int keyCode);        ///< digits
 int KeyNumericDecimal(int keyCode); ///< digits and "."
 int KeyAlpha(int keyCode);          ///< letters, blank, "."
 int KeyAlphaNumeric(int keyCode);   ///< letters, digits, blank, + , - . /
+int KeyAllButQuote(int keyCode); ///< everything but the quote, which no name in the office's records may hold
 
 } // namespace tally

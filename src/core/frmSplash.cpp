@@ -1,9 +1,8 @@
 #include "core/frmSplash.h"
 
-#include "core/DatabasePassword.h"
 #include "core/frmStartLogin.h"
+#include "core/modTallyboard.h"
 #include "core/ProcessEnd.h"
-#include "core/ProgramFolder.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "core/TempFolder.h"
@@ -82,17 +81,9 @@ void frmSplash::swfSplash_FSCommand(const QString& command, const QString& argum
 
 void frmSplash::OpenConnections()
 {
-    SessionContext& session = Session();
     try {
-        BuildDatabasePassword(session);
-        const QString password = DatabasePassword(session);
-        session.gcnnMain =
-            std::make_unique<store::Connection>(ProgramFile(QStringLiteral("Tallyboard.mdb")), password);
-        session.gcnnTemp =
-            std::make_unique<store::Connection>(ProgramFile(QStringLiteral("TempTallyboard.mdb")), password);
+        tally::OpenConnections();
     } catch (const store::StoreError& error) {
-        session.gcnnMain.reset();
-        session.gcnnTemp.reset();
         Prompts::Critical(error.Description());
         return;
     }

@@ -98,6 +98,15 @@ mdiTallyboard::mdiTallyboard() : ui_(std::make_unique<Ui::mdiTallyboard>()), tmr
     connect(MenuItem(QStringLiteral("mnuLock")), &QAction::triggered, this,
             [this] { frmStartLock::Lock(this); });
     connect(MenuItem(QStringLiteral("mnuClose")), &QAction::triggered, this, &mdiTallyboard::mnuClose_Click);
+    // On a new system the school, once entered and closed, makes way for its first year. Queued, since the
+    // screen that closes is still on its way out.
+    connect(
+        ui_->Area, &QMdiArea::subWindowActivated, this,
+        [this](QMdiSubWindow*) {
+            if (!AnyChildFormOpen())
+                ForceFirstRun();
+        },
+        Qt::QueuedConnection);
 
     for (QLabel*& panel : panels_) {
         panel = new QLabel(ui_->StatusBar1);
@@ -149,6 +158,12 @@ void mdiTallyboard::SetPanel(int number, const QString& text)
     SizePanels();
 }
 
+void mdiTallyboard::ShowYearAndDate()
+{
+    SetPanel(1, AcademicYearText());
+    SetPanel(3, QStringLiteral("Application Date : ") + ShownDate(Session().gdtmApplicationDate));
+}
+
 bool mdiTallyboard::Form_Load()
 {
     try {
@@ -176,10 +191,14 @@ void mdiTallyboard::Form_Activate()
 {
     const SessionContext& session = Session();
     Session().gstrMainCaption = windowTitle();
-    SetPanel(1, AcademicYearText());
+    ShowYearAndDate();
     SetPanel(2, QStringLiteral("User Name : ") + session.gstrUserName + QStringLiteral("  "));
-    SetPanel(3, QStringLiteral("Application Date : ") + ShownDate(session.gdtmApplicationDate));
+    ForceFirstRun();
+}
 
+void mdiTallyboard::ForceFirstRun()
+{
+    const SessionContext& session = Session();
     if (!session.gblnSchoolExists)
         Force(QStringLiteral("frmMasSchoolSetup"));
     else if (!session.gblnActiveYearExists)

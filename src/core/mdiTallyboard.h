@@ -42,6 +42,8 @@ public:
     void ShowPicture(int resourceId);
     /// Writes the text of status bar panel 1, 2 or 3 until the next activation.
     void SetPanel(int number, const QString& text);
+    /// Writes the year and the working date of the session into panels 1 and 3, as each activation does.
+    void ShowYearAndDate();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -54,6 +56,8 @@ private:
     void Form_Activate();
     void tmrTimer_Timer();
     void mnuClose_Click();
+    /// Opens what a new system lacks: the school, then its academic year.
+    void ForceFirstRun();
     void Force(const QString& formName);
     void SizePanels();
 

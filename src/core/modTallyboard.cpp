@@ -1,5 +1,7 @@
 #include "core/modTallyboard.h"
 
+#include "core/DatabasePassword.h"
+#include "core/ProgramFolder.h"
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
 
@@ -34,6 +36,19 @@ QString RefusalText(QChar code)
 }
 
 } // namespace
+
+void OpenConnections()
+{
+    SessionContext& session = Session();
+    BuildDatabasePassword(session);
+    const QString password = DatabasePassword(session);
+    auto main = std::make_unique<store::Connection>(ProgramFile(QStringLiteral("Tallyboard.mdb")), password);
+    auto temp =
+        std::make_unique<store::Connection>(ProgramFile(QStringLiteral("TempTallyboard.mdb")), password);
+    temp->HoldsWorkingTables();
+    session.gcnnMain = std::move(main);
+    session.gcnnTemp = std::move(temp);
+}
 
 void GetActiveAcademicYear()
 {

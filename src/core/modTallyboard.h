@@ -8,6 +8,10 @@ namespace tally {
 /// The routines that every screen calls, as far as they need no window. They read and fill Session() and
 /// throw StoreError when a statement fails.
 
+/// Builds the database password and opens both shared connections in the program's folder. Throws StoreError
+/// and leaves both closed when one of them can't be opened.
+void OpenConnections();
+
 /// Fills the year's values from the active academic year; without one only gblnActiveYearExists changes.
 void GetActiveAcademicYear();
 /// The same, and says that the year has a working date when a year was found.

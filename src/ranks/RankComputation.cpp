@@ -330,7 +330,7 @@ std::string_view CellText(const RankCell& cell, int markDecimals, bool marked, C
     char* const start = buffer.data();
     char* end = start;
     if (cell.kind == RankCell::Kind::Blank)
-        return {start, 0};
+        return ""; // an empty text, which is not Null in the table
     if (marked && cell.flag == CellFlag::FailedOrAbsent)
         end = std::copy_n("Fail", 4, end);
     if (cell.kind == RankCell::Kind::Absent)

@@ -129,6 +129,7 @@ std::vector<DivisionFacts> RankRepository::LoadDivisions(const RankScope& scope)
         divisions.push_back({{names.Int(0), names.Text(1)}});
 
     std::vector<int> codes;
+    codes.reserve(divisions.size());
     for (const DivisionFacts& facts : divisions)
         codes.push_back(facts.division.divisionCode);
 
@@ -271,7 +272,7 @@ void RankRepository::FillTempRankCalculation(store::Transaction& temp, const Ran
     const int behind = FirstSubjectField + static_cast<int>(subjectCount);
     store::Statement insert =
         temp.Prepare(QStringLiteral("Insert into TempRankCalculation values(%1)")
-                         .arg(Placeholders(static_cast<std::size_t>(behind + FieldsBehindSubjects))));
+                         .arg(Placeholders(subjectCount + FirstSubjectField + FieldsBehindSubjects)));
     const QByteArray className = list.className.toUtf8();
     std::vector<QByteArray> divisionNames;
     for (const RankDivision& division : list.divisions)

@@ -136,6 +136,11 @@ void Connection::Rollback()
     }
 }
 
+void Connection::HoldsWorkingTables()
+{
+    Execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
+}
+
 void Connection::SetPatience(std::chrono::milliseconds patience)
 {
     sqlite3_busy_timeout(engine_.get(), static_cast<int>(patience.count()));

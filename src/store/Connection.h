@@ -69,6 +69,9 @@ public:
     void Rollback();
     int TransactionDepth() const { return depth_; }
 
+    /// The file's tables are made anew whenever they are needed: its commits wait for the disk fewer times. A
+    /// killed program still leaves it whole.
+    void HoldsWorkingTables();
     void SetPatience(std::chrono::milliseconds patience);
     /// Statements run so far, for proving that an action's cost does not grow with the school.
     std::uint64_t StatementsRun() const { return *runs_; }

@@ -20,9 +20,8 @@ void InsertNotChosenRows(Transaction& transaction)
         "UserMaster VALUES (0, '', 0)",
         "ClassDivisionMaster VALUES (0, '', 0, 0, 0)",
         "AcademicYearSetup VALUES (0, NULL, NULL, NULL, NULL, 'N', 'N', 0)",
-        "StudentMaster VALUES (0, 0, '', NULL, 0, '', '', '', '', '', 0, '', '', '', NULL, 0, '', NULL, '', "
-        "'',"
-        " NULL, 0)",
+        ("StudentMaster VALUES (0, 0, '', NULL, 0, '', '', '', '', '', 0, '', '', '', NULL, 0, '', NULL, '', "
+         "'', NULL, 0)"),
     };
     for (const char* row : rows)
         transaction.Execute(QStringLiteral("INSERT INTO ") + QLatin1String(row));

@@ -59,6 +59,11 @@ StoreError::StoreError(QString description)
     : description_(std::move(description)), what_(description_.toUtf8())
 {}
 
+StoreError StoreError::RowIsGone(const QString& statement)
+{
+    return {SQLITE_CONSTRAINT, QStringLiteral("the row is no longer there"), statement};
+}
+
 bool StoreError::IsLocked() const
 {
     const int primary = engineCode_ & PrimaryCodeMask;

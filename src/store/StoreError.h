@@ -25,6 +25,8 @@ public:
     StoreError(int engineCode, const QString& engineText, QString statement = {});
     /// A failure found by the store itself, such as a missing file; `description` is shown to the user.
     explicit StoreError(QString description);
+    /// A change met no row, because another client deleted it: a general failure.
+    static StoreError RowIsGone(const QString& statement);
 
     ErrorKind Kind() const { return kind_; }
     int EngineCode() const { return engineCode_; }

@@ -80,6 +80,45 @@ TEST_F(FormKeysTest, PastedTextLosesWhatCouldNotBeTyped)
     EXPECT_EQ(first->text().toStdString(), "St. Marys ");
 }
 
+TEST_F(FormKeysTest, AFieldOfDigitsStillKnowsTheCommandKeys)
+{
+    TakeOnly(first, KeyNumeric, 5);
+    Type(first, QStringLiteral("123"));
+    PressKey(form, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(first, QStringLiteral("4"));
+    EXPECT_EQ(first->text().toStdString(), "4");
+}
+
+TEST_F(FormKeysTest, PastedLineBreaksVanishThoughEnterIsAKeyThatPasses)
+{
+    TakeOnly(first, KeyAlpha, 30);
+    QApplication::clipboard()->setText(QStringLiteral("New\r\nDelhi\n"));
+    PressKey(form, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(first->text().toStdString(), "NewDelhi");
+}
+
+TEST_F(FormKeysTest, AFieldThatPassesItsTextOnPassesTheCleanedTextLast)
+{
+    QString heard;
+    QObject::connect(first, &QLineEdit::textEdited, first, [&heard](const QString& text) { heard = text; });
+    TakeOnly(first, KeyNumeric, 5);
+    QApplication::clipboard()->setText(QStringLiteral("1a2"));
+    first->paste();
+    EXPECT_EQ(heard.toStdString(), "12");
+}
+
+TEST_F(FormKeysTest, AnEnterThatAControlKeepsUnusedIsNoTabOfTheFrameAroundIt)
+{
+    auto* frame = new QWidget(form);
+    form->layout()->addWidget(frame);
+    first->setParent(frame);
+    first->show();
+    first->setProperty(TakesEnter, true);
+    first->setFocus();
+    PressKey(form, Qt::Key_Return);
+    EXPECT_TRUE(first->hasFocus());
+}
+
 TEST_F(FormKeysTest, BackspaceStillWorksInAFilteredField)
 {
     TakeOnly(first, KeyNumeric, 5);

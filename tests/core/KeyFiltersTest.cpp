@@ -25,6 +25,12 @@ TEST_P(KeyFiltersTest, EveryPrintableKeyIsTakenOrDroppedByTheList)
     }
 }
 
+TEST(KeyAllButQuoteTest, OnlyTheQuoteIsDropped)
+{
+    for (int code = 1; code < 400; ++code)
+        EXPECT_EQ(KeyAllButQuote(code), code == '\'' ? 0 : code);
+}
+
 TEST_P(KeyFiltersTest, BackspaceAndEnterAlwaysPass)
 {
     EXPECT_EQ(GetParam().filter(8), 8);

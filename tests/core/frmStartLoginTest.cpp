@@ -1,7 +1,9 @@
 #include "core/frmStartLogin.h"
 
+#include "app/Screens.h"
 #include "core/controls/ImageButton.h"
 #include "core/mdiTallyboard.h"
+#include "core/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
 #include <QAction>
@@ -108,7 +110,9 @@ TEST_F(frmStartLoginTest, OnANewInstallationAnybodyGetsInAndReachesOnlyTheUserMe
     ASSERT_TRUE(MainWindowShown());
     Settle();
     EXPECT_TRUE(form.isNull());
-    EXPECT_TRUE(On("mnuToolsMenu"));
+    // The group itself stays off as long as the school that is asked for first is open.
+    EXPECT_TRUE(On("mnufrmUtilUserMaster"));
+    EXPECT_FALSE(On("mnuToolsMenu"));
     EXPECT_FALSE(On("mnuMasters"));
     EXPECT_FALSE(On("mnuReports"));
     EXPECT_FALSE(On("mnufrmUtilOptions"));
@@ -190,9 +194,12 @@ TEST_F(frmStartLoginTest, ARightInAnotherCaseDoesNotReachItsMenu)
 
 TEST_F(frmStartLoginTest, ARightToAScreenThatIsMissingEnablesNothing)
 {
-    GivenMary({{QStringLiteral("frmMasStateMaster"), QStringLiteral("D")}});
+    const QString states = QStringLiteral("frmMasStateMaster");
+    GivenMary({{states, QStringLiteral("D")}});
+    ScreenRegistry::Forget(states);
     LogIn(mary, secret);
     EXPECT_FALSE(On("mnufrmMasStateMaster"));
+    RegisterScreens();
 }
 
 TEST_F(frmStartLoginTest, ThePicturesFollowTheMouse)

@@ -259,20 +259,22 @@ TEST_F(mdiTallyboardTest, ANewSystemIsForcedToItsSchoolAndThenToItsYear)
     for (const QString& name : {school, year})
         ScreenRegistry::Register(name, [name] { return new ForcedScreen(name); });
 
+    Session().gblnSchoolExists = false;
+    Session().gblnActiveYearExists = false;
     Activate();
     ASSERT_NE(ScreenRegistry::OpenInstance(school), nullptr);
     EXPECT_EQ(ScreenRegistry::OpenInstance(year), nullptr);
-    ScreenRegistry::OpenInstance(school)->Unload();
-    Settle();
 
     Session().gblnSchoolExists = true;
-    Activate();
+    ScreenRegistry::OpenInstance(school)->Unload();
+    Settle();
     EXPECT_EQ(ScreenRegistry::OpenInstance(school), nullptr);
     ASSERT_NE(ScreenRegistry::OpenInstance(year), nullptr);
-    ScreenRegistry::OpenInstance(year)->Unload();
-    Settle();
 
     Session().gblnActiveYearExists = true;
+    ScreenRegistry::OpenInstance(year)->Unload();
+    Settle();
+    EXPECT_FALSE(AnyChildFormOpen());
     Activate();
     EXPECT_FALSE(AnyChildFormOpen());
 

@@ -3,13 +3,12 @@
 
 #include "app/Screens.h"
 #include "core/controls/CheckList.h"
-#include "core/DatabasePassword.h"
 #include "core/mdiTallyboard.h"
+#include "core/modTallyboard.h"
 #include "core/modTallyboardForms.h"
 #include "core/ProgramFolder.h"
 #include "core/Prompts.h"
 #include "core/ScreenRegistry.h"
-#include "core/SessionContext.h"
 #include "ranks/frmRankCalculation.h"
 
 #include <QApplication>
@@ -30,13 +29,7 @@ int main(int argc, char** argv)
     RegisterScreens();
     Prompts::AnswerWith([](Prompts::Kind kind, const QString&) { return kind != Prompts::Kind::Critical; });
 
-    SessionContext& session = Session();
-    BuildDatabasePassword(session);
-    const QString password = DatabasePassword(session);
-    session.gcnnMain =
-        std::make_unique<store::Connection>(ProgramFile(QStringLiteral("Tallyboard.mdb")), password);
-    session.gcnnTemp =
-        std::make_unique<store::Connection>(ProgramFile(QStringLiteral("TempTallyboard.mdb")), password);
+    OpenConnections();
     mdiTallyboard::Load()->show();
     ShowForm(QStringLiteral("frmRankCalculation"));
     Screen* form = ScreenRegistry::OpenInstance(QStringLiteral("frmRankCalculation"));

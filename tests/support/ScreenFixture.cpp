@@ -2,20 +2,18 @@
 
 #include "core/DatabasePassword.h"
 #include "core/mdiTallyboard.h"
+#include "core/modTallyboard.h"
 #include "core/modTallyboardForms.h"
 #include "core/ProcessEnd.h"
 #include "core/ProgramFolder.h"
 #include "core/ScreenRegistry.h"
 #include "core/TempFolder.h"
-#include "store/DeliveredRows.h"
-#include "store/Tables.h"
+#include "tools/DeliveredDatabases.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-
-#include <functional>
 
 namespace tally::test {
 
@@ -28,31 +26,13 @@ QString Password()
     return DatabasePassword(session);
 }
 
-void Make(const QString& path, const std::function<void(store::Transaction&)>& fill)
-{
-    store::Connection connection(path, Password(), store::Connection::Mode::Create);
-    store::Transaction transaction(connection);
-    fill(transaction);
-    transaction.Commit();
-}
-
 /// The four delivered files, made once for all tests of the program.
 const QDir& DeliveredFolder()
 {
     static const QTemporaryDir folder;
     static const QDir delivered = [] {
-        const QDir made(folder.path());
-        Make(made.filePath(QStringLiteral("Tallyboard.mdb")), [](store::Transaction& transaction) {
-            store::CreateMainTables(transaction);
-            store::InsertDeliveredMainRows(transaction);
-        });
-        Make(made.filePath(QStringLiteral("TempTallyboard.mdb")), &store::CreateTempTables);
-        Make(made.filePath(QStringLiteral("BackupRestoreDetails.mdb")), &store::CreateBackupTables);
-        Make(made.filePath(QStringLiteral("Tallyboardhelp.mdb")), [](store::Transaction& transaction) {
-            store::CreateHelpTables(transaction);
-            store::InsertDeliveredHelpRows(transaction);
-        });
-        return made;
+        MakeDeliveredDatabases(folder.path(), Password());
+        return QDir(folder.path());
     }();
     return delivered;
 }
@@ -85,12 +65,7 @@ void ProgramFixture::TearDown()
 
 void ProgramFixture::OpenConnections()
 {
-    const QString password = Password();
-    const QDir folder(folder_.path());
-    Session().gcnnMain =
-        std::make_unique<store::Connection>(folder.filePath(QStringLiteral("Tallyboard.mdb")), password);
-    Session().gcnnTemp =
-        std::make_unique<store::Connection>(folder.filePath(QStringLiteral("TempTallyboard.mdb")), password);
+    tally::OpenConnections();
     // No test pulls the plug on the disk, and waiting for it would make up most of the time.
     for (store::Connection* connection : {Session().gcnnMain.get(), Session().gcnnTemp.get()})
         connection->Execute(QStringLiteral("PRAGMA synchronous = OFF"));
@@ -122,6 +97,9 @@ void ScreenFixture::SetUp()
     CreateTempFolder();
     window = mdiTallyboard::Load();
     ASSERT_NE(window, nullptr);
+    // An office past its first run, so that the window forces no screen.
+    Session().gblnSchoolExists = true;
+    Session().gblnActiveYearExists = true;
     window->show();
     QApplication::setActiveWindow(window);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window));

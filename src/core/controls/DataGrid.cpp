@@ -1,10 +1,12 @@
 #include "core/controls/DataGrid.h"
 
 #include "core/controls/PlainDelegate.h"
+#include "core/FormKeys.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMetaMethod>
 
 namespace tally {
 
@@ -81,6 +83,7 @@ void DataGrid::Bind(GridResult result, const QStringList& hidden)
     const QStringList heads = result.heads;
     model_->SetResult(std::move(result));
     entered_ = -1;
+    TakeEnter(false);
     int lastVisible = -1;
     for (int column = 0; column < heads.size(); ++column) {
         const bool hide = hidden.contains(heads.at(column), Qt::CaseInsensitive);
@@ -120,8 +123,24 @@ void DataGrid::focusInEvent(QFocusEvent* event)
     viewport()->update();
 }
 
+void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    TakeEnter(current.isValid());
+}
+
+void DataGrid::TakeEnter(bool onRow)
+{
+    setProperty(TakesEnter, onRow && isSignalConnected(QMetaMethod::fromSignal(&DataGrid::RowDoubleClicked)));
+}
+
 void DataGrid::keyPressEvent(QKeyEvent* event)
 {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && property(TakesEnter).toBool() && CurrentRow() >= 0) {
+        Q_EMIT RowDoubleClicked(CurrentRow());
+        return;
+    }
     QTableView::keyPressEvent(event);
     TellEntered();
 }

@@ -32,6 +32,7 @@ Q_SIGNALS:
     void RowDoubleClicked(int row);
 
 protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -40,6 +41,8 @@ private:
     class Model;
 
     void TellEntered();
+    /// Enter chooses the row only where somebody waits for that; elsewhere it goes on to the next field.
+    void TakeEnter(bool onRow);
 
     Model* model_;
     int entered_ = -1;

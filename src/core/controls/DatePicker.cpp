@@ -1,6 +1,7 @@
 #include "core/controls/DatePicker.h"
 
 #include <QCalendarWidget>
+#include <QLineEdit>
 
 namespace tally {
 
@@ -12,6 +13,16 @@ DatePicker::DatePicker(QWidget* parent) : QDateEdit(QDate::currentDate(), parent
     setDisplayFormat(QStringLiteral("dd/MMM/yyyy"));
     calendarWidget()->setLocale(QLocale::c());
     calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+}
+
+void DatePicker::TakeArrowsOnly()
+{
+    lineEdit()->setReadOnly(true);
+}
+
+bool DatePicker::focusNextPrevChild(bool next)
+{
+    return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
 } // namespace tally

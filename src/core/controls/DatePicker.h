@@ -11,6 +11,13 @@ class DatePicker : public QDateEdit
 
 public:
     explicit DatePicker(QWidget* parent = nullptr);
+
+    /// From now on only the arrow keys and the calendar move the date; nothing can be typed.
+    void TakeArrowsOnly();
+
+protected:
+    /// Tab leaves the field; the left and right arrows go from day to month to year.
+    bool focusNextPrevChild(bool next) override;
 };
 
 } // namespace tally

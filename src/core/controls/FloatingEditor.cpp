@@ -3,6 +3,7 @@
 #include "core/controls/FlexGrid.h"
 #include "core/FormKeys.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -73,7 +74,28 @@ void FloatingEditor::focusOutEvent(QFocusEvent* event)
     if (accepted)
         Q_EMIT Left();
     else if (isVisible())
-        QTimer::singleShot(0, this, [this] { setFocus(); });
+        KeepFocus();
+}
+
+void FloatingEditor::KeepFocus()
+{
+    keepsFocus_ = true;
+    // The click that was to take the focus away must not act on what it hits.
+    qApp->installEventFilter(this);
+    QTimer::singleShot(0, this, [this] {
+        qApp->removeEventFilter(this);
+        keepsFocus_ = false;
+        if (isVisible())
+            setFocus();
+    });
+}
+
+bool FloatingEditor::eventFilter(QObject* receiver, QEvent* event)
+{
+    const bool mouse = event->type() == QEvent::MouseButtonPress ||
+                       event->type() == QEvent::MouseButtonRelease ||
+                       event->type() == QEvent::MouseButtonDblClick;
+    return (keepsFocus_ && mouse) || QLineEdit::eventFilter(receiver, event);
 }
 
 } // namespace tally

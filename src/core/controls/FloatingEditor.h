@@ -28,8 +28,11 @@ public:
     int Col() const { return col_; }
     FlexGrid* Grid() const { return grid_; }
 
-    /// Asked when the focus is about to leave; on false the box keeps it. Empty lets everything pass.
+    /// Asked when the focus is about to leave; on false the box keeps it, and the click that was to take it
+    /// away has no effect. Empty lets everything pass.
     void SetValidate(std::function<bool()> validate) { validate_ = std::move(validate); }
+    /// True from a refused leave until the focus is back: what a key wanted to start must not start.
+    bool KeepsFocus() const { return keepsFocus_; }
 
 Q_SIGNALS:
     /// The user changed the text.
@@ -41,15 +44,18 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
     void Follow();
+    void KeepFocus();
 
     FlexGrid* grid_;
     std::function<bool()> validate_;
     int row_ = 0;
     int col_ = 0;
     bool validating_ = false;
+    bool keepsFocus_ = false;
 };
 
 } // namespace tally

@@ -19,6 +19,8 @@ OptionalDatePicker::OptionalDatePicker(QWidget* parent)
     // A label's mnemonic leads to the tick, from where Enter goes on to the date.
     setFocusProxy(tick_);
     date_->setEnabled(false);
+    // A date counts when it is complete, not at each of its digits.
+    date_->setKeyboardTracking(false);
     connect(tick_, &QCheckBox::toggled, date_, &QWidget::setEnabled);
     connect(tick_, &QCheckBox::toggled, this, &OptionalDatePicker::Changed);
     connect(date_, &QDateEdit::dateChanged, this, &OptionalDatePicker::Changed);

@@ -58,7 +58,8 @@ QPalette PaletteOf(const Shades& shades)
     return palette;
 }
 
-/// The focus is always visible, group titles stand out, the head of a grid is calm, and passwords show as "*".
+/// The focus is always visible, group titles stand out, the head of a grid is calm, and passwords show as
+/// "*".
 QString StyleSheetOf(const Shades& shades)
 {
     return QStringLiteral(
