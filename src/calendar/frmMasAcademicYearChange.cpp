@@ -1,0 +1,132 @@
+#include "calendar/frmMasAcademicYearChange.h"
+
+#include "calendar/AcademicYearRepository.h"
+#include "core/FormKeys.h"
+#include "core/look/Look.h"
+#include "core/mdiTallyboard.h"
+#include "core/modTallyboard.h"
+#include "core/Prompts.h"
+#include "core/SessionContext.h"
+#include "ui_frmMasAcademicYearChange.h"
+
+namespace tally {
+
+namespace {
+
+constexpr int HelpScreenNo = 14;
+
+AcademicYearRepository Years()
+{
+    return AcademicYearRepository(*Session().gcnnMain);
+}
+
+} // namespace
+
+frmMasAcademicYearChange::frmMasAcademicYearChange()
+    : Screen(QStringLiteral("frmMasAcademicYearChange"), HelpScreenNo),
+      ui_(std::make_unique<Ui::frmMasAcademicYearChange>())
+{
+    ui_->setupUi(this);
+    DressButtons(this);
+    SetExitButton(ui_->cmdExit);
+    TakeOnly(ui_->txtAcademicYearFrom, &KeyNumeric, 4);
+    ui_->cmdSave->setEnabled(false);
+
+    connect(ui_->txtAcademicYearFrom, &QLineEdit::textChanged, this,
+            &frmMasAcademicYearChange::txtAcademicYearFrom_Change);
+    connect(ui_->cmdSave, &QPushButton::clicked, this, &frmMasAcademicYearChange::cmdSave_Click);
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmMasAcademicYearChange::cmdCancel_Click);
+}
+
+frmMasAcademicYearChange::~frmMasAcademicYearChange() = default;
+
+void frmMasAcademicYearChange::Form_Activate(bool first)
+{
+    if (first)
+        TakeMenus();
+}
+
+void frmMasAcademicYearChange::txtAcademicYearFrom_Change(const QString& text)
+{
+    ui_->cmdSave->setEnabled(true);
+    Read([&] {
+        const auto startMonth = Years().StartMonth();
+        if (const auto dates = startMonth ? DatesOfYear(text, *startMonth) : std::nullopt)
+            ui_->lblAcadamicYearTo->setText(QString::number(dates->yearTo));
+    });
+}
+
+void frmMasAcademicYearChange::cmdSave_Click()
+{
+    if (!MayUse(QLatin1Char('S')))
+        return;
+    if (ui_->txtAcademicYearFrom->text().toInt() == 0) {
+        Prompts::Information(QStringLiteral("Enter Academic Year 'From'"));
+        ui_->txtAcademicYearFrom->setFocus();
+        return;
+    }
+    std::optional<StoredYear> found;
+    if (!Read([&] { found = FindYear(); }) || !found)
+        return;
+    if (found->processed) {
+        Prompts::Information(QStringLiteral("Already Processed For The Entered Academic Year.\n"
+                                            "You Cannot Work In This Academic Year\n"
+                                            "Contact Administrator"));
+        ui_->txtAcademicYearFrom->setFocus();
+        return;
+    }
+    if (!Read([&] { WorkIn(*found); }))
+        return;
+    Prompts::Information(QStringLiteral("Academic Year Changed"));
+    ui_->cmdSave->setEnabled(false);
+}
+
+void frmMasAcademicYearChange::cmdCancel_Click()
+{
+    ClearFields();
+    ui_->cmdSave->setEnabled(false);
+}
+
+std::optional<StoredYear> frmMasAcademicYearChange::FindYear()
+{
+    const int yearFrom = ui_->txtAcademicYearFrom->text().toInt();
+    const int yearTo = ui_->lblAcadamicYearTo->text().toInt();
+    // The end shown belongs to the last complete year typed; the text may have been changed since.
+    const auto startMonth = Years().StartMonth();
+    if (!startMonth || yearTo != YearToOf(yearFrom, *startMonth))
+        return Refused(QStringLiteral("Enter Correct Academic Year"));
+    const auto found = Years().Find(yearFrom, yearTo);
+    return found ? found : Refused(QStringLiteral("No Academic Year Exists For The Value Entered"));
+}
+
+std::optional<StoredYear> frmMasAcademicYearChange::Refused(const QString& text)
+{
+    Prompts::Information(text);
+    ClearFields();
+    ui_->txtAcademicYearFrom->setFocus();
+    return std::nullopt;
+}
+
+void frmMasAcademicYearChange::WorkIn(const StoredYear& found)
+{
+    SessionContext& session = Session();
+    const AcademicYear& year = found.year;
+    LoadApplicationDate(year.code);
+    session.gintAcademicYearCode = year.code;
+    session.gintYearFrom = year.yearFrom;
+    session.gintYearTo = year.yearTo;
+    session.gdtmFromDate = year.fromDate;
+    session.gdtmToDate = year.toDate;
+    if (auto* window = mdiTallyboard::Instance()) {
+        window->SetPanel(1, QStringLiteral("Academic Year : %1 - %2").arg(year.yearFrom).arg(year.yearTo));
+        window->SetPanel(3, QStringLiteral("Application Date : ") + ShownDate(session.gdtmApplicationDate));
+    }
+}
+
+void frmMasAcademicYearChange::ClearFields()
+{
+    ui_->txtAcademicYearFrom->clear();
+    ui_->lblAcadamicYearTo->clear();
+}
+
+} // namespace tally

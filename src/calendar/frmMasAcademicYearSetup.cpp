@@ -1,0 +1,341 @@
+#include "calendar/frmMasAcademicYearSetup.h"
+
+#include "calendar/AcademicYearRepository.h"
+#include "calendar/ApplicationDateRepository.h"
+#include "core/FormKeys.h"
+#include "core/look/Look.h"
+#include "core/mdiTallyboard.h"
+#include "core/modTallyboard.h"
+#include "core/modTallyboardForms.h"
+#include "core/Prompts.h"
+#include "core/SessionContext.h"
+#include "ui_frmMasAcademicYearSetup.h"
+
+#include <QAction>
+#include <QHeaderView>
+#include <QLocale>
+
+namespace tally {
+
+namespace {
+
+constexpr int HelpScreenNo = 13;
+const QString CodeHead = QStringLiteral("AcademicYearCode");
+
+AcademicYearRepository Years()
+{
+    return AcademicYearRepository(*Session().gcnnMain);
+}
+
+ApplicationDateRepository Days()
+{
+    return ApplicationDateRepository(*Session().gcnnMain);
+}
+
+QDate FromShown(const QString& shown)
+{
+    return QLocale::c().toDate(shown, QStringLiteral("dd/MMM/yyyy"));
+}
+
+} // namespace
+
+frmMasAcademicYearSetup::frmMasAcademicYearSetup()
+    : Screen(QStringLiteral("frmMasAcademicYearSetup"), HelpScreenNo),
+      ui_(std::make_unique<Ui::frmMasAcademicYearSetup>())
+{
+    ui_->setupUi(this);
+    DressButtons(this);
+    SetExitButton(ui_->cmdExit);
+    TakeOnly(ui_->txtAcademicYearFrom, &KeyNumeric, 4);
+
+    // The other screens must not meet a year that is being changed, whether or not some are open already.
+    const auto* window = mdiTallyboard::Instance();
+    const QAction* masters = window ? window->MenuItem(QStringLiteral("mnuMasters")) : nullptr;
+    mastersWereOn_ = masters && masters->isEnabled();
+    DisableMainMenus();
+    Session().gblnMenusLocked = true;
+
+    ui_->cbostatus->setCurrentIndex(-1);
+    ShowState(MasterState::Idle);
+    Read([this] { LoadGrid(); });
+
+    connect(ui_->cmdNew, &QPushButton::clicked, this, &frmMasAcademicYearSetup::cmdNew_Click);
+    connect(ui_->cmdEdit, &QPushButton::clicked, this, &frmMasAcademicYearSetup::cmdEdit_Click);
+    connect(ui_->cmdDelete, &QPushButton::clicked, this, &frmMasAcademicYearSetup::cmdDelete_Click);
+    connect(ui_->cmdSave, &QPushButton::clicked, this, &frmMasAcademicYearSetup::cmdSave_Click);
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmMasAcademicYearSetup::cmdCancel_Click);
+    connect(ui_->cmdOpenSchoolSetup, &QPushButton::clicked, this,
+            &frmMasAcademicYearSetup::cmdOpenSchoolSetup_Click);
+    connect(ui_->txtAcademicYearFrom, &QLineEdit::textChanged, this,
+            &frmMasAcademicYearSetup::txtAcademicYearFrom_Change);
+    connect(ui_->dgdDetails, &DataGrid::RowDoubleClicked, this,
+            &frmMasAcademicYearSetup::dgdDetails_DblClick);
+}
+
+frmMasAcademicYearSetup::~frmMasAcademicYearSetup() = default;
+
+void frmMasAcademicYearSetup::Form_Activate(bool first)
+{
+    Read([this] { ShowSchoolSetupOffer(); });
+    if (first)
+        TakeScreen(QStringLiteral("AcademicYearSetup"));
+}
+
+bool frmMasAcademicYearSetup::Form_Unload()
+{
+    if (!AYearIsActive())
+        return false;
+    Session().gblnMenusLocked = false;
+    if (mastersWereOn_)
+        EnableMainMenus();
+    return true;
+}
+
+void frmMasAcademicYearSetup::cmdExit_Click()
+{
+    if (!AYearIsActive() || !ConfirmExit(ExitCaption()))
+        return;
+    Unload();
+    if (IsUnloaded() && !Session().gblnApplicationDateExists)
+        ShowForm(QStringLiteral("frmUtilApplicationDateSetup"));
+}
+
+void frmMasAcademicYearSetup::cmdNew_Click()
+{
+    if (!MayUse(QLatin1Char('N')))
+        return;
+    ShowState(MasterState::New);
+    ui_->txtAcademicYearFrom->setFocus();
+}
+
+void frmMasAcademicYearSetup::cmdEdit_Click()
+{
+    if (!MayUse(QLatin1Char('E')))
+        return;
+    editing_ = true;
+    ShowState(MasterState::Editing);
+    ui_->cbostatus->setFocus();
+}
+
+void frmMasAcademicYearSetup::cmdDelete_Click()
+{
+    // Who may change a year may also take it back: there is no right of its own for that.
+    if (!MayUse(QLatin1Char('E')) || !Prompts::Ask(QStringLiteral("Do You Want To Delete This Entry ?")))
+        return;
+    bool isLast = false;
+    if (!Read([&] { isLast = !Years().HasLaterThan(code_); }))
+        return;
+    if (!isLast) {
+        Prompts::Information(
+            QStringLiteral("You Cannot Delete This Academic Year. You Can Delete Last Academic Year"));
+        return;
+    }
+    const bool deleted = Write(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
+        ApplicationDateRepository::DeleteBetween(transaction, ui_->dtpFromDate->date(),
+                                                 ui_->dtpToDate->date());
+        AcademicYearRepository::Delete(transaction, code_);
+    });
+    if (!deleted)
+        return;
+    SessionContext& session = Session();
+    if (code_ == session.gintAcademicYearCode) {
+        session.gdtmApplicationDate = QDate();
+        session.gintYearFrom = 0;
+        session.gintYearTo = 0;
+        if (auto* window = mdiTallyboard::Instance())
+            window->ShowYearAndDate();
+    }
+    Prompts::Information(QStringLiteral("Record Deleted"));
+    cmdCancel_Click();
+}
+
+void frmMasAcademicYearSetup::cmdSave_Click()
+{
+    bool allowed = false;
+    if (!Read([&] { allowed = MayBeSaved(); }) || !allowed)
+        return;
+    SessionContext& session = Session();
+    const QDate dateBefore = session.gdtmApplicationDate;
+    AcademicYear year = Entered();
+    const bool stored = Write(Conflict::MasterIsGone, [&](store::Transaction& transaction) {
+        if (editing_) {
+            AcademicYearRepository::UpdateStatus(transaction, year.code, EnteredActive());
+        } else {
+            year.code =
+                GetNextCode(QStringLiteral("ACADEMICYEARCODE"), QStringLiteral("ACADEMICYEARSETUP"), 0);
+            StoreNew(transaction, year);
+        }
+        // The work stays open until the user has read its result: no other client can change the years
+        // meanwhile.
+        Prompts::Information(editing_ ? QStringLiteral("Academic Year Updated")
+                                      : QStringLiteral("Academic Year Saved"));
+    });
+    if (!stored) {
+        session.gdtmApplicationDate = dateBefore;
+        Read([this] { LoadGrid(); });
+        return;
+    }
+    Read([&] {
+        if (Years().Count() == 1)
+            TakeFirstYear(year);
+    });
+    cmdCancel_Click();
+}
+
+void frmMasAcademicYearSetup::cmdCancel_Click()
+{
+    ClearControls(this);
+    ShowState(MasterState::Idle);
+    code_ = 0;
+    editing_ = false;
+    ui_->lblAcademicYearTo->clear();
+    Read([this] {
+        LoadGrid();
+        ShowSchoolSetupOffer();
+    });
+    ui_->cmdNew->setFocus();
+}
+
+void frmMasAcademicYearSetup::cmdOpenSchoolSetup_Click()
+{
+    ShowForm(QStringLiteral("frmMasSchoolSetup"));
+}
+
+void frmMasAcademicYearSetup::txtAcademicYearFrom_Change(const QString& text)
+{
+    Read([&] {
+        const auto startMonth = Years().StartMonth();
+        const auto dates = startMonth ? DatesOfYear(text, *startMonth) : std::nullopt;
+        if (!dates)
+            return;
+        ui_->lblAcademicYearTo->setText(QString::number(dates->yearTo));
+        ui_->dtpFromDate->setDate(dates->fromDate);
+        ui_->dtpToDate->setDate(dates->toDate);
+    });
+}
+
+void frmMasAcademicYearSetup::dgdDetails_DblClick(int row)
+{
+    const DataGrid* grid = ui_->dgdDetails;
+    const int code = grid->Code(row, CodeHead);
+    if (code <= 0 || !Prompts::Ask(QStringLiteral("Do You Want To Edit/Delete ?")))
+        return;
+    code_ = code;
+    // The year's own dates stand, whatever the school's start month is today.
+    ui_->txtAcademicYearFrom->setText(grid->Text(row, QStringLiteral("Academic Year From")));
+    ui_->lblAcademicYearTo->setText(grid->Text(row, QStringLiteral("Academic Year To")));
+    ui_->dtpFromDate->setDate(FromShown(grid->Text(row, QStringLiteral("From Date"))));
+    ui_->dtpToDate->setDate(FromShown(grid->Text(row, QStringLiteral("To Date"))));
+    ui_->cbostatus->setCurrentText(grid->Text(row, QStringLiteral("Status")));
+    ShowState(MasterState::RowSelected);
+}
+
+void frmMasAcademicYearSetup::LoadGrid()
+{
+    ui_->dgdDetails->Bind(Years().List(), {CodeHead});
+    // The two long heads need more than an equal share of the width.
+    for (const int column : {1, 2})
+        ui_->dgdDetails->horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+}
+
+void frmMasAcademicYearSetup::ShowState(MasterState state)
+{
+    ShowMasterState({nullptr, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave}, state);
+    // A stored year keeps its dates; only its status can be edited.
+    ui_->Frame1->setEnabled(state == MasterState::New);
+    ui_->Frame3->setEnabled(state == MasterState::New || state == MasterState::Editing);
+}
+
+void frmMasAcademicYearSetup::ShowSchoolSetupOffer()
+{
+    ui_->fraSchoolSetupOpen->setVisible(Years().Count() == 0);
+}
+
+bool frmMasAcademicYearSetup::MayBeSaved()
+{
+    const AcademicYear year = Entered();
+    if (ui_->txtAcademicYearFrom->text().trimmed().isEmpty())
+        return Refuse(QStringLiteral("Enter 'Academic Year From' "), ui_->txtAcademicYearFrom);
+    if (ui_->cbostatus->currentText().trimmed().isEmpty())
+        return Refuse(QStringLiteral("Select Status"), ui_->cbostatus);
+    if (!IsWithinRecords(year.yearFrom, year.yearTo)) {
+        Prompts::Information(QStringLiteral("Academic Year Should Be Within 1980 To 2099"));
+        ui_->txtAcademicYearFrom->clear();
+        ui_->lblAcademicYearTo->clear();
+        ui_->txtAcademicYearFrom->setFocus();
+        return false;
+    }
+    if (Years().YearFromExists(year.yearFrom, code_))
+        return Refuse(QStringLiteral("'Academic Year From' Already Exists"), ui_->txtAcademicYearFrom);
+    if (!editing_) {
+        const auto series = Years().Series();
+        switch (PlaceOf(year.yearFrom, series)) {
+        case PlaceInSeries::Allowed: break;
+        case PlaceInSeries::BeforeFirst:
+            return Refuse(QStringLiteral("You Cannot Enter Academic Year Lesser Than Existing Academic Year"),
+                          ui_->txtAcademicYearFrom);
+        case PlaceInSeries::LeavesAGap:
+            return Refuse(QStringLiteral("You Can Enter Only Next Academic Year %1 - %2")
+                              .arg(series->last + 1)
+                              .arg(series->last + 1 + year.yearTo - year.yearFrom),
+                          ui_->txtAcademicYearFrom);
+        }
+    }
+    if (EnteredActive() && Years().OtherIsActive(code_))
+        return Refuse(QStringLiteral("Already One Academic Year Has An Active Status"), ui_->cbostatus);
+    return true;
+}
+
+bool frmMasAcademicYearSetup::Refuse(const QString& text, QWidget* focus)
+{
+    Prompts::Information(text);
+    focus->setFocus();
+    return false;
+}
+
+void frmMasAcademicYearSetup::StoreNew(store::Transaction& transaction, const AcademicYear& year)
+{
+    AcademicYearRepository::Insert(transaction, year, EnteredActive(), Session().gintUserCode);
+    if (Days().Count(year.fromDate, year.toDate) == 0)
+        ApplicationDateRepository::Insert(transaction, year.fromDate, Session().gintUserCode);
+    const QDate lastDay = Days().Last(year.fromDate, year.toDate);
+    if (EnteredActive() && lastDay.isValid())
+        Session().gdtmApplicationDate = lastDay;
+}
+
+void frmMasAcademicYearSetup::TakeFirstYear(const AcademicYear& year)
+{
+    SessionContext& session = Session();
+    LoadActiveAcademicYear();
+    LoadApplicationDate(session.gintAcademicYearCode);
+    session.gintYearFrom = year.yearFrom;
+    session.gintYearTo = year.yearTo;
+    session.gintAcademicYearCode = year.code;
+    session.gdtmToDate = year.toDate;
+    if (auto* window = mdiTallyboard::Instance())
+        window->ShowYearAndDate();
+    session.gblnApplicationDateExists = true;
+}
+
+bool frmMasAcademicYearSetup::AYearIsActive()
+{
+    bool active = false;
+    if (!Read([&] { active = Years().HasActive(); }))
+        return false;
+    if (!active)
+        Prompts::Information(QStringLiteral("Atleast One Academic Year Should Have Active Status"));
+    return active;
+}
+
+AcademicYear frmMasAcademicYearSetup::Entered() const
+{
+    return {code_, ui_->txtAcademicYearFrom->text().toInt(), ui_->lblAcademicYearTo->text().toInt(),
+            ui_->dtpFromDate->date(), ui_->dtpToDate->date()};
+}
+
+bool frmMasAcademicYearSetup::EnteredActive() const
+{
+    return ui_->cbostatus->currentText() == QLatin1String("YES");
+}
+
+} // namespace tally

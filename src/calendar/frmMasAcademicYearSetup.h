@@ -1,0 +1,60 @@
+#pragma once
+
+#include "core/MasterStates.h"
+#include "core/Screen.h"
+
+#include <memory>
+
+namespace Ui {
+class frmMasAcademicYearSetup;
+}
+
+namespace tally {
+
+struct AcademicYear;
+
+/// Makes the school's academic years, one after another, and says which one is active. While no year is
+/// active, it cannot be left.
+class frmMasAcademicYearSetup : public Screen
+{
+    Q_OBJECT
+
+public:
+    frmMasAcademicYearSetup();
+    ~frmMasAcademicYearSetup() override;
+
+protected:
+    void Form_Activate(bool first) override;
+    bool Form_Unload() override;
+    void cmdExit_Click() override;
+
+private:
+    void cmdNew_Click();
+    void cmdEdit_Click();
+    void cmdDelete_Click();
+    void cmdSave_Click();
+    void cmdCancel_Click();
+    void cmdOpenSchoolSetup_Click();
+    void txtAcademicYearFrom_Change(const QString& text);
+    void dgdDetails_DblClick(int row);
+
+    void LoadGrid();
+    void ShowState(MasterState state);
+    void ShowSchoolSetupOffer();
+    /// The tests in front of a save; each that fails tells the user.
+    bool MayBeSaved();
+    bool Refuse(const QString& text, QWidget* focus);
+    void StoreNew(store::Transaction& transaction, const AcademicYear& year);
+    void TakeFirstYear(const AcademicYear& year);
+    bool AYearIsActive();
+    /// The year as the controls show it.
+    AcademicYear Entered() const;
+    bool EnteredActive() const;
+
+    std::unique_ptr<Ui::frmMasAcademicYearSetup> ui_;
+    int code_ = 0; ///< of the row in hand; 0 for none
+    bool editing_ = false;
+    bool mastersWereOn_ = false; ///< mnuMasters when the screen opened
+};
+
+} // namespace tally

@@ -1,0 +1,153 @@
+#include "calendar/CalendarFixture.h"
+
+#include "core/controls/DatePicker.h"
+#include "core/mdiTallyboard.h"
+#include "core/ScreenRegistry.h"
+#include "core/TempFolder.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace tally::test {
+
+void CalendarFixture::SetUp()
+{
+    ScreenFixture::SetUp();
+    GivenStartMonth("JUN");
+}
+
+void CalendarFixture::GivenStartMonth(const char* shortName)
+{
+    Given("DELETE FROM SchoolMaster");
+    Given("INSERT INTO SchoolMaster VALUES ('School', 'Street', '', 0, '1', ?, 1)", shortName);
+}
+
+void CalendarFixture::GivenYear(int code, int yearFrom, const char* status)
+{
+    Given("INSERT INTO AcademicYearSetup VALUES (?, ?, ?, ?, ?, ?, 'N', 1)", code, yearFrom, yearFrom + 1,
+          QDate(yearFrom, 6, 1), QDate(yearFrom + 1, 5, 31), status);
+}
+
+void CalendarFixture::GivenDays(const QList<QDate>& days)
+{
+    for (const QDate& day : days)
+        Given("INSERT INTO ApplicationDate VALUES (?, 1)", day);
+}
+
+void CalendarFixture::GivenSessionUser(int days, const QList<std::pair<QString, QString>>& rights)
+{
+    GivenUser(4, QStringLiteral("clerk"), QStringLiteral("secret"), rights);
+    Given("UPDATE UserPrivilegeMaster SET Days = ? WHERE UserCode = 4", days);
+}
+
+void CalendarFixture::Start()
+{
+    delete window;
+    SessionContext fresh;
+    fresh.gcnnMain = std::move(Session().gcnnMain);
+    fresh.gcnnTemp = std::move(Session().gcnnTemp);
+    fresh.gintUserCode = fresh.gintPrivilegeUserCode = 4;
+    Session() = std::move(fresh);
+    CreateTempFolder();
+    window = mdiTallyboard::Load();
+    ASSERT_NE(window, nullptr);
+    for (const char* menu : {"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"})
+        window->EnableMenuItem(QString::fromLatin1(menu), true);
+    window->show();
+    QApplication::setActiveWindow(window);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    Settle();
+}
+
+void CalendarFixture::LetTick()
+{
+    auto* timer = Find<QTimer>(window, "tmrTimer");
+    ASSERT_TRUE(timer->isActive());
+    timer->setInterval(1);
+    QTest::qWait(30);
+    timer->setInterval(1000);
+}
+
+void CalendarFixture::StopClock()
+{
+    Find<QTimer>(window, "tmrTimer")->stop();
+}
+
+void CalendarFixture::MakeReadOnly()
+{
+    StopClock();
+    Given("PRAGMA query_only = ON");
+}
+
+bool CalendarFixture::MenusAre(bool enabled) const
+{
+    for (const char* menu : {"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"})
+        if (window->MenuItem(QString::fromLatin1(menu))->isEnabled() != enabled)
+            return false;
+    return true;
+}
+
+std::string CalendarFixture::Panel(int number) const
+{
+    return window->statusBar()
+        ->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly)
+        .at(number - 1)
+        ->text()
+        .toStdString();
+}
+
+std::string CalendarFixture::Text(const QWidget* form, const char* control) const
+{
+    const auto* widget = Find<QWidget>(form, control);
+    return widget->property(widget->inherits("QComboBox") ? "currentText" : "text").toString().toStdString();
+}
+
+QDate CalendarFixture::DateIn(const QWidget* form, const char* picker) const
+{
+    return Find<DatePicker>(form, picker)->date();
+}
+
+bool CalendarFixture::HasFocus(const QWidget* form, const char* control) const
+{
+    return form->focusWidget() == Find<QWidget>(form, control);
+}
+
+bool CalendarFixture::IsOn(const QWidget* form, const char* control) const
+{
+    return Find<QWidget>(form, control)->isEnabled();
+}
+
+void CalendarFixture::Click(const QWidget* form, const char* button)
+{
+    Press(Find<QPushButton>(form, button));
+}
+
+bool CalendarFixture::IsOpen(const char* formName) const
+{
+    return ScreenRegistry::OpenInstance(QString::fromLatin1(formName)) != nullptr;
+}
+
+void CalendarFixture::ExpectToFit(const char* formName)
+{
+    window->setWindowState(Qt::WindowNoState);
+    window->resize(800, 600);
+    const Screen* form = OpenScreen(QString::fromLatin1(formName));
+    ASSERT_NE(form, nullptr);
+    EXPECT_TRUE(window->Area()->viewport()->rect().contains(form->parentWidget()->geometry()));
+    EXPECT_LE(form->minimumSizeHint().width(), form->width());
+    EXPECT_LE(form->minimumSizeHint().height(), form->height());
+}
+
+int CalendarFixture::HelpNumber(QWidget* form)
+{
+    PressKey(form, Qt::Key_F1);
+    return Session().glngScreenNo;
+}
+
+} // namespace tally::test
