@@ -1,13 +1,23 @@
 #include "app/Screens.h"
 
+#include "calendar/frmMasAcademicYearChange.h"
+#include "calendar/frmMasAcademicYearSetup.h"
+#include "calendar/frmUtilApplicationDateChange.h"
+#include "calendar/frmUtilApplicationDateSetup.h"
 #include "core/AboutUs.h"
 #include "core/ScreenRegistry.h"
+#include "masters/frmMasClassSectionEntry.h"
+#include "masters/frmMasSchoolSetup.h"
+#include "masters/frmSimpleMaster.h"
+#include "masters/frmTeacherMaster.h"
+#include "masters/frmTeacherSearch.h"
 #include "ranks/frmRankCalculation.h"
 #include "utilities/frmUtilOptions.h"
 
 #include <QDir>
 
-// The resources of a static library are linked only where they are asked for, and by a name outside all namespaces.
+// The resources of a static library are linked only where they are asked for, and by a name outside all
+// namespaces.
 static void InitResources()
 {
     Q_INIT_RESOURCE(tallyboard);
@@ -29,7 +39,18 @@ void RegisterScreens()
 {
     InitResources();
     Register<AboutUs>("AboutUs");
+    Register<frmMasAcademicYearChange>("frmMasAcademicYearChange");
+    Register<frmMasAcademicYearSetup>("frmMasAcademicYearSetup");
+    Register<frmUtilApplicationDateChange>("frmUtilApplicationDateChange");
+    Register<frmUtilApplicationDateSetup>("frmUtilApplicationDateSetup");
+    for (const SimpleMasterDefinition& definition : SimpleMasterDefinitions())
+        ScreenRegistry::Register(QString::fromLatin1(definition.formName),
+                                 [&definition] { return new frmSimpleMaster(definition); });
+    Register<frmMasClassSectionEntry>("frmMasClassSectionEntry");
+    Register<frmMasSchoolSetup>("frmMasSchoolSetup");
     Register<frmRankCalculation>("frmRankCalculation");
+    Register<frmTeacherMaster>("frmTeacherMaster");
+    Register<frmTeacherSearch>("frmTeacherSearch");
     Register<frmUtilOptions>("frmUtilOptions");
 }
 

@@ -1,0 +1,204 @@
+#include "masters/ClassSectionSave.h"
+
+#include <algorithm>
+
+namespace tally {
+
+namespace {
+
+bool SameRecord(const ClassRecord& a, const ClassRecord& b)
+{
+    return a.className == b.className && a.noOfDivisions == b.noOfDivisions && a.classOrder == b.classOrder;
+}
+
+/// The database as it will look while the rows of the grid are written one after the other.
+class Reconciliation
+{
+public:
+    Reconciliation(ClassSectionGrid& grid, const StoredClassSections& stored) : grid_(grid), state_(stored) {}
+
+    ClassSectionPlan Run()
+    {
+        for (int row = 1; row <= grid_.RowCount(); ++row) {
+            const int remaining = DropDivisions(grid_.Row(row));
+            if (!plan_.blockedDivisions.isEmpty()) {
+                grid_.Row(row).noOfDivisions = QString::number(remaining);
+                grid_.Row(row).oldNoOfDivisions = remaining;
+            }
+            if (!grid_.Row(row).IsNamed())
+                continue;
+            KeepClass(RecordOf(grid_.Row(row)));
+            KeepDivisions(grid_.Row(row).classCode);
+        }
+        DropClasses();
+        return std::move(plan_);
+    }
+
+private:
+    bool IsUsed(const ClassDivision& division) const
+    {
+        const int classCode = division.classCode;
+        const int code = division.divisionCode;
+        return state_.ClassDivisionUsedInStudents(classCode, code) ||
+               state_.ClassDivisionUsedInMarks(classCode, code) ||
+               state_.ClassDivisionUsedInRanks(classCode, code) ||
+               state_.ClassDivisionUsedInSetup(classCode, code);
+    }
+
+    /// Divisions go from the last one down. One that is in use keeps those before it as well, up to the next
+    /// one that is still on the screen, so that no gap comes into being.
+    int DropDivisions(const ClassRow& row)
+    {
+        int remaining = row.oldDivision;
+        bool mayDelete = true;
+        std::vector<ClassDivision> left;
+        for (const ClassDivision& division : state_.divisions) {
+            left.push_back(division);
+            if (division.classCode != row.classCode)
+                continue;
+            if (grid_.ArrayScan(division.classCode, division.divisionCode)) {
+                mayDelete = true;
+            } else if (mayDelete && IsUsed(division)) {
+                plan_.blockedDivisions.append(row.className + QStringLiteral(" - ") + division.divisionName);
+                mayDelete = false;
+            } else if (mayDelete) {
+                plan_.deleteDivisions.emplace_back(division.classCode, division.divisionCode);
+                left.pop_back();
+                --remaining;
+            }
+        }
+        state_.divisions = std::move(left);
+        return remaining;
+    }
+
+    void KeepClass(const ClassRecord& record)
+    {
+        const auto known =
+            std::find_if(state_.classes.begin(), state_.classes.end(),
+                         [&](const ClassRecord& other) { return other.classCode == record.classCode; });
+        if (known == state_.classes.end()) {
+            plan_.insertClasses.push_back(record);
+            state_.classes.push_back(record);
+        } else if (!SameRecord(*known, record)) {
+            plan_.updateClasses.push_back(record);
+            *known = record;
+        }
+    }
+
+    void KeepDivisions(int classCode)
+    {
+        for (const ClassDivision& division : grid_.Divisions()) {
+            if (division.classCode != classCode)
+                continue;
+            const ClassDivision* known = state_.FindDivision(classCode, division.divisionCode);
+            if (!known) {
+                plan_.insertDivisions.push_back(division);
+                state_.divisions.push_back(division);
+            } else if (known->divisionName != division.divisionName) {
+                plan_.renameDivisions.push_back(division);
+            }
+        }
+    }
+
+    /// Only students are looked at here. Anything else that refers to the class makes the store refuse.
+    void DropClasses()
+    {
+        for (const ClassRecord& record : state_.classes) {
+            if (grid_.Grid2Scan(record.classCode))
+                continue;
+            if (state_.ClassDivisionUsedInStudents(record.classCode, 0))
+                plan_.blockedClasses.append(record.className);
+            else
+                plan_.deleteClasses.push_back(record.classCode);
+        }
+    }
+
+    ClassSectionGrid& grid_;
+    StoredClassSections state_;
+    ClassSectionPlan plan_;
+};
+
+void TellKept(const Tell& tell, const QString& what, const QStringList& names)
+{
+    if (!names.isEmpty())
+        tell(what + names.join(QStringLiteral(", ")) +
+             QStringLiteral(" Is Used In Other Entry Screen(s). So You Cannot Delete"));
+}
+
+void Carry(store::Transaction& transaction, const ClassSectionPlan& plan, int userCode, const Tell& tell)
+{
+    using Repository = ClassSectionRepository;
+    for (const auto& [classCode, divisionCode] : plan.deleteDivisions)
+        Repository::DeleteDivision(transaction, classCode, divisionCode);
+    for (const ClassRecord& record : plan.insertClasses)
+        Repository::InsertClass(transaction, record, userCode);
+    for (const ClassRecord& record : plan.updateClasses)
+        Repository::UpdateClass(transaction, record);
+    for (const ClassDivision& division : plan.insertDivisions)
+        Repository::InsertDivision(transaction, division);
+    for (const ClassDivision& division : plan.renameDivisions)
+        Repository::RenameDivision(transaction, division);
+    TellKept(tell, QStringLiteral("This Division "), plan.blockedDivisions);
+    for (const int classCode : plan.deleteClasses)
+        Repository::DeleteClass(transaction, classCode);
+    TellKept(tell, QStringLiteral("The Class "), plan.blockedClasses);
+}
+
+/// Puts back what is on the grid and not in the database.
+void PutBack(store::Transaction& transaction, const ClassSectionGrid& grid, int userCode)
+{
+    ClassSectionRepository repository(transaction.On());
+    StoredClassSections stored;
+    stored.classes = repository.Classes();
+    stored.divisions = repository.Divisions();
+    for (int row = 1; row <= grid.RowCount(); ++row) {
+        const ClassRecord record = RecordOf(grid.Row(row));
+        if (!grid.Row(row).IsNamed() || stored.ClassExists(record.classCode))
+            continue;
+        ClassSectionRepository::InsertClass(transaction, record, userCode);
+        stored.classes.push_back(record);
+    }
+    for (const ClassDivision& division : grid.Divisions())
+        if (!division.divisionName.trimmed().isEmpty() &&
+            !stored.ClassDivisionExists(division.classCode, division.divisionCode))
+            ClassSectionRepository::InsertDivision(transaction, division);
+}
+
+} // namespace
+
+ClassRecord RecordOf(const ClassRow& row)
+{
+    return {row.classCode, row.className.trimmed(), row.Divisions(), row.Order()};
+}
+
+ClassSectionPlan Reconcile(ClassSectionGrid& grid, const StoredClassSections& stored)
+{
+    return Reconciliation(grid, stored).Run();
+}
+
+void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid, int userCode)
+{
+    store::Transaction transaction(connection);
+    for (int row = 1; row <= grid.RowCount(); ++row)
+        if (grid.Row(row).IsNamed())
+            ClassSectionRepository::InsertClass(transaction, RecordOf(grid.Row(row)), userCode);
+    for (const ClassDivision& division : grid.Divisions())
+        if (!division.divisionName.trimmed().isEmpty())
+            ClassSectionRepository::InsertDivision(transaction, division);
+    transaction.Commit();
+}
+
+void SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode, const Tell& tell)
+{
+    {
+        store::Transaction transaction(connection);
+        const ClassSectionPlan plan = Reconcile(grid, ClassSectionRepository(connection).Read());
+        Carry(transaction, plan, userCode, tell);
+        transaction.Commit();
+    }
+    store::Transaction transaction(connection);
+    PutBack(transaction, grid, userCode);
+    transaction.Commit();
+}
+
+} // namespace tally

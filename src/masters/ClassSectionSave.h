@@ -1,0 +1,42 @@
+#pragma once
+
+#include "masters/ClassSectionRepository.h"
+
+#include <QStringList>
+
+#include <functional>
+
+namespace tally {
+
+/// What has to be written so that the database agrees with the grid, in the order in which it is written.
+struct ClassSectionPlan
+{
+    std::vector<DivisionKey> deleteDivisions;
+    std::vector<ClassRecord> insertClasses;
+    std::vector<ClassRecord> updateClasses;
+    std::vector<ClassDivision> insertDivisions;
+    std::vector<ClassDivision> renameDivisions;
+    QStringList blockedDivisions; ///< "class - division", in use and therefore kept
+    std::vector<int> deleteClasses;
+    QStringList blockedClasses; ///< their students keep them
+};
+
+/// Compares the grid with the database. Where a division had to be kept, that row of the grid and every row
+/// behind it get the number of divisions that the database is left with.
+ClassSectionPlan Reconcile(ClassSectionGrid& grid, const StoredClassSections& stored);
+
+/// How a class of the grid is stored.
+ClassRecord RecordOf(const ClassRow& row);
+
+/// Tells the user something and returns when it was read.
+using Tell = std::function<void(const QString& text)>;
+
+/// Stores the first classes of a school. Throws StoreError; then nothing is stored.
+void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid, int userCode);
+
+/// Makes the database agree with the grid as far as nothing else refers to what would go, and tells what was
+/// kept before it is stored. Throws StoreError. There are two transactions: what the first one stored stays
+/// when the second one, which puts missing classes and divisions back, fails.
+void SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode, const Tell& tell);
+
+} // namespace tally

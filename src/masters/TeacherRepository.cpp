@@ -1,0 +1,169 @@
+#include "masters/TeacherRepository.h"
+
+namespace tally {
+
+namespace {
+
+TeacherRepository::Names ReadNames(store::Statement rows)
+{
+    TeacherRepository::Names names;
+    while (rows.Next())
+        names.emplace_back(rows.Int(0), rows.Text(1));
+    return names;
+}
+
+QString MaritalStatus(const Teacher& teacher)
+{
+    return teacher.married ? QStringLiteral("M") : QStringLiteral("S");
+}
+
+QString Holding(const QString& text)
+{
+    return QLatin1Char('%') + text.toUpper() + QLatin1Char('%');
+}
+
+} // namespace
+
+DateFault FaultWhileChoosing(const QDate& date, const QDate& birth)
+{
+    if (!date.isValid())
+        return DateFault::None;
+    if (!birth.isValid())
+        return DateFault::BirthMissing;
+    return date < birth ? DateFault::NotAfterBirth : DateFault::None;
+}
+
+DateFault FaultAtSave(const QDate& date, const QDate& birth)
+{
+    return date.isValid() && date == birth ? DateFault::NotAfterBirth : FaultWhileChoosing(date, birth);
+}
+
+TeacherRepository::Names TeacherRepository::Salutations()
+{
+    return ReadNames(main_.Query(QStringLiteral(
+        "SELECT SalutationCode, SalutationName FROM SalutationMaster ORDER BY SalutationName")));
+}
+
+TeacherRepository::Names TeacherRepository::States()
+{
+    return ReadNames(main_.Query(QStringLiteral("SELECT 0 AS StateCode, ' ' AS StateName FROM StateMaster"
+                                                " UNION SELECT StateCode, StateName FROM StateMaster"
+                                                " WHERE StateCode > 0 ORDER BY StateName")));
+}
+
+TeacherRepository::Names TeacherRepository::BloodGroups()
+{
+    return ReadNames(
+        main_.Query(QStringLiteral("SELECT 0 AS BloodGroupCode, ' ' AS BloodGroupName FROM BloodGroupMaster"
+                                   " UNION SELECT BloodGroupCode, BloodGroupName FROM BloodGroupMaster"
+                                   " WHERE BloodGroupCode > 0 ORDER BY BloodGroupName")));
+}
+
+TeacherRepository::Names TeacherRepository::Cities(int stateCode)
+{
+    return ReadNames(main_.Query(QStringLiteral("SELECT CityCode, CityName FROM CityMaster"
+                                                " WHERE CityCode > 0 AND StateCode = ? ORDER BY CityName"),
+                                 stateCode));
+}
+
+std::optional<Teacher> TeacherRepository::Find(int teacherCode)
+{
+    auto row = main_.Query(
+        QStringLiteral("SELECT a.SalutationCode, a.TeacherName, a.TeacherShortName, a.DOB, a.MaritalStatus,"
+                       " a.WeddingDate, a.JoiningDate, a.FHName, a.Address1, a.Address2, b.StateCode,"
+                       " a.CityCode, a.PinCode, a.Telephone, a.BloodGroupCode, a.Qualification"
+                       " FROM TeacherMaster a LEFT JOIN CityMaster b ON a.CityCode = b.CityCode"
+                       " WHERE a.TeacherCode = ?"),
+        teacherCode);
+    if (!row.Next())
+        return std::nullopt;
+    return Teacher{
+        .salutationCode = row.Int(0),
+        .name = row.Text(1),
+        .shortName = row.Text(2),
+        .dateOfBirth = row.Date(3),
+        .married = row.Text(4) == QLatin1String("M"),
+        .weddingDate = row.Date(5),
+        .joiningDate = row.Date(6),
+        .fatherOrSpouse = row.Text(7),
+        .address1 = row.Text(8),
+        .address2 = row.Text(9),
+        .stateCode = row.Int(10),
+        .cityCode = row.Int(11),
+        .pinCode = row.Text(12),
+        .telephone = row.Text(13),
+        .bloodGroupCode = row.Int(14),
+        .qualification = row.Text(15),
+    };
+}
+
+bool TeacherRepository::NameTaken(const QString& name, int exceptCode)
+{
+    // Two teachers may differ in the case of their names alone, which the column itself does not see.
+    return main_.Number(QStringLiteral("SELECT count(*) FROM TeacherMaster WHERE TeacherName = ?"
+                                       " COLLATE BINARY AND TeacherCode <> ? AND TeacherCode > 0"),
+                        name, exceptCode) > 0;
+}
+
+bool TeacherRepository::ShortNameTaken(const QString& shortName, int exceptCode)
+{
+    auto found =
+        main_.Query(QStringLiteral("SELECT TeacherShortName FROM TeacherMaster WHERE TeacherCode <> ?"
+                                   " AND TeacherCode > 0 AND upper(TeacherShortName) = ?"),
+                    exceptCode, shortName.toUpper());
+    return found.Next();
+}
+
+GridResult TeacherRepository::Search(const QString& name, const QString& city)
+{
+    QString sql = QStringLiteral(
+        "SELECT a.TeacherName AS [Teacher Name], a.TeacherShortName AS [Short Name],"
+        " CASE WHEN d.StateCode = 0 THEN '' ELSE d.StateName END AS [State Name],"
+        " CASE WHEN b.CityCode = 0 THEN '' ELSE b.CityName END AS [City Name], a.Telephone, a.TeacherCode"
+        " FROM TeacherMaster a LEFT JOIN CityMaster b ON a.CityCode = b.CityCode"
+        " LEFT JOIN StateMaster d ON b.StateCode = d.StateCode WHERE a.TeacherCode > 0");
+    if (!name.isEmpty())
+        sql += QStringLiteral(" AND upper(a.TeacherName) LIKE :Name");
+    if (!city.isEmpty())
+        sql += QStringLiteral(" AND upper(b.CityName) LIKE :City");
+    sql += QStringLiteral(" ORDER BY a.TeacherName");
+
+    auto rows = main_.Prepare(sql);
+    rows.BindNamed(":Name", Holding(name));
+    rows.BindNamed(":City", Holding(city));
+    return ReadGrid(std::move(rows));
+}
+
+void TeacherRepository::Insert(store::Transaction& transaction, int teacherCode, const Teacher& teacher,
+                               int userCode)
+{
+    transaction.Execute(
+        QStringLiteral(
+            "INSERT INTO TeacherMaster VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+        teacherCode, teacher.salutationCode, teacher.name, teacher.shortName, teacher.dateOfBirth,
+        MaritalStatus(teacher), teacher.weddingDate, teacher.joiningDate, teacher.fatherOrSpouse,
+        teacher.address1, teacher.address2, teacher.cityCode, teacher.pinCode, teacher.telephone,
+        teacher.bloodGroupCode, teacher.qualification, userCode);
+}
+
+bool TeacherRepository::Update(store::Transaction& transaction, int teacherCode, const Teacher& teacher,
+                               int userCode)
+{
+    return transaction.Execute(
+               QStringLiteral("UPDATE TeacherMaster SET SalutationCode = ?, TeacherName = ?,"
+                              " TeacherShortName = ?, DOB = ?, MaritalStatus = ?, WeddingDate = ?,"
+                              " JoiningDate = ?, FHName = ?, Address1 = ?, Address2 = ?, CityCode = ?,"
+                              " PinCode = ?, Telephone = ?, BloodGroupCode = ?, Qualification = ?,"
+                              " UserCode = ? WHERE TeacherCode = ?"),
+               teacher.salutationCode, teacher.name, teacher.shortName, teacher.dateOfBirth,
+               MaritalStatus(teacher), teacher.weddingDate, teacher.joiningDate, teacher.fatherOrSpouse,
+               teacher.address1, teacher.address2, teacher.cityCode, teacher.pinCode, teacher.telephone,
+               teacher.bloodGroupCode, teacher.qualification, userCode, teacherCode) > 0;
+}
+
+void TeacherRepository::Delete(store::Transaction& transaction, int teacherCode)
+{
+    transaction.Execute(QStringLiteral("DELETE FROM TeacherMaster WHERE TeacherCode = ?"), teacherCode);
+}
+
+} // namespace tally

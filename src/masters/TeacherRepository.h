@@ -1,0 +1,84 @@
+#pragma once
+
+#include "core/GridResult.h"
+#include "store/Transaction.h"
+
+#include <QDate>
+#include <QString>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace tally {
+
+/// One teacher's row. Codes are 0 and texts empty for what the office does not know; dates are invalid then.
+struct Teacher
+{
+    int salutationCode = 0;
+    QString name;
+    QString shortName;
+    QDate dateOfBirth;
+    bool married = false;
+    QDate weddingDate;
+    QDate joiningDate;
+    QString fatherOrSpouse;
+    QString address1;
+    QString address2;
+    int stateCode = 0; ///< follows from the city; read only
+    int cityCode = 0;
+    QString pinCode;
+    QString telephone;
+    int bloodGroupCode = 0;
+    QString qualification;
+};
+
+/// What is wrong with a wedding or joining date beside the date of birth.
+enum class DateFault
+{
+    None,
+    BirthMissing,
+    NotAfterBirth,
+};
+
+/// While a date is being chosen: the day of birth itself still passes. An invalid `date` has no fault.
+DateFault FaultWhileChoosing(const QDate& date, const QDate& birth);
+/// At the save: the date must lie after the day of birth. An invalid `date` has no fault.
+DateFault FaultAtSave(const QDate& date, const QDate& birth);
+
+/// Every statement of the teachers and of the lists that a teacher is put together from.
+class TeacherRepository
+{
+public:
+    /// Codes with their names, in the order of the names.
+    using Names = std::vector<std::pair<int, QString>>;
+
+    explicit TeacherRepository(store::Connection& main) : main_(main) {}
+
+    Names Salutations();
+    /// The states and the blood groups begin with the blank line, code 0.
+    Names States();
+    Names BloodGroups();
+    Names Cities(int stateCode);
+
+    std::optional<Teacher> Find(int teacherCode);
+    /// Another teacher has exactly this name, capital and small letters told apart.
+    bool NameTaken(const QString& name, int exceptCode);
+    /// Another teacher has this short name, capital and small letters alike.
+    bool ShortNameTaken(const QString& shortName, int exceptCode);
+    /// The teachers whose name and whose city's name hold the texts; an empty text filters nothing. Columns:
+    /// "Teacher Name", "Short Name", "State Name", "City Name", "Telephone", "TeacherCode".
+    GridResult Search(const QString& name, const QString& city);
+
+    static void Insert(store::Transaction& transaction, int teacherCode, const Teacher& teacher,
+                       int userCode);
+    /// False when the teacher has gone meanwhile.
+    static bool Update(store::Transaction& transaction, int teacherCode, const Teacher& teacher,
+                       int userCode);
+    static void Delete(store::Transaction& transaction, int teacherCode);
+
+private:
+    store::Connection& main_;
+};
+
+} // namespace tally

@@ -1,0 +1,233 @@
+#include "masters/frmMasSchoolSetup.h"
+
+#include "core/FormKeys.h"
+#include "core/look/Look.h"
+#include "core/modTallyboard.h"
+#include "core/modTallyboardForms.h"
+#include "core/ProcessEnd.h"
+#include "core/Prompts.h"
+#include "core/SessionContext.h"
+#include "ui_frmMasSchoolSetup.h"
+
+#include <QLocale>
+
+namespace tally {
+
+namespace {
+
+constexpr int HelpScreenNo = 3;
+constexpr int NameWidth = 100;
+constexpr int AddressWidth = 100;
+constexpr int PinCodeWidth = 10;
+
+} // namespace
+
+frmMasSchoolSetup::frmMasSchoolSetup()
+    : Screen(QStringLiteral("frmMasSchoolSetup"), HelpScreenNo),
+      ui_(std::make_unique<Ui::frmMasSchoolSetup>())
+{
+    ui_->setupUi(this);
+    DressButtons(this);
+    for (QPushButton* button : {ui_->cmdAddStateName, ui_->cmdAddCity})
+        button->setIcon(LookIcon(QStringLiteral("add")));
+    TakeOnly(ui_->txtSchoolName, KeyAllButQuote, NameWidth);
+    TakeOnly(ui_->txtAddress1, KeyAllButQuote, AddressWidth);
+    TakeOnly(ui_->txtAddress2, KeyAllButQuote, AddressWidth);
+    TakeOnly(ui_->txtPincode, KeyAllButQuote, PinCodeWidth);
+    SetExitButton(ui_->cmdExit);
+    controls_ = {ui_->fraMain, ui_->cmdNew, ui_->cmdEdit, nullptr, ui_->cmdSave};
+
+    connect(ui_->dbcStateName, &DataCombo::Chosen, this, &frmMasSchoolSetup::dbcStateName_Change);
+    connect(ui_->cmdAddStateName, &QPushButton::clicked, this,
+            [] { ShowForm(QStringLiteral("frmMasStateMaster")); });
+    connect(ui_->cmdAddCity, &QPushButton::clicked, this,
+            [] { ShowForm(QStringLiteral("frmMasCityMaster")); });
+    connect(ui_->cmdNew, &QPushButton::clicked, this, &frmMasSchoolSetup::cmdNew_Click);
+    connect(ui_->cmdEdit, &QPushButton::clicked, this, &frmMasSchoolSetup::cmdEdit_Click);
+    connect(ui_->cmdSave, &QPushButton::clicked, this, &frmMasSchoolSetup::cmdSave_Click);
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmMasSchoolSetup::cmdCancel_Click);
+
+    Read([this] {
+        LoadAcademicYearStartMonth();
+        LoadStates();
+        LoadData();
+    });
+}
+
+frmMasSchoolSetup::~frmMasSchoolSetup() = default;
+
+void frmMasSchoolSetup::Form_Activate(bool first)
+{
+    if (first)
+        TakeMenus(true);
+    else
+        RefillPlaces();
+}
+
+void frmMasSchoolSetup::LoadData()
+{
+    const auto school = Repository().Load();
+    ShowMasterState(controls_, MasterState::Idle);
+    // There is one school: either it is new, or it can be edited.
+    ui_->cmdNew->setEnabled(!school);
+    ui_->cmdEdit->setEnabled(school.has_value());
+    const School shown = school.value_or(School());
+    ui_->txtSchoolName->setText(shown.name);
+    ui_->txtAddress1->setText(shown.address1);
+    ui_->txtAddress2->setText(shown.address2);
+    ui_->dbcStateName->SetBoundCode(shown.stateCode);
+    LoadCities();
+    ui_->dbcCity->SetBoundCode(shown.cityCode);
+    ui_->txtPincode->setText(shown.pinCode);
+    ui_->cboAcademicYearCodeStartMonth->SetText(shown.startMonth);
+}
+
+void frmMasSchoolSetup::LoadAcademicYearStartMonth()
+{
+    DataCombo::Entries months{{0, QStringLiteral(" ")}};
+    for (const auto& month : Repository().Months())
+        months.push_back(month);
+    ui_->cboAcademicYearCodeStartMonth->SetList(months);
+}
+
+void frmMasSchoolSetup::LoadStates()
+{
+    ui_->dbcStateName->SetList(Repository().States());
+}
+
+void frmMasSchoolSetup::LoadCities()
+{
+    ui_->dbcCity->SetList(Repository().Cities(ui_->dbcStateName->BoundCode()));
+}
+
+void frmMasSchoolSetup::RefillPlaces()
+{
+    Read([this] {
+        const int stateCode = ui_->dbcStateName->BoundCode();
+        const int cityCode = ui_->dbcCity->BoundCode();
+        LoadStates();
+        ui_->dbcStateName->SetBoundCode(stateCode);
+        LoadCities();
+        ui_->dbcCity->SetBoundCode(cityCode);
+    });
+}
+
+void frmMasSchoolSetup::dbcStateName_Change()
+{
+    Read([this] { LoadCities(); });
+}
+
+void frmMasSchoolSetup::cmdNew_Click()
+{
+    if (!MayUse(QLatin1Char('N')))
+        return;
+    ShowMasterState(controls_, MasterState::New);
+    ui_->txtSchoolName->setFocus();
+}
+
+void frmMasSchoolSetup::cmdEdit_Click()
+{
+    if (!MayUse(QLatin1Char('E')))
+        return;
+    editing_ = true;
+    ShowMasterState(controls_, MasterState::Editing);
+    ui_->txtSchoolName->setFocus();
+}
+
+void frmMasSchoolSetup::cmdSave_Click()
+{
+    if (!IsComplete() || !StartMonthFits())
+        return;
+    const bool stored = Write(Conflict::MasterIsGone, [this](store::Transaction& transaction) {
+        Repository().Replace(transaction, Entered(), Session().gintUserCode);
+        Repository().GenerateMonthCode(transaction, ui_->cboAcademicYearCodeStartMonth->BoundCode());
+    });
+    if (!stored)
+        return;
+    Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
+    cmdCancel_Click();
+    // Only now, so that the first academic year is asked for when the school is done with.
+    Read([] { LoadSchoolDetails(); });
+}
+
+void frmMasSchoolSetup::cmdCancel_Click()
+{
+    ClearControls(this);
+    editing_ = false;
+    Read([this] { LoadData(); });
+    QPushButton* const next = ui_->cmdNew->isEnabled() ? ui_->cmdNew : ui_->cmdEdit;
+    next->setFocus();
+}
+
+void frmMasSchoolSetup::cmdExit_Click()
+{
+    bool exists = false;
+    if (!Read([&] { exists = Repository().Exists(); }))
+        return;
+    if (exists) {
+        Screen::cmdExit_Click();
+        return;
+    }
+    Prompts::Information(QStringLiteral("Without Entering School Setup, You Cannot Proceed Further"));
+    if (Prompts::Ask(QStringLiteral("Do You Want To Quit Tally Board ?")))
+        EndProcess();
+}
+
+bool frmMasSchoolSetup::IsComplete()
+{
+    const auto filled = [](QWidget* field, const QString& text, const char* message) {
+        if (!text.trimmed().isEmpty())
+            return true;
+        Prompts::Information(QString::fromLatin1(message));
+        field->setFocus();
+        return false;
+    };
+    return filled(ui_->txtSchoolName, ui_->txtSchoolName->text(), "Enter School Name") &&
+           filled(ui_->txtAddress1, ui_->txtAddress1->text(), "Enter Address") &&
+           filled(ui_->dbcStateName, ui_->dbcStateName->currentText(), "Select State") &&
+           filled(ui_->dbcCity, ui_->dbcCity->currentText(), "Select City") &&
+           filled(ui_->txtPincode, ui_->txtPincode->text(), "Enter Pincode") &&
+           filled(ui_->cboAcademicYearCodeStartMonth, ui_->cboAcademicYearCodeStartMonth->currentText(),
+                  "Select Academic Year Start Month");
+}
+
+bool frmMasSchoolSetup::StartMonthFits()
+{
+    QDate from;
+    bool yearExists = false;
+    const bool answered = Read([&] {
+        yearExists = Repository().CheckAcademicYear();
+        if (yearExists)
+            from = Repository().FirstAcademicYearFrom();
+    });
+    if (!answered)
+        return false;
+    const QString month = QLocale::c().toString(from, QStringLiteral("MMM"));
+    if (!yearExists ||
+        month.compare(ui_->cboAcademicYearCodeStartMonth->currentText(), Qt::CaseInsensitive) == 0)
+        return true;
+    Prompts::Information(QStringLiteral(
+        "Academic Year Setup Already Created. So You Cannot Change Academic Year Start Month"));
+    ui_->cboAcademicYearCodeStartMonth->setFocus();
+    return false;
+}
+
+School frmMasSchoolSetup::Entered() const
+{
+    return {
+        .name = ui_->txtSchoolName->text().trimmed(),
+        .address1 = ui_->txtAddress1->text().trimmed(),
+        .address2 = ui_->txtAddress2->text().trimmed(),
+        .stateCode = ui_->dbcStateName->BoundCode(),
+        .cityCode = ui_->dbcCity->BoundCode(),
+        .pinCode = ui_->txtPincode->text().trimmed(),
+        .startMonth = ui_->cboAcademicYearCodeStartMonth->currentText(),
+    };
+}
+
+SchoolRepository frmMasSchoolSetup::Repository() const
+{
+    return SchoolRepository(*Session().gcnnMain);
+}
+
+} // namespace tally

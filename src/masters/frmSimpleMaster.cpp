@@ -1,0 +1,336 @@
+#include "masters/frmSimpleMaster.h"
+
+#include "core/controls/DataCombo.h"
+#include "core/controls/DataGrid.h"
+#include "core/FormKeys.h"
+#include "core/look/Look.h"
+#include "core/modTallyboardForms.h"
+#include "core/Prompts.h"
+#include "core/ScreenRegistry.h"
+#include "core/SessionContext.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+namespace tally {
+
+namespace {
+
+constexpr int GridRowsShown = 8;
+constexpr int LeastWidth = 480;
+
+QString Words(const char* text)
+{
+    return QString::fromLatin1(text);
+}
+
+QLabel* LabelFor(QWidget* field, const char* text)
+{
+    auto* label = new QLabel(Words(text));
+    label->setBuddy(field);
+    return label;
+}
+
+QLineEdit* Box(const char* name, KeyFilter filter, int maxLength)
+{
+    auto* box = new QLineEdit;
+    box->setObjectName(Words(name));
+    TakeOnly(box, filter, maxLength);
+    return box;
+}
+
+} // namespace
+
+frmSimpleMaster::frmSimpleMaster(const SimpleMasterDefinition& definition)
+    : Screen(Words(definition.formName), definition.helpScreenNo), definition_(definition)
+{
+    setWindowTitle(Words(definition.caption));
+    BuildControls();
+    ShowMasterState(controls_, MasterState::Idle);
+    LoadParents();
+    LoadGrid();
+    // Whole rows under their head, which has a height only now that it has columns.
+    dgdDetails_->setMinimumHeight(GridRowsShown * dgdDetails_->verticalHeader()->defaultSectionSize() +
+                                  dgdDetails_->horizontalHeader()->sizeHint().height() +
+                                  2 * dgdDetails_->frameWidth());
+}
+
+void frmSimpleMaster::BuildControls()
+{
+    dgdDetails_ = new DataGrid;
+    dgdDetails_->setObjectName(QStringLiteral("dgdDetails"));
+
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(2 * LookUnit, 2 * LookUnit, 2 * LookUnit, 2 * LookUnit);
+    rows->setSpacing(LookUnit);
+    // Made from top to bottom, which is the order of Tab as well.
+    rows->addWidget(BuildSearch());
+    rows->addWidget(dgdDetails_, 1);
+    rows->addWidget(BuildEntry());
+    rows->addWidget(BuildButtons());
+    setMinimumWidth(LeastWidth);
+    DressButtons(this);
+
+    connect(txtSearch_, &QLineEdit::textChanged, this, &frmSimpleMaster::LoadGrid);
+    connect(dgdDetails_, &DataGrid::RowEntered, this, &frmSimpleMaster::SelectRow);
+    connect(dgdDetails_, &DataGrid::RowDoubleClicked, this, &frmSimpleMaster::SelectRow);
+}
+
+QWidget* frmSimpleMaster::BuildSearch()
+{
+    const SimpleMasterField& name = definition_.fields.front();
+    txtSearch_ = Box(definition_.searchControl, name.filter, name.maxLength);
+    auto* frame = new QGroupBox(QStringLiteral("Search"));
+    auto* row = new QHBoxLayout(frame);
+    row->addWidget(LabelFor(txtSearch_, definition_.searchLabel));
+    row->addWidget(txtSearch_, 1);
+    return frame;
+}
+
+QWidget* frmSimpleMaster::BuildEntry()
+{
+    auto* frame = new QGroupBox(QStringLiteral("Details"));
+    frame->setObjectName(QStringLiteral("Frame1"));
+    controls_.Frame1 = frame;
+    auto* grid = new QGridLayout(frame);
+    grid->setColumnStretch(1, 1);
+    int row = 0;
+    if (const auto& parent = definition_.parent) {
+        dbcParent_ = new DataCombo;
+        dbcParent_->setObjectName(Words(parent->control));
+        auto* cmdAdd = new QPushButton(LookIcon(QStringLiteral("add")), Words(parent->addCaption));
+        cmdAdd->setObjectName(Words(parent->addControl));
+        // Enter in the list goes on to the next box; the button answers to the mouse and to its letter.
+        cmdAdd->setFocusPolicy(Qt::ClickFocus);
+        grid->addWidget(LabelFor(dbcParent_, parent->label), row, 0);
+        grid->addWidget(dbcParent_, row, 1);
+        grid->addWidget(cmdAdd, row++, 2);
+        connect(dbcParent_, &DataCombo::Chosen, this, &frmSimpleMaster::LoadGrid);
+        connect(cmdAdd, &QPushButton::clicked, this, &frmSimpleMaster::cmdAdd_Click);
+    }
+    for (const SimpleMasterField& field : definition_.fields) {
+        boxes_.push_back(Box(field.control, field.filter, field.maxLength));
+        grid->addWidget(LabelFor(boxes_.back(), field.label), row, 0);
+        grid->addWidget(boxes_.back(), row++, 1, 1, 2);
+    }
+    if (*definition_.note != '\0') {
+        auto* note = new QLabel(Words(definition_.note));
+        note->setObjectName(QStringLiteral("lblNote"));
+        note->setWordWrap(true);
+        grid->addWidget(note, row, 0, 1, 3);
+    }
+    return frame;
+}
+
+QWidget* frmSimpleMaster::BuildButtons()
+{
+    auto* frame = new QWidget;
+    auto* row = new QHBoxLayout(frame);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(LookUnit);
+    row->addStretch();
+    const auto add = [row](const char* name, const char* caption) {
+        auto* button = new QPushButton(Words(caption));
+        button->setObjectName(Words(name));
+        row->addWidget(button);
+        return button;
+    };
+    cmdNew_ = add("cmdNew", "&New");
+    cmdEdit_ = add("cmdEdit", "&Edit");
+    auto* cmdDelete = add("cmdDelete", "&Delete");
+    cmdSave_ = add("cmdSave", "&Save");
+    auto* cmdCancel = add("cmdCancel", "&Cancel");
+    auto* cmdExit = add("cmdExit", "E&xit");
+    controls_.cmdNew = cmdNew_;
+    controls_.cmdEdit = cmdEdit_;
+    controls_.cmdDelete = cmdDelete;
+    controls_.cmdSave = cmdSave_;
+    SetExitButton(cmdExit);
+    connect(cmdNew_, &QPushButton::clicked, this, &frmSimpleMaster::cmdNew_Click);
+    connect(cmdEdit_, &QPushButton::clicked, this, &frmSimpleMaster::cmdEdit_Click);
+    connect(cmdDelete, &QPushButton::clicked, this, &frmSimpleMaster::cmdDelete_Click);
+    connect(cmdSave_, &QPushButton::clicked, this, &frmSimpleMaster::cmdSave_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmSimpleMaster::cmdCancel_Click);
+    return frame;
+}
+
+void frmSimpleMaster::Form_Activate(bool first)
+{
+    if (first || !parentsMayHaveChanged_)
+        return;
+    // The parent's master may still be open behind this screen, and go on changing the list.
+    parentsMayHaveChanged_ = ScreenRegistry::OpenInstance(Words(definition_.parent->addForm)) != nullptr;
+    LoadParents();
+    LoadGrid();
+}
+
+void frmSimpleMaster::LoadGrid()
+{
+    Read([this] {
+        QStringList hidden{Words(definition_.codeColumn)};
+        if (definition_.parent)
+            hidden.append(Words(definition_.parent->gridColumn));
+        dgdDetails_->Bind(
+            Repository().Rows(txtSearch_->text().trimmed(), dbcParent_ ? dbcParent_->BoundCode() : 0),
+            hidden);
+    });
+}
+
+void frmSimpleMaster::LoadParents()
+{
+    if (dbcParent_)
+        Read([this] { dbcParent_->SetList(Repository().Parents()); });
+}
+
+void frmSimpleMaster::SelectRow(int row)
+{
+    const int code = dgdDetails_->Code(row, Words(definition_.codeColumn));
+    const QString name = dgdDetails_->Text(row, Words(definition_.fields.front().gridColumn));
+    const bool selectable = definition_.selectable == SimpleMasterDefinition::Selectable::CodeAboveZero
+                                ? code > 0
+                                : !name.trimmed().isEmpty();
+    if (!selectable || !Prompts::Ask(Words(definition_.selectQuestion)))
+        return;
+    code_ = code;
+    heldName_ = name;
+    for (std::size_t i = 0; i < boxes_.size(); ++i)
+        boxes_[i]->setText(dgdDetails_->Text(row, Words(definition_.fields[i].gridColumn)));
+    ShowMasterState(controls_, MasterState::RowSelected);
+    cmdEdit_->setFocus();
+    if (dbcParent_) {
+        dbcParent_->SetBoundCode(dgdDetails_->Code(row, Words(definition_.parent->gridColumn)));
+        LoadGrid();
+    }
+}
+
+void frmSimpleMaster::cmdNew_Click()
+{
+    if (!MayUse(QLatin1Char('N')))
+        return;
+    ShowMasterState(controls_, MasterState::New);
+    txtSearch_->clear();
+    QWidget* const firstField = dbcParent_ ? static_cast<QWidget*>(dbcParent_) : boxes_.front();
+    firstField->setFocus();
+}
+
+void frmSimpleMaster::cmdEdit_Click()
+{
+    if (!MayUse(QLatin1Char('E')))
+        return;
+    editing_ = true;
+    ShowMasterState(controls_, MasterState::Editing);
+    cmdSave_->setFocus();
+}
+
+void frmSimpleMaster::cmdDelete_Click()
+{
+    if (!MayUse(QLatin1Char('X')) || !Prompts::Ask(Words(definition_.deleteQuestion)))
+        return;
+    const bool deleted = Write(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
+        Repository().Delete(transaction, code_);
+    });
+    if (!deleted)
+        return;
+    cmdCancel_Click();
+    Prompts::Information(QStringLiteral("Record Deleted"));
+}
+
+void frmSimpleMaster::cmdSave_Click()
+{
+    if (!IsComplete())
+        return;
+    const SimpleMasterEntry entry = Entry();
+    for (std::size_t i = 0; i < boxes_.size(); ++i)
+        if (definition_.fields[i].kind == SimpleMasterField::Kind::WithoutBlanks)
+            boxes_[i]->setText(entry.values[static_cast<qsizetype>(i)]);
+    if (IsDuplicate(entry))
+        return;
+    const bool stored = Write(Conflict::MasterIsGone, [&](store::Transaction& transaction) {
+        const int userCode = Session().gintUserCode;
+        if (editing_)
+            Repository().Update(transaction, entry, userCode);
+        else
+            Repository().Insert(transaction, entry, userCode);
+    });
+    if (!stored) {
+        LoadGrid();
+        return;
+    }
+    Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
+    cmdCancel_Click();
+}
+
+void frmSimpleMaster::cmdCancel_Click()
+{
+    {
+        // The grid is loaded once, below.
+        const QSignalBlocker quiet(txtSearch_);
+        ClearControls(this);
+    }
+    editing_ = false;
+    code_ = 0;
+    heldName_.clear();
+    LoadGrid();
+    ShowMasterState(controls_, MasterState::Idle);
+    cmdNew_->setFocus();
+}
+
+void frmSimpleMaster::cmdAdd_Click()
+{
+    ShowForm(Words(definition_.parent->addForm));
+    parentsMayHaveChanged_ = true;
+}
+
+bool frmSimpleMaster::IsComplete()
+{
+    const auto missing = [](QWidget* field, const char* message) {
+        Prompts::Information(Words(message));
+        field->setFocus();
+        return false;
+    };
+    if (dbcParent_ && dbcParent_->IsBlank())
+        return missing(dbcParent_, definition_.parent->emptyMessage);
+    for (std::size_t i = 0; i < boxes_.size(); ++i)
+        if (boxes_[i]->text().trimmed().isEmpty())
+            return missing(boxes_[i], definition_.fields[i].emptyMessage);
+    return true;
+}
+
+bool frmSimpleMaster::IsDuplicate(const SimpleMasterEntry& entry)
+{
+    const DuplicateTest* duplicate = nullptr;
+    if (!Read([&] { duplicate = Repository().Duplicate(entry); }))
+        return true;
+    if (!duplicate)
+        return false;
+    Prompts::Information(Words(duplicate->message));
+    boxes_[duplicate->field]->setFocus();
+    return true;
+}
+
+SimpleMasterEntry frmSimpleMaster::Entry() const
+{
+    SimpleMasterEntry entry;
+    entry.code = code_;
+    entry.parentCode = dbcParent_ ? dbcParent_->BoundCode() : 0;
+    entry.heldName = heldName_;
+    for (std::size_t i = 0; i < boxes_.size(); ++i) {
+        QString value = boxes_[i]->text().trimmed();
+        if (definition_.fields[i].kind == SimpleMasterField::Kind::WithoutBlanks)
+            value.remove(QLatin1Char(' '));
+        entry.values.append(value);
+    }
+    return entry;
+}
+
+SimpleMasterRepository frmSimpleMaster::Repository() const
+{
+    return {*Session().gcnnMain, definition_};
+}
+
+} // namespace tally

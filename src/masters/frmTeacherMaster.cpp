@@ -1,0 +1,378 @@
+#include "masters/frmTeacherMaster.h"
+
+#include "core/FormKeys.h"
+#include "core/look/Look.h"
+#include "core/modTallyboard.h"
+#include "core/modTallyboardForms.h"
+#include "core/Prompts.h"
+#include "core/ScreenRegistry.h"
+#include "core/SessionContext.h"
+#include "masters/TeacherRepository.h"
+#include "store/StoreError.h"
+#include "ui_frmTeacherMaster.h"
+
+#include <QFocusEvent>
+
+#include <utility>
+
+namespace tally {
+
+namespace {
+
+constexpr int HelpScreenNo = 9;
+const QString BlankItem = QStringLiteral(" ");
+
+/// The user looks at another program, a menu or a drop-down list and will come back to the same control.
+bool FocusComesBack(const QEvent* event)
+{
+    switch (static_cast<const QFocusEvent*>(event)->reason()) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason: return true;
+    default: return false;
+    }
+}
+
+} // namespace
+
+frmTeacherMaster::frmTeacherMaster()
+    : Screen(QStringLiteral("frmTeacherMaster"), HelpScreenNo), ui_(std::make_unique<Ui::frmTeacherMaster>())
+{
+    ui_->setupUi(this);
+    DressButtons(this);
+    SetExitButton(ui_->cmdExit);
+    Form_Load();
+    ConnectHandlers();
+}
+
+frmTeacherMaster::~frmTeacherMaster() = default;
+
+void frmTeacherMaster::Form_Load()
+{
+    const std::pair<QLineEdit*, int> widths[] = {
+        {ui_->txtTeacherName, 100}, {ui_->txtTeacherShortName, 3}, {ui_->txtFHName, 100},
+        {ui_->txtAddress1, 100},    {ui_->txtAddress2, 100},       {ui_->txtPincode, 15},
+        {ui_->txtTelephone, 20},    {ui_->txtQualification, 50},
+    };
+    for (const auto& [field, width] : widths)
+        TakeOnly(field, &KeyAlphaNumeric, width);
+    const std::pair<QPushButton*, Qt::Key> sideButtons[] = {
+        {ui_->cmdAddStateName, Qt::Key_S},
+        {ui_->cmdAddCity, Qt::Key_C},
+        {ui_->cmdAddBloodGroup, Qt::Key_B},
+    };
+    for (const auto& [button, key] : sideButtons) {
+        button->setIcon(LookIcon(QStringLiteral("add")));
+        button->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | key));
+        button->installEventFilter(this);
+    }
+
+    LoadLists();
+    ui_->dtpWedding->setEnabled(false);
+    ShowState(MasterState::Idle);
+}
+
+void frmTeacherMaster::ConnectHandlers()
+{
+    connect(ui_->cmdNew, &QPushButton::clicked, this, &frmTeacherMaster::cmdNew_Click);
+    connect(ui_->cmdEdit, &QPushButton::clicked, this, &frmTeacherMaster::cmdEdit_Click);
+    connect(ui_->cmdDelete, &QPushButton::clicked, this, &frmTeacherMaster::cmdDelete_Click);
+    connect(ui_->cmdSave, &QPushButton::clicked, this, &frmTeacherMaster::cmdSave_Click);
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmTeacherMaster::cmdCancel_Click);
+    connect(ui_->cmdSearch, &QPushButton::clicked, this, &frmTeacherMaster::cmdSearch_Click);
+    connect(ui_->cmdAddStateName, &QPushButton::clicked, this,
+            [this] { OpenMaster(ui_->cmdAddStateName, QStringLiteral("frmMasStateMaster")); });
+    connect(ui_->cmdAddCity, &QPushButton::clicked, this,
+            [this] { OpenMaster(ui_->cmdAddCity, QStringLiteral("frmMasCityMaster")); });
+    connect(ui_->cmdAddBloodGroup, &QPushButton::clicked, this,
+            [this] { OpenMaster(ui_->cmdAddBloodGroup, QStringLiteral("frmMasBloodGroupMaster")); });
+    connect(ui_->dbcStateName, &DataCombo::Chosen, this, &frmTeacherMaster::LoadCities);
+    connect(ui_->optMarried, &QRadioButton::clicked, this, &frmTeacherMaster::optMarried_Click);
+    connect(ui_->optSingle, &QRadioButton::clicked, this, &frmTeacherMaster::optSingle_Click);
+    connect(ui_->dtpJoining, &OptionalDatePicker::Changed, this, [this] {
+        RefuseDate(ui_->dtpJoining, QStringLiteral("Joining Date"),
+                   FaultWhileChoosing(ui_->dtpJoining->Date(), ui_->dtpDOB->Date()));
+    });
+    connect(ui_->dtpWedding, &OptionalDatePicker::Changed, this, [this] {
+        RefuseDate(ui_->dtpWedding, QStringLiteral("Wedding Date"),
+                   FaultWhileChoosing(ui_->dtpWedding->Date(), ui_->dtpDOB->Date()));
+    });
+}
+
+TeacherRepository frmTeacherMaster::Teachers() const
+{
+    return TeacherRepository(*Session().gcnnMain);
+}
+
+void frmTeacherMaster::LoadLists()
+{
+    Read([this] {
+        auto salutations = Teachers().Salutations();
+        salutations.insert(salutations.begin(), {0, BlankItem});
+        ui_->cboPrefix->SetList(salutations);
+    });
+    LoadStates();
+    LoadCities();
+    LoadBloodGroups();
+}
+
+void frmTeacherMaster::LoadStates()
+{
+    Read([this] { ui_->dbcStateName->SetList(Teachers().States()); });
+}
+
+void frmTeacherMaster::LoadCities()
+{
+    Read([this] { ui_->dbcCityName->SetList(Teachers().Cities(ui_->dbcStateName->BoundCode())); });
+}
+
+void frmTeacherMaster::LoadBloodGroups()
+{
+    Read([this] { ui_->dbcBloodGroup->SetList(Teachers().BloodGroups()); });
+}
+
+void frmTeacherMaster::ReloadBehind(const QPushButton* sideButton)
+{
+    if (sideButton == ui_->cmdAddBloodGroup) {
+        LoadBloodGroups();
+    } else {
+        LoadStates();
+        LoadCities();
+    }
+}
+
+void frmTeacherMaster::OpenMaster(QPushButton* sideButton, const QString& formName)
+{
+    ShowForm(formName);
+    openedBehind_ = ScreenRegistry::OpenInstance(formName) ? sideButton : nullptr;
+}
+
+void frmTeacherMaster::Form_Activate(bool first)
+{
+    if (first || !openedBehind_)
+        return;
+    const QPushButton* sideButton = std::exchange(openedBehind_, nullptr);
+    ReloadBehind(sideButton);
+    (sideButton == ui_->cmdAddBloodGroup ? ui_->dbcBloodGroup : ui_->dbcStateName)->setFocus();
+}
+
+bool frmTeacherMaster::eventFilter(QObject* receiver, QEvent* event)
+{
+    if (event->type() == QEvent::FocusOut && !FocusComesBack(event))
+        if (const auto* sideButton = qobject_cast<QPushButton*>(receiver))
+            ReloadBehind(sideButton);
+    return Screen::eventFilter(receiver, event);
+}
+
+bool frmTeacherMaster::LoadData(int TeacherCode)
+{
+    std::optional<Teacher> teacher;
+    if (!Read([&] { teacher = Teachers().Find(TeacherCode); }))
+        return false;
+    if (!teacher) {
+        Prompts::Information(QStringLiteral("No Record Exists"));
+        return false;
+    }
+    teacherCode_ = TeacherCode;
+    editing_ = false;
+    LoadLists();
+    Show(*teacher);
+    ShowState(MasterState::RowSelected);
+    ui_->cmdEdit->setFocus();
+    return true;
+}
+
+void frmTeacherMaster::Show(const Teacher& teacher)
+{
+    ui_->cboPrefix->SetBoundCode(teacher.salutationCode);
+    ui_->txtTeacherName->setText(teacher.name);
+    ui_->txtTeacherShortName->setText(teacher.shortName);
+    ui_->txtFHName->setText(teacher.fatherOrSpouse);
+    ui_->dtpDOB->SetDate(teacher.dateOfBirth);
+    ui_->dtpWedding->SetDate(teacher.weddingDate);
+    ui_->dtpJoining->SetDate(teacher.joiningDate);
+    (teacher.married ? ui_->optMarried : ui_->optSingle)->setChecked(true);
+    teacher.married ? optMarried_Click() : optSingle_Click();
+    ui_->txtAddress1->setText(teacher.address1);
+    ui_->txtAddress2->setText(teacher.address2);
+    ui_->dbcStateName->SetBoundCode(teacher.stateCode);
+    LoadCities();
+    ui_->dbcCityName->SetBoundCode(teacher.cityCode);
+    ui_->txtPincode->setText(teacher.pinCode);
+    ui_->txtTelephone->setText(teacher.telephone);
+    ui_->dbcBloodGroup->SetBoundCode(teacher.bloodGroupCode);
+    ui_->txtQualification->setText(teacher.qualification);
+}
+
+Teacher frmTeacherMaster::Entered() const
+{
+    return {
+        .salutationCode = ui_->cboPrefix->BoundCode(),
+        .name = ui_->txtTeacherName->text().trimmed(),
+        .shortName = ui_->txtTeacherShortName->text().trimmed(),
+        .dateOfBirth = ui_->dtpDOB->Date(),
+        .married = ui_->optMarried->isChecked(),
+        .weddingDate = ui_->dtpWedding->Date(),
+        .joiningDate = ui_->dtpJoining->Date(),
+        .fatherOrSpouse = ui_->txtFHName->text().trimmed(),
+        .address1 = ui_->txtAddress1->text().trimmed(),
+        .address2 = ui_->txtAddress2->text().trimmed(),
+        .stateCode = ui_->dbcStateName->BoundCode(),
+        .cityCode = ui_->dbcCityName->BoundCode(),
+        .pinCode = ui_->txtPincode->text().trimmed(),
+        .telephone = ui_->txtTelephone->text().trimmed(),
+        .bloodGroupCode = ui_->dbcBloodGroup->BoundCode(),
+        .qualification = ui_->txtQualification->text().trimmed(),
+    };
+}
+
+void frmTeacherMaster::cmdNew_Click()
+{
+    if (!MayUse(QLatin1Char('N')))
+        return;
+    ShowState(MasterState::New);
+    ui_->cboPrefix->setFocus();
+}
+
+void frmTeacherMaster::cmdEdit_Click()
+{
+    if (!MayUse(QLatin1Char('E')))
+        return;
+    editing_ = true;
+    ShowState(MasterState::Editing);
+    ui_->cboPrefix->setFocus();
+}
+
+void frmTeacherMaster::cmdDelete_Click()
+{
+    if (!MayUse(QLatin1Char('X')) || !Prompts::Ask(QStringLiteral("Do You Want To Delete This Teacher ?")))
+        return;
+    const bool deleted = WriteOrCancel(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
+        TeacherRepository::Delete(transaction, teacherCode_);
+    });
+    if (!deleted)
+        return;
+    cmdCancel_Click();
+    Prompts::Information(QStringLiteral("Record Deleted"));
+}
+
+void frmTeacherMaster::cmdSave_Click()
+{
+    const Teacher teacher = Entered();
+    if (!IsReady(teacher))
+        return;
+    const bool saved = WriteOrCancel(Conflict::MasterIsGone, [&](store::Transaction& transaction) {
+        const int userCode = Session().gintUserCode;
+        if (!editing_) {
+            const int code = GetNextCode(QStringLiteral("TeacherCode"), QStringLiteral("TeacherMaster"), 0);
+            TeacherRepository::Insert(transaction, code, teacher, userCode);
+        } else if (!TeacherRepository::Update(transaction, teacherCode_, teacher, userCode)) {
+            throw store::StoreError(
+                QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data."));
+        }
+    });
+    if (!saved)
+        return;
+    Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
+    cmdCancel_Click();
+}
+
+bool frmTeacherMaster::WriteOrCancel(Conflict conflict, const std::function<void(store::Transaction&)>& work)
+{
+    bool contradicted = false;
+    const bool done = Write(conflict, [&](store::Transaction& transaction) {
+        try {
+            work(transaction);
+        } catch (const store::StoreError& error) {
+            contradicted = error.Kind() == store::ErrorKind::GeneralFailure && !error.IsLocked();
+            throw;
+        }
+    });
+    // A file that another client holds is free again in a moment, and what has been typed can then be saved.
+    if (contradicted)
+        cmdCancel_Click();
+    return done;
+}
+
+bool frmTeacherMaster::IsReady(const Teacher& teacher)
+{
+    if (teacher.salutationCode == 0)
+        return Refuse(ui_->cboPrefix, QStringLiteral("Select Salutation"));
+    if (teacher.name.isEmpty())
+        return Refuse(ui_->txtTeacherName, QStringLiteral("Enter Teacher Name"));
+    if (teacher.shortName.isEmpty())
+        return Refuse(ui_->txtTeacherShortName, QStringLiteral("Enter Teacher Short Name"));
+    if (RefuseDate(ui_->dtpJoining, QStringLiteral("Joining Date"),
+                   FaultAtSave(teacher.joiningDate, teacher.dateOfBirth)))
+        return false;
+    if (RefuseDate(ui_->dtpWedding, QStringLiteral("Wedding Date"),
+                   FaultAtSave(teacher.weddingDate, teacher.dateOfBirth)))
+        return false;
+
+    bool nameTaken = false;
+    bool shortNameTaken = false;
+    const bool known = Read([&] {
+        nameTaken = Teachers().NameTaken(teacher.name, teacherCode_);
+        shortNameTaken = Teachers().ShortNameTaken(teacher.shortName, teacherCode_);
+    });
+    if (!known)
+        return false;
+    if (nameTaken)
+        return Refuse(ui_->txtTeacherName, QStringLiteral("Teacher Name Already Exists"));
+    if (shortNameTaken)
+        return Refuse(ui_->txtTeacherShortName, QStringLiteral("Teacher Short Name Already Exists"));
+    return true;
+}
+
+bool frmTeacherMaster::RefuseDate(OptionalDatePicker* date, const QString& name, DateFault fault)
+{
+    if (fault == DateFault::BirthMissing)
+        Refuse(ui_->dtpDOB, QStringLiteral("Select 'Date Of Birth'"));
+    else if (fault == DateFault::NotAfterBirth)
+        Refuse(date, QStringLiteral("'%1' Should Be Greater Than 'Date Of Birth'").arg(name));
+    return fault != DateFault::None;
+}
+
+bool frmTeacherMaster::Refuse(QWidget* field, const QString& message)
+{
+    Prompts::Information(message);
+    field->setFocus();
+    return false;
+}
+
+void frmTeacherMaster::cmdCancel_Click()
+{
+    for (OptionalDatePicker* date : {ui_->dtpDOB, ui_->dtpWedding, ui_->dtpJoining})
+        date->SetTicked(false);
+    ClearControls(this);
+    ui_->optSingle->setChecked(true);
+    optSingle_Click();
+    editing_ = false;
+    teacherCode_ = 0;
+    LoadLists();
+    ShowState(MasterState::Idle);
+    ui_->cmdNew->setFocus();
+}
+
+void frmTeacherMaster::cmdSearch_Click()
+{
+    ShowForm(QStringLiteral("frmTeacherSearch"));
+}
+
+void frmTeacherMaster::optMarried_Click()
+{
+    ui_->dtpWedding->setEnabled(true);
+}
+
+void frmTeacherMaster::optSingle_Click()
+{
+    ui_->dtpWedding->SetTicked(false);
+    ui_->dtpWedding->setEnabled(false);
+}
+
+void frmTeacherMaster::ShowState(MasterState state)
+{
+    ShowMasterState({ui_->fraMain, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave}, state);
+}
+
+} // namespace tally

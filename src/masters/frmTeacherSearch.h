@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/Screen.h"
+
+#include <memory>
+
+namespace Ui {
+class frmTeacherSearch;
+}
+
+namespace tally {
+
+/// Finds teachers by name and city and hands one to frmTeacherMaster.
+class frmTeacherSearch : public Screen
+{
+    Q_OBJECT
+
+public:
+    frmTeacherSearch();
+    ~frmTeacherSearch() override;
+
+protected:
+    bool Form_Unload() override;
+
+private:
+    void cmdSearch_Click();
+    void cmdCancel_Click();
+    void dgdDetails_DblClick(int row);
+    void FormQuery(const QString& name, const QString& city);
+    void EmptyGrid();
+
+    std::unique_ptr<Ui::frmTeacherSearch> ui_;
+};
+
+} // namespace tally

@@ -1,0 +1,237 @@
+#include "masters/TeacherFixture.h"
+
+namespace tally::test {
+namespace {
+
+class TeacherSaveTest : public TeacherFixture
+{};
+
+const QString MasterIsGone = QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data.");
+const QString JoiningTooEarly = QStringLiteral("'Joining Date' Should Be Greater Than 'Date Of Birth'");
+const QString WeddingTooEarly = QStringLiteral("'Wedding Date' Should Be Greater Than 'Date Of Birth'");
+const QString BirthIsMissing = QStringLiteral("Select 'Date Of Birth'");
+const QDate Birth(1980, 5, 6);
+
+TEST_F(TeacherSaveTest, EachMandatoryFieldIsAskedForInOrder)
+{
+    StartNew();
+    EXPECT_FALSE(Button("cmdNew")->isEnabled());
+    ExpectRefusal(QStringLiteral("Select Salutation"), "cboPrefix");
+    Choose("cboPrefix", QStringLiteral("Mr"));
+    Type(Text("txtTeacherName"), QStringLiteral("   "));
+    ExpectRefusal(QStringLiteral("Enter Teacher Name"), "txtTeacherName");
+    Type(Text("txtTeacherName"), QStringLiteral("Asha"));
+    ExpectRefusal(QStringLiteral("Enter Teacher Short Name"), "txtTeacherShortName");
+    Type(Text("txtTeacherShortName"), QStringLiteral("ASH"));
+    Save();
+    EXPECT_EQ(Stored("TeacherName", 1).toStdString(), "Asha");
+    EXPECT_EQ(Stored("SalutationCode", 1).toStdString(), "2");
+    ExpectIdle();
+    EXPECT_TRUE(HasFocus("cmdNew"));
+}
+
+TEST_F(TeacherSaveTest, TickedDatesAreTestedJoiningBeforeWedding)
+{
+    StartNew();
+    FillMandatory();
+    prompts.ExpectInformation(BirthIsMissing);
+    Tick("dtpJoining");
+    EXPECT_TRUE(HasFocus("dtpDOB"));
+    Press(Option("optMarried"));
+    prompts.ExpectInformation(BirthIsMissing);
+    Tick("dtpWedding");
+    EXPECT_TRUE(HasFocus("dtpDOB"));
+
+    ExpectRefusal(BirthIsMissing, "dtpDOB");
+    Pick("dtpDOB", QDate::currentDate());
+    ExpectRefusal(JoiningTooEarly, "dtpJoining");
+    Date("dtpJoining")->SetTicked(false);
+    ExpectRefusal(WeddingTooEarly, "dtpWedding");
+    Date("dtpWedding")->findChild<DatePicker*>()->setDate(QDate::currentDate().addDays(1));
+    Save();
+    EXPECT_EQ(Stored("WeddingDate", 1), QDate::currentDate().addDays(1).toString(Qt::ISODate));
+    EXPECT_EQ(Stored("JoiningDate", 1).toStdString(), "NULL");
+    EXPECT_EQ(Stored("MaritalStatus", 1).toStdString(), "M");
+}
+
+TEST_F(TeacherSaveTest, AWeddingWithoutADateOfBirthIsRefusedAtTheSave)
+{
+    StartNew();
+    FillMandatory();
+    Press(Option("optMarried"));
+    prompts.ExpectInformation(BirthIsMissing);
+    Tick("dtpWedding");
+    ExpectRefusal(BirthIsMissing, "dtpDOB");
+}
+
+TEST_F(TeacherSaveTest, ADateOnTheDayOfBirthPassesWhileChoosingAndOnlyAnEarlierOneIsRefused)
+{
+    StartNew();
+    FillMandatory();
+    Pick("dtpDOB", Birth);
+    Pick("dtpJoining", Birth);
+    prompts.ExpectInformation(JoiningTooEarly);
+    Date("dtpJoining")->findChild<DatePicker*>()->setDate(Birth.addDays(-1));
+    prompts.Verify();
+    EXPECT_TRUE(HasFocus("dtpJoining"));
+    Date("dtpJoining")->findChild<DatePicker*>()->setDate(Birth);
+    Press(Option("optMarried"));
+    Pick("dtpWedding", Birth);
+    prompts.ExpectInformation(WeddingTooEarly);
+    Date("dtpWedding")->findChild<DatePicker*>()->setDate(Birth.addYears(-1));
+    prompts.Verify();
+    EXPECT_TRUE(HasFocus("dtpWedding"));
+    ExpectRefusal(JoiningTooEarly, "dtpJoining");
+}
+
+TEST_F(TeacherSaveTest, ATypedDateIsTestedWhenItIsCompleteAndNotAtEachDigit)
+{
+    StartNew();
+    FillMandatory();
+    Pick("dtpDOB", Birth);
+    Tick("dtpJoining");
+    PressKey(form, Qt::Key_Return);
+    QTest::keyClicks(form->focusWidget(), QStringLiteral("07Jun2010"));
+    PressKey(form, Qt::Key_Return);
+    Save();
+    EXPECT_EQ(Stored("JoiningDate", 1).toStdString(), "2010-06-07");
+}
+
+TEST_F(TeacherSaveTest, TheSameNameInAnotherCaseIsAcceptedTheSameShortNameIsNot)
+{
+    GivenTeacher(1, QStringLiteral("Asha"), QStringLiteral("ASH"));
+    StartNew();
+    FillMandatory(QStringLiteral("Asha"), QStringLiteral("ash"));
+    ExpectRefusal(QStringLiteral("Teacher Name Already Exists"), "txtTeacherName");
+    Text("txtTeacherName")->clear();
+    Type(Text("txtTeacherName"), QStringLiteral("ASHA"));
+    ExpectRefusal(QStringLiteral("Teacher Short Name Already Exists"), "txtTeacherShortName");
+    Text("txtTeacherShortName")->clear();
+    Type(Text("txtTeacherShortName"), QStringLiteral("AS2"));
+    Save();
+    EXPECT_EQ(Stored("TeacherName", 2).toStdString(), "ASHA");
+}
+
+TEST_F(TeacherSaveTest, AllThatIsEnteredIsStoredTrimmed)
+{
+    StartNew();
+    FillMandatory(QStringLiteral(" Asha K. "), QStringLiteral("A1"));
+    Type(Text("txtFHName"), QStringLiteral("Babu "));
+    Pick("dtpDOB", Birth);
+    Pick("dtpJoining", QDate(2010, 6, 7));
+    Type(Text("txtAddress1"), QStringLiteral("12/3, Hill+Road"));
+    Type(Text("txtAddress2"), QStringLiteral("North"));
+    Choose("dbcStateName", QStringLiteral("Kerala"));
+    Choose("dbcCityName", QStringLiteral("Kochi"));
+    Type(Text("txtPincode"), QStringLiteral("682001"));
+    Type(Text("txtTelephone"), QStringLiteral("0484-222"));
+    Type(Text("txtQualification"), QStringLiteral("B.Ed"));
+    Choose("dbcBloodGroup", QStringLiteral("O+"));
+    Save();
+    auto row = Session().gcnnMain->Query(QStringLiteral("SELECT * FROM TeacherMaster WHERE TeacherCode = 1"));
+    ASSERT_TRUE(row.Next());
+    QStringList values;
+    for (int column = 0; column < row.ColumnCount(); ++column)
+        values.append(row.IsNull(column) ? QStringLiteral("NULL") : row.Text(column));
+    EXPECT_EQ(values.join(QLatin1Char('|')).toStdString(),
+              "1|1|Asha K.|A1|1980-05-06|S|NULL|2010-06-07|Babu|12/3, Hill+Road|North|1|682001|0484-222|1|"
+              "B.Ed|3");
+    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "");
+    EXPECT_TRUE(List("dbcBloodGroup")->IsBlank());
+}
+
+TEST_F(TeacherSaveTest, ATeacherWithoutDatesCityAndBloodGroupHasThreeNullsAndCodesZeroAndLoadsSo)
+{
+    StartNew();
+    FillMandatory();
+    Save();
+    for (const char* column : {"DOB", "WeddingDate", "JoiningDate"})
+        EXPECT_EQ(Stored(column, 1).toStdString(), "NULL") << column;
+    EXPECT_EQ(Stored("CityCode", 1).toStdString(), "0");
+    EXPECT_EQ(Stored("BloodGroupCode", 1).toStdString(), "0");
+    ASSERT_TRUE(form->LoadData(1));
+    for (const char* name : {"dtpDOB", "dtpWedding", "dtpJoining"})
+        EXPECT_FALSE(Date(name)->IsTicked()) << name;
+    for (const char* name : {"dbcStateName", "dbcCityName", "dbcBloodGroup"})
+        EXPECT_TRUE(List(name)->IsBlank()) << name;
+}
+
+TEST_F(TeacherSaveTest, AnEditChangesTheTeacherAndHisOwnNamesAreNoDuplicates)
+{
+    GivenTeacher(5, QStringLiteral("Asha"), QStringLiteral("ASH"), 3);
+    GivenTeacher(6, QStringLiteral("Binu"), QStringLiteral("BIN"), 3);
+    StartEdit(5);
+    EXPECT_FALSE(Button("cmdEdit")->isEnabled());
+    EXPECT_FALSE(Button("cmdDelete")->isEnabled());
+    Text("txtTelephone")->clear();
+    Type(Text("txtTelephone"), QStringLiteral("99"));
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored("Telephone", 5).toStdString(), "99");
+    EXPECT_EQ(Stored("UserCode", 5).toStdString(), "3");
+    EXPECT_EQ(Stored("WeddingDate", 5).toStdString(), "2005-03-04");
+    EXPECT_EQ(Stored("CityCode", 5).toStdString(), "3");
+    EXPECT_EQ(Stored("Telephone", 6).toStdString(), "0484-1");
+    ExpectIdle();
+}
+
+TEST_F(TeacherSaveTest, AMarriedTeacherWhoIsMadeSingleLosesTheWeddingDate)
+{
+    GivenTeacher(5, QStringLiteral("Asha"), QStringLiteral("ASH"));
+    StartEdit(5);
+    EXPECT_TRUE(Date("dtpWedding")->isEnabled());
+    Press(Option("optSingle"));
+    EXPECT_FALSE(Date("dtpWedding")->isEnabled());
+    EXPECT_FALSE(Date("dtpWedding")->IsTicked());
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored("WeddingDate", 5).toStdString(), "NULL");
+    EXPECT_EQ(Stored("MaritalStatus", 5).toStdString(), "S");
+}
+
+TEST_F(TeacherSaveTest, ACityThatAnotherClientDeletedMeanwhileIsRefusedAndTheScreenStartsOver)
+{
+    StartNew();
+    FillMandatory();
+    Choose("dbcStateName", QStringLiteral("Kerala"));
+    Choose("dbcCityName", QStringLiteral("Kochi"));
+    AnotherClient()->Execute(QStringLiteral("DELETE FROM CityMaster WHERE CityCode = 1"));
+    prompts.ExpectCritical(MasterIsGone);
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_EQ(Count("SELECT count(*) FROM TeacherMaster WHERE TeacherCode > 0"), 0);
+    ExpectIdle();
+    Press(Button("cmdNew"));
+    Choose("dbcStateName", QStringLiteral("Kerala"));
+    EXPECT_EQ(List("dbcCityName")->count(), 1);
+}
+
+TEST_F(TeacherSaveTest, AnEditOfATeacherWhomAnotherClientDeletedIsNotCalledSaved)
+{
+    GivenTeacher(5, QStringLiteral("Asha"), QStringLiteral("ASH"));
+    StartEdit(5);
+    AnotherClient()->Execute(QStringLiteral("DELETE FROM TeacherMaster WHERE TeacherCode = 5"));
+    prompts.ExpectCritical(MasterIsGone);
+    Press(Button("cmdSave"));
+    EXPECT_EQ(Count("SELECT count(*) FROM TeacherMaster WHERE TeacherCode > 0"), 0);
+    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "Asha");
+}
+
+TEST_F(TeacherSaveTest, WhileTheDatabaseIsLockedNothingThatWasTypedIsLost)
+{
+    StartNew();
+    FillMandatory();
+    Session().gcnnMain->SetPatience(std::chrono::milliseconds(20));
+    const auto other = AnotherClient();
+    other->Begin();
+    prompts.Expect(Prompts::Kind::Critical,
+                   QStringLiteral("The Data Is In Use By Another Client. Please Try Again In "
+                                  "A Moment (database is locked)"));
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "Asha");
+    other->Rollback();
+    Save();
+    EXPECT_EQ(Stored("TeacherName", 1).toStdString(), "Asha");
+}
+
+} // namespace
+} // namespace tally::test
