@@ -262,8 +262,11 @@ void mdiTallyboard::SizePanels()
 void mdiTallyboard::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        Form_Activate();
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow())
+        return;
+    Form_Activate();
+    // Coming back from a message box or another program, the clerk types on where the work was.
+    QTimer::singleShot(0, this, &FocusActiveScreen);
 }
 
 void mdiTallyboard::closeEvent(QCloseEvent* event)

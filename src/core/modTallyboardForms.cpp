@@ -10,6 +10,7 @@
 #include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGuiApplication>
@@ -102,6 +103,26 @@ void ShowForm(const QString& formName)
     screen->show();
     frame->show();
     window->Area()->setActiveSubWindow(frame);
+    FocusActiveScreen();
+}
+
+void FocusActiveScreen()
+{
+    const auto* window = mdiTallyboard::Instance();
+    const QMdiSubWindow* frame = window ? window->Area()->activeSubWindow() : nullptr;
+    QWidget* screen = frame ? frame->widget() : nullptr;
+    if (!screen || screen->isAncestorOf(QApplication::focusWidget()))
+        return;
+    QWidget* field = screen->focusWidget();
+    if (!field || !field->isEnabled())
+        field = screen->nextInFocusChain();
+    const auto takesKeys = [screen](const QWidget* widget) {
+        return screen->isAncestorOf(widget) && widget->isEnabled() &&
+               (widget->focusPolicy() & Qt::TabFocus) != 0;
+    };
+    while (field != screen && !takesKeys(field))
+        field = field->nextInFocusChain();
+    field->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 void ShowBackground()

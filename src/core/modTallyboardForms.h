@@ -15,6 +15,8 @@ class FlexGrid;
 /// Opens a screen inside the main window, or brings the open one to the front, with the plain picture behind
 /// it. A name without a screen does nothing.
 void ShowForm(const QString& formName);
+/// Gives the keyboard to the screen in front, to the field that had it there last, unless it has it already.
+void FocusActiveScreen();
 /// After a screen closed: the main picture when no other one is open, else the plain picture.
 void ShowBackground();
 /// Asks "Do You Want To Exit {caption} ?" where the office wants to be asked; else true at once.

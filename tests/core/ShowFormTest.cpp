@@ -5,6 +5,7 @@
 #include "support/ScreenFixture.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QFile>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -36,6 +37,21 @@ TEST_F(ShowFormTest, AnOpenScreenLiesBeforeThePlainPictureUntilTheLastOneCloses)
     options->Unload();
     Settle();
     EXPECT_NE(ShownPicture(), plainPicture);
+}
+
+TEST_F(ShowFormTest, TheScreenInFrontHasTheKeyboardAfterItOpensAndAfterAMessageBox)
+{
+    Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
+    EXPECT_TRUE(options->isAncestorOf(QApplication::focusWidget()));
+
+    // What the end of a message box amounts to: the window is in front again and nothing in it has the
+    // keyboard.
+    QApplication::focusWidget()->clearFocus();
+    ASSERT_FALSE(options->isAncestorOf(QApplication::focusWidget()));
+    QApplication::setActiveWindow(nullptr);
+    QApplication::setActiveWindow(window);
+    Settle();
+    EXPECT_TRUE(options->isAncestorOf(QApplication::focusWidget()));
 }
 
 TEST_F(ShowFormTest, AScreenHasOneInstanceUntilItCloses)

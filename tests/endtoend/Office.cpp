@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace tally::test {
@@ -16,17 +17,20 @@ constexpr int PatienceInMs = 30000;
 
 } // namespace
 
-Office::Office()
+Office::Office(Databases databases)
 {
     QDir().mkpath(Folder());
     QDir().mkpath(Home());
     QFile::setPermissions(Home(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QProcess sample;
-    sample.start(QStringLiteral(TALLY_SAMPLE_PROGRAM),
-                 {QStringLiteral("--classes"), QStringLiteral("2"), QStringLiteral("--students"),
-                  QStringLiteral("5"), Folder()});
-    if (!sample.waitForFinished(PatienceInMs) || sample.exitCode() != 0)
-        throw std::runtime_error("no sample school: " + sample.readAllStandardError().toStdString());
+    QProcess maker;
+    if (databases == Databases::Delivered)
+        maker.start(QStringLiteral(TALLY_SETUP_PROGRAM), {Folder()});
+    else
+        maker.start(QStringLiteral(TALLY_SAMPLE_PROGRAM),
+                    {QStringLiteral("--classes"), QStringLiteral("2"), QStringLiteral("--students"),
+                     QStringLiteral("5"), Folder()});
+    if (!maker.waitForFinished(PatienceInMs) || maker.exitCode() != 0)
+        throw std::runtime_error("no databases: " + maker.readAllStandardError().toStdString());
 }
 
 QString Office::Program(const QString& name) const
@@ -39,22 +43,21 @@ QString Office::Program(const QString& name) const
 
 int Office::PresenceRows() const
 {
-    return Rows("ExamBoardMaster");
+    return Number("SELECT count(*) FROM ExamBoardMaster");
 }
 
 int Office::Starts() const
 {
-    return Rows("AccessedDate");
+    return Number("SELECT count(*) FROM AccessedDate");
 }
 
-int Office::Rows(const char* table) const
+int Office::Number(const char* query) const
 {
     SessionContext session;
     BuildDatabasePassword(session);
     store::Connection connection(QDir(Folder()).filePath(QStringLiteral("Tallyboard.mdb")),
                                  DatabasePassword(session));
-    return static_cast<int>(
-        connection.Number(QStringLiteral("SELECT COUNT(*) FROM ") + QLatin1String(table)));
+    return static_cast<int>(connection.Number(QString::fromLatin1(query)));
 }
 
 Client::Client(const Desktop& desktop, const Office& office, const QString& programName) : desktop_(desktop)
@@ -94,6 +97,17 @@ Desktop::Window Client::Appeared()
     return found;
 }
 
+void Client::WaitUntilGone(const Desktop::Window& window) const
+{
+    const bool gone = Eventually([&] {
+        const QVector<Desktop::Window> windows = desktop_.WindowsOf(program_.processId());
+        return std::none_of(windows.begin(), windows.end(),
+                            [&](const Desktop::Window& other) { return other.id == window.id; });
+    });
+    if (!gone)
+        throw std::runtime_error("a window stays");
+}
+
 Desktop::Window Client::LogIn(const QString& loginId, const QString& password)
 {
     desktop_.Press(Appeared(), {QStringLiteral("Return")});
@@ -102,7 +116,9 @@ Desktop::Window Client::LogIn(const QString& loginId, const QString& password)
     desktop_.Press(login, {QStringLiteral("Return")});
     desktop_.Type(login, password);
     desktop_.Press(login, {QStringLiteral("Return")});
-    return Appeared();
+    const Desktop::Window mainWindow = Appeared();
+    WaitUntilGone(login);
+    return mainWindow;
 }
 
 void Client::ChooseClose(const Desktop::Window& mainWindow, const QString& answer)

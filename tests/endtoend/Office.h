@@ -8,13 +8,18 @@
 
 namespace tally::test {
 
-/// The shared folder of a school's office: the program as it was built, and the databases of a small sample
-/// school.
+/// The shared folder of a school's office: the program as it was built, and its databases.
 class Office
 {
 public:
+    enum class Databases
+    {
+        SampleSchool, ///< a small school at work
+        Delivered,    ///< empty, as on the first day
+    };
+
     /// Throws std::runtime_error when the folder cannot be furnished.
-    Office();
+    explicit Office(Databases databases = Databases::SampleSchool);
 
     /// Puts the program under this name into the folder, if it is not there yet, and gives its path.
     QString Program(const QString& name) const;
@@ -26,10 +31,10 @@ public:
     int PresenceRows() const;
     /// How often the main window was loaded.
     int Starts() const;
+    /// The number that a query on the main database gives; 0 for none.
+    int Number(const char* query) const;
 
 private:
-    int Rows(const char* table) const;
-
     QTemporaryDir folder_;
 };
 
@@ -45,6 +50,8 @@ public:
 
     /// Waits for a window other than those seen before by Appeared(), and remembers it.
     Desktop::Window Appeared();
+    /// Waits until the window has gone, so that the keys that follow are not swallowed with it.
+    void WaitUntilGone(const Desktop::Window& window) const;
     /// Enter on the splash, id and password on the login; gives the main window.
     Desktop::Window LogIn(const QString& loginId, const QString& password);
     /// Chooses Close by its letter and answers the question; "y" for Yes.

@@ -53,6 +53,8 @@ QPalette PaletteOf(const Shades& shades)
         palette.setColor(role, QColor(shades.text));
         palette.setColor(QPalette::Disabled, role, QColor(shades.faint));
     }
+    // A closed field looks closed, whatever kind of field it is.
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(shades.window));
     palette.setColor(QPalette::PlaceholderText, QColor(shades.faint));
     palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(shades.faint));
     return palette;
