@@ -15,14 +15,31 @@ double PowerOfTen(int digits)
     return Powers.at(static_cast<std::size_t>(digits));
 }
 
+/// Numbers of this size and smaller are exact as whole numbers, whose digits come many times faster.
+constexpr double LargestWhole = 1e15;
+
+/// The digits of a number that has at most two decimals, both of them written.
+QString TwoDecimals(double value)
+{
+    const auto hundredths = static_cast<qlonglong>(std::round(std::abs(value) * 100));
+    QString digits = QString::number(hundredths).rightJustified(3, QLatin1Char('0'));
+    digits.insert(digits.size() - 2, QLatin1Char('.'));
+    return value < 0 && hundredths != 0 ? QLatin1Char('-') + digits : digits;
+}
+
 /// Decimal digits of `value`, the decimals exactly `digits`, or as many as 15 significant digits need for -1.
 QString Decimal(double value, int digits)
 {
+    if (std::abs(value) < LargestWhole) {
+        if (digits <= 0 && value == std::trunc(value))
+            return QString::number(static_cast<qlonglong>(value));
+        if (digits == 2)
+            return TwoDecimals(value);
+    }
     std::array<char, 400> text{};
+    const auto format = digits < 0 ? std::chars_format::general : std::chars_format::fixed;
     const auto end =
-        digits < 0
-            ? std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, 15)
-            : std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, digits);
+        std::to_chars(text.data(), text.data() + text.size(), value, format, digits < 0 ? 15 : digits);
     return QString::fromLatin1(text.data(), end.ptr - text.data());
 }
 

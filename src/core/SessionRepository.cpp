@@ -70,9 +70,16 @@ std::optional<StoredOptions> SessionRepository::Options()
     return StoredOptions{row.Text(0), row.Text(1), TextOrNull(row, 2), row.Text(3), row.Text(4), row.Text(5)};
 }
 
-int SessionRepository::HighestCode(const QString& column, const QString& tableClause)
+int SessionRepository::HighestCode(const QString& column, const QString& table, int year)
 {
-    return static_cast<int>(main_.Number(QStringLiteral("SELECT max(%1) FROM %2").arg(column, tableClause)));
+    if (year > 0)
+        return static_cast<int>(main_.Number(
+            QStringLiteral("SELECT max(%1) FROM %2 AcademicYearCode = ?").arg(column, table), year));
+    static const QLatin1String Dangling(" where ");
+    QString clause = table;
+    if (clause.endsWith(Dangling, Qt::CaseInsensitive))
+        clause.chop(Dangling.size());
+    return static_cast<int>(main_.Number(QStringLiteral("SELECT max(%1) FROM %2").arg(column, clause)));
 }
 
 bool SessionRepository::IsNewInstallation()

@@ -122,13 +122,7 @@ void LoadOptions()
 
 int GetNextCode(const QString& column, const QString& table, int year)
 {
-    static const QLatin1String Dangling(" where ");
-    QString clause = table;
-    if (year > 0)
-        clause += QStringLiteral(" AcademicYearCode=%1").arg(year);
-    else if (clause.endsWith(Dangling, Qt::CaseInsensitive))
-        clause.chop(Dangling.size());
-    return Repository().HighestCode(column, clause) + 1;
+    return Repository().HighestCode(column, table, year) + 1;
 }
 
 bool CheckPrivilege(const QString& formName, QChar code)

@@ -9,13 +9,10 @@
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "ranks/RankViews.h"
-#include "reports/ExportGridToExcel.h"
 #include "store/StoreError.h"
 #include "ui_frmRankCalculation.h"
 
 #include <QFrame>
-#include <QHeaderView>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -25,16 +22,6 @@ namespace {
 
 constexpr int HelpScreenNo = 21;
 const QString BlankItem = QStringLiteral(" ");
-
-CellMark MarkOf(CellFlag flag)
-{
-    switch (flag) {
-    case CellFlag::NotTaken: return CellMark::NotTakenForRank;
-    case CellFlag::FailedOrAbsent: return CellMark::FailedOrAbsent;
-    case CellFlag::None: break;
-    }
-    return CellMark::None;
-}
 
 int ChosenCode(const QComboBox* combo)
 {
@@ -72,7 +59,7 @@ void frmRankCalculation::ConnectHandlers()
     connect(ui_->cboClass, &QComboBox::activated, this, &frmRankCalculation::cboClass_Click);
     connect(ui_->Lstdivision, &CheckList::Ticked, this, &frmRankCalculation::Lstdivision_ItemCheck);
     connect(ui_->chkSelectAll, &QCheckBox::toggled, this, &frmRankCalculation::chkSelectAll_Click);
-    connect(ui_->Optsubjectdisplayyes, &QRadioButton::clicked, this,
+    connect(ui_->Optsubjectdisplayyes, &QRadioButton::toggled, this,
             &frmRankCalculation::Optsubjectdisplayyes_Click);
     connect(ui_->cmdUpdate, &QPushButton::clicked, this, &frmRankCalculation::cmdUpdate_Click);
     for (QRadioButton* order :
@@ -86,23 +73,6 @@ void frmRankCalculation::ConnectHandlers()
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmRankCalculation::cmdCancel_Click);
     for (QComboBox* combo : {ui_->Cboexamname, ui_->cboClass})
         combo->setProperty(EnterNeedsText, true);
-}
-
-void frmRankCalculation::BuildSummaryPanel()
-{
-    Frame5_ = new QFrame(this);
-    Frame5_->setObjectName(QStringLiteral("Frame5"));
-    Frame5_->setFrameShape(QFrame::StyledPanel);
-    Frame5_->setAutoFillBackground(true);
-    msgGrade_ = new FlexGrid(Frame5_);
-    msgGrade_->setObjectName(QStringLiteral("msgGrade"));
-    cmdClose_ = new QPushButton(QStringLiteral("Close"), Frame5_);
-    cmdClose_->setObjectName(QStringLiteral("cmdClose"));
-    cmdClose_->setIcon(LookIcon(QStringLiteral("close")));
-    auto* layout = new QVBoxLayout(Frame5_);
-    layout->addWidget(msgGrade_);
-    layout->addWidget(cmdClose_, 0, Qt::AlignRight);
-    Frame5_->hide();
 }
 
 void frmRankCalculation::ShowDivisionKey()
@@ -182,6 +152,7 @@ void frmRankCalculation::cboClass_Click()
     ui_->chkSelectAll->setChecked(false);
     ui_->cmdExport->setEnabled(false);
     ui_->Lstdivision->clear();
+    // A division's code says something only within its class, so the comparison starts anew with the class.
     ClearBases();
     bool allReady = true;
     Read([&] {
@@ -249,9 +220,9 @@ void frmRankCalculation::chkSelectAll_Click(bool ticked)
                        "Selected Division(s)"));
 }
 
-void frmRankCalculation::Optsubjectdisplayyes_Click()
+void frmRankCalculation::Optsubjectdisplayyes_Click(bool on)
 {
-    if (CheckSubjectMatch())
+    if (on && CheckSubjectMatch())
         Prompts::Information(
             QStringLiteral("Selected Divisions' 'Subject(s) Taken For Rank' Does Not Match With "
                            "The Non Selected Division(s)"));
@@ -343,119 +314,6 @@ void frmRankCalculation::cmdUpdate_Click()
     }
     for (QPushButton* button : {ui_->cmdSave, ui_->cmdExport, ui_->cmdTotalDetails})
         button->setEnabled(true);
-}
-
-void frmRankCalculation::cmdView_Click()
-{
-    if (!TempTableExists_)
-        return;
-    Read([this] {
-        const HourGlass hourGlass;
-        RankRepository repository = Repository();
-        ShowView(ShowRankList(repository, Scope(), TickedDivisions(), subjects_, Order(), Display()));
-    });
-}
-
-void frmRankCalculation::ShowView(const RankView& view)
-{
-    std::vector<FlexGrid::Row> rows(static_cast<std::size_t>(view.Rows()));
-    for (int row = 0; row < view.Rows(); ++row) {
-        FlexGrid::Row& cells = rows[static_cast<std::size_t>(row)];
-        cells.reserve(static_cast<std::size_t>(view.Cols()));
-        const bool sums = row == view.AverageRow();
-        for (int col = 0; col < view.Cols(); ++col)
-            cells.push_back({view.Text(row, col), sums ? CellMark::Sum : MarkOf(view.Flag(row, col))});
-    }
-    FlexGrid* grid = ui_->msgDisplayDetails;
-    grid->SetContent(std::move(rows));
-    for (int col = 0; col < view.Cols(); ++col) {
-        grid->SetColHidden(col, view.ColumnHidden(col));
-        const bool number = col >= RankView::FirstSubjectColumn && col < view.Cols() - 1;
-        grid->SetColAlignment(col,
-                              number ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
-    }
-    for (int row = 1; row < view.Rows() && row <= RankView::FirstStudentRow; ++row)
-        if (RankView::RowHidden(row))
-            grid->SetRowHeight(row, 0);
-    grid->FitColumns();
-}
-
-void frmRankCalculation::LoadGradeSummary(const RankView& view)
-{
-    RankRepository repository = Repository();
-    const std::vector<int> divisionCodes = TickedDivisions();
-    const auto sums = repository.LoadFullMarks(Scope(), divisionCodes);
-    std::vector<DivisionFullMark> fullMarks;
-    const auto ticked = ui_->Lstdivision->TickedIndexes();
-    for (std::size_t i = 0; i < sums.size(); ++i)
-        fullMarks.push_back({ui_->Lstdivision->item(ticked[static_cast<qsizetype>(i)])->text(), sums[i]});
-
-    std::vector<FlexGrid::Row> rows(1, FlexGrid::Row(4));
-    for (const GradeSummaryRow& texts :
-         tally::LoadGradeSummary(view, repository.LoadDistinctGrades(Scope(), divisionCodes),
-                                 ui_->cboClass->currentText(), fullMarks)) {
-        FlexGrid::Row row;
-        for (const QString& text : texts)
-            row.push_back({text, CellMark::None});
-        rows.push_back(std::move(row));
-    }
-    msgGrade_->SetContent(std::move(rows));
-    msgGrade_->SetRowHeight(0, 0);
-    msgGrade_->SetColHidden(3, true);
-    for (const int col : {1, 2})
-        msgGrade_->SetColAlignment(col, Qt::AlignRight | Qt::AlignVCenter);
-    msgGrade_->FitColumns();
-    msgGrade_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
-}
-
-void frmRankCalculation::cmdTotalDetails_Click()
-{
-    Frame5_->show();
-    Frame5_->raise();
-    ui_->fraMain->setEnabled(false);
-    ui_->Frame4->setEnabled(false);
-    ui_->cmdTotalDetails->setEnabled(false);
-    cmdClose_->setFocus();
-}
-
-void frmRankCalculation::cmdClose_Click()
-{
-    Frame5_->hide();
-    ui_->fraMain->setEnabled(true);
-    ui_->Frame4->setEnabled(true);
-    ui_->cmdTotalDetails->setEnabled(true);
-    ui_->cmdTotalDetails->setFocus();
-}
-
-void frmRankCalculation::resizeEvent(QResizeEvent* event)
-{
-    Screen::resizeEvent(event);
-    const QSize size(std::min(460, width() - 4 * LookUnit), std::min(340, height() - 8 * LookUnit));
-    Frame5_->setGeometry(QRect(QPoint((width() - size.width()) / 2, (height() - size.height()) / 2), size));
-}
-
-void frmRankCalculation::cmdSave_Click()
-{
-    const bool saved = Write(Conflict::Describe, [this](store::Transaction& transaction) {
-        Repository().ReplaceRankTotals(transaction, Scope(), TickedDivisions());
-    });
-    if (!saved)
-        return;
-    Prompts::Information(QStringLiteral("Record Saved"));
-    ui_->cmdSave->setEnabled(false);
-}
-
-void frmRankCalculation::cmdExport_Click()
-{
-    if (!MayUse(QLatin1Char('P')))
-        return;
-    QStringList divisions;
-    for (const int index : ui_->Lstdivision->TickedIndexes())
-        divisions.append(ui_->Lstdivision->item(index)->text());
-    ExportReport(*ui_->msgDisplayDetails, QStringLiteral("Rank List"),
-                 QStringLiteral("Exam Name :") + ui_->Cboexamname->currentText().trimmed() +
-                     QStringLiteral("  Class :") + ui_->cboClass->currentText().trimmed() +
-                     QStringLiteral(" Division :") + divisions.join(QLatin1Char(',')));
 }
 
 void frmRankCalculation::cmdCancel_Click()

@@ -47,7 +47,7 @@ private:
     void cboClass_Click();
     void Lstdivision_ItemCheck(int index, bool ticked);
     void chkSelectAll_Click(bool ticked);
-    void Optsubjectdisplayyes_Click();
+    void Optsubjectdisplayyes_Click(bool on);
     void cmdUpdate_Click();
     void cmdView_Click();
     void cmdTotalDetails_Click();

@@ -116,7 +116,7 @@ void CreateCalendarAndSession(Transaction& transaction)
     CreateTable(transaction, "ScreenStatus", {
         Text("Screen", 50).Key()});
     CreateTable(transaction, "AccessedDate", {
-        Text("AccessedDate", 11)});
+        Date("AccessedDate")});
     CreateTable(transaction, "ExamBoardMaster", {
         Long("BoardCode"),
         Long("BoardNo"),
@@ -151,7 +151,7 @@ void CreateStudentsAndMarks(Transaction& transaction)
 {
     CreateTable(transaction, "StudentMaster", {
         Long("StudentCode").Key(),
-        Long("AdmissionNo").Unique().Between(0, 999999999),
+        Long("AdmissionNo").Unique().Between(0, 999999998),
         Text("OptionalAdmissionNo", 15).Unique(),
         Date("AdmissionDate"),
         Integer("AcademicYearCode").To("AcademicYearSetup"),

@@ -12,8 +12,8 @@
 
 #include <QKeyEvent>
 #include <QLocale>
-#include <QSignalBlocker>
 
+#include <algorithm>
 #include <array>
 
 namespace tally {
@@ -123,8 +123,9 @@ void frmUtilOptions::cmdSave_Click()
         store::Transaction temp(*session.gcnnTemp);
         OptionsRepository::Replace(main, settings);
         OptionsRepository::ReplaceExitPrompt(temp, settings.exitPrompt, session.gintUserCode);
-        main.Commit();
+        // Should the school's row fail last, only the tick of this user's own box has changed.
         temp.Commit();
+        main.Commit();
     } catch (const store::StoreError& error) {
         Prompts::Critical(error.Description());
         return;

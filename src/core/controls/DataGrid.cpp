@@ -61,6 +61,7 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent), model_(new Model(this)
     setModel(model_);
     setItemDelegate(new PlainDelegate(this));
     setAlternatingRowColors(true);
+    setShowGrid(false);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -175,6 +175,7 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), model_(new Model(this)
     setModel(model_);
     setItemDelegate(new PlainDelegate(this));
     setAlternatingRowColors(true);
+    setShowGrid(false);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);

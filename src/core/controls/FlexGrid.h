@@ -73,16 +73,15 @@ public:
     /// Where the cell lies within the viewport.
     QRect CellRect(int row, int col) const;
 
+    /// Gives every visible column the width of its longest text, within `most` pixels.
+    void FitColumns(int most = 260);
+
 Q_SIGNALS:
     /// The user clicked a cell, or pressed Enter, F2 or the blank key on it.
     void CellClicked(int row, int col);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-
-public:
-    /// Gives every visible column the width of its longest text, within `most` pixels.
-    void FitColumns(int most = 260);
 
 private:
     class Model;

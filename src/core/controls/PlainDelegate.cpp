@@ -38,17 +38,45 @@ void PlainDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
             !selected && markText.isValid()
                 ? markText.value<QColor>()
                 : option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
-        const QRect area = option.rect.adjusted(Margin, 0, -Margin, 0);
-        const QFontMetrics metrics(font);
-        const QString shown = metrics.horizontalAdvance(text) > area.width()
-                                  ? metrics.elidedText(text, Qt::ElideRight, area.width())
-                                  : text;
-        painter->drawText(area, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine, shown);
+        PaintText(painter, option.rect.adjusted(Margin, 0, -Margin, 0),
+                  index.data(Qt::TextAlignmentRole).toInt(), text);
     }
     if (option.state.testFlag(QStyle::State_HasFocus)) {
         painter->setPen(option.palette.color(group, QPalette::Text));
         painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
     }
+}
+
+void PlainDelegate::PaintText(QPainter* painter, const QRect& area, int alignment, const QString& text) const
+{
+    const QStaticText laidOut = LaidOut(painter->font(), text);
+    const QSizeF size = laidOut.size();
+    if (size.width() > area.width()) {
+        painter->drawText(area, alignment | Qt::TextSingleLine,
+                          painter->fontMetrics().elidedText(text, Qt::ElideRight, area.width()));
+        return;
+    }
+    const double room = area.width() - size.width();
+    const double left = (alignment & Qt::AlignRight) != 0     ? room
+                        : (alignment & Qt::AlignHCenter) != 0 ? room / 2
+                                                              : 0;
+    painter->drawStaticText(QPointF(area.left() + left, area.top() + (area.height() - size.height()) / 2),
+                            laidOut);
+}
+
+QStaticText PlainDelegate::LaidOut(const QFont& font, const QString& text) const
+{
+    constexpr qsizetype MostTexts = 4096;
+    QHash<QString, QStaticText>& texts = laidOut_[font.key()];
+    const auto found = texts.constFind(text);
+    if (found != texts.constEnd())
+        return *found;
+    if (texts.size() >= MostTexts)
+        texts.clear();
+    QStaticText laidOut(text);
+    laidOut.setTextFormat(Qt::PlainText);
+    laidOut.prepare(QTransform(), font);
+    return *texts.insert(text, laidOut);
 }
 
 } // namespace tally

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QFont>
+#include <QHash>
+#include <QStaticText>
 #include <QStyledItemDelegate>
 
 namespace tally {
@@ -15,6 +18,13 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
+
+private:
+    void PaintText(QPainter* painter, const QRect& area, int alignment, const QString& text) const;
+    /// The text laid out in the painter's font. The same few hundred marks come again and again.
+    QStaticText LaidOut(const QFont& font, const QString& text) const;
+
+    mutable QHash<QString, QHash<QString, QStaticText>> laidOut_; ///< by font and text
 };
 
 } // namespace tally
