@@ -363,7 +363,7 @@ void frmRankCalculation::DropTempTable()
 QSize frmRankCalculation::sizeHint() const
 {
     // As much of a long and wide list as most displays can show; a smaller one bounds it.
-    return {1000, 660};
+    return {1080, 680};
 }
 
 QString frmRankCalculation::ExitCaption() const

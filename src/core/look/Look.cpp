@@ -23,21 +23,18 @@ struct Shades
     QRgb button;
     QRgb text;
     QRgb faint;
+    QRgb line;
     QRgb accent;
     QRgb onAccent;
 };
 
-constexpr Shades Light{qRgb(0xf3, 0xf5, 0xf7),
-                       qRgb(0xff, 0xff, 0xff),
-                       qRgb(0xf4, 0xf8, 0xfb),
-                       qRgb(0xf7, 0xf9, 0xfa),
-                       qRgb(0x1d, 0x27, 0x30),
-                       qRgb(0x8a, 0x95, 0x9e),
-                       Accent,
-                       qRgb(0xff, 0xff, 0xff)};
+constexpr Shades Light{
+    qRgb(0xf3, 0xf5, 0xf7), qRgb(0xff, 0xff, 0xff), qRgb(0xf4, 0xf8, 0xfb), qRgb(0xf7, 0xf9, 0xfa),
+    qRgb(0x1d, 0x27, 0x30), qRgb(0x8a, 0x95, 0x9e), qRgb(0xb4, 0xbd, 0xc5), Accent,
+    qRgb(0xff, 0xff, 0xff)};
 constexpr Shades Dark{qRgb(0x26, 0x2b, 0x30), qRgb(0x1d, 0x21, 0x25), qRgb(0x23, 0x28, 0x2d),
                       qRgb(0x33, 0x3a, 0x41), qRgb(0xe8, 0xec, 0xef), qRgb(0x84, 0x8f, 0x98),
-                      AccentOnDark,           qRgb(0x10, 0x18, 0x1e)};
+                      qRgb(0x55, 0x60, 0x6a), AccentOnDark,           qRgb(0x10, 0x18, 0x1e)};
 
 QPalette PaletteOf(const Shades& shades)
 {
@@ -65,19 +62,19 @@ QPalette PaletteOf(const Shades& shades)
 QString StyleSheetOf(const Shades& shades)
 {
     return QStringLiteral(
-               "QGroupBox { font-weight: 600; border: 1px solid palette(mid); border-radius: 6px;"
+               "QGroupBox { font-weight: 600; border: 1px solid %2; border-radius: 6px;"
                " margin-top: 1.1ex; padding-top: 0.8ex; }"
                "QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: %1; }"
                "QPushButton { padding: 4px 10px; min-height: 1.4em; }"
                "QPushButton:focus { background: palette(button); border: 2px solid %1; border-radius: 4px;"
                " padding: 3px 9px; }"
                "QHeaderView::section { background: palette(window); border: none;"
-               " border-bottom: 1px solid palette(mid); border-right: 1px solid palette(midlight);"
+               " border-bottom: 1px solid %2; border-right: 1px solid palette(midlight);"
                " padding: 4px 6px; font-weight: 600; }"
                "QTableView { gridline-color: palette(midlight); }"
                "QLineEdit { lineedit-password-character: 42; }"
                "QStatusBar::item { border: none; }")
-        .arg(QColor(shades.accent).name());
+        .arg(QColor(shades.accent).name(), QColor(shades.line).name());
 }
 
 struct ButtonIcon
