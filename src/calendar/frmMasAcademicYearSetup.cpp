@@ -86,8 +86,11 @@ bool frmMasAcademicYearSetup::Form_Unload()
     if (!AYearIsActive())
         return false;
     Session().gblnMenusLocked = false;
+    // School Setup, opened from here and closed, has switched them on in between.
     if (mastersWereOn_)
         EnableMainMenus();
+    else
+        DisableMainMenus();
     return true;
 }
 
@@ -320,7 +323,16 @@ void frmMasAcademicYearSetup::TakeFirstYear(const AcademicYear& year)
 bool frmMasAcademicYearSetup::AYearIsActive()
 {
     bool active = false;
-    if (!Read([&] { active = Years().HasActive(); }))
+    const bool read = Read([&] {
+        active = Years().HasActive();
+        // The year may have become active only after it was saved; the session works in it from now on.
+        if (active && !Session().gblnActiveYearExists) {
+            LoadActiveAcademicYear();
+            LoadApplicationDate(Session().gintAcademicYearCode);
+            mdiTallyboard::Instance()->ShowYearAndDate();
+        }
+    });
+    if (!read)
         return false;
     if (!active)
         Prompts::Information(QStringLiteral("Atleast One Academic Year Should Have Active Status"));

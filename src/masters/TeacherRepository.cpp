@@ -1,5 +1,7 @@
 #include "masters/TeacherRepository.h"
 
+#include "store/StoreError.h"
+
 namespace tally {
 
 namespace {
@@ -146,19 +148,22 @@ void TeacherRepository::Insert(store::Transaction& transaction, int teacherCode,
         teacher.bloodGroupCode, teacher.qualification, userCode);
 }
 
-bool TeacherRepository::Update(store::Transaction& transaction, int teacherCode, const Teacher& teacher,
+void TeacherRepository::Update(store::Transaction& transaction, int teacherCode, const Teacher& teacher,
                                int userCode)
 {
-    return transaction.Execute(
-               QStringLiteral("UPDATE TeacherMaster SET SalutationCode = ?, TeacherName = ?,"
-                              " TeacherShortName = ?, DOB = ?, MaritalStatus = ?, WeddingDate = ?,"
-                              " JoiningDate = ?, FHName = ?, Address1 = ?, Address2 = ?, CityCode = ?,"
-                              " PinCode = ?, Telephone = ?, BloodGroupCode = ?, Qualification = ?,"
-                              " UserCode = ? WHERE TeacherCode = ?"),
-               teacher.salutationCode, teacher.name, teacher.shortName, teacher.dateOfBirth,
-               MaritalStatus(teacher), teacher.weddingDate, teacher.joiningDate, teacher.fatherOrSpouse,
-               teacher.address1, teacher.address2, teacher.cityCode, teacher.pinCode, teacher.telephone,
-               teacher.bloodGroupCode, teacher.qualification, userCode, teacherCode) > 0;
+    const QString update =
+        QStringLiteral("UPDATE TeacherMaster SET SalutationCode = ?, TeacherName = ?,"
+                       " TeacherShortName = ?, DOB = ?, MaritalStatus = ?, WeddingDate = ?,"
+                       " JoiningDate = ?, FHName = ?, Address1 = ?, Address2 = ?, CityCode = ?,"
+                       " PinCode = ?, Telephone = ?, BloodGroupCode = ?, Qualification = ?,"
+                       " UserCode = ? WHERE TeacherCode = ?");
+    const int changed = transaction.Execute(
+        update, teacher.salutationCode, teacher.name, teacher.shortName, teacher.dateOfBirth,
+        MaritalStatus(teacher), teacher.weddingDate, teacher.joiningDate, teacher.fatherOrSpouse,
+        teacher.address1, teacher.address2, teacher.cityCode, teacher.pinCode, teacher.telephone,
+        teacher.bloodGroupCode, teacher.qualification, userCode, teacherCode);
+    if (changed == 0)
+        throw store::StoreError::RowIsGone(update);
 }
 
 void TeacherRepository::Delete(store::Transaction& transaction, int teacherCode)

@@ -72,8 +72,8 @@ public:
 
     static void Insert(store::Transaction& transaction, int teacherCode, const Teacher& teacher,
                        int userCode);
-    /// False when the teacher has gone meanwhile.
-    static bool Update(store::Transaction& transaction, int teacherCode, const Teacher& teacher,
+    /// A general failure when the teacher has gone meanwhile.
+    static void Update(store::Transaction& transaction, int teacherCode, const Teacher& teacher,
                        int userCode);
     static void Delete(store::Transaction& transaction, int teacherCode);
 

@@ -266,9 +266,8 @@ void frmTeacherMaster::cmdSave_Click()
         if (!editing_) {
             const int code = GetNextCode(QStringLiteral("TeacherCode"), QStringLiteral("TeacherMaster"), 0);
             TeacherRepository::Insert(transaction, code, teacher, userCode);
-        } else if (!TeacherRepository::Update(transaction, teacherCode_, teacher, userCode)) {
-            throw store::StoreError(
-                QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data."));
+        } else {
+            TeacherRepository::Update(transaction, teacherCode_, teacher, userCode);
         }
     });
     if (!saved)

@@ -5,6 +5,7 @@
 #include "core/mdiTallyboard.h"
 #include "core/ScreenRegistry.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 
@@ -165,6 +166,23 @@ TEST_F(AcademicYearSetup, ASaveIsCheckedInItsOrder)
     EXPECT_EQ(Years(), 1);
     ExpectButtons(false, false, false, true);
     EXPECT_EQ(Text(form, "txtAcademicYearFrom"), "2008");
+}
+
+TEST_F(AcademicYearSetup, AFirstYearThatBecomesActiveOnlyLaterLeadsOutOfTheScreenToo)
+{
+    OpenForm();
+    Session().gblnActiveYearExists = false;
+    Enter(QStringLiteral("2007"), QStringLiteral("NO"));
+    SaveExpecting(QStringLiteral("Academic Year Saved"));
+    // A list takes letters typed close together as the beginning of one word.
+    QTest::qWait(QApplication::keyboardInputInterval() + 50);
+    Enter(QStringLiteral("2008"), QStringLiteral("YES"));
+    SaveExpecting(QStringLiteral("Academic Year Saved"));
+    Click(form, "cmdExit");
+    Settle();
+    EXPECT_TRUE(Session().gblnActiveYearExists);
+    EXPECT_EQ(Session().gintYearFrom, 2008);
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmMasAcademicYearSetup")), nullptr);
 }
 
 TEST_F(AcademicYearSetup, AYearThatEndsAfter2099IsRefused)

@@ -158,7 +158,12 @@ TEST_F(TeacherRepositoryTest, ATeacherWithoutACityIsFoundWithBlankCityAndState)
 TEST_F(TeacherRepositoryTest, AnUpdateOfATeacherWhoHasGoneSaysSo)
 {
     store::Transaction transaction(main);
-    EXPECT_FALSE(TeacherRepository::Update(transaction, 9, Named("Asha", "ASH"), 1));
+    try {
+        TeacherRepository::Update(transaction, 9, Named("Asha", "ASH"), 1);
+        FAIL() << "nobody was updated";
+    } catch (const store::StoreError& error) {
+        EXPECT_EQ(error.Kind(), store::ErrorKind::GeneralFailure);
+    }
 }
 
 TEST_F(TeacherRepositoryTest, ATeacherNeedsASalutationThatExists)
