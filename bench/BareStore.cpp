@@ -28,6 +28,14 @@ public:
     ~Rows() { sqlite3_finalize(handle_); }
 
     void Bind(int position, int value) { sqlite3_bind_int(handle_, position, value); }
+    void Bind(int position, const QByteArray& text)
+    {
+        sqlite3_bind_text(handle_, position, text.constData(), static_cast<int>(text.size()),
+                          SQLITE_TRANSIENT);
+    }
+    int Placeholders() const { return sqlite3_bind_parameter_count(handle_); }
+    int Columns() const { return sqlite3_column_count(handle_); }
+    const unsigned char* Text(int column) const { return sqlite3_column_text(handle_, column); }
     bool Next()
     {
         const int result = sqlite3_step(handle_);
@@ -60,10 +68,10 @@ void BareStore::Close::operator()(sqlite3* engine) const
     sqlite3_close_v2(engine);
 }
 
-BareStore::BareStore(const BenchSchool& school)
+BareStore::BareStore(const QString& folder)
 {
     sqlite3* engine = nullptr;
-    const QByteArray path = QDir(school.Folder()).filePath(QStringLiteral("Tallyboard.mdb")).toUtf8();
+    const QByteArray path = QDir(folder).filePath(QStringLiteral("Tallyboard.mdb")).toUtf8();
     const int opened = sqlite3_open_v2(path.constData(), &engine, SQLITE_OPEN_READWRITE, nullptr);
     engine_.reset(engine);
     Require(opened == SQLITE_OK, engine);
@@ -150,6 +158,19 @@ double BareStore::MarkByMarkPrepared()
         }
     }
     return sum;
+}
+
+int BareStore::ReadAll(const QString& sql, const QString& text)
+{
+    Rows rows(engine_.get(), sql.toUtf8());
+    rows.Bind(1, text.toUtf8());
+    for (int position = 2; position <= rows.Placeholders(); ++position)
+        rows.Bind(position, 0);
+    int count = 0;
+    for (; rows.Next(); ++count)
+        for (int column = 0; column < rows.Columns(); ++column)
+            rows.Text(column);
+    return count;
 }
 
 } // namespace tally::bench

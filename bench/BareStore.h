@@ -13,7 +13,8 @@ namespace tally::bench {
 class BareStore
 {
 public:
-    explicit BareStore(const BenchSchool& school);
+    explicit BareStore(const BenchSchool& school) : BareStore(school.Folder()) {}
+    explicit BareStore(const QString& folder);
 
     /// One statement that sums the marks of each student. Gives the sum of all, so that no compiler drops the
     /// work.
@@ -22,6 +23,9 @@ public:
     double MarkByMark();
     /// The same, prepared once and bound each time.
     double MarkByMarkPrepared();
+    /// Any select: reads every column of every row as text. The first placeholder takes `text`, the others 0.
+    /// Gives the number of rows.
+    int ReadAll(const QString& sql, const QString& text);
 
 private:
     struct Close
