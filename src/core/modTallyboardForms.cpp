@@ -52,28 +52,31 @@ std::vector<Screen*> OpenScreens()
     return screens;
 }
 
-/// A display of 800 by 600; the bounds are in twips, 15 to the pixel.
-bool IsSmallScreen()
+bool OnSmallScreen()
 {
-    constexpr int TwipsPerPixel = 15;
     const QScreen* screen = QGuiApplication::primaryScreen();
-    if (!screen)
-        return false;
-    const int width = screen->size().width() * TwipsPerPixel;
-    const int height = screen->size().height() * TwipsPerPixel;
-    return width >= 11000 && width <= 12500 && height >= 8500 && height <= 9500;
+    return screen && IsSmallScreen(screen->size());
 }
 
 } // namespace
 
+bool IsSmallScreen(QSize pixels)
+{
+    // The bounds are in twips.
+    constexpr int TwipsPerPixel = 15;
+    const QSize twips = pixels * TwipsPerPixel;
+    return twips.width() >= 11000 && twips.width() <= 12500 && twips.height() >= 8500 &&
+           twips.height() <= 9500;
+}
+
 int MainPicture()
 {
-    return IsSmallScreen() ? 1003 : 1001;
+    return OnSmallScreen() ? 1003 : 1001;
 }
 
 int PlainPicture()
 {
-    return IsSmallScreen() ? 1004 : 1002;
+    return OnSmallScreen() ? 1004 : 1002;
 }
 
 void ShowForm(const QString& formName)

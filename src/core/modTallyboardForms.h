@@ -3,6 +3,7 @@
 #include <QString>
 
 class QLineEdit;
+class QSize;
 class QWidget;
 
 namespace tally {
@@ -45,6 +46,8 @@ void SelectAllText(QLineEdit* control);
 /// true when the number is above `limit`.
 bool CheckMarkLimit(QLineEdit* control, int decimals, double limit, const QString& label);
 
+/// True for a display of 800 by 600 or close to it.
+bool IsSmallScreen(QSize pixels);
 /// The pictures behind the screens. On a small screen the small ones are used.
 int MainPicture();
 int PlainPicture();

@@ -126,6 +126,35 @@ protected:
         school->EnterMark(student, 1, 50 + code);
     }
 
+    /// Class 2, after the first one in the list; its two ready divisions allow 100 and 50 marks in Eng.
+    void GivenClassIXWithDivisionsThatDiffer()
+    {
+        Given("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 9, 2, 0)");
+        for (const int division : {1, 2}) {
+            const int student = 100 + division;
+            Given("INSERT INTO ClassDivisionDetails VALUES (2, ?, ?)",
+                  division == 1 ? QStringLiteral("A") : QStringLiteral("B"), division);
+            Given("INSERT INTO ClassSubjectTeacher VALUES (1, 2, ?, 1, 0, 100, ?, 'Yes', 1)", division,
+                  division == 1 ? 100 : 50);
+            Given("INSERT INTO RankMaster VALUES (1, 1, 2, ?, 0, 0, 'D', 1, 0)", division);
+            Given("INSERT INTO StudentMaster (StudentCode, AdmissionNo, OptionalAdmissionNo, StudentName,"
+                  " AcademicYearCode, CityCode, BloodGroupCode, TCNo) VALUES (?, ?, ?, 'Gita', 1, 0, 0, '')",
+                  student, student, student);
+            Given("INSERT INTO StudentClassDivision VALUES (?, 1, 2, ?, 'Y', 0)", student, division);
+            Given("INSERT INTO MarkMaster VALUES (1, ?, 1, 2, ?, 1, 40, 'P', 0, 0)", student, division);
+        }
+    }
+
+    /// The summary's counts by the texts before them.
+    QMap<QString, QString> SummaryLines()
+    {
+        const auto* summary = Find<FlexGrid>(form, "msgGrade");
+        QMap<QString, QString> lines;
+        for (int row = 1; row < summary->Rows(); ++row)
+            lines[summary->TextMatrix(row, 0)] = summary->TextMatrix(row, 1) + summary->TextMatrix(row, 2);
+        return lines;
+    }
+
     std::unique_ptr<RankSchool> school;
     frmRankCalculation* form = nullptr;
     QComboBox* exam = nullptr;
@@ -260,6 +289,44 @@ TEST_F(RankScreen, ADivisionWithAnotherGradeTableIsUntickedWithOneMessage)
                        "Already Selected Division(s)"));
     Tick(1);
     EXPECT_FALSE(divisions->IsTicked(1));
+}
+
+TEST_F(RankScreen, DisplayingAllSubjectsUnticksADivisionThatDiffersInASubjectNotTakenForRank)
+{
+    GivenDivision(1, "A");
+    school->AddSubject(1, 2, "Mor", 2, "No");
+    GivenDivision(2, "B");
+    OpenForm();
+    ChooseExamAndClass();
+    Tick(0);
+    Tick(1);
+    ASSERT_EQ(divisions->TickedIndexes(), (QList<int>{0, 1}));
+    prompts.ExpectInformation(
+        QStringLiteral("Selected Divisions' 'Subject(s) Taken For Rank' Does Not Match With "
+                       "The Non Selected Division(s)"));
+    Press(Option("Optsubjectdisplayyes"));
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
+}
+
+TEST_F(RankScreen, AnotherClassStartsTheComparisonOfDivisionsAnew)
+{
+    GivenDivision(1, "A");
+    GivenDivision(2, "B");
+    GivenClassIXWithDivisionsThatDiffer();
+    OpenForm();
+    ChooseExamAndClass();
+    Tick(1);
+    ASSERT_EQ(divisions->TickedIndexes(), QList<int>{1});
+
+    QTest::keyClick(classes, Qt::Key_Down);
+    ASSERT_EQ(classes->currentText(), QStringLiteral("IX"));
+    Tick(0);
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
+    prompts.ExpectInformation(
+        QStringLiteral("Selected Division's 'Subjects Taken For Rank' Does Not Match With "
+                       "Already Selected Division(s)"));
+    Tick(1);
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
 }
 
 TEST_F(RankScreen, SelectAllUnticksTheDivisionsThatDifferWithOneMessageAndClearsItself)
@@ -421,22 +488,31 @@ TEST_F(RankScreen, TheSummaryCountsGradesAbsenteesAndFullMarksAndClosesAgain)
     EXPECT_FALSE(Find<QFrame>(form, "Frame4")->isEnabled());
     EXPECT_FALSE(Button("cmdTotalDetails")->isEnabled());
 
-    const auto* summary = Find<FlexGrid>(form, "msgGrade");
-    QMap<QString, QString> lines;
-    for (int row = 1; row < summary->Rows(); ++row)
-        lines[summary->TextMatrix(row, 0)] = summary->TextMatrix(row, 1) + summary->TextMatrix(row, 2);
+    const QMap<QString, QString> lines = SummaryLines();
     EXPECT_EQ(lines.value(QStringLiteral("TOTAL STRENGTH")), QStringLiteral("5"));
     EXPECT_EQ(lines.value(QStringLiteral("No. Of 'A' Grades")), QStringLiteral("2"));
     EXPECT_EQ(lines.value(QStringLiteral("No. Of 'C' Grades")), QStringLiteral("2"));
     EXPECT_EQ(lines.value(QStringLiteral("TOTAL")), QStringLiteral("4"));
     EXPECT_EQ(lines.value(QStringLiteral("ABSENTEE")), QStringLiteral("1"));
     EXPECT_EQ(lines.value(QStringLiteral("Full Mark For X  A")), QStringLiteral("200"));
-    EXPECT_EQ(summary->ColWidth(3), 0);
+    EXPECT_EQ(Find<FlexGrid>(form, "msgGrade")->ColWidth(3), 0);
 
     Press(Button("cmdClose"));
     EXPECT_FALSE(panel->isVisible());
     EXPECT_TRUE(Find<QFrame>(form, "fraMain")->isEnabled());
     EXPECT_TRUE(Button("cmdTotalDetails")->isEnabled());
+}
+
+TEST_F(RankScreen, TheGradeOrderThatLeavesTheAbsentOutKeepsTheSummary)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    Press(Option("optGradeOrder"));
+    ASSERT_FALSE(ShownNames().contains(QStringLiteral("Esa")));
+    Press(Button("cmdTotalDetails"));
+    const QMap<QString, QString> lines = SummaryLines();
+    EXPECT_EQ(lines.value(QStringLiteral("ABSENTEE")), QStringLiteral("1"));
+    EXPECT_EQ(lines.value(QStringLiteral("TOTAL STRENGTH")), QStringLiteral("5"));
 }
 
 TEST_F(RankScreen, SavingWritesOneRowAStudentOnceHoweverOftenItIsDone)

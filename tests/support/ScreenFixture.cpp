@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QPointer>
 
 namespace tally::test {
 
@@ -54,9 +55,11 @@ void ProgramFixture::TearDown()
 {
     Settle();
     delete mdiTallyboard::Instance();
-    const auto left = QApplication::topLevelWidgets();
-    for (QWidget* widget : left)
-        if (!widget->parent())
+    // A window takes its calendars and lists with it, so what is left is looked up before each step.
+    const auto windows = QApplication::topLevelWidgets();
+    const QList<QPointer<QWidget>> left(windows.begin(), windows.end());
+    for (const QPointer<QWidget>& widget : left)
+        if (widget && !widget->parent())
             delete widget;
     Session() = SessionContext();
     EndProcessWith({});

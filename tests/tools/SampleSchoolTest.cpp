@@ -239,6 +239,20 @@ TEST(SampleSchool, HasAbsencesFailuresTiesAndRelievedStudents)
         0);
 }
 
+TEST(SampleSchool, OnlyRelievedStudentsHaveATransferCertificateAndTheOthersAnEmptyNumberAndNotNone)
+{
+    Connection store = SchoolOf(Small());
+    const auto students = [&store](const char* condition) {
+        return store.Number(QStringLiteral("SELECT count(*) FROM StudentMaster WHERE StudentCode > 0 AND ") +
+                            QLatin1String(condition));
+    };
+    EXPECT_EQ(students("TCNo IS NULL"), 0);
+    EXPECT_GT(students("RelievingDate IS NULL"), 0);
+    EXPECT_EQ(students("RelievingDate IS NULL AND TCNo <> ''"), 0);
+    EXPECT_GT(students("RelievingDate IS NOT NULL"), 0);
+    EXPECT_EQ(students("RelievingDate IS NOT NULL AND TCNo = ''"), 0);
+}
+
 TEST(SampleSchool, NoMarkIsAboveWhatItsSubjectAllows)
 {
     Connection store = SchoolOf(Small());
