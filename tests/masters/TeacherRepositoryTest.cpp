@@ -120,14 +120,6 @@ TEST_F(TeacherRepositoryTest, NamesDifferByCaseButShortNamesDoNot)
     EXPECT_FALSE(teachers.ShortNameTaken(QStringLiteral("ash"), 1));
 }
 
-TEST_F(TeacherRepositoryTest, ALetterWithoutACapitalIsFoundAsItWasTyped)
-{
-    const QString name = QString(QChar(0xdf));
-    Insert(1, Named(name, name));
-    EXPECT_TRUE(teachers.ShortNameTaken(name, 0));
-    EXPECT_EQ(teachers.Search(name, {}).rows.size(), 1U);
-}
-
 TEST_F(TeacherRepositoryTest, ListsBeginBlankAndNeverShowTheRowsThatMeanNotChosen)
 {
     using Names = TeacherRepository::Names;
