@@ -59,6 +59,19 @@ void Tour::Type(const QString& text)
     Settle();
 }
 
+void Tour::Fill(const QString& text)
+{
+    Type(text);
+    Press(Qt::Key_Return);
+}
+
+void Tour::ChooseNext(int entries)
+{
+    for (int entry = 0; entry < entries; ++entry)
+        Press(Qt::Key_Down);
+    Press(Qt::Key_Return);
+}
+
 void Tour::TabTo(const QString& widgetName)
 {
     for (int tabs = 0; tabs < MostTabs; ++tabs) {

@@ -37,6 +37,10 @@ public:
     /// Presses a key where the focus is, in an open menu before all else.
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void Type(const QString& text);
+    /// Types and goes on to the next field.
+    void Fill(const QString& text);
+    /// Goes down that many entries in a list and on to the next field.
+    void ChooseNext(int entries = 1);
     /// Presses Tab until the widget of that name has the focus.
     void TabTo(const QString& widgetName);
     /// Opens the menu of that letter and chooses the entry of that name.

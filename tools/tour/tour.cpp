@@ -1,5 +1,6 @@
-// tally-tour SCHOOL PICTURES goes through the program as a clerk would, by keys alone, in the folder SCHOOL
-// that tally-sample made. Pictures of each step and the exported rank list go to the folder PICTURES.
+// tally-tour SCHOOL PICTURES goes through the program as a clerk would, by keys alone: first it sets up a new
+// school in a folder of its own, then it works in the folder SCHOOL that tally-sample made. Pictures of each
+// step and the exported rank list go to the folder PICTURES.
 //
 // Exit codes: 0 every step went well, 1 a step failed, 2 wrong arguments.
 
@@ -7,16 +8,12 @@
 
 #include "app/Screens.h"
 #include "core/controls/FlexGrid.h"
-#include "core/controls/MovieView.h"
-#include "core/frmSplash.h"
 #include "core/look/Look.h"
-#include "core/mdiTallyboard.h"
 #include "core/OpenDocument.h"
-#include "core/ProcessEnd.h"
-#include "core/ProgramFolder.h"
 #include "core/Screen.h"
-#include "core/ScreenRegistry.h"
-#include "core/SessionContext.h"
+#include "NewSchool.h"
+#include "ProgramSteps.h"
+#include "store/StoreError.h"
 #include "tools/SampleSchool.h"
 
 #include <QApplication>
@@ -27,35 +24,6 @@
 namespace tally {
 
 namespace {
-
-void StartAndLogIn(Tour& tour, frmSplash& splash)
-{
-    if (!splash.Form_Load())
-        throw TourError(QStringLiteral("another copy of the program is running"));
-    splash.show();
-    tour.AwaitWindow(QStringLiteral("frmSplash"));
-    const auto* movie = splash.findChild<MovieView*>();
-    tour.Await(QStringLiteral("the movie"), [&] { return movie->IsPlaying(); });
-    tour.Picture(QStringLiteral("the program starts"), QStringLiteral("splash.png"), &splash);
-    tour.Press(Qt::Key_Return);
-
-    const SampleAccount account = SampleAccounts().constFirst();
-    QWidget* login = tour.AwaitWindow(QStringLiteral("frmStartLogin"));
-    tour.Type(QString::fromLatin1(account.loginId));
-    tour.Press(Qt::Key_Return);
-    tour.Type(QString::fromLatin1(account.password));
-    tour.Picture(QStringLiteral("login of the sample's administrator"), QStringLiteral("login.png"), login);
-    tour.Press(Qt::Key_Return);
-}
-
-QWidget* ShowMainWindow(Tour& tour)
-{
-    QWidget* window = tour.AwaitWindow(QStringLiteral("mdiTallyboard"));
-    window->showNormal();
-    window->resize(1100, 740);
-    tour.Picture(QStringLiteral("the main window"), QStringLiteral("main-window.png"), window);
-    return window;
-}
 
 void ShowMenus(Tour& tour, QWidget* window)
 {
@@ -83,27 +51,6 @@ void FillWindow(Screen* screen)
     constexpr int Margin = 8;
     QWidget* frame = screen->parentWidget();
     frame->setGeometry(frame->parentWidget()->rect().adjusted(Margin, Margin, -Margin, -Margin));
-}
-
-Screen* OpenScreen(Tour& tour, Qt::Key menu, const char* formName)
-{
-    const QString name = QString::fromLatin1(formName);
-    tour.ChooseFromMenu(menu, QStringLiteral("mnu") + name);
-    tour.Await(QStringLiteral("the screen ") + name, [&] {
-        const Screen* screen = ScreenRegistry::OpenInstance(name);
-        return screen && screen->isVisible() && screen->isAncestorOf(QApplication::focusWidget());
-    });
-    return ScreenRegistry::OpenInstance(name);
-}
-
-void LeaveScreen(Tour& tour, const char* formName, const QString& caption)
-{
-    tour.TabTo(QStringLiteral("cmdExit"));
-    if (Session().gblnPromptOnExit)
-        tour.Expect(QStringLiteral("Do You Want To Exit %1 ?").arg(caption));
-    tour.Press(Qt::Key_Space);
-    tour.Await(QStringLiteral("the screen to close"),
-               [&] { return ScreenRegistry::OpenInstance(QString::fromLatin1(formName)) == nullptr; });
 }
 
 /// Chooses the first entry behind the blank one, or the last one.
@@ -213,30 +160,28 @@ void LockAndUnlock(Tour& tour, QWidget* window)
     tour.AwaitWindow(QStringLiteral("mdiTallyboard"));
 }
 
-void Close(Tour& tour)
+void GoThroughSampleSchool(Tour& tour, const QDir& school, const QDir& pictures)
 {
-    bool ended = false;
-    EndProcessWith([&] { ended = true; });
-    tour.Expect(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?"));
-    tour.Press(Qt::Key_O, Qt::AltModifier);
-    tour.Await(QStringLiteral("the end of the program"), [&] { return ended; });
-    EndProcessWith({});
-    tour.Done(QStringLiteral("closed"));
-}
-
-void GoThroughProgram(const QDir& school, const QDir& pictures)
-{
-    Tour tour(pictures.path());
-    frmSplash splash(school.filePath(QStringLiteral("tallyboard")));
-    StartAndLogIn(tour, splash);
+    const SampleAccount account = SampleAccounts().constFirst();
+    const ProgramRun run(tour, school);
+    run.LogIn({QString::fromLatin1(account.loginId), QString::fromLatin1(account.password),
+               QStringLiteral("login of the sample's administrator"), QStringLiteral("login.png")});
     QWidget* window = ShowMainWindow(tour);
+    tour.Picture(QStringLiteral("the main window"), QStringLiteral("main-window.png"), window);
     ShowMenus(tour, window);
     PrepareRankList(tour, window);
     ShowRankLists(tour, window);
     SummariseSaveAndExport(tour, window, pictures);
     ShowOptions(tour, window);
     LockAndUnlock(tour, window);
-    Close(tour);
+    CloseProgram(tour);
+}
+
+void GoThroughProgram(const QDir& school, const QDir& pictures)
+{
+    Tour tour(pictures.path());
+    SetUpNewSchool(tour);
+    GoThroughSampleSchool(tour, school, pictures);
 }
 
 /// What a platform without a screen cannot do is no news here.
@@ -265,7 +210,6 @@ int main(int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     ApplyLook(application, false);
     RegisterScreens();
-    SetProgramFolder(school.absolutePath());
     SetExportFolder(pictures.path());
     UseSpreadsheetProgram({true, [](const QString& path) { return QFile::exists(path); }});
 
@@ -275,9 +219,9 @@ int main(int argc, char** argv)
     } catch (const TourError& error) {
         std::fprintf(stderr, "The tour stops: %s\n", error.what());
         result = 1;
+    } catch (const store::StoreError& error) {
+        std::fprintf(stderr, "The tour stops: %s\n", error.Description().toUtf8().constData());
+        result = 1;
     }
-    delete mdiTallyboard::Instance();
-    Session().gcnnTemp.reset();
-    Session().gcnnMain.reset();
     return result;
 }

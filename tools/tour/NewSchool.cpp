@@ -1,0 +1,196 @@
+#include "NewSchool.h"
+
+#include "core/controls/FlexGrid.h"
+#include "core/DatabasePassword.h"
+#include "core/Screen.h"
+#include "core/SessionContext.h"
+#include "ProgramSteps.h"
+#include "tools/DeliveredDatabases.h"
+#include "tools/SampleSchool.h"
+#include "Tour.h"
+
+#include <QTemporaryDir>
+
+namespace tally {
+
+namespace {
+
+/// The password of all databases, without a session that is open.
+QString Password()
+{
+    SessionContext session;
+    BuildDatabasePassword(session);
+    return DatabasePassword(session);
+}
+
+void Save(Tour& tour, const char* result)
+{
+    tour.Expect(QString::fromLatin1(result));
+    tour.Press(Qt::Key_S, Qt::AltModifier);
+}
+
+/// Adds one entry of a small master screen that is open, and leaves it.
+void AddEntry(Tour& tour, QWidget* window, const char* formName, const QString& name, const char* picture)
+{
+    tour.Type(name);
+    Save(tour, "Record Saved");
+    const QString form = QString::fromLatin1(formName);
+    const QString caption = AwaitScreen(tour, form)->windowTitle();
+    tour.Picture(QStringLiteral("%1: %2 saved").arg(caption, name), QString::fromLatin1(picture), window);
+    LeaveScreen(tour, formName, caption);
+}
+
+void AddStateAndCity(Tour& tour, QWidget* window)
+{
+    tour.Press(Qt::Key_D, Qt::AltModifier);
+    AwaitScreen(tour, QStringLiteral("frmMasStateMaster"));
+    tour.Press(Qt::Key_N, Qt::AltModifier);
+    AddEntry(tour, window, "frmMasStateMaster", QStringLiteral("Kerala"), "new-state.png");
+
+    AwaitScreen(tour, QStringLiteral("frmMasSchoolSetup"));
+    tour.Press(Qt::Key_Y, Qt::AltModifier);
+    AwaitScreen(tour, QStringLiteral("frmMasCityMaster"));
+    tour.Press(Qt::Key_N, Qt::AltModifier);
+    tour.ChooseNext();
+    AddEntry(tour, window, "frmMasCityMaster", QStringLiteral("Kochi"), "new-city.png");
+}
+
+void EnterSchool(Tour& tour, QWidget* window)
+{
+    const QString form = QStringLiteral("frmMasSchoolSetup");
+    const QString caption = AwaitScreen(tour, form)->windowTitle();
+    tour.Picture(QStringLiteral("a new system asks for its school"), QStringLiteral("new-school.png"),
+                 window);
+    tour.Press(Qt::Key_N, Qt::AltModifier);
+    AddStateAndCity(tour, window);
+
+    AwaitScreen(tour, form);
+    tour.Press(Qt::Key_M, Qt::AltModifier);
+    for (const char* text : {"Hill View School", "1 Bell Road", ""})
+        tour.Fill(QString::fromLatin1(text));
+    tour.ChooseNext();
+    tour.ChooseNext();
+    tour.Fill(QStringLiteral("682001"));
+    constexpr int June = 6;
+    tour.ChooseNext(June);
+    tour.Picture(QStringLiteral("the school is entered"), QStringLiteral("new-school-entered.png"), window);
+    Save(tour, "Record Saved");
+    tour.Picture(QStringLiteral("the school is saved"), QStringLiteral("new-school-saved.png"), window);
+    LeaveScreen(tour, "frmMasSchoolSetup", caption);
+}
+
+void EnterAcademicYear(Tour& tour, QWidget* window)
+{
+    const QString caption = AwaitScreen(tour, QStringLiteral("frmMasAcademicYearSetup"))->windowTitle();
+    tour.Picture(QStringLiteral("then it asks for the academic year"), QStringLiteral("new-year.png"),
+                 window);
+    tour.Press(Qt::Key_N, Qt::AltModifier);
+    tour.Fill(QStringLiteral("2025"));
+    tour.ChooseNext();
+    Save(tour, "Academic Year Saved");
+    tour.Picture(QStringLiteral("the year is saved"), QStringLiteral("new-year-saved.png"), window);
+    LeaveScreen(tour, "frmMasAcademicYearSetup", caption);
+}
+
+/// Without any user yet, whatever is typed at the login opens the program.
+void StartForTheFirstTime(Tour& tour, const QDir& folder)
+{
+    const ProgramRun run(tour, folder);
+    run.LogIn({QStringLiteral("anybody"), QStringLiteral("anything"),
+               QStringLiteral("first login, with any text"), QStringLiteral("first-login.png")});
+    QWidget* window = ShowMainWindow(tour);
+    EnterSchool(tour, window);
+    EnterAcademicYear(tour, window);
+    CloseProgram(tour);
+}
+
+/// The menus open with a user's rights, which the tour hands out itself.
+void GiveUsers(Tour& tour, const QDir& folder)
+{
+    store::Connection connection(folder.filePath(QStringLiteral("Tallyboard.mdb")), Password());
+    store::Transaction transaction(connection);
+    InsertSampleUsers(transaction);
+    transaction.Commit();
+    tour.Done(QStringLiteral("the tour gives the new school the sample's users and their rights"));
+}
+
+void EnterClass(Tour& tour, QWidget* window)
+{
+    const Screen* screen = OpenScreen(tour, Qt::Key_M, "frmMasClassSectionEntry");
+    tour.Picture(QStringLiteral("a note about the order of the classes"), QStringLiteral("class-note.png"),
+                 window);
+    tour.Press(Qt::Key_Space);
+    tour.Press(Qt::Key_N, Qt::AltModifier);
+    tour.Fill(QStringLiteral("X"));
+    tour.Fill(QStringLiteral("2"));
+    tour.Picture(QStringLiteral("a class with two divisions"), QStringLiteral("class-entered.png"), window);
+    Save(tour, "Record Saved");
+    const auto* classes = screen->findChild<FlexGrid*>(QStringLiteral("msgClassDetails"));
+    tour.Await(QStringLiteral("the saved class"), [&] {
+        return classes->TextMatrix(1, 1) == QLatin1String("X") &&
+               classes->TextMatrix(1, 2) == QLatin1String("2");
+    });
+    tour.Picture(QStringLiteral("the class is saved"), QStringLiteral("class-saved.png"), window);
+    LeaveScreen(tour, "frmMasClassSectionEntry", screen->windowTitle());
+}
+
+void EnterTeacher(Tour& tour, QWidget* window)
+{
+    OpenScreen(tour, Qt::Key_M, "frmSalutationMaster");
+    tour.Press(Qt::Key_N, Qt::AltModifier);
+    AddEntry(tour, window, "frmSalutationMaster", QStringLiteral("Mrs"), "salutation.png");
+
+    const Screen* screen = OpenScreen(tour, Qt::Key_M, "frmTeacherMaster");
+    tour.Press(Qt::Key_N, Qt::AltModifier);
+    tour.ChooseNext();
+    tour.Fill(QStringLiteral("Asha Menon"));
+    tour.Fill(QStringLiteral("ASH"));
+    tour.TabTo(QStringLiteral("txtQualification"));
+    tour.Fill(QStringLiteral("B.Ed"));
+    tour.Picture(QStringLiteral("a teacher"), QStringLiteral("teacher-entered.png"), window);
+    Save(tour, "Record Saved");
+    tour.Picture(QStringLiteral("the teacher is saved"), QStringLiteral("teacher-saved.png"), window);
+    LeaveScreen(tour, "frmTeacherMaster", screen->windowTitle());
+}
+
+void AddWorkingDay(Tour& tour, QWidget* window)
+{
+    const Screen* screen = OpenScreen(tour, Qt::Key_U, "frmUtilApplicationDateSetup");
+    tour.TabTo(QStringLiteral("cmdAddOneDay"));
+    tour.Expect(QStringLiteral("Do You Want To Add Application Date : 02/Jun/2025 ?"));
+    tour.Expect(QStringLiteral("Application Date Added"));
+    tour.Press(Qt::Key_Space);
+    tour.Picture(QStringLiteral("a working day is added"), QStringLiteral("working-day.png"), window);
+    LeaveScreen(tour, "frmUtilApplicationDateSetup", screen->windowTitle());
+}
+
+void FillMasters(Tour& tour, const QDir& folder)
+{
+    const SampleAccount account = SampleAccounts().constFirst();
+    const ProgramRun run(tour, folder);
+    run.LogIn({QString::fromLatin1(account.loginId), QString::fromLatin1(account.password),
+               QStringLiteral("login of the new school's administrator"),
+               QStringLiteral("second-login.png")});
+    QWidget* window = ShowMainWindow(tour);
+    EnterClass(tour, window);
+    EnterTeacher(tour, window);
+    AddWorkingDay(tour, window);
+    CloseProgram(tour);
+}
+
+} // namespace
+
+void SetUpNewSchool(Tour& tour)
+{
+    const QTemporaryDir temporary;
+    if (!temporary.isValid())
+        throw TourError(QStringLiteral("no folder can be made for the new school"));
+    const QDir folder(temporary.path());
+    MakeDeliveredDatabases(folder.path(), Password());
+    tour.Done(QStringLiteral("databases as they are delivered"));
+    StartForTheFirstTime(tour, folder);
+    GiveUsers(tour, folder);
+    FillMasters(tour, folder);
+}
+
+} // namespace tally

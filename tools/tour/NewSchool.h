@@ -1,0 +1,12 @@
+#pragma once
+
+namespace tally {
+
+class Tour;
+
+/// Sets up a school on databases as they are delivered, in a folder that is gone afterwards: the first start,
+/// from the school to its first academic year, then a class, a teacher and a working day. Throws TourError
+/// and StoreError.
+void SetUpNewSchool(Tour& tour);
+
+} // namespace tally

@@ -1,0 +1,91 @@
+#include "ProgramSteps.h"
+
+#include "core/controls/MovieView.h"
+#include "core/mdiTallyboard.h"
+#include "core/ProcessEnd.h"
+#include "core/ProgramFolder.h"
+#include "core/Screen.h"
+#include "core/ScreenRegistry.h"
+#include "core/SessionContext.h"
+#include "Tour.h"
+
+#include <QApplication>
+
+namespace tally {
+
+ProgramRun::ProgramRun(Tour& tour, const QDir& folder)
+    : tour_(tour), splash_(folder.filePath(QStringLiteral("tallyboard")))
+{
+    SetProgramFolder(folder.absolutePath());
+    if (!splash_.Form_Load())
+        throw TourError(QStringLiteral("another copy of the program is running"));
+    splash_.show();
+    tour.AwaitWindow(QStringLiteral("frmSplash"));
+    const auto* movie = splash_.findChild<MovieView*>();
+    tour.Await(QStringLiteral("the movie"), [&] { return movie->IsPlaying(); });
+    tour.Picture(QStringLiteral("the program starts"), QStringLiteral("splash.png"), &splash_);
+}
+
+ProgramRun::~ProgramRun()
+{
+    EndProcessWith({});
+    delete mdiTallyboard::Instance();
+    Session() = SessionContext();
+}
+
+void ProgramRun::LogIn(const Login& login) const
+{
+    tour_.Press(Qt::Key_Return);
+    QWidget* window = tour_.AwaitWindow(QStringLiteral("frmStartLogin"));
+    tour_.Fill(login.loginId);
+    tour_.Type(login.password);
+    tour_.Picture(login.what, login.fileName, window);
+    tour_.Press(Qt::Key_Return);
+}
+
+QWidget* ShowMainWindow(Tour& tour)
+{
+    QWidget* window = tour.AwaitWindow(QStringLiteral("mdiTallyboard"));
+    window->showNormal();
+    window->resize(1100, 740);
+    return window;
+}
+
+Screen* AwaitScreen(Tour& tour, const QString& formName)
+{
+    tour.Await(QStringLiteral("the screen ") + formName, [&] {
+        const Screen* screen = ScreenRegistry::OpenInstance(formName);
+        return screen && screen->isVisible() && screen->isAncestorOf(QApplication::focusWidget());
+    });
+    return ScreenRegistry::OpenInstance(formName);
+}
+
+Screen* OpenScreen(Tour& tour, Qt::Key menu, const char* formName)
+{
+    const QString name = QString::fromLatin1(formName);
+    tour.ChooseFromMenu(menu, QStringLiteral("mnu") + name);
+    return AwaitScreen(tour, name);
+}
+
+void LeaveScreen(Tour& tour, const char* formName, const QString& caption)
+{
+    tour.TabTo(QStringLiteral("cmdExit"));
+    if (Session().gblnPromptOnExit)
+        tour.Expect(QStringLiteral("Do You Want To Exit %1 ?").arg(caption));
+    tour.Press(Qt::Key_Space);
+    tour.Await(QStringLiteral("the screen to close"),
+               [&] { return ScreenRegistry::OpenInstance(QString::fromLatin1(formName)) == nullptr; });
+}
+
+void CloseProgram(Tour& tour)
+{
+    bool ended = false;
+    EndProcessWith([&] { ended = true; });
+    tour.Expect(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?"));
+    tour.Press(Qt::Key_O, Qt::AltModifier);
+    tour.Await(QStringLiteral("the end of the program"), [&] { return ended; });
+    EndProcessWith({});
+    tour.Done(QStringLiteral("closed"));
+}
+
+} // namespace tally
