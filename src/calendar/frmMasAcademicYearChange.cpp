@@ -5,6 +5,7 @@
 #include "core/look/Look.h"
 #include "core/mdiTallyboard.h"
 #include "core/modTallyboard.h"
+#include "core/modTallyboardForms.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "ui_frmMasAcademicYearChange.h"
@@ -61,18 +62,17 @@ void frmMasAcademicYearChange::cmdSave_Click()
     if (!MayUse(QLatin1Char('S')))
         return;
     if (ui_->txtAcademicYearFrom->text().toInt() == 0) {
-        Prompts::Information(QStringLiteral("Enter Academic Year 'From'"));
-        ui_->txtAcademicYearFrom->setFocus();
+        Refuse(QStringLiteral("Enter Academic Year 'From'"), ui_->txtAcademicYearFrom);
         return;
     }
     std::optional<StoredYear> found;
     if (!Read([&] { found = FindYear(); }) || !found)
         return;
     if (found->processed) {
-        Prompts::Information(QStringLiteral("Already Processed For The Entered Academic Year.\n"
-                                            "You Cannot Work In This Academic Year\n"
-                                            "Contact Administrator"));
-        ui_->txtAcademicYearFrom->setFocus();
+        Refuse(QStringLiteral("Already Processed For The Entered Academic Year.\n"
+                              "You Cannot Work In This Academic Year\n"
+                              "Contact Administrator"),
+               ui_->txtAcademicYearFrom);
         return;
     }
     if (!Read([&] { WorkIn(*found); }))

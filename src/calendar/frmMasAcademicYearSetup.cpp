@@ -289,13 +289,6 @@ bool frmMasAcademicYearSetup::MayBeSaved()
     return true;
 }
 
-bool frmMasAcademicYearSetup::Refuse(const QString& text, QWidget* focus)
-{
-    Prompts::Information(text);
-    focus->setFocus();
-    return false;
-}
-
 void frmMasAcademicYearSetup::StoreNew(store::Transaction& transaction, const AcademicYear& year)
 {
     AcademicYearRepository::Insert(transaction, year, EnteredActive(), Session().gintUserCode);

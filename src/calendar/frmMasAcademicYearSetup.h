@@ -43,7 +43,6 @@ private:
     void ShowSchoolSetupOffer();
     /// The tests in front of a save; each that fails tells the user.
     bool MayBeSaved();
-    bool Refuse(const QString& text, QWidget* focus);
     void StoreNew(store::Transaction& transaction, const AcademicYear& year);
     void TakeFirstYear(const AcademicYear& year);
     bool AYearIsActive();

@@ -14,17 +14,6 @@
 
 namespace tally {
 
-namespace {
-
-QString ConflictText(bool deleting)
-{
-    return deleting
-               ? QStringLiteral("This Data Is Already Used By Other Screen(s).\nYou Cannot Delete This Data.")
-               : QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data.");
-}
-
-} // namespace
-
 Screen::Screen(const QString& formName, int helpScreenNo)
 {
     setObjectName(formName);
@@ -102,8 +91,7 @@ bool Screen::TakeScreen(const QString& screenName)
         takenScreen_ = screenName;
         return true;
     } catch (const store::StoreError& error) {
-        const bool taken = error.Kind() == store::ErrorKind::GeneralFailure && !error.IsLocked();
-        if (taken)
+        if (error.IsConflict())
             Prompts::Information(QStringLiteral(
                 "This Screen Is Already Opened By Another User. So You Cannot Open This Screen"));
         else
@@ -145,11 +133,18 @@ bool Screen::Write(Conflict conflict, const std::function<void(store::Transactio
         transaction.Commit();
         return true;
     } catch (const store::StoreError& error) {
-        const bool fixedText = conflict != Conflict::Describe && !error.IsLocked() &&
-                               error.Kind() == store::ErrorKind::GeneralFailure;
-        Prompts::Critical(fixedText ? ConflictText(conflict == Conflict::DataIsInUse) : error.Description());
+        Prompts::Critical(TextOf(error, conflict));
         return false;
     }
+}
+
+QString Screen::TextOf(const store::StoreError& error, Conflict conflict)
+{
+    if (conflict == Conflict::Describe || !error.IsConflict())
+        return error.Description();
+    return conflict == Conflict::DataIsInUse
+               ? QStringLiteral("This Data Is Already Used By Other Screen(s).\nYou Cannot Delete This Data.")
+               : QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data.");
 }
 
 bool Screen::Read(const std::function<void()>& work)

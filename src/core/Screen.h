@@ -10,6 +10,10 @@ class QAbstractButton;
 
 namespace tally {
 
+namespace store {
+class StoreError;
+}
+
 /// What every screen inside the main window shares: its keys, its one way to close, the privilege test in
 /// front of guarded buttons and the texts for a refused save or delete.
 class Screen : public QWidget
@@ -67,6 +71,9 @@ protected:
     /// Runs `work` in one transaction on the main database and commits it. False when it failed: the user has
     /// been told and nothing was stored.
     bool Write(Conflict conflict, const std::function<void(store::Transaction&)>& work);
+    /// What the user is told of a failed write: the fixed text of a conflict with other data, else the
+    /// failure's own description.
+    static QString TextOf(const store::StoreError& error, Conflict conflict);
     /// Runs work that only reads. False when it failed and the user has been told.
     bool Read(const std::function<void()>& work);
 

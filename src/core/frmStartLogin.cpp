@@ -148,8 +148,8 @@ void frmStartLogin::Login()
     SessionContext& session = Session();
     SessionRepository repository(*session.gcnnMain);
     session.gdtmApplicationDate = repository.LastApplicationDate();
-    if (!Require(ui_->txtLoginID, QStringLiteral("Enter Login ID")) ||
-        !Require(ui_->txtPassword, QStringLiteral("Enter Password")))
+    if (!RequireText(QStringLiteral("Enter Login ID"), ui_->txtLoginID) ||
+        !RequireText(QStringLiteral("Enter Password"), ui_->txtPassword))
         return;
 
     session.gstrLoginId = ui_->txtLoginID->text().trimmed();
@@ -176,15 +176,6 @@ void frmStartLogin::Login()
     session.gintPrivilegeUserCode = user->code;
     LoadSchoolDetails();
     LoadApplication(repository);
-}
-
-bool frmStartLogin::Require(QLineEdit* field, const QString& message)
-{
-    if (!field->text().trimmed().isEmpty())
-        return true;
-    Prompts::Information(message);
-    field->setFocus();
-    return false;
 }
 
 bool frmStartLogin::NewInstallation(SessionRepository& repository)

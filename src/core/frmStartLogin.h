@@ -35,7 +35,6 @@ private:
     void Light(bool ok, bool cancel);
     void ImgOK_Click();
     void Login();
-    bool Require(QLineEdit* field, const QString& message);
     bool NewInstallation(SessionRepository& repository);
     void LoadApplication(SessionRepository& repository);
     void GiveWayToMainWindow();

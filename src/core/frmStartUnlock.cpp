@@ -2,6 +2,7 @@
 
 #include "core/FormKeys.h"
 #include "core/look/Look.h"
+#include "core/modTallyboardForms.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
@@ -38,8 +39,8 @@ frmStartUnlock::~frmStartUnlock() = default;
 
 void frmStartUnlock::cmdOK_Click()
 {
-    if (!Require(ui_->txtLoginID, QStringLiteral("Enter Login ID")) ||
-        !Require(ui_->txtPassword, QStringLiteral("Enter Password")))
+    if (!RequireText(QStringLiteral("Enter Login ID"), ui_->txtLoginID) ||
+        !RequireText(QStringLiteral("Enter Password"), ui_->txtPassword))
         return;
     try {
         if (SessionRepository(*Session().gcnnMain).IsNewInstallation())
@@ -55,15 +56,6 @@ void frmStartUnlock::cmdOK_Click()
     ui_->txtLoginID->clear();
     ui_->txtPassword->clear();
     ui_->txtLoginID->setFocus();
-}
-
-bool frmStartUnlock::Require(QLineEdit* field, const QString& message)
-{
-    if (!field->text().trimmed().isEmpty())
-        return true;
-    Prompts::Information(message);
-    field->setFocus();
-    return false;
 }
 
 void frmStartUnlock::Unload()

@@ -26,7 +26,6 @@ Q_SIGNALS:
 
 private:
     void cmdOK_Click();
-    bool Require(QLineEdit* field, const QString& message);
     void Unload();
 
     std::unique_ptr<Ui::frmStartUnlock> ui_;

@@ -216,6 +216,18 @@ void SelectAllText(QLineEdit* control)
     control->setSelection(0, static_cast<int>(control->text().size()));
 }
 
+bool Refuse(const QString& text, QWidget* field)
+{
+    Prompts::Information(text);
+    field->setFocus();
+    return false;
+}
+
+bool RequireText(const QString& text, QLineEdit* field)
+{
+    return !field->text().trimmed().isEmpty() || Refuse(text, field);
+}
+
 bool CheckMarkLimit(QLineEdit* control, int decimals, double limit, const QString& label)
 {
     QString text = control->text();

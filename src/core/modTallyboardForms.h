@@ -42,6 +42,10 @@ void ClearControls(QWidget* form);
 /// One empty row under the head; one column too, unless the grid is "msgSummary".
 void ClearMSGrid(FlexGrid* grid);
 void SelectAllText(QLineEdit* control);
+/// Says what is wrong and takes the user to the field. Always false: there is nothing to go on with.
+bool Refuse(const QString& text, QWidget* field);
+/// True when something stands in the field; else refuses it with `text`. Blanks are nothing.
+bool RequireText(const QString& text, QLineEdit* field);
 /// Cuts the last character when there are more than `decimals` behind the point; tells the user and gives
 /// true when the number is above `limit`.
 bool CheckMarkLimit(QLineEdit* control, int decimals, double limit, const QString& label);

@@ -213,13 +213,9 @@ void frmMasClassSectionEntry::cmdSave_Click()
     } catch (const store::StoreError& error) {
         ShowClasses();
         // Another client's save is over in a moment, so what was entered stays for a second try.
-        if (error.Kind() != store::ErrorKind::GeneralFailure || error.IsLocked()) {
-            Prompts::Critical(error.Description());
-            return;
-        }
-        Prompts::Critical(QStringLiteral("This Data Is Already Used By Other Screen(s).\n"
-                                         "You Cannot Delete This Data."));
-        cmdCancel_Click();
+        Prompts::Critical(TextOf(error, Conflict::DataIsInUse));
+        if (error.IsConflict())
+            cmdCancel_Click();
         return;
     }
     Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));

@@ -176,11 +176,7 @@ void frmMasSchoolSetup::cmdExit_Click()
 bool frmMasSchoolSetup::IsComplete()
 {
     const auto filled = [](QWidget* field, const QString& text, const char* message) {
-        if (!text.trimmed().isEmpty())
-            return true;
-        Prompts::Information(QString::fromLatin1(message));
-        field->setFocus();
-        return false;
+        return !text.trimmed().isEmpty() || Refuse(QString::fromLatin1(message), field);
     };
     return filled(ui_->txtSchoolName, ui_->txtSchoolName->text(), "Enter School Name") &&
            filled(ui_->txtAddress1, ui_->txtAddress1->text(), "Enter Address") &&
@@ -206,10 +202,9 @@ bool frmMasSchoolSetup::StartMonthFits()
     if (!yearExists ||
         month.compare(ui_->cboAcademicYearCodeStartMonth->currentText(), Qt::CaseInsensitive) == 0)
         return true;
-    Prompts::Information(QStringLiteral(
-        "Academic Year Setup Already Created. So You Cannot Change Academic Year Start Month"));
-    ui_->cboAcademicYearCodeStartMonth->setFocus();
-    return false;
+    return Refuse(QStringLiteral("Academic Year Setup Already Created. So You Cannot Change Academic Year "
+                                 "Start Month"),
+                  ui_->cboAcademicYearCodeStartMonth);
 }
 
 School frmMasSchoolSetup::Entered() const

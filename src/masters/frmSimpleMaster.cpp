@@ -288,16 +288,11 @@ void frmSimpleMaster::cmdAdd_Click()
 
 bool frmSimpleMaster::IsComplete()
 {
-    const auto missing = [](QWidget* field, const char* message) {
-        Prompts::Information(Words(message));
-        field->setFocus();
-        return false;
-    };
     if (dbcParent_ && dbcParent_->IsBlank())
-        return missing(dbcParent_, definition_.parent->emptyMessage);
+        return Refuse(Words(definition_.parent->emptyMessage), dbcParent_);
     for (std::size_t i = 0; i < boxes_.size(); ++i)
         if (boxes_[i]->text().trimmed().isEmpty())
-            return missing(boxes_[i], definition_.fields[i].emptyMessage);
+            return Refuse(Words(definition_.fields[i].emptyMessage), boxes_[i]);
     return true;
 }
 
@@ -308,9 +303,7 @@ bool frmSimpleMaster::IsDuplicate(const SimpleMasterEntry& entry)
         return true;
     if (!duplicate)
         return false;
-    Prompts::Information(Words(duplicate->message));
-    boxes_[duplicate->field]->setFocus();
-    return true;
+    return !Refuse(Words(duplicate->message), boxes_[duplicate->field]);
 }
 
 SimpleMasterEntry frmSimpleMaster::Entry() const

@@ -283,7 +283,7 @@ bool frmTeacherMaster::WriteOrCancel(Conflict conflict, const std::function<void
         try {
             work(transaction);
         } catch (const store::StoreError& error) {
-            contradicted = error.Kind() == store::ErrorKind::GeneralFailure && !error.IsLocked();
+            contradicted = error.IsConflict();
             throw;
         }
     });
@@ -296,11 +296,11 @@ bool frmTeacherMaster::WriteOrCancel(Conflict conflict, const std::function<void
 bool frmTeacherMaster::IsReady(const Teacher& teacher)
 {
     if (teacher.salutationCode == 0)
-        return Refuse(ui_->cboPrefix, QStringLiteral("Select Salutation"));
+        return Refuse(QStringLiteral("Select Salutation"), ui_->cboPrefix);
     if (teacher.name.isEmpty())
-        return Refuse(ui_->txtTeacherName, QStringLiteral("Enter Teacher Name"));
+        return Refuse(QStringLiteral("Enter Teacher Name"), ui_->txtTeacherName);
     if (teacher.shortName.isEmpty())
-        return Refuse(ui_->txtTeacherShortName, QStringLiteral("Enter Teacher Short Name"));
+        return Refuse(QStringLiteral("Enter Teacher Short Name"), ui_->txtTeacherShortName);
     if (RefuseDate(ui_->dtpJoining, QStringLiteral("Joining Date"),
                    FaultAtSave(teacher.joiningDate, teacher.dateOfBirth)))
         return false;
@@ -317,26 +317,19 @@ bool frmTeacherMaster::IsReady(const Teacher& teacher)
     if (!known)
         return false;
     if (nameTaken)
-        return Refuse(ui_->txtTeacherName, QStringLiteral("Teacher Name Already Exists"));
+        return Refuse(QStringLiteral("Teacher Name Already Exists"), ui_->txtTeacherName);
     if (shortNameTaken)
-        return Refuse(ui_->txtTeacherShortName, QStringLiteral("Teacher Short Name Already Exists"));
+        return Refuse(QStringLiteral("Teacher Short Name Already Exists"), ui_->txtTeacherShortName);
     return true;
 }
 
 bool frmTeacherMaster::RefuseDate(OptionalDatePicker* date, const QString& name, DateFault fault)
 {
     if (fault == DateFault::BirthMissing)
-        Refuse(ui_->dtpDOB, QStringLiteral("Select 'Date Of Birth'"));
+        Refuse(QStringLiteral("Select 'Date Of Birth'"), ui_->dtpDOB);
     else if (fault == DateFault::NotAfterBirth)
-        Refuse(date, QStringLiteral("'%1' Should Be Greater Than 'Date Of Birth'").arg(name));
+        Refuse(QStringLiteral("'%1' Should Be Greater Than 'Date Of Birth'").arg(name), date);
     return fault != DateFault::None;
-}
-
-bool frmTeacherMaster::Refuse(QWidget* field, const QString& message)
-{
-    Prompts::Information(message);
-    field->setFocus();
-    return false;
 }
 
 void frmTeacherMaster::cmdCancel_Click()

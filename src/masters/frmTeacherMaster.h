@@ -60,8 +60,6 @@ private:
     bool IsReady(const Teacher& teacher);
     /// Says what is wrong with a date and takes the user there. True when the date is refused.
     bool RefuseDate(OptionalDatePicker* date, const QString& name, DateFault fault);
-    /// Says what is wrong and takes the user to the field. Always false: there is nothing to save.
-    bool Refuse(QWidget* field, const QString& message);
     Teacher Entered() const;
     void Show(const Teacher& teacher);
     void ShowState(MasterState state);

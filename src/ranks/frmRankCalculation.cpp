@@ -238,17 +238,12 @@ void frmRankCalculation::CheckAgreement(const QString& subjectMessage, const QSt
 
 bool frmRankCalculation::SelectionComplete()
 {
-    const auto ask = [](const QString& text, QWidget* control) {
-        Prompts::Information(text);
-        control->setFocus();
-        return false;
-    };
     if (ChosenCode(ui_->Cboexamname) == 0)
-        return ask(QStringLiteral("Select Exam Name"), ui_->Cboexamname);
+        return Refuse(QStringLiteral("Select Exam Name"), ui_->Cboexamname);
     if (ChosenCode(ui_->cboClass) == 0)
-        return ask(QStringLiteral("Select Class"), ui_->cboClass);
+        return Refuse(QStringLiteral("Select Class"), ui_->cboClass);
     if (ui_->Lstdivision->TickedIndexes().isEmpty())
-        return ask(QStringLiteral("Select Division(s)"), ui_->Lstdivision);
+        return Refuse(QStringLiteral("Select Division(s)"), ui_->Lstdivision);
     return true;
 }
 

@@ -36,6 +36,8 @@ public:
     /// True when another client held the file for longer than the waiting time. Trying again later may
     /// succeed.
     bool IsLocked() const;
+    /// True when the change contradicts rows that others have stored or deleted: trying again will not help.
+    bool IsConflict() const { return kind_ == ErrorKind::GeneralFailure && !IsLocked(); }
 
     const char* what() const noexcept override { return what_.constData(); }
 
