@@ -105,7 +105,7 @@ QHash<QString, QAction*> BuildMenus(QMenuBar* bar, const std::function<void(cons
             action = (group ? group->addMenu(caption) : bar->addMenu(caption))->menuAction();
             break;
         case MenuKind::Entry: action = group ? group->addAction(caption) : bar->addAction(caption); break;
-        case MenuKind::Separator: action = group->addSeparator(); break;
+        case MenuKind::Separator: action = group ? group->addSeparator() : bar->addSeparator(); break;
         }
         const QString screen = QString::fromLatin1(line.opens);
         action->setObjectName(QString::fromLatin1(line.name));

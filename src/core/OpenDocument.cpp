@@ -32,7 +32,7 @@ QString InstalledProgram()
 {
     static const std::array Names{"localc", "libreoffice", "soffice", "gnumeric"};
     for (const char* name : Names) {
-        const QString path = QStandardPaths::findExecutable(QString::fromLatin1(name));
+        QString path = QStandardPaths::findExecutable(QString::fromLatin1(name));
         if (!path.isEmpty())
             return path;
     }

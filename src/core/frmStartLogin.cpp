@@ -24,7 +24,7 @@ constexpr int EntryLength = 15;
 
 QPixmap ButtonPicture(const QWidget* form, const QString& caption, bool lit)
 {
-    const QPalette palette = form->palette();
+    const QPalette& palette = form->palette();
     const qreal ratio = form->devicePixelRatioF();
     const QFontMetrics metrics(form->font());
     const QRectF area(QPointF(), QSizeF(metrics.horizontalAdvance(QStringLiteral("Cancel")) + 6 * LookUnit,

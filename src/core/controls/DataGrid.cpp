@@ -119,8 +119,8 @@ QString DataGrid::Text(int row, const QString& head) const
 
 void DataGrid::focusInEvent(QFocusEvent* event)
 {
-    // Passing through with Tab enters no row.
-    QAbstractScrollArea::focusInEvent(event);
+    // Passing through with Tab enters no row, as the item view's own answer would.
+    QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
 }
 
