@@ -101,4 +101,15 @@ QString PlainNumber(double value)
     return Decimal(value + 0.0, -1);
 }
 
+int MarkDecimals(bool fractionMarks, bool roundedMarks)
+{
+    return fractionMarks && !roundedMarks ? 2 : 0;
+}
+
+QString FormatMark(double mark, int decimals)
+{
+    const double rounded = Round(mark, decimals);
+    return decimals == 0 ? Format0(rounded) : Format2(rounded);
+}
+
 } // namespace tally

@@ -18,5 +18,10 @@ QString Format2(double value);
 double Val(const QString& text);
 /// Up to 15 significant digits, no trailing zeros: 251, 0.5, 33.3333333333333.
 QString PlainNumber(double value);
+/// The decimals that marks are shown with: 2 where the office enters fractions and does not round them, else
+/// 0.
+int MarkDecimals(bool fractionMarks, bool roundedMarks);
+/// A mark as lists and cards show it: rounded to `decimals` (0 or 2), a half to the even neighbour.
+QString FormatMark(double mark, int decimals);
 
 } // namespace tally

@@ -53,12 +53,11 @@ std::size_t DivisionIndex(const std::vector<RankDivision>& divisions, int divisi
 class Computation
 {
 public:
-    Computation(const RankInput& input, const RankOptions& options)
-        : input_(input), options_(options), wholeMarks_(!options.fractionMarks || options.roundedMarks)
+    Computation(const RankInput& input, const RankOptions& options) : input_(input), options_(options)
     {
         list_.className = input.className;
         list_.divisions = input.divisions;
-        list_.markDecimals = wholeMarks_ ? 0 : 2;
+        list_.markDecimals = MarkDecimals(options.fractionMarks, options.roundedMarks);
     }
 
     RankList Run()
@@ -278,7 +277,6 @@ private:
 
     const RankInput& input_;
     const RankOptions& options_;
-    const bool wholeMarks_;
     RankList list_;
     QHash<int, std::size_t> numbers_; ///< student code to index into the students of the input
     std::vector<std::size_t> rowOf_;  ///< by that index
