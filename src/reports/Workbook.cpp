@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 #include <xlsxwriter.h>
 
 namespace tally {
@@ -13,6 +14,17 @@ namespace {
 /// The most letters that a cell may hold.
 constexpr int LongestText = 32767;
 constexpr std::uint8_t A4 = 9;
+constexpr double A4Width = 595;
+constexpr double A4Height = 842;
+/// Margins in inches.
+constexpr double Side = 0.5;
+constexpr double Top = 0.6;
+constexpr double Bottom = 0.75;
+constexpr double PointsPerInch = 72;
+/// How office programs make a width in letters a width on the screen.
+constexpr double PixelsPerLetter = 7;
+constexpr double PixelsAroundLetters = 5;
+constexpr double PointsPerPixel = 0.75;
 /// Grey, so that the lines lead the eye and the figures stand out.
 constexpr lxw_color_t LineColor = 0x808080;
 
@@ -51,10 +63,7 @@ Workbook::Workbook(const QString& path, const QString& workFolder, const Propert
     options.constant_memory = LXW_TRUE;
     options.tmpdir = folder.data();
     book_.reset(workbook_new_opt(QFile::encodeName(path).constData(), &options));
-    if (book_)
-        sheet_ = workbook_add_worksheet(book_.get(), nullptr);
-    if (sheet_ == nullptr)
-        throw WorkbookError("The working file could not be made.");
+    NewSheet();
 
     QByteArray title = properties.title.toUtf8();
     QByteArray subject = properties.subject.toUtf8();
@@ -66,6 +75,29 @@ Workbook::Workbook(const QString& path, const QString& workFolder, const Propert
     document.author = author.data();
     document.company = company.data();
     Check(workbook_set_properties(book_.get(), &document));
+}
+
+QSizeF Workbook::PrintableArea(bool landscape)
+{
+    const QSizeF paper = landscape ? QSizeF(A4Height, A4Width) : QSizeF(A4Width, A4Height);
+    return paper - QSizeF(2 * Side, Top + Bottom) * PointsPerInch;
+}
+
+double Workbook::ColumnPoints(double letters)
+{
+    return (letters * PixelsPerLetter + PixelsAroundLetters) * PointsPerPixel;
+}
+
+double Workbook::ColumnLetters(double points)
+{
+    return (points / PointsPerPixel - PixelsAroundLetters) / PixelsPerLetter;
+}
+
+void Workbook::NewSheet()
+{
+    sheet_ = book_ ? workbook_add_worksheet(book_.get(), nullptr) : nullptr;
+    if (sheet_ == nullptr)
+        throw WorkbookError("The working file could not be made.");
 }
 
 void Workbook::SetColumnWidth(int column, double width)
@@ -115,22 +147,31 @@ void Workbook::AllowDigitTexts(int firstRow, int lastRow, int lastColumn)
 
 void Workbook::SetUpPrint(const PrintSetup& setup)
 {
-    constexpr double Side = 0.5;
-    constexpr double Top = 0.6;
-    constexpr double Bottom = 0.75;
     constexpr int LongestFooter = 200;
 
     worksheet_set_paper(sheet_, A4);
     if (setup.landscape)
         worksheet_set_landscape(sheet_);
     worksheet_set_margins(sheet_, Side, Side, Top, Bottom);
-    worksheet_fit_to_pages(sheet_, 1, 0);
+    if (setup.percent > 0)
+        worksheet_set_print_scale(sheet_, static_cast<std::uint16_t>(setup.percent));
+    else
+        worksheet_fit_to_pages(sheet_, 1, 0);
     worksheet_center_horizontally(sheet_);
     Check(worksheet_print_area(sheet_, 0, 0, AsRow(setup.lastRow), AsColumn(setup.lastColumn)));
-    Check(worksheet_repeat_rows(sheet_, AsRow(setup.headRow), AsRow(setup.headRow)));
-    QString text = setup.footer.left(LongestFooter / 2);
-    text.replace(u'&', QStringLiteral("&&"));
-    Check(worksheet_set_footer(sheet_, QStringLiteral("&L%1&RPage &P of &N").arg(text).toUtf8().constData()));
+    if (setup.headRow >= 0)
+        Check(worksheet_repeat_rows(sheet_, AsRow(setup.headRow), AsRow(setup.headRow)));
+    if (!setup.footer.isEmpty()) {
+        QString text = setup.footer.left(LongestFooter / 2);
+        text.replace(u'&', QStringLiteral("&&"));
+        Check(worksheet_set_footer(sheet_,
+                                   QStringLiteral("&L%1&RPage &P of &N").arg(text).toUtf8().constData()));
+    }
+    if (!setup.newPage.empty()) {
+        std::vector<lxw_row_t> breaks(setup.newPage.begin(), setup.newPage.end());
+        breaks.push_back(0); // ends the list
+        Check(worksheet_set_h_pagebreaks(sheet_, breaks.data()));
+    }
 }
 
 void Workbook::Finish()
@@ -150,6 +191,8 @@ lxw_format* Workbook::Format(const CellStyle& style)
         format_set_align(format, LXW_ALIGN_VERTICAL_CENTER);
     if (style.bold)
         format_set_bold(format);
+    if (style.points != 0)
+        format_set_font_size(format, style.points);
     if (style.border) {
         format_set_border(format, LXW_BORDER_THIN);
         format_set_border_color(format, LineColor);

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QColor>
+#include <QSizeF>
 #include <QString>
 
 #include <compare>
 #include <exception>
 #include <map>
 #include <memory>
+#include <vector>
 
 struct lxw_format;
 struct lxw_workbook;
@@ -41,22 +43,26 @@ struct CellStyle
     bool wrap = false;   ///< a long text goes on in a second line
     QRgb fill = 0;       ///< 0: no fill
     int decimals = 0;    ///< shown behind the point of a number
+    int points = 0;      ///< size of the letters; 0: the standard size
 
     auto operator<=>(const CellStyle&) const = default;
 };
 
-/// How the sheet comes out of the printer: A4, one page wide and as many pages high as it takes.
+/// How the sheet comes out of the printer, on A4.
 struct PrintSetup
 {
-    int headRow = 0; ///< printed on top of each page
+    int headRow = -1; ///< printed on top of each page; -1: none
     int lastRow = 0;
     int lastColumn = 0;
     bool landscape = false;
-    QString footer; ///< at the left; the page number stands at the right
+    QString footer = {};           ///< at the left, with the page number at the right; empty: no footer
+    int percent = 0;               ///< 0: one page wide and as many pages high as it takes
+    std::vector<int> newPage = {}; ///< rows that begin a page, in order, at most MostPageBreaks; office
+                                   ///< programs keep them only with a percentage of their own
 };
 
-/// A real .xlsx file with one sheet. Rows and columns are numbered from 0. The rows go straight to disk, so
-/// that a large list costs no memory; each row must be complete before the next one is begun.
+/// A real .xlsx file. Rows and columns are numbered from 0. The rows go straight to disk, so that a large
+/// list costs no memory; each row must be complete before the next one is begun.
 class Workbook
 {
 public:
@@ -70,10 +76,23 @@ public:
 
     static constexpr double StandardColumnWidth = 8.43;
     static constexpr double WidestColumn = 255;
-    static constexpr double StandardRowHeight = 15;
+    static constexpr double StandardRowHeight = 15; ///< in points
+    static constexpr double StandardPoints = 11;
+    /// What office programs take on one sheet.
+    static constexpr int MostPageBreaks = 1023;
+    static constexpr int LeastPercent = 10;
+
+    /// The room between the margins of a page, in points.
+    static QSizeF PrintableArea(bool landscape);
+    /// The width in points of a column of so many letters, from 1 on, and the letters of such a width.
+    static double ColumnPoints(double letters);
+    static double ColumnLetters(double points);
 
     /// Working files are put into `workFolder`, which the caller clears away.
     Workbook(const QString& path, const QString& workFolder, const Properties& properties);
+
+    /// Leaves the sheet as it is and goes on with a new one behind it.
+    void NewSheet();
 
     /// In letters of the standard font.
     void SetColumnWidth(int column, double width);

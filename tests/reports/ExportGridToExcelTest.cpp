@@ -4,6 +4,7 @@
 #include "core/OpenDocument.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
+#include "reports/ExportWorkbook.h"
 #include "reports/WorkbookReader.h"
 
 #include <QDate>

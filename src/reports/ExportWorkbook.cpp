@@ -1,0 +1,128 @@
+#include "reports/ExportWorkbook.h"
+
+#include "core/controls/HourGlass.h"
+#include "core/OpenDocument.h"
+#include "core/Prompts.h"
+#include "core/SessionContext.h"
+#include "reports/Workbook.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QStorageInfo>
+#include <QTemporaryDir>
+
+namespace tally {
+
+namespace {
+
+/// A name that every file system takes.
+QString FileName(const QString& title)
+{
+    constexpr int LongestTitle = 70;
+    QString name = title.simplified().left(LongestTitle);
+    for (QChar& letter : name) {
+        if (QStringLiteral("/\\:*?\"<>|").contains(letter) || !letter.isPrint())
+            letter = u'-';
+    }
+    return name + QDateTime::currentDateTime().toString(QStringLiteral(" yyyy-MM-dd HH.mm.ss"));
+}
+
+/// Gives the finished file its name, which no other client may have taken meanwhile.
+QString MoveIntoPlace(const QString& file, const QDir& folder, const QString& name)
+{
+    constexpr int MostTries = 1000;
+    for (int number = 1; number < MostTries; ++number) {
+        const QString suffix = number > 1 ? QStringLiteral(" (%1)").arg(number) : QString();
+        const QString path = folder.filePath(name + suffix + QStringLiteral(".xlsx"));
+        if (QFile::rename(file, path))
+            return path;
+        if (!QFile::exists(path))
+            break;
+    }
+    throw ExportError(
+        ExportError::Kind::FolderNotWritable,
+        QStringLiteral("The workbook could not be saved in the folder \"%1\".").arg(folder.path()));
+}
+
+ExportError FullDisk(const QDir& folder)
+{
+    return {ExportError::Kind::DiskFull,
+            QStringLiteral("The workbook could not be written. The disk of the folder \"%1\" may be full.")
+                .arg(folder.path())};
+}
+
+/// The writer of workbooks does not notice when its working files are cut short, so there must be room for
+/// all of them beforehand.
+void RequireRoom(const QDir& folder, qint64 cells)
+{
+    constexpr qint64 BytesForACell = 200;
+    constexpr qint64 BytesForTheRest = 1024 * 1024;
+    const qint64 needed = BytesForTheRest + BytesForACell * cells;
+    const QStorageInfo disk(folder.path());
+    if (disk.isValid() && disk.bytesAvailable() < needed)
+        throw FullDisk(folder);
+}
+
+} // namespace
+
+ExportError::ExportError(Kind kind, QString description)
+    : kind_(kind), description_(std::move(description)), what_(description_.toUtf8())
+{}
+
+QString ExportWorkbook(const ExportSubject& subject, const std::function<void(Workbook&)>& write)
+{
+    if (!HasSpreadsheetProgram())
+        throw ExportError(ExportError::Kind::NoSpreadsheetProgram,
+                          QStringLiteral("This machine has no program for spreadsheets."));
+
+    const QDir folder(ExportFolder());
+    // All work is done in a folder of its own beside the result: it is cleared on every way out, and the
+    // finished file only needs a new name.
+    const bool made = folder.mkpath(QStringLiteral("."));
+    const QTemporaryDir work(folder.filePath(QStringLiteral(".export-XXXXXX")));
+    if (!made || !work.isValid())
+        throw ExportError(
+            ExportError::Kind::FolderNotWritable,
+            QStringLiteral("Workbooks are saved in the folder \"%1\", but nothing can be written there.")
+                .arg(folder.path()));
+    RequireRoom(folder, subject.cells);
+
+    const QString draft = work.filePath(QStringLiteral("workbook.xlsx"));
+    try {
+        Workbook workbook(draft, work.path(),
+                          {.title = subject.title,
+                           .subject = subject.subTitle,
+                           .author = Session().gstrUserName,
+                           .company = Session().gstrSchoolName});
+        write(workbook);
+        workbook.Finish();
+    } catch (const WorkbookError&) {
+        throw FullDisk(folder);
+    }
+
+    const QString path = MoveIntoPlace(draft, folder, FileName(subject.title));
+    if (!OpenSpreadsheet(path))
+        throw ExportError(
+            ExportError::Kind::NotOpened,
+            QStringLiteral("The workbook is saved as \"%1\", but the program for spreadsheets did not start.")
+                .arg(path));
+    return path;
+}
+
+void RunExport(const std::function<void()>& work)
+{
+    try {
+        const HourGlass hourGlass;
+        work();
+    } catch (const ExportError& error) {
+        if (error.Reason() == ExportError::Kind::NoSpreadsheetProgram)
+            Prompts::Information(QStringLiteral("If You Want To Use Export Option, Microsoft Excel Is Needed "
+                                                "To Be Installed In Your System"));
+        else
+            Prompts::Critical(error.Description());
+    } catch (const std::exception& error) {
+        Prompts::Critical(QString::fromUtf8(error.what()));
+    }
+}
+
+} // namespace tally
