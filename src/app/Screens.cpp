@@ -12,6 +12,7 @@
 #include "masters/frmTeacherMaster.h"
 #include "masters/frmTeacherSearch.h"
 #include "ranks/frmRankCalculation.h"
+#include "ranks/frmRankCardPrinting.h"
 #include "utilities/frmUtilOptions.h"
 
 #include <QDir>
@@ -49,6 +50,7 @@ void RegisterScreens()
     Register<frmMasClassSectionEntry>("frmMasClassSectionEntry");
     Register<frmMasSchoolSetup>("frmMasSchoolSetup");
     Register<frmRankCalculation>("frmRankCalculation");
+    Register<frmRankCardPrinting>("frmRankCardPrinting");
     Register<frmTeacherMaster>("frmTeacherMaster");
     Register<frmTeacherSearch>("frmTeacherSearch");
     Register<frmUtilOptions>("frmUtilOptions");

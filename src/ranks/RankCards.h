@@ -1,0 +1,105 @@
+#pragma once
+
+#include "ranks/RankTypes.h"
+#include "ranks/TempRankTable.h"
+
+#include <optional>
+#include <vector>
+
+namespace tally {
+
+/// The class-division whose rank cards are made, and the year whose students and subjects they take.
+struct RankCardScope
+{
+    int academicYearCode = 0;
+    int classCode = 0;
+    int divisionCode = 0;
+};
+
+struct CardStudent
+{
+    int studentCode = 0;
+    QString studentName;
+    QString admissionNo; ///< OptionalAdmissionNo, the number shown everywhere
+};
+
+/// How many marks a student has in one exam.
+struct ExamMarkCount
+{
+    int studentCode = 0;
+    int examCode = 0;
+    int marks = 0;
+};
+
+/// From what the list of students is made.
+struct StudentListInput
+{
+    std::vector<CardStudent> students; ///< in list order
+    int subjectCount = 0;              ///< set up for the division, taken for rank or not
+    std::vector<ExamMarkCount> counts; ///< of any exams and students; none means no marks
+};
+
+/// A student has as many marks in each of the exams as the division has subjects. One flag per student of the
+/// input; without exams every student is complete.
+std::vector<bool> MarksComplete(const StudentListInput& input, const std::vector<int>& examCodes);
+
+/// The text of a student's item: a two-character mark, which is blank when the marks are complete, and the
+/// name.
+QString StudentItem(const QString& studentName, bool complete);
+/// Why a student with this item cannot be ticked; empty for one whose marks are complete.
+QString StudentRefusal(const QString& item);
+
+struct CardSubject
+{
+    int subjectCode = 0;
+    QString shortName;
+};
+
+struct CardMark
+{
+    int studentCode = 0;
+    int examCode = 0;
+    int subjectCode = 0;
+    double mark = 0;
+};
+
+/// What the saved rank list says of a student in an exam; no value where it leaves one open.
+struct CardRank
+{
+    int studentCode = 0;
+    int examCode = 0;
+    std::optional<double> total;
+    std::optional<double> average;
+    qint64 rank = NoRank;
+    QString grade;
+};
+
+/// All that rank cards are made from. Marks and ranks may be those of more students and exams than the cards
+/// are for; where two say something of the same student, exam and subject, the later one counts.
+struct RankCardInput
+{
+    QString className;
+    QString divisionName;
+    std::vector<RankExam> exams;       ///< the ticked ones in the order of a card's lines
+    std::vector<CardStudent> students; ///< the ticked ones in the order of the cards
+    std::vector<CardSubject> subjects; ///< the columns
+    std::vector<CardMark> marks;
+    std::vector<CardRank> ranks;
+};
+
+/// The cards in the rows and columns of the grid that shows them.
+struct RankCardRows
+{
+    static constexpr int FirstLineRow = 2;       ///< behind the heads and the subject codes
+    static constexpr int FirstSubjectColumn = 5; ///< behind exam, student, admission number, class, division
+    static constexpr int ColumnsBehindSubjects = 4; ///< total, average, rank, grade
+
+    std::vector<std::vector<QString>> rows; ///< each as long as the heads, but a blank one has no cells
+    int lines = 0;                          ///< exam lines of all cards
+};
+
+/// One line for each ticked exam in which the student has a mark, and a blank line behind each student.
+/// `markDecimals` as MarkDecimals gives it.
+RankCardRows ComputeRankCards(const RankCardInput& input, int markDecimals);
+
+} // namespace tally

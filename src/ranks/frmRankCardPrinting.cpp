@@ -1,0 +1,266 @@
+#include "ranks/frmRankCardPrinting.h"
+
+#include "core/controls/CheckList.h"
+#include "core/controls/DataCombo.h"
+#include "core/controls/FlexGrid.h"
+#include "core/controls/HourGlass.h"
+#include "core/FormKeys.h"
+#include "core/look/Look.h"
+#include "core/modTallyboardForms.h"
+#include "core/Numbers.h"
+#include "core/Prompts.h"
+#include "core/SessionContext.h"
+#include "ranks/ExportFlexGridToExcel1.h"
+#include "ranks/RankCardRepository.h"
+#include "ranks/RankRepository.h"
+#include "reports/ExportWorkbook.h"
+#include "ui_frmRankCardPrinting.h"
+
+namespace tally {
+
+namespace {
+
+constexpr int HelpScreenNo = 22;
+const QString BlankItem = QStringLiteral(" ");
+
+std::vector<int> TickedCodes(const CheckList* list)
+{
+    std::vector<int> codes;
+    for (const int index : list->TickedIndexes())
+        codes.push_back(list->ItemData(index));
+    return codes;
+}
+
+} // namespace
+
+frmRankCardPrinting::frmRankCardPrinting()
+    : Screen(QStringLiteral("frmRankCardPrinting"), HelpScreenNo),
+      ui_(std::make_unique<Ui::frmRankCardPrinting>())
+{
+    ui_->setupUi(this);
+    DressButtons(this);
+    ShowStudentKey();
+    ConnectHandlers();
+    SetExitButton(ui_->cmdExit);
+    Form_Load();
+}
+
+frmRankCardPrinting::~frmRankCardPrinting() = default;
+
+void frmRankCardPrinting::Form_Load()
+{
+    LoadExams();
+    LoadClasses();
+    cboClass_Click();
+    ui_->Lstexamnames->setFocus();
+}
+
+void frmRankCardPrinting::ConnectHandlers()
+{
+    connect(ui_->cboClass, &DataCombo::Chosen, this, &frmRankCardPrinting::cboClass_Click);
+    connect(ui_->cboDivision, &DataCombo::Chosen, this, &frmRankCardPrinting::LoadStudentList);
+    connect(ui_->Lstexamnames, &CheckList::Ticked, this,
+            [this](int, bool ticked) { Lstexamnames_ItemCheck(ticked); });
+    connect(ui_->chkSelectExamName, &QCheckBox::clicked, this, &frmRankCardPrinting::chkSelectExamName_Click);
+    connect(ui_->LstStudents, &CheckList::Ticked, this, &frmRankCardPrinting::LstStudents_ItemCheck);
+    connect(ui_->chkSelectStudents, &QCheckBox::clicked, this, &frmRankCardPrinting::chkSelectStudents_Click);
+    connect(ui_->Optsubjectdisplayyes, &QRadioButton::toggled, this, &frmRankCardPrinting::ClearCards);
+    connect(ui_->cmdView, &QPushButton::clicked, this, &frmRankCardPrinting::cmdView_Click);
+    connect(ui_->cmdExport, &QPushButton::clicked, this, &frmRankCardPrinting::cmdExport_Click);
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmRankCardPrinting::cmdCancel_Click);
+    for (DataCombo* combo : {ui_->cboClass, ui_->cboDivision})
+        combo->setProperty(EnterNeedsText, true);
+}
+
+void frmRankCardPrinting::ShowStudentKey()
+{
+    // The sign stands between the brackets of its note, as it will stand before a student's name.
+    ui_->Label5->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("[   ]")));
+}
+
+RankCardScope frmRankCardPrinting::Scope() const
+{
+    return {Session().gintAcademicYearCode, ui_->cboClass->BoundCode(), ui_->cboDivision->BoundCode()};
+}
+
+SubjectDisplay frmRankCardPrinting::Display() const
+{
+    return ui_->Optsubjectdisplayyes->isChecked() ? SubjectDisplay::All : SubjectDisplay::TakenForRankOnly;
+}
+
+void frmRankCardPrinting::LoadExams()
+{
+    ui_->Lstexamnames->clear();
+    Read([this] {
+        for (const RankExam& exam : RankRepository(*Session().gcnnMain, *Session().gcnnTemp).LoadExam())
+            ui_->Lstexamnames->AddItem(exam.examName, exam.examCode);
+    });
+}
+
+void frmRankCardPrinting::LoadClasses()
+{
+    DataCombo::Entries classes{{0, BlankItem}};
+    Read([&] {
+        for (const RankClass& entry : RankRepository(*Session().gcnnMain, *Session().gcnnTemp).LoadClass())
+            classes.emplace_back(entry.classCode, entry.className);
+    });
+    ui_->cboClass->SetList(classes);
+}
+
+void frmRankCardPrinting::cboClass_Click()
+{
+    DataCombo::Entries divisions{{0, BlankItem}};
+    Read([&] {
+        for (const RankDivision& division :
+             RankCardRepository(*Session().gcnnMain).LoadDivisions(ui_->cboClass->BoundCode()))
+            divisions.emplace_back(division.divisionCode, division.divisionName);
+    });
+    ui_->cboDivision->SetList(divisions);
+    LoadStudentList();
+}
+
+void frmRankCardPrinting::Lstexamnames_ItemCheck(bool ticked)
+{
+    if (!ticked)
+        ui_->chkSelectExamName->setChecked(false);
+    LoadStudentList();
+}
+
+void frmRankCardPrinting::chkSelectExamName_Click(bool ticked)
+{
+    for (int index = 0; index < ui_->Lstexamnames->count(); ++index)
+        ui_->Lstexamnames->SetTicked(index, ticked);
+    LoadStudentList();
+}
+
+void frmRankCardPrinting::LoadStudentList()
+{
+    ClearCards();
+    ui_->LstStudents->clear();
+    ui_->chkSelectStudents->setChecked(false);
+    const RankCardScope scope = Scope();
+    if (scope.classCode == 0 || scope.divisionCode == 0)
+        return;
+    Read([&] {
+        const HourGlass hourGlass;
+        const StudentListInput input = RankCardRepository(*Session().gcnnMain).LoadStudentList(scope);
+        const std::vector<bool> complete = MarksComplete(input, TickedCodes(ui_->Lstexamnames));
+        for (std::size_t number = 0; number < input.students.size(); ++number) {
+            const CardStudent& student = input.students[number];
+            ui_->LstStudents->AddItem(StudentItem(student.studentName, complete[number]),
+                                      student.studentCode);
+        }
+    });
+}
+
+void frmRankCardPrinting::LstStudents_ItemCheck(int index, bool ticked)
+{
+    ClearCards();
+    if (!ticked) {
+        ui_->chkSelectStudents->setChecked(false);
+        return;
+    }
+    const QString refusal = StudentRefusal(ui_->LstStudents->item(index)->text());
+    if (refusal.isEmpty())
+        return;
+    Prompts::Information(refusal);
+    ui_->LstStudents->SetTicked(index, false);
+}
+
+void frmRankCardPrinting::chkSelectStudents_Click(bool ticked)
+{
+    ClearCards();
+    CheckList* list = ui_->LstStudents;
+    for (int index = 0; index < list->count(); ++index)
+        list->SetTicked(index, ticked && StudentRefusal(list->item(index)->text()).isEmpty());
+}
+
+bool frmRankCardPrinting::SelectionComplete()
+{
+    if (ui_->Lstexamnames->TickedIndexes().isEmpty())
+        return Refuse(QStringLiteral("Select Exam Name(s)"), ui_->Lstexamnames);
+    if (ui_->cboClass->IsBlank())
+        return Refuse(QStringLiteral("Select Class"), ui_->cboClass);
+    if (ui_->cboDivision->IsBlank())
+        return Refuse(QStringLiteral("Select Division"), ui_->cboDivision);
+    if (ui_->LstStudents->TickedIndexes().isEmpty())
+        return Refuse(QStringLiteral("Select Student(s)"), ui_->LstStudents);
+    return true;
+}
+
+void frmRankCardPrinting::cmdView_Click()
+{
+    if (SelectionComplete())
+        LoadRankCard();
+}
+
+void frmRankCardPrinting::LoadRankCard()
+{
+    ClearCards();
+    bool empty = false;
+    Read([&] {
+        const HourGlass hourGlass;
+        const SessionContext& session = Session();
+        RankCardRows cards =
+            ComputeRankCards(RankCardRepository(*session.gcnnMain)
+                                 .LoadRankCards(Scope(), TickedCodes(ui_->LstStudents),
+                                                TickedCodes(ui_->Lstexamnames), Display()),
+                             MarkDecimals(session.gblnFractionMarks, session.gblnRoundedMarks));
+        empty = cards.lines == 0;
+        ShowCards(std::move(cards));
+        ui_->cmdExport->setEnabled(!empty);
+    });
+    if (empty)
+        Prompts::Information(
+            QStringLiteral("No Marks Are Entered For The Selected Student(s) In The Selected Exam(s)"));
+}
+
+void frmRankCardPrinting::ClearCards()
+{
+    ClearMSGrid(ui_->msgDetails);
+    ui_->cmdExport->setEnabled(false);
+}
+
+void frmRankCardPrinting::ShowCards(RankCardRows cards)
+{
+    std::vector<FlexGrid::Row> rows(cards.rows.size());
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        rows[row].reserve(cards.rows[row].size());
+        for (QString& text : cards.rows[row])
+            rows[row].push_back({std::move(text)});
+    }
+    FlexGrid* grid = ui_->msgDetails;
+    grid->SetContent(std::move(rows));
+    grid->SetRowHeight(1, 0);
+    for (int col = 0; col < grid->Cols(); ++col) {
+        const bool number = col >= RankCardRows::FirstSubjectColumn && col < grid->Cols() - 1;
+        grid->SetColAlignment(col, (number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    }
+    grid->FitColumns();
+}
+
+void frmRankCardPrinting::cmdExport_Click()
+{
+    if (!MayUse(QLatin1Char('P')))
+        return;
+    const FlexGrid* grid = ui_->msgDetails;
+    RunExport([&] {
+        const int examCount = static_cast<int>(ui_->Lstexamnames->TickedIndexes().size());
+        ExportFlexGridToExcel1(*grid, grid->Rows() - 1, grid->Cols() - 1, {}, {}, examCount);
+    });
+}
+
+void frmRankCardPrinting::cmdCancel_Click()
+{
+    ClearControls(this);
+    ui_->Optsubjectdisplayno->setChecked(true);
+    Form_Load();
+}
+
+QSize frmRankCardPrinting::sizeHint() const
+{
+    // As much of the cards as most displays can show; a smaller one bounds it.
+    return {1080, 680};
+}
+
+} // namespace tally
