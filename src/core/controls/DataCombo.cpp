@@ -32,6 +32,12 @@ void DataCombo::SetText(const QString& text)
     Choose(found >= 0 ? found : findData(0));
 }
 
+void DataCombo::focusOutEvent(QFocusEvent* event)
+{
+    QComboBox::focusOutEvent(event);
+    guard_.Leaves(event);
+}
+
 void DataCombo::Choose(int index)
 {
     const QSignalBlocker quiet(this);

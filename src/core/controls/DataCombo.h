@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/controls/LeaveGuard.h"
+
 #include <QComboBox>
 
 #include <utility>
@@ -30,12 +32,23 @@ public:
     /// True while nothing has been chosen.
     bool IsBlank() const { return currentText().trimmed().isEmpty(); }
 
+    /// Asked once when the focus is about to leave the list; on false the list keeps it, and the click that
+    /// was to take it away has no effect. Empty lets everything pass.
+    void SetValidate(std::function<bool()> validate) { guard_.SetValidate(std::move(validate)); }
+
 Q_SIGNALS:
     /// The user chose an entry, with the mouse or the keys.
     void Chosen();
 
+protected:
+    void focusOutEvent(QFocusEvent* event) override;
+    /// Runs what takes the focus away without asking.
+    void LeaveUnasked(const std::function<void()>& work) { guard_.Unasked(work); }
+
 private:
     void Choose(int index);
+
+    LeaveGuard guard_{this};
 };
 
 } // namespace tally

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "core/controls/CellFollower.h"
+#include "core/controls/LeaveGuard.h"
+
 #include <QLineEdit>
 
-#include <functional>
-
 namespace tally {
-
-class FlexGrid;
 
 /// An entry box that floats over a cell of a grid. What is typed goes to the cell at once. It follows the
 /// cell when the grid scrolls, and Enter is its own: the screen says where it leads.
@@ -24,15 +23,15 @@ public:
     /// Puts the box away without asking anything.
     void Close();
     /// The cell it stands over, or stood over last; 0 before it was opened.
-    int Row() const { return row_; }
-    int Col() const { return col_; }
-    FlexGrid* Grid() const { return grid_; }
+    int Row() const { return follower_.Row(); }
+    int Col() const { return follower_.Col(); }
+    FlexGrid* Grid() const { return follower_.Grid(); }
 
     /// Asked when the focus is about to leave; on false the box keeps it, and the click that was to take it
     /// away has no effect. Empty lets everything pass.
-    void SetValidate(std::function<bool()> validate) { validate_ = std::move(validate); }
+    void SetValidate(std::function<bool()> validate) { guard_.SetValidate(std::move(validate)); }
     /// True from a refused leave until the focus is back: what a key wanted to start must not start.
-    bool KeepsFocus() const { return keepsFocus_; }
+    bool KeepsFocus() const { return guard_.KeepsFocus(); }
 
 Q_SIGNALS:
     /// The user changed the text.
@@ -44,18 +43,10 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-    bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
-    void Follow();
-    void KeepFocus();
-
-    FlexGrid* grid_;
-    std::function<bool()> validate_;
-    int row_ = 0;
-    int col_ = 0;
-    bool validating_ = false;
-    bool keepsFocus_ = false;
+    CellFollower follower_;
+    LeaveGuard guard_;
 };
 
 } // namespace tally

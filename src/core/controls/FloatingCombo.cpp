@@ -1,0 +1,41 @@
+#include "core/controls/FloatingCombo.h"
+
+#include "core/controls/FlexGrid.h"
+#include "core/FormKeys.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace tally {
+
+FloatingCombo::FloatingCombo(FlexGrid* grid) : DataCombo(grid->viewport()), follower_(grid, this)
+{
+    setProperty(TakesEnter, true);
+    setEditable(true);
+    setInsertPolicy(QComboBox::NoInsert);
+}
+
+void FloatingCombo::OpenAt(int row, int col)
+{
+    const QString text = follower_.Grid()->TextMatrix(row, col).trimmed();
+    SetText(text);
+    setEditText(text);
+    follower_.OpenAt(row, col);
+    lineEdit()->selectAll();
+}
+
+void FloatingCombo::Close()
+{
+    LeaveUnasked([this] { hide(); });
+}
+
+void FloatingCombo::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        Q_EMIT EnterPressed();
+        return;
+    }
+    DataCombo::keyPressEvent(event);
+}
+
+} // namespace tally

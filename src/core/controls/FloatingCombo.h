@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/controls/CellFollower.h"
+#include "core/controls/DataCombo.h"
+
+namespace tally {
+
+/// A list that floats over a cell of a grid, the counterpart of FloatingEditor. Its text can be typed or
+/// chosen. Enter is its own: the screen says where it leads.
+class FloatingCombo : public DataCombo
+{
+    Q_OBJECT
+
+public:
+    /// Hidden until it is opened. Lives inside the grid.
+    explicit FloatingCombo(FlexGrid* grid);
+
+    /// Opens over a cell of the grid, which becomes the current one, with the cell's text without the blanks
+    /// around it, all of it selected, and takes the focus. Scrolls the cell into sight.
+    void OpenAt(int row, int col);
+    /// Puts the box away without asking anything.
+    void Close();
+    /// The cell it stands over, or stood over last; 0 before it was opened.
+    int Row() const { return follower_.Row(); }
+    int Col() const { return follower_.Col(); }
+
+Q_SIGNALS:
+    void EnterPressed();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    CellFollower follower_;
+};
+
+} // namespace tally
