@@ -6,6 +6,7 @@
 #include "calendar/frmUtilApplicationDateSetup.h"
 #include "core/AboutUs.h"
 #include "core/ScreenRegistry.h"
+#include "exams/frmexammarkentry.h"
 #include "masters/frmMasClassSectionEntry.h"
 #include "masters/frmMasSchoolSetup.h"
 #include "masters/frmSimpleMaster.h"
@@ -40,6 +41,7 @@ void RegisterScreens()
 {
     InitResources();
     Register<AboutUs>("AboutUs");
+    Register<frmexammarkentry>("frmexammarkentry");
     Register<frmMasAcademicYearChange>("frmMasAcademicYearChange");
     Register<frmMasAcademicYearSetup>("frmMasAcademicYearSetup");
     Register<frmUtilApplicationDateChange>("frmUtilApplicationDateChange");

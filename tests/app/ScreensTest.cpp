@@ -19,8 +19,8 @@ TEST(ScreensTest, EveryScreenOfTheProgramIsReachableFromTheMenus)
         reachable.join(QLatin1Char(' ')).toStdString(),
         "frmMasStateMaster frmMasCityMaster frmMasSchoolSetup frmMasClassSectionEntry frmexamnamemaster "
         "frmSubjectMaster frmMasBloodGroupMaster frmSalutationMaster frmTeacherMaster "
-        "frmMasAcademicYearSetup frmMasAcademicYearChange frmRankCalculation frmRankCardPrinting "
-        "frmUtilApplicationDateSetup "
+        "frmMasAcademicYearSetup frmMasAcademicYearChange frmexammarkentry frmRankCalculation "
+        "frmRankCardPrinting frmUtilApplicationDateSetup "
         "frmUtilApplicationDateChange frmUtilUserMaster frmUtilOptions AboutUs");
 }
 

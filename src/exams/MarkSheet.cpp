@@ -1,0 +1,190 @@
+#include "exams/MarkSheet.h"
+
+#include "core/Numbers.h"
+
+#include <algorithm>
+
+namespace tally {
+
+namespace {
+
+const QString Present = QStringLiteral("Present");
+const QString Absent = QStringLiteral("Absent");
+const QString MarkOfAbsent = QStringLiteral("Mark Entry Is Not Allowed When A Student Is Absent");
+
+/// Empty for a text that is neither.
+QString PresenceOf(const QString& text)
+{
+    if (text.startsWith(QLatin1Char('P'), Qt::CaseInsensitive))
+        return Present;
+    return text.startsWith(QLatin1Char('A'), Qt::CaseInsensitive) ? Absent : QString();
+}
+
+} // namespace
+
+double MarkRow::Mark() const
+{
+    return Val(mark);
+}
+
+bool MarkRow::IsAbsent() const
+{
+    return presence.startsWith(QLatin1Char('A'));
+}
+
+void MarkSheet::Clear()
+{
+    rows_.clear();
+}
+
+void MarkSheet::ListStudents(const Names& students)
+{
+    rows_.clear();
+    for (const auto& [code, name] : students)
+        rows_.push_back({.name = name, .code = code, .mark = {}, .presence = Present});
+}
+
+void MarkSheet::ListSubjects(const std::vector<MarkSubject>& subjects)
+{
+    rows_.clear();
+    for (const MarkSubject& subject : subjects)
+        rows_.push_back({.name = subject.name,
+                         .code = subject.subjectCode,
+                         .mark = {},
+                         .presence = {},
+                         .teacherCode = subject.teacherCode,
+                         .maximumAllowed = subject.maximumAllowed,
+                         .maximumMark = subject.maximumMark});
+}
+
+void MarkSheet::EmptyMarks()
+{
+    for (MarkRow& row : rows_) {
+        row.mark.clear();
+        row.presence.clear();
+    }
+}
+
+void MarkSheet::StartSubject(const MarkSubject& subject)
+{
+    maximumAllowed_ = subject.maximumAllowed;
+    maximumMark_ = subject.maximumMark;
+    ResetMarks();
+    for (MarkRow& row : rows_)
+        row.teacherCode = subject.teacherCode;
+}
+
+void MarkSheet::ResetMarks()
+{
+    for (MarkRow& row : rows_) {
+        row.mark.clear();
+        row.presence = Present;
+    }
+}
+
+void MarkSheet::TakeMarks(const std::vector<StoredMark>& marks)
+{
+    for (const StoredMark& stored : marks) {
+        const auto row = std::find_if(rows_.begin(), rows_.end(),
+                                      [&](const MarkRow& entry) { return entry.code == stored.code; });
+        if (row == rows_.end())
+            continue;
+        row->mark = PlainNumber(stored.mark);
+        row->presence = stored.present ? Present : Absent;
+    }
+}
+
+QString MarkSheet::RefusalWhileTyping(int row, const QString& text) const
+{
+    const double mark = Val(text);
+    const bool bySubject = mode_ == MarkMode::Subject;
+    // A student's absence in one subject may be typed over with 0; in the list of a subject it may not.
+    if (bySubject ? mark < 0 : mark <= 0)
+        return {};
+    if (Row(row).IsAbsent())
+        return MarkOfAbsent;
+    const double limit = bySubject ? maximumAllowed_ : Row(row).maximumAllowed;
+    return mark > limit
+               ? QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : ") + PlainNumber(limit)
+               : QString();
+}
+
+void MarkSheet::SetMark(int row, const QString& text)
+{
+    At(row).mark = PlainNumber(Val(text));
+}
+
+void MarkSheet::SetPresence(int row, const QString& text)
+{
+    At(row).presence = PresenceOf(text);
+}
+
+MarkStep MarkSheet::EnterMark(int row, const QString& text)
+{
+    SetMark(row, text);
+    if (Row(row).Mark() == 0)
+        return {MarkField::Presence, row, {}};
+    At(row).presence = Present;
+    return Behind(row);
+}
+
+MarkStep MarkSheet::EnterPresence(int row, const QString& text)
+{
+    if (PresenceOf(text).isEmpty())
+        return {MarkField::Presence, row, QStringLiteral("Select Present/Absent ")};
+    SetPresence(row, text);
+    if (Row(row).IsAbsent() && Row(row).Mark() != 0)
+        return {MarkField::Mark, row, MarkOfAbsent};
+    return Behind(row);
+}
+
+MarkStep MarkSheet::Behind(int row) const
+{
+    return row < RowCount() ? MarkStep{MarkField::Mark, row + 1, {}} : MarkStep{MarkField::Save, 0, {}};
+}
+
+QString MarkSheet::Average() const
+{
+    double sum = 0;
+    double outOf = 0;
+    for (const MarkRow& row : rows_) {
+        if (row.IsAbsent())
+            continue;
+        sum += row.Mark();
+        outOf += mode_ == MarkMode::Subject ? maximumMark_ : row.maximumMark;
+    }
+    const bool subjectWithoutLimit = mode_ == MarkMode::Subject && maximumAllowed_ == 0;
+    return sum == 0 || outOf == 0 || subjectWithoutLimit ? QString()
+                                                         : PlainNumber(Round(sum / outOf * 100, 2));
+}
+
+std::optional<MarkStep> MarkSheet::FindFault() const
+{
+    for (int row = 1; row <= RowCount(); ++row)
+        if (Row(row).IsAbsent() && Row(row).Mark() != 0)
+            return MarkStep{MarkField::Mark, row, MarkOfAbsent};
+    for (int row = 1; row <= RowCount(); ++row) {
+        if (Row(row).presence.isEmpty())
+            return MarkStep{MarkField::Presence, row, QStringLiteral("Select Present/Absent")};
+        if (Row(row).mark.isEmpty())
+            return MarkStep{MarkField::Mark, row, QStringLiteral("Enter Mark")};
+    }
+    return {};
+}
+
+std::vector<MarkRecord> MarkSheet::Records(int chosenCode) const
+{
+    std::vector<MarkRecord> records;
+    records.reserve(rows_.size());
+    for (const MarkRow& row : rows_) {
+        const bool bySubject = mode_ == MarkMode::Subject;
+        records.push_back({.studentCode = bySubject ? row.code : chosenCode,
+                           .subjectCode = bySubject ? chosenCode : row.code,
+                           .mark = row.Mark(),
+                           .present = !row.IsAbsent(),
+                           .teacherCode = row.teacherCode});
+    }
+    return records;
+}
+
+} // namespace tally

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "exams/MarkTypes.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace tally {
+
+/// One line of the sheet. What was not entered yet is empty.
+struct MarkRow
+{
+    QString name;     ///< of the student or the subject
+    int code = 0;     ///< of the student in subject mode, of the subject in student mode
+    QString mark;     ///< a number as text
+    QString presence; ///< "Present" or "Absent"
+    int teacherCode = 0;
+    double maximumAllowed = 0; ///< student mode only
+    double maximumMark = 0;    ///< student mode only
+
+    double Mark() const;
+    bool IsAbsent() const;
+};
+
+/// What of a row is entered, or the button that ends the entry.
+enum class MarkField
+{
+    Mark,
+    Presence,
+    Save,
+};
+
+/// Where the entry goes on, and what the clerk is told before. An empty message: nothing.
+struct MarkStep
+{
+    MarkField field = MarkField::Mark;
+    int row = 0;
+    QString message;
+};
+
+/// The marks of one subject or of one student while they are entered. Rows count from 1, as the grid shows
+/// them below its head.
+class MarkSheet
+{
+public:
+    using Names = std::vector<std::pair<int, QString>>;
+
+    MarkMode Mode() const { return mode_; }
+    int RowCount() const { return static_cast<int>(rows_.size()); }
+    bool HasRow(int row) const { return row >= 1 && row <= RowCount(); }
+    /// `row` from 1 to RowCount().
+    const MarkRow& Row(int row) const { return rows_[static_cast<std::size_t>(row - 1)]; }
+    /// The limits of the chosen subject, in subject mode. They outlive the choice.
+    double MaximumAllowed() const { return maximumAllowed_; }
+    double MaximumMark() const { return maximumMark_; }
+
+    /// No rows.
+    void Clear();
+    void UseMode(MarkMode mode) { mode_ = mode; }
+    /// A row per student, everybody present.
+    void ListStudents(const Names& students);
+    /// A row per subject, nothing entered.
+    void ListSubjects(const std::vector<MarkSubject>& subjects);
+
+    /// Nothing is chosen in the list: no row has a mark or a presence.
+    void EmptyMarks();
+    /// A subject is chosen: no marks yet, everybody present, its limits and its teacher for all rows.
+    void StartSubject(const MarkSubject& subject);
+    /// A student is chosen: no marks yet, present in every subject.
+    void StartStudent() { ResetMarks(); }
+    /// Puts stored marks into their rows. One without a row is passed over.
+    void TakeMarks(const std::vector<StoredMark>& marks);
+
+    /// Why the mark that stands in the box can't be one of this row; empty when it can.
+    QString RefusalWhileTyping(int row, const QString& text) const;
+    /// The number that the text begins with, 0 for none, becomes the mark.
+    void SetMark(int row, const QString& text);
+    /// "P..." is present, "A..." absent, small letters too; any other text is kept as nothing entered.
+    void SetPresence(int row, const QString& text);
+    /// A mark was ended with Enter. A mark above 0 makes the student present; a mark of 0 has to be declared.
+    MarkStep EnterMark(int row, const QString& text);
+    /// A presence was ended with Enter.
+    MarkStep EnterPresence(int row, const QString& text);
+
+    /// The percentage of all marks together, absences left out, as it is shown; empty while there is none.
+    QString Average() const;
+    /// The first reason why the sheet can't be saved.
+    std::optional<MarkStep> FindFault() const;
+    /// All rows for the subject or the student that is chosen.
+    std::vector<MarkRecord> Records(int chosenCode) const;
+
+private:
+    void ResetMarks();
+    MarkRow& At(int row) { return rows_[static_cast<std::size_t>(row - 1)]; }
+    MarkStep Behind(int row) const;
+
+    MarkMode mode_ = MarkMode::Subject;
+    std::vector<MarkRow> rows_;
+    double maximumAllowed_ = 0;
+    double maximumMark_ = 0;
+};
+
+} // namespace tally

@@ -1,0 +1,540 @@
+#include "exams/frmexammarkentry.h"
+
+#include "core/controls/FlexGrid.h"
+#include "core/controls/FloatingCombo.h"
+#include "core/controls/FloatingEditor.h"
+#include "core/FormKeys.h"
+#include "core/look/Look.h"
+#include "core/modTallyboardForms.h"
+#include "core/Numbers.h"
+#include "core/Prompts.h"
+#include "core/ScreenRegistry.h"
+#include "core/SessionContext.h"
+#include "exams/MarkEntryColumns.h"
+#include "store/StoreError.h"
+#include "ui_frmexammarkentry.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include <utility>
+
+namespace tally {
+
+namespace {
+
+constexpr int HelpScreenNo = 19;
+const QString BlankItem = QStringLiteral(" ");
+const QString ExamMaster = QStringLiteral("frmexamnamemaster");
+const QString NoStudents =
+    QStringLiteral("Student Admission Entry Is Not Made For The Selected Class-Division");
+const QString NoSubjects =
+    QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For The Selected Class-Division");
+
+int ChosenCode(const QComboBox* combo)
+{
+    return combo->currentData().toInt();
+}
+
+/// The names behind a blank item.
+void Fill(QComboBox* combo, const MarkRepository::Names& names)
+{
+    combo->clear();
+    combo->addItem(BlankItem, 0);
+    for (const auto& [code, name] : names)
+        combo->addItem(name, code);
+}
+
+} // namespace
+
+frmexammarkentry::frmexammarkentry()
+    : Screen(QStringLiteral("frmexammarkentry"), HelpScreenNo), ui_(std::make_unique<Ui::frmexammarkentry>())
+{
+    ui_->setupUi(this);
+    DressButtons(this);
+    ui_->cmdAddExam->setIcon(LookIcon(QStringLiteral("add")));
+    ui_->cmdAddExam->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_E));
+    BuildGrid();
+    BuildBoxes();
+    ConnectHandlers();
+    SetExitButton(ui_->cmdExit);
+    Form_Load();
+}
+
+frmexammarkentry::~frmexammarkentry() = default;
+
+void frmexammarkentry::BuildGrid()
+{
+    FlexGrid* grid = ui_->msgDetails;
+    const QStringList heads{QStringLiteral("S.No."),         QStringLiteral("Student  Name"),
+                            QStringLiteral("Mark Obtained"), QStringLiteral("Present/Absent"),
+                            QStringLiteral("Studentcode"),   QStringLiteral("MaximumAllowed"),
+                            QStringLiteral("TeacherCode"),   QStringLiteral("MaximumMark")};
+    grid->SetCols(static_cast<int>(heads.size()));
+    for (int col = 0; col < heads.size(); ++col)
+        grid->SetTextMatrix(0, col, heads.at(col));
+    for (const int col : {CodeCol, MaximumAllowedCol, TeacherCodeCol, MaximumMarkCol})
+        grid->SetColWidth(col, 0);
+    for (const int col : {SerialCol, MarkObtainedCol})
+        grid->SetColAlignment(col, Qt::AlignRight | Qt::AlignVCenter);
+    grid->SetRows(2);
+    grid->FitColumns();
+    grid->horizontalHeader()->setSectionResizeMode(NameCol, QHeaderView::Stretch);
+    grid->setProperty(TakesEnter, true);
+    // Marks that are only looked at are read as well.
+    QPalette readable = grid->palette();
+    readable.setColor(QPalette::Disabled, QPalette::Text, readable.color(QPalette::Active, QPalette::Text));
+    grid->setPalette(readable);
+}
+
+void frmexammarkentry::ConnectHandlers()
+{
+    using Form = frmexammarkentry;
+    connect(ui_->cmdAddExam, &QPushButton::clicked, this, &Form::cmdAddExam_Click);
+    connect(ui_->cboClass, &QComboBox::activated, this, &Form::cboClass_Click);
+    connect(ui_->cboDivision, &QComboBox::activated, this, &Form::cboDivision_Click);
+    connect(ui_->Optsubject, &QRadioButton::clicked, this, &Form::Optsubject_Click);
+    connect(ui_->Optstudent, &QRadioButton::clicked, this, &Form::Optstudent_Click);
+    connect(ui_->dbcSubject, &DataCombo::Chosen, this, &Form::dbcSubject_Change);
+    connect(ui_->dbcStudent, &DataCombo::Chosen, this, &Form::dbcStudent_Change);
+    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
+        list->SetValidate([this, list] { return List_Validate(list); });
+    connect(ui_->msgDetails, &FlexGrid::CellClicked, this, &Form::msgDetails_Click);
+    connect(ui_->cmdNew, &QPushButton::clicked, this, &Form::cmdNew_Click);
+    connect(ui_->cmdEdit, &QPushButton::clicked, this, &Form::cmdEdit_Click);
+    connect(ui_->cmdDelete, &QPushButton::clicked, this, &Form::cmdDelete_Click);
+    connect(ui_->cmdSave, &QPushButton::clicked, this, &Form::cmdSave_Click);
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &Form::cmdCancel_Click);
+
+    for (QComboBox* combo :
+         std::initializer_list<QComboBox*>{ui_->dbcExam, ui_->cboClass, ui_->dbcSubject, ui_->dbcStudent})
+        combo->setProperty(EnterNeedsText, true);
+    ui_->cboDivision->setProperty(TakesEnter, true);
+    ui_->cboDivision->installEventFilter(this);
+}
+
+void frmexammarkentry::Form_Load()
+{
+    Fill(ui_->cboDivision, {});
+    LoadExam();
+    LoadClass();
+    ui_->cmdNew->setFocus();
+}
+
+MarkRepository frmexammarkentry::Marks() const
+{
+    return MarkRepository(*Session().gcnnMain);
+}
+
+MarkScope frmexammarkentry::Scope() const
+{
+    return {Session().gintAcademicYearCode, ui_->dbcExam->BoundCode(), ChosenCode(ui_->cboClass),
+            ChosenCode(ui_->cboDivision)};
+}
+
+DataCombo* frmexammarkentry::List() const
+{
+    return sheet_.Mode() == MarkMode::Subject ? ui_->dbcSubject : ui_->dbcStudent;
+}
+
+void frmexammarkentry::LoadExam()
+{
+    const int chosen = ui_->dbcExam->BoundCode();
+    Read([this] { ui_->dbcExam->SetList(Marks().Exams()); });
+    ui_->dbcExam->SetBoundCode(chosen);
+}
+
+void frmexammarkentry::LoadClass()
+{
+    Read([this] { Fill(ui_->cboClass, Marks().Classes()); });
+}
+
+void frmexammarkentry::LoadSubject()
+{
+    const auto subjects = Marks().Subjects(Scope());
+    ui_->dbcSubject->SetList(subjects);
+    if (subjects.empty())
+        Prompts::Information(NoSubjects);
+}
+
+void frmexammarkentry::LoadStudent()
+{
+    const auto students = Marks().Students(Scope());
+    ui_->dbcStudent->SetList(students);
+    if (students.empty())
+        Prompts::Information(NoStudents);
+}
+
+void frmexammarkentry::cmdAddExam_Click()
+{
+    ShowForm(ExamMaster);
+    examsOpened_ = ScreenRegistry::OpenInstance(ExamMaster) != nullptr;
+}
+
+void frmexammarkentry::Form_Activate(bool first)
+{
+    if (first || !std::exchange(examsOpened_, false))
+        return;
+    LoadExam();
+    ui_->dbcExam->setFocus();
+}
+
+void frmexammarkentry::cboClass_Click()
+{
+    ResetGrid();
+    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
+        list->SetList({});
+    Fill(ui_->cboDivision, {});
+    Read([this] { Fill(ui_->cboDivision, Marks().Divisions(ChosenCode(ui_->cboClass))); });
+}
+
+void frmexammarkentry::cboDivision_Click()
+{
+    ResetGrid();
+    if (ChosenCode(ui_->cboDivision) == 0)
+        for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
+            list->SetList({});
+    ui_->Optsubject->setChecked(true);
+    Optsubject_Click();
+}
+
+void frmexammarkentry::UseMode(MarkMode mode)
+{
+    const bool bySubject = mode == MarkMode::Subject;
+    if (mode != sheet_.Mode())
+        ResetGrid();
+    sheet_.UseMode(mode);
+    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent}) {
+        list->SetBoundCode(0);
+        list->setEnabled(list == List());
+        list->setVisible(list == List());
+    }
+    sheet_.EmptyMarks();
+    ShowRows();
+    ui_->Label4->setText(bySubject ? QStringLiteral("Subject Name :") : QStringLiteral("Student Name :"));
+    ui_->Label4->setBuddy(List());
+    ui_->Label2->setText(bySubject ? QStringLiteral("Class Average For The Selected Subject :")
+                                   : QStringLiteral("Average :"));
+    for (QWidget* limit : std::initializer_list<QWidget*>{ui_->lblMaximumAllowed, ui_->txtmaximumallowed})
+        limit->setVisible(bySubject);
+    ui_->msgDetails->SetTextMatrix(
+        0, NameCol, bySubject ? QStringLiteral("Student Name") : QStringLiteral("Subject Name"));
+}
+
+void frmexammarkentry::Optsubject_Click()
+{
+    UseMode(MarkMode::Subject);
+    if (!Scope().IsComplete())
+        return;
+    Read([this] {
+        LoadSubject();
+        ListStudents();
+    });
+}
+
+void frmexammarkentry::ListStudents()
+{
+    // Who was relieved has no place in a list that is edited, and his marks go with the next save.
+    const auto students = Marks().StudentsToMark(Scope(), !EditMode_);
+    sheet_.ListStudents(students);
+    ShowRows();
+    if (students.empty() && (EditMode_ || !Marks().HasStudents(Scope())))
+        Prompts::Information(NoStudents);
+}
+
+void frmexammarkentry::Optstudent_Click()
+{
+    UseMode(MarkMode::Student);
+    if (!Scope().IsComplete())
+        return;
+    Read([this] {
+        LoadStudent();
+        ResetGrid();
+        const auto subjects = Marks().SubjectsToMark(Scope());
+        sheet_.ListSubjects(subjects);
+        ShowRows();
+        if (subjects.empty())
+            Prompts::Information(NoSubjects);
+    });
+}
+
+void frmexammarkentry::dbcSubject_Change()
+{
+    Read([this] {
+        const int subjectCode = ui_->dbcSubject->BoundCode();
+        if (!Scope().IsComplete() || subjectCode == 0) {
+            sheet_.EmptyMarks();
+            ShowRows();
+            return;
+        }
+        const auto subject = Marks().FindSubject(Scope(), subjectCode);
+        if (!subject)
+            return;
+        const auto stored = Marks().StoredMarks(Scope(), MarkMode::Subject, subjectCode);
+        sheet_.StartSubject(*subject);
+        sheet_.TakeMarks(stored);
+        MarksExist_ = !stored.empty();
+        ui_->txtmaximumallowed->setText(PlainNumber(sheet_.MaximumAllowed()));
+        ShowRows();
+    });
+}
+
+void frmexammarkentry::dbcStudent_Change()
+{
+    Read([this] {
+        const int studentCode = ui_->dbcStudent->BoundCode();
+        if (!Scope().IsComplete() || studentCode == 0) {
+            sheet_.EmptyMarks();
+            ShowRows();
+            return;
+        }
+        const auto stored = Marks().StoredMarks(Scope(), MarkMode::Student, studentCode);
+        sheet_.StartStudent();
+        sheet_.TakeMarks(stored);
+        MarksExist_ = !stored.empty();
+        ShowRows();
+    });
+}
+
+bool frmexammarkentry::List_Validate(DataCombo* list)
+{
+    if (IsUnloaded() || list != List() || !ui_->fraMain->isEnabled() || !Scope().IsComplete() ||
+        list->IsBlank())
+        return true;
+    if (!MarksExist_) {
+        ShowEntryControl(MarkField::Mark, 1);
+        return true;
+    }
+    const QString whose = list == ui_->dbcSubject ? QStringLiteral("Subject") : QStringLiteral("Student");
+    if (!Prompts::Ask(QStringLiteral("Marks Are Already Entered For This %1. Do You Want To "
+                                     "View/Edit/Delete The Details ?")
+                          .arg(whose))) {
+        list->SetBoundCode(0);
+        list == ui_->dbcSubject ? dbcSubject_Change() : dbcStudent_Change();
+        MarksExist_ = false;
+        return false;
+    }
+    HideEntryControls();
+    ui_->fraMain->setEnabled(false);
+    ui_->cmdEdit->setEnabled(true);
+    ui_->cmdDelete->setEnabled(true);
+    ui_->cmdSave->setEnabled(false);
+    ui_->cmdEdit->setFocus();
+    return true;
+}
+
+void frmexammarkentry::cmdNew_Click()
+{
+    if (!MayUse(QLatin1Char('N')))
+        return;
+    ui_->fraMain->setEnabled(true);
+    ui_->Frame1->setEnabled(true);
+    ui_->dbcSubject->setEnabled(true);
+    ui_->dbcStudent->setEnabled(false);
+    ui_->msgDetails->SetTextMatrix(1, SerialCol, QStringLiteral("1"));
+    ui_->cmdSave->setEnabled(true);
+    const std::initializer_list<QComboBox*> selections{ui_->dbcExam, ui_->cboClass, ui_->cboDivision};
+    QWidget* next = List()->isEnabled() ? static_cast<QWidget*>(List()) : ui_->Optstudent;
+    for (QComboBox* selection : selections) {
+        if (ChosenCode(selection) == 0) {
+            next = selection;
+            break;
+        }
+    }
+    next->setFocus();
+    ui_->cmdNew->setEnabled(false);
+}
+
+void frmexammarkentry::cmdEdit_Click()
+{
+    if (!MayUse(QLatin1Char('E')))
+        return;
+    EditMode_ = true;
+    if (sheet_.Mode() == MarkMode::Subject) {
+        Read([this] { ListStudents(); });
+        dbcSubject_Change();
+    }
+    ui_->cmdSave->setEnabled(true);
+    ui_->fraMain->setEnabled(true);
+    ui_->Frame1->setEnabled(false);
+    ui_->cmdSave->setFocus();
+    ui_->cmdEdit->setEnabled(false);
+    ui_->cmdDelete->setEnabled(false);
+}
+
+void frmexammarkentry::cmdDelete_Click()
+{
+    if (!MayUse(QLatin1Char('X')) ||
+        !Prompts::Ask(QStringLiteral("Do You Want To Delete This 'Classwise Mark Entry' ?")))
+        return;
+    const bool deleted = Write(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
+        MarkRepository::Delete(transaction, Scope(), sheet_.Mode(), List()->BoundCode());
+    });
+    if (!deleted)
+        return;
+    cmdCancel_Click();
+    Prompts::Information(QStringLiteral("Record Deleted"));
+}
+
+bool frmexammarkentry::IsReady()
+{
+    if (ui_->dbcExam->IsBlank())
+        return Refuse(QStringLiteral("Select Exam Name"), ui_->dbcExam);
+    if (ChosenCode(ui_->cboClass) == 0)
+        return Refuse(QStringLiteral("Select Class"), ui_->cboClass);
+    if (ChosenCode(ui_->cboDivision) == 0)
+        return Refuse(QStringLiteral("Select Division"), ui_->cboDivision);
+    if (List()->IsBlank())
+        return Refuse(sheet_.Mode() == MarkMode::Student ? QStringLiteral("Select Student Name")
+                                                         : QStringLiteral("Select Subject Name"),
+                      List());
+    bool students = false;
+    bool subjects = false;
+    const bool known = Read([&] {
+        students = Marks().HasStudents(Scope());
+        subjects = Marks().HasSubjects(Scope());
+    });
+    if (!known)
+        return false;
+    if (!students) {
+        ui_->dbcStudent->SetBoundCode(0);
+        Prompts::Information(NoStudents);
+        return false;
+    }
+    if (!subjects) {
+        Prompts::Information(NoSubjects);
+        return false;
+    }
+    if (const auto fault = sheet_.FindFault()) {
+        Take(*fault);
+        return false;
+    }
+    return true;
+}
+
+void frmexammarkentry::cmdSave_Click()
+{
+    if (!IsReady())
+        return;
+    const int chosen = List()->BoundCode();
+    try {
+        store::Transaction transaction(*Session().gcnnMain);
+        if (EditMode_)
+            MarkRepository::Delete(transaction, Scope(), sheet_.Mode(), chosen);
+        MarkRepository::Insert(transaction, Scope(), sheet_.Records(chosen), Session().gintUserCode);
+        transaction.Commit();
+    } catch (const store::StoreError& error) {
+        // Another client's save is over in a moment, so what was typed stays for a second try.
+        Prompts::Critical(TextOf(error, Conflict::MasterIsGone));
+        if (error.IsConflict())
+            cmdCancel_Click();
+        return;
+    }
+    Prompts::Information(EditMode_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
+    if (EditMode_ ||
+        !Prompts::Ask(QStringLiteral("Do You Want To Enter Marks For The Same 'Exam-Class-Division' ?"))) {
+        cmdCancel_Click();
+        return;
+    }
+    HideEntryControls();
+    List()->SetBoundCode(0);
+    sheet_.EmptyMarks();
+    ShowRows();
+    List()->setFocus();
+}
+
+void frmexammarkentry::cmdCancel_Click()
+{
+    LoadExam();
+    LoadClass();
+    ClearControls(this);
+    ResetGrid();
+    ui_->Optsubject->setChecked(true);
+    Optsubject_Click();
+    ui_->cmdNew->setEnabled(true);
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{ui_->cmdEdit, ui_->cmdSave, ui_->cmdDelete, ui_->fraMain})
+        control->setEnabled(false);
+    ui_->txtaverageMark->setText(BlankItem);
+    ui_->Frame1->setEnabled(true);
+    EditMode_ = false;
+    HideEntryControls();
+    ui_->cmdNew->setFocus();
+}
+
+void frmexammarkentry::ResetGrid()
+{
+    sheet_.Clear();
+    ShowRows();
+}
+
+void frmexammarkentry::ShowRow(int row)
+{
+    FlexGrid* grid = ui_->msgDetails;
+    const MarkRow& entry = sheet_.Row(row);
+    grid->SetTextMatrix(row, MarkObtainedCol, entry.mark);
+    grid->SetTextMatrix(row, PresentAbsentCol, entry.presence);
+    for (const int col : {MarkObtainedCol, PresentAbsentCol})
+        grid->SetMark(row, col, entry.IsAbsent() ? CellMark::FailedOrAbsent : CellMark::None);
+}
+
+void frmexammarkentry::ShowRows()
+{
+    FlexGrid* grid = ui_->msgDetails;
+    // One blank row stands behind the rows.
+    grid->SetRows(1);
+    grid->SetRows(sheet_.RowCount() + 2);
+    for (int row = 1; row <= sheet_.RowCount(); ++row) {
+        const MarkRow& entry = sheet_.Row(row);
+        grid->SetTextMatrix(row, SerialCol, QString::number(row));
+        grid->SetTextMatrix(row, NameCol, entry.name);
+        grid->SetTextMatrix(row, CodeCol, QString::number(entry.code));
+        grid->SetTextMatrix(row, TeacherCodeCol, QString::number(entry.teacherCode));
+        if (sheet_.Mode() == MarkMode::Student) {
+            grid->SetTextMatrix(row, MaximumAllowedCol, PlainNumber(entry.maximumAllowed));
+            grid->SetTextMatrix(row, MaximumMarkCol, PlainNumber(entry.maximumMark));
+        }
+        ShowRow(row);
+    }
+    ShowAverage();
+}
+
+void frmexammarkentry::ShowAverage()
+{
+    ui_->txtaverageMark->setText(sheet_.Average());
+}
+
+bool frmexammarkentry::eventFilter(QObject* receiver, QEvent* event)
+{
+    if (receiver != ui_->cboDivision || event->type() != QEvent::KeyPress)
+        return Screen::eventFilter(receiver, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return false;
+    if (ChosenCode(ui_->cboDivision) != 0) {
+        Optsubject_Click();
+        focusNextChild();
+    }
+    return true;
+}
+
+void frmexammarkentry::wheelEvent(QWheelEvent* event)
+{
+    // A long list can be looked through while it may not be entered.
+    if (!ui_->fraMain->isEnabled())
+        QCoreApplication::sendEvent(ui_->msgDetails->verticalScrollBar(), event);
+}
+
+QSize frmexammarkentry::sizeHint() const
+{
+    // As much of a long class as most displays can show; a smaller one bounds it.
+    return {820, 720};
+}
+
+QString frmexammarkentry::ExitCaption() const
+{
+    return QStringLiteral("Marks Entry");
+}
+
+} // namespace tally

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "core/Screen.h"
+#include "exams/MarkRepository.h"
+#include "exams/MarkSheet.h"
+
+#include <memory>
+
+namespace Ui {
+class frmexammarkentry;
+}
+
+namespace tally {
+
+class DataCombo;
+class FloatingCombo;
+class FloatingEditor;
+
+/// "Classwise Mark Entry": the marks of one exam in one class-division, typed either for one subject student
+/// by student, or for one student subject by subject.
+class frmexammarkentry : public Screen
+{
+    Q_OBJECT
+
+public:
+    frmexammarkentry();
+    ~frmexammarkentry() override;
+
+    QSize sizeHint() const override;
+
+protected:
+    QString ExitCaption() const override;
+    void Form_Activate(bool first) override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    void Form_Load();
+    void BuildGrid();
+    void BuildBoxes();
+    void ConnectHandlers();
+
+    void LoadExam();
+    void LoadClass();
+    void LoadSubject();
+    void LoadStudent();
+    void cmdAddExam_Click();
+    void cboClass_Click();
+    void cboDivision_Click();
+    void Optsubject_Click();
+    void Optstudent_Click();
+    void dbcSubject_Change();
+    void dbcStudent_Change();
+    bool List_Validate(DataCombo* list);
+    void cmdNew_Click();
+    void cmdEdit_Click();
+    void cmdDelete_Click();
+    void cmdSave_Click();
+    void cmdCancel_Click();
+
+    void msgDetails_Click(int row, int col);
+    void txtmarkobtained_Change(const QString& text);
+    void txtmarkobtained_Enter();
+    void cboPresentAbsent_Click();
+    void cboPresentAbsent_Enter();
+    void ShowEntryControl(MarkField field, int row);
+    void HideEntryControls();
+    /// Tells what the step has to tell and goes where it leads.
+    void Take(const MarkStep& step);
+    void ShowAverage();
+
+    MarkRepository Marks() const;
+    MarkScope Scope() const;
+    /// The list of the mode in which marks are entered.
+    DataCombo* List() const;
+    /// Both lists without a choice; only that of `mode` can be used.
+    void UseMode(MarkMode mode);
+    void ListStudents();
+    void ResetGrid();
+    void ShowRow(int row);
+    void ShowRows();
+    /// Everything that a save asks for is there. Says what is missing and takes the user to it.
+    bool IsReady();
+
+    std::unique_ptr<Ui::frmexammarkentry> ui_;
+    FloatingEditor* txtmarkobtained_ = nullptr;
+    FloatingEditor* txtpresentorabsent_ = nullptr;
+    FloatingCombo* cboPresentAbsent_ = nullptr;
+
+    MarkSheet sheet_;
+    bool EditMode_ = false;
+    bool MarksExist_ = false;  ///< the subject or student that was chosen last has marks in this exam
+    bool examsOpened_ = false; ///< the exam master was opened from here
+};
+
+} // namespace tally

@@ -1,0 +1,165 @@
+// The boxes that float over the grid: what they accept and where Enter leads.
+
+#include "core/controls/FlexGrid.h"
+#include "core/controls/FloatingCombo.h"
+#include "core/controls/FloatingEditor.h"
+#include "core/FormKeys.h"
+#include "core/modTallyboardForms.h"
+#include "core/Prompts.h"
+#include "exams/frmexammarkentry.h"
+#include "exams/MarkEntryColumns.h"
+#include "ui_frmexammarkentry.h"
+
+#include <algorithm>
+
+namespace tally {
+
+namespace {
+
+constexpr int MarkLength = 7;
+constexpr int PresenceLength = 7;
+constexpr double HighestMark = 999.99;
+
+bool IsMarkText(const QString& text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar letter) { return KeyNumericDecimal(letter.unicode()) != 0; });
+}
+
+/// Cuts decimals that no mark has and empties a box whose number no mark reaches.
+void KeepMarkLimit(FloatingEditor* box)
+{
+    QString before;
+    do {
+        // One digit at a time; a pasted text may have more.
+        before = box->text();
+        if (CheckMarkLimit(box, 2, HighestMark, QStringLiteral("Mark Obtained")))
+            box->clear();
+    } while (box->text() != before);
+}
+
+} // namespace
+
+void frmexammarkentry::BuildBoxes()
+{
+    FlexGrid* grid = ui_->msgDetails;
+    txtmarkobtained_ = new FloatingEditor(grid);
+    txtmarkobtained_->setObjectName(QStringLiteral("txtmarkobtained"));
+    TakeOnly(txtmarkobtained_, &KeyNumericDecimal, MarkLength);
+    cboPresentAbsent_ = new FloatingCombo(grid);
+    cboPresentAbsent_->setObjectName(QStringLiteral("cboPresentAbsent"));
+    cboPresentAbsent_->addItems({QStringLiteral("Present"), QStringLiteral("Absent")});
+    TakeOnly(cboPresentAbsent_->lineEdit(), &KeyAlpha, PresenceLength);
+    txtpresentorabsent_ = new FloatingEditor(grid);
+    txtpresentorabsent_->setObjectName(QStringLiteral("txtpresentorabsent"));
+
+    using Form = frmexammarkentry;
+    connect(txtmarkobtained_, &FloatingEditor::Typed, this, &Form::txtmarkobtained_Change);
+    connect(txtmarkobtained_, &FloatingEditor::EnterPressed, this, &Form::txtmarkobtained_Enter);
+    connect(cboPresentAbsent_, &DataCombo::Chosen, this, &Form::cboPresentAbsent_Click);
+    connect(cboPresentAbsent_, &FloatingCombo::EnterPressed, this, &Form::cboPresentAbsent_Enter);
+    connect(txtpresentorabsent_, &FloatingEditor::Typed, txtpresentorabsent_,
+            [this](const QString& text) { txtpresentorabsent_->setText(text.toUpper()); });
+
+    QWidget* before = grid;
+    for (QWidget* next : std::initializer_list<QWidget*>{txtmarkobtained_, cboPresentAbsent_,
+                                                         txtpresentorabsent_, ui_->cmdNew}) {
+        setTabOrder(before, next);
+        before = next;
+    }
+}
+
+void frmexammarkentry::msgDetails_Click(int row, int col)
+{
+    if (!ui_->cmdSave->isEnabled())
+        return;
+    HideEntryControls();
+    if (List()->IsBlank()) {
+        Refuse(sheet_.Mode() == MarkMode::Student ? QStringLiteral("Select Student Name")
+                                                  : QStringLiteral("Select Subject Name"),
+               List());
+        return;
+    }
+    if (col == MarkObtainedCol)
+        ShowEntryControl(MarkField::Mark, row);
+    else if (col == PresentAbsentCol)
+        ShowEntryControl(MarkField::Presence, row);
+}
+
+void frmexammarkentry::txtmarkobtained_Change(const QString& text)
+{
+    // What was pasted is heard again as soon as all that is no number has been taken out.
+    if (!IsMarkText(text))
+        return;
+    const int row = txtmarkobtained_->Row();
+    const QString refusal = sheet_.RefusalWhileTyping(row, text);
+    if (refusal.isEmpty()) {
+        KeepMarkLimit(txtmarkobtained_);
+    } else {
+        Prompts::Information(refusal);
+        txtmarkobtained_->clear();
+    }
+    sheet_.SetMark(row, txtmarkobtained_->text());
+    ShowRow(row);
+    ShowAverage();
+}
+
+void frmexammarkentry::txtmarkobtained_Enter()
+{
+    const int row = txtmarkobtained_->Row();
+    const MarkStep step = sheet_.EnterMark(row, txtmarkobtained_->text());
+    ShowRow(row);
+    ShowAverage();
+    Take(step);
+}
+
+void frmexammarkentry::cboPresentAbsent_Click()
+{
+    const int row = cboPresentAbsent_->Row();
+    sheet_.SetPresence(row, cboPresentAbsent_->currentText());
+    ShowRow(row);
+    ShowAverage();
+}
+
+void frmexammarkentry::cboPresentAbsent_Enter()
+{
+    if (cboPresentAbsent_->IsBlank())
+        return;
+    const int row = cboPresentAbsent_->Row();
+    const MarkStep step = sheet_.EnterPresence(row, cboPresentAbsent_->currentText());
+    ShowRow(row);
+    ShowAverage();
+    Take(step);
+}
+
+void frmexammarkentry::Take(const MarkStep& step)
+{
+    if (!step.message.isEmpty())
+        Prompts::Information(step.message);
+    if (step.field != MarkField::Save) {
+        ShowEntryControl(step.field, step.row);
+        return;
+    }
+    HideEntryControls();
+    ui_->cmdSave->setFocus();
+}
+
+void frmexammarkentry::ShowEntryControl(MarkField field, int row)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    HideEntryControls();
+    if (field == MarkField::Mark)
+        txtmarkobtained_->OpenAt(row, MarkObtainedCol);
+    else
+        cboPresentAbsent_->OpenAt(row, PresentAbsentCol);
+}
+
+void frmexammarkentry::HideEntryControls()
+{
+    txtmarkobtained_->Close();
+    txtpresentorabsent_->Close();
+    cboPresentAbsent_->Close();
+}
+
+} // namespace tally
