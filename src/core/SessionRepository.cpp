@@ -67,7 +67,10 @@ std::optional<StoredOptions> SessionRepository::Options()
                                    " MarksInFraction, MarksRounded FROM Options"));
     if (!row.Next())
         return std::nullopt;
-    return StoredOptions{row.Text(0), row.Text(1), TextOrNull(row, 2), row.Text(3), row.Text(4), row.Text(5)};
+    StoredOptions options{row.Text(0), row.Text(1), std::nullopt, row.Text(3), row.Text(4), row.Text(5)};
+    if (!row.IsNull(2))
+        options.dateOfBirthSetting = row.Date(2);
+    return options;
 }
 
 int SessionRepository::HighestCode(const QString& column, const QString& table, int year)

@@ -34,7 +34,7 @@ struct StoredOptions
 {
     QString exitPrompt;
     QString admissionNoAutoGen;
-    std::optional<QString> dateOfBirthSetting; ///< ISO date, "" where blank, unset where Null
+    std::optional<QDate> dateOfBirthSetting; ///< unset where Null, invalid where blank or unreadable
     QString genderOption;
     QString marksInFraction;
     QString marksRounded;

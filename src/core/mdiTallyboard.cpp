@@ -47,8 +47,7 @@ void ReadOptions()
     if (!options)
         return;
     if (const auto& limit = options->dateOfBirthSetting)
-        Session().gvarDefaultDOB =
-            limit->isEmpty() ? QStringLiteral("Null") : ShownDate(QDate::fromString(*limit, Qt::ISODate));
+        Session().gvarDefaultDOB = limit->isValid() ? ShownDate(*limit) : QStringLiteral("Null");
     TakeOptionFlags(*options);
 }
 

@@ -114,8 +114,7 @@ void LoadOptions()
         session.gvarDefaultDOB.clear();
         return;
     }
-    session.gvarDefaultDOB =
-        ShownDate(QDate::fromString(options->dateOfBirthSetting.value_or(QString()), Qt::ISODate));
+    session.gvarDefaultDOB = ShownDate(options->dateOfBirthSetting.value_or(QDate()));
     if (!options->genderOption.isEmpty())
         session.gstrDefaultGender = options->genderOption;
 }

@@ -74,8 +74,7 @@ void frmUtilOptions::LoadSettings()
     if (stored) {
         TakeOptionFlags(options);
         session.gstrDefaultGender = options.genderOption;
-        session.gvarDefaultDOB =
-            ShownDate(QDate::fromString(options.dateOfBirthSetting.value_or(QString()), Qt::ISODate));
+        session.gvarDefaultDOB = ShownDate(options.dateOfBirthSetting.value_or(QDate()));
     }
 
     ui_->chkPrompt->setChecked(prompt);

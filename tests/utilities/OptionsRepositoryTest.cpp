@@ -45,7 +45,7 @@ TEST_F(OptionsRepositoryTest, TheRowComesBackAsItWasSaved)
     ASSERT_TRUE(stored);
     EXPECT_EQ(stored->exitPrompt.toStdString(), "Y");
     EXPECT_EQ(stored->admissionNoAutoGen.toStdString(), "N");
-    EXPECT_EQ(stored->dateOfBirthSetting->toStdString(), "2020-05-31");
+    EXPECT_EQ(stored->dateOfBirthSetting, QDate(2020, 5, 31));
     EXPECT_EQ(stored->genderOption.toStdString(), "F");
     EXPECT_EQ(stored->marksInFraction.toStdString(), "Y");
     EXPECT_EQ(stored->marksRounded.toStdString(), "N");
@@ -55,6 +55,20 @@ TEST_F(OptionsRepositoryTest, NoDateIsStoredAsNull)
 {
     Replace({false, false, QDate(), QStringLiteral("A"), false, false});
     EXPECT_FALSE(SessionRepository(main).Options()->dateOfBirthSetting);
+}
+
+TEST_F(OptionsRepositoryTest, ADateThatIsBlankOrCanNotBeReadIsThereAndInvalid)
+{
+    // The table refuses such dates; a damaged file may hold one all the same.
+    main.Execute(QStringLiteral("PRAGMA ignore_check_constraints = ON"));
+    for (const char* text : {"", "soon", "2020-02-30"}) {
+        main.Execute(QStringLiteral("DELETE FROM Options"));
+        main.Execute(QStringLiteral("INSERT INTO Options VALUES ('N', 'N', ?, 'A', 'N', 'N')"),
+                     QString::fromLatin1(text));
+        const auto limit = SessionRepository(main).Options()->dateOfBirthSetting;
+        ASSERT_TRUE(limit) << text;
+        EXPECT_FALSE(limit->isValid()) << text;
+    }
 }
 
 TEST_F(OptionsRepositoryTest, ThereIsOneRowForTheSchoolAndOnePerUser)
