@@ -6,6 +6,7 @@
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "core/TempFolder.h"
+#include "core/Twips.h"
 #include "store/StoreError.h"
 #include "ui_frmSplash.h"
 
@@ -17,8 +18,7 @@ namespace tally {
 
 namespace {
 
-/// 12000 by 9000 twips, 15 to the pixel.
-constexpr QSize MovieSize(800, 600);
+constexpr QSize MovieSize(12000 / TwipsPerPixel, 9000 / TwipsPerPixel);
 
 } // namespace
 

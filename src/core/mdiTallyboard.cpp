@@ -12,6 +12,7 @@
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
 #include "core/TempFolder.h"
+#include "core/Twips.h"
 #include "store/StoreError.h"
 #include "ui_mdiTallyboard.h"
 
@@ -252,8 +253,8 @@ void mdiTallyboard::mnuClose_Click()
 
 void mdiTallyboard::SizePanels()
 {
-    // 2750 twips of the width stay free for the size grip and for texts that are longer than their share.
-    constexpr int Free = 2750 / 15;
+    // Stays free for the size grip and for texts that are longer than their share.
+    constexpr int Free = 2750 / TwipsPerPixel;
     for (QLabel* panel : panels_)
         panel->setFixedWidth(std::max((width() - Free) / 3, panel->sizeHint().width()));
 }

@@ -9,6 +9,7 @@
 #include "core/Screen.h"
 #include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
+#include "core/Twips.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -62,8 +63,6 @@ bool OnSmallScreen()
 
 bool IsSmallScreen(QSize pixels)
 {
-    // The bounds are in twips.
-    constexpr int TwipsPerPixel = 15;
     const QSize twips = pixels * TwipsPerPixel;
     return twips.width() >= 11000 && twips.width() <= 12500 && twips.height() >= 8500 &&
            twips.height() <= 9500;

@@ -150,7 +150,7 @@ TEST_F(mdiTallyboardTest, EachPanelTakesAThirdOfTheWidthWithoutTheFreePart)
 {
     window->resize(1024, 700);
     for (const QLabel* panel : Panels())
-        EXPECT_EQ(panel->width(), (1024 - 2750 / 15) / 3);
+        EXPECT_EQ(panel->width(), (1024 - 183) / 3);
 }
 
 TEST_F(mdiTallyboardTest, TheTitleEndsInARunOfBlanks)
