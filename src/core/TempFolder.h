@@ -8,8 +8,8 @@ namespace tally {
 /// in the executable. Clients of one shared folder share it too: files in it are read right after they were
 /// written and never counted on later.
 
-/// Empties and makes the folder and sets gstrTempPath. False when the folder could not be made; pictures are
-/// then missing, and nothing else.
+/// Empties and makes the folder and sets gstrTempPath. False when the folder could not be made; pictures and
+/// movies are then missing, and nothing else.
 bool CreateTempFolder();
 void DeleteTempFolder();
 /// Writes embedded resource `id` as "{folder}/{id}.{extension}" and gives that path; empty when it could not

@@ -65,8 +65,14 @@ void frmSplash::closeEvent(QCloseEvent* event)
 
 void frmSplash::Form_Activate()
 {
-    CreateTempFolder();
-    ui_->swfSplash->SetMovie(ExtractResource(1006, Session().gstrTempPath, QStringLiteral("swf")));
+    const QString movie =
+        CreateTempFolder() ? ExtractResource(1006, Session().gstrTempPath, QStringLiteral("swf")) : QString();
+    if (movie.isEmpty())
+        Prompts::Information(
+            QStringLiteral("The Pictures Could Not Be Written To The Folder %1. The Program Goes On Without "
+                           "Them. Please Check The Free Disk Space And Whether You May Write There")
+                .arg(Session().gstrTempPath));
+    ui_->swfSplash->SetMovie(movie);
 }
 
 void frmSplash::swfSplash_FSCommand(const QString& command, const QString& argument)

@@ -2,6 +2,7 @@
 
 #include "core/controls/MovieView.h"
 #include "core/frmStartLogin.h"
+#include "support/FileSizeLimit.h"
 #include "support/ScreenFixture.h"
 
 #include <QApplication>
@@ -60,6 +61,14 @@ protected:
         EXPECT_EQ(processEnds, 0);
     }
 
+    void ExpectNoMovieMessage()
+    {
+        prompts.ExpectInformation(
+            QStringLiteral("The Pictures Could Not Be Written To The Folder ") + Folder() +
+            QStringLiteral("/Temp. The Program Goes On Without Them. Please Check The Free Disk Space And "
+                           "Whether You May Write There"));
+    }
+
     QString executable;
 };
 
@@ -86,6 +95,34 @@ TEST_F(frmSplashTest, TheMovieFillsItsTwelveByNineThousandTwipsAndPlaysFromTheTe
     EXPECT_FALSE(old.exists());
     EXPECT_EQ(Session().gstrTempPath, Folder() + QStringLiteral("/Temp"));
     EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
+}
+
+TEST_F(frmSplashTest, ATempFolderThatCanNotBeMadeIsToldAndTheProgramGoesOnWithoutItsMovie)
+{
+    QFile inTheWay(Folder() + QStringLiteral("/Temp"));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    ExpectNoMovieMessage();
+    frmSplash* splash = Show();
+    prompts.Verify();
+    EXPECT_FALSE(Find<MovieView>(splash, "swfSplash")->IsPlaying());
+    PressKey(splash, Qt::Key_Return);
+    ASSERT_NE(Login(), nullptr);
+    EXPECT_TRUE(Login()->isVisible());
+    EXPECT_EQ(processEnds, 0);
+}
+
+TEST_F(frmSplashTest, AMovieThatFindsNoRoomOnTheDiskIsToldAndTheProgramGoesOn)
+{
+    ExpectNoMovieMessage();
+    frmSplash* splash = nullptr;
+    {
+        const FileSizeLimit full(0);
+        splash = Show();
+    }
+    prompts.Verify();
+    EXPECT_FALSE(Find<MovieView>(splash, "swfSplash")->IsPlaying());
+    PressKey(splash, Qt::Key_Return);
+    EXPECT_NE(Login(), nullptr);
 }
 
 TEST_F(frmSplashTest, EnterOpensBothDatabasesAndTheLoginInPlaceOfTheSplash)
