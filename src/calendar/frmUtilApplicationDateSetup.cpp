@@ -112,7 +112,7 @@ void frmUtilApplicationDateSetup::cmdDeleteLastDay_Click()
         return;
     }
     const QString shown = ShownDate(lastDate_);
-    if (!Prompts::Ask(QStringLiteral("Do You Want To Delete Application Date : %1 ?").arg(shown)))
+    if (!Prompts::AskPlainly(QStringLiteral("Do You Want To Delete Application Date : %1 ?").arg(shown)))
         return;
     int days = 0;
     if (!Read([&] { days = Days().Count(session.gdtmFromDate, session.gdtmToDate); }))

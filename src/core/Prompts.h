@@ -16,6 +16,7 @@ enum class Kind
 {
     Information,
     Question,
+    PlainQuestion,
     Critical,
 };
 
@@ -23,6 +24,8 @@ void Information(const QString& text);
 void Critical(const QString& text);
 /// True on Yes. Esc and the close box mean No.
 bool Ask(const QString& text, const QString& caption = ApplicationTitle);
+/// The same in a box without an icon.
+bool AskPlainly(const QString& text);
 
 /// Lets `answer` take the place of the boxes: it gets each box's kind and text, and what it returns stands
 /// for Yes or No. An empty function brings the real boxes back. For tests and the guided tour.

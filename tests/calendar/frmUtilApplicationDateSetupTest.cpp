@@ -32,7 +32,7 @@ protected:
     }
     void ExpectDeleteQuestion(const char* date, bool answer)
     {
-        prompts.ExpectQuestion(
+        prompts.ExpectPlainQuestion(
             QStringLiteral("Do You Want To Delete Application Date : %1 ?").arg(QString::fromLatin1(date)),
             answer);
     }

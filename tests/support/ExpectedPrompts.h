@@ -22,6 +22,10 @@ public:
     void Expect(Prompts::Kind kind, const QString& text, bool answer = true);
     void ExpectInformation(const QString& text) { Expect(Prompts::Kind::Information, text); }
     void ExpectQuestion(const QString& text, bool answer) { Expect(Prompts::Kind::Question, text, answer); }
+    void ExpectPlainQuestion(const QString& text, bool answer)
+    {
+        Expect(Prompts::Kind::PlainQuestion, text, answer);
+    }
     /// A critical box with any text, for the engine's own words.
     void ExpectCritical();
     void ExpectCritical(const QString& text) { Expect(Prompts::Kind::Critical, text); }
