@@ -173,6 +173,17 @@ TEST_F(frmMasSchoolSetupTest, ASchoolIsEnteredWithKeysAlone)
     EXPECT_FALSE(Button("cmdSave")->isEnabled());
 }
 
+TEST_F(frmMasSchoolSetupTest, ASchoolThatStartsInAprilHasAprilAsItsFirstMonthAndMarchAsItsLast)
+{
+    OpenSetup();
+    EnterByKeys(4);
+    Save("Record Saved");
+    int code = 0;
+    for (const char* month :
+         {"APR", "MAY", "JUN", "JUL", "AUG", "SEP", "OCT", "NOV", "DEC", "JAN", "FEB", "MAR"})
+        EXPECT_EQ(MonthCode(month), ++code) << month;
+}
+
 TEST_F(frmMasSchoolSetupTest, AMissingEntryIsToldInItsTurn)
 {
     OpenSetup();
