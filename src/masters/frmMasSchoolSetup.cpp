@@ -142,7 +142,9 @@ void frmMasSchoolSetup::cmdSave_Click()
         Repository().Replace(transaction, Entered(), Session().gintUserCode);
         Repository().GenerateMonthCode(transaction, ui_->cboAcademicYearCodeStartMonth->BoundCode());
     });
-    if (!stored)
+    if (!stored) {
+        // What another client has deleted meanwhile is not to be chosen again.
+        RefillPlaces();
         return;
     Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
     cmdCancel_Click();

@@ -31,7 +31,7 @@ private:
     void LoadAcademicYearStartMonth();
     void LoadStates();
     void LoadCities();
-    /// Takes in what was added to both lists, and keeps what is chosen.
+    /// Takes in what was added to both lists and what is gone from them, and keeps what is chosen.
     void RefillPlaces();
 
     void dbcStateName_Change();

@@ -397,6 +397,29 @@ TEST_F(frmMasSchoolSetupTest, ACityThatAnotherClientDeletedIsNotSavedAndNothingI
     EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
 }
 
+TEST_F(frmMasSchoolSetupTest, ARefusedSaveOffersOnlyTheStatesAndCitiesThatAreStillThere)
+{
+    GivenSchool();
+    OpenSetup();
+    Press(Button("cmdEdit"));
+    Choose("dbcStateName", 1);
+    Choose("dbcCity", 0);
+    const auto other = AnotherClient();
+    other->Execute(QStringLiteral("DELETE FROM CityMaster WHERE CityCode = 1"));
+    other->Execute(QStringLiteral("DELETE FROM StateMaster WHERE StateCode = 1"));
+    prompts.ExpectCritical(QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data."));
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_TRUE(List("dbcStateName")->IsBlank());
+    EXPECT_EQ(List("dbcStateName")->findText(QStringLiteral("Kerala")), -1);
+    EXPECT_EQ(List("dbcCity")->count(), 0);
+    Refuse("Select State", "dbcStateName");
+    Choose("dbcStateName", 1);
+    Choose("dbcCity", 1);
+    Save("Record Updated");
+    EXPECT_EQ(Count("SELECT CCityCode FROM SchoolMaster"), 2);
+}
+
 TEST_F(frmMasSchoolSetupTest, AFileHeldByAnotherClientLosesNeitherSchoolNorMonths)
 {
     GivenSchool();
