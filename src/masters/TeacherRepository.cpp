@@ -19,11 +19,6 @@ QString MaritalStatus(const Teacher& teacher)
     return teacher.married ? QStringLiteral("M") : QStringLiteral("S");
 }
 
-QString Holding(const QString& text)
-{
-    return QLatin1Char('%') + text.toUpper() + QLatin1Char('%');
-}
-
 } // namespace
 
 DateFault FaultWhileChoosing(const QDate& date, const QDate& birth)
@@ -111,8 +106,8 @@ bool TeacherRepository::ShortNameTaken(const QString& shortName, int exceptCode)
 {
     auto found =
         main_.Query(QStringLiteral("SELECT TeacherShortName FROM TeacherMaster WHERE TeacherCode <> ?"
-                                   " AND TeacherCode > 0 AND upper(TeacherShortName) = ?"),
-                    exceptCode, shortName.toUpper());
+                                   " AND TeacherCode > 0 AND upper(TeacherShortName) = upper(?)"),
+                    exceptCode, shortName);
     return found.Next();
 }
 
@@ -125,14 +120,14 @@ GridResult TeacherRepository::Search(const QString& name, const QString& city)
         " FROM TeacherMaster a LEFT JOIN CityMaster b ON a.CityCode = b.CityCode"
         " LEFT JOIN StateMaster d ON b.StateCode = d.StateCode WHERE a.TeacherCode > 0");
     if (!name.isEmpty())
-        sql += QStringLiteral(" AND upper(a.TeacherName) LIKE :Name");
+        sql += QStringLiteral(" AND upper(a.TeacherName) LIKE '%' || upper(:Name) || '%'");
     if (!city.isEmpty())
-        sql += QStringLiteral(" AND upper(b.CityName) LIKE :City");
+        sql += QStringLiteral(" AND upper(b.CityName) LIKE '%' || upper(:City) || '%'");
     sql += QStringLiteral(" ORDER BY a.TeacherName");
 
     auto rows = main_.Prepare(sql);
-    rows.BindNamed(":Name", Holding(name));
-    rows.BindNamed(":City", Holding(city));
+    rows.BindNamed(":Name", name);
+    rows.BindNamed(":City", city);
     return ReadGrid(std::move(rows));
 }
 

@@ -64,7 +64,7 @@ public:
     std::optional<Teacher> Find(int teacherCode);
     /// Another teacher has exactly this name, capital and small letters told apart.
     bool NameTaken(const QString& name, int exceptCode);
-    /// Another teacher has this short name, capital and small letters alike.
+    /// Another teacher has this short name, capital and small letters from A to Z alike.
     bool ShortNameTaken(const QString& shortName, int exceptCode);
     /// The teachers whose name and whose city's name hold the texts; an empty text filters nothing. Columns:
     /// "Teacher Name", "Short Name", "State Name", "City Name", "Telephone", "TeacherCode".

@@ -43,7 +43,7 @@ protected:
         Run("INSERT INTO SalutationMaster VALUES (1, 'Mrs', 1)");
     }
 
-    void Run(const char* sql) { main.Execute(QString::fromLatin1(sql)); }
+    void Run(const char* sql) { main.Execute(QString::fromUtf8(sql)); }
 
     void Insert(int code, const Teacher& teacher)
     {
@@ -118,6 +118,31 @@ TEST_F(TeacherRepositoryTest, NamesDifferByCaseButShortNamesDoNot)
     EXPECT_FALSE(teachers.NameTaken(QStringLiteral("Asha"), 1));
     EXPECT_TRUE(teachers.ShortNameTaken(QStringLiteral("ash"), 0));
     EXPECT_FALSE(teachers.ShortNameTaken(QStringLiteral("ash"), 1));
+}
+
+TEST_F(TeacherRepositoryTest, AShortNameWithLettersOfOtherLanguagesIsTakenToo)
+{
+    Teacher teacher = Named("Zoe", "");
+    teacher.shortName = QStringLiteral("Zo\u00eb");
+    Insert(1, teacher);
+    EXPECT_TRUE(teachers.ShortNameTaken(QStringLiteral("Zo\u00eb"), 0));
+    EXPECT_TRUE(teachers.ShortNameTaken(QStringLiteral("zO\u00eb"), 0));
+    EXPECT_FALSE(teachers.ShortNameTaken(QStringLiteral("Zoe"), 0));
+}
+
+TEST_F(TeacherRepositoryTest, SearchFindsLettersOfOtherLanguagesAsTheyWereEntered)
+{
+    Run("INSERT INTO CityMaster VALUES (4, 1, '\u00c5rsta', 1), (5, 1, '\u00e5rsta', 1)");
+    Teacher teacher = Named("", "ZOE", 5);
+    teacher.name = QStringLiteral("Zo\u00eb \u0905\u0936\u093e");
+    Insert(1, teacher);
+    const auto found = [this](const QString& name, const QString& city) {
+        return teachers.Search(name, city).rows.size();
+    };
+    EXPECT_EQ(found(QStringLiteral("o\u00eb"), {}), 1U);
+    EXPECT_EQ(found(QStringLiteral("ZO\u00eb \u0905"), {}), 1U);
+    EXPECT_EQ(found({}, QStringLiteral("\u00e5RST")), 1U);
+    EXPECT_EQ(found(QStringLiteral("Zoe"), {}), 0U);
 }
 
 TEST_F(TeacherRepositoryTest, ListsBeginBlankAndNeverShowTheRowsThatMeanNotChosen)
