@@ -42,26 +42,10 @@ QDate SchoolRepository::FirstAcademicYearFrom()
     return row.Next() ? row.Date(0) : QDate();
 }
 
-SchoolRepository::CodedTexts SchoolRepository::Months()
+CodedTexts SchoolRepository::Months()
 {
     return ReadCodedTexts(
         main_.Query(QStringLiteral("SELECT MonthSlNo, MonthShortName FROM MonthMaster ORDER BY MonthSlNo")));
-}
-
-SchoolRepository::CodedTexts SchoolRepository::States()
-{
-    return ReadCodedTexts(
-        main_.Query(QStringLiteral("SELECT 0 AS StateCode, ' ' AS StateName FROM StateMaster"
-                                   " UNION SELECT StateCode, StateName FROM StateMaster WHERE StateCode > 0"
-                                   " ORDER BY StateName")));
-}
-
-SchoolRepository::CodedTexts SchoolRepository::Cities(int stateCode)
-{
-    return ReadCodedTexts(
-        main_.Query(QStringLiteral("SELECT CityCode, CityName FROM CityMaster"
-                                   " WHERE CityCode > 0 AND StateCode = ? ORDER BY CityName"),
-                    stateCode));
 }
 
 void SchoolRepository::Replace(store::Transaction& transaction, const School& school, int userCode)
@@ -78,14 +62,6 @@ void SchoolRepository::GenerateMonthCode(store::Transaction& transaction, int st
         transaction.Prepare(QStringLiteral("UPDATE MonthMaster SET MonthCode = ? WHERE MonthSlNo = ?"));
     for (int month = 1; month <= MonthsOfAYear; ++month)
         update.Run(MonthCodeOf(month, startMonth), month);
-}
-
-SchoolRepository::CodedTexts SchoolRepository::ReadCodedTexts(store::Statement rows)
-{
-    CodedTexts texts;
-    while (rows.Next())
-        texts.emplace_back(rows.Int(0), rows.Text(1));
-    return texts;
 }
 
 } // namespace tally

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "core/CodedTexts.h"
 #include "store/Transaction.h"
 
 #include <QDate>
 #include <QString>
 
 #include <optional>
-#include <utility>
-#include <vector>
 
 namespace tally {
 
@@ -31,8 +30,6 @@ int MonthCodeOf(int month, int startMonth);
 class SchoolRepository
 {
 public:
-    using CodedTexts = std::vector<std::pair<int, QString>>;
-
     /// `main` must outlive the repository.
     explicit SchoolRepository(store::Connection& main) : main_(main) {}
 
@@ -46,10 +43,6 @@ public:
 
     /// Number and short name of the twelve months.
     CodedTexts Months();
-    /// Code and name, a blank line first.
-    CodedTexts States();
-    /// Code and name of the cities of a state; none for the state 0.
-    CodedTexts Cities(int stateCode);
 
     /// Takes the place of the stored row. A general failure when the city is no longer there.
     void Replace(store::Transaction& transaction, const School& school, int userCode);
@@ -57,8 +50,6 @@ public:
     void GenerateMonthCode(store::Transaction& transaction, int startMonth);
 
 private:
-    CodedTexts ReadCodedTexts(store::Statement rows);
-
     store::Connection& main_;
 };
 

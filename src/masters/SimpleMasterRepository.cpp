@@ -14,15 +14,11 @@ GridResult SimpleMasterRepository::Rows(const QString& search, int parentCode)
     return ReadGrid(std::move(query));
 }
 
-std::vector<std::pair<int, QString>> SimpleMasterRepository::Parents()
+CodedTexts SimpleMasterRepository::Parents()
 {
-    std::vector<std::pair<int, QString>> parents;
     if (!definition_.parent)
-        return parents;
-    store::Statement rows = main_.Query(QLatin1String(definition_.parent->entries));
-    while (rows.Next())
-        parents.emplace_back(rows.Int(0), rows.Text(1));
-    return parents;
+        return {};
+    return ReadCodedTexts(main_.Query(QLatin1String(definition_.parent->entries)));
 }
 
 const DuplicateTest* SimpleMasterRepository::Duplicate(const SimpleMasterEntry& entry)

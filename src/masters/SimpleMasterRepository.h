@@ -1,14 +1,12 @@
 #pragma once
 
+#include "core/CodedTexts.h"
 #include "core/GridResult.h"
 #include "masters/SimpleMasterDefinitions.h"
 #include "store/Transaction.h"
 
 #include <QString>
 #include <QStringList>
-
-#include <utility>
-#include <vector>
 
 namespace tally {
 
@@ -34,7 +32,7 @@ public:
     /// 0.
     GridResult Rows(const QString& search, int parentCode);
     /// Code and text of each line of the parent list, the blank one first; nothing where there is no parent.
-    std::vector<std::pair<int, QString>> Parents();
+    CodedTexts Parents();
     /// The first test by which another row has what the entry holds; null when none has.
     const DuplicateTest* Duplicate(const SimpleMasterEntry& entry);
 

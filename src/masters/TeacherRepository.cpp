@@ -6,14 +6,6 @@ namespace tally {
 
 namespace {
 
-TeacherRepository::Names ReadNames(store::Statement rows)
-{
-    TeacherRepository::Names names;
-    while (rows.Next())
-        names.emplace_back(rows.Int(0), rows.Text(1));
-    return names;
-}
-
 QString MaritalStatus(const Teacher& teacher)
 {
     return teacher.married ? QStringLiteral("M") : QStringLiteral("S");
@@ -35,32 +27,18 @@ DateFault FaultAtSave(const QDate& date, const QDate& birth)
     return date.isValid() && date == birth ? DateFault::NotAfterBirth : FaultWhileChoosing(date, birth);
 }
 
-TeacherRepository::Names TeacherRepository::Salutations()
+CodedTexts TeacherRepository::Salutations()
 {
-    return ReadNames(main_.Query(QStringLiteral(
+    return ReadCodedTexts(main_.Query(QStringLiteral(
         "SELECT SalutationCode, SalutationName FROM SalutationMaster ORDER BY SalutationName")));
 }
 
-TeacherRepository::Names TeacherRepository::States()
+CodedTexts TeacherRepository::BloodGroups()
 {
-    return ReadNames(main_.Query(QStringLiteral("SELECT 0 AS StateCode, ' ' AS StateName FROM StateMaster"
-                                                " UNION SELECT StateCode, StateName FROM StateMaster"
-                                                " WHERE StateCode > 0 ORDER BY StateName")));
-}
-
-TeacherRepository::Names TeacherRepository::BloodGroups()
-{
-    return ReadNames(
+    return ReadCodedTexts(
         main_.Query(QStringLiteral("SELECT 0 AS BloodGroupCode, ' ' AS BloodGroupName FROM BloodGroupMaster"
                                    " UNION SELECT BloodGroupCode, BloodGroupName FROM BloodGroupMaster"
                                    " WHERE BloodGroupCode > 0 ORDER BY BloodGroupName")));
-}
-
-TeacherRepository::Names TeacherRepository::Cities(int stateCode)
-{
-    return ReadNames(main_.Query(QStringLiteral("SELECT CityCode, CityName FROM CityMaster"
-                                                " WHERE CityCode > 0 AND StateCode = ? ORDER BY CityName"),
-                                 stateCode));
 }
 
 std::optional<Teacher> TeacherRepository::Find(int teacherCode)

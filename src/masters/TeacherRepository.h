@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/CodedTexts.h"
 #include "core/GridResult.h"
 #include "store/Transaction.h"
 
@@ -7,8 +8,6 @@
 #include <QString>
 
 #include <optional>
-#include <utility>
-#include <vector>
 
 namespace tally {
 
@@ -50,16 +49,11 @@ DateFault FaultAtSave(const QDate& date, const QDate& birth);
 class TeacherRepository
 {
 public:
-    /// Codes with their names, in the order of the names.
-    using Names = std::vector<std::pair<int, QString>>;
-
     explicit TeacherRepository(store::Connection& main) : main_(main) {}
 
-    Names Salutations();
-    /// The states and the blood groups begin with the blank line, code 0.
-    Names States();
-    Names BloodGroups();
-    Names Cities(int stateCode);
+    /// Both lists stand in the order of the names; the blood groups begin with a blank line, code 0.
+    CodedTexts Salutations();
+    CodedTexts BloodGroups();
 
     std::optional<Teacher> Find(int teacherCode);
     /// Another teacher has exactly this name, capital and small letters told apart.

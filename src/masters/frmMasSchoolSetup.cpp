@@ -4,6 +4,7 @@
 #include "core/look/Look.h"
 #include "core/modTallyboard.h"
 #include "core/modTallyboardForms.h"
+#include "core/PlaceRepository.h"
 #include "core/ProcessEnd.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
@@ -92,12 +93,12 @@ void frmMasSchoolSetup::LoadAcademicYearStartMonth()
 
 void frmMasSchoolSetup::LoadStates()
 {
-    ui_->dbcStateName->SetList(Repository().States());
+    ui_->dbcStateName->SetList(PlaceRepository(*Session().gcnnMain).States());
 }
 
 void frmMasSchoolSetup::LoadCities()
 {
-    ui_->dbcCity->SetList(Repository().Cities(ui_->dbcStateName->BoundCode()));
+    ui_->dbcCity->SetList(PlaceRepository(*Session().gcnnMain).Cities(ui_->dbcStateName->BoundCode()));
 }
 
 void frmMasSchoolSetup::RefillPlaces()
@@ -146,6 +147,7 @@ void frmMasSchoolSetup::cmdSave_Click()
         // What another client has deleted meanwhile is not to be chosen again.
         RefillPlaces();
         return;
+    }
     Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
     cmdCancel_Click();
     // Only now, so that the first academic year is asked for when the school is done with.

@@ -4,6 +4,7 @@
 #include "core/look/Look.h"
 #include "core/modTallyboard.h"
 #include "core/modTallyboardForms.h"
+#include "core/PlaceRepository.h"
 #include "core/Prompts.h"
 #include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
@@ -118,12 +119,15 @@ void frmTeacherMaster::LoadLists()
 
 void frmTeacherMaster::LoadStates()
 {
-    Read([this] { ui_->dbcStateName->SetList(Teachers().States()); });
+    Read([this] { ui_->dbcStateName->SetList(PlaceRepository(*Session().gcnnMain).States()); });
 }
 
 void frmTeacherMaster::LoadCities()
 {
-    Read([this] { ui_->dbcCityName->SetList(Teachers().Cities(ui_->dbcStateName->BoundCode())); });
+    Read([this] {
+        ui_->dbcCityName->SetList(
+            PlaceRepository(*Session().gcnnMain).Cities(ui_->dbcStateName->BoundCode()));
+    });
 }
 
 void frmTeacherMaster::LoadBloodGroups()
