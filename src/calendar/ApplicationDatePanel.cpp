@@ -8,8 +8,8 @@ namespace tally {
 
 void ShowMovedApplicationDate()
 {
-    if (auto* window = mdiTallyboard::Instance())
-        window->SetPanel(3, QStringLiteral("Application Date :") + ShownDate(Session().gdtmApplicationDate));
+    mdiTallyboard::Instance()->SetPanel(3, QStringLiteral("Application Date :") +
+                                               ShownDate(Session().gdtmApplicationDate));
 }
 
 } // namespace tally

@@ -117,10 +117,9 @@ void frmMasAcademicYearChange::WorkIn(const StoredYear& found)
     session.gintYearTo = year.yearTo;
     session.gdtmFromDate = year.fromDate;
     session.gdtmToDate = year.toDate;
-    if (auto* window = mdiTallyboard::Instance()) {
-        window->SetPanel(1, QStringLiteral("Academic Year : %1 - %2").arg(year.yearFrom).arg(year.yearTo));
-        window->SetPanel(3, QStringLiteral("Application Date : ") + ShownDate(session.gdtmApplicationDate));
-    }
+    mdiTallyboard* const window = mdiTallyboard::Instance();
+    window->SetPanel(1, QStringLiteral("Academic Year : %1 - %2").arg(year.yearFrom).arg(year.yearTo));
+    window->SetPanel(3, QStringLiteral("Application Date : ") + ShownDate(session.gdtmApplicationDate));
 }
 
 void frmMasAcademicYearChange::ClearFields()

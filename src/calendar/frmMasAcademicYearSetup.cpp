@@ -49,9 +49,7 @@ frmMasAcademicYearSetup::frmMasAcademicYearSetup()
     TakeOnly(ui_->txtAcademicYearFrom, &KeyNumeric, 4);
 
     // The other screens must not meet a year that is being changed, whether or not some are open already.
-    const auto* window = mdiTallyboard::Instance();
-    const QAction* masters = window ? window->MenuItem(QStringLiteral("mnuMasters")) : nullptr;
-    mastersWereOn_ = masters && masters->isEnabled();
+    mastersWereOn_ = mdiTallyboard::Instance()->MenuItem(QStringLiteral("mnuMasters"))->isEnabled();
     DisableMainMenus();
     Session().gblnMenusLocked = true;
 
@@ -145,8 +143,7 @@ void frmMasAcademicYearSetup::cmdDelete_Click()
         session.gdtmApplicationDate = QDate();
         session.gintYearFrom = 0;
         session.gintYearTo = 0;
-        if (auto* window = mdiTallyboard::Instance())
-            window->ShowYearAndDate();
+        mdiTallyboard::Instance()->ShowYearAndDate();
     }
     Prompts::Information(QStringLiteral("Record Deleted"));
     cmdCancel_Click();
@@ -308,8 +305,7 @@ void frmMasAcademicYearSetup::TakeFirstYear(const AcademicYear& year)
     session.gintYearTo = year.yearTo;
     session.gintAcademicYearCode = year.code;
     session.gdtmToDate = year.toDate;
-    if (auto* window = mdiTallyboard::Instance())
-        window->ShowYearAndDate();
+    mdiTallyboard::Instance()->ShowYearAndDate();
     session.gblnApplicationDateExists = true;
 }
 

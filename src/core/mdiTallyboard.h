@@ -24,7 +24,8 @@ class mdiTallyboard : public QMainWindow
     Q_OBJECT
 
 public:
-    /// The window; null before the login and when it could not start.
+    /// The window; null before the login and when it could not start. Screens open inside it and never
+    /// outlive it.
     static mdiTallyboard* Instance();
     /// The window, made and loaded on the first call, not yet shown. Null when the store refused: the user
     /// has been told and the process ends.
