@@ -13,8 +13,16 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTimer>
+#include <array>
+
 
 namespace tally::test {
+namespace {
+
+constexpr std::array WorkMenus{"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"};
+
+} // namespace
+
 
 void CalendarFixture::SetUp()
 {
@@ -57,8 +65,7 @@ void CalendarFixture::Start()
     CreateTempFolder();
     window = mdiTallyboard::Load();
     ASSERT_NE(window, nullptr);
-    for (const char* menu : {"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"})
-        window->EnableMenuItem(QString::fromLatin1(menu), true);
+    EnableMenus(true);
     window->show();
     QApplication::setActiveWindow(window);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
@@ -84,10 +91,16 @@ void CalendarFixture::MakeReadOnly()
     StopClock();
     Given("PRAGMA query_only = ON");
 }
+void CalendarFixture::EnableMenus(bool enabled)
+{
+    for (const char* menu : WorkMenus)
+        window->EnableMenuItem(QString::fromLatin1(menu), enabled);
+}
+
 
 bool CalendarFixture::MenusAre(bool enabled) const
 {
-    for (const char* menu : {"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"})
+    for (const char* menu : WorkMenus)
         if (window->MenuItem(QString::fromLatin1(menu))->isEnabled() != enabled)
             return false;
     return true;

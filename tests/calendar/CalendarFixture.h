@@ -31,6 +31,8 @@ protected:
     /// From now on the session can only read, as on a folder without the right to write.
     void MakeReadOnly();
 
+    /// Switches the four work menus.
+    void EnableMenus(bool enabled);
     bool MenusAre(bool enabled) const;
     std::string Panel(int number) const;
     std::string Text(const QWidget* form, const char* control) const;

@@ -94,13 +94,6 @@ TEST_F(AcademicYearSetup, ANewSystemIsForcedHereAndOfferedItsSchoolSetup)
     EXPECT_TRUE(OffersSchoolSetup());
     EXPECT_EQ(form->windowTitle().toStdString(), "Academic Year Setup");
     ExpectIdle();
-    class StandIn : public Screen
-    {
-    public:
-        StandIn() : Screen(QStringLiteral("frmMasSchoolSetup"), 0) {}
-    };
-    if (!ScreenRegistry::Knows(QStringLiteral("frmMasSchoolSetup")))
-        ScreenRegistry::Register(QStringLiteral("frmMasSchoolSetup"), [] { return new StandIn; });
     Click(form, "cmdOpenSchoolSetup");
     Settle();
     EXPECT_TRUE(IsOpen("frmMasSchoolSetup"));
@@ -418,6 +411,35 @@ TEST_F(AcademicYearSetup, TheMenusAreOffWhileItIsOpenAndAsTheMastersWereAfterwar
     Settle();
     EXPECT_TRUE(MenusAre(false));
     EXPECT_FALSE(Session().gblnMenusLocked);
+}
+
+TEST_F(AcademicYearSetup, SchoolSetupOpenedFromHereAndClosedLeavesTheMenusAsTheMastersWere)
+{
+    for (const bool mastersOn : {false, true}) {
+        GivenYear(1, 2007, "Y");
+        Start();
+        Given("DELETE FROM AcademicYearSetup WHERE AcademicYearCode > 0");
+        EnableMenus(mastersOn);
+        form = Open<frmMasAcademicYearSetup>("frmMasAcademicYearSetup");
+        Click(form, "cmdOpenSchoolSetup");
+        Settle();
+        Screen* school = ScreenRegistry::OpenInstance(QStringLiteral("frmMasSchoolSetup"));
+        ASSERT_NE(school, nullptr);
+        EXPECT_TRUE(MenusAre(false));
+        Click(school, "cmdExit");
+        Settle();
+        ASSERT_FALSE(IsOpen("frmMasSchoolSetup"));
+
+        Enter(QStringLiteral("2007"), QStringLiteral("YES"));
+        SaveExpecting(QStringLiteral("Academic Year Saved"));
+        Click(form, "cmdExit");
+        Settle();
+        ASSERT_FALSE(IsOpen("frmMasAcademicYearSetup"));
+        EXPECT_TRUE(MenusAre(mastersOn));
+        EXPECT_FALSE(Session().gblnMenusLocked);
+        Given("DELETE FROM AcademicYearSetup WHERE AcademicYearCode > 0");
+        Given("DELETE FROM ApplicationDate");
+    }
 }
 
 TEST_F(AcademicYearSetup, OpensAmongOtherScreens)
