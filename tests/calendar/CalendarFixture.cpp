@@ -9,20 +9,19 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMdiArea>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTimer>
+
 #include <array>
 
-
 namespace tally::test {
+
 namespace {
 
 constexpr std::array WorkMenus{"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"};
 
 } // namespace
-
 
 void CalendarFixture::SetUp()
 {
@@ -91,12 +90,12 @@ void CalendarFixture::MakeReadOnly()
     StopClock();
     Given("PRAGMA query_only = ON");
 }
+
 void CalendarFixture::EnableMenus(bool enabled)
 {
     for (const char* menu : WorkMenus)
         window->EnableMenuItem(QString::fromLatin1(menu), enabled);
 }
-
 
 bool CalendarFixture::MenusAre(bool enabled) const
 {
@@ -144,17 +143,6 @@ void CalendarFixture::Click(const QWidget* form, const char* button)
 bool CalendarFixture::IsOpen(const char* formName) const
 {
     return ScreenRegistry::OpenInstance(QString::fromLatin1(formName)) != nullptr;
-}
-
-void CalendarFixture::ExpectToFit(const char* formName)
-{
-    window->setWindowState(Qt::WindowNoState);
-    window->resize(800, 600);
-    const Screen* form = OpenScreen(QString::fromLatin1(formName));
-    ASSERT_NE(form, nullptr);
-    EXPECT_TRUE(window->Area()->viewport()->rect().contains(form->parentWidget()->geometry()));
-    EXPECT_LE(form->minimumSizeHint().width(), form->width());
-    EXPECT_LE(form->minimumSizeHint().height(), form->height());
 }
 
 int CalendarFixture::HelpNumber(QWidget* form)

@@ -42,8 +42,6 @@ protected:
     bool IsOn(const QWidget* form, const char* control) const;
     void Click(const QWidget* form, const char* button);
     bool IsOpen(const char* formName) const;
-    /// Whether everything of the form is visible on a display of 800 by 600.
-    void ExpectToFit(const char* formName);
     /// Presses F1 and gives the number of the help screen that was asked for.
     int HelpNumber(QWidget* form);
 };

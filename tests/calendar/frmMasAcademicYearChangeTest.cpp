@@ -200,7 +200,7 @@ TEST_F(AcademicYearChange, ItsHelpIsNumber14)
 TEST_F(AcademicYearChange, FitsTheSmallestScreenWithNothingCutOff)
 {
     Start();
-    ExpectToFit("frmMasAcademicYearChange");
+    ExpectToFit(QStringLiteral("frmMasAcademicYearChange"));
 }
 
 } // namespace

@@ -534,7 +534,7 @@ TEST_F(AcademicYearSetup, FitsTheSmallestScreenWithNothingCutOff)
     Start();
     // Without a year it has one more row to show.
     Given("DELETE FROM AcademicYearSetup WHERE AcademicYearCode = 1");
-    ExpectToFit("frmMasAcademicYearSetup");
+    ExpectToFit(QStringLiteral("frmMasAcademicYearSetup"));
 }
 
 } // namespace

@@ -189,7 +189,7 @@ TEST_F(ApplicationDateChange, ItsHelpIsNumber32)
 TEST_F(ApplicationDateChange, FitsTheSmallestScreenWithNothingCutOff)
 {
     Start();
-    ExpectToFit("frmUtilApplicationDateChange");
+    ExpectToFit(QStringLiteral("frmUtilApplicationDateChange"));
 }
 
 } // namespace

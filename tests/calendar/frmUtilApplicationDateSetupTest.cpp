@@ -309,7 +309,7 @@ TEST_F(ApplicationDateSetup, ItsHelpIsNumber31)
 TEST_F(ApplicationDateSetup, FitsTheSmallestScreenWithNothingCutOff)
 {
     Start();
-    ExpectToFit("frmUtilApplicationDateSetup");
+    ExpectToFit(QStringLiteral("frmUtilApplicationDateSetup"));
 }
 
 } // namespace

@@ -497,12 +497,7 @@ TEST_P(SimpleMasterFamilyTest, NoLetterStandsForTwoControls)
 
 TEST_P(SimpleMasterFamilyTest, FitsTheSmallestScreenWithNothingCutOff)
 {
-    window->resize(800, 600);
-    OpenMember();
-    const QWidget* frame = form->parentWidget();
-    EXPECT_TRUE(window->Area()->viewport()->rect().contains(frame->geometry()));
-    EXPECT_LE(form->minimumSizeHint().width(), form->width());
-    EXPECT_LE(form->minimumSizeHint().height(), form->height());
+    ExpectToFit(QString::fromLatin1(Member().formName));
 }
 
 TEST_P(SimpleMasterFamilyTest, AnActionCostsAsManyStatementsWithManyRowsAsWithOne)

@@ -1,9 +1,6 @@
 #include "masters/TeacherFixture.h"
 
-#include "core/mdiTallyboard.h"
-
 #include <QLabel>
-#include <QMdiArea>
 
 namespace tally::test {
 
@@ -21,13 +18,6 @@ void ExpectOneControlALetter(const QWidget* form)
             letters.append(mnemonic.toString());
     EXPECT_GE(letters.size(), 5);
     EXPECT_EQ(letters.removeDuplicates(), 0);
-}
-
-void ExpectFits(mdiTallyboard* window, const QWidget* form)
-{
-    EXPECT_TRUE(window->Area()->viewport()->rect().contains(form->parentWidget()->geometry()));
-    EXPECT_LE(form->minimumSizeHint().width(), form->width());
-    EXPECT_LE(form->minimumSizeHint().height(), form->height());
 }
 
 } // namespace tally::test

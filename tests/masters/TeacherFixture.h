@@ -145,7 +145,5 @@ protected:
 
 /// Every underlined letter of `form` leads to one control only.
 void ExpectOneControlALetter(const QWidget* form);
-/// The form lies within the smallest screen and nothing in it is cut off.
-void ExpectFits(mdiTallyboard* window, const QWidget* form);
 
 } // namespace tally::test

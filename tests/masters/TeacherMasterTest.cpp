@@ -283,9 +283,7 @@ TEST_F(TeacherMasterTest, ManyTeachersOpenAndSaveAsQuicklyAsFew)
 
 TEST_F(TeacherMasterTest, FitsTheSmallestScreenWithNothingCutOff)
 {
-    window->resize(800, 600);
-    OpenMaster();
-    ExpectFits(window, form);
+    ExpectToFit(QStringLiteral("frmTeacherMaster"));
 }
 
 TEST_F(TeacherMasterTest, EachUnderlinedLetterLeadsToOneControl)

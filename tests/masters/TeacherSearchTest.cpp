@@ -255,9 +255,7 @@ TEST_F(TeacherSearchTest, FitsTheSmallestScreenWithNothingCutOff)
 {
     search->Unload();
     Settle();
-    window->resize(800, 600);
-    OpenSearch();
-    ExpectFits(window, search);
+    ExpectToFit(QStringLiteral("frmTeacherSearch"));
 }
 
 TEST_F(TeacherSearchTest, EachUnderlinedLetterLeadsToOneControl)

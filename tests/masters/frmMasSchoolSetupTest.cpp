@@ -488,12 +488,7 @@ TEST_F(frmMasSchoolSetupTest, MandatoryFieldsAreMarkedAndNoLetterStandsForTwoCon
 
 TEST_F(frmMasSchoolSetupTest, FitsTheSmallestScreenWithNothingCutOff)
 {
-    window->resize(800, 600);
-    OpenSetup();
-    const QWidget* frame = form->parentWidget();
-    EXPECT_TRUE(window->Area()->viewport()->rect().contains(frame->geometry()));
-    EXPECT_LE(form->minimumSizeHint().width(), form->width());
-    EXPECT_LE(form->minimumSizeHint().height(), form->height());
+    ExpectToFit(QStringLiteral("frmMasSchoolSetup"));
 }
 
 } // namespace

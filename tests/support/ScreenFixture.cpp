@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QMdiArea>
 #include <QPointer>
 
 namespace tally::test {
@@ -113,6 +114,17 @@ Screen* ScreenFixture::OpenScreen(const QString& formName)
     ShowForm(formName);
     Settle();
     return ScreenRegistry::OpenInstance(formName);
+}
+
+void ScreenFixture::ExpectToFit(const QString& formName)
+{
+    window->setWindowState(Qt::WindowNoState);
+    window->resize(800, 600);
+    const Screen* form = OpenScreen(formName);
+    ASSERT_NE(form, nullptr);
+    EXPECT_TRUE(window->Area()->viewport()->rect().contains(form->parentWidget()->geometry()));
+    EXPECT_LE(form->minimumSizeHint().width(), form->width());
+    EXPECT_LE(form->minimumSizeHint().height(), form->height());
 }
 
 void Type(QWidget* widget, const QString& keys)

@@ -69,6 +69,8 @@ protected:
         return qobject_cast<Form*>(OpenScreen(QString::fromLatin1(formName)));
     }
     Screen* OpenScreen(const QString& formName);
+    /// Opens the screen on a display of 800 by 600; all of it must be visible and nothing cut off.
+    void ExpectToFit(const QString& formName);
 
     mdiTallyboard* window = nullptr;
 };
