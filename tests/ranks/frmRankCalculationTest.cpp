@@ -1,121 +1,14 @@
 #include "ranks/frmRankCalculation.h"
 
-#include "core/controls/CheckList.h"
-#include "core/controls/FlexGrid.h"
-#include "core/mdiTallyboard.h"
-#include "core/OpenDocument.h"
 #include "core/ScreenRegistry.h"
-#include "ranks/RankSchool.h"
-#include "support/ScreenFixture.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QGroupBox>
-#include <QLabel>
-#include <QMdiArea>
-#include <QPushButton>
-#include <QRadioButton>
+#include "ranks/RankScreen.h"
 
 namespace tally::test {
 namespace {
 
-class RankScreen : public ScreenFixture
+class RankListSelection : public RankScreen
 {
 protected:
-    void SetUp() override
-    {
-        ScreenFixture::SetUp();
-        school = std::make_unique<RankSchool>(*Session().gcnnMain, *Session().gcnnTemp);
-        Session().gintAcademicYearCode = 1;
-    }
-
-    void TearDown() override
-    {
-        UseRealSpreadsheetProgram();
-        SetExportFolder({});
-        school.reset();
-        ScreenFixture::TearDown();
-    }
-
-    void OpenForm()
-    {
-        form = Open<frmRankCalculation>("frmRankCalculation");
-        ASSERT_NE(form, nullptr);
-        exam = Find<QComboBox>(form, "Cboexamname");
-        classes = Find<QComboBox>(form, "cboClass");
-        divisions = Find<CheckList>(form, "Lstdivision");
-        selectAll = Find<QCheckBox>(form, "chkSelectAll");
-        grid = Find<FlexGrid>(form, "msgDisplayDetails");
-    }
-
-    QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
-    QRadioButton* Option(const char* name) { return Find<QRadioButton>(form, name); }
-
-    /// Chooses the exam and the class with the arrow keys.
-    void ChooseExamAndClass()
-    {
-        exam->setFocus();
-        QTest::keyClick(exam, Qt::Key_Down);
-        QTest::keyClick(exam, Qt::Key_Return);
-        QTest::keyClick(classes, Qt::Key_Down);
-    }
-
-    /// Toggles a division with the blank key.
-    void Tick(int index)
-    {
-        divisions->setFocus();
-        divisions->setCurrentRow(index);
-        QTest::keyClick(divisions, Qt::Key_Space);
-    }
-
-    void OpenAndProceed()
-    {
-        OpenForm();
-        ChooseExamAndClass();
-        Press(selectAll);
-        Press(Button("cmdUpdate"));
-        ASSERT_FALSE(Find<QGroupBox>(form, "Frame2")->isEnabled());
-    }
-
-    int GridRowOf(const QString& name) const
-    {
-        for (int row = 0; row < grid->Rows(); ++row)
-            if (grid->TextMatrix(row, 0) == name)
-                return row;
-        return -1;
-    }
-
-    QString Cell(const QString& name, const QString& head) const
-    {
-        for (int col = 0; col < grid->Cols(); ++col)
-            if (grid->TextMatrix(0, col) == head && grid->ColWidth(col) > 0)
-                return grid->TextMatrix(GridRowOf(name), col);
-        return QStringLiteral("no column ") + head;
-    }
-
-    QStringList ShownNames() const
-    {
-        QStringList names;
-        for (int row = 2; row < grid->Rows(); ++row)
-            if (!grid->TextMatrix(row, 1).isEmpty())
-                names.append(grid->TextMatrix(row, 0));
-        return names;
-    }
-
-    /// Asha 90 80 (170), Binu 80 90 (170), Cara 50 60 (110), Dev 20 fails 70, Esa absent.
-    void GivenFiveStudents()
-    {
-        school->AddUsualDivision(2);
-        school->AddMarkedStudent(QStringLiteral("Asha"), {90, 80});
-        school->AddMarkedStudent(QStringLiteral("Binu"), {80, 90});
-        school->AddMarkedStudent(QStringLiteral("Cara"), {50, 60});
-        school->AddMarkedStudent(QStringLiteral("Dev"), {20, 70});
-        const int esa = school->AddStudent(1, QStringLiteral("Esa"));
-        school->EnterMark(esa, 1, 55);
-        school->EnterAbsence(esa, 2);
-    }
-
     void GivenDivision(int code, const char* name, double allowed = 100, const char* bestGrade = "A")
     {
         school->AddDivision(code, name);
@@ -144,27 +37,9 @@ protected:
             Given("INSERT INTO MarkMaster VALUES (1, ?, 1, 2, ?, 1, 40, 'P', 0, 0)", student, division);
         }
     }
-
-    /// The summary's counts by the texts before them.
-    QMap<QString, QString> SummaryLines()
-    {
-        const auto* summary = Find<FlexGrid>(form, "msgGrade");
-        QMap<QString, QString> lines;
-        for (int row = 1; row < summary->Rows(); ++row)
-            lines[summary->TextMatrix(row, 0)] = summary->TextMatrix(row, 1) + summary->TextMatrix(row, 2);
-        return lines;
-    }
-
-    std::unique_ptr<RankSchool> school;
-    frmRankCalculation* form = nullptr;
-    QComboBox* exam = nullptr;
-    QComboBox* classes = nullptr;
-    CheckList* divisions = nullptr;
-    QCheckBox* selectAll = nullptr;
-    FlexGrid* grid = nullptr;
 };
 
-TEST_F(RankScreen, OpensWithTheClassClosedUntilAnExamIsChosen)
+TEST_F(RankListSelection, OpensWithTheClassClosedUntilAnExamIsChosen)
 {
     OpenForm();
     EXPECT_EQ(form->windowTitle(), QStringLiteral("Rank List Preparation"));
@@ -177,7 +52,7 @@ TEST_F(RankScreen, OpensWithTheClassClosedUntilAnExamIsChosen)
     EXPECT_FALSE(classes->isEnabled());
 }
 
-TEST_F(RankScreen, EnterOnABlankExamStaysAndOnAChosenOneMovesOn)
+TEST_F(RankListSelection, EnterOnABlankExamStaysAndOnAChosenOneMovesOn)
 {
     OpenForm();
     QTest::keyClick(exam, Qt::Key_Return);
@@ -187,7 +62,7 @@ TEST_F(RankScreen, EnterOnABlankExamStaysAndOnAChosenOneMovesOn)
     EXPECT_TRUE(classes->hasFocus());
 }
 
-TEST_F(RankScreen, ProceedingAsksForExamThenClassThenDivisions)
+TEST_F(RankListSelection, ProceedingAsksForExamThenClassThenDivisions)
 {
     GivenDivision(1, "A");
     OpenForm();
@@ -206,7 +81,7 @@ TEST_F(RankScreen, ProceedingAsksForExamThenClassThenDivisions)
     EXPECT_TRUE(divisions->hasFocus());
 }
 
-TEST_F(RankScreen, EachDivisionThatIsNotReadyCarriesItsMarkAndIsRefusedWithItsReason)
+TEST_F(RankListSelection, EachDivisionThatIsNotReadyCarriesItsMarkAndIsRefusedWithItsReason)
 {
     school->AddDivision(1, "A");
     school->AddDivision(2, "B");
@@ -239,7 +114,7 @@ TEST_F(RankScreen, EachDivisionThatIsNotReadyCarriesItsMarkAndIsRefusedWithItsRe
     Press(Button("cmdUpdate"));
 }
 
-TEST_F(RankScreen, TheMarksOfTheDivisionsStayWhenTheSubjectsToDisplayChange)
+TEST_F(RankListSelection, TheMarksOfTheDivisionsStayWhenTheSubjectsToDisplayChange)
 {
     GivenDivision(1, "A");
     school->AddSubject(1, 2, "Mor", 2, "No");
@@ -255,14 +130,14 @@ TEST_F(RankScreen, TheMarksOfTheDivisionsStayWhenTheSubjectsToDisplayChange)
     EXPECT_EQ(divisions->item(0)->text(), QStringLiteral("$ A"));
 }
 
-TEST_F(RankScreen, DisplayingAllSubjectsBeforeAnExamIsChosenAsksForIt)
+TEST_F(RankListSelection, DisplayingAllSubjectsBeforeAnExamIsChosenAsksForIt)
 {
     OpenForm();
     prompts.ExpectInformation(QStringLiteral("Select Exam Name"));
     Press(Option("Optsubjectdisplayyes"));
 }
 
-TEST_F(RankScreen, ADivisionWithOtherMaximumMarksIsUntickedWithOneMessage)
+TEST_F(RankListSelection, ADivisionWithOtherMaximumMarksIsUntickedWithOneMessage)
 {
     GivenDivision(1, "A");
     GivenDivision(2, "B", 50);
@@ -277,7 +152,7 @@ TEST_F(RankScreen, ADivisionWithOtherMaximumMarksIsUntickedWithOneMessage)
     EXPECT_FALSE(divisions->IsTicked(1));
 }
 
-TEST_F(RankScreen, ADivisionWithAnotherGradeTableIsUntickedWithOneMessage)
+TEST_F(RankListSelection, ADivisionWithAnotherGradeTableIsUntickedWithOneMessage)
 {
     GivenDivision(1, "A");
     GivenDivision(2, "B", 100, "S");
@@ -291,7 +166,7 @@ TEST_F(RankScreen, ADivisionWithAnotherGradeTableIsUntickedWithOneMessage)
     EXPECT_FALSE(divisions->IsTicked(1));
 }
 
-TEST_F(RankScreen, DisplayingAllSubjectsUnticksADivisionThatDiffersInASubjectNotTakenForRank)
+TEST_F(RankListSelection, DisplayingAllSubjectsUnticksADivisionThatDiffersInASubjectNotTakenForRank)
 {
     GivenDivision(1, "A");
     school->AddSubject(1, 2, "Mor", 2, "No");
@@ -308,7 +183,7 @@ TEST_F(RankScreen, DisplayingAllSubjectsUnticksADivisionThatDiffersInASubjectNot
     EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
 }
 
-TEST_F(RankScreen, AnotherClassStartsTheComparisonOfDivisionsAnew)
+TEST_F(RankListSelection, AnotherClassStartsTheComparisonOfDivisionsAnew)
 {
     GivenDivision(1, "A");
     GivenDivision(2, "B");
@@ -329,7 +204,7 @@ TEST_F(RankScreen, AnotherClassStartsTheComparisonOfDivisionsAnew)
     EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
 }
 
-TEST_F(RankScreen, SelectAllUnticksTheDivisionsThatDifferWithOneMessageAndClearsItself)
+TEST_F(RankListSelection, SelectAllUnticksTheDivisionsThatDifferWithOneMessageAndClearsItself)
 {
     GivenDivision(1, "A");
     GivenDivision(2, "B", 50);
@@ -344,7 +219,7 @@ TEST_F(RankScreen, SelectAllUnticksTheDivisionsThatDifferWithOneMessageAndClears
     EXPECT_FALSE(selectAll->isChecked());
 }
 
-TEST_F(RankScreen, SelectAllWithDifferingGradeTablesSaysSo)
+TEST_F(RankListSelection, SelectAllWithDifferingGradeTablesSaysSo)
 {
     GivenDivision(1, "A");
     GivenDivision(2, "B", 100, "S");
@@ -357,7 +232,7 @@ TEST_F(RankScreen, SelectAllWithDifferingGradeTablesSaysSo)
     EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
 }
 
-TEST_F(RankScreen, UntickingOneDivisionClearsSelectAllAndKeepsTheOthers)
+TEST_F(RankListSelection, UntickingOneDivisionClearsSelectAllAndKeepsTheOthers)
 {
     GivenDivision(1, "A");
     GivenDivision(2, "B");
@@ -374,198 +249,7 @@ TEST_F(RankScreen, UntickingOneDivisionClearsSelectAllAndKeepsTheOthers)
     EXPECT_TRUE(divisions->TickedIndexes().isEmpty());
 }
 
-TEST_F(RankScreen, ProceedingFreezesTheSelectionAndShowsTheListByRank)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    for (const char* name : {"cmdSave", "cmdExport", "cmdTotalDetails"})
-        EXPECT_TRUE(Button(name)->isEnabled()) << name;
-    EXPECT_EQ(ShownNames(),
-              (QStringList{QStringLiteral("Asha"), QStringLiteral("Binu"), QStringLiteral("Cara"),
-                           QStringLiteral("Esa"), QStringLiteral("Dev")}));
-    EXPECT_EQ(Cell(QStringLiteral("Asha"), QStringLiteral("Rank")), QStringLiteral("1"));
-    EXPECT_EQ(Cell(QStringLiteral("Binu"), QStringLiteral("Rank")), QStringLiteral("1"));
-    EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Rank")), QStringLiteral("2"));
-    EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Average")), QStringLiteral("55.00"));
-}
-
-TEST_F(RankScreen, AFailedMarkIsPaintedAndUnrankedButGradedAndAnAbsenceHasNeitherRankNorGrade)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    const int dev = GridRowOf(QStringLiteral("Dev"));
-    const int esa = GridRowOf(QStringLiteral("Esa"));
-    EXPECT_EQ(grid->TextMatrix(dev, 5), QStringLiteral("20"));
-    EXPECT_EQ(grid->Mark(dev, 5), CellMark::FailedOrAbsent);
-    EXPECT_EQ(grid->Mark(dev, 6), CellMark::None);
-    EXPECT_EQ(Cell(QStringLiteral("Dev"), QStringLiteral("Rank")), QString());
-    EXPECT_EQ(Cell(QStringLiteral("Dev"), QStringLiteral("Grade")), QStringLiteral("C"));
-    EXPECT_EQ(grid->TextMatrix(esa, 6), QStringLiteral("A"));
-    EXPECT_EQ(grid->Mark(esa, 6), CellMark::FailedOrAbsent);
-    EXPECT_EQ(Cell(QStringLiteral("Esa"), QStringLiteral("Rank")), QString());
-    EXPECT_EQ(Cell(QStringLiteral("Esa"), QStringLiteral("Grade")), QString());
-}
-
-TEST_F(RankScreen, SkippingRanksMakesTheRankAfterTwoFirstOnesTheThird)
-{
-    GivenFiveStudents();
-    OpenForm();
-    ChooseExamAndClass();
-    Press(selectAll);
-    Press(Find<QCheckBox>(form, "chkRankSkipping"));
-    Press(Button("cmdUpdate"));
-    EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Rank")), QStringLiteral("3"));
-}
-
-TEST_F(RankScreen, TheFourOrdersShowTheSameListAnew)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    Press(Option("optAlphabeticalOrder"));
-    EXPECT_EQ(ShownNames(),
-              (QStringList{QStringLiteral("Asha"), QStringLiteral("Binu"), QStringLiteral("Cara"),
-                           QStringLiteral("Dev"), QStringLiteral("Esa")}));
-    Press(Option("optGradeOrder"));
-    EXPECT_EQ(ShownNames(), (QStringList{QStringLiteral("Asha"), QStringLiteral("Binu"),
-                                         QStringLiteral("Cara"), QStringLiteral("Dev")}))
-        << "the absent student is left out";
-    EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Average")), QStringLiteral("55"));
-    Press(Option("optAdmissionNoOrder"));
-    EXPECT_EQ(ShownNames().size(), 5);
-    EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Average")), QStringLiteral("55.00"));
-}
-
-TEST_F(RankScreen, TheAverageRowLeavesOutAbsencesAndZeros)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    const int average = GridRowOf(QStringLiteral("Average"));
-    ASSERT_GT(average, 0);
-    EXPECT_EQ(grid->TextMatrix(average, 5), QStringLiteral("59.00"));
-    EXPECT_EQ(grid->TextMatrix(average, 6), QStringLiteral("75.00"));
-    EXPECT_EQ(grid->Rows(), average + 2);
-}
-
-TEST_F(RankScreen, ASubjectNotTakenForRankIsHiddenOrShownPaintedAsChosen)
-{
-    school->AddUsualDivision(1);
-    school->AddSubject(1, 2, "Mor", 2, "No");
-    school->AddMarkedStudent(QStringLiteral("Asha"), {60, 40});
-    OpenAndProceed();
-    EXPECT_EQ(grid->ColWidth(6), 0);
-    EXPECT_EQ(Cell(QStringLiteral("Asha"), QStringLiteral("Total")), QStringLiteral("60"));
-
-    Press(Button("cmdCancel"));
-    ChooseExamAndClass();
-    Press(selectAll);
-    Press(Option("Optsubjectdisplayyes"));
-    Press(Button("cmdUpdate"));
-    EXPECT_GT(grid->ColWidth(6), 0);
-    EXPECT_EQ(grid->Mark(GridRowOf(QStringLiteral("Asha")), 6), CellMark::NotTakenForRank);
-    EXPECT_EQ(Cell(QStringLiteral("Asha"), QStringLiteral("Total")), QStringLiteral("100"));
-}
-
-TEST_F(RankScreen, ColoursHaveALegendAndShowInTheLettersToo)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    EXPECT_TRUE(Find<QLabel>(form, "lblFailed")->isVisible());
-    EXPECT_TRUE(Find<QLabel>(form, "lblNotTaken")->isVisible());
-    const QModelIndex failed = grid->model()->index(GridRowOf(QStringLiteral("Dev")) - 1, 5);
-    EXPECT_TRUE(failed.data(Qt::FontRole).value<QFont>().bold());
-    EXPECT_EQ(failed.data(Qt::BackgroundRole).value<QColor>(), QColor(255, 216, 176));
-}
-
-TEST_F(RankScreen, TheSummaryCountsGradesAbsenteesAndFullMarksAndClosesAgain)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    auto* panel = Find<QFrame>(form, "Frame5");
-    EXPECT_FALSE(panel->isVisible());
-    Press(Button("cmdTotalDetails"));
-    EXPECT_TRUE(panel->isVisible());
-    EXPECT_FALSE(Find<QFrame>(form, "fraMain")->isEnabled());
-    EXPECT_FALSE(Find<QFrame>(form, "Frame4")->isEnabled());
-    EXPECT_FALSE(Button("cmdTotalDetails")->isEnabled());
-
-    const QMap<QString, QString> lines = SummaryLines();
-    EXPECT_EQ(lines.value(QStringLiteral("TOTAL STRENGTH")), QStringLiteral("5"));
-    EXPECT_EQ(lines.value(QStringLiteral("No. Of 'A' Grades")), QStringLiteral("2"));
-    EXPECT_EQ(lines.value(QStringLiteral("No. Of 'C' Grades")), QStringLiteral("2"));
-    EXPECT_EQ(lines.value(QStringLiteral("TOTAL")), QStringLiteral("4"));
-    EXPECT_EQ(lines.value(QStringLiteral("ABSENTEE")), QStringLiteral("1"));
-    EXPECT_EQ(lines.value(QStringLiteral("Full Mark For X  A")), QStringLiteral("200"));
-    EXPECT_EQ(Find<FlexGrid>(form, "msgGrade")->ColWidth(3), 0);
-
-    Press(Button("cmdClose"));
-    EXPECT_FALSE(panel->isVisible());
-    EXPECT_TRUE(Find<QFrame>(form, "fraMain")->isEnabled());
-    EXPECT_TRUE(Button("cmdTotalDetails")->isEnabled());
-}
-
-TEST_F(RankScreen, TheGradeOrderThatLeavesTheAbsentOutKeepsTheSummary)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    Press(Option("optGradeOrder"));
-    ASSERT_FALSE(ShownNames().contains(QStringLiteral("Esa")));
-    Press(Button("cmdTotalDetails"));
-    const QMap<QString, QString> lines = SummaryLines();
-    EXPECT_EQ(lines.value(QStringLiteral("ABSENTEE")), QStringLiteral("1"));
-    EXPECT_EQ(lines.value(QStringLiteral("TOTAL STRENGTH")), QStringLiteral("5"));
-}
-
-TEST_F(RankScreen, SavingWritesOneRowAStudentOnceHoweverOftenItIsDone)
-{
-    GivenFiveStudents();
-    for (int time = 0; time < 2; ++time) {
-        OpenAndProceed();
-        prompts.ExpectInformation(QStringLiteral("Record Saved"));
-        Press(Button("cmdSave"));
-        EXPECT_FALSE(Button("cmdSave")->isEnabled());
-        Press(Button("cmdCancel"));
-    }
-    EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal"), 5);
-    EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal WHERE Rank = 999999999"), 2);
-}
-
-TEST_F(RankScreen, ALockedDatabaseRefusesTheSaveInPlainWordsAndTheSaveCanBeRepeated)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    Session().gcnnMain->SetPatience(std::chrono::milliseconds(50));
-    const auto other = AnotherClient();
-    other->Begin();
-    prompts.Expect(Prompts::Kind::Critical,
-                   QStringLiteral("The Data Is In Use By Another Client. Please Try Again In "
-                                  "A Moment (database is locked)"));
-    Press(Button("cmdSave"));
-    prompts.Verify();
-    EXPECT_TRUE(Button("cmdSave")->isEnabled());
-    other->Rollback();
-    prompts.ExpectInformation(QStringLiteral("Record Saved"));
-    Press(Button("cmdSave"));
-    EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal"), 5);
-}
-
-TEST_F(RankScreen, AFullDiskDuringTheSaveKeepsTheOldRowsAndTheScreen)
-{
-    school->AddUsualDivision(2);
-    for (int student = 0; student < 300; ++student)
-        school->AddMarkedStudent(QStringLiteral("Student %1").arg(student), {60, 40});
-    Given("INSERT INTO TempRankTotal VALUES (1, 1, 1, 1, 1, 7, 7, 7, 'Z')");
-    OpenAndProceed();
-    const auto pages = Count("PRAGMA page_count");
-    Given(QStringLiteral("PRAGMA max_page_count = %1").arg(pages).toLatin1().constData());
-    prompts.ExpectCritical();
-    Press(Button("cmdSave"));
-    prompts.Verify();
-    EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal WHERE Grade = 'Z'"), 1);
-    EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal"), 1);
-    EXPECT_TRUE(Button("cmdSave")->isEnabled());
-}
-
-TEST_F(RankScreen, WithoutAnyMaximumMarkTheListIsRefusedAndTheSelectionStaysOpen)
+TEST_F(RankListSelection, WithoutAnyMaximumMarkTheListIsRefusedAndTheSelectionStaysOpen)
 {
     school->AddDivision(1, "A");
     school->AddUsualBands(1);
@@ -581,29 +265,7 @@ TEST_F(RankScreen, WithoutAnyMaximumMarkTheListIsRefusedAndTheSelectionStaysOpen
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(RankScreen, AWorkingTableLeftByAKilledRunIsReplaced)
-{
-    GivenFiveStudents();
-    Session().gcnnTemp->Execute(QStringLiteral("CREATE TABLE TempRankCalculation (Something)"));
-    OpenAndProceed();
-    EXPECT_EQ(ShownNames().size(), 5);
-}
-
-TEST_F(RankScreen, NamesWithSignsAndOtherLettersAreListedSavedAndFound)
-{
-    school->AddUsualDivision(1);
-    const QStringList names{QStringLiteral("O'Neil"), QStringLiteral("100% [Best]_"),
-                            QString::fromUtf8("Zo\xC3\xAB \xE0\xAE\x85")};
-    for (const QString& name : names)
-        school->AddMarkedStudent(name, {60});
-    OpenAndProceed();
-    for (const QString& name : names)
-        EXPECT_GT(GridRowOf(name), 0) << name.toStdString();
-    prompts.ExpectInformation(QStringLiteral("Record Saved"));
-    Press(Button("cmdSave"));
-}
-
-TEST_F(RankScreen, CancelEmptiesEverythingAndDropsTheWorkingTable)
+TEST_F(RankListSelection, CancelEmptiesEverythingAndDropsTheWorkingTable)
 {
     GivenFiveStudents();
     OpenAndProceed();
@@ -623,7 +285,7 @@ TEST_F(RankScreen, CancelEmptiesEverythingAndDropsTheWorkingTable)
               0);
 }
 
-TEST_F(RankScreen, ExitAsksWithItsOwnNameAndDropsTheWorkingTable)
+TEST_F(RankListSelection, ExitAsksWithItsOwnNameAndDropsTheWorkingTable)
 {
     GivenFiveStudents();
     OpenAndProceed();
@@ -641,44 +303,7 @@ TEST_F(RankScreen, ExitAsksWithItsOwnNameAndDropsTheWorkingTable)
               0);
 }
 
-TEST_F(RankScreen, ExportIsRefusedWithoutTheRight)
-{
-    GivenFiveStudents();
-    GivenUser(7, QStringLiteral("clerk"), QStringLiteral("pass"));
-    Session().gintPrivilegeUserCode = 7;
-    OpenAndProceed();
-    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Export This Report"));
-    Press(Button("cmdExport"));
-}
-
-TEST_F(RankScreen, ExportHandsTheWorkbookToTheSpreadsheetProgram)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    SetExportFolder(Folder() + QStringLiteral("/exports"));
-    QString opened;
-    UseSpreadsheetProgram({true, [&](const QString& path) {
-                               opened = path;
-                               return true;
-                           }});
-    Press(Button("cmdExport"));
-    EXPECT_TRUE(QFileInfo::exists(opened)) << opened.toStdString();
-    EXPECT_TRUE(opened.contains(QStringLiteral("Rank List")));
-}
-
-TEST_F(RankScreen, ExportWithoutASpreadsheetProgramSaysSoAndThePointerIsNormal)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    UseSpreadsheetProgram({false, {}});
-    prompts.ExpectInformation(
-        QStringLiteral("If You Want To Use Export Option, Microsoft Excel Is Needed To Be "
-                       "Installed In Your System"));
-    Press(Button("cmdExport"));
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-}
-
-TEST_F(RankScreen, AltAndKProceedsInsteadOfLockingTheProgram)
+TEST_F(RankListSelection, AltAndKProceedsInsteadOfLockingTheProgram)
 {
     GivenFiveStudents();
     OpenForm();
@@ -688,7 +313,7 @@ TEST_F(RankScreen, AltAndKProceedsInsteadOfLockingTheProgram)
     EXPECT_EQ(ShownNames().size(), 5);
 }
 
-TEST_F(RankScreen, TheWholeListIsPreparedAndSavedWithKeysAlone)
+TEST_F(RankListSelection, TheWholeListIsPreparedAndSavedWithKeysAlone)
 {
     GivenFiveStudents();
     OpenForm();
@@ -711,37 +336,9 @@ TEST_F(RankScreen, TheWholeListIsPreparedAndSavedWithKeysAlone)
     PressKey(form, Qt::Key_S, Qt::AltModifier);
 }
 
-TEST_F(RankScreen, ProceedingRunsAsManyStatementsForManyStudentsAsForFew)
+TEST_F(RankListSelection, FitsTheSmallestScreenWithNothingCutOff)
 {
-    school->AddUsualDivision(2);
-    const auto statements = [&] {
-        OpenForm();
-        ChooseExamAndClass();
-        Press(selectAll);
-        const auto before = Session().gcnnMain->StatementsRun();
-        Press(Button("cmdUpdate"));
-        const auto run = Session().gcnnMain->StatementsRun() - before;
-        Press(Button("cmdExit"));
-        Settle();
-        return run;
-    };
-    for (int student = 0; student < 5; ++student)
-        school->AddMarkedStudent(QStringLiteral("Few %1").arg(student), {60, 40});
-    const auto few = statements();
-    for (int student = 0; student < 200; ++student)
-        school->AddMarkedStudent(QStringLiteral("Many %1").arg(student), {60, 40});
-    EXPECT_EQ(statements(), few);
-    EXPECT_LE(few, 20U);
-}
-
-TEST_F(RankScreen, FitsTheSmallestScreenWithNothingCutOff)
-{
-    window->resize(800, 600);
-    OpenForm();
-    const QWidget* frame = form->parentWidget();
-    EXPECT_TRUE(window->Area()->viewport()->rect().contains(frame->geometry()));
-    EXPECT_LE(form->minimumSizeHint().width(), form->width());
-    EXPECT_LE(form->minimumSizeHint().height(), form->height());
+    ExpectToFit(QStringLiteral("frmRankCalculation"));
 }
 
 } // namespace

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "core/controls/CheckList.h"
+#include "core/controls/FlexGrid.h"
+#include "core/OpenDocument.h"
+#include "ranks/frmRankCalculation.h"
+#include "ranks/RankSchool.h"
+#include "support/ScreenFixture.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace tally::test {
+
+/// "Rank List Preparation" on a school whose rows a test lays down first.
+class RankScreen : public ScreenFixture
+{
+protected:
+    void SetUp() override
+    {
+        ScreenFixture::SetUp();
+        school = std::make_unique<RankSchool>(*Session().gcnnMain, *Session().gcnnTemp);
+        Session().gintAcademicYearCode = 1;
+    }
+
+    void TearDown() override
+    {
+        UseRealSpreadsheetProgram();
+        SetExportFolder({});
+        school.reset();
+        ScreenFixture::TearDown();
+    }
+
+    void OpenForm()
+    {
+        form = Open<frmRankCalculation>("frmRankCalculation");
+        ASSERT_NE(form, nullptr);
+        exam = Find<QComboBox>(form, "Cboexamname");
+        classes = Find<QComboBox>(form, "cboClass");
+        divisions = Find<CheckList>(form, "Lstdivision");
+        selectAll = Find<QCheckBox>(form, "chkSelectAll");
+        grid = Find<FlexGrid>(form, "msgDisplayDetails");
+    }
+
+    QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
+    QRadioButton* Option(const char* name) { return Find<QRadioButton>(form, name); }
+
+    /// Chooses the exam and the class with the arrow keys.
+    void ChooseExamAndClass()
+    {
+        exam->setFocus();
+        QTest::keyClick(exam, Qt::Key_Down);
+        QTest::keyClick(exam, Qt::Key_Return);
+        QTest::keyClick(classes, Qt::Key_Down);
+    }
+
+    /// Toggles a division with the blank key.
+    void Tick(int index)
+    {
+        divisions->setFocus();
+        divisions->setCurrentRow(index);
+        QTest::keyClick(divisions, Qt::Key_Space);
+    }
+
+    void OpenAndProceed()
+    {
+        OpenForm();
+        ChooseExamAndClass();
+        Press(selectAll);
+        Press(Button("cmdUpdate"));
+        ASSERT_FALSE(Find<QGroupBox>(form, "Frame2")->isEnabled());
+    }
+
+    int GridRowOf(const QString& name) const
+    {
+        for (int row = 0; row < grid->Rows(); ++row)
+            if (grid->TextMatrix(row, 0) == name)
+                return row;
+        return -1;
+    }
+
+    QString Cell(const QString& name, const QString& head) const
+    {
+        for (int col = 0; col < grid->Cols(); ++col)
+            if (grid->TextMatrix(0, col) == head && grid->ColWidth(col) > 0)
+                return grid->TextMatrix(GridRowOf(name), col);
+        return QStringLiteral("no column ") + head;
+    }
+
+    QStringList ShownNames() const
+    {
+        QStringList names;
+        for (int row = 2; row < grid->Rows(); ++row)
+            if (!grid->TextMatrix(row, 1).isEmpty())
+                names.append(grid->TextMatrix(row, 0));
+        return names;
+    }
+
+    /// Asha 90 80 (170), Binu 80 90 (170), Cara 50 60 (110), Dev 20 fails 70, Esa absent.
+    void GivenFiveStudents()
+    {
+        school->AddUsualDivision(2);
+        school->AddMarkedStudent(QStringLiteral("Asha"), {90, 80});
+        school->AddMarkedStudent(QStringLiteral("Binu"), {80, 90});
+        school->AddMarkedStudent(QStringLiteral("Cara"), {50, 60});
+        school->AddMarkedStudent(QStringLiteral("Dev"), {20, 70});
+        const int esa = school->AddStudent(1, QStringLiteral("Esa"));
+        school->EnterMark(esa, 1, 55);
+        school->EnterAbsence(esa, 2);
+    }
+
+    std::unique_ptr<RankSchool> school;
+    frmRankCalculation* form = nullptr;
+    QComboBox* exam = nullptr;
+    QComboBox* classes = nullptr;
+    CheckList* divisions = nullptr;
+    QCheckBox* selectAll = nullptr;
+    FlexGrid* grid = nullptr;
+};
+
+} // namespace tally::test

@@ -1,0 +1,299 @@
+#include "ranks/RankScreen.h"
+
+#include <QFileInfo>
+#include <QFrame>
+#include <QLabel>
+#include <QMap>
+
+namespace tally::test {
+namespace {
+
+class RankListOutput : public RankScreen
+{
+protected:
+    /// The summary's counts by the texts before them.
+    QMap<QString, QString> SummaryLines()
+    {
+        const auto* summary = Find<FlexGrid>(form, "msgGrade");
+        QMap<QString, QString> lines;
+        for (int row = 1; row < summary->Rows(); ++row)
+            lines[summary->TextMatrix(row, 0)] = summary->TextMatrix(row, 1) + summary->TextMatrix(row, 2);
+        return lines;
+    }
+};
+
+TEST_F(RankListOutput, ProceedingFreezesTheSelectionAndShowsTheListByRank)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    for (const char* name : {"cmdSave", "cmdExport", "cmdTotalDetails"})
+        EXPECT_TRUE(Button(name)->isEnabled()) << name;
+    EXPECT_EQ(ShownNames(),
+              (QStringList{QStringLiteral("Asha"), QStringLiteral("Binu"), QStringLiteral("Cara"),
+                           QStringLiteral("Esa"), QStringLiteral("Dev")}));
+    EXPECT_EQ(Cell(QStringLiteral("Asha"), QStringLiteral("Rank")), QStringLiteral("1"));
+    EXPECT_EQ(Cell(QStringLiteral("Binu"), QStringLiteral("Rank")), QStringLiteral("1"));
+    EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Rank")), QStringLiteral("2"));
+    EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Average")), QStringLiteral("55.00"));
+}
+
+TEST_F(RankListOutput, AFailedMarkIsPaintedAndUnrankedButGradedAndAnAbsenceHasNeitherRankNorGrade)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    const int dev = GridRowOf(QStringLiteral("Dev"));
+    const int esa = GridRowOf(QStringLiteral("Esa"));
+    EXPECT_EQ(grid->TextMatrix(dev, 5), QStringLiteral("20"));
+    EXPECT_EQ(grid->Mark(dev, 5), CellMark::FailedOrAbsent);
+    EXPECT_EQ(grid->Mark(dev, 6), CellMark::None);
+    EXPECT_EQ(Cell(QStringLiteral("Dev"), QStringLiteral("Rank")), QString());
+    EXPECT_EQ(Cell(QStringLiteral("Dev"), QStringLiteral("Grade")), QStringLiteral("C"));
+    EXPECT_EQ(grid->TextMatrix(esa, 6), QStringLiteral("A"));
+    EXPECT_EQ(grid->Mark(esa, 6), CellMark::FailedOrAbsent);
+    EXPECT_EQ(Cell(QStringLiteral("Esa"), QStringLiteral("Rank")), QString());
+    EXPECT_EQ(Cell(QStringLiteral("Esa"), QStringLiteral("Grade")), QString());
+}
+
+TEST_F(RankListOutput, SkippingRanksMakesTheRankAfterTwoFirstOnesTheThird)
+{
+    GivenFiveStudents();
+    OpenForm();
+    ChooseExamAndClass();
+    Press(selectAll);
+    Press(Find<QCheckBox>(form, "chkRankSkipping"));
+    Press(Button("cmdUpdate"));
+    EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Rank")), QStringLiteral("3"));
+}
+
+TEST_F(RankListOutput, TheFourOrdersShowTheSameListAnew)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    Press(Option("optAlphabeticalOrder"));
+    EXPECT_EQ(ShownNames(),
+              (QStringList{QStringLiteral("Asha"), QStringLiteral("Binu"), QStringLiteral("Cara"),
+                           QStringLiteral("Dev"), QStringLiteral("Esa")}));
+    Press(Option("optGradeOrder"));
+    EXPECT_EQ(ShownNames(), (QStringList{QStringLiteral("Asha"), QStringLiteral("Binu"),
+                                         QStringLiteral("Cara"), QStringLiteral("Dev")}))
+        << "the absent student is left out";
+    EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Average")), QStringLiteral("55"));
+    Press(Option("optAdmissionNoOrder"));
+    EXPECT_EQ(ShownNames().size(), 5);
+    EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Average")), QStringLiteral("55.00"));
+}
+
+TEST_F(RankListOutput, TheAverageRowLeavesOutAbsencesAndZeros)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    const int average = GridRowOf(QStringLiteral("Average"));
+    ASSERT_GT(average, 0);
+    EXPECT_EQ(grid->TextMatrix(average, 5), QStringLiteral("59.00"));
+    EXPECT_EQ(grid->TextMatrix(average, 6), QStringLiteral("75.00"));
+    EXPECT_EQ(grid->Rows(), average + 2);
+}
+
+TEST_F(RankListOutput, ASubjectNotTakenForRankIsHiddenOrShownPaintedAsChosen)
+{
+    school->AddUsualDivision(1);
+    school->AddSubject(1, 2, "Mor", 2, "No");
+    school->AddMarkedStudent(QStringLiteral("Asha"), {60, 40});
+    OpenAndProceed();
+    EXPECT_EQ(grid->ColWidth(6), 0);
+    EXPECT_EQ(Cell(QStringLiteral("Asha"), QStringLiteral("Total")), QStringLiteral("60"));
+
+    Press(Button("cmdCancel"));
+    ChooseExamAndClass();
+    Press(selectAll);
+    Press(Option("Optsubjectdisplayyes"));
+    Press(Button("cmdUpdate"));
+    EXPECT_GT(grid->ColWidth(6), 0);
+    EXPECT_EQ(grid->Mark(GridRowOf(QStringLiteral("Asha")), 6), CellMark::NotTakenForRank);
+    EXPECT_EQ(Cell(QStringLiteral("Asha"), QStringLiteral("Total")), QStringLiteral("100"));
+}
+
+TEST_F(RankListOutput, ColoursHaveALegendAndShowInTheLettersToo)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    EXPECT_TRUE(Find<QLabel>(form, "lblFailed")->isVisible());
+    EXPECT_TRUE(Find<QLabel>(form, "lblNotTaken")->isVisible());
+    const QModelIndex failed = grid->model()->index(GridRowOf(QStringLiteral("Dev")) - 1, 5);
+    EXPECT_TRUE(failed.data(Qt::FontRole).value<QFont>().bold());
+    EXPECT_EQ(failed.data(Qt::BackgroundRole).value<QColor>(), QColor(255, 216, 176));
+}
+
+TEST_F(RankListOutput, TheSummaryCountsGradesAbsenteesAndFullMarksAndClosesAgain)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    auto* panel = Find<QFrame>(form, "Frame5");
+    EXPECT_FALSE(panel->isVisible());
+    Press(Button("cmdTotalDetails"));
+    EXPECT_TRUE(panel->isVisible());
+    EXPECT_FALSE(Find<QFrame>(form, "fraMain")->isEnabled());
+    EXPECT_FALSE(Find<QFrame>(form, "Frame4")->isEnabled());
+    EXPECT_FALSE(Button("cmdTotalDetails")->isEnabled());
+
+    const QMap<QString, QString> lines = SummaryLines();
+    EXPECT_EQ(lines.value(QStringLiteral("TOTAL STRENGTH")), QStringLiteral("5"));
+    EXPECT_EQ(lines.value(QStringLiteral("No. Of 'A' Grades")), QStringLiteral("2"));
+    EXPECT_EQ(lines.value(QStringLiteral("No. Of 'C' Grades")), QStringLiteral("2"));
+    EXPECT_EQ(lines.value(QStringLiteral("TOTAL")), QStringLiteral("4"));
+    EXPECT_EQ(lines.value(QStringLiteral("ABSENTEE")), QStringLiteral("1"));
+    EXPECT_EQ(lines.value(QStringLiteral("Full Mark For X  A")), QStringLiteral("200"));
+    EXPECT_EQ(Find<FlexGrid>(form, "msgGrade")->ColWidth(3), 0);
+
+    Press(Button("cmdClose"));
+    EXPECT_FALSE(panel->isVisible());
+    EXPECT_TRUE(Find<QFrame>(form, "fraMain")->isEnabled());
+    EXPECT_TRUE(Button("cmdTotalDetails")->isEnabled());
+}
+
+TEST_F(RankListOutput, TheGradeOrderThatLeavesTheAbsentOutKeepsTheSummary)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    Press(Option("optGradeOrder"));
+    ASSERT_FALSE(ShownNames().contains(QStringLiteral("Esa")));
+    Press(Button("cmdTotalDetails"));
+    const QMap<QString, QString> lines = SummaryLines();
+    EXPECT_EQ(lines.value(QStringLiteral("ABSENTEE")), QStringLiteral("1"));
+    EXPECT_EQ(lines.value(QStringLiteral("TOTAL STRENGTH")), QStringLiteral("5"));
+}
+
+TEST_F(RankListOutput, SavingWritesOneRowAStudentOnceHoweverOftenItIsDone)
+{
+    GivenFiveStudents();
+    for (int time = 0; time < 2; ++time) {
+        OpenAndProceed();
+        prompts.ExpectInformation(QStringLiteral("Record Saved"));
+        Press(Button("cmdSave"));
+        EXPECT_FALSE(Button("cmdSave")->isEnabled());
+        Press(Button("cmdCancel"));
+    }
+    EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal"), 5);
+    EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal WHERE Rank = 999999999"), 2);
+}
+
+TEST_F(RankListOutput, ALockedDatabaseRefusesTheSaveInPlainWordsAndTheSaveCanBeRepeated)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    Session().gcnnMain->SetPatience(std::chrono::milliseconds(50));
+    const auto other = AnotherClient();
+    other->Begin();
+    prompts.Expect(Prompts::Kind::Critical,
+                   QStringLiteral("The Data Is In Use By Another Client. Please Try Again In "
+                                  "A Moment (database is locked)"));
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_TRUE(Button("cmdSave")->isEnabled());
+    other->Rollback();
+    prompts.ExpectInformation(QStringLiteral("Record Saved"));
+    Press(Button("cmdSave"));
+    EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal"), 5);
+}
+
+TEST_F(RankListOutput, AFullDiskDuringTheSaveKeepsTheOldRowsAndTheScreen)
+{
+    school->AddUsualDivision(2);
+    for (int student = 0; student < 300; ++student)
+        school->AddMarkedStudent(QStringLiteral("Student %1").arg(student), {60, 40});
+    Given("INSERT INTO TempRankTotal VALUES (1, 1, 1, 1, 1, 7, 7, 7, 'Z')");
+    OpenAndProceed();
+    const auto pages = Count("PRAGMA page_count");
+    Given(QStringLiteral("PRAGMA max_page_count = %1").arg(pages).toLatin1().constData());
+    prompts.ExpectCritical();
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal WHERE Grade = 'Z'"), 1);
+    EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal"), 1);
+    EXPECT_TRUE(Button("cmdSave")->isEnabled());
+}
+
+TEST_F(RankListOutput, AWorkingTableLeftByAKilledRunIsReplaced)
+{
+    GivenFiveStudents();
+    Session().gcnnTemp->Execute(QStringLiteral("CREATE TABLE TempRankCalculation (Something)"));
+    OpenAndProceed();
+    EXPECT_EQ(ShownNames().size(), 5);
+}
+
+TEST_F(RankListOutput, NamesWithSignsAndOtherLettersAreListedSavedAndFound)
+{
+    school->AddUsualDivision(1);
+    const QStringList names{QStringLiteral("O'Neil"), QStringLiteral("100% [Best]_"),
+                            QString::fromUtf8("Zo\xC3\xAB \xE0\xAE\x85")};
+    for (const QString& name : names)
+        school->AddMarkedStudent(name, {60});
+    OpenAndProceed();
+    for (const QString& name : names)
+        EXPECT_GT(GridRowOf(name), 0) << name.toStdString();
+    prompts.ExpectInformation(QStringLiteral("Record Saved"));
+    Press(Button("cmdSave"));
+}
+
+TEST_F(RankListOutput, ExportIsRefusedWithoutTheRight)
+{
+    GivenFiveStudents();
+    GivenUser(7, QStringLiteral("clerk"), QStringLiteral("pass"));
+    Session().gintPrivilegeUserCode = 7;
+    OpenAndProceed();
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Export This Report"));
+    Press(Button("cmdExport"));
+}
+
+TEST_F(RankListOutput, ExportHandsTheWorkbookToTheSpreadsheetProgram)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    SetExportFolder(Folder() + QStringLiteral("/exports"));
+    QString opened;
+    UseSpreadsheetProgram({true, [&](const QString& path) {
+                               opened = path;
+                               return true;
+                           }});
+    Press(Button("cmdExport"));
+    EXPECT_TRUE(QFileInfo::exists(opened)) << opened.toStdString();
+    EXPECT_TRUE(opened.contains(QStringLiteral("Rank List")));
+}
+
+TEST_F(RankListOutput, ExportWithoutASpreadsheetProgramSaysSoAndThePointerIsNormal)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    UseSpreadsheetProgram({false, {}});
+    prompts.ExpectInformation(
+        QStringLiteral("If You Want To Use Export Option, Microsoft Excel Is Needed To Be "
+                       "Installed In Your System"));
+    Press(Button("cmdExport"));
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(RankListOutput, ProceedingRunsAsManyStatementsForManyStudentsAsForFew)
+{
+    school->AddUsualDivision(2);
+    const auto statements = [&] {
+        OpenForm();
+        ChooseExamAndClass();
+        Press(selectAll);
+        const auto before = Session().gcnnMain->StatementsRun();
+        Press(Button("cmdUpdate"));
+        const auto run = Session().gcnnMain->StatementsRun() - before;
+        Press(Button("cmdExit"));
+        Settle();
+        return run;
+    };
+    for (int student = 0; student < 5; ++student)
+        school->AddMarkedStudent(QStringLiteral("Few %1").arg(student), {60, 40});
+    const auto few = statements();
+    for (int student = 0; student < 200; ++student)
+        school->AddMarkedStudent(QStringLiteral("Many %1").arg(student), {60, 40});
+    EXPECT_EQ(statements(), few);
+    EXPECT_LE(few, 20U);
+}
+
+} // namespace
+} // namespace tally::test
