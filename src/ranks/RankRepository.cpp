@@ -1,9 +1,6 @@
 #include "ranks/RankRepository.h"
 
-#include "store/Identifier.h"
-#include "store/StoreError.h"
-
-#include <QSet>
+#include "ranks/DivisionQuery.h"
 
 #include <algorithm>
 #include <map>
@@ -12,87 +9,17 @@ namespace tally {
 
 namespace {
 
-/// Columns of TempRankCalculation before and behind the subjects.
-constexpr int FirstSubjectField = 5;
-constexpr int FieldsBehindSubjects = 6;
-
-/// "?,?,?" for `count` values in brackets.
-QString Placeholders(std::size_t count)
-{
-    if (count == 0)
-        return QStringLiteral("Null");
-    QString text(static_cast<qsizetype>(2 * count - 1), QLatin1Char(','));
-    for (qsizetype position = 0; position < text.size(); position += 2)
-        text[position] = QLatin1Char('?');
-    return text;
-}
-
-/// `sql` holds one %1 where the list of divisions goes, behind all other placeholders.
-template <typename... Values>
-store::Statement QueryDivisions(store::Connection& connection, const QString& sql,
-                                const std::vector<int>& divisionCodes, const Values&... values)
-{
-    store::Statement statement = connection.Prepare(sql.arg(Placeholders(divisionCodes.size())));
-    int position = 0;
-    (statement.BindAt(++position, static_cast<qint64>(values)), ...);
-    for (const int divisionCode : divisionCodes)
-        statement.BindAt(++position, static_cast<qint64>(divisionCode));
-    return statement;
-}
-
 bool IsYes(const QString& takenForRank)
 {
     return takenForRank.compare(QLatin1String("Yes"), Qt::CaseInsensitive) == 0;
 }
 
-/// The columns of the subjects. Subjects may share a short name, so a name that is taken gets a further
-/// underscore.
-QStringList SubjectColumns(const std::vector<RankSubject>& subjects)
+std::vector<QString> FirstColumn(store::Statement rows)
 {
-    QStringList columns;
-    QSet<QString> taken;
-    for (const RankSubject& subject : subjects) {
-        QString column = subject.shortName + QLatin1Char('_');
-        while (taken.contains(column.toCaseFolded()))
-            column += QLatin1Char('_');
-        taken.insert(column.toCaseFolded());
-        columns.append(column);
-    }
-    return columns;
-}
-
-QString CreateTempRankCalculation(const QStringList& subjectColumns)
-{
-    QString sql = QStringLiteral("Create Table TempRankCalculation(StudentName Text(100) COLLATE NOCASE,"
-                                 "AdmissionNo Text(15) COLLATE NOCASE,Class Text(4) COLLATE NOCASE,"
-                                 "Division Text(3) COLLATE NOCASE,DivisionCode Integer,");
-    for (const QString& column : subjectColumns)
-        sql += store::QuotedIdentifier(column) + QLatin1String(" Text(10),");
-    return sql + QLatin1String("Total Double,Average Double,Rank Integer,Grade Text(2) COLLATE NOCASE,"
-                               "RankTotal Double,StudentCode Integer)");
-}
-
-void AppendRows(store::Statement& statement, TempRankTable& table)
-{
-    table.subjectCount =
-        static_cast<std::size_t>(statement.ColumnCount() - FirstSubjectField - FieldsBehindSubjects);
-    const int behind = FirstSubjectField + static_cast<int>(table.subjectCount);
-    while (statement.Next()) {
-        TempRankRow& row = table.rows.emplace_back();
-        row.studentName = statement.Text(0);
-        row.admissionNo = statement.Text(1);
-        row.className = table.texts.Add(statement.Utf8(2));
-        row.division = table.texts.Add(statement.Utf8(3));
-        row.divisionCode = statement.Int(4);
-        for (int field = FirstSubjectField; field < behind; ++field)
-            table.marks.push_back(table.texts.Add(statement.Utf8(field)));
-        row.total = statement.Double(behind);
-        row.average = statement.Double(behind + 1);
-        row.rank = statement.IsNull(behind + 2) ? NoRank : statement.Long(behind + 2);
-        row.grade = table.texts.Add(statement.Utf8(behind + 3));
-        row.rankTotal = statement.Double(behind + 4);
-        row.studentCode = statement.Int(behind + 5);
-    }
+    std::vector<QString> texts;
+    while (rows.Next())
+        texts.push_back(rows.Text(0));
+    return texts;
 }
 
 } // namespace
@@ -255,120 +182,26 @@ RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vecto
     return input;
 }
 
-void RankRepository::FillTempRankCalculation(store::Transaction& temp, const RankList& list)
-{
-    const QStringList columns = SubjectColumns(list.subjects);
-    const QString create = CreateTempRankCalculation(columns);
-    try {
-        temp.Execute(create);
-    } catch (const store::StoreError& error) {
-        if (error.Kind() != store::ErrorKind::TableExists)
-            throw;
-        DropTempRankCalculation(temp);
-        temp.Execute(create);
-    }
-
-    const std::size_t subjectCount = list.subjects.size();
-    const int behind = FirstSubjectField + static_cast<int>(subjectCount);
-    store::Statement insert =
-        temp.Prepare(QStringLiteral("Insert into TempRankCalculation values(%1)")
-                         .arg(Placeholders(subjectCount + FirstSubjectField + FieldsBehindSubjects)));
-    const QByteArray className = list.className.toUtf8();
-    std::vector<QByteArray> divisionNames;
-    for (const RankDivision& division : list.divisions)
-        divisionNames.push_back(division.divisionName.toUtf8());
-    std::vector<CellBuffer> texts(subjectCount);
-
-    insert.BindStaticAt(3, {className.constData(), static_cast<std::size_t>(className.size())});
-    for (std::size_t number = 0; number < list.rows.size(); ++number) {
-        const RankRow& row = list.rows[number];
-        const QByteArray& divisionName = divisionNames[row.division];
-        insert.BindAt(1, row.studentName.trimmed());
-        insert.BindAt(2, row.admissionNo);
-        insert.BindStaticAt(4, {divisionName.constData(), static_cast<std::size_t>(divisionName.size())});
-        insert.BindAt(5, static_cast<qint64>(list.divisions[row.division].divisionCode));
-        for (std::size_t subject = 0; subject < subjectCount; ++subject) {
-            insert.BindStaticAt(
-                FirstSubjectField + 1 + static_cast<int>(subject),
-                CellText(list.Cell(number, subject), list.markDecimals, true, texts[subject]));
-        }
-        insert.BindAt(behind + 1, row.total);
-        insert.BindAt(behind + 2, row.average);
-        insert.BindAt(behind + 3, row.rank == 0 ? NoRank : static_cast<qint64>(row.rank));
-        // An absent student is neither graded nor left ungraded: the blank keeps such students out of both
-        // groups.
-        insert.BindAt(behind + 4, list.MarkedAbsent(number) ? QStringLiteral(" ") : row.grade);
-        insert.BindAt(behind + 5, row.rankTotal);
-        insert.BindAt(behind + 6, static_cast<qint64>(row.studentCode));
-        insert.RunBound();
-    }
-}
-
-void RankRepository::DropTempRankCalculation(store::Transaction& temp)
-{
-    temp.Execute(QStringLiteral("Drop Table TempRankCalculation"));
-}
-
-TempRankTable RankRepository::LoadTempRankCalculation(RankOrder order, const std::vector<int>& divisionCodes)
-{
-    // Behind the order that the user picked, the student's code keeps equal rows in the same places every
-    // time.
-    const QString sql = QStringLiteral("Select * from TempRankCalculation");
-    TempRankTable table;
-    const auto load = [&](store::Statement rows) { AppendRows(rows, table); };
-    switch (order) {
-    case RankOrder::Rank: load(temp_.Query(sql + QLatin1String(" order by Rank,Total,StudentCode"))); break;
-    case RankOrder::Grade:
-        load(QueryDivisions(temp_,
-                            sql + QLatin1String(" where Grade is not Null and DivisionCode in (%1) "
-                                                "order by Rank,Total,StudentCode"),
-                            divisionCodes));
-        break;
-    case RankOrder::AdmissionNo:
-        load(temp_.Query(sql + QLatin1String(" order by AdmissionNo,StudentCode")));
-        break;
-    case RankOrder::Alphabetical:
-        load(temp_.Query(sql + QLatin1String(" order by StudentName,StudentCode")));
-        break;
-    }
-    return table;
-}
-
-void RankRepository::AppendRowsWithoutGrade(TempRankTable& table)
-{
-    store::Statement rows =
-        temp_.Query(QStringLiteral("Select * from TempRankCalculation where Grade is Null"));
-    AppendRows(rows, table);
-}
-
 std::vector<QString> RankRepository::LoadGradesInOrder(const RankScope& scope,
                                                        const std::vector<int>& divisionCodes)
 {
-    std::vector<QString> grades;
-    store::Statement rows = QueryDivisions(
+    return FirstColumn(QueryDivisions(
         main_,
         QStringLiteral(
             "Select distinct Grade,Status from RankMaster where AcademicYearCode=? and ExamCode=? and "
             "ClassCode=? and DivisionCode in (%1) order by Status,Grade"),
-        divisionCodes, scope.academicYearCode, scope.examCode, scope.classCode);
-    while (rows.Next())
-        grades.push_back(rows.Text(0));
-    return grades;
+        divisionCodes, scope.academicYearCode, scope.examCode, scope.classCode));
 }
 
 std::vector<QString> RankRepository::LoadDistinctGrades(const RankScope& scope,
                                                         const std::vector<int>& divisionCodes)
 {
-    std::vector<QString> grades;
-    store::Statement rows = QueryDivisions(
+    return FirstColumn(QueryDivisions(
         main_,
         QStringLiteral(
             "Select distinct Grade from RankMaster where AcademicYearCode=? and ClassCode=? and ExamCode=? "
             "and DivisionCode in (%1) order by Grade"),
-        divisionCodes, scope.academicYearCode, scope.classCode, scope.examCode);
-    while (rows.Next())
-        grades.push_back(rows.Text(0));
-    return grades;
+        divisionCodes, scope.academicYearCode, scope.classCode, scope.examCode));
 }
 
 std::vector<std::optional<double>> RankRepository::LoadFullMarks(const RankScope& scope,

@@ -19,8 +19,8 @@ enum class RankOrder : std::uint8_t
     Alphabetical, ///< optAlphabeticalOrder
 };
 
-/// All statements of the rank list. Each function runs a fixed number of them, whatever the size of the
-/// class. Throws StoreError.
+/// All statements of the rank list; those on its working table stand in TempRankCalculation.cpp. Each
+/// function runs a fixed number of them, whatever the size of the class. Throws StoreError.
 class RankRepository
 {
 public:

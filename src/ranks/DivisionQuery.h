@@ -1,0 +1,35 @@
+#pragma once
+
+#include "store/Connection.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace tally {
+
+/// "?,?,?" for `count` values in brackets.
+inline QString Placeholders(std::size_t count)
+{
+    if (count == 0)
+        return QStringLiteral("Null");
+    QString text(static_cast<qsizetype>(2 * count - 1), QLatin1Char(','));
+    for (qsizetype position = 0; position < text.size(); position += 2)
+        text[position] = QLatin1Char('?');
+    return text;
+}
+
+/// `sql` holds one %1 where the list of divisions goes, behind all other placeholders.
+template <typename... Values>
+store::Statement QueryDivisions(store::Connection& connection, const QString& sql,
+                                const std::vector<int>& divisionCodes, const Values&... values)
+{
+    store::Statement statement = connection.Prepare(sql.arg(Placeholders(divisionCodes.size())));
+    int position = 0;
+    (statement.BindAt(++position, static_cast<qint64>(values)), ...);
+    for (const int divisionCode : divisionCodes)
+        statement.BindAt(++position, static_cast<qint64>(divisionCode));
+    return statement;
+}
+
+} // namespace tally
