@@ -1,7 +1,7 @@
 #include "core/controls/DataGrid.h"
 
-#include "core/controls/PlainDelegate.h"
 #include "core/FormKeys.h"
+#include "core/look/Look.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
@@ -59,19 +59,9 @@ private:
 DataGrid::DataGrid(QWidget* parent) : QTableView(parent), model_(new Model(this))
 {
     setModel(model_);
-    setItemDelegate(new PlainDelegate(this));
-    setAlternatingRowColors(true);
-    setShowGrid(false);
+    DressGrid(this);
     setSelectionBehavior(QAbstractItemView::SelectRows);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setTabKeyNavigation(false);
-    setWordWrap(false);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setStretchLastSection(false);
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { Q_EMIT RowDoubleClicked(index.row()); });

@@ -1,6 +1,6 @@
 #include "core/controls/FlexGrid.h"
 
-#include "core/controls/PlainDelegate.h"
+#include "core/look/Look.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
@@ -173,19 +173,10 @@ private:
 FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), model_(new Model(this))
 {
     setModel(model_);
-    setItemDelegate(new PlainDelegate(this));
-    setAlternatingRowColors(true);
-    setShowGrid(false);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setTabKeyNavigation(false);
-    setWordWrap(false);
+    DressGrid(this);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    // The office's lists hide rows and columns by their size.
     verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-    horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setMinimumSectionSize(1);
     connect(this, &QTableView::clicked, this,
             [this](const QModelIndex& index) { Q_EMIT CellClicked(index.row() + 1, index.column()); });

@@ -1,10 +1,14 @@
 #include "core/look/Look.h"
 
+#include "core/controls/PlainDelegate.h"
+
 #include <QApplication>
 #include <QFile>
+#include <QHeaderView>
 #include <QPalette>
 #include <QPushButton>
 #include <QStyleFactory>
+#include <QTableView>
 
 #include <array>
 
@@ -123,6 +127,21 @@ void DressButtons(QWidget* form)
     for (const ButtonIcon& entry : ButtonIcons)
         if (auto* button = form->findChild<QPushButton*>(QString::fromLatin1(entry.button)))
             button->setIcon(LookIcon(QString::fromLatin1(entry.icon)));
+}
+
+void DressGrid(QTableView* grid)
+{
+    grid->setItemDelegate(new PlainDelegate(grid));
+    grid->setAlternatingRowColors(true);
+    grid->setShowGrid(false);
+    grid->setSelectionMode(QAbstractItemView::SingleSelection);
+    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid->setTabKeyNavigation(false);
+    grid->setWordWrap(false);
+    grid->verticalHeader()->hide();
+    grid->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    grid->verticalHeader()->setDefaultSectionSize(grid->fontMetrics().height() + LookUnit);
+    grid->horizontalHeader()->setHighlightSections(false);
 }
 
 } // namespace tally

@@ -5,6 +5,7 @@
 class QApplication;
 class QGridLayout;
 class QPushButton;
+class QTableView;
 class QWidget;
 
 namespace tally {
@@ -24,5 +25,8 @@ void ApplyLook(QApplication& application, bool dark);
 QIcon LookIcon(const QString& name);
 /// Gives the usual buttons of `form` the icons that belong to their names, `cmdSave` the one for saving.
 void DressButtons(QWidget* form);
+/// What all grids have in common: alternating rows of one height without lines, a calm head, texts painted
+/// quickly, one selection, nothing to type into, and Tab that leads on to the next control.
+void DressGrid(QTableView* grid);
 
 } // namespace tally
