@@ -13,7 +13,6 @@
 
 #include <QAction>
 #include <QHeaderView>
-#include <QLocale>
 
 namespace tally {
 
@@ -30,11 +29,6 @@ AcademicYearRepository Years()
 ApplicationDateRepository Days()
 {
     return ApplicationDateRepository(*Session().gcnnMain);
-}
-
-QDate FromShown(const QString& shown)
-{
-    return QLocale::c().toDate(shown, QStringLiteral("dd/MMM/yyyy"));
 }
 
 } // namespace
@@ -224,8 +218,8 @@ void frmMasAcademicYearSetup::dgdDetails_DblClick(int row)
     // The year's own dates stand, whatever the school's start month is today.
     ui_->txtAcademicYearFrom->setText(grid->Text(row, QStringLiteral("Academic Year From")));
     ui_->lblAcademicYearTo->setText(grid->Text(row, QStringLiteral("Academic Year To")));
-    ui_->dtpFromDate->setDate(FromShown(grid->Text(row, QStringLiteral("From Date"))));
-    ui_->dtpToDate->setDate(FromShown(grid->Text(row, QStringLiteral("To Date"))));
+    ui_->dtpFromDate->setDate(DateShown(grid->Text(row, QStringLiteral("From Date"))));
+    ui_->dtpToDate->setDate(DateShown(grid->Text(row, QStringLiteral("To Date"))));
     ui_->cbostatus->setCurrentText(grid->Text(row, QStringLiteral("Status")));
     ShowState(MasterState::RowSelected);
 }

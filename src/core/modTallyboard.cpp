@@ -12,6 +12,8 @@ namespace tally {
 
 namespace {
 
+const QString DateFormat = QStringLiteral("dd/MMM/yyyy");
+
 SessionRepository Repository()
 {
     return SessionRepository(*Session().gcnnMain);
@@ -138,7 +140,12 @@ bool CheckPrivilege(const QString& formName, QChar code)
 
 QString ShownDate(const QDate& date)
 {
-    return date.isValid() ? QLocale::c().toString(date, QStringLiteral("dd/MMM/yyyy")) : QString();
+    return date.isValid() ? QLocale::c().toString(date, DateFormat) : QString();
+}
+
+QDate DateShown(const QString& shown)
+{
+    return QLocale::c().toDate(shown, DateFormat);
 }
 
 } // namespace tally

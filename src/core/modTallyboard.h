@@ -36,5 +36,7 @@ bool CheckPrivilege(const QString& formName, QChar code);
 
 /// How dates are shown everywhere: "05/Jun/2024"; empty for no date.
 QString ShownDate(const QDate& date);
+/// The day that ShownDate gave this text for; invalid for any other text.
+QDate DateShown(const QString& shown);
 
 } // namespace tally

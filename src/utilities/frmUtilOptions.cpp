@@ -11,7 +11,6 @@
 #include "utilities/OptionsRepository.h"
 
 #include <QKeyEvent>
-#include <QLocale>
 
 #include <algorithm>
 #include <array>
@@ -28,11 +27,6 @@ int GenderIndex(const QString& gender)
 {
     const auto* found = std::find(Genders.begin(), Genders.end(), gender);
     return found == Genders.end() ? -1 : static_cast<int>(found - Genders.begin());
-}
-
-QDate ShownToDate(const QString& shown)
-{
-    return QLocale::c().toDate(shown, QStringLiteral("dd/MMM/yyyy"));
 }
 
 } // namespace
@@ -155,7 +149,7 @@ OptionSettings frmUtilOptions::Settings() const
     return {
         .exitPrompt = ui_->chkPrompt->isChecked(),
         .autoGenerate = ui_->chkAutoGen->isChecked(),
-        .dateOfBirthLimit = ShownToDate(ui_->lblDateOfBirthSetting->text()),
+        .dateOfBirthLimit = DateShown(ui_->lblDateOfBirthSetting->text()),
         .gender = gender < 0 ? QStringLiteral("")
                              : QString::fromLatin1(Genders.at(static_cast<std::size_t>(gender))),
         .fractionMarks = ui_->chkFractionMarks->isChecked(),

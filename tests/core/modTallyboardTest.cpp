@@ -243,10 +243,14 @@ TEST_F(modTallyboardTest, StoredFlagsAreTaken)
     EXPECT_FALSE(Session().gblnFractionMarks);
 }
 
-TEST_F(modTallyboardTest, DatesAreShownWithEnglishMonths)
+TEST_F(modTallyboardTest, DatesAreShownWithEnglishMonthsAndReadBackFromThere)
 {
     EXPECT_EQ(ShownDate(QDate(2024, 6, 5)).toStdString(), "05/Jun/2024");
     EXPECT_EQ(ShownDate(QDate()).toStdString(), "");
+    for (const QDate& date : {QDate(2024, 6, 5), QDate(2024, 2, 29), QDate(1899, 12, 31)})
+        EXPECT_EQ(DateShown(ShownDate(date)), date);
+    for (const char* text : {"", "2024-06-05", "31/Feb/2024", "Null"})
+        EXPECT_FALSE(DateShown(QString::fromLatin1(text)).isValid()) << text;
 }
 
 } // namespace
