@@ -1,10 +1,8 @@
-#include "core/mdiTallyboard.h"
 #include "core/ScreenRegistry.h"
 #include "masters/ClassSectionScreen.h"
 #include "store/StoreError.h"
 
 #include <QLabel>
-#include <QMdiArea>
 
 namespace tally::test {
 namespace {

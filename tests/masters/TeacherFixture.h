@@ -143,7 +143,4 @@ protected:
     frmTeacherMaster* form = nullptr;
 };
 
-/// Every underlined letter of `form` leads to one control only.
-void ExpectOneControlALetter(const QWidget* form);
-
 } // namespace tally::test

@@ -1,4 +1,3 @@
-#include "core/mdiTallyboard.h"
 #include "core/ScreenRegistry.h"
 #include "masters/TeacherFixture.h"
 

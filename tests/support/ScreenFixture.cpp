@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QMdiArea>
 #include <QPointer>
 
@@ -125,6 +126,26 @@ void ScreenFixture::ExpectToFit(const QString& formName)
     EXPECT_TRUE(window->Area()->viewport()->rect().contains(form->parentWidget()->geometry()));
     EXPECT_LE(form->minimumSizeHint().width(), form->width());
     EXPECT_LE(form->minimumSizeHint().height(), form->height());
+}
+
+QStringList ExpectOneControlALetter(const QWidget* form)
+{
+    QStringList texts;
+    for (const auto* label : form->findChildren<QLabel*>())
+        if (label->buddy())
+            texts.append(label->text());
+    for (const auto* button : form->findChildren<QAbstractButton*>())
+        if (!button->text().isEmpty())
+            texts.append(button->text());
+    QStringList letters;
+    QStringList without;
+    for (const QString& text : texts) {
+        const QString letter = QKeySequence::mnemonic(text).toString();
+        EXPECT_FALSE(!letter.isEmpty() && letters.contains(letter)) << text.toStdString();
+        (letter.isEmpty() ? without : letters).append(letter.isEmpty() ? text : letter);
+    }
+    EXPECT_GE(letters.size(), 5);
+    return without;
 }
 
 void Type(QWidget* widget, const QString& keys)

@@ -84,6 +84,9 @@ Control* Find(const QObject* parent, const char* objectName)
     return control;
 }
 
+/// Every underlined letter of `form` must lead to one control only. Gives the texts of those fields and
+/// buttons that no letter leads to.
+QStringList ExpectOneControlALetter(const QWidget* form);
 /// Puts the focus on the widget and types.
 void Type(QWidget* widget, const QString& keys);
 /// Presses one key on the widget that has the focus within `form`.
