@@ -6,6 +6,7 @@
 #include "core/SessionContext.h"
 #include "reports/ExportWorkbook.h"
 #include "reports/WorkbookReader.h"
+#include "support/FileSizeLimit.h"
 
 #include <QDate>
 #include <QDir>
@@ -13,9 +14,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace tally::test {
@@ -26,29 +25,6 @@ QString Latin(const char* text)
 {
     return QString::fromUtf8(text);
 }
-
-/// Lets no file grow beyond `bytes` while it lives, as on a disk that is full.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-private:
-    rlimit before_{};
-    void (*handler_)(int);
-};
 
 /// A school, a folder for workbooks, and a spreadsheet program that remembers what it was asked to open.
 class Export : public testing::Test
