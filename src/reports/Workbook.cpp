@@ -21,10 +21,9 @@ constexpr double Side = 0.5;
 constexpr double Top = 0.6;
 constexpr double Bottom = 0.75;
 constexpr double PointsPerInch = 72;
-/// How office programs make a width in letters a width on the screen.
-constexpr double PixelsPerLetter = 7;
-constexpr double PixelsAroundLetters = 5;
-constexpr double PointsPerPixel = 0.75;
+/// A digit of the standard font on paper, and the part of one that is left free around a column's letters.
+constexpr double PointsPerLetter = 5.6;
+constexpr double LettersAround = 5.0 / 7;
 /// Grey, so that the lines lead the eye and the figures stand out.
 constexpr lxw_color_t LineColor = 0x808080;
 
@@ -85,12 +84,12 @@ QSizeF Workbook::PrintableArea(bool landscape)
 
 double Workbook::ColumnPoints(double letters)
 {
-    return (letters * PixelsPerLetter + PixelsAroundLetters) * PointsPerPixel;
+    return (letters + LettersAround) * PointsPerLetter;
 }
 
 double Workbook::ColumnLetters(double points)
 {
-    return (points / PointsPerPixel - PixelsAroundLetters) / PixelsPerLetter;
+    return points / PointsPerLetter - LettersAround;
 }
 
 void Workbook::NewSheet()

@@ -84,7 +84,8 @@ public:
 
     /// The room between the margins of a page, in points.
     static QSizeF PrintableArea(bool landscape);
-    /// The width in points of a column of so many letters, from 1 on, and the letters of such a width.
+    /// The width on paper, in points, of a column of so many letters, from 1 on, and the letters of such a
+    /// width. Some programs print columns up to a sixteenth narrower.
     static double ColumnPoints(double letters);
     static double ColumnLetters(double points);
 
