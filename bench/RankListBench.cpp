@@ -11,6 +11,7 @@
 #include "core/SessionContext.h"
 #include "ranks/frmRankCalculation.h"
 #include "ranks/RankRepository.h"
+#include "ranks/TempRankRepository.h"
 
 #include <QApplication>
 
@@ -56,13 +57,13 @@ void ReadComputeFill(benchmark::State& state)
 {
     OpenSession(SchoolOf(StudentsOf(state)).Folder());
     const SessionContext& session = Session();
-    RankRepository repository(*session.gcnnMain, *session.gcnnTemp);
+    RankRepository repository(*session.gcnnMain);
     const std::uint64_t before = session.gcnnMain->StatementsRun();
     for (auto _ : state) {
         const RankList list = ComputeRankList(
             repository.LoadRankInput(BenchSchool::Scope(), BenchSchool::DivisionCodes()), RankOptions());
         store::Transaction working(*session.gcnnTemp);
-        repository.FillTempRankCalculation(working, list);
+        TempRankRepository::FillTempRankCalculation(working, list);
         working.Commit();
     }
     state.counters["reads"] = static_cast<double>(session.gcnnMain->StatementsRun() - before) /

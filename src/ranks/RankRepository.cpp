@@ -226,7 +226,8 @@ std::vector<std::optional<double>> RankRepository::LoadFullMarks(const RankScope
 }
 
 void RankRepository::ReplaceRankTotals(store::Transaction& main, const RankScope& scope,
-                                       const std::vector<int>& divisionCodes)
+                                       const std::vector<int>& divisionCodes,
+                                       const std::vector<RankTotal>& totals)
 {
     store::Statement old = QueryDivisions(
         main.On(),
@@ -235,23 +236,13 @@ void RankRepository::ReplaceRankTotals(store::Transaction& main, const RankScope
         divisionCodes, scope.classCode, scope.academicYearCode, scope.examCode);
     old.RunBound();
 
-    store::Statement rows = temp_.Query(QStringLiteral(
-        "Select StudentCode,RankTotal,Average,Rank,Grade,DivisionCode from TempRankCalculation"));
     store::Statement insert =
         main.Prepare(QStringLiteral("Insert into TempRankTotal values(?,?,?,?,?,?,?,?,?)"));
-    while (rows.Next()) {
-        insert.BindAt(1, rows.Long(0));
-        insert.BindAt(2, static_cast<qint64>(scope.academicYearCode));
-        insert.BindAt(3, static_cast<qint64>(scope.examCode));
-        insert.BindAt(4, static_cast<qint64>(scope.classCode));
-        insert.BindAt(5, rows.Long(5));
-        insert.BindAt(6, rows.Double(1));
-        insert.BindAt(7, rows.Double(2));
-        if (rows.IsNull(3))
+    for (const RankTotal& total : totals) {
+        insert.Bind(total.studentCode, scope.academicYearCode, scope.examCode, scope.classCode,
+                    total.divisionCode, total.rankTotal, total.average, total.rank.value_or(0), total.grade);
+        if (!total.rank)
             insert.BindNullAt(8);
-        else
-            insert.BindAt(8, rows.Long(3));
-        insert.BindAt(9, rows.Text(4));
         insert.RunBound();
     }
 }

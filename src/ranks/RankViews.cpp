@@ -187,23 +187,23 @@ bool RankView::ColumnHidden(int column) const
     return column == Cols() - TotalFromEnd || (IsSubject(column) && !SubjectAt(column).takenForRank);
 }
 
-RankView ShowRankList(RankRepository& repository, const RankScope& scope,
+RankView ShowRankList(RankRepository& school, TempRankRepository& working, const RankScope& scope,
                       const std::vector<int>& divisionCodes, const std::vector<RankSubject>& subjects,
                       RankOrder order, SubjectDisplay display)
 {
-    TempRankTable table = repository.LoadTempRankCalculation(order, divisionCodes);
+    TempRankTable table = working.LoadTempRankCalculation(order, divisionCodes);
     if (order != RankOrder::Grade)
         return {subjects, std::move(table), display, false};
 
     std::vector<std::size_t> numbers;
-    for (const QString& grade : repository.LoadGradesInOrder(scope, divisionCodes)) {
+    for (const QString& grade : school.LoadGradesInOrder(scope, divisionCodes)) {
         for (std::size_t number = 0; number < table.rows.size(); ++number) {
             if (table.texts[table.rows[number].grade].compare(grade, Qt::CaseInsensitive) == 0)
                 numbers.push_back(number);
         }
     }
     table = table.Picked(numbers);
-    repository.AppendRowsWithoutGrade(table);
+    working.AppendRowsWithoutGrade(table);
     return {subjects, std::move(table), display, true};
 }
 

@@ -2,6 +2,7 @@
 
 #include "ranks/RankComputation.h"
 #include "ranks/RankRepository.h"
+#include "ranks/TempRankRepository.h"
 
 #include <optional>
 #include <vector>
@@ -62,7 +63,7 @@ private:
 /// Reads TempRankCalculation for the divisions ticked, in the order picked. The grade order leaves out
 /// students whose grade is not in a grade table, absent ones among them, and lists those twice whose grade
 /// stands at two positions.
-RankView ShowRankList(RankRepository& repository, const RankScope& scope,
+RankView ShowRankList(RankRepository& school, TempRankRepository& working, const RankScope& scope,
                       const std::vector<int>& divisionCodes, const std::vector<RankSubject>& subjects,
                       RankOrder order, SubjectDisplay display);
 

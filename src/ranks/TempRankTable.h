@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -46,6 +47,17 @@ struct TempRankRow
     double total = 0;
     double average = 0;
     double rankTotal = 0;
+};
+
+/// What is saved of a student's rank list in TempRankTotal.
+struct RankTotal
+{
+    int studentCode = 0;
+    int divisionCode = 0;
+    double rankTotal = 0; ///< of the subjects taken for rank
+    double average = 0;
+    std::optional<qint64> rank; ///< unset where it is Null
+    QString grade;              ///< empty where it is Null
 };
 
 /// Rows of TempRankCalculation as read.

@@ -90,7 +90,12 @@ void frmRankCalculation::ShowDivisionKey()
 
 RankRepository frmRankCalculation::Repository() const
 {
-    return {*Session().gcnnMain, *Session().gcnnTemp};
+    return RankRepository(*Session().gcnnMain);
+}
+
+TempRankRepository frmRankCalculation::WorkingTable() const
+{
+    return TempRankRepository(*Session().gcnnTemp);
 }
 
 RankScope frmRankCalculation::Scope() const
@@ -282,21 +287,19 @@ void frmRankCalculation::cmdUpdate_Click()
         return;
     try {
         const HourGlass hourGlass;
-        RankRepository repository = Repository();
         const SessionContext& session = Session();
         const RankList list = ComputeRankList(
-            repository.LoadRankInput(Scope(), TickedDivisions()),
+            Repository().LoadRankInput(Scope(), TickedDivisions()),
             {session.gblnFractionMarks, session.gblnRoundedMarks, ui_->chkRankSkipping->isChecked()});
         ui_->Frame2->setEnabled(false);
         store::Transaction working(*session.gcnnTemp);
-        repository.FillTempRankCalculation(working, list);
+        TempRankRepository::FillTempRankCalculation(working, list);
         working.Commit();
         TempTableExists_ = true;
         subjects_ = list.subjects;
 
         ui_->optRankOrder->setChecked(true);
-        const RankView view =
-            ShowRankList(repository, Scope(), TickedDivisions(), subjects_, Order(), Display());
+        const RankView view = ReadView();
         ShowView(view);
         LoadGradeSummary(view);
     } catch (const store::StoreError& error) {
@@ -347,7 +350,7 @@ void frmRankCalculation::DropTempTable()
     TempTableExists_ = false;
     try {
         store::Transaction transaction(*Session().gcnnTemp);
-        Repository().DropTempRankCalculation(transaction);
+        TempRankRepository::DropTempRankCalculation(transaction);
         transaction.Commit();
     } catch (const store::StoreError&) {
         // The table is working space: another client may have dropped it, and the next run drops what is

@@ -4,6 +4,7 @@
 #include "ranks/RankComputation.h"
 #include "ranks/RankRepository.h"
 #include "ranks/RankSelection.h"
+#include "ranks/TempRankRepository.h"
 
 #include <memory>
 
@@ -67,11 +68,14 @@ private:
     void CheckAgreement(const QString& subjectMessage, const QString& gradeMessage);
 
     RankRepository Repository() const;
+    TempRankRepository WorkingTable() const;
     RankScope Scope() const;
     SubjectDisplay Display() const;
     RankOrder Order() const;
     std::vector<int> TickedDivisions() const;
 
+    /// The working table in the order picked.
+    class RankView ReadView() const;
     void ShowView(const class RankView& view);
     void LoadGradeSummary(const RankView& view);
     void ResetGrid();

@@ -56,9 +56,15 @@ void frmRankCalculation::cmdView_Click()
         return;
     Read([this] {
         const HourGlass hourGlass;
-        RankRepository repository = Repository();
-        ShowView(ShowRankList(repository, Scope(), TickedDivisions(), subjects_, Order(), Display()));
+        ShowView(ReadView());
     });
+}
+
+RankView frmRankCalculation::ReadView() const
+{
+    RankRepository school = Repository();
+    TempRankRepository working = WorkingTable();
+    return ShowRankList(school, working, Scope(), TickedDivisions(), subjects_, Order(), Display());
 }
 
 void frmRankCalculation::ShowView(const RankView& view)
@@ -142,7 +148,8 @@ void frmRankCalculation::resizeEvent(QResizeEvent* event)
 void frmRankCalculation::cmdSave_Click()
 {
     const bool saved = Write(Conflict::Describe, [this](store::Transaction& transaction) {
-        Repository().ReplaceRankTotals(transaction, Scope(), TickedDivisions());
+        RankRepository::ReplaceRankTotals(transaction, Scope(), TickedDivisions(),
+                                          WorkingTable().LoadRankTotals());
     });
     if (!saved)
         return;

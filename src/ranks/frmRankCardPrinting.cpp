@@ -92,7 +92,7 @@ void frmRankCardPrinting::LoadExams()
 {
     ui_->Lstexamnames->clear();
     Read([this] {
-        for (const RankExam& exam : RankRepository(*Session().gcnnMain, *Session().gcnnTemp).LoadExam())
+        for (const RankExam& exam : RankRepository(*Session().gcnnMain).LoadExam())
             ui_->Lstexamnames->AddItem(exam.examName, exam.examCode);
     });
 }
@@ -101,7 +101,7 @@ void frmRankCardPrinting::LoadClasses()
 {
     DataCombo::Entries classes{{0, BlankItem}};
     Read([&] {
-        for (const RankClass& entry : RankRepository(*Session().gcnnMain, *Session().gcnnTemp).LoadClass())
+        for (const RankClass& entry : RankRepository(*Session().gcnnMain).LoadClass())
             classes.emplace_back(entry.classCode, entry.className);
     });
     ui_->cboClass->SetList(classes);

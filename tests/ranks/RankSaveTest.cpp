@@ -93,7 +93,7 @@ TEST(TempRankCalculation, StaysAsItWasWhenAFillIsNotFinished)
     school.AddMarkedStudent("Bina", {60});
     {
         store::Transaction abandoned(school.temp);
-        school.Repository().FillTempRankCalculation(abandoned, school.Compute());
+        TempRankRepository::FillTempRankCalculation(abandoned, school.Compute());
     }
     EXPECT_EQ(NamesOf(school.Show(list, RankOrder::Rank)), QStringList({"Anil"}));
 }
@@ -105,7 +105,7 @@ TEST(TempRankCalculation, IsGoneAfterTheDrop)
     school.AddMarkedStudent("Anil", {50});
     const RankList list = school.Prepare();
     store::Transaction transaction(school.temp);
-    school.Repository().DropTempRankCalculation(transaction);
+    TempRankRepository::DropTempRankCalculation(transaction);
     transaction.Commit();
     try {
         school.Show(list, RankOrder::Rank);

@@ -117,7 +117,7 @@ RankList RankSchool::Prepare(const std::vector<int>& divisions)
 {
     RankList list = Compute(divisions);
     store::Transaction transaction(temp);
-    Repository().FillTempRankCalculation(transaction, list);
+    TempRankRepository::FillTempRankCalculation(transaction, list);
     transaction.Commit();
     return list;
 }
@@ -128,13 +128,14 @@ RankView RankSchool::Show(const RankList& list, RankOrder order, SubjectDisplay 
     for (const RankDivision& division : list.divisions)
         divisions.push_back(division.divisionCode);
     RankRepository repository = Repository();
-    return ShowRankList(repository, scope, divisions, list.subjects, order, display);
+    TempRankRepository working = WorkingTable();
+    return ShowRankList(repository, working, scope, divisions, list.subjects, order, display);
 }
 
 void RankSchool::Save(const std::vector<int>& divisions)
 {
     store::Transaction transaction(main);
-    Repository().ReplaceRankTotals(transaction, scope, divisions);
+    RankRepository::ReplaceRankTotals(transaction, scope, divisions, WorkingTable().LoadRankTotals());
     transaction.Commit();
 }
 

@@ -51,7 +51,8 @@ public:
                   SubjectDisplay display = SubjectDisplay::TakenForRankOnly);
     void Save(const std::vector<int>& divisions = {1});
 
-    RankRepository Repository() { return {main, temp}; }
+    RankRepository Repository() { return RankRepository(main); }
+    TempRankRepository WorkingTable() { return TempRankRepository(temp); }
 
 private:
     std::unique_ptr<store::Connection> ownMain_;

@@ -1,5 +1,6 @@
+#include "ranks/TempRankRepository.h"
+
 #include "ranks/DivisionQuery.h"
-#include "ranks/RankRepository.h"
 #include "store/Identifier.h"
 #include "store/StoreError.h"
 
@@ -65,7 +66,7 @@ void AppendRows(store::Statement& statement, TempRankTable& table)
 
 } // namespace
 
-void RankRepository::FillTempRankCalculation(store::Transaction& temp, const RankList& list)
+void TempRankRepository::FillTempRankCalculation(store::Transaction& temp, const RankList& list)
 {
     const QStringList columns = SubjectColumns(list.subjects);
     const QString create = CreateTempRankCalculation(columns);
@@ -114,12 +115,13 @@ void RankRepository::FillTempRankCalculation(store::Transaction& temp, const Ran
     }
 }
 
-void RankRepository::DropTempRankCalculation(store::Transaction& temp)
+void TempRankRepository::DropTempRankCalculation(store::Transaction& temp)
 {
     temp.Execute(QStringLiteral("Drop Table TempRankCalculation"));
 }
 
-TempRankTable RankRepository::LoadTempRankCalculation(RankOrder order, const std::vector<int>& divisionCodes)
+TempRankTable TempRankRepository::LoadTempRankCalculation(RankOrder order,
+                                                          const std::vector<int>& divisionCodes)
 {
     // Behind the order that the user picked, the student's code keeps equal rows in the same places every
     // time.
@@ -144,11 +146,22 @@ TempRankTable RankRepository::LoadTempRankCalculation(RankOrder order, const std
     return table;
 }
 
-void RankRepository::AppendRowsWithoutGrade(TempRankTable& table)
+void TempRankRepository::AppendRowsWithoutGrade(TempRankTable& table)
 {
     store::Statement rows =
         temp_.Query(QStringLiteral("Select * from TempRankCalculation where Grade is Null"));
     AppendRows(rows, table);
+}
+
+std::vector<RankTotal> TempRankRepository::LoadRankTotals()
+{
+    std::vector<RankTotal> totals;
+    store::Statement rows = temp_.Query(QStringLiteral(
+        "Select StudentCode,DivisionCode,RankTotal,Average,Rank,Grade from TempRankCalculation"));
+    while (rows.Next())
+        totals.push_back({rows.Int(0), rows.Int(1), rows.Double(2), rows.Double(3),
+                          rows.IsNull(4) ? std::nullopt : std::optional(rows.Long(4)), rows.Text(5)});
+    return totals;
 }
 
 } // namespace tally
