@@ -14,4 +14,4 @@ packages_run=(fonts-dejavu-core)
 packages_test=(libgtest-dev clang-format clang-tidy unzip xvfb xauth xdotool)
 
 # For ./test --full: the benchmarks, the rendering of exported workbooks and the Debian package.
-packages_full=(libbenchmark-dev libreoffice-calc-nogui dpkg-dev)
+packages_full=(libbenchmark-dev libreoffice-calc-nogui poppler-utils dpkg-dev)

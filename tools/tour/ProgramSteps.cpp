@@ -67,6 +67,13 @@ Screen* OpenScreen(Tour& tour, Qt::Key menu, const char* formName)
     return AwaitScreen(tour, name);
 }
 
+void FillWindow(Screen* screen)
+{
+    constexpr int Margin = 8;
+    QWidget* frame = screen->parentWidget();
+    frame->setGeometry(frame->parentWidget()->rect().adjusted(Margin, Margin, -Margin, -Margin));
+}
+
 void LeaveScreen(Tour& tour, const char* formName, const QString& caption)
 {
     tour.TabTo(QStringLiteral("cmdExit"));

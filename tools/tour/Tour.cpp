@@ -37,7 +37,7 @@ void Settle()
 
 } // namespace
 
-Tour::Tour(const QString& folder) : folder_(folder)
+Tour::Tour(const QString& folder) : folder_(folder), workbooks_(folder_.entryList({QStringLiteral("*.xlsx")}))
 {
     Prompts::AnswerWith([this](Prompts::Kind, const QString& text) { return AnswerBox(text); });
 }
@@ -128,6 +128,17 @@ void Tour::Picture(const QString& what, const QString& fileName, QWidget* window
     if (!picture.save(folder_.filePath(numbered)))
         throw TourError(QStringLiteral("the picture %1 cannot be written").arg(numbered));
     Done(what, numbered);
+}
+
+void Tour::AwaitWorkbook(const QString& what)
+{
+    QStringList made = folder_.entryList({QStringLiteral("*.xlsx")});
+    for (const QString& known : std::as_const(workbooks_))
+        made.removeAll(known);
+    if (made.size() != 1)
+        throw TourError(QStringLiteral("the export left no workbook"));
+    workbooks_.append(made);
+    Done(what, made.constFirst());
 }
 
 void Tour::Done(const QString& what, const QString& fileName)

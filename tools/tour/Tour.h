@@ -56,6 +56,8 @@ public:
 
     /// Ends a step with a picture of the window and the menu open over it.
     void Picture(const QString& what, const QString& fileName, QWidget* window);
+    /// Ends a step that left one more workbook in the folder.
+    void AwaitWorkbook(const QString& what);
     /// Ends a step that shows in a file made meanwhile, or, without one, only in what was answered.
     void Done(const QString& what, const QString& fileName = {});
 
@@ -70,6 +72,7 @@ private:
     void CheckBoxes() const;
 
     QDir folder_;
+    QStringList workbooks_; ///< made so far
     int step_ = 1;
     std::deque<Box> expected_;
     QString surprise_; ///< the text of a box that nobody expected

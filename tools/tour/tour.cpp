@@ -1,23 +1,23 @@
 // tally-tour SCHOOL PICTURES goes through the program as a clerk would, by keys alone: first it sets up a new
 // school in a folder of its own, then it works in the folder SCHOOL that tally-sample made. Pictures of each
-// step and the exported rank list go to the folder PICTURES.
+// step, the exported rank list and the rank cards go to the folder PICTURES.
 //
 // Exit codes: 0 every step went well, 1 a step failed, 2 wrong arguments.
 
 #include "Tour.h"
 
 #include "app/Screens.h"
-#include "core/controls/FlexGrid.h"
 #include "core/look/Look.h"
 #include "core/OpenDocument.h"
 #include "core/Screen.h"
+#include "MarksToCards.h"
 #include "NewSchool.h"
 #include "ProgramSteps.h"
+#include "RankLists.h"
 #include "store/StoreError.h"
 #include "tools/SampleSchool.h"
 
 #include <QApplication>
-#include <QRadioButton>
 
 #include <cstdio>
 
@@ -43,92 +43,6 @@ void ShowMenus(Tour& tour, QWidget* window)
         tour.Press(Qt::Key_Escape);
         tour.Press(Qt::Key_Escape);
     }
-}
-
-/// Pulls the screen to the size of the main window, so that a picture shows all of a list's columns.
-void FillWindow(Screen* screen)
-{
-    constexpr int Margin = 8;
-    QWidget* frame = screen->parentWidget();
-    frame->setGeometry(frame->parentWidget()->rect().adjusted(Margin, Margin, -Margin, -Margin));
-}
-
-/// Chooses the first entry behind the blank one, or the last one.
-void ChooseExamAndClass(Tour& tour, bool lastExam)
-{
-    tour.TabTo(QStringLiteral("Cboexamname"));
-    tour.Press(lastExam ? Qt::Key_End : Qt::Key_Home);
-    if (!lastExam)
-        tour.Press(Qt::Key_Down);
-    tour.TabTo(QStringLiteral("cboClass"));
-    tour.Press(Qt::Key_Down);
-}
-
-void ShowOrder(Tour& tour, QWidget* window, const char* option, Qt::Key key, const char* words)
-{
-    if (key != Qt::Key_unknown)
-        tour.Press(key);
-    const QString name = QString::fromLatin1(option);
-    tour.Await(QStringLiteral("the order ") + name, [&] {
-        const auto* button = window->findChild<QRadioButton*>(name);
-        return button && button->isChecked();
-    });
-    const QString order = QString::fromLatin1(words);
-    tour.Picture(QStringLiteral("rank list in %1 order").arg(order),
-                 order.section(QLatin1Char(' '), 0, 0) + QStringLiteral("-order.png"), window);
-}
-
-void PrepareRankList(Tour& tour, QWidget* window)
-{
-    Screen* screen = OpenScreen(tour, Qt::Key_R, "frmRankCalculation");
-    FillWindow(screen);
-    ChooseExamAndClass(tour, true);
-    tour.Picture(QStringLiteral("divisions that are not ready carry a mark"), QStringLiteral("divisions.png"),
-                 window);
-    tour.TabTo(QStringLiteral("cmdUpdate"));
-    tour.Expect(QStringLiteral("Select Division(s)"));
-    tour.Press(Qt::Key_Space);
-    tour.Done(QStringLiteral("nothing ticked: the screen asks for a division"));
-
-    ChooseExamAndClass(tour, false);
-    tour.TabTo(QStringLiteral("chkSelectAll"));
-    tour.Press(Qt::Key_Space);
-    tour.TabTo(QStringLiteral("cmdUpdate"));
-    tour.Press(Qt::Key_Space);
-    const auto* list = screen->findChild<FlexGrid*>(QStringLiteral("msgDisplayDetails"));
-    tour.Await(QStringLiteral("the rank list"), [&] { return list->Rows() > 4; });
-}
-
-void ShowRankLists(Tour& tour, QWidget* window)
-{
-    tour.TabTo(QStringLiteral("optRankOrder"));
-    ShowOrder(tour, window, "optRankOrder", Qt::Key_unknown, "rank");
-    ShowOrder(tour, window, "optGradeOrder", Qt::Key_Right, "grade");
-    ShowOrder(tour, window, "optAdmissionNoOrder", Qt::Key_Right, "admission number");
-    ShowOrder(tour, window, "optAlphabeticalOrder", Qt::Key_Right, "alphabetical");
-    for (int back = 0; back < 3; ++back)
-        tour.Press(Qt::Key_Left);
-}
-
-void SummariseSaveAndExport(Tour& tour, QWidget* window, const QDir& pictures)
-{
-    tour.TabTo(QStringLiteral("cmdTotalDetails"));
-    tour.Press(Qt::Key_Space);
-    tour.Picture(QStringLiteral("summary by grade"), QStringLiteral("summary.png"), window);
-    tour.Press(Qt::Key_Space);
-
-    tour.TabTo(QStringLiteral("cmdSave"));
-    tour.Expect(QStringLiteral("Record Saved"));
-    tour.Press(Qt::Key_Space);
-    tour.Done(QStringLiteral("rank list saved for the rank cards"));
-
-    tour.TabTo(QStringLiteral("cmdExport"));
-    tour.Press(Qt::Key_Space);
-    const QStringList workbooks = pictures.entryList({QStringLiteral("*.xlsx")});
-    if (workbooks.size() != 1)
-        throw TourError(QStringLiteral("the export left no workbook"));
-    tour.Done(QStringLiteral("rank list exported"), workbooks.constFirst());
-    LeaveScreen(tour, "frmRankCalculation", QStringLiteral("Rank Calculation"));
 }
 
 void ShowOptions(Tour& tour, QWidget* window)
@@ -160,7 +74,7 @@ void LockAndUnlock(Tour& tour, QWidget* window)
     tour.AwaitWindow(QStringLiteral("mdiTallyboard"));
 }
 
-void GoThroughSampleSchool(Tour& tour, const QDir& school, const QDir& pictures)
+void GoThroughSampleSchool(Tour& tour, const QDir& school)
 {
     const SampleAccount account = SampleAccounts().constFirst();
     const ProgramRun run(tour, school);
@@ -169,9 +83,9 @@ void GoThroughSampleSchool(Tour& tour, const QDir& school, const QDir& pictures)
     QWidget* window = ShowMainWindow(tour);
     tour.Picture(QStringLiteral("the main window"), QStringLiteral("main-window.png"), window);
     ShowMenus(tour, window);
-    PrepareRankList(tour, window);
-    ShowRankLists(tour, window);
-    SummariseSaveAndExport(tour, window, pictures);
+    EnterMissingMarks(tour, window);
+    PrepareRankLists(tour, window);
+    ExportRankCards(tour, window);
     ShowOptions(tour, window);
     LockAndUnlock(tour, window);
     CloseProgram(tour);
@@ -181,7 +95,7 @@ void GoThroughProgram(const QDir& school, const QDir& pictures)
 {
     Tour tour(pictures.path());
     SetUpNewSchool(tour);
-    GoThroughSampleSchool(tour, school, pictures);
+    GoThroughSampleSchool(tour, school);
 }
 
 /// What a platform without a screen cannot do is no news here.
