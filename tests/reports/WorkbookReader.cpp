@@ -9,12 +9,12 @@ namespace tally::test {
 
 namespace {
 
-QByteArray Part(const QString& path, const char* name)
+QByteArray Part(const QString& path, const QString& name)
 {
     QProcess unzip;
-    unzip.start(QStringLiteral("unzip"), {QStringLiteral("-p"), path, QString::fromLatin1(name)});
+    unzip.start(QStringLiteral("unzip"), {QStringLiteral("-p"), path, name});
     EXPECT_TRUE(unzip.waitForFinished());
-    EXPECT_EQ(unzip.exitCode(), 0) << name;
+    EXPECT_EQ(unzip.exitCode(), 0) << name.toStdString();
     return unzip.readAllStandardOutput();
 }
 
@@ -36,10 +36,10 @@ void ForEachElement(const QByteArray& part, Visit visit)
 
 } // namespace
 
-WorkbookReader::WorkbookReader(const QString& path)
+WorkbookReader::WorkbookReader(const QString& path, int sheet)
 {
     ReadStyles(path);
-    ReadSheet(path);
+    ReadSheet(path, sheet);
     ReadRest(path);
 }
 
@@ -51,7 +51,7 @@ void WorkbookReader::ReadStyles(const QString& path)
     QHash<int, QString> formats{
         {0, QStringLiteral("General")}, {1, QStringLiteral("0")}, {2, QStringLiteral("0.00")}};
     bool inCells = false;
-    ForEachElement(Part(path, "xl/styles.xml"), [&](const QXmlStreamReader& xml) {
+    ForEachElement(Part(path, QStringLiteral("xl/styles.xml")), [&](const QXmlStreamReader& xml) {
         const QStringView name = xml.name();
         if (name == u"numFmt") {
             formats[Value(xml, "numFmtId").toInt()] = Value(xml, "formatCode");
@@ -85,9 +85,9 @@ void WorkbookReader::ReadStyles(const QString& path)
     });
 }
 
-void WorkbookReader::ReadSheet(const QString& path)
+void WorkbookReader::ReadSheet(const QString& path, int sheet)
 {
-    QXmlStreamReader xml(Part(path, "xl/worksheets/sheet1.xml"));
+    QXmlStreamReader xml(Part(path, QStringLiteral("xl/worksheets/sheet%1.xml").arg(sheet)));
     Cell* cell = nullptr;
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement)
@@ -120,12 +120,12 @@ void WorkbookReader::ReadSheet(const QString& path)
 
 void WorkbookReader::ReadRest(const QString& path)
 {
-    QXmlStreamReader core(Part(path, "docProps/core.xml"));
+    QXmlStreamReader core(Part(path, QStringLiteral("docProps/core.xml")));
     while (!core.atEnd()) {
         if (core.readNext() == QXmlStreamReader::StartElement && core.name() != u"coreProperties")
             texts_[core.name().toString()] = core.readElementText();
     }
-    QXmlStreamReader book(Part(path, "xl/workbook.xml"));
+    QXmlStreamReader book(Part(path, QStringLiteral("xl/workbook.xml")));
     while (!book.atEnd()) {
         if (book.readNext() == QXmlStreamReader::StartElement && book.name() == u"definedName") {
             const QString name = Value(book, "name");

@@ -8,7 +8,7 @@
 
 namespace tally::test {
 
-/// Reads a workbook's first sheet back the way an office program sees it.
+/// Reads a sheet of a workbook back the way an office program sees it.
 class WorkbookReader
 {
 public:
@@ -30,8 +30,8 @@ public:
         Style style;
     };
 
-    /// Fails the running test when the file is no readable workbook.
-    explicit WorkbookReader(const QString& path);
+    /// Sheets count from 1. Fails the running test when the file is no readable workbook or lacks the sheet.
+    explicit WorkbookReader(const QString& path, int sheet = 1);
 
     /// By the sheet's own name, such as "B7". A cell that is not there has exists = false.
     Cell At(const QString& reference) const { return cells_.value(reference); }
@@ -51,7 +51,7 @@ public:
 
 private:
     void ReadStyles(const QString& path);
-    void ReadSheet(const QString& path);
+    void ReadSheet(const QString& path, int sheet);
     void ReadRest(const QString& path);
 
     QHash<QString, Cell> cells_;

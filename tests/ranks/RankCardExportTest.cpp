@@ -1,0 +1,333 @@
+#include "core/controls/FlexGrid.h"
+#include "core/OpenDocument.h"
+#include "core/SessionContext.h"
+#include "ranks/ExportFlexGridToExcel1.h"
+#include "reports/ExportWorkbook.h"
+#include "reports/Workbook.h"
+#include "reports/WorkbookReader.h"
+#include "support/FileSizeLimit.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace tally::test {
+namespace {
+
+/// A grid of rank cards, a folder for workbooks and a spreadsheet program that opens everything.
+class RankCardExport : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        Session().gstrSchoolName = QStringLiteral("St. Mary's School");
+        Session().gstrSchoolAddress = QStringLiteral("Hill Road,Fort");
+        Session().gstrSchoolCity = QStringLiteral("Kochi,Kerala - 682001");
+        SetExportFolder(home_.filePath(QStringLiteral("Exports")));
+        UseSpreadsheetProgram({true, [](const QString&) { return true; }});
+    }
+
+    void TearDown() override
+    {
+        UseRealSpreadsheetProgram();
+        SetExportFolder({});
+        Session() = SessionContext();
+    }
+
+    /// "|" parts the cells; the heads come first, the subject codes are added, and an empty text is the blank
+    /// line behind a card.
+    void Fill(const QStringList& texts)
+    {
+        std::vector<FlexGrid::Row> rows;
+        for (const QString& text : texts) {
+            FlexGrid::Row cells;
+            for (const QString& cell : text.split(u'|'))
+                cells.push_back({cell});
+            rows.push_back(text.isEmpty() ? FlexGrid::Row() : cells);
+            if (rows.size() == 1)
+                rows.push_back({{}, {}, {}, {}, {}, {QStringLiteral("1234567890123")}});
+        }
+        grid_.SetContent(rows);
+        grid_.SetRowHeight(1, 0);
+    }
+
+    /// Asha with two exams, Binu with one.
+    void FillTwoCards()
+    {
+        Fill({"|||||Eng|Mat|Total|Average|Rank|Grade", "First|Asha Menon|0042|X|A|74|80.50|154.5|77.25|1|A",
+              "Second|Asha Menon|0042|X|A|60|||||", "", "First|Binu|=1+1|X|A|20|71|91|45.5||C", ""});
+    }
+
+    QString Export(int examCount = 2, const QString& title = {}, const QString& heading = {})
+    {
+        return ExportFlexGridToExcel1(grid_, grid_.Rows() - 1, grid_.Cols() - 1, title, heading, examCount);
+    }
+
+    WorkbookReader Exported(int examCount = 2) { return WorkbookReader(Export(examCount)); }
+
+    QStringList FilesLeft() const
+    {
+        return QDir(ExportFolder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    /// One card of many exams and subjects.
+    void FillLargeCard(int exams, int subjects)
+    {
+        QString heads = QStringLiteral("||||");
+        QString line = QStringLiteral("Half Yearly|Asha|7|X|A");
+        for (int subject = 1; subject <= subjects; ++subject) {
+            heads += QStringLiteral("|Sub%1").arg(subject);
+            line += QStringLiteral("|100.00");
+        }
+        QStringList rows{heads + QStringLiteral("|Total|Average|Rank|Grade")};
+        for (int exam = 0; exam < exams; ++exam)
+            rows.append(line + QStringLiteral("|1200|100.00|1|A"));
+        Fill(rows + QStringList(QString()));
+    }
+
+    /// Height on paper of the sheet's rows 1 to `last`, in points.
+    static double PrintedHeight(const WorkbookReader& sheet, int last)
+    {
+        double height = 0;
+        for (int row = 1; row <= last; ++row)
+            height += sheet.RowHeight(row) > 0 ? sheet.RowHeight(row) : Workbook::StandardRowHeight;
+        return height * Percent(sheet) / 100;
+    }
+
+    static double PrintedWidth(const WorkbookReader& sheet, int columns)
+    {
+        double letters = 0;
+        for (int column = 1; column <= columns; ++column)
+            letters += sheet.ColumnWidth(column);
+        // The sheet counts the room around the letters of a column as letters too.
+        constexpr double PointsOfDigit = 5.57;
+        return letters * PointsOfDigit * Percent(sheet) / 100;
+    }
+
+    static double Percent(const WorkbookReader& sheet)
+    {
+        const QString scale = sheet.Attribute("pageSetup", "scale");
+        return scale.isEmpty() ? 100 : scale.toDouble();
+    }
+
+    static bool Landscape(const WorkbookReader& sheet)
+    {
+        return sheet.Attribute("pageSetup", "orientation") == QStringLiteral("landscape");
+    }
+
+    QTemporaryDir home_;
+    FlexGrid grid_;
+};
+
+TEST_F(RankCardExport, ACardBeginsWithTheSchoolOverItsWholeWidthAndTwoBlankLines)
+{
+    FillTwoCards();
+    const WorkbookReader sheet = Exported();
+    EXPECT_EQ(sheet.At("A1").value, QStringLiteral("St. Mary's School"));
+    EXPECT_EQ(sheet.At("A2").value, QStringLiteral("Hill Road,Fort"));
+    EXPECT_EQ(sheet.At("A3").value, QStringLiteral("Kochi,Kerala - 682001"));
+    for (const char* cell : {"A1", "A2", "A3"}) {
+        EXPECT_EQ(sheet.At(cell).style.horizontal, QStringLiteral("center")) << cell;
+        EXPECT_TRUE(sheet.At(cell).style.bold) << cell;
+    }
+    for (const char* cell : {"A4", "A5", "A6"})
+        EXPECT_EQ(sheet.At(cell).value, QString()) << cell;
+    EXPECT_EQ(sheet.Merges().mid(0, 5), QStringList({"A1:F1", "A2:F2", "A3:F3", "A4:F4", "A5:F5"}));
+}
+
+TEST_F(RankCardExport, TheStudentStandsBelowInFourLinesTakenFromTheFirstExamLine)
+{
+    FillTwoCards();
+    const WorkbookReader sheet = Exported();
+    EXPECT_EQ(sheet.At("A7").value, QStringLiteral(" Student Name : Asha Menon"));
+    EXPECT_EQ(sheet.At("A8").value, QStringLiteral("  Admission No : 0042"));
+    EXPECT_EQ(sheet.At("A9").value, QStringLiteral("               Class : X"));
+    EXPECT_EQ(sheet.At("A10").value, QStringLiteral("           Division : A"));
+}
+
+TEST_F(RankCardExport, TheHeadsAndExamLinesFollowWithBordersAndEmptyCellsStayEmpty)
+{
+    FillTwoCards();
+    const WorkbookReader sheet = Exported();
+    EXPECT_EQ(sheet.At("A11").value, QStringLiteral("Eng"));
+    EXPECT_EQ(sheet.At("F11").value, QStringLiteral("Grade"));
+    EXPECT_TRUE(sheet.At("A11").style.bold);
+    EXPECT_EQ(sheet.At("A12").value, QStringLiteral("74"));
+    EXPECT_EQ(sheet.At("F12").value, QStringLiteral("A"));
+    EXPECT_EQ(sheet.At("A13").value, QStringLiteral("60"));
+    EXPECT_EQ(sheet.At("B13").value, QString());
+    EXPECT_FALSE(sheet.At("B13").isNumber);
+    for (const char* cell : {"A11", "F11", "A12", "F12", "A13", "B13", "F13"})
+        EXPECT_TRUE(sheet.At(cell).style.border) << cell;
+    for (const char* cell : {"A10", "G12", "A14"})
+        EXPECT_FALSE(sheet.At(cell).style.border) << cell;
+}
+
+TEST_F(RankCardExport, MarksAreNumbersThatLookAsInTheGrid)
+{
+    FillTwoCards();
+    const WorkbookReader sheet = Exported();
+    for (const char* cell : {"A12", "B12", "C12", "D12", "E12"})
+        EXPECT_TRUE(sheet.At(cell).isNumber) << cell;
+    EXPECT_DOUBLE_EQ(sheet.At("B12").value.toDouble(), 80.5);
+    EXPECT_EQ(sheet.At("B12").style.numberFormat, QStringLiteral("0.00"));
+    EXPECT_EQ(sheet.At("C12").style.numberFormat, QStringLiteral("0.0"));
+    EXPECT_FALSE(sheet.At("F12").isNumber);
+}
+
+TEST_F(RankCardExport, TheSignaturesStandTenRowsAndTheNextCardThirteenBehindTheLastExamLine)
+{
+    FillTwoCards();
+    const WorkbookReader sheet = Exported();
+    const QString signatures =
+        QStringLiteral(" Principal:                   Class Teacher:                  Parents/Guardian:");
+    for (int row = 14; row <= 25; ++row)
+        EXPECT_EQ(sheet.At(QStringLiteral("A%1").arg(row)).value, row == 23 ? signatures : QString()) << row;
+    EXPECT_EQ(sheet.At("A26").value, QStringLiteral("St. Mary's School"));
+    EXPECT_EQ(sheet.At("A32").value, QStringLiteral(" Student Name : Binu"));
+    EXPECT_EQ(sheet.At("A36").value, QStringLiteral("Eng"));
+    EXPECT_EQ(sheet.At("C37").value, QStringLiteral("91"));
+    EXPECT_EQ(sheet.At("E37").value, QString());
+    EXPECT_EQ(sheet.At("A47").value, signatures);
+    EXPECT_FALSE(sheet.At("A50").exists);
+}
+
+TEST_F(RankCardExport, EachCardHasAPageOfItsOwn)
+{
+    FillTwoCards();
+    const WorkbookReader sheet = Exported();
+    EXPECT_EQ(sheet.Attribute("rowBreaks", "manualBreakCount"), QStringLiteral("1"));
+    EXPECT_EQ(sheet.Attribute("brk", "id"), QStringLiteral("25"));
+    EXPECT_EQ(sheet.Attribute("pageSetUpPr", "fitToPage"), QString())
+        << "fitting to pages makes office programs forget the page breaks";
+    EXPECT_EQ(sheet.Attribute("pageSetup", "paperSize"), QStringLiteral("9"));
+    EXPECT_EQ(sheet.Attribute("printOptions", "horizontalCentered"), QStringLiteral("1"));
+    EXPECT_EQ(sheet.DefinedName("_xlnm.Print_Area"), QStringLiteral("Sheet1!$A$1:$F$49"));
+}
+
+TEST_F(RankCardExport, ACardOfFewSubjectsSpansAnUprightPageInFullSize)
+{
+    FillTwoCards();
+    const WorkbookReader sheet = Exported();
+    EXPECT_FALSE(Landscape(sheet));
+    EXPECT_EQ(Percent(sheet), 100);
+    const double room = Workbook::PrintableArea(false).width();
+    EXPECT_LE(PrintedWidth(sheet, 6), room);
+    EXPECT_GE(PrintedWidth(sheet, 6), 0.9 * room);
+}
+
+TEST_F(RankCardExport, TwelveSubjectsLieAcrossThePageInAReadableSize)
+{
+    FillLargeCard(5, 12);
+    const WorkbookReader sheet = Exported(5);
+    EXPECT_TRUE(Landscape(sheet));
+    EXPECT_GE(Percent(sheet), 75);
+    EXPECT_LE(PrintedWidth(sheet, 16), Workbook::PrintableArea(true).width());
+    EXPECT_LE(PrintedHeight(sheet, 11 + 5 + 12), Workbook::PrintableArea(true).height());
+}
+
+TEST_F(RankCardExport, NoCardIsCutByThePagesEdgeHoweverManyExamsAndSubjectsItHas)
+{
+    for (const int exams : {1, 12, 40}) {
+        for (const int subjects : {0, 4, 20}) {
+            FillLargeCard(exams, subjects);
+            const WorkbookReader sheet = Exported(exams);
+            const QSizeF room = Workbook::PrintableArea(Landscape(sheet));
+            EXPECT_LE(PrintedWidth(sheet, subjects + 4), room.width()) << exams << ' ' << subjects;
+            EXPECT_LE(PrintedHeight(sheet, 11 + exams + 12), room.height()) << exams << ' ' << subjects;
+        }
+    }
+}
+
+TEST_F(RankCardExport, AnAdmissionNumberThatLooksLikeANumberOrAFormulaStaysText)
+{
+    FillTwoCards();
+    const WorkbookReader sheet = Exported();
+    EXPECT_FALSE(sheet.At("A8").isNumber);
+    EXPECT_EQ(sheet.At("A33").value, QStringLiteral("  Admission No : =1+1"));
+    EXPECT_FALSE(sheet.At("A33").isNumber);
+}
+
+TEST_F(RankCardExport, NamesKeepTheirApostrophesSignsAndLettersOfAllScripts)
+{
+    const QString name = QString::fromUtf8("Zoë <D'Souza> & അഞ്ജലി");
+    Fill({"|||||Eng|Total|Average|Rank|Grade",
+          QStringLiteral("First|") + name + QStringLiteral("|7|X|A|60||||"), ""});
+    EXPECT_EQ(Exported().At("A7").value, QStringLiteral(" Student Name : ") + name);
+}
+
+TEST_F(RankCardExport, ALongSchoolNameGoesOnInASecondLine)
+{
+    FillTwoCards();
+    Session().gstrSchoolName =
+        QString(20, u'W') + QStringLiteral(" and Sons' Higher Secondary School ") + QString(40, u'W');
+    const WorkbookReader sheet = Exported();
+    EXPECT_GT(sheet.RowHeight(1), 40);
+    EXPECT_EQ(sheet.At("A1").value, Session().gstrSchoolName);
+}
+
+TEST_F(RankCardExport, ATitleAndAHeadingTakeTheTwoBlankLines)
+{
+    FillTwoCards();
+    const WorkbookReader sheet(Export(2, QStringLiteral("Progress Card"), QStringLiteral("2024-2025")));
+    EXPECT_EQ(sheet.At("A4").value, QStringLiteral("Progress Card"));
+    EXPECT_EQ(sheet.At("A5").value, QStringLiteral("2024-2025"));
+    EXPECT_EQ(sheet.At("A29").value, QStringLiteral("Progress Card"));
+}
+
+TEST_F(RankCardExport, BlankLinesOnlyMakeNoCard)
+{
+    Fill({"|||||Eng|Total|Average|Rank|Grade", "", "", "First|Asha|7|X|A|60||||", "", ""});
+    const WorkbookReader sheet = Exported(1);
+    EXPECT_EQ(sheet.At("A7").value, QStringLiteral(" Student Name : Asha"));
+    EXPECT_FALSE(sheet.At("A25").exists);
+}
+
+TEST_F(RankCardExport, MoreCardsThanASheetCanPartIntoPagesGoOnOnASecondSheet)
+{
+    QStringList rows{QStringLiteral("|||||Eng|Total|Average|Rank|Grade")};
+    constexpr int Cards = Workbook::MostPageBreaks + 3;
+    for (int card = 1; card <= Cards; ++card)
+        rows << QStringLiteral("First|Student %1|7|X|A|60||||").arg(card) << QString();
+    Fill(rows);
+    const QString path = Export(1);
+    const WorkbookReader first(path);
+    const int blockRows = 24;
+    const auto name = [&](int card) { return QStringLiteral("A%1").arg((card - 1) * blockRows + 7); };
+    EXPECT_EQ(first.Attribute("rowBreaks", "count"), QString::number(Workbook::MostPageBreaks));
+    EXPECT_EQ(first.At(name(Workbook::MostPageBreaks + 1)).value,
+              QStringLiteral(" Student Name : Student 1024"));
+    EXPECT_FALSE(first.At(name(Workbook::MostPageBreaks + 2)).exists);
+
+    const WorkbookReader second(path, 2);
+    EXPECT_EQ(second.At(name(1)).value, QStringLiteral(" Student Name : Student 1025"));
+    EXPECT_EQ(second.At(name(2)).value, QStringLiteral(" Student Name : Student 1026"));
+    EXPECT_EQ(second.Attribute("rowBreaks", "count"), QStringLiteral("1"));
+    EXPECT_EQ(second.ColumnWidth(1), first.ColumnWidth(1));
+    EXPECT_EQ(second.Attribute("pageSetup", "orientation"), first.Attribute("pageSetup", "orientation"));
+}
+
+TEST_F(RankCardExport, AFullDiskIsToldAndLeavesNoHalfFile)
+{
+    FillTwoCards();
+    try {
+        const FileSizeLimit full(1024);
+        Export();
+        FAIL() << "exported onto a full disk";
+    } catch (const ExportError& error) {
+        EXPECT_EQ(error.Reason(), ExportError::Kind::DiskFull);
+        EXPECT_TRUE(error.Description().contains(QStringLiteral("full")));
+    }
+    EXPECT_EQ(FilesLeft(), QStringList());
+}
+
+TEST_F(RankCardExport, TheFileIsNamedAfterTheRankCard)
+{
+    FillTwoCards();
+    EXPECT_TRUE(QFileInfo(Export()).fileName().startsWith(QStringLiteral("Rank Card 2")));
+    EXPECT_EQ(FilesLeft().size(), 1);
+}
+
+} // namespace
+} // namespace tally::test
