@@ -8,42 +8,25 @@
 #include "core/modTallyboardForms.h"
 #include "core/Numbers.h"
 #include "core/Prompts.h"
-#include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
 #include "exams/MarkEntryColumns.h"
+#include "exams/MarkEntryTexts.h"
 #include "store/StoreError.h"
 #include "ui_frmexammarkentry.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QScrollBar>
-
-#include <utility>
+#include <QWheelEvent>
 
 namespace tally {
 
 namespace {
 
 constexpr int HelpScreenNo = 19;
-const QString BlankItem = QStringLiteral(" ");
-const QString ExamMaster = QStringLiteral("frmexamnamemaster");
-const QString NoStudents =
-    QStringLiteral("Student Admission Entry Is Not Made For The Selected Class-Division");
-const QString NoSubjects =
-    QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For The Selected Class-Division");
 
 int ChosenCode(const QComboBox* combo)
 {
     return combo->currentData().toInt();
-}
-
-/// The names behind a blank item.
-void Fill(QComboBox* combo, const MarkRepository::Names& names)
-{
-    combo->clear();
-    combo->addItem(BlankItem, 0);
-    for (const auto& [code, name] : names)
-        combo->addItem(name, code);
 }
 
 } // namespace
@@ -96,10 +79,10 @@ void frmexammarkentry::ConnectHandlers()
     connect(ui_->cboDivision, &QComboBox::activated, this, &Form::cboDivision_Click);
     connect(ui_->Optsubject, &QRadioButton::clicked, this, &Form::Optsubject_Click);
     connect(ui_->Optstudent, &QRadioButton::clicked, this, &Form::Optstudent_Click);
-    connect(ui_->dbcSubject, &DataCombo::Chosen, this, &Form::dbcSubject_Change);
-    connect(ui_->dbcStudent, &DataCombo::Chosen, this, &Form::dbcStudent_Change);
-    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
-        list->SetValidate([this, list] { return List_Validate(list); });
+    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent}) {
+        connect(list, &DataCombo::Chosen, this, &Form::List_Change);
+        list->SetValidate([this, list] { return list != List() || List_Validate(); });
+    }
     connect(ui_->msgDetails, &FlexGrid::CellClicked, this, &Form::msgDetails_Click);
     connect(ui_->cmdNew, &QPushButton::clicked, this, &Form::cmdNew_Click);
     connect(ui_->cmdEdit, &QPushButton::clicked, this, &Form::cmdEdit_Click);
@@ -116,9 +99,9 @@ void frmexammarkentry::ConnectHandlers()
 
 void frmexammarkentry::Form_Load()
 {
-    Fill(ui_->cboDivision, {});
     LoadExam();
     LoadClass();
+    LoadDivision();
     ui_->cmdNew->setFocus();
 }
 
@@ -136,192 +119,6 @@ MarkScope frmexammarkentry::Scope() const
 DataCombo* frmexammarkentry::List() const
 {
     return sheet_.Mode() == MarkMode::Subject ? ui_->dbcSubject : ui_->dbcStudent;
-}
-
-void frmexammarkentry::LoadExam()
-{
-    const int chosen = ui_->dbcExam->BoundCode();
-    Read([this] { ui_->dbcExam->SetList(Marks().Exams()); });
-    ui_->dbcExam->SetBoundCode(chosen);
-}
-
-void frmexammarkentry::LoadClass()
-{
-    Read([this] { Fill(ui_->cboClass, Marks().Classes()); });
-}
-
-void frmexammarkentry::LoadSubject()
-{
-    const auto subjects = Marks().Subjects(Scope());
-    ui_->dbcSubject->SetList(subjects);
-    if (subjects.empty())
-        Prompts::Information(NoSubjects);
-}
-
-void frmexammarkentry::LoadStudent()
-{
-    const auto students = Marks().Students(Scope());
-    ui_->dbcStudent->SetList(students);
-    if (students.empty())
-        Prompts::Information(NoStudents);
-}
-
-void frmexammarkentry::cmdAddExam_Click()
-{
-    ShowForm(ExamMaster);
-    examsOpened_ = ScreenRegistry::OpenInstance(ExamMaster) != nullptr;
-}
-
-void frmexammarkentry::Form_Activate(bool first)
-{
-    if (first || !std::exchange(examsOpened_, false))
-        return;
-    LoadExam();
-    ui_->dbcExam->setFocus();
-}
-
-void frmexammarkentry::cboClass_Click()
-{
-    ResetGrid();
-    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
-        list->SetList({});
-    Fill(ui_->cboDivision, {});
-    Read([this] { Fill(ui_->cboDivision, Marks().Divisions(ChosenCode(ui_->cboClass))); });
-}
-
-void frmexammarkentry::cboDivision_Click()
-{
-    ResetGrid();
-    if (ChosenCode(ui_->cboDivision) == 0)
-        for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
-            list->SetList({});
-    ui_->Optsubject->setChecked(true);
-    Optsubject_Click();
-}
-
-void frmexammarkentry::UseMode(MarkMode mode)
-{
-    const bool bySubject = mode == MarkMode::Subject;
-    if (mode != sheet_.Mode())
-        ResetGrid();
-    sheet_.UseMode(mode);
-    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent}) {
-        list->SetBoundCode(0);
-        list->setEnabled(list == List());
-        list->setVisible(list == List());
-    }
-    sheet_.EmptyMarks();
-    ShowRows();
-    ui_->Label4->setText(bySubject ? QStringLiteral("Subject Name :") : QStringLiteral("Student Name :"));
-    ui_->Label4->setBuddy(List());
-    ui_->Label2->setText(bySubject ? QStringLiteral("Class Average For The Selected Subject :")
-                                   : QStringLiteral("Average :"));
-    for (QWidget* limit : std::initializer_list<QWidget*>{ui_->lblMaximumAllowed, ui_->txtmaximumallowed})
-        limit->setVisible(bySubject);
-    ui_->msgDetails->SetTextMatrix(
-        0, NameCol, bySubject ? QStringLiteral("Student Name") : QStringLiteral("Subject Name"));
-}
-
-void frmexammarkentry::Optsubject_Click()
-{
-    UseMode(MarkMode::Subject);
-    if (!Scope().IsComplete())
-        return;
-    Read([this] {
-        LoadSubject();
-        ListStudents();
-    });
-}
-
-void frmexammarkentry::ListStudents()
-{
-    // Who was relieved has no place in a list that is edited, and his marks go with the next save.
-    const auto students = Marks().StudentsToMark(Scope(), !EditMode_);
-    sheet_.ListStudents(students);
-    ShowRows();
-    if (students.empty() && (EditMode_ || !Marks().HasStudents(Scope())))
-        Prompts::Information(NoStudents);
-}
-
-void frmexammarkentry::Optstudent_Click()
-{
-    UseMode(MarkMode::Student);
-    if (!Scope().IsComplete())
-        return;
-    Read([this] {
-        LoadStudent();
-        ResetGrid();
-        const auto subjects = Marks().SubjectsToMark(Scope());
-        sheet_.ListSubjects(subjects);
-        ShowRows();
-        if (subjects.empty())
-            Prompts::Information(NoSubjects);
-    });
-}
-
-void frmexammarkentry::dbcSubject_Change()
-{
-    Read([this] {
-        const int subjectCode = ui_->dbcSubject->BoundCode();
-        if (!Scope().IsComplete() || subjectCode == 0) {
-            sheet_.EmptyMarks();
-            ShowRows();
-            return;
-        }
-        const auto subject = Marks().FindSubject(Scope(), subjectCode);
-        if (!subject)
-            return;
-        const auto stored = Marks().StoredMarks(Scope(), MarkMode::Subject, subjectCode);
-        sheet_.StartSubject(*subject);
-        sheet_.TakeMarks(stored);
-        MarksExist_ = !stored.empty();
-        ui_->txtmaximumallowed->setText(PlainNumber(sheet_.MaximumAllowed()));
-        ShowRows();
-    });
-}
-
-void frmexammarkentry::dbcStudent_Change()
-{
-    Read([this] {
-        const int studentCode = ui_->dbcStudent->BoundCode();
-        if (!Scope().IsComplete() || studentCode == 0) {
-            sheet_.EmptyMarks();
-            ShowRows();
-            return;
-        }
-        const auto stored = Marks().StoredMarks(Scope(), MarkMode::Student, studentCode);
-        sheet_.StartStudent();
-        sheet_.TakeMarks(stored);
-        MarksExist_ = !stored.empty();
-        ShowRows();
-    });
-}
-
-bool frmexammarkentry::List_Validate(DataCombo* list)
-{
-    if (IsUnloaded() || list != List() || !ui_->fraMain->isEnabled() || !Scope().IsComplete() ||
-        list->IsBlank())
-        return true;
-    if (!MarksExist_) {
-        ShowEntryControl(MarkField::Mark, 1);
-        return true;
-    }
-    const QString whose = list == ui_->dbcSubject ? QStringLiteral("Subject") : QStringLiteral("Student");
-    if (!Prompts::Ask(QStringLiteral("Marks Are Already Entered For This %1. Do You Want To "
-                                     "View/Edit/Delete The Details ?")
-                          .arg(whose))) {
-        list->SetBoundCode(0);
-        list == ui_->dbcSubject ? dbcSubject_Change() : dbcStudent_Change();
-        MarksExist_ = false;
-        return false;
-    }
-    HideEntryControls();
-    ui_->fraMain->setEnabled(false);
-    ui_->cmdEdit->setEnabled(true);
-    ui_->cmdDelete->setEnabled(true);
-    ui_->cmdSave->setEnabled(false);
-    ui_->cmdEdit->setFocus();
-    return true;
 }
 
 void frmexammarkentry::cmdNew_Click()
@@ -353,7 +150,7 @@ void frmexammarkentry::cmdEdit_Click()
     EditMode_ = true;
     if (sheet_.Mode() == MarkMode::Subject) {
         Read([this] { ListStudents(); });
-        dbcSubject_Change();
+        List_Change();
     }
     ui_->cmdSave->setEnabled(true);
     ui_->fraMain->setEnabled(true);
@@ -386,9 +183,7 @@ bool frmexammarkentry::IsReady()
     if (ChosenCode(ui_->cboDivision) == 0)
         return Refuse(QStringLiteral("Select Division"), ui_->cboDivision);
     if (List()->IsBlank())
-        return Refuse(sheet_.Mode() == MarkMode::Student ? QStringLiteral("Select Student Name")
-                                                         : QStringLiteral("Select Subject Name"),
-                      List());
+        return Refuse(NothingChosen(sheet_.Mode()), List());
     bool students = false;
     bool subjects = false;
     const bool known = Read([&] {
@@ -438,9 +233,7 @@ void frmexammarkentry::cmdSave_Click()
         return;
     }
     HideEntryControls();
-    List()->SetBoundCode(0);
-    sheet_.EmptyMarks();
-    ShowRows();
+    EmptyList();
     List()->setFocus();
 }
 
@@ -456,7 +249,7 @@ void frmexammarkentry::cmdCancel_Click()
     for (QWidget* control :
          std::initializer_list<QWidget*>{ui_->cmdEdit, ui_->cmdSave, ui_->cmdDelete, ui_->fraMain})
         control->setEnabled(false);
-    ui_->txtaverageMark->setText(BlankItem);
+    ui_->txtaverageMark->setText(QStringLiteral(" "));
     ui_->Frame1->setEnabled(true);
     EditMode_ = false;
     HideEntryControls();
@@ -503,20 +296,6 @@ void frmexammarkentry::ShowRows()
 void frmexammarkentry::ShowAverage()
 {
     ui_->txtaverageMark->setText(sheet_.Average());
-}
-
-bool frmexammarkentry::eventFilter(QObject* receiver, QEvent* event)
-{
-    if (receiver != ui_->cboDivision || event->type() != QEvent::KeyPress)
-        return Screen::eventFilter(receiver, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter)
-        return false;
-    if (ChosenCode(ui_->cboDivision) != 0) {
-        Optsubject_Click();
-        focusNextChild();
-    }
-    return true;
 }
 
 void frmexammarkentry::wheelEvent(QWheelEvent* event)

@@ -42,6 +42,7 @@ private:
 
     void LoadExam();
     void LoadClass();
+    void LoadDivision();
     void LoadSubject();
     void LoadStudent();
     void cmdAddExam_Click();
@@ -49,9 +50,8 @@ private:
     void cboDivision_Click();
     void Optsubject_Click();
     void Optstudent_Click();
-    void dbcSubject_Change();
-    void dbcStudent_Change();
-    bool List_Validate(DataCombo* list);
+    void List_Change();
+    bool List_Validate();
     void cmdNew_Click();
     void cmdEdit_Click();
     void cmdDelete_Click();
@@ -73,6 +73,7 @@ private:
     MarkScope Scope() const;
     /// The list of the mode in which marks are entered.
     DataCombo* List() const;
+    void EmptyList();
     /// Both lists without a choice; only that of `mode` can be used.
     void UseMode(MarkMode mode);
     void ListStudents();

@@ -8,6 +8,7 @@
 #include "core/Prompts.h"
 #include "exams/frmexammarkentry.h"
 #include "exams/MarkEntryColumns.h"
+#include "exams/MarkEntryTexts.h"
 #include "ui_frmexammarkentry.h"
 
 #include <algorithm>
@@ -50,6 +51,8 @@ void frmexammarkentry::BuildBoxes()
     cboPresentAbsent_->setObjectName(QStringLiteral("cboPresentAbsent"));
     cboPresentAbsent_->addItems({QStringLiteral("Present"), QStringLiteral("Absent")});
     TakeOnly(cboPresentAbsent_->lineEdit(), &KeyAlpha, PresenceLength);
+    for (QWidget* part : std::initializer_list<QWidget*>{cboPresentAbsent_, cboPresentAbsent_->lineEdit()})
+        part->installEventFilter(this);
     txtpresentorabsent_ = new FloatingEditor(grid);
     txtpresentorabsent_->setObjectName(QStringLiteral("txtpresentorabsent"));
 
@@ -75,9 +78,7 @@ void frmexammarkentry::msgDetails_Click(int row, int col)
         return;
     HideEntryControls();
     if (List()->IsBlank()) {
-        Refuse(sheet_.Mode() == MarkMode::Student ? QStringLiteral("Select Student Name")
-                                                  : QStringLiteral("Select Subject Name"),
-               List());
+        Refuse(NothingChosen(sheet_.Mode()), List());
         return;
     }
     if (col == MarkObtainedCol)

@@ -1,0 +1,245 @@
+// What the marks are entered for: exam, class-division, and the subject or the student.
+
+#include "core/controls/FlexGrid.h"
+#include "core/controls/FloatingCombo.h"
+#include "core/modTallyboardForms.h"
+#include "core/Numbers.h"
+#include "core/Prompts.h"
+#include "core/ScreenRegistry.h"
+#include "core/SessionContext.h"
+#include "exams/frmexammarkentry.h"
+#include "exams/MarkEntryColumns.h"
+#include "exams/MarkEntryTexts.h"
+#include "ui_frmexammarkentry.h"
+
+#include <QKeyEvent>
+
+#include <utility>
+
+namespace tally {
+
+namespace {
+
+const QString BlankItem = QStringLiteral(" ");
+const QString ExamMaster = QStringLiteral("frmexamnamemaster");
+
+/// The names behind a blank item.
+void Fill(QComboBox* combo, const MarkRepository::Names& names)
+{
+    combo->clear();
+    combo->addItem(BlankItem, 0);
+    for (const auto& [code, name] : names)
+        combo->addItem(name, code);
+}
+
+} // namespace
+
+void frmexammarkentry::LoadExam()
+{
+    const int chosen = ui_->dbcExam->BoundCode();
+    Read([this] { ui_->dbcExam->SetList(Marks().Exams()); });
+    ui_->dbcExam->SetBoundCode(chosen);
+}
+
+void frmexammarkentry::LoadClass()
+{
+    Read([this] { Fill(ui_->cboClass, Marks().Classes()); });
+}
+
+void frmexammarkentry::LoadDivision()
+{
+    Fill(ui_->cboDivision, {});
+    const int classCode = Scope().classCode;
+    if (classCode != 0)
+        Read([&] { Fill(ui_->cboDivision, Marks().Divisions(classCode)); });
+}
+
+void frmexammarkentry::LoadSubject()
+{
+    const auto subjects = Marks().Subjects(Scope());
+    ui_->dbcSubject->SetList(subjects);
+    if (subjects.empty())
+        Prompts::Information(NoSubjects);
+}
+
+void frmexammarkentry::LoadStudent()
+{
+    const auto students = Marks().Students(Scope());
+    ui_->dbcStudent->SetList(students);
+    if (students.empty())
+        Prompts::Information(NoStudents);
+}
+
+void frmexammarkentry::cmdAddExam_Click()
+{
+    ShowForm(ExamMaster);
+    examsOpened_ = ScreenRegistry::OpenInstance(ExamMaster) != nullptr;
+}
+
+void frmexammarkentry::Form_Activate(bool)
+{
+    if (!std::exchange(examsOpened_, false))
+        return;
+    LoadExam();
+    ui_->dbcExam->setFocus();
+}
+
+void frmexammarkentry::cboClass_Click()
+{
+    ResetGrid();
+    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
+        list->SetList({});
+    LoadDivision();
+}
+
+void frmexammarkentry::cboDivision_Click()
+{
+    ResetGrid();
+    if (Scope().divisionCode == 0)
+        for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
+            list->SetList({});
+    ui_->Optsubject->setChecked(true);
+    Optsubject_Click();
+}
+
+void frmexammarkentry::UseMode(MarkMode mode)
+{
+    const bool bySubject = mode == MarkMode::Subject;
+    if (mode != sheet_.Mode())
+        ResetGrid();
+    sheet_.UseMode(mode);
+    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent}) {
+        list->SetBoundCode(0);
+        list->setEnabled(list == List());
+        list->setVisible(list == List());
+    }
+    sheet_.EmptyMarks();
+    ShowRows();
+    ui_->Label4->setText(bySubject ? QStringLiteral("Subject Name :") : QStringLiteral("Student Name :"));
+    ui_->Label4->setBuddy(List());
+    ui_->Label2->setText(bySubject ? QStringLiteral("Class Average For The Selected Subject :")
+                                   : QStringLiteral("Average :"));
+    for (QWidget* limit : std::initializer_list<QWidget*>{ui_->lblMaximumAllowed, ui_->txtmaximumallowed})
+        limit->setVisible(bySubject);
+    ui_->msgDetails->SetTextMatrix(
+        0, NameCol, bySubject ? QStringLiteral("Student Name") : QStringLiteral("Subject Name"));
+}
+
+void frmexammarkentry::Optsubject_Click()
+{
+    UseMode(MarkMode::Subject);
+    if (!Scope().IsComplete())
+        return;
+    Read([this] {
+        LoadSubject();
+        ListStudents();
+    });
+}
+
+void frmexammarkentry::ListStudents()
+{
+    // Who was relieved has no place in a list that is edited, and his marks go with the next save.
+    const auto students = Marks().StudentsToMark(Scope(), !EditMode_);
+    sheet_.ListStudents(students);
+    ShowRows();
+    if (students.empty() && (EditMode_ || !Marks().HasStudents(Scope())))
+        Prompts::Information(NoStudents);
+}
+
+void frmexammarkentry::Optstudent_Click()
+{
+    UseMode(MarkMode::Student);
+    if (!Scope().IsComplete())
+        return;
+    Read([this] {
+        LoadStudent();
+        ResetGrid();
+        const auto subjects = Marks().SubjectsToMark(Scope());
+        sheet_.ListSubjects(subjects);
+        ShowRows();
+        if (subjects.empty())
+            Prompts::Information(NoSubjects);
+    });
+}
+
+void frmexammarkentry::List_Change()
+{
+    Read([this] {
+        const int chosen = List()->BoundCode();
+        if (!Scope().IsComplete() || chosen == 0) {
+            sheet_.EmptyMarks();
+            ShowRows();
+            return;
+        }
+        std::optional<MarkSubject> subject;
+        if (sheet_.Mode() == MarkMode::Subject) {
+            subject = Marks().FindSubject(Scope(), chosen);
+            if (!subject)
+                return;
+        }
+        const auto stored = Marks().StoredMarks(Scope(), sheet_.Mode(), chosen);
+        if (subject) {
+            sheet_.StartSubject(*subject);
+            ui_->txtmaximumallowed->setText(PlainNumber(sheet_.MaximumAllowed()));
+        } else {
+            sheet_.StartStudent();
+        }
+        sheet_.TakeMarks(stored);
+        MarksExist_ = !stored.empty();
+        ShowRows();
+    });
+}
+
+void frmexammarkentry::EmptyList()
+{
+    List()->SetBoundCode(0);
+    sheet_.EmptyMarks();
+    ShowRows();
+}
+
+bool frmexammarkentry::List_Validate()
+{
+    if (IsUnloaded() || !ui_->fraMain->isEnabled() || !Scope().IsComplete() || List()->IsBlank())
+        return true;
+    if (!MarksExist_) {
+        ShowEntryControl(MarkField::Mark, 1);
+        return true;
+    }
+    const QString whose =
+        sheet_.Mode() == MarkMode::Subject ? QStringLiteral("Subject") : QStringLiteral("Student");
+    if (!Prompts::Ask(QStringLiteral("Marks Are Already Entered For This %1. Do You Want To "
+                                     "View/Edit/Delete The Details ?")
+                          .arg(whose))) {
+        EmptyList();
+        MarksExist_ = false;
+        return false;
+    }
+    HideEntryControls();
+    ui_->fraMain->setEnabled(false);
+    ui_->cmdEdit->setEnabled(true);
+    ui_->cmdDelete->setEnabled(true);
+    ui_->cmdSave->setEnabled(false);
+    ui_->cmdEdit->setFocus();
+    return true;
+}
+
+bool frmexammarkentry::eventFilter(QObject* receiver, QEvent* event)
+{
+    if (receiver != ui_->cboDivision) {
+        if (event->type() == QEvent::MouseButtonPress && cboPresentAbsent_->IsBlank())
+            Prompts::Information(QStringLiteral("Select Present/Absent"));
+        return Screen::eventFilter(receiver, event);
+    }
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return false;
+    if (Scope().divisionCode != 0) {
+        Optsubject_Click();
+        focusNextChild();
+    }
+    return true;
+}
+
+} // namespace tally

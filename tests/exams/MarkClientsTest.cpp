@@ -1,0 +1,146 @@
+#include "exams/MarkClient.h"
+#include "exams/MarkScreen.h"
+
+#include <QRandomGenerator>
+
+#include <set>
+
+namespace tally::test {
+namespace {
+
+constexpr int Students = 60;
+
+/// Two clerks, or one that is killed, over a division of sixty students.
+class MarkClients : public MarkScreen
+{
+protected:
+    void SetUp() override
+    {
+        MarkScreen::SetUp();
+        store::Transaction transaction(*Session().gcnnMain);
+        for (int student = 0; student < Students; ++student)
+            school->AddStudent(1, QStringLiteral("Student %1").arg(student));
+        transaction.Commit();
+    }
+
+    /// "count of lowest to highest", the marks of one subject as the next client finds them.
+    std::string MarksOf(int subject)
+    {
+        const auto client = AnotherClient();
+        auto rows = client->Query(
+            QStringLiteral("SELECT count(*), min(Mark), max(Mark) FROM MarkMaster WHERE SubjectCode = ?"),
+            subject);
+        if (!rows.Next() || rows.Int(0) == 0)
+            return "none";
+        return QStringLiteral("%1 of %2 to %3")
+            .arg(QString::number(rows.Int(0)), QString::number(rows.Double(1)),
+                 QString::number(rows.Double(2)))
+            .toStdString();
+    }
+
+    void GivenEnglishOfEverybody(double each)
+    {
+        for (int student = 1; student <= Students; ++student)
+            school->EnterMark(student, 1, each);
+    }
+
+    /// Both clerks have typed before either saves.
+    void LetBothType(MarkClient& first, const char* firstLine, MarkClient& second, const char* secondLine)
+    {
+        ASSERT_EQ(first.Says(), "ready");
+        ASSERT_EQ(second.Says(), "ready");
+        first.Tell(firstLine);
+        second.Tell(secondLine);
+        ASSERT_EQ(first.Says(), "typed");
+        ASSERT_EQ(second.Says(), "typed");
+        first.Tell("save");
+        second.Tell("save");
+    }
+
+    /// Lets a client write for ever as it is told by `order` and kills it, `kills` times. Only what `whole`
+    /// names may be found then.
+    void KillWhileWriting(const char* order, const std::set<std::string>& whole, int kills)
+    {
+        QRandomGenerator random(20260614);
+        for (int kill = 0; kill < kills; ++kill) {
+            MarkClient client(Folder());
+            ASSERT_EQ(client.Says(), "ready");
+            Given("DELETE FROM MarkMaster");
+            client.Tell(order);
+            ASSERT_EQ(client.Says(), "saved");
+            QTest::qSleep(static_cast<int>(random.bounded(120)));
+            client.Kill();
+            const std::string marks = MarksOf(1);
+            ASSERT_TRUE(whole.contains(marks)) << "kill " << kill << " left " << marks;
+        }
+    }
+
+    void KillWhileEditing(int kills)
+    {
+        KillWhileWriting("edits", {"60 of 10 to 10", "60 of 20 to 20"}, kills);
+    }
+    void KillWhileDeleting(int kills)
+    {
+        KillWhileWriting("deletes", {"60 of 10 to 10", "60 of 20 to 20", "none"}, kills);
+    }
+};
+
+TEST_F(MarkClients, TwoSubjectsSavedAtOnceAreBothStoredWhole)
+{
+    MarkClient first(Folder());
+    MarkClient second(Folder());
+    LetBothType(first, "enter English 10", second, "enter Maths 20");
+    EXPECT_EQ(first.Says(), "Record Saved");
+    EXPECT_EQ(second.Says(), "Record Saved");
+    EXPECT_EQ(MarksOf(1), "60 of 10 to 10");
+    EXPECT_EQ(MarksOf(2), "60 of 20 to 20");
+}
+
+TEST_F(MarkClients, OfTwoFirstEntriesOfASubjectTheFirstIsStoredAndTheOtherIsToldSo)
+{
+    MarkClient first(Folder());
+    MarkClient second(Folder());
+    LetBothType(first, "enter English 10", second, "enter English 20");
+    const std::string firstSays = first.Says();
+    const std::string secondSays = second.Says();
+    const std::string refusal = "Selected Master Data Is Deleted. You Cannot Save This Data.";
+    if (firstSays == "Record Saved") {
+        EXPECT_EQ(secondSays, refusal);
+        EXPECT_EQ(MarksOf(1), "60 of 10 to 10");
+    } else {
+        EXPECT_EQ(firstSays, refusal);
+        EXPECT_EQ(secondSays, "Record Saved");
+        EXPECT_EQ(MarksOf(1), "60 of 20 to 20");
+    }
+}
+
+TEST_F(MarkClients, OfTwoEditsOfASubjectTheLaterOneIsStoredWhole)
+{
+    GivenEnglishOfEverybody(5);
+    MarkClient first(Folder());
+    MarkClient second(Folder());
+    LetBothType(first, "edit English 10", second, "edit English 20");
+    EXPECT_EQ(first.Says(), "Record Updated");
+    EXPECT_EQ(second.Says(), "Record Updated");
+    const std::string marks = MarksOf(1);
+    EXPECT_TRUE(marks == "60 of 10 to 10" || marks == "60 of 20 to 20") << marks;
+}
+
+TEST_F(MarkClients, AClientKilledDuringASaveLeavesTheOldMarksOrTheNewOnesWhole)
+{
+    KillWhileEditing(4);
+}
+
+TEST_F(MarkClients, AClientKilledDuringADeleteLeavesAllMarksOrNone)
+{
+    KillWhileDeleting(4);
+}
+
+TEST_F(MarkClients, DISABLED_TwoHundredClientsKilledWhileWritingLeaveWholeMarks)
+{
+    KillWhileEditing(100);
+    KillWhileDeleting(100);
+}
+
+} // namespace
+} // namespace tally::test

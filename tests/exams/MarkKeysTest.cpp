@@ -1,0 +1,381 @@
+#include "exams/MarkScreen.h"
+
+#include <array>
+
+namespace tally::test {
+namespace {
+
+const QString AboveFifty = QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : 50");
+const QString OfAbsent = QStringLiteral("Mark Entry Is Not Allowed When A Student Is Absent");
+
+class MarkKeys : public MarkScreen
+{
+protected:
+    void SetUp() override
+    {
+        MarkScreen::SetUp();
+        GivenThreeStudents();
+    }
+
+    std::string Cell(int row) const { return grid->TextMatrix(row, 2).toStdString(); }
+    std::string Box() const { return mark->text().toStdString(); }
+};
+
+TEST_F(MarkKeys, ASubjectIsEnteredFromNewToSaveWithTheKeyboardAlone)
+{
+    OpenForm();
+    EXPECT_EQ(Focus(), "cmdNew");
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "dbcExam");
+    PressKey(form, Qt::Key_Down);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "cboClass");
+    PressKey(form, Qt::Key_Down);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "cboDivision");
+    PressKey(form, Qt::Key_Down);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "Optsubject");
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "dbcSubject");
+    PressKey(form, Qt::Key_E);
+    EXPECT_EQ(subjects->currentText().toStdString(), "English");
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "txtmarkobtained");
+    Enter("45");
+    EXPECT_EQ(mark->Row(), 2);
+    Enter("0");
+    EXPECT_EQ(Focus(), "cboPresentAbsent");
+    Enter("a");
+    EXPECT_EQ(mark->Row(), 3);
+    Enter("12.5");
+    EXPECT_EQ(Focus(), "cmdSave");
+    EXPECT_EQ(Rows(), "1|Asha(A1)|45|Present 2|Binu(A2)|0|Absent 3|Cara(A3)|12.5|Present |||");
+    prompts.ExpectInformation(QStringLiteral("Record Saved"));
+    prompts.ExpectQuestion(SameAgain, false);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Stored(), "1 1 45 P 7 5; 2 1 0 A 7 5; 3 1 12.5 P 7 5");
+    EXPECT_EQ(Focus(), "cmdNew");
+}
+
+TEST_F(MarkKeys, AStudentIsEnteredFromNewToSaveWithTheKeyboardAlone)
+{
+    OpenForm();
+    PressKey(form, Qt::Key_N, Qt::AltModifier);
+    for (int list = 0; list < 3; ++list) {
+        PressKey(form, Qt::Key_Down);
+        PressKey(form, Qt::Key_Return);
+    }
+    EXPECT_EQ(Focus(), "Optsubject");
+    PressKey(form, Qt::Key_Right);
+    EXPECT_EQ(Focus(), "Optstudent");
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "dbcStudent");
+    PressKey(form, Qt::Key_B);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "txtmarkobtained");
+    EXPECT_EQ(Rows(), "1|Maths||Present 2|English||Present |||");
+    Enter("88");
+    EXPECT_EQ(Average(), "44");
+    Enter("0");
+    Enter("");
+    EXPECT_EQ(Focus(), "cmdSave");
+    prompts.ExpectInformation(QStringLiteral("Record Saved"));
+    prompts.ExpectQuestion(SameAgain, true);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Stored(), "2 1 0 P 7 5; 2 2 88 P 8 5");
+    EXPECT_EQ(Focus(), "dbcStudent");
+    EXPECT_EQ(Rows(), "1|Maths|| 2|English|| |||");
+}
+
+TEST_F(MarkKeys, AClassIsEnteredWithOneKeyBesidesTheDigitsOfEachMarkAndNoStatementRuns)
+{
+    for (int student = 4; student <= 40; ++student)
+        school->AddStudent(1, QStringLiteral("Student %1").arg(student));
+    StartSubject(QStringLiteral("English"));
+    const auto before = Session().gcnnMain->StatementsRun();
+    int keys = 0;
+    for (int row = 1; row <= 40; ++row) {
+        ASSERT_EQ(mark->Row(), row);
+        const QString digits = QString::number(row + 9);
+        QTest::keyClicks(QApplication::focusWidget(), digits);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        keys += static_cast<int>(digits.size()) + 1;
+    }
+    EXPECT_EQ(Session().gcnnMain->StatementsRun(), before);
+    EXPECT_EQ(keys, 40 * 3);
+    EXPECT_EQ(Focus(), "cmdSave");
+    EXPECT_EQ(Average(), "29.5");
+    prompts.ExpectInformation(QStringLiteral("Record Saved"));
+    prompts.ExpectQuestion(SameAgain, false);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster WHERE LeaveOrPresent = 'P'"), 40);
+    EXPECT_EQ(Count("SELECT sum(Mark) FROM MarkMaster"), 40 * 29 + 20);
+}
+
+TEST_F(MarkKeys, TheAverageFollowsEveryKey)
+{
+    StartSubject(QStringLiteral("English"));
+    QTest::keyClick(mark, Qt::Key_4);
+    EXPECT_EQ(Average(), "1.33");
+    QTest::keyClick(mark, Qt::Key_5);
+    EXPECT_EQ(Average(), "15");
+    QTest::keyClick(mark, Qt::Key_Return);
+    Enter("0");
+    EXPECT_EQ(Average(), "15");
+    Enter("a");
+    EXPECT_EQ(Average(), "22.5") << "the absent one is left out";
+}
+
+TEST_F(MarkKeys, AMarkAboveTheAllowedOneIsRefusedAtTheKeyThatMakesItSo)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("50");
+    QTest::keyClick(mark, Qt::Key_7);
+    prompts.ExpectInformation(AboveFifty);
+    QTest::keyClick(mark, Qt::Key_5);
+    EXPECT_EQ(Box(), "");
+    EXPECT_EQ(Cell(2), "0");
+    EXPECT_EQ(mark->Row(), 2);
+    EXPECT_TRUE(mark->hasFocus());
+}
+
+TEST_F(MarkKeys, AStudentsMarksAreHeldToTheLimitOfEachSubject)
+{
+    StartStudent(QStringLiteral("Asha(A1)"));
+    Enter("100");
+    prompts.ExpectInformation(AboveFifty);
+    QTest::keyClicks(mark, QStringLiteral("51"));
+    EXPECT_EQ(Box(), "");
+    EXPECT_EQ(Focus(), "txtmarkobtained");
+}
+
+TEST_F(MarkKeys, AThousandIsRefusedByTheAllowedMarkFirst)
+{
+    StartSubject(QStringLiteral("Maths"));
+    prompts.ExpectInformation(QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : 100"));
+    QTest::keyClicks(mark, QStringLiteral("1000"));
+    EXPECT_EQ(Box(), "");
+}
+
+TEST_F(MarkKeys, TheHighestMarkOfAllIs99999WhereTheSubjectAllowsMore)
+{
+    Given("UPDATE ClassSubjectTeacher SET MaximumAllowed = 5000");
+    StartSubject(QStringLiteral("Maths"));
+    QTest::keyClicks(mark, QStringLiteral("999.99"));
+    EXPECT_EQ(Cell(1), "999.99");
+    QTest::keyClick(mark, Qt::Key_Return);
+    prompts.ExpectInformation(QStringLiteral("Mark Obtained Should Not Exceed 999.99"));
+    QTest::keyClicks(mark, QStringLiteral("1000"));
+    EXPECT_EQ(Box(), "");
+    EXPECT_EQ(Cell(2), "0");
+}
+
+TEST_F(MarkKeys, LettersAndSignsNeverGetIntoAMark)
+{
+    StartSubject(QStringLiteral("English"));
+    QTest::keyClicks(mark, QStringLiteral("abc"));
+    EXPECT_EQ(Box(), "");
+    EXPECT_EQ(Cell(1), "");
+    QTest::keyClicks(mark, QStringLiteral("-5"));
+    EXPECT_EQ(Box(), "5");
+    EXPECT_EQ(Cell(1), "5");
+}
+
+TEST_F(MarkKeys, AThirdDecimalIsCutOff)
+{
+    StartSubject(QStringLiteral("English"));
+    QTest::keyClicks(mark, QStringLiteral("12.345"));
+    EXPECT_EQ(Box(), "12.34");
+    EXPECT_EQ(Cell(1), "12.34");
+}
+
+struct Pasted
+{
+    const char* text;
+    const char* box;
+    const char* cell;
+};
+
+class PastedMarks : public MarkKeys, public testing::WithParamInterface<Pasted>
+{};
+
+TEST_P(PastedMarks, ObeyTheSameFiltersAsKeys)
+{
+    StartSubject(QStringLiteral("English"));
+    Paste(QString::fromLatin1(GetParam().text));
+    EXPECT_EQ(Box(), GetParam().box);
+    EXPECT_EQ(Cell(1), GetParam().cell);
+}
+
+INSTANTIATE_TEST_SUITE_P(MarkKeys, PastedMarks,
+                         testing::Values(Pasted{"12.345", "12.34", "12.34"},
+                                         Pasted{"1.23456", "1.23", "1.23"}, Pasted{"-5", "5", "5"},
+                                         Pasted{"abc", "", "0"}, Pasted{" 45 ", "45", "45"}));
+
+TEST_F(MarkKeys, APastedMarkAboveTheLimitIsToldOnce)
+{
+    StartSubject(QStringLiteral("English"));
+    prompts.ExpectInformation(AboveFifty);
+    Paste(QStringLiteral("x1000"));
+    EXPECT_EQ(Box(), "");
+}
+
+TEST_F(MarkKeys, EnterOnAnEmptyBoxIsAZeroThatHasToBeDeclared)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("");
+    EXPECT_EQ(Focus(), "cboPresentAbsent");
+    EXPECT_EQ(presence->currentText().toStdString(), "Present");
+    EXPECT_EQ(Cell(1), "0");
+    Enter("");
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
+    EXPECT_EQ(mark->Row(), 2);
+}
+
+TEST_F(MarkKeys, AMarkForAnAbsentStudentIsRefusedWhileTyping)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("0");
+    Enter("a");
+    Click(1, 2);
+    prompts.ExpectInformation(OfAbsent);
+    QTest::keyClick(mark, Qt::Key_4);
+    EXPECT_EQ(Box(), "");
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Absent");
+}
+
+TEST_F(MarkKeys, AnAbsenceChosenForAStudentWithAMarkLeadsBackToTheMark)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("45");
+    Click(1, 3);
+    EXPECT_EQ(Focus(), "cboPresentAbsent");
+    prompts.ExpectInformation(OfAbsent);
+    Enter("a");
+    EXPECT_EQ(Focus(), "txtmarkobtained");
+    EXPECT_EQ(mark->Row(), 1);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|45|Absent");
+}
+
+TEST_F(MarkKeys, AWordThatIsNoPresenceIsRefused)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("0");
+    prompts.ExpectInformation(QStringLiteral("Select Present/Absent "));
+    Enter("late");
+    EXPECT_EQ(Focus(), "cboPresentAbsent");
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
+}
+
+TEST_F(MarkKeys, APresenceTakesLettersOnlyAndAnEmptyOneLeadsNowhere)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("0");
+    QTest::keyClicks(presence, QStringLiteral("5-"));
+    EXPECT_EQ(presence->currentText().toStdString(), "Present");
+    QTest::keyClick(presence, Qt::Key_Delete);
+    EXPECT_EQ(presence->currentText().toStdString(), "");
+    QTest::keyClick(presence, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "cboPresentAbsent");
+    prompts.ExpectInformation(QStringLiteral("Select Present/Absent"));
+    QTest::mouseClick(presence->lineEdit(), Qt::LeftButton);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
+}
+
+TEST_F(MarkKeys, TheArrowChoosesThePresenceAndTheCellHasItAtOnce)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("0");
+    QTest::keyClick(presence, Qt::Key_Down);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Absent");
+    EXPECT_EQ(grid->Mark(1, 3), CellMark::FailedOrAbsent);
+    QTest::keyClick(presence, Qt::Key_Up);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
+    EXPECT_EQ(grid->Mark(1, 3), CellMark::None);
+}
+
+TEST_F(MarkKeys, AClickOpensTheBoxOfItsColumnAndNoneOnTheBlankRow)
+{
+    StartSubject(QStringLiteral("English"));
+    Click(2, 2);
+    EXPECT_TRUE(mark->isVisible());
+    EXPECT_EQ(mark->Row(), 2);
+    EXPECT_EQ(mark->geometry(), grid->CellRect(2, 2));
+    Click(3, 3);
+    EXPECT_FALSE(mark->isVisible());
+    EXPECT_EQ(presence->geometry(), grid->CellRect(3, 3));
+    Click(2, 1);
+    EXPECT_FALSE(presence->isVisible());
+    Click(4, 2);
+    EXPECT_FALSE(mark->isVisible()) << "the blank row takes no mark";
+}
+
+TEST_F(MarkKeys, AClickBeforeASubjectIsChosenAsksForIt)
+{
+    OpenForm();
+    Press(Button("cmdNew"));
+    ChooseClassDivision();
+    prompts.ExpectInformation(QStringLiteral("Select Subject Name"));
+    Click(1, 2);
+    EXPECT_EQ(Focus(), "dbcSubject");
+    Press(byStudent);
+    prompts.ExpectInformation(QStringLiteral("Select Student Name"));
+    Click(1, 2);
+    EXPECT_EQ(Focus(), "dbcStudent");
+}
+
+TEST_F(MarkKeys, TheBoxFollowsItsCellWhenTheGridScrolls)
+{
+    for (int student = 4; student <= 60; ++student)
+        school->AddStudent(1, QStringLiteral("Student %1").arg(student));
+    StartSubject(QStringLiteral("English"));
+    for (int row = 1; row < 60; ++row)
+        Enter("10");
+    EXPECT_EQ(mark->Row(), 60);
+    EXPECT_EQ(mark->geometry(), grid->CellRect(60, 2));
+    EXPECT_TRUE(grid->viewport()->rect().contains(mark->geometry()));
+}
+
+TEST_F(MarkKeys, TabGoesInReadingOrder)
+{
+    OpenForm();
+    exam->setFocus();
+    for (const char* next : {"cboClass", "cboDivision", "Optsubject", "dbcSubject", "cmdNew", "cmdCancel",
+                             "cmdExit", "dbcExam"}) {
+        PressKey(form, Qt::Key_Tab);
+        EXPECT_EQ(Focus(), next);
+    }
+}
+
+TEST_F(MarkKeys, LettersLeadToTheFieldsAndButtons)
+{
+    OpenForm();
+    for (const auto& [key, name] :
+         {std::pair{Qt::Key_M, "dbcExam"}, {Qt::Key_L, "cboClass"}, {Qt::Key_V, "cboDivision"}}) {
+        PressKey(form, key, Qt::AltModifier);
+        EXPECT_EQ(Focus(), name);
+    }
+    PressKey(form, Qt::Key_N, Qt::AltModifier);
+    EXPECT_TRUE(IsEnabled("cmdSave"));
+    prompts.ExpectInformation(QStringLiteral("Select Exam Name"));
+    PressKey(form, Qt::Key_S, Qt::AltModifier);
+    PressKey(form, Qt::Key_C, Qt::AltModifier);
+    EXPECT_FALSE(IsEnabled("cmdSave"));
+}
+
+TEST_F(MarkKeys, TheSecondBoxOfThePresenceNeverOpensAndWritesCapitals)
+{
+    StartSubject(QStringLiteral("English"));
+    auto* second = Find<FloatingEditor>(form, "txtpresentorabsent");
+    Click(1, 3);
+    EXPECT_FALSE(second->isVisible());
+    second->OpenAt(1, 3);
+    QTest::keyClicks(second, QStringLiteral("a"));
+    EXPECT_EQ(second->text().toStdString(), "A");
+    Click(1, 2);
+    EXPECT_FALSE(second->isVisible());
+}
+
+} // namespace
+} // namespace tally::test

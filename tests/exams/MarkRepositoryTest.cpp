@@ -1,0 +1,167 @@
+#include "exams/MarkRepository.h"
+
+#include "ranks/RankSchool.h"
+#include "store/StoreError.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace tally::test {
+namespace {
+
+class MarkRepositoryTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        school.AddDivision(1, "A");
+        school.AddDivision(2, "B");
+        school.AddSubject(1, 1, "Eng", 2, "Yes", 100, 50);
+        school.AddSubject(1, 2, "Mat", 1);
+    }
+
+    void Relieve(int student)
+    {
+        school.main.Execute(QStringLiteral("UPDATE StudentMaster SET TCNo = 'TC' WHERE StudentCode = ?"),
+                            student);
+    }
+
+    static std::string ToText(const MarkRepository::Names& names)
+    {
+        QStringList texts;
+        for (const auto& [code, name] : names)
+            texts.append(QStringLiteral("%1 %2").arg(QString::number(code), name));
+        return texts.join(QStringLiteral("; ")).toStdString();
+    }
+
+    qint64 MarkCount() { return school.main.Number(QStringLiteral("SELECT count(*) FROM MarkMaster")); }
+
+    template <typename Work>
+    void Write(Work work)
+    {
+        store::Transaction transaction(school.main);
+        work(transaction);
+        transaction.Commit();
+    }
+
+    RankSchool school;
+    MarkRepository marks{school.main};
+    MarkScope scope{1, 1, 1, 1};
+};
+
+TEST_F(MarkRepositoryTest, TheExamsStandBehindABlankOneInTheirOrder)
+{
+    school.main.Execute(QStringLiteral("INSERT INTO ExamMaster VALUES (2, 'Annual', 3, 0)"));
+    school.main.Execute(QStringLiteral("INSERT INTO ExamMaster VALUES (3, 'Mid', 2, 0)"));
+    EXPECT_EQ(ToText(marks.Exams()), "0  ; 1 Term One; 3 Mid; 2 Annual");
+    school.main.Execute(QStringLiteral("DELETE FROM ExamMaster"));
+    EXPECT_EQ(ToText(marks.Exams()), "") << "a school without exams has nothing to choose";
+}
+
+TEST_F(MarkRepositoryTest, SubjectsAreChosenByNameAndEnteredInTheirOrder)
+{
+    school.AddSubject(2, 3, "Art", 1);
+    EXPECT_EQ(ToText(marks.Subjects(scope)), "1 Subject 1; 2 Subject 2");
+    const auto rows = marks.SubjectsToMark(scope);
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows[0].subjectCode, 2);
+    EXPECT_EQ(rows[1].maximumAllowed, 50);
+    EXPECT_EQ(rows[1].maximumMark, 100);
+}
+
+TEST_F(MarkRepositoryTest, ASubjectThatTheDivisionDoesNotTakeIsNotFound)
+{
+    EXPECT_EQ(marks.FindSubject(scope, 1)->maximumAllowed, 50);
+    EXPECT_FALSE(marks.FindSubject(scope, 3));
+    EXPECT_FALSE(marks.FindSubject({1, 1, 1, 2}, 1));
+}
+
+TEST_F(MarkRepositoryTest, StudentsComeByNameThenByAdmissionNumber)
+{
+    school.AddStudent(1, QStringLiteral("Binu"), QStringLiteral("9"));
+    school.AddStudent(1, QStringLiteral("  asha"), QStringLiteral("7"));
+    school.AddStudent(1, QStringLiteral("Binu"), QStringLiteral("8"));
+    school.AddStudent(2, QStringLiteral("Cara"), QStringLiteral("6"));
+    EXPECT_EQ(ToText(marks.Students(scope)), "2 asha(7); 3 Binu(8); 1 Binu(9)");
+}
+
+TEST_F(MarkRepositoryTest, ARelievedStudentStaysOnlyWithMarksInThisExamAndNeverInAnEdit)
+{
+    school.main.Execute(QStringLiteral("INSERT INTO ExamMaster VALUES (2, 'Term Two', 2, 0)"));
+    school.AddMarkedStudent(QStringLiteral("Asha"), {40});
+    school.AddMarkedStudent(QStringLiteral("Binu"), {40});
+    school.AddStudent(1, QStringLiteral("Cara"));
+    school.AddStudent(1, QStringLiteral("Dev"));
+    Relieve(2);
+    Relieve(3);
+    EXPECT_EQ(ToText(marks.StudentsToMark(scope, true)), "1 Asha(A1); 2 Binu(A2); 4 Dev(A4)");
+    EXPECT_EQ(ToText(marks.StudentsToMark({1, 2, 1, 1}, true)), "1 Asha(A1); 4 Dev(A4)");
+    EXPECT_EQ(ToText(marks.StudentsToMark(scope, false)), "1 Asha(A1); 4 Dev(A4)");
+    EXPECT_EQ(ToText(marks.Students(scope)), "1 Asha(A1); 4 Dev(A4)");
+}
+
+TEST_F(MarkRepositoryTest, TheStudentsOfALargeClassAreReadInOneStatement)
+{
+    for (int student = 0; student < 60; ++student)
+        school.AddStudent(1, QStringLiteral("Student %1").arg(student));
+    const auto before = school.main.StatementsRun();
+    EXPECT_EQ(marks.StudentsToMark(scope, true).size(), 60U);
+    EXPECT_EQ(school.main.StatementsRun() - before, 1U);
+}
+
+TEST_F(MarkRepositoryTest, MarksAreReadBySubjectAndByStudent)
+{
+    school.AddMarkedStudent(QStringLiteral("Asha"), {40, 80});
+    const int binu = school.AddStudent(1, QStringLiteral("Binu"));
+    school.EnterAbsence(binu, 1);
+    const auto ofEnglish = marks.StoredMarks(scope, MarkMode::Subject, 1);
+    ASSERT_EQ(ofEnglish.size(), 2U);
+    EXPECT_EQ(ofEnglish[1].code, binu);
+    EXPECT_FALSE(ofEnglish[1].present);
+    const auto ofAsha = marks.StoredMarks(scope, MarkMode::Student, 1);
+    ASSERT_EQ(ofAsha.size(), 2U);
+    EXPECT_EQ(ofAsha[0].mark + ofAsha[1].mark, 120);
+    EXPECT_TRUE(marks.StoredMarks({1, 2, 1, 1}, MarkMode::Subject, 1).empty());
+}
+
+TEST_F(MarkRepositoryTest, ADeleteTakesTheSubjectOrTheStudentAndNothingElse)
+{
+    school.AddMarkedStudent(QStringLiteral("Asha"), {40, 80});
+    school.AddMarkedStudent(QStringLiteral("Binu"), {30, 60});
+    Write([&](auto& transaction) {
+        MarkRepository::Delete(transaction, {1, 2, 1, 1}, MarkMode::Subject, 1);
+    });
+    EXPECT_EQ(MarkCount(), 4) << "another exam keeps its marks";
+    Write([&](auto& transaction) { MarkRepository::Delete(transaction, scope, MarkMode::Subject, 1); });
+    EXPECT_EQ(MarkCount(), 2);
+    Write([&](auto& transaction) { MarkRepository::Delete(transaction, scope, MarkMode::Student, 1); });
+    EXPECT_EQ(MarkCount(), 1);
+    EXPECT_EQ(marks.StoredMarks(scope, MarkMode::Student, 2).size(), 1U);
+}
+
+TEST_F(MarkRepositoryTest, AMarkThatIsThereAlreadyIsAConflictAndNothingIsStored)
+{
+    school.AddMarkedStudent(QStringLiteral("Asha"), {40});
+    const int binu = school.AddStudent(1, QStringLiteral("Binu"));
+    try {
+        Write([&](auto& transaction) {
+            MarkRepository::Insert(transaction, scope, {{binu, 1, 30, true, 0}, {1, 1, 41, true, 0}}, 5);
+        });
+        FAIL() << "the second mark was taken";
+    } catch (const store::StoreError& error) {
+        EXPECT_TRUE(error.IsConflict());
+    }
+    EXPECT_EQ(MarkCount(), 1);
+}
+
+TEST_F(MarkRepositoryTest, StudentsAreThereAlsoWhenAllOfThemWereRelieved)
+{
+    EXPECT_FALSE(marks.HasStudents(scope));
+    Relieve(school.AddStudent(1, QStringLiteral("Asha")));
+    EXPECT_TRUE(marks.HasStudents(scope));
+    EXPECT_TRUE(marks.HasSubjects(scope));
+    EXPECT_FALSE(marks.HasSubjects({1, 1, 1, 2}));
+}
+
+} // namespace
+} // namespace tally::test

@@ -1,0 +1,167 @@
+// A client of the school in a process of its own that works at the mark screen as it is told, line by line:
+// "enter SUBJECT MARK" types a first entry, "edit SUBJECT MARK" types over what is stored, and it says
+// "typed"; "save" saves and it says the last box that came. At "edits" it enters English and edits it over
+// and over until it is killed, at "deletes" it also deletes it and enters it anew, and says "saved" after
+// each save of an edit.
+
+#include "app/Screens.h"
+#include "core/controls/DataCombo.h"
+#include "core/controls/FlexGrid.h"
+#include "core/mdiTallyboard.h"
+#include "core/modTallyboard.h"
+#include "core/modTallyboardForms.h"
+#include "core/ProgramFolder.h"
+#include "core/Prompts.h"
+#include "core/ScreenRegistry.h"
+#include "core/SessionContext.h"
+#include "exams/frmexammarkentry.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+namespace {
+
+using namespace tally;
+
+class Clerk
+{
+public:
+    Clerk()
+    {
+        Prompts::AnswerWith([this](Prompts::Kind kind, const QString& text) {
+            if (kind != Prompts::Kind::Question)
+                lastBox_ = text;
+            // "No" to further marks of the same class, "Yes" to all else.
+            return !text.endsWith(QStringLiteral("'Exam-Class-Division' ?"));
+        });
+        ShowForm(QStringLiteral("frmexammarkentry"));
+        form_ = ScreenRegistry::OpenInstance(QStringLiteral("frmexammarkentry"));
+        form_->activateWindow();
+    }
+
+    /// Chooses the subject, with all marks typed but not saved.
+    void Prepare(const QString& subject, const QString& mark, bool editing)
+    {
+        Press("cmdNew");
+        Choose("dbcExam", QStringLiteral("Term One"));
+        Choose("cboClass", QStringLiteral("X"));
+        Choose("cboDivision", QStringLiteral("A"));
+        Choose("dbcSubject", subject);
+        Key(Qt::Key_Tab);
+        auto* grid = form_->findChild<FlexGrid*>(QStringLiteral("msgDetails"));
+        if (editing) {
+            Press("cmdEdit");
+            QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::NoModifier,
+                              grid->CellRect(1, 2).center());
+        }
+        for (int row = 1; row < grid->Rows() - 1; ++row) {
+            QTest::keyClicks(QApplication::focusWidget(), mark);
+            Key(Qt::Key_Return);
+        }
+    }
+
+    QString Save()
+    {
+        lastBox_.clear();
+        Press("cmdSave");
+        return lastBox_;
+    }
+
+    void Delete(const QString& subject)
+    {
+        Press("cmdNew");
+        Choose("dbcExam", QStringLiteral("Term One"));
+        Choose("cboClass", QStringLiteral("X"));
+        Choose("cboDivision", QStringLiteral("A"));
+        Choose("dbcSubject", subject);
+        Key(Qt::Key_Tab);
+        Press("cmdDelete");
+    }
+
+private:
+    static void Key(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+
+    void Choose(const char* name, const QString& text)
+    {
+        auto* list = form_->findChild<QComboBox*>(QString::fromLatin1(name));
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Home);
+        for (int step = 0; step < list->count() && list->currentText() != text; ++step)
+            QTest::keyClick(list, Qt::Key_Down);
+    }
+
+    void Press(const char* name)
+    {
+        auto* button = form_->findChild<QPushButton*>(QString::fromLatin1(name));
+        button->setFocus();
+        QTest::keyClick(button, Qt::Key_Space);
+    }
+
+    Screen* form_ = nullptr;
+    QString lastBox_;
+};
+
+void Say(const QString& text)
+{
+    std::puts(qPrintable(text.simplified()));
+    std::fflush(stdout);
+}
+
+/// Everybody's mark in English is 10 or 20 after each save.
+void WriteForEver(Clerk& clerk, bool deleting)
+{
+    const QString english = QStringLiteral("English");
+    const auto enter = [&] {
+        clerk.Prepare(english, QStringLiteral("10"), false);
+        clerk.Save();
+    };
+    enter();
+    for (;;) {
+        for (const char* mark : {"20", "10"}) {
+            clerk.Prepare(english, QString::fromLatin1(mark), true);
+            clerk.Save();
+            Say(QStringLiteral("saved"));
+        }
+        if (deleting) {
+            clerk.Delete(english);
+            enter();
+        }
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    if (argc != 2)
+        return 2;
+    SetProgramFolder(QString::fromLocal8Bit(argv[1]));
+    RegisterScreens();
+    OpenConnections();
+    Session().gintAcademicYearCode = 1;
+    auto* window = mdiTallyboard::Load();
+    Session().gblnSchoolExists = true;
+    Session().gblnActiveYearExists = true;
+    window->show();
+    QApplication::setActiveWindow(window);
+    Clerk clerk;
+    Say(QStringLiteral("ready"));
+    for (std::string line; std::getline(std::cin, line);) {
+        const QStringList words = QString::fromStdString(line).split(QLatin1Char(' '));
+        const QString& order = words.first();
+        if (order == QLatin1String("edits") || order == QLatin1String("deletes"))
+            WriteForEver(clerk, order == QLatin1String("deletes"));
+        else if (order == QLatin1String("save"))
+            Say(clerk.Save());
+        else {
+            clerk.Prepare(words.at(1), words.at(2), order == QLatin1String("edit"));
+            Say(QStringLiteral("typed"));
+        }
+    }
+}

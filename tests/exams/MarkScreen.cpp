@@ -1,0 +1,174 @@
+#include "exams/MarkScreen.h"
+
+#include <QClipboard>
+
+namespace tally::test {
+
+void MarkScreen::SetUp()
+{
+    ScreenFixture::SetUp();
+    school = std::make_unique<RankSchool>(*Session().gcnnMain, *Session().gcnnTemp);
+    Session().gintAcademicYearCode = 1;
+    Session().gintUserCode = 5;
+    school->AddDivision(1, "A");
+    school->AddSubject(1, 1, "Eng", 2, "Yes", 100, 50);
+    school->AddSubject(1, 2, "Mat", 1);
+    Given("UPDATE SubjectMaster SET SubjectName = 'English' WHERE SubjectCode = 1");
+    Given("UPDATE SubjectMaster SET SubjectName = 'Maths' WHERE SubjectCode = 2");
+    for (const int teacher : {7, 8}) {
+        Given("INSERT INTO TeacherMaster (TeacherCode, TeacherName, TeacherShortName) VALUES (?, 'T', ?)",
+              teacher, QString::number(teacher));
+        Given("UPDATE ClassSubjectTeacher SET TeacherCode = ? WHERE SubjectCode = ?", teacher, teacher - 6);
+    }
+}
+
+void MarkScreen::TearDown()
+{
+    school.reset();
+    ScreenFixture::TearDown();
+}
+
+void MarkScreen::GivenThreeStudents()
+{
+    for (const char* name : {"Asha", "Binu", "Cara"})
+        school->AddStudent(1, QString::fromLatin1(name));
+}
+
+void MarkScreen::GivenRelieved(int studentCode)
+{
+    Given("UPDATE StudentMaster SET TCNo = 'TC1' WHERE StudentCode = ?", studentCode);
+}
+
+void MarkScreen::OpenForm()
+{
+    form = Open<frmexammarkentry>("frmexammarkentry");
+    ASSERT_NE(form, nullptr);
+    exam = Find<DataCombo>(form, "dbcExam");
+    classes = Find<QComboBox>(form, "cboClass");
+    divisions = Find<QComboBox>(form, "cboDivision");
+    bySubject = Find<QRadioButton>(form, "Optsubject");
+    byStudent = Find<QRadioButton>(form, "Optstudent");
+    subjects = Find<DataCombo>(form, "dbcSubject");
+    students = Find<DataCombo>(form, "dbcStudent");
+    grid = Find<FlexGrid>(form, "msgDetails");
+    mark = Find<FloatingEditor>(form, "txtmarkobtained");
+    presence = Find<FloatingCombo>(form, "cboPresentAbsent");
+    average = Find<QLabel>(form, "txtaverageMark");
+}
+
+std::string MarkScreen::Focus() const
+{
+    const QWidget* focused = QApplication::focusWidget();
+    return focused ? focused->objectName().toStdString() : std::string();
+}
+
+std::string MarkScreen::EnabledControls()
+{
+    QStringList names;
+    for (const char* name : {"Frame1", "dbcSubject", "dbcStudent", "fraMain", "cmdNew", "cmdEdit",
+                             "cmdDelete", "cmdSave", "cmdCancel", "cmdExit"})
+        if (IsEnabled(name))
+            names.append(QString::fromLatin1(name));
+    return names.join(QLatin1Char(' ')).toStdString();
+}
+
+void MarkScreen::Choose(QComboBox* list, const QString& text)
+{
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Home);
+    for (int step = 0; step < list->count() && list->currentText() != text; ++step)
+        QTest::keyClick(list, Qt::Key_Down);
+    ASSERT_EQ(list->currentText().toStdString(), text.toStdString());
+}
+
+void MarkScreen::ChooseClassDivision()
+{
+    Choose(exam, QStringLiteral("Term One"));
+    Choose(classes, QStringLiteral("X"));
+    Choose(divisions, QStringLiteral("A"));
+}
+
+void MarkScreen::StartSubject(const QString& subject)
+{
+    OpenForm();
+    Press(Button("cmdNew"));
+    ChooseClassDivision();
+    Choose(subjects, subject);
+    QTest::keyClick(subjects, Qt::Key_Return);
+    ASSERT_TRUE(mark->hasFocus());
+}
+
+void MarkScreen::StartStudent(const QString& student)
+{
+    OpenForm();
+    Press(Button("cmdNew"));
+    ChooseClassDivision();
+    Press(byStudent);
+    Choose(students, student);
+    QTest::keyClick(students, Qt::Key_Return);
+    ASSERT_TRUE(mark->hasFocus());
+}
+
+void MarkScreen::ShowStoredSubject(const QString& subject)
+{
+    OpenForm();
+    Press(Button("cmdNew"));
+    ChooseClassDivision();
+    Choose(subjects, subject);
+    prompts.ExpectQuestion(AlreadyEntered, true);
+    QTest::keyClick(subjects, Qt::Key_Return);
+    prompts.Verify();
+}
+
+void MarkScreen::Enter(const char* keys)
+{
+    QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(keys));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+}
+
+void MarkScreen::Click(int row, int col)
+{
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::NoModifier, grid->CellRect(row, col).center());
+    Settle();
+}
+
+void MarkScreen::Paste(const QString& text)
+{
+    QApplication::clipboard()->setText(text);
+    QTest::keyClick(mark, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(mark, Qt::Key_V, Qt::ControlModifier);
+}
+
+std::string MarkScreen::RowText(int row) const
+{
+    QStringList texts;
+    for (int col = 0; col <= 3; ++col)
+        texts.append(grid->TextMatrix(row, col));
+    return texts.join(QLatin1Char('|')).toStdString();
+}
+
+std::string MarkScreen::Rows() const
+{
+    std::string rows;
+    for (int row = 1; row < grid->Rows(); ++row)
+        rows += RowText(row) + (row + 1 < grid->Rows() ? " " : "");
+    return rows;
+}
+
+std::string MarkScreen::Stored()
+{
+    QStringList rows;
+    store::Statement statement = Session().gcnnMain->Query(
+        QStringLiteral("SELECT StudentCode, SubjectCode, Mark, LeaveOrPresent, TeacherCode, UserCode FROM "
+                       "MarkMaster WHERE ExamCode = 1 AND ClassCode = 1 AND DivisionCode = 1 AND "
+                       "AcademicYearCode = 1 ORDER BY StudentCode, SubjectCode"));
+    while (statement.Next()) {
+        QStringList row;
+        for (int column = 0; column < statement.ColumnCount(); ++column)
+            row.append(column == 2 ? QString::number(statement.Double(column)) : statement.Text(column));
+        rows.append(row.join(QLatin1Char(' ')));
+    }
+    return rows.join(QStringLiteral("; ")).toStdString();
+}
+
+} // namespace tally::test

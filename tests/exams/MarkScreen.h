@@ -1,0 +1,89 @@
+#pragma once
+
+#include "core/controls/DataCombo.h"
+#include "core/controls/FlexGrid.h"
+#include "core/controls/FloatingCombo.h"
+#include "core/controls/FloatingEditor.h"
+#include "exams/frmexammarkentry.h"
+#include "ranks/RankSchool.h"
+#include "support/ScreenFixture.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <string>
+
+namespace tally::test {
+
+inline const QString AlreadyEntered = QStringLiteral(
+    "Marks Are Already Entered For This Subject. Do You Want To View/Edit/Delete The Details ?");
+inline const QString SameAgain =
+    QStringLiteral("Do You Want To Enter Marks For The Same 'Exam-Class-Division' ?");
+inline const QString MasterIsGone =
+    QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data.");
+inline const QString NoStudentsText =
+    QStringLiteral("Student Admission Entry Is Not Made For The Selected Class-Division");
+inline const QString NoSubjectsText =
+    QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For The Selected Class-Division");
+
+/// The mark screen over a division X A of exam "Term One". English (code 1, allowed 50 out of 100) and Maths
+/// (code 2, allowed 100 out of 100) come in the order Maths, English; Eng's teacher is 7, Maths' is 8.
+class MarkScreen : public ScreenFixture
+{
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Asha, Binu and Cara, with the codes 1 to 3.
+    void GivenThreeStudents();
+    void GivenRelieved(int studentCode);
+
+    void OpenForm();
+    QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
+    bool IsEnabled(const char* name) { return Find<QWidget>(form, name)->isEnabled(); }
+    /// The object name of the control with the focus.
+    std::string Focus() const;
+    /// The buttons, frames and lists that are enabled, in reading order.
+    std::string EnabledControls();
+
+    /// Walks down a list with the arrow key until it shows `text`.
+    void Choose(QComboBox* list, const QString& text);
+    void ChooseClassDivision();
+    /// New, with everything chosen; the focus is on the first mark.
+    void StartSubject(const QString& subject);
+    void StartStudent(const QString& student);
+    /// Chooses a subject with marks and says Yes to looking at them.
+    void ShowStoredSubject(const QString& subject);
+
+    /// Types into whatever has the focus, then Enter.
+    void Enter(const char* keys);
+    void Click(int row, int col);
+    void Paste(const QString& text);
+
+    /// The cells of the visible columns and the text of the average.
+    std::string RowText(int row) const;
+    std::string Rows() const;
+    std::string Average() const { return average->text().toStdString(); }
+    /// "student subject mark P teacher user" of each stored row.
+    std::string Stored();
+
+    std::unique_ptr<RankSchool> school;
+    frmexammarkentry* form = nullptr;
+    DataCombo* exam = nullptr;
+    QComboBox* classes = nullptr;
+    QComboBox* divisions = nullptr;
+    QRadioButton* bySubject = nullptr;
+    QRadioButton* byStudent = nullptr;
+    DataCombo* subjects = nullptr;
+    DataCombo* students = nullptr;
+    FlexGrid* grid = nullptr;
+    FloatingEditor* mark = nullptr;
+    FloatingCombo* presence = nullptr;
+    QLabel* average = nullptr;
+};
+
+} // namespace tally::test
