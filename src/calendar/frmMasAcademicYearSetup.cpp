@@ -248,8 +248,8 @@ void frmMasAcademicYearSetup::ShowSchoolSetupOffer()
 bool frmMasAcademicYearSetup::MayBeSaved()
 {
     const AcademicYear year = Entered();
-    if (ui_->txtAcademicYearFrom->text().trimmed().isEmpty())
-        return Refuse(QStringLiteral("Enter 'Academic Year From' "), ui_->txtAcademicYearFrom);
+    if (!RequireText(QStringLiteral("Enter 'Academic Year From' "), ui_->txtAcademicYearFrom))
+        return false;
     if (ui_->cbostatus->currentText().trimmed().isEmpty())
         return Refuse(QStringLiteral("Select Status"), ui_->cbostatus);
     if (!IsWithinRecords(year.yearFrom, year.yearTo)) {

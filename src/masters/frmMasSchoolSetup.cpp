@@ -179,16 +179,18 @@ void frmMasSchoolSetup::cmdExit_Click()
 
 bool frmMasSchoolSetup::IsComplete()
 {
-    const auto filled = [](QWidget* field, const QString& text, const char* message) {
-        return !text.trimmed().isEmpty() || Refuse(QString::fromLatin1(message), field);
-    };
-    return filled(ui_->txtSchoolName, ui_->txtSchoolName->text(), "Enter School Name") &&
-           filled(ui_->txtAddress1, ui_->txtAddress1->text(), "Enter Address") &&
-           filled(ui_->dbcStateName, ui_->dbcStateName->currentText(), "Select State") &&
-           filled(ui_->dbcCity, ui_->dbcCity->currentText(), "Select City") &&
-           filled(ui_->txtPincode, ui_->txtPincode->text(), "Enter Pincode") &&
-           filled(ui_->cboAcademicYearCodeStartMonth, ui_->cboAcademicYearCodeStartMonth->currentText(),
-                  "Select Academic Year Start Month");
+    if (!RequireText(QStringLiteral("Enter School Name"), ui_->txtSchoolName) ||
+        !RequireText(QStringLiteral("Enter Address"), ui_->txtAddress1))
+        return false;
+    if (ui_->dbcStateName->IsBlank())
+        return Refuse(QStringLiteral("Select State"), ui_->dbcStateName);
+    if (ui_->dbcCity->IsBlank())
+        return Refuse(QStringLiteral("Select City"), ui_->dbcCity);
+    if (!RequireText(QStringLiteral("Enter Pincode"), ui_->txtPincode))
+        return false;
+    if (ui_->cboAcademicYearCodeStartMonth->IsBlank())
+        return Refuse(QStringLiteral("Select Academic Year Start Month"), ui_->cboAcademicYearCodeStartMonth);
+    return true;
 }
 
 bool frmMasSchoolSetup::StartMonthFits()

@@ -291,8 +291,8 @@ bool frmSimpleMaster::IsComplete()
     if (dbcParent_ && dbcParent_->IsBlank())
         return Refuse(Words(definition_.parent->emptyMessage), dbcParent_);
     for (std::size_t i = 0; i < boxes_.size(); ++i)
-        if (boxes_[i]->text().trimmed().isEmpty())
-            return Refuse(Words(definition_.fields[i].emptyMessage), boxes_[i]);
+        if (!RequireText(Words(definition_.fields[i].emptyMessage), boxes_[i]))
+            return false;
     return true;
 }
 

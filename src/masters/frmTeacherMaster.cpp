@@ -301,10 +301,9 @@ bool frmTeacherMaster::IsReady(const Teacher& teacher)
 {
     if (teacher.salutationCode == 0)
         return Refuse(QStringLiteral("Select Salutation"), ui_->cboPrefix);
-    if (teacher.name.isEmpty())
-        return Refuse(QStringLiteral("Enter Teacher Name"), ui_->txtTeacherName);
-    if (teacher.shortName.isEmpty())
-        return Refuse(QStringLiteral("Enter Teacher Short Name"), ui_->txtTeacherShortName);
+    if (!RequireText(QStringLiteral("Enter Teacher Name"), ui_->txtTeacherName) ||
+        !RequireText(QStringLiteral("Enter Teacher Short Name"), ui_->txtTeacherShortName))
+        return false;
     if (RefuseDate(ui_->dtpJoining, QStringLiteral("Joining Date"),
                    FaultAtSave(teacher.joiningDate, teacher.dateOfBirth)))
         return false;
