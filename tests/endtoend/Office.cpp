@@ -116,7 +116,7 @@ Desktop::Window Client::LogIn(const QString& loginId, const QString& password)
     desktop_.Press(login, {QStringLiteral("Return")});
     desktop_.Type(login, password);
     desktop_.Press(login, {QStringLiteral("Return")});
-    const Desktop::Window mainWindow = Appeared();
+    Desktop::Window mainWindow = Appeared();
     WaitUntilGone(login);
     return mainWindow;
 }
