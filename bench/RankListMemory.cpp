@@ -4,6 +4,7 @@
 
 #include "app/Screens.h"
 #include "bench/BenchSchool.h"
+#include "bench/PeakMemory.h"
 #include "bench/RankScreen.h"
 #include "core/look/Look.h"
 #include "core/mdiTallyboard.h"
@@ -13,7 +14,6 @@
 #include "core/SessionContext.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QProcess>
 
 #include <cstdio>
@@ -25,18 +25,6 @@ using namespace tally::bench;
 
 constexpr int Students = 10000;
 constexpr double LimitMegabytes = 150;
-
-/// In megabytes, as the kernel counted it.
-double PeakMemory()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        qFatal("This system does not tell a process its memory");
-    const QByteArray text = status.readAll();
-    const QByteArray label = "VmHWM:";
-    const qsizetype start = text.indexOf(label) + label.size();
-    return text.mid(start, text.indexOf("kB", start) - start).trimmed().toDouble() / 1024;
-}
 
 int Show(int argc, char** argv)
 {

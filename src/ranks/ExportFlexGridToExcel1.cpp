@@ -106,17 +106,18 @@ struct Page
     }
 };
 
-/// Widths of the grid's columns from the subjects on, as their texts need them.
+/// The least widths of the grid's columns from the subjects on that keep their texts apart.
 std::vector<double> NeededPoints(const FlexGrid& grid, int lastRow, int lastCol)
 {
+    constexpr double RoomAroundText = 1.5;
     std::vector<double> points;
     for (int col = RankCardRows::FirstSubjectColumn; col <= lastCol; ++col) {
-        qsizetype longest = 0;
+        qsizetype longest = 1;
         for (int row = 0; row <= lastRow; ++row) {
             if (grid.RowHeight(row) > 0)
                 longest = std::max(longest, grid.TextMatrix(row, col).trimmed().size());
         }
-        points.push_back(Workbook::ColumnPoints(SheetColumnWidth(static_cast<int>(longest))));
+        points.push_back(Workbook::ColumnPoints(static_cast<double>(longest) + RoomAroundText));
     }
     return points;
 }

@@ -260,7 +260,7 @@ void frmRankCardPrinting::cmdCancel_Click()
 QSize frmRankCardPrinting::sizeHint() const
 {
     // As much of the cards as most displays can show; a smaller one bounds it.
-    return {1080, 680};
+    return {1140, 700};
 }
 
 } // namespace tally

@@ -23,6 +23,7 @@ constexpr int TitleRows = 6;
 constexpr int TitleColumns = 9;
 /// The sheet row of the grid's row 0.
 constexpr int FirstGridRow = 6;
+constexpr double WidthReserve = 3.5;
 /// What fits on a portrait page in letters without becoming too small to read.
 constexpr double PortraitLetters = 100;
 
@@ -34,7 +35,7 @@ struct Column
     bool identities = false; ///< all its texts stay texts, so that the column sorts and lines up as one
     CellStyle::Align align = CellStyle::Align::Left;
 
-    double Width() const { return SheetColumnWidth(longest); }
+    double Width() const { return longest > 0 ? longest + WidthReserve : Workbook::StandardColumnWidth; }
 };
 
 CellStyle::Align AlignmentOf(const FlexGrid& grid, int col, bool numbers)

@@ -9,7 +9,6 @@ namespace tally {
 
 namespace {
 
-constexpr double WidthReserve = 3.5;
 /// Office programs keep no more digits of a number.
 constexpr int MostDigits = 15;
 
@@ -58,12 +57,6 @@ std::array<QString, SchoolHeadRows> SchoolHead()
 {
     const SessionContext& session = Session();
     return {session.gstrSchoolName, session.gstrSchoolAddress, session.gstrSchoolCity};
-}
-
-double SheetColumnWidth(int longestText)
-{
-    return longestText > 0 ? std::min(longestText + WidthReserve, Workbook::WidestColumn)
-                           : Workbook::StandardColumnWidth;
 }
 
 double HeadLineHeight(const QString& text, const CellStyle& style, double width)

@@ -14,9 +14,6 @@ namespace tally {
 inline constexpr int SchoolHeadRows = 3;
 std::array<QString, SchoolHeadRows> SchoolHead();
 
-/// The width of a column in letters, from its longest text; the standard width for a column without any.
-double SheetColumnWidth(int longestText);
-
 /// The height in points of a row that holds `text` over `width` letters: a merged cell cuts its text at its
 /// edges, so a long one goes on in further lines.
 double HeadLineHeight(const QString& text, const CellStyle& style, double width);
