@@ -33,7 +33,7 @@ QString MoveIntoPlace(const QString& file, const QDir& folder, const QString& na
     constexpr int MostTries = 1000;
     for (int number = 1; number < MostTries; ++number) {
         const QString suffix = number > 1 ? QStringLiteral(" (%1)").arg(number) : QString();
-        const QString path = folder.filePath(name + suffix + QStringLiteral(".xlsx"));
+        QString path = folder.filePath(name + suffix + QStringLiteral(".xlsx"));
         if (QFile::rename(file, path))
             return path;
         if (!QFile::exists(path))
@@ -56,7 +56,7 @@ ExportError FullDisk(const QDir& folder)
 void RequireRoom(const QDir& folder, qint64 cells)
 {
     constexpr qint64 BytesForACell = 200;
-    constexpr qint64 BytesForTheRest = 1024 * 1024;
+    constexpr qint64 BytesForTheRest = 1'000'000;
     const qint64 needed = BytesForTheRest + BytesForACell * cells;
     const QStorageInfo disk(folder.path());
     if (disk.isValid() && disk.bytesAvailable() < needed)
@@ -100,7 +100,7 @@ QString ExportWorkbook(const ExportSubject& subject, const std::function<void(Wo
         throw FullDisk(folder);
     }
 
-    const QString path = MoveIntoPlace(draft, folder, FileName(subject.title));
+    QString path = MoveIntoPlace(draft, folder, FileName(subject.title));
     if (!OpenSpreadsheet(path))
         throw ExportError(
             ExportError::Kind::NotOpened,
