@@ -160,6 +160,31 @@ double BareStore::MarkByMarkPrepared()
     return sum;
 }
 
+int BareStore::InsertMarks(int examCode, int divisionCode, int subjectCode)
+{
+    const std::vector<Student> students = Students();
+    int count = 0;
+    Run(QStringLiteral("BEGIN IMMEDIATE"));
+    {
+        Rows rows(
+            engine_.get(),
+            "Insert into MarkMaster(AcademicYearCode,StudentCode,ExamCode,ClassCode,DivisionCode,SubjectCode,"
+            "Mark,LeaveOrPresent,TeacherCode,UserCode) values(1,?,?,1,?,?,55,'P',0,1)");
+        for (const Student& student : students) {
+            if (student.division != divisionCode)
+                continue;
+            rows.Reset();
+            int position = 0;
+            for (const int value : {student.code, examCode, divisionCode, subjectCode})
+                rows.Bind(++position, value);
+            rows.Next();
+            ++count;
+        }
+    }
+    Run(QStringLiteral("COMMIT"));
+    return count;
+}
+
 int BareStore::ReadAll(const QString& sql, const QString& text)
 {
     Rows rows(engine_.get(), sql.toUtf8());

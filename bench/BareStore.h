@@ -23,6 +23,9 @@ public:
     double MarkByMark();
     /// The same, prepared once and bound each time.
     double MarkByMarkPrepared();
+    /// One transaction that inserts a mark for each student of a division in a subject, prepared once. Gives
+    /// the number of marks.
+    int InsertMarks(int examCode, int divisionCode, int subjectCode);
     /// Any select: reads every column of every row as text. The first placeholder takes `text`, the others 0.
     /// Gives the number of rows.
     int ReadAll(const QString& sql, const QString& text);
