@@ -4,14 +4,6 @@ namespace tally {
 
 namespace {
 
-MarkRepository::Names ReadNames(store::Statement rows)
-{
-    MarkRepository::Names names;
-    while (rows.Next())
-        names.emplace_back(rows.Int(0), rows.Text(1));
-    return names;
-}
-
 /// The column that a mode holds fast: the subject of all students, or the student in all subjects.
 QString FixedColumn(MarkMode mode)
 {
@@ -25,40 +17,40 @@ QString RowColumn(MarkMode mode)
 
 } // namespace
 
-MarkRepository::Names MarkRepository::Exams()
+CodedTexts MarkRepository::Exams()
 {
-    return ReadNames(main_.Query(
+    return ReadCodedTexts(main_.Query(
         QStringLiteral("Select 0 as ExamCode,' ' as ExamName,0 as ExamOrder from ExamMaster union "
                        "Select ExamCode,ExamName,ExamOrder from ExamMaster order by ExamOrder")));
 }
 
-MarkRepository::Names MarkRepository::Classes()
+CodedTexts MarkRepository::Classes()
 {
     // The row with code 0 stands for "not chosen" and is no class of the school.
-    return ReadNames(main_.Query(QStringLiteral(
+    return ReadCodedTexts(main_.Query(QStringLiteral(
         "Select ClassCode,ClassName from ClassDivisionMaster where ClassCode > 0 order by ClassOrder")));
 }
 
-MarkRepository::Names MarkRepository::Divisions(int classCode)
+CodedTexts MarkRepository::Divisions(int classCode)
 {
-    return ReadNames(
+    return ReadCodedTexts(
         main_.Query(QStringLiteral("Select DivisionCode,DivisionName from ClassDivisionDetails where "
                                    "ClassCode=? order by DivisionName"),
                     classCode));
 }
 
-MarkRepository::Names MarkRepository::Subjects(const MarkScope& scope)
+CodedTexts MarkRepository::Subjects(const MarkScope& scope)
 {
-    return ReadNames(main_.Query(
+    return ReadCodedTexts(main_.Query(
         QStringLiteral("Select a.SubjectCode,b.SubjectName from ClassSubjectTeacher a,SubjectMaster b where "
                        "a.SubjectCode=b.SubjectCode and a.ClassCode=? and a.DivisionCode=? and "
                        "a.AcademicYearCode=? order by b.SubjectName"),
         scope.classCode, scope.divisionCode, scope.academicYearCode));
 }
 
-MarkRepository::Names MarkRepository::Students(const MarkScope& scope)
+CodedTexts MarkRepository::Students(const MarkScope& scope)
 {
-    return ReadNames(main_.Query(
+    return ReadCodedTexts(main_.Query(
         QStringLiteral("Select a.StudentCode,trim(b.StudentName) || '(' || ifnull(b.OptionalAdmissionNo,'') "
                        "|| ')' from StudentClassDivision a,StudentMaster b where a.StudentCode=b.StudentCode "
                        "and a.ClassCode=? and a.DivisionCode=? and ifnull(b.TCNo,'')='' and "
@@ -66,11 +58,11 @@ MarkRepository::Names MarkRepository::Students(const MarkScope& scope)
         scope.classCode, scope.divisionCode, scope.academicYearCode));
 }
 
-MarkRepository::Names MarkRepository::StudentsToMark(const MarkScope& scope, bool withRelieved)
+CodedTexts MarkRepository::StudentsToMark(const MarkScope& scope, bool withRelieved)
 {
     if (!withRelieved)
         return Students(scope);
-    return ReadNames(main_.Query(
+    return ReadCodedTexts(main_.Query(
         QStringLiteral("Select a.StudentCode,trim(b.StudentName) || '(' || ifnull(b.OptionalAdmissionNo,'') "
                        "|| ')' from StudentClassDivision a,StudentMaster b where a.StudentCode=b.StudentCode "
                        "and a.ClassCode=?1 and a.DivisionCode=?2 and a.AcademicYearCode=?3 and "

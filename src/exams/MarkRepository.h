@@ -1,10 +1,10 @@
 #pragma once
 
+#include "core/CodedTexts.h"
 #include "exams/MarkTypes.h"
 #include "store/Transaction.h"
 
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace tally {
@@ -13,24 +13,21 @@ namespace tally {
 class MarkRepository
 {
 public:
-    /// Codes with what stands for them on the screen.
-    using Names = std::vector<std::pair<int, QString>>;
-
     explicit MarkRepository(store::Connection& main) : main_(main) {}
 
     /// In their order, behind a blank one with the code 0; nothing at all without exams.
-    Names Exams();
+    CodedTexts Exams();
     /// In their order.
-    Names Classes();
-    Names Divisions(int classCode);
+    CodedTexts Classes();
+    CodedTexts Divisions(int classCode);
     /// The subjects that the class-division takes, by name.
-    Names Subjects(const MarkScope& scope);
+    CodedTexts Subjects(const MarkScope& scope);
     /// The students of the class-division who were not relieved, by name: "Asha(A12)".
-    Names Students(const MarkScope& scope);
+    CodedTexts Students(const MarkScope& scope);
 
     /// The rows of a subject, by name. With `withRelieved`, students come up who were relieved after they got
     /// a mark in this exam; those relieved before it never do.
-    Names StudentsToMark(const MarkScope& scope, bool withRelieved);
+    CodedTexts StudentsToMark(const MarkScope& scope, bool withRelieved);
     /// The rows of a student, in the order of the subjects.
     std::vector<MarkSubject> SubjectsToMark(const MarkScope& scope);
     /// None when the class-division does not take the subject.

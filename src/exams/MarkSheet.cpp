@@ -37,7 +37,7 @@ void MarkSheet::Clear()
     rows_.clear();
 }
 
-void MarkSheet::ListStudents(const Names& students)
+void MarkSheet::ListStudents(const CodedTexts& students)
 {
     rows_.clear();
     for (const auto& [code, name] : students)

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/CodedTexts.h"
 #include "exams/MarkTypes.h"
 
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace tally {
@@ -44,8 +44,6 @@ struct MarkStep
 class MarkSheet
 {
 public:
-    using Names = std::vector<std::pair<int, QString>>;
-
     MarkMode Mode() const { return mode_; }
     int RowCount() const { return static_cast<int>(rows_.size()); }
     bool HasRow(int row) const { return row >= 1 && row <= RowCount(); }
@@ -59,7 +57,7 @@ public:
     void Clear();
     void UseMode(MarkMode mode) { mode_ = mode; }
     /// A row per student, everybody present.
-    void ListStudents(const Names& students);
+    void ListStudents(const CodedTexts& students);
     /// A row per subject, nothing entered.
     void ListSubjects(const std::vector<MarkSubject>& subjects);
 

@@ -24,7 +24,7 @@ const QString BlankItem = QStringLiteral(" ");
 const QString ExamMaster = QStringLiteral("frmexamnamemaster");
 
 /// The names behind a blank item.
-void Fill(QComboBox* combo, const MarkRepository::Names& names)
+void Fill(QComboBox* combo, const CodedTexts& names)
 {
     combo->clear();
     combo->addItem(BlankItem, 0);

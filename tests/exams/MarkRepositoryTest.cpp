@@ -26,7 +26,7 @@ protected:
                             student);
     }
 
-    static std::string ToText(const MarkRepository::Names& names)
+    static std::string ToText(const CodedTexts& names)
     {
         QStringList texts;
         for (const auto& [code, name] : names)

@@ -13,7 +13,7 @@ const std::string AboveLimit = "Entered Mark Should Not Exceed Maximum Allowed M
 MarkSheet SubjectSheet(int students = 3)
 {
     MarkSheet sheet;
-    MarkSheet::Names names;
+    CodedTexts names;
     for (int code = 1; code <= students; ++code)
         names.emplace_back(code, QStringLiteral("Student %1").arg(code));
     sheet.ListStudents(names);
