@@ -14,7 +14,9 @@
 #include "store/StoreError.h"
 #include "ui_frmexammarkentry.h"
 
+#include <QApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -95,6 +97,7 @@ void frmexammarkentry::ConnectHandlers()
         combo->setProperty(EnterNeedsText, true);
     ui_->cboDivision->setProperty(TakesEnter, true);
     ui_->cboDivision->installEventFilter(this);
+    ui_->msgDetails->viewport()->installEventFilter(this);
 }
 
 void frmexammarkentry::Form_Load()
@@ -298,17 +301,44 @@ void frmexammarkentry::ShowAverage()
     ui_->txtaverageMark->setText(sheet_.Average());
 }
 
-void frmexammarkentry::wheelEvent(QWheelEvent* event)
+bool frmexammarkentry::eventFilter(QObject* receiver, QEvent* event)
 {
-    // A long list can be looked through while it may not be entered.
-    if (!ui_->fraMain->isEnabled())
-        QCoreApplication::sendEvent(ui_->msgDetails->verticalScrollBar(), event);
+    if (receiver == ui_->cboDivision && event->type() == QEvent::KeyPress)
+        return cboDivision_KeyPress(static_cast<QKeyEvent*>(event)->key());
+    if (receiver == ui_->msgDetails->viewport())
+        return event->type() == QEvent::Wheel && msgDetails_Wheel(static_cast<QWheelEvent*>(event));
+    if (receiver != ui_->cboDivision && event->type() == QEvent::MouseButtonPress)
+        cboPresentAbsent_MouseDown();
+    return false;
+}
+
+// A long class can be looked through while its marks may not be entered.
+
+bool frmexammarkentry::msgDetails_Wheel(const QWheelEvent* event)
+{
+    if (ui_->fraMain->isEnabled())
+        return false;
+    QScrollBar* bar = ui_->msgDetails->verticalScrollBar();
+    const int notches = event->angleDelta().y() / QWheelEvent::DefaultDeltasPerStep;
+    bar->setValue(bar->value() - notches * QApplication::wheelScrollLines() * bar->singleStep());
+    return true;
+}
+
+void frmexammarkentry::keyPressEvent(QKeyEvent* event)
+{
+    QScrollBar* bar = ui_->msgDetails->verticalScrollBar();
+    if (event->key() == Qt::Key_PageDown)
+        bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+    else if (event->key() == Qt::Key_PageUp)
+        bar->triggerAction(QAbstractSlider::SliderPageStepSub);
+    else
+        Screen::keyPressEvent(event);
 }
 
 QSize frmexammarkentry::sizeHint() const
 {
     // As much of a long class as most displays can show; a smaller one bounds it.
-    return {820, 720};
+    return {820, 900};
 }
 
 QString frmexammarkentry::ExitCaption() const

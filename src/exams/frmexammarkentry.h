@@ -32,7 +32,7 @@ protected:
     QString ExitCaption() const override;
     void Form_Activate(bool first) override;
     bool eventFilter(QObject* receiver, QEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void Form_Load();
@@ -48,6 +48,8 @@ private:
     void cmdAddExam_Click();
     void cboClass_Click();
     void cboDivision_Click();
+    /// True for a key that the list itself does not get.
+    bool cboDivision_KeyPress(int key);
     void Optsubject_Click();
     void Optstudent_Click();
     void List_Change();
@@ -59,8 +61,10 @@ private:
     void cmdCancel_Click();
 
     void msgDetails_Click(int row, int col);
+    bool msgDetails_Wheel(const QWheelEvent* event);
     void txtmarkobtained_Change(const QString& text);
     void txtmarkobtained_Enter();
+    void cboPresentAbsent_MouseDown();
     void cboPresentAbsent_Click();
     void cboPresentAbsent_Enter();
     void ShowEntryControl(MarkField field, int row);

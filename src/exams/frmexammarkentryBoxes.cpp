@@ -114,6 +114,12 @@ void frmexammarkentry::txtmarkobtained_Enter()
     Take(step);
 }
 
+void frmexammarkentry::cboPresentAbsent_MouseDown()
+{
+    if (cboPresentAbsent_->IsBlank())
+        Prompts::Information(QStringLiteral("Select Present/Absent"));
+}
+
 void frmexammarkentry::cboPresentAbsent_Click()
 {
     const int row = cboPresentAbsent_->Row();

@@ -1,7 +1,6 @@
 // What the marks are entered for: exam, class-division, and the subject or the student.
 
 #include "core/controls/FlexGrid.h"
-#include "core/controls/FloatingCombo.h"
 #include "core/modTallyboardForms.h"
 #include "core/Numbers.h"
 #include "core/Prompts.h"
@@ -11,8 +10,6 @@
 #include "exams/MarkEntryColumns.h"
 #include "exams/MarkEntryTexts.h"
 #include "ui_frmexammarkentry.h"
-
-#include <QKeyEvent>
 
 #include <utility>
 
@@ -223,16 +220,8 @@ bool frmexammarkentry::List_Validate()
     return true;
 }
 
-bool frmexammarkentry::eventFilter(QObject* receiver, QEvent* event)
+bool frmexammarkentry::cboDivision_KeyPress(int key)
 {
-    if (receiver != ui_->cboDivision) {
-        if (event->type() == QEvent::MouseButtonPress && cboPresentAbsent_->IsBlank())
-            Prompts::Information(QStringLiteral("Select Present/Absent"));
-        return Screen::eventFilter(receiver, event);
-    }
-    if (event->type() != QEvent::KeyPress)
-        return false;
-    const int key = static_cast<QKeyEvent*>(event)->key();
     if (key != Qt::Key_Return && key != Qt::Key_Enter)
         return false;
     if (Scope().divisionCode != 0) {

@@ -312,6 +312,33 @@ TEST_F(MarkLists, AStudentWithMarksIsAskedForInHisOwnWords)
     EXPECT_EQ(EnabledControls(), "Frame1 dbcStudent cmdEdit cmdDelete cmdCancel cmdExit");
 }
 
+TEST_F(MarkLists, ALongClassThatIsOnlyShownCanBeLookedThrough)
+{
+    for (int student = 0; student < 60; ++student)
+        school->AddStudent(1, QStringLiteral("Student %1").arg(student));
+    school->EnterMark(1, 1, 45);
+    ShowStoredSubject(QStringLiteral("English"));
+    const auto isSeen = [this](int row) {
+        return grid->viewport()->rect().intersects(grid->CellRect(row, 1));
+    };
+    ASSERT_TRUE(isSeen(1));
+    ASSERT_FALSE(isSeen(60));
+    for (int page = 0; page < 10; ++page)
+        PressKey(form, Qt::Key_PageDown);
+    EXPECT_TRUE(isSeen(60));
+    const QPointF middle = QRectF(grid->viewport()->rect()).center();
+    for (int notch = 0; notch < 60; ++notch) {
+        QWheelEvent up(middle, grid->viewport()->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton,
+                       Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(grid->viewport(), &up);
+    }
+    EXPECT_TRUE(isSeen(1));
+    PressKey(form, Qt::Key_PageDown);
+    EXPECT_FALSE(isSeen(1));
+    PressKey(form, Qt::Key_PageUp);
+    EXPECT_TRUE(isSeen(1));
+}
+
 TEST_F(MarkLists, LookingAtAnotherProgramIsNoLeaving)
 {
     GivenThreeStudents();
