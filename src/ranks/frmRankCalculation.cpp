@@ -304,6 +304,7 @@ void frmRankCalculation::cmdUpdate_Click()
         LoadGradeSummary(view);
     } catch (const store::StoreError& error) {
         ui_->Frame2->setEnabled(true);
+        ui_->cmdUpdate->setFocus();
         Prompts::Critical(error.Description());
         return;
     } catch (const DivisionError& error) {
@@ -312,6 +313,8 @@ void frmRankCalculation::cmdUpdate_Click()
     }
     for (QPushButton* button : {ui_->cmdSave, ui_->cmdExport, ui_->cmdTotalDetails})
         button->setEnabled(true);
+    // The keyboard was on a button that is closed now.
+    ui_->msgDisplayDetails->setFocus();
 }
 
 void frmRankCalculation::cmdCancel_Click()

@@ -37,6 +37,18 @@ TEST_F(RankListOutput, ProceedingFreezesTheSelectionAndShowsTheListByRank)
     EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Average")), QStringLiteral("55.00"));
 }
 
+TEST_F(RankListOutput, AfterProceedingTheKeyboardIsAtTheListAndALetterReachesEachButton)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    QWidget* focused = QApplication::focusWidget();
+    ASSERT_NE(focused, nullptr);
+    EXPECT_TRUE(form->isAncestorOf(focused) && focused->isEnabled()) << focused->objectName().toStdString();
+    EXPECT_FALSE(Find<QGroupBox>(form, "Frame2")->isAncestorOf(focused));
+    prompts.ExpectInformation(QStringLiteral("Record Saved"));
+    QTest::keyClick(focused, Qt::Key_S, Qt::AltModifier);
+}
+
 TEST_F(RankListOutput, AFailedMarkIsPaintedAndUnrankedButGradedAndAnAbsenceHasNeitherRankNorGrade)
 {
     GivenFiveStudents();

@@ -5,9 +5,12 @@
 #include <QApplication>
 #include <QFile>
 #include <QHeaderView>
+#include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QStyleFactory>
+#include <QStyleOption>
 #include <QTableView>
 
 #include <array>
@@ -81,6 +84,33 @@ QString StyleSheetOf(const Shades& shades)
         .arg(QColor(shades.accent).name(), QColor(shades.line).name());
 }
 
+/// Fusion draws the outline of tick boxes and options darker than the window, where on a dark one nobody sees
+/// it.
+class DarkStyle : public QProxyStyle
+{
+public:
+    DarkStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
+        if (!box && element != PE_IndicatorRadioButton)
+            return;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QColor(Dark.faint));
+        painter->setBrush(Qt::NoBrush);
+        const QRectF outline = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        if (box)
+            painter->drawRect(outline);
+        else
+            painter->drawEllipse(outline);
+        painter->restore();
+    }
+};
+
 struct ButtonIcon
 {
     const char* button;
@@ -111,7 +141,7 @@ void ApplyLook(QApplication& application)
 void ApplyLook(QApplication& application, bool dark)
 {
     const Shades& shades = dark ? Dark : Light;
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(dark ? new DarkStyle : QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(PaletteOf(shades));
     application.setStyleSheet(StyleSheetOf(shades));
 }
