@@ -196,7 +196,7 @@ void frmexammarkentry::EmptyList()
 
 bool frmexammarkentry::List_Validate()
 {
-    if (IsUnloaded() || !ui_->fraMain->isEnabled() || !Scope().IsComplete() || List()->IsBlank())
+    if (!ui_->fraMain->isEnabled() || !Scope().IsComplete() || List()->IsBlank())
         return true;
     if (!MarksExist_) {
         ShowEntryControl(MarkField::Mark, 1);

@@ -113,6 +113,17 @@ TEST_F(MarkKeys, AClassIsEnteredWithOneKeyBesidesTheDigitsOfEachMarkAndNoStateme
     EXPECT_EQ(Count("SELECT sum(Mark) FROM MarkMaster"), 40 * 29 + 20);
 }
 
+TEST_F(MarkKeys, TabLeadsFromTheSubjectToTheFirstMarkToo)
+{
+    OpenForm();
+    Press(Button("cmdNew"));
+    ChooseClassDivision();
+    Choose(subjects, QStringLiteral("English"));
+    PressKey(form, Qt::Key_Tab);
+    EXPECT_EQ(Focus(), "txtmarkobtained");
+    EXPECT_EQ(mark->Row(), 1);
+}
+
 TEST_F(MarkKeys, TheAverageFollowsEveryKey)
 {
     StartSubject(QStringLiteral("English"));

@@ -1,0 +1,122 @@
+#include "core/controls/DataCombo.h"
+#include "core/controls/FlexGrid.h"
+#include "core/controls/FloatingCombo.h"
+#include "core/controls/FloatingEditor.h"
+#include "support/ScreenFixture.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tally::test {
+namespace {
+
+/// A form with a list, a grid of fifty rows with both kinds of boxes over it, and a button.
+class FloatingBoxes : public ScreenFixture
+{
+protected:
+    void SetUp() override
+    {
+        ScreenFixture::SetUp();
+        auto* rows = new QVBoxLayout(form);
+        for (QWidget* widget : std::initializer_list<QWidget*>{list, grid, button})
+            rows->addWidget(widget);
+        list->SetList({{1, QStringLiteral("One")}, {2, QStringLiteral("Two")}});
+        grid->SetCols(3);
+        grid->SetRows(51);
+        grid->SetTextMatrix(2, 1, QStringLiteral(" Absent "));
+        combo->addItems({QStringLiteral("Present"), QStringLiteral("Absent")});
+        form->resize(500, 300);
+        form->show();
+        QApplication::setActiveWindow(form);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+        list->setFocus();
+    }
+
+    /// The fixture deletes all windows that a test leaves.
+    QWidget* form = new QWidget;
+    DataCombo* list = new DataCombo(form);
+    FlexGrid* grid = new FlexGrid(form);
+    FloatingEditor* editor = new FloatingEditor(grid);
+    FloatingCombo* combo = new FloatingCombo(grid);
+    QPushButton* button = new QPushButton(form);
+};
+
+TEST_F(FloatingBoxes, AListOpensOverItsCellWithTheTrimmedTextSelected)
+{
+    EXPECT_FALSE(combo->isVisible());
+    combo->OpenAt(2, 1);
+    EXPECT_TRUE(combo->hasFocus());
+    EXPECT_EQ(combo->geometry(), grid->CellRect(2, 1));
+    EXPECT_EQ(combo->currentText().toStdString(), "Absent");
+    EXPECT_EQ(combo->currentIndex(), 1);
+    EXPECT_EQ(combo->lineEdit()->selectedText().toStdString(), "Absent");
+    combo->OpenAt(3, 1);
+    EXPECT_TRUE(combo->IsBlank()) << "an empty cell opens an empty list";
+    combo->Close();
+    EXPECT_FALSE(combo->isVisible());
+    EXPECT_EQ(combo->Row(), 3);
+}
+
+TEST_F(FloatingBoxes, BoxesFollowTheirCellsWhenTheGridScrollsOrAColumnGrows)
+{
+    editor->OpenAt(50, 2);
+    EXPECT_EQ(editor->geometry(), grid->CellRect(50, 2)) << "the cell was scrolled into sight";
+    combo->OpenAt(1, 1);
+    EXPECT_EQ(combo->geometry(), grid->CellRect(1, 1));
+    EXPECT_EQ(editor->geometry(), grid->CellRect(50, 2));
+    grid->SetColWidth(1, 170);
+    EXPECT_EQ(combo->width(), grid->CellRect(1, 1).width());
+}
+
+TEST_F(FloatingBoxes, EnterOfAListIsTheScreensToAnswer)
+{
+    int enters = 0;
+    QObject::connect(combo, &FloatingCombo::EnterPressed, combo, [&enters] { ++enters; });
+    combo->OpenAt(2, 1);
+    QTest::keyClick(combo, Qt::Key_Return);
+    QTest::keyClick(combo, Qt::Key_Enter);
+    EXPECT_EQ(enters, 2);
+    EXPECT_TRUE(combo->hasFocus());
+}
+
+TEST_F(FloatingBoxes, AListIsAskedOnceForEachLeavingAndKeepsTheFocusOnARefusal)
+{
+    int asked = 0;
+    int clicks = 0;
+    bool mayLeave = false;
+    list->SetValidate([&] {
+        ++asked;
+        return mayLeave;
+    });
+    QObject::connect(button, &QPushButton::clicked, button, [&clicks] { ++clicks; });
+    Press(button);
+    Settle();
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(clicks, 0) << "the click that took the focus has no effect";
+    EXPECT_TRUE(list->hasFocus());
+    mayLeave = true;
+    Press(button);
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_TRUE(button->hasFocus());
+}
+
+TEST_F(FloatingBoxes, AnotherWindowInFrontIsNoLeaving)
+{
+    int asked = 0;
+    list->SetValidate([&asked] {
+        ++asked;
+        return true;
+    });
+    auto* other = new QLineEdit;
+    other->show();
+    QApplication::setActiveWindow(other);
+    other->setFocus();
+    Settle();
+    EXPECT_EQ(asked, 0);
+}
+
+} // namespace
+} // namespace tally::test
