@@ -45,7 +45,7 @@ struct CellStyle
     int decimals = 0;    ///< shown behind the point of a number
     int points = 0;      ///< size of the letters; 0: the standard size
 
-    auto operator<=>(const CellStyle&) const = default;
+    auto operator<=>(const CellStyle&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
 /// How the sheet comes out of the printer, on A4.

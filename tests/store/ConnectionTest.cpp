@@ -104,7 +104,8 @@ TEST(Connection, FileThatLostItsLastPagesIsReportedAsDamaged)
             connection.Execute(
                 QStringLiteral("CREATE TABLE Filler%1 (%2 TEXT)").arg(i).arg(QString(200, u'x')));
     }
-    const QByteArray start = files.Bytes().first(4096 * 2);
+    constexpr qsizetype TwoPages = 8192;
+    const QByteArray start = files.Bytes().first(TwoPages);
     files.Write(start);
     const auto error = ErrorOf([&] { Connection(files.Path(), Password); });
     ASSERT_TRUE(error);

@@ -13,7 +13,6 @@ namespace tally::test {
 using namespace std::chrono_literals;
 using store::Connection;
 using store::ErrorKind;
-using store::StoreError;
 using store::Transaction;
 
 namespace {

@@ -19,14 +19,13 @@ protected:
             "SalutationMaster VALUES (1, 'Mr.', 1)",
             "ExamMaster VALUES (1, 'Annual', 1, 1), (2, 'Quarterly', 2, 1)",
             "SubjectMaster VALUES (1, 'English', 'Eng', 1)",
-            "TeacherMaster (TeacherCode, SalutationCode, TeacherShortName, CityCode, BloodGroupCode)"
-            " VALUES (1, 1, 'AMA', 1, 1)",
+            ("TeacherMaster (TeacherCode, SalutationCode, TeacherShortName, CityCode, BloodGroupCode)"
+             " VALUES (1, 1, 'AMA', 1, 1)"),
             "ClassDivisionMaster VALUES (1, 'X', 2, 1, 1)",
             "ClassDivisionDetails VALUES (1, 'A', 1), (1, 'B', 2)",
             "AcademicYearSetup VALUES (1, 2025, 2026, '2025-06-01', '2026-05-31', 'Y', 'N', 1)",
-            "StudentMaster (StudentCode, AdmissionNo, OptionalAdmissionNo, AcademicYearCode, CityCode, "
-            "BloodGroupCode)"
-            " VALUES (1, 1, '1', 1, 2, 2)",
+            ("StudentMaster (StudentCode, AdmissionNo, OptionalAdmissionNo, AcademicYearCode, CityCode, "
+             "BloodGroupCode) VALUES (1, 1, '1', 1, 2, 2)"),
             "SchoolMaster VALUES ('Silver Oak', '14, Lake Road', '', 3, '682001', 'JUN', 1)",
             "StudentClassDivision VALUES (1, 1, 1, 1, 'Y', 1)",
             "MarkMaster VALUES (1, 1, 1, 1, 1, 1, 50, 'P', 1, 1)",
