@@ -10,11 +10,12 @@ inline const QString NoStudents =
 inline const QString NoSubjects =
     QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For The Selected Class-Division");
 
-/// Asks for the choice without which there is nothing to enter a mark for.
-inline QString NothingChosen(MarkMode mode)
+/// Two clients entered the first marks at once, and the other one was faster.
+inline QString EnteredMeanwhile(MarkMode mode)
 {
-    return mode == MarkMode::Student ? QStringLiteral("Select Student Name")
-                                     : QStringLiteral("Select Subject Name");
+    return QStringLiteral(
+               "Marks Of This %1 Were Entered By Another User Meanwhile.\nYou Cannot Save This Data.")
+        .arg(mode == MarkMode::Student ? QStringLiteral("Student") : QStringLiteral("Subject"));
 }
 
 } // namespace tally

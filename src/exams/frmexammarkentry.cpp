@@ -77,6 +77,7 @@ void frmexammarkentry::ConnectHandlers()
 {
     using Form = frmexammarkentry;
     connect(ui_->cmdAddExam, &QPushButton::clicked, this, &Form::cmdAddExam_Click);
+    connect(ui_->dbcExam, &DataCombo::Chosen, this, &Form::dbcExam_Change);
     connect(ui_->cboClass, &QComboBox::activated, this, &Form::cboClass_Click);
     connect(ui_->cboDivision, &QComboBox::activated, this, &Form::cboDivision_Click);
     connect(ui_->Optsubject, &QRadioButton::clicked, this, &Form::Optsubject_Click);
@@ -148,7 +149,7 @@ void frmexammarkentry::cmdNew_Click()
 
 void frmexammarkentry::cmdEdit_Click()
 {
-    if (!MayUse(QLatin1Char('E')))
+    if (!MayUse(QLatin1Char('E')) || !IsChosen())
         return;
     EditMode_ = true;
     if (sheet_.Mode() == MarkMode::Subject) {
@@ -165,7 +166,7 @@ void frmexammarkentry::cmdEdit_Click()
 
 void frmexammarkentry::cmdDelete_Click()
 {
-    if (!MayUse(QLatin1Char('X')) ||
+    if (!MayUse(QLatin1Char('X')) || !IsChosen() ||
         !Prompts::Ask(QStringLiteral("Do You Want To Delete This 'Classwise Mark Entry' ?")))
         return;
     const bool deleted = Write(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
@@ -185,8 +186,8 @@ bool frmexammarkentry::IsReady()
         return Refuse(QStringLiteral("Select Class"), ui_->cboClass);
     if (ChosenCode(ui_->cboDivision) == 0)
         return Refuse(QStringLiteral("Select Division"), ui_->cboDivision);
-    if (List()->IsBlank())
-        return Refuse(NothingChosen(sheet_.Mode()), List());
+    if (!IsChosen())
+        return false;
     bool students = false;
     bool subjects = false;
     const bool known = Read([&] {
@@ -223,9 +224,11 @@ void frmexammarkentry::cmdSave_Click()
         MarkRepository::Insert(transaction, Scope(), sheet_.Records(chosen), Session().gintUserCode);
         transaction.Commit();
     } catch (const store::StoreError& error) {
-        // Another client's save is over in a moment, so what was typed stays for a second try.
-        Prompts::Critical(TextOf(error, Conflict::MasterIsGone));
-        if (error.IsConflict())
+        // What was typed stays, for a second try or to be compared with what another client has entered. Only
+        // where its student or subject has gone there is no use for it.
+        Prompts::Critical(error.IsDuplicate() ? EnteredMeanwhile(sheet_.Mode())
+                                              : TextOf(error, Conflict::MasterIsGone));
+        if (error.IsConflict() && !error.IsDuplicate())
             cmdCancel_Click();
         return;
     }

@@ -46,6 +46,7 @@ private:
     void LoadSubject();
     void LoadStudent();
     void cmdAddExam_Click();
+    void dbcExam_Change();
     void cboClass_Click();
     void cboDivision_Click();
     /// True for a key that the list itself does not get.
@@ -84,6 +85,8 @@ private:
     void ResetGrid();
     void ShowRow(int row);
     void ShowRows();
+    /// A subject or a student is chosen in the list. Asks for it where none is.
+    bool IsChosen();
     /// Everything that a save asks for is there. Says what is missing and takes the user to it.
     bool IsReady();
 

@@ -77,10 +77,8 @@ void frmexammarkentry::msgDetails_Click(int row, int col)
     if (!ui_->cmdSave->isEnabled())
         return;
     HideEntryControls();
-    if (List()->IsBlank()) {
-        Refuse(NothingChosen(sheet_.Mode()), List());
+    if (!IsChosen())
         return;
-    }
     if (col == MarkObtainedCol)
         ShowEntryControl(MarkField::Mark, row);
     else if (col == PresentAbsentCol)

@@ -81,6 +81,16 @@ void frmexammarkentry::Form_Activate(bool)
     ui_->dbcExam->setFocus();
 }
 
+void frmexammarkentry::dbcExam_Change()
+{
+    // What is on the screen belongs to the exam before.
+    ResetGrid();
+    if (sheet_.Mode() == MarkMode::Subject)
+        Optsubject_Click();
+    else
+        Optstudent_Click();
+}
+
 void frmexammarkentry::cboClass_Click()
 {
     ResetGrid();
@@ -185,6 +195,13 @@ void frmexammarkentry::List_Change()
         MarksExist_ = !stored.empty();
         ShowRows();
     });
+}
+
+bool frmexammarkentry::IsChosen()
+{
+    const QString request = sheet_.Mode() == MarkMode::Subject ? QStringLiteral("Select Subject Name")
+                                                               : QStringLiteral("Select Student Name");
+    return !List()->IsBlank() || Refuse(request, List());
 }
 
 void frmexammarkentry::EmptyList()

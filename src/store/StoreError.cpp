@@ -70,4 +70,9 @@ bool StoreError::IsLocked() const
     return primary == SQLITE_BUSY || primary == SQLITE_LOCKED;
 }
 
+bool StoreError::IsDuplicate() const
+{
+    return engineCode_ == SQLITE_CONSTRAINT_PRIMARYKEY || engineCode_ == SQLITE_CONSTRAINT_UNIQUE;
+}
+
 } // namespace tally::store

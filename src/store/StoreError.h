@@ -36,6 +36,9 @@ public:
     /// True when another client held the file for longer than the waiting time. Trying again later may
     /// succeed.
     bool IsLocked() const;
+    /// True when a row with the same key is stored already, another client's mostly: a conflict of its own
+    /// kind.
+    bool IsDuplicate() const;
     /// True when the change contradicts rows that others have stored or deleted: trying again will not help.
     bool IsConflict() const { return kind_ == ErrorKind::GeneralFailure && !IsLocked(); }
 

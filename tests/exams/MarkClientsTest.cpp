@@ -103,7 +103,8 @@ TEST_F(MarkClients, OfTwoFirstEntriesOfASubjectTheFirstIsStoredAndTheOtherIsTold
     LetBothType(first, "enter English 10", second, "enter English 20");
     const std::string firstSays = first.Says();
     const std::string secondSays = second.Says();
-    const std::string refusal = "Selected Master Data Is Deleted. You Cannot Save This Data.";
+    const std::string refusal =
+        "Marks Of This Subject Were Entered By Another User Meanwhile. You Cannot Save This Data.";
     if (firstSays == "Record Saved") {
         EXPECT_EQ(secondSays, refusal);
         EXPECT_EQ(MarksOf(1), "60 of 10 to 10");

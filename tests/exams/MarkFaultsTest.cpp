@@ -117,8 +117,23 @@ TEST_F(MarkFaults, TheSecondFirstEntryOfASubjectIsToldAndTheFirstOneStays)
 {
     EnterEnglish();
     Other("INSERT INTO MarkMaster VALUES (1, 2, 1, 1, 1, 1, 20, 'P', 7, 6)");
-    IsToldThatTheMasterIsGone();
+    prompts.ExpectCritical(QStringLiteral(
+        "Marks Of This Subject Were Entered By Another User Meanwhile.\nYou Cannot Save This Data."));
+    PressKey(form, Qt::Key_Return);
+    KeepsEverythingTyped();
     EXPECT_EQ(Stored(), "2 1 20 P 7 6");
+}
+
+TEST_F(MarkFaults, AStudentWhoGotAMarkMeanwhileIsToldAsTheStudent)
+{
+    StartStudent(QStringLiteral("Asha(A1)"));
+    Enter("60");
+    Enter("45");
+    Other("INSERT INTO MarkMaster VALUES (1, 1, 1, 1, 1, 1, 20, 'P', 7, 6)");
+    prompts.ExpectCritical(QStringLiteral(
+        "Marks Of This Student Were Entered By Another User Meanwhile.\nYou Cannot Save This Data."));
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Stored(), "1 1 20 P 7 6");
 }
 
 TEST_F(MarkFaults, MarksOfAnotherSubjectSavedMeanwhileStay)

@@ -180,6 +180,53 @@ TEST_F(MarkLists, AnotherClassEmptiesEverythingBelowIt)
     EXPECT_EQ(Average(), "");
 }
 
+TEST_F(MarkLists, AnotherExamStartsWithoutChoiceAndWithItsOwnStudents)
+{
+    GivenThreeStudents();
+    GivenRelieved(3);
+    Given("INSERT INTO ExamMaster VALUES (2, 'Term Two', 2, 1)");
+    school->EnterMark(1, 1, 45);
+    school->EnterMark(3, 1, 35);
+    ShowStoredSubject(QStringLiteral("English"));
+    EXPECT_EQ(Rows(), "1|Asha(A1)|45|Present 2|Binu(A2)||Present 3|Cara(A3)|35|Present |||");
+    Choose(exam, QStringLiteral("Term Two"));
+    EXPECT_TRUE(subjects->IsBlank());
+    EXPECT_EQ(Entries(subjects), "English|Maths");
+    EXPECT_EQ(Rows(), "1|Asha(A1)||Present 2|Binu(A2)||Present |||");
+    EXPECT_EQ(Average(), "");
+}
+
+TEST_F(MarkLists, AnotherExamListsTheSubjectsOfAStudentAgain)
+{
+    GivenThreeStudents();
+    Given("INSERT INTO ExamMaster VALUES (2, 'Term Two', 2, 1)");
+    OpenForm();
+    ChooseClassDivision();
+    Press(byStudent);
+    Choose(students, QStringLiteral("Asha(A1)"));
+    Choose(exam, QStringLiteral("Term Two"));
+    EXPECT_TRUE(byStudent->isChecked());
+    EXPECT_TRUE(students->IsBlank());
+    EXPECT_EQ(Rows(), "1|Maths|| 2|English|| |||");
+}
+
+TEST_F(MarkLists, WithoutASubjectThereIsNothingToEditOrDelete)
+{
+    GivenThreeStudents();
+    Given("INSERT INTO ExamMaster VALUES (2, 'Term Two', 2, 1)");
+    school->EnterMark(1, 1, 45);
+    ShowStoredSubject(QStringLiteral("English"));
+    Choose(exam, QStringLiteral("Term Two"));
+    for (const char* button : {"cmdEdit", "cmdDelete"}) {
+        prompts.ExpectInformation(QStringLiteral("Select Subject Name"));
+        Press(Button(button));
+        prompts.Verify();
+        EXPECT_EQ(Focus(), "dbcSubject") << button;
+    }
+    EXPECT_EQ(EnabledControls(), Found);
+    EXPECT_EQ(Stored(), "1 1 45 P 0 0");
+}
+
 TEST_F(MarkLists, EmptyingTheDivisionClearsBothLists)
 {
     GivenThreeStudents();
