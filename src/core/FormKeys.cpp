@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -16,11 +17,26 @@ namespace tally {
 
 namespace {
 
-/// Drops typed characters that the field does not take.
+/// Enter passes the filters as a key, but a pasted line break is no part of a text of one line.
+bool IsBreak(QChar letter)
+{
+    return letter < QLatin1Char(' ') || letter == QChar::LineSeparator || letter == QChar::ParagraphSeparator;
+}
+
+QString Cleaned(QString text, KeyFilter filter)
+{
+    text.erase(std::remove_if(text.begin(), text.end(),
+                              [filter](QChar c) { return IsBreak(c) || filter(c.unicode()) == 0; }),
+               text.end());
+    return text;
+}
+
+/// Drops typed characters that the field does not take, and cleans what is pasted by keys before the field
+/// cuts it to its length.
 class TypedKeys : public QObject
 {
 public:
-    TypedKeys(QLineEdit* field, KeyFilter filter) : QObject(field), filter_(filter)
+    TypedKeys(QLineEdit* field, KeyFilter filter) : QObject(field), field_(field), filter_(filter)
     {
         field->installEventFilter(this);
     }
@@ -30,6 +46,10 @@ protected:
     {
         if (event->type() == QEvent::KeyPress) {
             const auto* key = static_cast<QKeyEvent*>(event);
+            if (key->matches(QKeySequence::Paste)) {
+                field_->insert(Cleaned(QApplication::clipboard()->text(), filter_));
+                return true;
+            }
             const QString text = key->text();
             // A key with Ctrl is a command, such as to select all, and no letter; with Alt as well it is
             // AltGr.
@@ -42,18 +62,13 @@ protected:
     }
 
 private:
+    QLineEdit* field_;
     KeyFilter filter_;
 };
 
 bool IsEnter(int key)
 {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
-}
-
-/// Enter passes the filters as a key, but a pasted line break is no part of a text of one line.
-bool IsBreak(QChar letter)
-{
-    return letter < QLatin1Char(' ') || letter == QChar::LineSeparator || letter == QChar::ParagraphSeparator;
 }
 
 bool IsMnemonicOf(const QString& text, const QKeyEvent* key)
@@ -110,7 +125,9 @@ bool FormKeys::eventFilter(QObject* receiver, QEvent* event)
     const auto* key = static_cast<QKeyEvent*>(event);
     if (QWidget* target = MnemonicTarget(form_, key)) {
         target->setFocus(Qt::ShortcutFocusReason);
-        if (auto* button = qobject_cast<QAbstractButton*>(target))
+        // The field before may have kept the focus, or led it elsewhere; then the button was not reached.
+        auto* button = qobject_cast<QAbstractButton*>(target);
+        if (button && form_->focusWidget() == button)
             button->click();
         return true;
     }
@@ -141,10 +158,7 @@ void TakeOnly(QLineEdit* field, KeyFilter filter, int maxLength)
     field->setMaxLength(maxLength);
     new TypedKeys(field, filter);
     QObject::connect(field, &QLineEdit::textEdited, field, [field, filter](const QString& text) {
-        QString kept = text;
-        kept.erase(std::remove_if(kept.begin(), kept.end(),
-                                  [filter](QChar c) { return IsBreak(c) || filter(c.unicode()) == 0; }),
-                   kept.end());
+        const QString kept = Cleaned(text, filter);
         if (kept == text)
             return;
         const auto dropped = text.size() - kept.size();

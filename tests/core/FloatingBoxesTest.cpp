@@ -4,10 +4,12 @@
 #include "core/controls/FloatingEditor.h"
 #include "support/ScreenFixture.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 namespace tally::test {
 namespace {
@@ -101,6 +103,51 @@ TEST_F(FloatingBoxes, AListIsAskedOnceForEachLeavingAndKeepsTheFocusOnARefusal)
     EXPECT_EQ(asked, 2);
     EXPECT_EQ(clicks, 1);
     EXPECT_TRUE(button->hasFocus());
+}
+
+TEST_F(FloatingBoxes, ARefusalHasTheFocusBackBeforeAnythingElseHappens)
+{
+    list->SetValidate([] { return false; });
+    button->setFocus();
+    EXPECT_TRUE(list->hasFocus());
+}
+
+TEST_F(FloatingBoxes, OnlyAnotherEntryOfAListIsAChoice)
+{
+    int chosen = 0;
+    QObject::connect(list, &DataCombo::Chosen, list, [&chosen] { ++chosen; });
+    const auto chooseInPopup = [this](std::initializer_list<Qt::Key> keys) {
+        list->showPopup();
+        for (const Qt::Key key : keys)
+            QTest::keyClick(list->view(), key);
+        Settle();
+    };
+    list->SetBoundCode(1);
+    chooseInPopup({Qt::Key_Return});
+    EXPECT_EQ(list->BoundCode(), 1);
+    EXPECT_EQ(chosen, 0) << "the same entry again";
+    chooseInPopup({Qt::Key_Down, Qt::Key_Return});
+    EXPECT_EQ(list->BoundCode(), 2);
+    EXPECT_EQ(chosen, 1);
+    chooseInPopup({Qt::Key_Return});
+    EXPECT_EQ(chosen, 1);
+}
+
+TEST_F(FloatingBoxes, TheWheelOverAClosedListChangesNothing)
+{
+    int chosen = 0;
+    QObject::connect(list, &DataCombo::Chosen, list, [&chosen] { ++chosen; });
+    list->SetBoundCode(1);
+    for (QWidget* focused : {static_cast<QWidget*>(list), static_cast<QWidget*>(button)}) {
+        focused->setFocus();
+        const QPointF middle = list->rect().center();
+        QWheelEvent notch(middle, list->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(list, &notch);
+        EXPECT_EQ(list->BoundCode(), 1);
+        EXPECT_TRUE(focused->hasFocus());
+    }
+    EXPECT_EQ(chosen, 0);
 }
 
 TEST_F(FloatingBoxes, AnotherWindowInFrontIsNoLeaving)

@@ -1,5 +1,6 @@
 #include "core/FormKeys.h"
 
+#include "core/controls/DataCombo.h"
 #include "core/SessionContext.h"
 #include "support/ScreenFixture.h"
 
@@ -117,6 +118,40 @@ TEST_F(FormKeysTest, AnEnterThatAControlKeepsUnusedIsNoTabOfTheFrameAroundIt)
     first->setFocus();
     PressKey(form, Qt::Key_Return);
     EXPECT_TRUE(first->hasFocus());
+}
+
+TEST_F(FormKeysTest, APastedTextIsCleanedBeforeItIsCutToTheField)
+{
+    TakeOnly(first, KeyNumericDecimal, 5);
+    QApplication::clipboard()->setText(QStringLiteral("Mark: 12.75"));
+    PressKey(form, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(first->text().toStdString(), "12.75");
+}
+
+TEST_F(FormKeysTest, ALetterPressesNoButtonThatTheFocusDidNotReach)
+{
+    auto* list = new DataCombo(form);
+    form->layout()->addWidget(list);
+    list->show();
+    list->setFocus();
+    bool mayLeave = false;
+    list->SetValidate([&mayLeave] { return mayLeave; });
+    int clicks = 0;
+    button->setText(QStringLiteral("&Cancel"));
+    QObject::connect(button, &QPushButton::clicked, button, [&clicks] { ++clicks; });
+    PressKey(form, Qt::Key_C, Qt::AltModifier);
+    EXPECT_EQ(clicks, 0) << "the list kept the focus";
+    mayLeave = true;
+    PressKey(form, Qt::Key_C, Qt::AltModifier);
+    EXPECT_EQ(clicks, 1);
+    list->SetValidate([this] {
+        second->setFocus();
+        return true;
+    });
+    list->setFocus();
+    PressKey(form, Qt::Key_C, Qt::AltModifier);
+    EXPECT_EQ(clicks, 1) << "leaving the list led elsewhere";
+    EXPECT_TRUE(second->hasFocus());
 }
 
 TEST_F(FormKeysTest, BackspaceStillWorksInAFilteredField)

@@ -2,13 +2,18 @@
 
 #include <QSignalBlocker>
 
-#include <algorithm>
+#include <utility>
 
 namespace tally {
 
 DataCombo::DataCombo(QWidget* parent) : QComboBox(parent)
 {
-    connect(this, &QComboBox::activated, this, &DataCombo::Chosen);
+    connect(this, &QComboBox::currentIndexChanged, this, [this] { changed_ = true; });
+    connect(this, &QComboBox::activated, this, [this] {
+        // A text typed over an entry is left for the entry, so there the same one is a choice as well.
+        if (std::exchange(changed_, false) || isEditable())
+            Q_EMIT Chosen();
+    });
 }
 
 void DataCombo::SetList(const Entries& entries)
@@ -42,6 +47,7 @@ void DataCombo::Choose(int index)
 {
     const QSignalBlocker quiet(this);
     setCurrentIndex(index);
+    changed_ = false;
     update();
 }
 

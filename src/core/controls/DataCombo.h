@@ -37,7 +37,7 @@ public:
     void SetValidate(std::function<bool()> validate) { guard_.SetValidate(std::move(validate)); }
 
 Q_SIGNALS:
-    /// The user chose an entry, with the mouse or the keys.
+    /// The user chose another entry than the one before, with the mouse or the keys.
     void Chosen();
 
 protected:
@@ -49,6 +49,7 @@ private:
     void Choose(int index);
 
     LeaveGuard guard_{this};
+    bool changed_ = false; ///< the entry is another one since the last choice
 };
 
 } // namespace tally

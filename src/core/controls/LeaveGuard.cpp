@@ -50,6 +50,7 @@ bool LeaveGuard::IsWithinForm() const
 void LeaveGuard::KeepFocus()
 {
     keepsFocus_ = true;
+    control_->setFocus();
     // The click that was to take the focus away must not act on what it hits.
     qApp->installEventFilter(this);
     QTimer::singleShot(0, this, [this] {

@@ -3,13 +3,13 @@
 #include "core/controls/PlainDelegate.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFile>
 #include <QHeaderView>
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QPushButton>
-#include <QStyleFactory>
 #include <QStyleOption>
 #include <QTableView>
 
@@ -84,19 +84,35 @@ QString StyleSheetOf(const Shades& shades)
         .arg(QColor(shades.accent).name(), QColor(shades.line).name());
 }
 
-/// Fusion draws the outline of tick boxes and options darker than the window, where on a dark one nobody sees
-/// it.
-class DarkStyle : public QProxyStyle
+/// Fusion, with what a clerk at a list of marks needs changed.
+class LookStyle : public QProxyStyle
 {
 public:
-    DarkStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+    explicit LookStyle(bool dark) : QProxyStyle(QStringLiteral("Fusion")), dark_(dark) {}
 
+    /// The wheel is for looking through lists. Over a closed one it must not choose unseen, nor take the
+    /// focus.
+    void polish(QWidget* widget) override
+    {
+        QProxyStyle::polish(widget);
+        if (qobject_cast<QComboBox*>(widget) && widget->focusPolicy() == Qt::WheelFocus)
+            widget->setFocusPolicy(Qt::StrongFocus);
+    }
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override
+    {
+        return hint == SH_ComboBox_AllowWheelScrolling ? 0
+                                                       : QProxyStyle::styleHint(hint, option, widget, result);
+    }
+
+    /// Fusion draws the outline of tick boxes and options darker than the window, where on a dark one nobody
+    /// sees it.
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override
     {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
-        if (!box && element != PE_IndicatorRadioButton)
+        if (!dark_ || (!box && element != PE_IndicatorRadioButton))
             return;
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
@@ -109,6 +125,9 @@ public:
             painter->drawEllipse(outline);
         painter->restore();
     }
+
+private:
+    bool dark_;
 };
 
 struct ButtonIcon
@@ -141,7 +160,7 @@ void ApplyLook(QApplication& application)
 void ApplyLook(QApplication& application, bool dark)
 {
     const Shades& shades = dark ? Dark : Light;
-    QApplication::setStyle(dark ? new DarkStyle : QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new LookStyle(dark));
     QApplication::setPalette(PaletteOf(shades));
     application.setStyleSheet(StyleSheetOf(shades));
 }
