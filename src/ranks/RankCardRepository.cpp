@@ -1,8 +1,8 @@
 #include "ranks/RankCardRepository.h"
 
-#include <QHash>
+#include "ranks/CodesQuery.h"
 
-#include <algorithm>
+#include <QHash>
 
 namespace tally {
 
@@ -15,28 +15,16 @@ std::optional<double> Value(const store::Statement& row, int column)
 
 } // namespace
 
-std::vector<RankDivision> RankCardRepository::LoadDivisions(int classCode)
-{
-    std::vector<RankDivision> divisions;
-    store::Statement rows =
-        main_.Query(QStringLiteral("Select DivisionCode,DivisionName from ClassDivisionDetails where "
-                                   "ClassCode=? order by DivisionCode"),
-                    classCode);
-    while (rows.Next())
-        divisions.push_back({rows.Int(0), rows.Text(1)});
-    return divisions;
-}
-
 StudentListInput RankCardRepository::LoadStudentList(const RankCardScope& scope)
 {
     StudentListInput input;
     store::Statement students = main_.Query(
-        QStringLiteral("Select a.StudentCode,a.StudentName,a.OptionalAdmissionNo from StudentMaster a "
-                       "inner join StudentClassDivision b on a.StudentCode=b.StudentCode where b.ClassCode=? "
+        QStringLiteral("Select a.StudentCode,a.StudentName from StudentMaster a inner join "
+                       " StudentClassDivision b on a.StudentCode=b.StudentCode where b.ClassCode=? "
                        "and b.DivisionCode=? and b.AcademicYearCode=? order by a.StudentName,a.StudentCode"),
         scope.classCode, scope.divisionCode, scope.academicYearCode);
     while (students.Next())
-        input.students.push_back({students.Int(0), students.Text(1), students.Text(2)});
+        input.students.push_back({students.Int(0), students.Text(1)});
 
     input.subjectCount = static_cast<int>(main_.Number(
         QStringLiteral("Select Count(*) from ClassSubjectTeacher where ClassCode=? and DivisionCode=? and "
@@ -62,8 +50,8 @@ RankCardInput RankCardRepository::LoadRankCards(const RankCardScope& scope,
     LoadStudents(scope, studentCodes, input);
     LoadExams(examCodes, input);
     LoadSubjects(scope, display, input);
-    LoadMarks(scope, input);
-    LoadRanks(scope, input);
+    LoadMarks(scope, examCodes, input);
+    LoadRanks(scope, examCodes, input);
     return input;
 }
 
@@ -98,11 +86,12 @@ void RankCardRepository::LoadStudents(const RankCardScope& scope, const std::vec
 void RankCardRepository::LoadExams(const std::vector<int>& examCodes, RankCardInput& input)
 {
     store::Statement rows =
-        main_.Query(QStringLiteral("Select ExamCode,ExamName from ExamMaster order by ExamOrder,ExamCode"));
-    while (rows.Next()) {
-        if (std::find(examCodes.begin(), examCodes.end(), rows.Int(0)) != examCodes.end())
-            input.exams.push_back({rows.Int(0), rows.Text(1)});
-    }
+        QueryCodes(main_,
+                   QStringLiteral("Select ExamCode,ExamName from ExamMaster where ExamCode in (%1) order by "
+                                  "ExamOrder,ExamCode"),
+                   examCodes);
+    while (rows.Next())
+        input.exams.push_back({rows.Int(0), rows.Text(1)});
 }
 
 void RankCardRepository::LoadSubjects(const RankCardScope& scope, SubjectDisplay display,
@@ -119,23 +108,29 @@ void RankCardRepository::LoadSubjects(const RankCardScope& scope, SubjectDisplay
         input.subjects.push_back({rows.Int(1), rows.Text(0).trimmed()});
 }
 
-void RankCardRepository::LoadMarks(const RankCardScope& scope, RankCardInput& input)
+void RankCardRepository::LoadMarks(const RankCardScope& scope, const std::vector<int>& examCodes,
+                                   RankCardInput& input)
 {
     // A student who repeats the class has marks of two years in it; the later ones are read last and stand.
-    store::Statement rows = main_.Query(
+    store::Statement rows = QueryCodes(
+        main_,
         QStringLiteral("Select StudentCode,ExamCode,SubjectCode,Mark from MarkMaster where ClassCode=? and "
-                       "DivisionCode=? order by AcademicYearCode,ExamCode,StudentCode,SubjectCode"),
-        scope.classCode, scope.divisionCode);
+                       "DivisionCode=? and ExamCode in (%1) order by "
+                       "AcademicYearCode,ExamCode,StudentCode,SubjectCode"),
+        examCodes, scope.classCode, scope.divisionCode);
     while (rows.Next())
         input.marks.push_back({rows.Int(0), rows.Int(1), rows.Int(2), rows.Double(3)});
 }
 
-void RankCardRepository::LoadRanks(const RankCardScope& scope, RankCardInput& input)
+void RankCardRepository::LoadRanks(const RankCardScope& scope, const std::vector<int>& examCodes,
+                                   RankCardInput& input)
 {
-    store::Statement rows = main_.Query(
+    store::Statement rows = QueryCodes(
+        main_,
         QStringLiteral("Select StudentCode,ExamCode,Total,Average,Rank,Grade from TempRankTotal where "
-                       "ClassCode=? and DivisionCode=? order by AcademicYearCode,ExamCode,StudentCode"),
-        scope.classCode, scope.divisionCode);
+                       "ClassCode=? and DivisionCode=? and ExamCode in (%1) order by "
+                       "AcademicYearCode,ExamCode,StudentCode"),
+        examCodes, scope.classCode, scope.divisionCode);
     while (rows.Next())
         input.ranks.push_back({rows.Int(0), rows.Int(1), Value(rows, 2), Value(rows, 3),
                                rows.IsNull(4) ? NoRank : rows.Long(4), rows.Text(5)});

@@ -7,21 +7,20 @@
 
 namespace tally {
 
-/// All statements of the rank cards but for the lists of exams and classes, which RankRepository has. Each
-/// function runs a fixed number of statements, whatever the size of the division. Throws StoreError.
+/// All statements of the rank cards but for the lists of exams, classes and divisions, which RankRepository
+/// has. Each function runs a fixed number of statements, whatever the size of the division. Throws
+/// StoreError.
 class RankCardRepository
 {
 public:
     /// The connection must outlive the repository.
     explicit RankCardRepository(store::Connection& main) : main_(main) {}
 
-    /// The divisions of the class by code.
-    std::vector<RankDivision> LoadDivisions(int classCode);
     /// The students of the division in the year, relieved ones too, by name, and what tells whether their
     /// marks are complete.
     StudentListInput LoadStudentList(const RankCardScope& scope);
     /// All that the cards of these students (in list order) and exams are made from. Marks and ranks are
-    /// those of the class-division in any year, the latest year last.
+    /// those of the class-division in these exams in any year, the latest year last.
     RankCardInput LoadRankCards(const RankCardScope& scope, const std::vector<int>& studentCodes,
                                 const std::vector<int>& examCodes, SubjectDisplay display);
 
@@ -30,8 +29,8 @@ private:
     void LoadStudents(const RankCardScope& scope, const std::vector<int>& studentCodes, RankCardInput& input);
     void LoadExams(const std::vector<int>& examCodes, RankCardInput& input);
     void LoadSubjects(const RankCardScope& scope, SubjectDisplay display, RankCardInput& input);
-    void LoadMarks(const RankCardScope& scope, RankCardInput& input);
-    void LoadRanks(const RankCardScope& scope, RankCardInput& input);
+    void LoadMarks(const RankCardScope& scope, const std::vector<int>& examCodes, RankCardInput& input);
+    void LoadRanks(const RankCardScope& scope, const std::vector<int>& examCodes, RankCardInput& input);
 
     store::Connection& main_;
 };

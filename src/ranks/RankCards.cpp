@@ -128,7 +128,7 @@ private:
         auto cell = row.end() - RankCardRows::ColumnsBehindSubjects;
         *cell++ = rank.total ? PlainNumber(*rank.total) : QString();
         *cell++ = rank.average ? PlainNumber(*rank.average) : QString();
-        *cell++ = rank.rank != NoRank ? QString::number(rank.rank) : QString();
+        *cell++ = RankText(rank.rank);
         *cell = rank.grade;
     }
 
@@ -151,7 +151,7 @@ std::vector<bool> MarksComplete(const StudentListInput& input, const std::vector
         marks.insert({count.studentCode, count.examCode}, count.marks);
     std::vector<bool> complete;
     complete.reserve(input.students.size());
-    for (const CardStudent& student : input.students)
+    for (const ListedStudent& student : input.students)
         complete.push_back(std::all_of(examCodes.begin(), examCodes.end(), [&](int examCode) {
             return marks.value({student.studentCode, examCode}, 0) == input.subjectCount;
         }));

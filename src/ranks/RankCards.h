@@ -16,11 +16,11 @@ struct RankCardScope
     int divisionCode = 0;
 };
 
-struct CardStudent
+/// A student of the list from which the cards are chosen.
+struct ListedStudent
 {
     int studentCode = 0;
     QString studentName;
-    QString admissionNo; ///< OptionalAdmissionNo, the number shown everywhere
 };
 
 /// How many marks a student has in one exam.
@@ -34,9 +34,9 @@ struct ExamMarkCount
 /// From what the list of students is made.
 struct StudentListInput
 {
-    std::vector<CardStudent> students; ///< in list order
-    int subjectCount = 0;              ///< set up for the division, taken for rank or not
-    std::vector<ExamMarkCount> counts; ///< of any exams and students; none means no marks
+    std::vector<ListedStudent> students; ///< in list order
+    int subjectCount = 0;                ///< set up for the division, taken for rank or not
+    std::vector<ExamMarkCount> counts;   ///< of any exams and students; none means no marks
 };
 
 /// A student has as many marks in each of the exams as the division has subjects. One flag per student of the
@@ -48,6 +48,13 @@ std::vector<bool> MarksComplete(const StudentListInput& input, const std::vector
 QString StudentItem(const QString& studentName, bool complete);
 /// Why a student with this item cannot be ticked; empty for one whose marks are complete.
 QString StudentRefusal(const QString& item);
+
+struct CardStudent
+{
+    int studentCode = 0;
+    QString studentName;
+    QString admissionNo; ///< OptionalAdmissionNo, the number shown everywhere
+};
 
 struct CardSubject
 {
@@ -74,7 +81,7 @@ struct CardRank
     QString grade;
 };
 
-/// All that rank cards are made from. Marks and ranks may be those of more students and exams than the cards
+/// All that rank cards are made from. Marks and ranks may be those of more students than the cards
 /// are for; where two say something of the same student, exam and subject, the later one counts.
 struct RankCardInput
 {

@@ -1,6 +1,6 @@
 #include "ranks/RankRepository.h"
 
-#include "ranks/DivisionQuery.h"
+#include "ranks/CodesQuery.h"
 
 #include <algorithm>
 #include <map>
@@ -45,20 +45,26 @@ std::vector<RankClass> RankRepository::LoadClass()
     return classes;
 }
 
-std::vector<DivisionFacts> RankRepository::LoadDivisions(const RankScope& scope)
+std::vector<RankDivision> RankRepository::LoadDivision(int classCode)
 {
-    std::vector<DivisionFacts> divisions;
-    store::Statement names =
+    std::vector<RankDivision> divisions;
+    store::Statement rows =
         main_.Query(QStringLiteral("Select DivisionCode,DivisionName from ClassDivisionDetails where "
                                    "ClassCode=? order by DivisionCode"),
-                    scope.classCode);
-    while (names.Next())
-        divisions.push_back({{names.Int(0), names.Text(1)}});
+                    classCode);
+    while (rows.Next())
+        divisions.push_back({rows.Int(0), rows.Text(1)});
+    return divisions;
+}
 
+std::vector<DivisionFacts> RankRepository::LoadDivisionFacts(const RankScope& scope)
+{
+    std::vector<DivisionFacts> divisions;
     std::vector<int> codes;
-    codes.reserve(divisions.size());
-    for (const DivisionFacts& facts : divisions)
-        codes.push_back(facts.division.divisionCode);
+    for (const RankDivision& division : LoadDivision(scope.classCode)) {
+        divisions.push_back({division});
+        codes.push_back(division.divisionCode);
+    }
 
     const auto count = [&](int DivisionFacts::*fact, store::Statement rows) {
         while (rows.Next()) {
@@ -70,20 +76,20 @@ std::vector<DivisionFacts> RankRepository::LoadDivisions(const RankScope& scope)
     };
     // Naming the divisions lets the engine go straight to this year's rows of each.
     count(&DivisionFacts::students,
-          QueryDivisions(main_,
-                         QStringLiteral("Select DivisionCode,Count(*) from StudentClassDivision where "
-                                        "AcademicYearCode=? and ClassCode=? and DivisionCode in (%1) "
-                                        "group by DivisionCode"),
-                         codes, scope.academicYearCode, scope.classCode));
+          QueryCodes(main_,
+                     QStringLiteral("Select DivisionCode,Count(*) from StudentClassDivision where "
+                                    "AcademicYearCode=? and ClassCode=? and DivisionCode in (%1) "
+                                    "group by DivisionCode"),
+                     codes, scope.academicYearCode, scope.classCode));
     count(&DivisionFacts::gradeBands,
-          QueryDivisions(
+          QueryCodes(
               main_,
               QStringLiteral("Select DivisionCode,Count(*) from RankMaster where AcademicYearCode=? and "
                              "ClassCode=? and ExamCode=? and DivisionCode in (%1) group by DivisionCode"),
               codes, scope.academicYearCode, scope.classCode, scope.examCode));
 
     std::map<std::pair<int, int>, int> marks;
-    store::Statement counts = QueryDivisions(
+    store::Statement counts = QueryCodes(
         main_,
         QStringLiteral(
             "Select DivisionCode,SubjectCode,Count(*) from MarkMaster where AcademicYearCode=? and "
@@ -151,7 +157,7 @@ RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vecto
     for (const int divisionCode : divisionCodes)
         input.divisions.push_back({divisionCode, divisionNames[divisionCode]});
 
-    store::Statement students = QueryDivisions(
+    store::Statement students = QueryCodes(
         main_,
         QStringLiteral(
             "Select a.StudentCode,a.DivisionCode,b.StudentName,b.OptionalAdmissionNo from "
@@ -168,7 +174,7 @@ RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vecto
                divisionCodes.end();
     });
 
-    store::Statement marks = QueryDivisions(
+    store::Statement marks = QueryCodes(
         main_,
         QStringLiteral(
             "Select StudentCode,DivisionCode,SubjectCode,LeaveOrPresent,Mark from MarkMaster where "
@@ -185,7 +191,7 @@ RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vecto
 std::vector<QString> RankRepository::LoadGradesInOrder(const RankScope& scope,
                                                        const std::vector<int>& divisionCodes)
 {
-    return FirstColumn(QueryDivisions(
+    return FirstColumn(QueryCodes(
         main_,
         QStringLiteral(
             "Select distinct Grade,Status from RankMaster where AcademicYearCode=? and ExamCode=? and "
@@ -196,7 +202,7 @@ std::vector<QString> RankRepository::LoadGradesInOrder(const RankScope& scope,
 std::vector<QString> RankRepository::LoadDistinctGrades(const RankScope& scope,
                                                         const std::vector<int>& divisionCodes)
 {
-    return FirstColumn(QueryDivisions(
+    return FirstColumn(QueryCodes(
         main_,
         QStringLiteral(
             "Select distinct Grade from RankMaster where AcademicYearCode=? and ClassCode=? and ExamCode=? "
@@ -208,7 +214,7 @@ std::vector<std::optional<double>> RankRepository::LoadFullMarks(const RankScope
                                                                  const std::vector<int>& divisionCodes)
 {
     std::map<int, double> sums;
-    store::Statement rows = QueryDivisions(
+    store::Statement rows = QueryCodes(
         main_,
         QStringLiteral(
             "Select DivisionCode,Sum(MaximumAllowed) from ClassSubjectTeacher where AcademicYearCode=? and "
@@ -229,7 +235,7 @@ void RankRepository::ReplaceRankTotals(store::Transaction& main, const RankScope
                                        const std::vector<int>& divisionCodes,
                                        const std::vector<RankTotal>& totals)
 {
-    store::Statement old = QueryDivisions(
+    store::Statement old = QueryCodes(
         main.On(),
         QStringLiteral("Delete from TempRankTotal where ClassCode=? and AcademicYearCode=? and ExamCode=? "
                        "and DivisionCode in (%1)"),

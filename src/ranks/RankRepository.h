@@ -18,11 +18,12 @@ public:
     /// `main` must outlive the repository.
     explicit RankRepository(store::Connection& main) : main_(main) {}
 
-    std::vector<RankExam> LoadExam();   ///< by ExamOrder
-    std::vector<RankClass> LoadClass(); ///< by ClassOrder
+    std::vector<RankExam> LoadExam();                      ///< by ExamOrder
+    std::vector<RankClass> LoadClass();                    ///< by ClassOrder
+    std::vector<RankDivision> LoadDivision(int classCode); ///< those of the class by code
 
     /// The divisions of the class by code, with what their marks in the list depend on.
-    std::vector<DivisionFacts> LoadDivisions(const RankScope& scope);
+    std::vector<DivisionFacts> LoadDivisionFacts(const RankScope& scope);
     /// The subjects of the class, all divisions, by SlNo.
     std::vector<SubjectSetup> LoadSubjectSetup(const RankScope& scope);
     /// The grade tables of the class for the exam, all divisions, each in its own order.

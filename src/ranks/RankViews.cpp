@@ -143,7 +143,7 @@ QString RankView::StudentText(int student, int column) const
     case TotalFromEnd: return PlainNumber(row.total);
     case RankTotalFromEnd: return PlainNumber(row.rankTotal);
     case AverageFromEnd: return plainAverage_ ? PlainNumber(row.average) : Format2(row.average);
-    case RankFromEnd: return row.rank == NoRank ? QString() : QString::number(row.rank);
+    case RankFromEnd: return RankText(row.rank);
     case GradeFromEnd:
         return absent_[static_cast<std::size_t>(student)] ? QString() : table_.texts[row.grade];
     default: return {};

@@ -1,6 +1,6 @@
 #include "ranks/TempRankRepository.h"
 
-#include "ranks/DivisionQuery.h"
+#include "ranks/CodesQuery.h"
 #include "store/Identifier.h"
 #include "store/StoreError.h"
 
@@ -131,10 +131,10 @@ TempRankTable TempRankRepository::LoadTempRankCalculation(RankOrder order,
     switch (order) {
     case RankOrder::Rank: load(temp_.Query(sql + QLatin1String(" order by Rank,Total,StudentCode"))); break;
     case RankOrder::Grade:
-        load(QueryDivisions(temp_,
-                            sql + QLatin1String(" where Grade is not Null and DivisionCode in (%1) "
-                                                "order by Rank,Total,StudentCode"),
-                            divisionCodes));
+        load(QueryCodes(temp_,
+                        sql + QLatin1String(" where Grade is not Null and DivisionCode in (%1) "
+                                            "order by Rank,Total,StudentCode"),
+                        divisionCodes));
         break;
     case RankOrder::AdmissionNo:
         load(temp_.Query(sql + QLatin1String(" order by AdmissionNo,StudentCode")));

@@ -2,6 +2,11 @@
 
 namespace tally {
 
+QString RankText(qint64 rank)
+{
+    return rank == NoRank ? QString() : QString::number(rank);
+}
+
 std::uint32_t TextPool::Add(std::string_view utf8)
 {
     const auto found = numbers_.find(utf8);

@@ -13,6 +13,8 @@ namespace tally {
 
 /// In TempRankCalculation and TempRankTotal, so that students without a rank sort behind all others.
 constexpr qint64 NoRank = 999999999;
+/// As every list and card shows a rank: empty for NoRank.
+QString RankText(qint64 rank);
 
 /// Keeps each different text once. Numbers count from 0 in the order first met.
 class TextPool

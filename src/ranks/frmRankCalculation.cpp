@@ -161,7 +161,7 @@ void frmRankCalculation::cboClass_Click()
     ClearBases();
     bool allReady = true;
     Read([&] {
-        for (const DivisionFacts& facts : Repository().LoadDivisions(Scope())) {
+        for (const DivisionFacts& facts : Repository().LoadDivisionFacts(Scope())) {
             const QString mark = DivisionMark(facts, Display());
             ui_->Lstdivision->AddItem(mark + facts.division.divisionName, facts.division.divisionCode);
             allReady = allReady && mark.trimmed().isEmpty();

@@ -112,7 +112,7 @@ void frmRankCardPrinting::cboClass_Click()
     DataCombo::Entries divisions{{0, BlankItem}};
     Read([&] {
         for (const RankDivision& division :
-             RankCardRepository(*Session().gcnnMain).LoadDivisions(ui_->cboClass->BoundCode()))
+             RankRepository(*Session().gcnnMain).LoadDivision(ui_->cboClass->BoundCode()))
             divisions.emplace_back(division.divisionCode, division.divisionName);
     });
     ui_->cboDivision->SetList(divisions);
@@ -146,7 +146,7 @@ void frmRankCardPrinting::LoadStudentList()
         const StudentListInput input = RankCardRepository(*Session().gcnnMain).LoadStudentList(scope);
         const std::vector<bool> complete = MarksComplete(input, TickedCodes(ui_->Lstexamnames));
         for (std::size_t number = 0; number < input.students.size(); ++number) {
-            const CardStudent& student = input.students[number];
+            const ListedStudent& student = input.students[number];
             ui_->LstStudents->AddItem(StudentItem(student.studentName, complete[number]),
                                       student.studentCode);
         }

@@ -13,7 +13,7 @@ constexpr auto All = SubjectDisplay::All;
 QStringList Marks(RankSchool& school, SubjectDisplay display = Taken)
 {
     QStringList marks;
-    for (const DivisionFacts& facts : school.Repository().LoadDivisions(school.scope))
+    for (const DivisionFacts& facts : school.Repository().LoadDivisionFacts(school.scope))
         marks.append(DivisionMark(facts, display) + facts.division.divisionName);
     return marks;
 }

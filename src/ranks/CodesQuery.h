@@ -19,16 +19,16 @@ inline QString Placeholders(std::size_t count)
     return text;
 }
 
-/// `sql` holds one %1 where the list of divisions goes, behind all other placeholders.
+/// `sql` holds one %1 where the list of codes goes, behind all other placeholders.
 template <typename... Values>
-store::Statement QueryDivisions(store::Connection& connection, const QString& sql,
-                                const std::vector<int>& divisionCodes, const Values&... values)
+store::Statement QueryCodes(store::Connection& connection, const QString& sql, const std::vector<int>& codes,
+                            const Values&... values)
 {
-    store::Statement statement = connection.Prepare(sql.arg(Placeholders(divisionCodes.size())));
+    store::Statement statement = connection.Prepare(sql.arg(Placeholders(codes.size())));
     int position = 0;
     (statement.BindAt(++position, static_cast<qint64>(values)), ...);
-    for (const int divisionCode : divisionCodes)
-        statement.BindAt(++position, static_cast<qint64>(divisionCode));
+    for (const int code : codes)
+        statement.BindAt(++position, static_cast<qint64>(code));
     return statement;
 }
 
