@@ -8,16 +8,14 @@ namespace tally {
 
 namespace {
 
-const QString Present = QStringLiteral("Present");
-const QString Absent = QStringLiteral("Absent");
 const QString MarkOfAbsent = QStringLiteral("Mark Entry Is Not Allowed When A Student Is Absent");
 
 /// Empty for a text that is neither.
 QString PresenceOf(const QString& text)
 {
     if (text.startsWith(QLatin1Char('P'), Qt::CaseInsensitive))
-        return Present;
-    return text.startsWith(QLatin1Char('A'), Qt::CaseInsensitive) ? Absent : QString();
+        return PresentText;
+    return text.startsWith(QLatin1Char('A'), Qt::CaseInsensitive) ? AbsentText : QString();
 }
 
 } // namespace
@@ -41,7 +39,21 @@ void MarkSheet::ListStudents(const CodedTexts& students)
 {
     rows_.clear();
     for (const auto& [code, name] : students)
-        rows_.push_back({.name = name, .code = code, .mark = {}, .presence = Present});
+        rows_.push_back({.name = name, .code = code, .mark = {}, .presence = PresentText});
+}
+
+void MarkSheet::ListStudentsAgain(const CodedTexts& students)
+{
+    MarkSheet before = *this;
+    ListStudents(students);
+    for (MarkRow& row : rows_) {
+        const MarkRow* shown = before.Find(row.code);
+        if (!shown)
+            continue;
+        row.mark = shown->mark;
+        row.presence = shown->presence;
+        row.teacherCode = shown->teacherCode;
+    }
 }
 
 void MarkSheet::ListSubjects(const std::vector<MarkSubject>& subjects)
@@ -78,20 +90,26 @@ void MarkSheet::ResetMarks()
 {
     for (MarkRow& row : rows_) {
         row.mark.clear();
-        row.presence = Present;
+        row.presence = PresentText;
     }
 }
 
 void MarkSheet::TakeMarks(const std::vector<StoredMark>& marks)
 {
     for (const StoredMark& stored : marks) {
-        const auto row = std::find_if(rows_.begin(), rows_.end(),
-                                      [&](const MarkRow& entry) { return entry.code == stored.code; });
-        if (row == rows_.end())
+        MarkRow* row = Find(stored.code);
+        if (!row)
             continue;
         row->mark = PlainNumber(stored.mark);
-        row->presence = stored.present ? Present : Absent;
+        row->presence = stored.present ? PresentText : AbsentText;
     }
+}
+
+MarkRow* MarkSheet::Find(int code)
+{
+    const auto row =
+        std::find_if(rows_.begin(), rows_.end(), [code](const MarkRow& entry) { return entry.code == code; });
+    return row == rows_.end() ? nullptr : &*row;
 }
 
 QString MarkSheet::RefusalWhileTyping(int row, const QString& text) const
@@ -124,7 +142,7 @@ MarkStep MarkSheet::EnterMark(int row, const QString& text)
     SetMark(row, text);
     if (Row(row).Mark() == 0)
         return {MarkField::Presence, row, {}};
-    At(row).presence = Present;
+    At(row).presence = PresentText;
     return Behind(row);
 }
 

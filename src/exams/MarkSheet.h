@@ -8,13 +8,17 @@
 
 namespace tally {
 
+/// The two texts of a presence.
+inline const QString PresentText = QStringLiteral("Present");
+inline const QString AbsentText = QStringLiteral("Absent");
+
 /// One line of the sheet. What was not entered yet is empty.
 struct MarkRow
 {
     QString name;     ///< of the student or the subject
     int code = 0;     ///< of the student in subject mode, of the subject in student mode
     QString mark;     ///< a number as text
-    QString presence; ///< "Present" or "Absent"
+    QString presence; ///< PresentText or AbsentText
     int teacherCode = 0;
     double maximumAllowed = 0; ///< student mode only
     double maximumMark = 0;    ///< student mode only
@@ -58,6 +62,8 @@ public:
     void UseMode(MarkMode mode) { mode_ = mode; }
     /// A row per student, everybody present.
     void ListStudents(const CodedTexts& students);
+    /// The same for a list that was shown before: whoever was in it keeps mark, presence and teacher.
+    void ListStudentsAgain(const CodedTexts& students);
     /// A row per subject, nothing entered.
     void ListSubjects(const std::vector<MarkSubject>& subjects);
 
@@ -78,7 +84,7 @@ public:
     void SetPresence(int row, const QString& text);
     /// A mark was ended with Enter. A mark above 0 makes the student present; a mark of 0 has to be declared.
     MarkStep EnterMark(int row, const QString& text);
-    /// A presence was ended with Enter.
+    /// A presence was ended with Enter. A text that is none changes nothing and leads back to the presence.
     MarkStep EnterPresence(int row, const QString& text);
 
     /// The percentage of all marks together, absences left out, as it is shown; empty while there is none.
@@ -90,6 +96,7 @@ public:
 
 private:
     void ResetMarks();
+    MarkRow* Find(int code);
     MarkRow& At(int row) { return rows_[static_cast<std::size_t>(row - 1)]; }
     MarkStep Behind(int row) const;
 

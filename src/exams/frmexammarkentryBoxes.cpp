@@ -8,7 +8,6 @@
 #include "core/Prompts.h"
 #include "exams/frmexammarkentry.h"
 #include "exams/MarkEntryColumns.h"
-#include "exams/MarkEntryTexts.h"
 #include "ui_frmexammarkentry.h"
 
 #include <algorithm>
@@ -24,7 +23,7 @@ constexpr double HighestMark = 999.99;
 bool IsMarkText(const QString& text)
 {
     return std::all_of(text.begin(), text.end(),
-                       [](QChar letter) { return KeyNumericDecimal(letter.unicode()) != 0; });
+                       [](QChar letter) { return letter == u'.' || (letter >= u'0' && letter <= u'9'); });
 }
 
 /// Cuts decimals that no mark has and empties a box whose number no mark reaches.
@@ -49,7 +48,7 @@ void frmexammarkentry::BuildBoxes()
     TakeOnly(txtmarkobtained_, &KeyNumericDecimal, MarkLength);
     cboPresentAbsent_ = new FloatingCombo(grid);
     cboPresentAbsent_->setObjectName(QStringLiteral("cboPresentAbsent"));
-    cboPresentAbsent_->addItems({QStringLiteral("Present"), QStringLiteral("Absent")});
+    cboPresentAbsent_->addItems({PresentText, AbsentText});
     TakeOnly(cboPresentAbsent_->lineEdit(), &KeyAlpha, PresenceLength);
     for (QWidget* part : std::initializer_list<QWidget*>{cboPresentAbsent_, cboPresentAbsent_->lineEdit()})
         part->installEventFilter(this);
@@ -91,6 +90,8 @@ void frmexammarkentry::txtmarkobtained_Change(const QString& text)
     if (!IsMarkText(text))
         return;
     const int row = txtmarkobtained_->Row();
+    if (!sheet_.HasRow(row))
+        return;
     const QString refusal = sheet_.RefusalWhileTyping(row, text);
     if (refusal.isEmpty()) {
         KeepMarkLimit(txtmarkobtained_);
@@ -106,6 +107,8 @@ void frmexammarkentry::txtmarkobtained_Change(const QString& text)
 void frmexammarkentry::txtmarkobtained_Enter()
 {
     const int row = txtmarkobtained_->Row();
+    if (!sheet_.HasRow(row))
+        return;
     const MarkStep step = sheet_.EnterMark(row, txtmarkobtained_->text());
     ShowRow(row);
     ShowAverage();
@@ -121,6 +124,8 @@ void frmexammarkentry::cboPresentAbsent_MouseDown()
 void frmexammarkentry::cboPresentAbsent_Click()
 {
     const int row = cboPresentAbsent_->Row();
+    if (!sheet_.HasRow(row))
+        return;
     sheet_.SetPresence(row, cboPresentAbsent_->currentText());
     ShowRow(row);
     ShowAverage();
@@ -128,10 +133,15 @@ void frmexammarkentry::cboPresentAbsent_Click()
 
 void frmexammarkentry::cboPresentAbsent_Enter()
 {
-    if (cboPresentAbsent_->IsBlank())
-        return;
     const int row = cboPresentAbsent_->Row();
+    if (cboPresentAbsent_->IsBlank() || !sheet_.HasRow(row))
+        return;
     const MarkStep step = sheet_.EnterPresence(row, cboPresentAbsent_->currentText());
+    if (step.field == MarkField::Presence) {
+        // What was typed stays in the box to be mended.
+        Prompts::Information(step.message);
+        return;
+    }
     ShowRow(row);
     ShowAverage();
     Take(step);

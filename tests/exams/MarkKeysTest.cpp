@@ -113,6 +113,39 @@ TEST_F(MarkKeys, AClassIsEnteredWithOneKeyBesidesTheDigitsOfEachMarkAndNoStateme
     EXPECT_EQ(Count("SELECT sum(Mark) FROM MarkMaster"), 40 * 29 + 20);
 }
 
+TEST_F(MarkKeys, NoStatementRunsForAZeroAnAbsenceOrARefusal)
+{
+    StartSubject(QStringLiteral("English"));
+    const auto before = Session().gcnnMain->StatementsRun();
+    Enter("0");
+    Enter("a");
+    Enter("0");
+    Enter("");
+    prompts.ExpectInformation(AboveFifty);
+    Enter("99");
+    EXPECT_EQ(Focus(), "cboPresentAbsent");
+    Enter("");
+    EXPECT_EQ(Focus(), "cmdSave");
+    EXPECT_EQ(Rows(), "1|Asha(A1)|0|Absent 2|Binu(A2)|0|Present 3|Cara(A3)|0|Present |||");
+    Click(1, 3);
+    QTest::keyClick(presence, Qt::Key_Up);
+    Click(2, 2);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
+    EXPECT_EQ(Session().gcnnMain->StatementsRun(), before);
+}
+
+TEST_F(MarkKeys, NoStatementRunsWhileAStudentsMarksAreTyped)
+{
+    StartStudent(QStringLiteral("Asha(A1)"));
+    const auto before = Session().gcnnMain->StatementsRun();
+    Enter("88.5");
+    Enter("0");
+    Enter("a");
+    EXPECT_EQ(Focus(), "cmdSave");
+    EXPECT_EQ(Rows(), "1|Maths|88.5|Present 2|English|0|Absent |||");
+    EXPECT_EQ(Session().gcnnMain->StatementsRun(), before);
+}
+
 TEST_F(MarkKeys, TabLeadsFromTheSubjectToTheFirstMarkToo)
 {
     OpenForm();
@@ -169,7 +202,7 @@ TEST_F(MarkKeys, AThousandIsRefusedByTheAllowedMarkFirst)
     EXPECT_EQ(Box(), "");
 }
 
-TEST_F(MarkKeys, TheHighestMarkOfAllIs99999WhereTheSubjectAllowsMore)
+TEST_F(MarkKeys, NoMarkExceeds999AndNinetyNineHundredthsWhereTheSubjectAllowsMore)
 {
     Given("UPDATE ClassSubjectTeacher SET MaximumAllowed = 5000");
     StartSubject(QStringLiteral("Maths"));
@@ -232,6 +265,18 @@ TEST_F(MarkKeys, APastedMarkAboveTheLimitIsToldOnce)
     EXPECT_EQ(Box(), "");
 }
 
+TEST_F(MarkKeys, APastedMarkWithItsLineEndIsRefusedOnce)
+{
+    StartSubject(QStringLiteral("English"));
+    prompts.ExpectInformation(AboveFifty);
+    Paste(QStringLiteral("100\r"));
+    EXPECT_EQ(Box(), "");
+    prompts.Verify();
+    Paste(QStringLiteral("50\r"));
+    EXPECT_EQ(Box(), "50");
+    EXPECT_EQ(Cell(1), "50");
+}
+
 TEST_F(MarkKeys, EnterOnAnEmptyBoxIsAZeroThatHasToBeDeclared)
 {
     StartSubject(QStringLiteral("English"));
@@ -276,6 +321,7 @@ TEST_F(MarkKeys, AWordThatIsNoPresenceIsRefused)
     prompts.ExpectInformation(QStringLiteral("Select Present/Absent "));
     Enter("late");
     EXPECT_EQ(Focus(), "cboPresentAbsent");
+    EXPECT_EQ(presence->currentText().toStdString(), "late") << "the word stays to be mended";
     EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
 }
 

@@ -254,5 +254,22 @@ TEST(MarkSheet, StudentAndSubjectChangePlacesWithTheMode)
     EXPECT_TRUE(second.present);
 }
 
+TEST(MarkSheet, AListShownAgainKeepsWhatWasShownOfThoseWhoAreStillInIt)
+{
+    MarkSheet sheet = SubjectSheet();
+    Declare(sheet, 1, "0", "Absent");
+    Declare(sheet, 2, "20", "Present");
+    Declare(sheet, 3, "30", "Present");
+    sheet.ListStudentsAgain(
+        {{4, QStringLiteral("New")}, {1, QStringLiteral("Student 1")}, {3, QStringLiteral("Student 3")}});
+    ASSERT_EQ(sheet.RowCount(), 3);
+    EXPECT_EQ(sheet.Row(1).mark.toStdString(), "");
+    EXPECT_EQ(sheet.Row(1).presence.toStdString(), "Present");
+    EXPECT_TRUE(sheet.Row(2).IsAbsent());
+    EXPECT_EQ(sheet.Row(2).teacherCode, 7);
+    EXPECT_EQ(sheet.Row(3).mark.toStdString(), "30");
+    EXPECT_EQ(sheet.Row(3).code, 3);
+}
+
 } // namespace
 } // namespace tally::test
