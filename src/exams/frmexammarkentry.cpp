@@ -31,6 +31,14 @@ int ChosenCode(const QComboBox* combo)
     return combo->currentData().toInt();
 }
 
+/// Two clients entered the first marks at once, and the other one was faster.
+QString EnteredMeanwhile(MarkMode mode)
+{
+    return QStringLiteral(
+               "Marks Of This %1 Were Entered By Another User Meanwhile.\nYou Cannot Save This Data.")
+        .arg(mode == MarkMode::Student ? QStringLiteral("Student") : QStringLiteral("Subject"));
+}
+
 } // namespace
 
 frmexammarkentry::frmexammarkentry()
@@ -151,11 +159,9 @@ void frmexammarkentry::cmdEdit_Click()
 {
     if (!MayUse(QLatin1Char('E')) || !IsChosen())
         return;
+    if (sheet_.Mode() == MarkMode::Subject && !ListStudentsForEdit())
+        return;
     EditMode_ = true;
-    if (sheet_.Mode() == MarkMode::Subject) {
-        Read([this] { ListStudents(); });
-        List_Change();
-    }
     ui_->cmdSave->setEnabled(true);
     ui_->fraMain->setEnabled(true);
     ui_->Frame1->setEnabled(false);
@@ -238,7 +244,6 @@ void frmexammarkentry::cmdSave_Click()
         cmdCancel_Click();
         return;
     }
-    HideEntryControls();
     EmptyList();
     List()->setFocus();
 }
@@ -248,8 +253,8 @@ void frmexammarkentry::cmdCancel_Click()
     LoadExam();
     LoadClass();
     ClearControls(this);
-    ResetGrid();
-    ui_->Optsubject->setChecked(true);
+    // No class is chosen any more, and so nothing below it.
+    cboClass_Click();
     Optsubject_Click();
     ui_->cmdNew->setEnabled(true);
     for (QWidget* control :
@@ -258,7 +263,6 @@ void frmexammarkentry::cmdCancel_Click()
     ui_->txtaverageMark->setText(QStringLiteral(" "));
     ui_->Frame1->setEnabled(true);
     EditMode_ = false;
-    HideEntryControls();
     ui_->cmdNew->setFocus();
 }
 
@@ -280,6 +284,8 @@ void frmexammarkentry::ShowRow(int row)
 
 void frmexammarkentry::ShowRows()
 {
+    // A box would stand over a row that is no longer the one it was opened for.
+    HideEntryControls();
     FlexGrid* grid = ui_->msgDetails;
     // One blank row stands behind the rows.
     grid->SetRows(1);
@@ -296,6 +302,8 @@ void frmexammarkentry::ShowRows()
         }
         ShowRow(row);
     }
+    const bool limited = sheet_.Mode() == MarkMode::Subject && !List()->IsBlank();
+    ui_->txtmaximumallowed->setText(limited ? PlainNumber(sheet_.MaximumAllowed()) : QString());
     ShowAverage();
 }
 
@@ -322,7 +330,12 @@ bool frmexammarkentry::msgDetails_Wheel(const QWheelEvent* event)
     if (ui_->fraMain->isEnabled())
         return false;
     QScrollBar* bar = ui_->msgDetails->verticalScrollBar();
-    const int notches = event->angleDelta().y() / QWheelEvent::DefaultDeltasPerStep;
+    const int turn = event->angleDelta().y();
+    if ((turn < 0) != (wheelTurned_ < 0))
+        wheelTurned_ = 0;
+    wheelTurned_ += turn;
+    const int notches = wheelTurned_ / QWheelEvent::DefaultDeltasPerStep;
+    wheelTurned_ -= notches * QWheelEvent::DefaultDeltasPerStep;
     bar->setValue(bar->value() - notches * QApplication::wheelScrollLines() * bar->singleStep());
     return true;
 }

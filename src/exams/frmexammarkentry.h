@@ -4,7 +4,10 @@
 #include "exams/MarkRepository.h"
 #include "exams/MarkSheet.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace Ui {
 class frmexammarkentry;
@@ -78,12 +81,23 @@ private:
     MarkScope Scope() const;
     /// The list of the mode in which marks are entered.
     DataCombo* List() const;
+    /// Chooses nothing in the list of the mode.
     void EmptyList();
+    void EmptyMarks();
+    /// Nothing to choose from in either list.
+    void EmptyLists();
+    /// Reads a list and its rows, both or none. Tells why it can't.
+    void ReadList(const std::function<void()>& work);
     /// Both lists without a choice; only that of `mode` can be used.
     void UseMode(MarkMode mode);
     void ListStudents();
+    /// The rows of the chosen subject anew, without the relieved students; all as it was on false.
+    bool ListStudentsForEdit();
+    /// Shows what is stored for the choice; a `subject` in subject mode only.
+    void TakeStored(const std::optional<MarkSubject>& subject, const std::vector<StoredMark>& stored);
     void ResetGrid();
     void ShowRow(int row);
+    /// All rows for another choice. Closes the boxes, so it is nothing for while a mark is typed.
     void ShowRows();
     /// A subject or a student is chosen in the list. Asks for it where none is.
     bool IsChosen();
@@ -99,6 +113,7 @@ private:
     bool EditMode_ = false;
     bool MarksExist_ = false;  ///< the subject or student that was chosen last has marks in this exam
     bool examsOpened_ = false; ///< the exam master was opened from here
+    int wheelTurned_ = 0; ///< the part of a notch that has not moved the rows yet, in eighths of a degree
 };
 
 } // namespace tally

@@ -2,7 +2,6 @@
 
 #include "core/controls/FlexGrid.h"
 #include "core/modTallyboardForms.h"
-#include "core/Numbers.h"
 #include "core/Prompts.h"
 #include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
@@ -93,9 +92,8 @@ void frmexammarkentry::dbcExam_Change()
 
 void frmexammarkentry::cboClass_Click()
 {
+    EmptyLists();
     ResetGrid();
-    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
-        list->SetList({});
     LoadDivision();
 }
 
@@ -103,10 +101,14 @@ void frmexammarkentry::cboDivision_Click()
 {
     ResetGrid();
     if (Scope().divisionCode == 0)
-        for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
-            list->SetList({});
-    ui_->Optsubject->setChecked(true);
+        EmptyLists();
     Optsubject_Click();
+}
+
+void frmexammarkentry::EmptyLists()
+{
+    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
+        list->SetList({});
 }
 
 void frmexammarkentry::UseMode(MarkMode mode)
@@ -115,13 +117,13 @@ void frmexammarkentry::UseMode(MarkMode mode)
     if (mode != sheet_.Mode())
         ResetGrid();
     sheet_.UseMode(mode);
+    (bySubject ? ui_->Optsubject : ui_->Optstudent)->setChecked(true);
     for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent}) {
         list->SetBoundCode(0);
         list->setEnabled(list == List());
         list->setVisible(list == List());
     }
-    sheet_.EmptyMarks();
-    ShowRows();
+    EmptyMarks();
     ui_->Label4->setText(bySubject ? QStringLiteral("Subject Name :") : QStringLiteral("Student Name :"));
     ui_->Label4->setBuddy(List());
     ui_->Label2->setText(bySubject ? QStringLiteral("Class Average For The Selected Subject :")
@@ -137,7 +139,7 @@ void frmexammarkentry::Optsubject_Click()
     UseMode(MarkMode::Subject);
     if (!Scope().IsComplete())
         return;
-    Read([this] {
+    ReadList([this] {
         LoadSubject();
         ListStudents();
     });
@@ -145,11 +147,10 @@ void frmexammarkentry::Optsubject_Click()
 
 void frmexammarkentry::ListStudents()
 {
-    // Who was relieved has no place in a list that is edited, and his marks go with the next save.
-    const auto students = Marks().StudentsToMark(Scope(), !EditMode_);
+    const auto students = Marks().StudentsToMark(Scope(), true);
     sheet_.ListStudents(students);
     ShowRows();
-    if (students.empty() && (EditMode_ || !Marks().HasStudents(Scope())))
+    if (students.empty() && !Marks().HasStudents(Scope()))
         Prompts::Information(NoStudents);
 }
 
@@ -158,7 +159,7 @@ void frmexammarkentry::Optstudent_Click()
     UseMode(MarkMode::Student);
     if (!Scope().IsComplete())
         return;
-    Read([this] {
+    ReadList([this] {
         LoadStudent();
         ResetGrid();
         const auto subjects = Marks().SubjectsToMark(Scope());
@@ -169,31 +170,66 @@ void frmexammarkentry::Optstudent_Click()
     });
 }
 
+void frmexammarkentry::ReadList(const std::function<void()>& work)
+{
+    if (Read(work))
+        return;
+    // Whoever could be chosen without his rows would lose his marks with the next save.
+    EmptyLists();
+    ResetGrid();
+}
+
 void frmexammarkentry::List_Change()
 {
-    Read([this] {
-        const int chosen = List()->BoundCode();
-        if (!Scope().IsComplete() || chosen == 0) {
-            sheet_.EmptyMarks();
-            ShowRows();
-            return;
-        }
+    HideEntryControls();
+    const int chosen = List()->BoundCode();
+    if (!Scope().IsComplete() || chosen == 0) {
+        EmptyMarks();
+        return;
+    }
+    const bool known = Read([&] {
         std::optional<MarkSubject> subject;
         if (sheet_.Mode() == MarkMode::Subject) {
             subject = Marks().FindSubject(Scope(), chosen);
             if (!subject)
                 return;
         }
+        TakeStored(subject, Marks().StoredMarks(Scope(), sheet_.Mode(), chosen));
+    });
+    if (known)
+        return;
+    // The rows are those of the choice before.
+    EmptyList();
+    MarksExist_ = false;
+}
+
+void frmexammarkentry::TakeStored(const std::optional<MarkSubject>& subject,
+                                  const std::vector<StoredMark>& stored)
+{
+    if (subject)
+        sheet_.StartSubject(*subject);
+    else
+        sheet_.StartStudent();
+    sheet_.TakeMarks(stored);
+    MarksExist_ = !stored.empty();
+    ShowRows();
+}
+
+bool frmexammarkentry::ListStudentsForEdit()
+{
+    return Read([this] {
+        const int chosen = List()->BoundCode();
+        // Who was relieved has no place in a list that is edited, and his marks go with the next save.
+        const auto students = Marks().StudentsToMark(Scope(), false);
+        const auto subject = Marks().FindSubject(Scope(), chosen);
         const auto stored = Marks().StoredMarks(Scope(), sheet_.Mode(), chosen);
-        if (subject) {
-            sheet_.StartSubject(*subject);
-            ui_->txtmaximumallowed->setText(PlainNumber(sheet_.MaximumAllowed()));
-        } else {
-            sheet_.StartStudent();
-        }
-        sheet_.TakeMarks(stored);
-        MarksExist_ = !stored.empty();
-        ShowRows();
+        sheet_.ListStudentsAgain(students);
+        if (subject)
+            TakeStored(subject, stored);
+        else
+            ShowRows();
+        if (students.empty())
+            Prompts::Information(NoStudents);
     });
 }
 
@@ -207,6 +243,11 @@ bool frmexammarkentry::IsChosen()
 void frmexammarkentry::EmptyList()
 {
     List()->SetBoundCode(0);
+    EmptyMarks();
+}
+
+void frmexammarkentry::EmptyMarks()
+{
     sheet_.EmptyMarks();
     ShowRows();
 }

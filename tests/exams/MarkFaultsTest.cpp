@@ -113,6 +113,22 @@ TEST_F(MarkFaults, AllStudentsMovedMeanwhileIsTold)
     KeepsEverythingTyped();
 }
 
+TEST_F(MarkFaults, AllStudentsMovedWhileOneOfThemIsEnteredIsToldAndNobodyIsChosen)
+{
+    StartStudent(QStringLiteral("Asha(A1)"));
+    Enter("60");
+    Enter("45");
+    Other("DELETE FROM StudentClassDivision");
+    prompts.ExpectInformation(NoStudentsText);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_TRUE(students->IsBlank());
+    EXPECT_EQ(Rows(), "1|Maths|60|Present 2|English|45|Present |||");
+    EXPECT_EQ(Stored(), "");
+    prompts.Verify();
+    prompts.ExpectInformation(QStringLiteral("Select Student Name"));
+    PressKey(form, Qt::Key_S, Qt::AltModifier);
+}
+
 TEST_F(MarkFaults, TheSecondFirstEntryOfASubjectIsToldAndTheFirstOneStays)
 {
     EnterEnglish();
@@ -209,6 +225,95 @@ TEST_F(MarkFaults, ALockDuringADeleteIsToldAndTheMarksStay)
     Press(Button("cmdDelete"));
     EXPECT_EQ(Stored(), "1 1 45 P 0 0");
     EXPECT_TRUE(IsEnabled("cmdDelete"));
+}
+
+TEST_F(MarkFaults, MarksThatCannotBeReadLeaveNoSubjectChosenSoThatNothingIsSavedUnderIt)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("45");
+    Given("ALTER TABLE MarkMaster RENAME TO Lost");
+    prompts.ExpectCritical();
+    subjects->setFocus();
+    QTest::keyClick(subjects, Qt::Key_Down);
+    prompts.Verify();
+    Given("ALTER TABLE Lost RENAME TO MarkMaster");
+    EXPECT_TRUE(subjects->IsBlank());
+    EXPECT_FALSE(mark->isVisible());
+    EXPECT_EQ(Rows(), "1|Asha(A1)|| 2|Binu(A2)|| 3|Cara(A3)|| |||");
+    prompts.ExpectInformation(QStringLiteral("Select Subject Name"));
+    Press(Button("cmdSave"));
+    EXPECT_EQ(Stored(), "");
+}
+
+TEST_F(MarkFaults, MarksThatCannotBeReadLeaveNoStudentChosenSoThatNothingIsSavedForHim)
+{
+    StartStudent(QStringLiteral("Asha(A1)"));
+    Enter("60");
+    Given("ALTER TABLE MarkMaster RENAME TO Lost");
+    prompts.ExpectCritical();
+    students->setFocus();
+    QTest::keyClick(students, Qt::Key_Down);
+    prompts.Verify();
+    Given("ALTER TABLE Lost RENAME TO MarkMaster");
+    EXPECT_TRUE(students->IsBlank());
+    EXPECT_FALSE(mark->isVisible());
+    EXPECT_EQ(Rows(), "1|Maths|| 2|English|| |||");
+    prompts.ExpectInformation(QStringLiteral("Select Student Name"));
+    Press(Button("cmdSave"));
+    EXPECT_EQ(Stored(), "");
+}
+
+TEST_F(MarkFaults, WithoutItsRowsAListOffersNothingToChoose)
+{
+    OpenForm();
+    ChooseClassDivision();
+    Given("ALTER TABLE ClassSubjectTeacher RENAME TO Lost");
+    prompts.ExpectCritical();
+    Press(byStudent);
+    prompts.Verify();
+    EXPECT_EQ(students->count(), 0) << "an edit without rows would empty a student's marks";
+    EXPECT_EQ(grid->Rows(), 2);
+    Given("ALTER TABLE Lost RENAME TO ClassSubjectTeacher");
+    Given("ALTER TABLE StudentClassDivision RENAME TO Lost");
+    prompts.ExpectCritical();
+    Press(bySubject);
+    EXPECT_EQ(subjects->count(), 0);
+    EXPECT_EQ(grid->Rows(), 2);
+}
+
+TEST_F(MarkFaults, AnEditWhoseMarksCannotBeReadDoesNotBegin)
+{
+    school->EnterMark(1, 1, 45);
+    GivenRelieved(3);
+    school->EnterMark(3, 1, 35);
+    ShowStoredSubject(QStringLiteral("English"));
+    const std::string enabled = EnabledControls();
+    Given("ALTER TABLE MarkMaster RENAME TO Lost");
+    prompts.ExpectCritical();
+    Press(Button("cmdEdit"));
+    prompts.Verify();
+    Given("ALTER TABLE Lost RENAME TO MarkMaster");
+    EXPECT_EQ(EnabledControls(), enabled);
+    EXPECT_EQ(subjects->currentText().toStdString(), "English");
+    EXPECT_EQ(Rows(), "1|Asha(A1)|45|Present 2|Binu(A2)||Present 3|Cara(A3)|35|Present |||");
+    Press(Button("cmdEdit"));
+    EXPECT_EQ(Rows(), "1|Asha(A1)|45|Present 2|Binu(A2)||Present |||");
+    EXPECT_EQ(EnabledControls(), "fraMain cmdSave cmdCancel cmdExit");
+}
+
+TEST_F(MarkFaults, AnEditOfASubjectNoLongerTakenKeepsTheMarksThatWereShown)
+{
+    school->EnterMark(1, 1, 45);
+    school->EnterAbsence(2, 1);
+    school->EnterMark(3, 1, 35);
+    GivenRelieved(3);
+    ShowStoredSubject(QStringLiteral("English"));
+    Other("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 1");
+    Press(Button("cmdEdit"));
+    EXPECT_EQ(Rows(), "1|Asha(A1)|45|Present 2|Binu(A2)|0|Absent |||");
+    prompts.ExpectInformation(QStringLiteral("Record Updated"));
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Stored(), "1 1 45 P 7 5; 2 1 0 A 7 5");
 }
 
 TEST_F(MarkFaults, ALostTableIsToldWhileChoosingAndTheScreenGoesOn)

@@ -4,6 +4,7 @@
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScrollBar>
 
 namespace tally::test {
 namespace {
@@ -27,6 +28,17 @@ protected:
         for (int index = 0; index < list->count(); ++index)
             texts.append(list->itemText(index));
         return texts.join(QLatin1Char('|')).toStdString();
+    }
+
+    std::string AllowedMark() { return Find<QLineEdit>(form, "txtmaximumallowed")->text().toStdString(); }
+    bool IsSeen(int row) const { return grid->viewport()->rect().intersects(grid->CellRect(row, 1)); }
+    /// 120 is a notch; a touch pad sends many small parts of one.
+    void TurnWheel(int delta)
+    {
+        const QPointF middle = QRectF(grid->viewport()->rect()).center();
+        QWheelEvent turn(middle, grid->viewport()->mapToGlobal(middle), {}, {0, delta}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(grid->viewport(), &turn);
     }
 
     std::string Text(const char* label) { return Find<QLabel>(form, label)->text().toStdString(); }
@@ -145,7 +157,7 @@ TEST_F(MarkLists, StoredMarksComeUpWithTheirAverageAndAbsences)
     Choose(subjects, QStringLiteral("English"));
     EXPECT_EQ(Rows(), "1|Asha(A1)|45|Present 2|Binu(A2)|0|Absent 3|Cara(A3)||Present |||");
     EXPECT_EQ(Average(), "22.5");
-    EXPECT_EQ(Find<QLineEdit>(form, "txtmaximumallowed")->text().toStdString(), "50");
+    EXPECT_EQ(AllowedMark(), "50");
     EXPECT_EQ(grid->TextMatrix(1, 6).toStdString(), "7");
     Choose(subjects, QStringLiteral("Maths"));
     EXPECT_EQ(Rows(), "1|Asha(A1)||Present 2|Binu(A2)||Present 3|Cara(A3)||Present |||");
@@ -251,6 +263,20 @@ TEST_F(MarkLists, EnterInTheDivisionReadsItsListsAnew)
     PressKey(form, Qt::Key_Return);
     EXPECT_EQ(grid->Rows(), 6);
     EXPECT_EQ(Focus(), "Optsubject");
+}
+
+TEST_F(MarkLists, EnterInTheDivisionLeadsBackFromTheStudentsToTheSubjects)
+{
+    GivenThreeStudents();
+    OpenForm();
+    ChooseClassDivision();
+    Press(byStudent);
+    divisions->setFocus();
+    PressKey(form, Qt::Key_Return);
+    EXPECT_TRUE(bySubject->isChecked());
+    EXPECT_FALSE(byStudent->isChecked());
+    EXPECT_EQ(EnabledControls(), Browse);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)||Present");
 }
 
 TEST_F(MarkLists, TheOtherModeStartsWithoutChoiceAndMarks)
@@ -365,25 +391,40 @@ TEST_F(MarkLists, ALongClassThatIsOnlyShownCanBeLookedThrough)
         school->AddStudent(1, QStringLiteral("Student %1").arg(student));
     school->EnterMark(1, 1, 45);
     ShowStoredSubject(QStringLiteral("English"));
-    const auto isSeen = [this](int row) {
-        return grid->viewport()->rect().intersects(grid->CellRect(row, 1));
-    };
-    ASSERT_TRUE(isSeen(1));
-    ASSERT_FALSE(isSeen(60));
+    ASSERT_TRUE(IsSeen(1));
+    ASSERT_FALSE(IsSeen(60));
     for (int page = 0; page < 10; ++page)
         PressKey(form, Qt::Key_PageDown);
-    EXPECT_TRUE(isSeen(60));
-    const QPointF middle = QRectF(grid->viewport()->rect()).center();
-    for (int notch = 0; notch < 60; ++notch) {
-        QWheelEvent up(middle, grid->viewport()->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton,
-                       Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(grid->viewport(), &up);
-    }
-    EXPECT_TRUE(isSeen(1));
+    EXPECT_TRUE(IsSeen(60));
+    for (int notch = 0; notch < 60; ++notch)
+        TurnWheel(120);
+    EXPECT_TRUE(IsSeen(1));
     PressKey(form, Qt::Key_PageDown);
-    EXPECT_FALSE(isSeen(1));
+    EXPECT_FALSE(IsSeen(1));
     PressKey(form, Qt::Key_PageUp);
-    EXPECT_TRUE(isSeen(1));
+    EXPECT_TRUE(IsSeen(1));
+}
+
+TEST_F(MarkLists, SmallTurnsOfTheWheelAddUpOverAClassThatIsOnlyShown)
+{
+    for (int student = 0; student < 60; ++student)
+        school->AddStudent(1, QStringLiteral("Student %1").arg(student));
+    school->EnterMark(1, 1, 45);
+    ShowStoredSubject(QStringLiteral("English"));
+    Settle();
+    ASSERT_FALSE(IsSeen(60));
+    const int top = grid->verticalScrollBar()->value();
+    for (int part = 0; part < 7; ++part)
+        TurnWheel(-15);
+    EXPECT_EQ(grid->verticalScrollBar()->value(), top);
+    TurnWheel(-15);
+    const int notch = grid->verticalScrollBar()->value() - top;
+    EXPECT_GT(notch, 0);
+    TurnWheel(-120);
+    EXPECT_EQ(grid->verticalScrollBar()->value(), top + 2 * notch);
+    TurnWheel(-119);
+    TurnWheel(120);
+    EXPECT_EQ(grid->verticalScrollBar()->value(), top + notch) << "the other way begins anew";
 }
 
 TEST_F(MarkLists, LookingAtAnotherProgramIsNoLeaving)
@@ -401,18 +442,82 @@ TEST_F(MarkLists, LookingAtAnotherProgramIsNoLeaving)
     PressKey(form, Qt::Key_Tab);
 }
 
-TEST_F(MarkLists, ASubjectThatTheDivisionNoLongerTakesLeavesTheGridAsItWas)
+TEST_F(MarkLists, ASubjectThatTheDivisionNoLongerTakesLeavesTheGridAndTheLimitsAsTheyWere)
 {
     GivenThreeStudents();
-    school->EnterMark(1, 1, 45);
-    OpenForm();
-    ChooseClassDivision();
-    Choose(subjects, QStringLiteral("English"));
+    Given("UPDATE ClassSubjectTeacher SET MaximumMark = 200 WHERE SubjectCode = 2");
+    StartSubject(QStringLiteral("English"));
+    Enter("45");
     Given("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 2");
     Choose(subjects, QStringLiteral("Maths"));
     EXPECT_EQ(RowText(1), "1|Asha(A1)|45|Present");
     EXPECT_EQ(Average(), "15");
-    EXPECT_EQ(Find<QLineEdit>(form, "txtmaximumallowed")->text().toStdString(), "50");
+    EXPECT_EQ(AllowedMark(), "50");
+    PressKey(form, Qt::Key_Return);
+    Enter("30");
+    EXPECT_EQ(Average(), "10") << "out of the hundred of the subject before";
+    prompts.ExpectInformation(QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : 50"));
+    QTest::keyClicks(mark, QStringLiteral("51"));
+}
+
+TEST_F(MarkLists, TheAllowedMarkIsShownWhileASubjectIsChosen)
+{
+    GivenThreeStudents();
+    school->EnterMark(1, 2, 45);
+    OpenNew();
+    ChooseClassDivision();
+    EXPECT_EQ(AllowedMark(), "");
+    Choose(subjects, QStringLiteral("English"));
+    EXPECT_EQ(AllowedMark(), "50");
+    Choose(subjects, QStringLiteral("Maths"));
+    EXPECT_EQ(AllowedMark(), "100");
+    prompts.ExpectQuestion(AlreadyEntered, false);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(AllowedMark(), "") << "put back on No";
+    Settle();
+    Choose(subjects, QStringLiteral("English"));
+    Press(byStudent);
+    Press(bySubject);
+    EXPECT_EQ(AllowedMark(), "") << "the mode changed";
+    Choose(subjects, QStringLiteral("English"));
+    Choose(divisions, QStringLiteral(" "));
+    EXPECT_EQ(AllowedMark(), "") << "no division";
+    Choose(divisions, QStringLiteral("A"));
+    Choose(subjects, QStringLiteral("English"));
+    Choose(classes, QStringLiteral(" "));
+    EXPECT_EQ(AllowedMark(), "") << "no class";
+}
+
+TEST_F(MarkLists, AClassWithoutDivisionsHasNoneToChoose)
+{
+    Given("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 1, 2, 0)");
+    OpenNew();
+    Choose(exam, QStringLiteral("Term One"));
+    Choose(classes, QStringLiteral("IX"));
+    EXPECT_EQ(Entries(divisions), " ");
+    PressKey(form, Qt::Key_Return);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "cboDivision");
+    prompts.ExpectInformation(QStringLiteral("Select Division"));
+    Press(Button("cmdSave"));
+    EXPECT_EQ(Rows(), "|||");
+}
+
+TEST_F(MarkLists, AfterCancelNothingOfTheOldClassIsOffered)
+{
+    GivenThreeStudents();
+    OpenNew();
+    ChooseClassDivision();
+    Press(byStudent);
+    Choose(students, QStringLiteral("Asha(A1)"));
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(Entries(exam), " |Term One");
+    EXPECT_EQ(Entries(classes), " |X");
+    EXPECT_EQ(Entries(divisions), " ");
+    EXPECT_EQ(Entries(subjects), "");
+    EXPECT_EQ(Entries(students), "");
+    EXPECT_TRUE(bySubject->isChecked());
+    EXPECT_EQ(EnabledControls(), Browse);
 }
 
 TEST_F(MarkLists, AnExamAddedOnTheWayCanBeChosenOnReturnAndTheChoiceStays)
