@@ -23,6 +23,7 @@ constexpr int SignatureRow = 10;
 constexpr int NextCard = 13;
 
 constexpr int SchoolNamePoints = 16;
+constexpr CellStyle StudentStyle{.middle = true};
 constexpr double StudentRowHeight = 18;
 constexpr double HeadRowHeight = 22;
 constexpr double ExamRowHeight = 20;
@@ -70,6 +71,26 @@ std::vector<Card> CardsOf(const FlexGrid& grid, int lastRow)
         within = line;
     }
     return cards;
+}
+
+QString StudentLine(const FlexGrid& grid, const Card& card, const StudentText& text)
+{
+    return QString::fromLatin1(text.label) + grid.TextMatrix(card.firstRow, text.column);
+}
+
+/// The longest of all cards for each of the lines that tell the student.
+std::vector<QString> LongestStudentLines(const FlexGrid& grid, const std::vector<Card>& cards)
+{
+    std::vector<QString> longest;
+    for (const StudentText& text : StudentTexts) {
+        QString& line = longest.emplace_back();
+        for (const Card& card : cards) {
+            QString other = StudentLine(grid, card, text);
+            if (LettersOnPaper(other) > LettersOnPaper(line))
+                line = std::move(other);
+        }
+    }
+    return longest;
 }
 
 /// The lines under which a card begins: the school, and what else the caller puts there.
@@ -125,9 +146,18 @@ std::vector<double> NeededPoints(const FlexGrid& grid, int lastRow, int lastCol)
 /// Printers and office programs differ a little in how wide a letter is.
 constexpr double SureRoom = 0.96;
 
-Page FitPage(bool landscape, const std::vector<double>& neededPoints, const std::vector<HeadLine>& headLines,
-             int examLines)
+/// What all cards have to fit on their pages.
+struct CardSize
 {
+    std::vector<double> neededPoints; ///< widths of the columns
+    std::vector<HeadLine> headLines;
+    std::vector<QString> studentLines;
+    int examLines = 0;
+};
+
+Page FitPage(bool landscape, const CardSize& card)
+{
+    const std::vector<double>& neededPoints = card.neededPoints;
     const QSizeF room = Workbook::PrintableArea(landscape) * SureRoom;
     double needed = 0;
     for (const double points : neededPoints)
@@ -140,11 +170,13 @@ Page FitPage(bool landscape, const std::vector<double>& neededPoints, const std:
     };
     span();
 
-    double height = HeadRowHeight + examLines * ExamRowHeight;
-    for (const HeadLine& line : headLines)
+    double height = HeadRowHeight + card.examLines * ExamRowHeight;
+    for (const HeadLine& line : card.headLines)
         height += HeadLineHeight(line.text, line.style, page.Letters());
-    const auto plainRows = FirstStudentRow - static_cast<int>(headLines.size()) + NextCard - 1;
-    height += plainRows * Workbook::StandardRowHeight + StudentTexts.size() * StudentRowHeight;
+    for (const QString& line : card.studentLines)
+        height += HeadLineHeight(line, StudentStyle, page.Letters(), StudentRowHeight);
+    const auto plainRows = FirstStudentRow - static_cast<int>(card.headLines.size()) + NextCard - 1;
+    height += plainRows * Workbook::StandardRowHeight;
     if (height * page.scale > room.height()) {
         page.scale = room.height() / height;
         span();
@@ -152,10 +184,10 @@ Page FitPage(bool landscape, const std::vector<double>& neededPoints, const std:
     return page;
 }
 
-Page BestPage(const std::vector<double>& neededPoints, const std::vector<HeadLine>& headLines, int examLines)
+Page BestPage(const CardSize& card)
 {
-    Page portrait = FitPage(false, neededPoints, headLines, examLines);
-    Page landscape = FitPage(true, neededPoints, headLines, examLines);
+    Page portrait = FitPage(false, card);
+    Page landscape = FitPage(true, card);
     return landscape.scale > portrait.scale ? landscape : portrait;
 }
 
@@ -190,12 +222,9 @@ private:
         for (const HeadLine& line : headLines_)
             WriteHeadLine(workbook_, row_++, LastSheetColumn(), line.text, line.style, letters_);
         row_ += FirstStudentRow - static_cast<int>(headLines_.size());
-        for (const StudentText& text : StudentTexts) {
-            workbook_.SetRowHeight(row_, StudentRowHeight);
-            workbook_.WriteText(
-                row_++, 0, QString::fromLatin1(text.label) + grid_.TextMatrix(card.firstRow, text.column),
-                {.middle = true});
-        }
+        for (const StudentText& text : StudentTexts)
+            WriteHeadLine(workbook_, row_++, LastSheetColumn(), StudentLine(grid_, card, text), StudentStyle,
+                          letters_, StudentRowHeight);
         WriteLine(0, HeadRowHeight);
         for (int line = 0; line < card.lines; ++line)
             WriteLine(card.firstRow + line, ExamRowHeight);
@@ -251,11 +280,12 @@ QString ExportFlexGridToExcel1(const FlexGrid& grid, int lastRow, int lastCol, c
 {
     const std::vector<Card> cards = CardsOf(grid, lastRow);
     const std::vector<HeadLine> headLines = HeadLines(title, heading);
-    const Page page = BestPage(NeededPoints(grid, lastRow, lastCol), headLines, examCount);
+    const Page page = BestPage(
+        {NeededPoints(grid, lastRow, lastCol), headLines, LongestStudentLines(grid, cards), examCount});
 
     const auto columns = static_cast<qint64>(page.points.size());
-    const auto rowsWithLines = static_cast<qint64>(headLines.size()) + 1 + examCount;
-    const qint64 cellsOfCard = rowsWithLines * columns + static_cast<qint64>(StudentTexts.size()) + 1;
+    const auto fullRows = static_cast<qint64>(headLines.size() + StudentTexts.size()) + 1 + examCount;
+    const qint64 cellsOfCard = fullRows * columns + 1; // the signatures
     ExportSubject subject{title.isEmpty() ? QStringLiteral("Rank Card") : title, heading,
                           cellsOfCard * static_cast<qint64>(cards.size())};
     return ExportWorkbook(subject, [&](Workbook& workbook) {

@@ -55,7 +55,7 @@ ExportError FullDisk(const QDir& folder)
 /// all of them beforehand.
 void RequireRoom(const QDir& folder, qint64 cells)
 {
-    constexpr qint64 BytesForACell = 200;
+    constexpr qint64 BytesForACell = 50;
     constexpr qint64 BytesForTheRest = 1'000'000;
     const qint64 needed = BytesForTheRest + BytesForACell * cells;
     const QStorageInfo disk(folder.path());

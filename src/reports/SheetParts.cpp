@@ -48,7 +48,7 @@ double Enlargement(const CellStyle& style)
 
 int LineCount(const QString& text, const CellStyle& style, double width)
 {
-    return 1 + static_cast<int>(static_cast<double>(text.size()) * Enlargement(style) / width);
+    return 1 + static_cast<int>(LettersOnPaper(text) * Enlargement(style) / width);
 }
 
 } // namespace
@@ -59,16 +59,24 @@ std::array<QString, SchoolHeadRows> SchoolHead()
     return {session.gstrSchoolName, session.gstrSchoolAddress, session.gstrSchoolCity};
 }
 
-double HeadLineHeight(const QString& text, const CellStyle& style, double width)
+double LettersOnPaper(const QString& text)
 {
-    return LineCount(text, style, width) * Enlargement(style) * Workbook::StandardRowHeight;
+    constexpr double Capital = 1.25;
+    const auto capitals =
+        std::count_if(text.begin(), text.end(), [](QChar letter) { return letter.isUpper(); });
+    return static_cast<double>(text.size() - capitals) + Capital * static_cast<double>(capitals);
+}
+
+double HeadLineHeight(const QString& text, const CellStyle& style, double width, double least)
+{
+    return std::max(least, LineCount(text, style, width) * Enlargement(style) * Workbook::StandardRowHeight);
 }
 
 void WriteHeadLine(Workbook& workbook, int row, int lastColumn, const QString& text, CellStyle style,
-                   double width)
+                   double width, double least)
 {
     style.wrap = LineCount(text, style, width) > 1;
-    const double height = HeadLineHeight(text, style, width);
+    const double height = HeadLineHeight(text, style, width, least);
     if (height > Workbook::StandardRowHeight)
         workbook.SetRowHeight(row, height);
     workbook.WriteMerged(row, 0, lastColumn, text, style);

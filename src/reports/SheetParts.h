@@ -14,12 +14,15 @@ namespace tally {
 inline constexpr int SchoolHeadRows = 3;
 std::array<QString, SchoolHeadRows> SchoolHead();
 
-/// The height in points of a row that holds `text` over `width` letters: a merged cell cuts its text at its
-/// edges, so a long one goes on in further lines.
-double HeadLineHeight(const QString& text, const CellStyle& style, double width);
+/// The width of the text in digits of the standard font, roughly.
+double LettersOnPaper(const QString& text);
+/// The height in points, `least` or more, of a row that holds `text` over `width` letters: a merged cell cuts
+/// its text at its edges, so a long one goes on in further lines.
+double HeadLineHeight(const QString& text, const CellStyle& style, double width,
+                      double least = Workbook::StandardRowHeight);
 /// Merges the columns 0 to `lastColumn`, together `width` letters wide, for one text.
 void WriteHeadLine(Workbook& workbook, int row, int lastColumn, const QString& text, CellStyle style,
-                   double width);
+                   double width, double least = Workbook::StandardRowHeight);
 
 /// A text of digits that stands for a person or a thing and not for an amount: 0042, or a long card number.
 bool IsIdentity(const QString& text);

@@ -75,7 +75,8 @@ protected:
     void FillLargeCard(int exams, int subjects)
     {
         QString heads = QStringLiteral("||||");
-        QString line = QStringLiteral("Half Yearly|Asha|7|X|A");
+        const QString longestName = QStringLiteral("Venkataraman ").repeated(8).left(100);
+        QString line = QStringLiteral("Half Yearly|%1|7|X|A").arg(longestName);
         for (int subject = 1; subject <= subjects; ++subject) {
             heads += QStringLiteral("|Sub%1").arg(subject);
             line += QStringLiteral("|100.00");
@@ -160,6 +161,8 @@ TEST_F(RankCardExport, TheHeadsAndExamLinesFollowWithBordersAndEmptyCellsStayEmp
     EXPECT_FALSE(sheet.At("B13").isNumber);
     for (const char* cell : {"A11", "F11", "A12", "F12", "A13", "B13", "F13"})
         EXPECT_TRUE(sheet.At(cell).style.border) << cell;
+    for (const char* cell : {"A11", "F11", "A12", "B12", "F12", "B13"})
+        EXPECT_EQ(sheet.At(cell).style.horizontal, QStringLiteral("center")) << cell;
     for (const char* cell : {"A10", "G12", "A14"})
         EXPECT_FALSE(sheet.At(cell).style.border) << cell;
 }
@@ -264,7 +267,39 @@ TEST_F(RankCardExport, ALongSchoolNameGoesOnInASecondLine)
         QString(20, u'W') + QStringLiteral(" and Sons' Higher Secondary School ") + QString(40, u'W');
     const WorkbookReader sheet = Exported();
     EXPECT_GT(sheet.RowHeight(1), 40);
+    EXPECT_TRUE(sheet.At("A1").style.wrap);
     EXPECT_EQ(sheet.At("A1").value, Session().gstrSchoolName);
+}
+
+TEST_F(RankCardExport, TheLongestStudentNameGoesOnInASecondLineAndOtherCardsStayAsTheyAre)
+{
+    const QString name = QStringLiteral("Venkatanarasimharajuvaripeta Subrahmanyam Lakshminarayana Iyer Of "
+                                        "Tiruchirappalli The Younger Cousin");
+    ASSERT_EQ(name.size(), 100);
+    Fill({"|||||Eng|Mat|Total|Average|Rank|Grade",
+          QStringLiteral("First|") + name + QStringLiteral("|0042|X|A|74|80|154|77|1|A"), "",
+          "First|Binu|7|X|A|20|71|91|45.5||C", ""});
+    const WorkbookReader sheet = Exported(1);
+    EXPECT_EQ(sheet.At("A7").value, QStringLiteral(" Student Name : ") + name);
+    EXPECT_TRUE(sheet.Merges().contains(QStringLiteral("A7:F7")));
+    EXPECT_TRUE(sheet.At("A7").style.wrap);
+    EXPECT_EQ(sheet.RowHeight(7), 2 * Workbook::StandardRowHeight);
+    EXPECT_FALSE(sheet.At("A8").style.wrap);
+    EXPECT_EQ(sheet.At("A31").value, QStringLiteral(" Student Name : Binu"));
+    EXPECT_FALSE(sheet.At("A31").style.wrap);
+    EXPECT_EQ(sheet.RowHeight(31), sheet.RowHeight(8));
+}
+
+TEST_F(RankCardExport, ANameInCapitalsGoesOnInASecondLineEarlier)
+{
+    const auto height = [&](const QString& name) {
+        Fill({"|||||Eng|Mat|Total|Average|Rank|Grade",
+              QStringLiteral("First|") + name + QStringLiteral("|7|X|A|74|80|154|77|1|A"), ""});
+        return Exported(1).RowHeight(7);
+    };
+    const QString name = QStringLiteral("Hemachandran ").repeated(5);
+    EXPECT_LT(height(name), 2 * Workbook::StandardRowHeight);
+    EXPECT_EQ(height(name.toUpper()), 2 * Workbook::StandardRowHeight);
 }
 
 TEST_F(RankCardExport, ATitleAndAHeadingTakeTheTwoBlankLines)

@@ -5,6 +5,7 @@
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "reports/ExportWorkbook.h"
+#include "reports/Workbook.h"
 #include "reports/WorkbookReader.h"
 #include "support/FileSizeLimit.h"
 
@@ -12,6 +13,7 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QRegularExpression>
+#include <QStorageInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -442,6 +444,32 @@ TEST_F(Export, LeavesNoHalfFileWhenTheDiskIsFull)
     EXPECT_EQ(FilesLeft(), QStringList());
     EXPECT_TRUE(opened_.empty());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(Export, TellsOfADiskWithoutRoomForAllCellsBeforeItWritesAny)
+{
+    const auto write = [&](qint64 cells) {
+        bool begun = false;
+        RunExport([&] {
+            ExportWorkbook({Latin("Rank List"), {}, cells}, [&](Workbook& workbook) {
+                begun = true;
+                workbook.WriteText(0, 0, Latin("Asha"), {});
+            });
+        });
+        return begun;
+    };
+    const qint64 room = QStorageInfo(home_.path()).bytesAvailable();
+    constexpr int MostBytesForACell = 100;
+    EXPECT_TRUE(write(room / MostBytesForACell)) << "there is room enough";
+    EXPECT_TRUE(boxes_.empty());
+    EXPECT_EQ(FilesLeft().size(), 1);
+
+    QDir(ExportFolder()).removeRecursively();
+    constexpr int LeastBytesForACell = 25;
+    EXPECT_FALSE(write(room / LeastBytesForACell));
+    ASSERT_EQ(boxes_.size(), 1U);
+    EXPECT_TRUE(boxes_[0].text.contains(Latin("full"))) << boxes_[0].text.toStdString();
+    EXPECT_EQ(FilesLeft(), QStringList());
 }
 
 TEST_F(Export, KeepsTheWorkbookWhenItsProgramDoesNotStart)

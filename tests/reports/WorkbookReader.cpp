@@ -81,6 +81,7 @@ void WorkbookReader::ReadStyles(const QString& path)
         } else if (inCells && name == u"alignment") {
             styles_.back().horizontal = Value(xml, "horizontal");
             styles_.back().vertical = Value(xml, "vertical");
+            styles_.back().wrap = Value(xml, "wrapText") == u"1";
         }
     });
 }

@@ -16,7 +16,8 @@ public:
     {
         bool bold = false;
         bool border = false; ///< on all four sides
-        QString fill;        ///< "FFRRGGBB"; empty for none
+        bool wrap = false;
+        QString fill; ///< "FFRRGGBB"; empty for none
         QString horizontal;
         QString vertical;
         QString numberFormat;
