@@ -20,7 +20,7 @@ StudentListInput RankCardRepository::LoadStudentList(const RankCardScope& scope)
     StudentListInput input;
     store::Statement students = main_.Query(
         QStringLiteral("Select a.StudentCode,a.StudentName from StudentMaster a inner join "
-                       " StudentClassDivision b on a.StudentCode=b.StudentCode where b.ClassCode=? "
+                       "StudentClassDivision b on a.StudentCode=b.StudentCode where b.ClassCode=? "
                        "and b.DivisionCode=? and b.AcademicYearCode=? order by a.StudentName,a.StudentCode"),
         scope.classCode, scope.divisionCode, scope.academicYearCode);
     while (students.Next())

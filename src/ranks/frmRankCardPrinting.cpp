@@ -155,16 +155,15 @@ void frmRankCardPrinting::LoadStudentList()
 
 void frmRankCardPrinting::LstStudents_ItemCheck(int index, bool ticked)
 {
-    ClearCards();
-    if (!ticked) {
-        ui_->chkSelectStudents->setChecked(false);
+    const QString refusal = ticked ? StudentRefusal(ui_->LstStudents->item(index)->text()) : QString();
+    if (!refusal.isEmpty()) {
+        Prompts::Information(refusal);
+        ui_->LstStudents->SetTicked(index, false);
         return;
     }
-    const QString refusal = StudentRefusal(ui_->LstStudents->item(index)->text());
-    if (refusal.isEmpty())
-        return;
-    Prompts::Information(refusal);
-    ui_->LstStudents->SetTicked(index, false);
+    if (!ticked)
+        ui_->chkSelectStudents->setChecked(false);
+    ClearCards();
 }
 
 void frmRankCardPrinting::chkSelectStudents_Click(bool ticked)

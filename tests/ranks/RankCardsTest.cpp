@@ -157,6 +157,8 @@ TEST_F(RankCards, ACardTakesItsNamesAndSubjectsFromItsOwnDivisionAndYear)
     const RankCardRows shown = Show({asha}, {1});
     EXPECT_EQ(Marks(shown, 0), QStringLiteral("Eng|Total|Average|Rank|Grade"));
     EXPECT_EQ(Texts(shown, FirstLine), QStringLiteral("First|Asha|A1|X|A|60||||"));
+    scope = {1, 1, 2};
+    EXPECT_EQ(Texts(Show({asha}, {7}), FirstLine), QStringLiteral("Second|Asha|A1|X|B||99|99|9|Z"));
     scope = {1, 2, 1};
     EXPECT_EQ(Texts(Show({asha}, {7}), FirstLine), QStringLiteral("Second|Asha|A1|IX|P||99|99|9|Z"));
 }

@@ -7,6 +7,7 @@
 #include "core/OpenDocument.h"
 #include "core/ScreenRegistry.h"
 #include "ranks/RankCardSchool.h"
+#include "reports/Workbook.h"
 #include "reports/WorkbookReader.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScreenFixture.h"
@@ -19,6 +20,8 @@
 #include <QRadioButton>
 #include <QTimer>
 #include <QToolBar>
+
+#include <functional>
 
 namespace tally::test {
 namespace {
@@ -372,18 +375,117 @@ TEST_F(RankCardScreen, MarksFollowTheOptionsOfTheSession)
 TEST_F(RankCardScreen, EveryChangeOfTheSelectionTakesTheCardsAway)
 {
     GivenTwoStudents();
-    OpenAndProceed();
-    Tick(students, 1);
-    ExpectNoCards();
-    Press(Button("cmdView"));
+    Given("Insert into ClassDivisionMaster values(2,'IX',9,2,0)");
+    const std::vector<std::pair<const char*, std::function<void()>>> changes{
+        {"a student", [&] { Tick(students, 1); }},
+        {"all students", [&] { Press(allStudents); }},
+        {"an exam", [&] { Tick(exams, 1); }},
+        {"all exams", [&] { Press(allExams); }},
+        {"the class", [&] { Next(classes); }},
+        {"the division",
+         [&] {
+             divisions->setFocus();
+             QTest::keyClick(divisions, Qt::Key_Up);
+         }},
+        {"the subjects to display", [&] { Press(Option("Optsubjectdisplayyes")); }},
+    };
+    for (const auto& [name, change] : changes) {
+        SCOPED_TRACE(name);
+        OpenAndProceed();
+        change();
+        ExpectNoCards();
+        Press(Button("cmdExit"));
+        Settle();
+    }
+}
+
+TEST_F(RankCardScreen, ARefusedTickLeavesTheCardsOnTheScreen)
+{
+    GivenTwoStudents();
+    OpenForm();
     Tick(exams, 1);
-    ExpectNoCards();
+    ChooseDivision();
     Press(allStudents);
     Press(Button("cmdView"));
-    ASSERT_TRUE(Button("cmdExport")->isEnabled());
-    divisions->setFocus();
-    QTest::keyClick(divisions, Qt::Key_Up);
-    ExpectNoCards();
+    ASSERT_EQ(Row(2), QStringLiteral("Term Two|Asha|A1|X|A|80|90||||"));
+    prompts.ExpectInformation(QStringLiteral("'Classwise Mark Entry' Is Not Made For This Student - . Binu"));
+    Tick(students, 1);
+    EXPECT_FALSE(students->IsTicked(1));
+    EXPECT_EQ(Row(2), QStringLiteral("Term Two|Asha|A1|X|A|80|90||||"));
+    EXPECT_TRUE(Button("cmdExport")->isEnabled());
+}
+
+TEST_F(RankCardScreen, AListThatIsMadeAnewIsNoLongerMarkedAsAllSelected)
+{
+    GivenTwoStudents();
+    OpenForm();
+    ChooseDivision();
+    Press(allStudents);
+    ASSERT_TRUE(allStudents->isChecked());
+    Tick(exams, 0);
+    EXPECT_FALSE(allStudents->isChecked());
+    EXPECT_TRUE(students->TickedIndexes().isEmpty());
+}
+
+TEST_F(RankCardScreen, NumbersStandAtTheRightAndTextsAtTheLeft)
+{
+    GivenTwoStudents();
+    OpenAndProceed();
+    const int gradeColumn = grid->Cols() - 1;
+    for (int col = 0; col < grid->Cols(); ++col) {
+        const bool text = col < RankCardRows::FirstSubjectColumn || col == gradeColumn;
+        EXPECT_EQ(grid->ColAlignment(col), (text ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter) << col;
+    }
+}
+
+TEST_F(RankCardScreen, ListingAndShowingShowAnHourglassWhileTheyWork)
+{
+    GivenTwoStudents();
+    OpenForm();
+    Tick(exams, 0);
+    const auto pointer = [] {
+        const QCursor* cursor = QGuiApplication::overrideCursor();
+        return cursor != nullptr ? cursor->shape() : Qt::ArrowCursor;
+    };
+    Qt::CursorShape listing = Qt::ArrowCursor;
+    QObject::connect(students->model(), &QAbstractItemModel::rowsInserted, form,
+                     [&] { listing = pointer(); });
+    ChooseDivision();
+    EXPECT_EQ(listing, Qt::WaitCursor);
+    EXPECT_EQ(pointer(), Qt::ArrowCursor);
+
+    Press(allStudents);
+    Qt::CursorShape showing = Qt::ArrowCursor;
+    QObject::connect(grid->model(), &QAbstractItemModel::modelReset, form, [&] { showing = pointer(); });
+    Press(Button("cmdView"));
+    EXPECT_EQ(showing, Qt::WaitCursor);
+    EXPECT_EQ(pointer(), Qt::ArrowCursor);
+    QObject::disconnect(grid->model(), nullptr, form, nullptr);
+    QObject::disconnect(students->model(), nullptr, form, nullptr);
+}
+
+TEST_F(RankCardScreen, AsManyExamsAsAreTickedFitOnTheExportedPage)
+{
+    GivenTwoStudents();
+    constexpr int Exams = 40;
+    for (int exam = 3; exam <= Exams; ++exam) {
+        cards->AddExam(exam, "Test", exam);
+        cards->EnterMarks(exam, 1, {60, 70});
+    }
+    OpenForm();
+    Press(allExams);
+    ChooseDivision();
+    Press(allStudents);
+    Press(Button("cmdView"));
+    Press(Button("cmdExport"));
+    const WorkbookReader sheet(exported);
+    double height = 0;
+    for (int row = 1; row <= 11 + Exams + 12; ++row)
+        height += sheet.RowHeight(row) > 0 ? sheet.RowHeight(row) : Workbook::StandardRowHeight;
+    const bool landscape = sheet.Attribute("pageSetup", "orientation") == u"landscape";
+    const QString scale = sheet.Attribute("pageSetup", "scale");
+    EXPECT_LE(height * (scale.isEmpty() ? 100 : scale.toInt()) / 100,
+              Workbook::PrintableArea(landscape).height());
 }
 
 TEST_F(RankCardScreen, AnExamWithoutMarksLeavesNobodyToTick)
