@@ -26,11 +26,6 @@ namespace {
 
 constexpr int HelpScreenNo = 19;
 
-int ChosenCode(const QComboBox* combo)
-{
-    return combo->currentData().toInt();
-}
-
 /// Two clients entered the first marks at once, and the other one was faster.
 QString EnteredMeanwhile(MarkMode mode)
 {
@@ -86,8 +81,8 @@ void frmexammarkentry::ConnectHandlers()
     using Form = frmexammarkentry;
     connect(ui_->cmdAddExam, &QPushButton::clicked, this, &Form::cmdAddExam_Click);
     connect(ui_->dbcExam, &DataCombo::Chosen, this, &Form::dbcExam_Change);
-    connect(ui_->cboClass, &QComboBox::activated, this, &Form::cboClass_Click);
-    connect(ui_->cboDivision, &QComboBox::activated, this, &Form::cboDivision_Click);
+    connect(ui_->cboClass, &DataCombo::Chosen, this, &Form::cboClass_Click);
+    connect(ui_->cboDivision, &DataCombo::Chosen, this, &Form::cboDivision_Click);
     connect(ui_->Optsubject, &QRadioButton::clicked, this, &Form::Optsubject_Click);
     connect(ui_->Optstudent, &QRadioButton::clicked, this, &Form::Optstudent_Click);
     for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent}) {
@@ -101,8 +96,7 @@ void frmexammarkentry::ConnectHandlers()
     connect(ui_->cmdSave, &QPushButton::clicked, this, &Form::cmdSave_Click);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &Form::cmdCancel_Click);
 
-    for (QComboBox* combo :
-         std::initializer_list<QComboBox*>{ui_->dbcExam, ui_->cboClass, ui_->dbcSubject, ui_->dbcStudent})
+    for (DataCombo* combo : {ui_->dbcExam, ui_->cboClass, ui_->dbcSubject, ui_->dbcStudent})
         combo->setProperty(EnterNeedsText, true);
     ui_->cboDivision->setProperty(TakesEnter, true);
     ui_->cboDivision->installEventFilter(this);
@@ -124,8 +118,8 @@ MarkRepository frmexammarkentry::Marks() const
 
 MarkScope frmexammarkentry::Scope() const
 {
-    return {Session().gintAcademicYearCode, ui_->dbcExam->BoundCode(), ChosenCode(ui_->cboClass),
-            ChosenCode(ui_->cboDivision)};
+    return {Session().gintAcademicYearCode, ui_->dbcExam->BoundCode(), ui_->cboClass->BoundCode(),
+            ui_->cboDivision->BoundCode()};
 }
 
 DataCombo* frmexammarkentry::List() const
@@ -143,10 +137,10 @@ void frmexammarkentry::cmdNew_Click()
     ui_->dbcStudent->setEnabled(false);
     ui_->msgDetails->SetTextMatrix(1, SerialCol, QStringLiteral("1"));
     ui_->cmdSave->setEnabled(true);
-    const std::initializer_list<QComboBox*> selections{ui_->dbcExam, ui_->cboClass, ui_->cboDivision};
+    const std::initializer_list<DataCombo*> selections{ui_->dbcExam, ui_->cboClass, ui_->cboDivision};
     QWidget* next = List()->isEnabled() ? static_cast<QWidget*>(List()) : ui_->Optstudent;
-    for (QComboBox* selection : selections) {
-        if (ChosenCode(selection) == 0) {
+    for (DataCombo* selection : selections) {
+        if (selection->BoundCode() == 0) {
             next = selection;
             break;
         }
@@ -188,9 +182,9 @@ bool frmexammarkentry::IsReady()
 {
     if (ui_->dbcExam->IsBlank())
         return Refuse(QStringLiteral("Select Exam Name"), ui_->dbcExam);
-    if (ChosenCode(ui_->cboClass) == 0)
+    if (ui_->cboClass->BoundCode() == 0)
         return Refuse(QStringLiteral("Select Class"), ui_->cboClass);
-    if (ChosenCode(ui_->cboDivision) == 0)
+    if (ui_->cboDivision->BoundCode() == 0)
         return Refuse(QStringLiteral("Select Division"), ui_->cboDivision);
     if (!IsChosen())
         return false;

@@ -20,12 +20,11 @@ const QString BlankItem = QStringLiteral(" ");
 const QString ExamMaster = QStringLiteral("frmexamnamemaster");
 
 /// The names behind a blank item.
-void Fill(QComboBox* combo, const CodedTexts& names)
+void Fill(DataCombo* combo, const CodedTexts& names)
 {
-    combo->clear();
-    combo->addItem(BlankItem, 0);
-    for (const auto& [code, name] : names)
-        combo->addItem(name, code);
+    DataCombo::Entries entries{{0, BlankItem}};
+    entries.insert(entries.end(), names.begin(), names.end());
+    combo->SetList(entries);
 }
 
 } // namespace

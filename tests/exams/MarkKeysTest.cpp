@@ -1,5 +1,7 @@
 #include "exams/MarkScreen.h"
 
+#include <QAbstractItemView>
+
 #include <array>
 
 namespace tally::test {
@@ -144,6 +146,19 @@ TEST_F(MarkKeys, NoStatementRunsWhileAStudentsMarksAreTyped)
     EXPECT_EQ(Focus(), "cmdSave");
     EXPECT_EQ(Rows(), "1|Maths|88.5|Present 2|English|0|Absent |||");
     EXPECT_EQ(Session().gcnnMain->StatementsRun(), before);
+}
+
+TEST_F(MarkKeys, ChoosingTheSameAgainKeepsWhatWasTyped)
+{
+    GivenThreeStudents();
+    StartSubject(QStringLiteral("English"));
+    Enter("45");
+    for (QComboBox* list : {static_cast<QComboBox*>(exam), classes, divisions}) {
+        list->showPopup();
+        QTest::keyClick(list->view(), Qt::Key_Return);
+        Settle();
+        EXPECT_EQ(RowText(1), "1|Asha(A1)|45|Present") << list->objectName().toStdString();
+    }
 }
 
 TEST_F(MarkKeys, TabLeadsFromTheSubjectToTheFirstMarkToo)
