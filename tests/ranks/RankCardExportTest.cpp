@@ -15,6 +15,9 @@
 namespace tally::test {
 namespace {
 
+const QString LongestName = QStringLiteral("Venkatanarasimharajuvaripeta Subrahmanyam Lakshminarayana Iyer "
+                                           "Of Tiruchirappalli The Younger Cousin");
+
 /// A grid of rank cards, a folder for workbooks and a spreadsheet program that opens everything.
 class RankCardExport : public testing::Test
 {
@@ -72,11 +75,10 @@ protected:
     }
 
     /// One card of many exams and subjects.
-    void FillLargeCard(int exams, int subjects)
+    void FillLargeCard(int exams, int subjects, const QString& name = LongestName)
     {
         QString heads = QStringLiteral("||||");
-        const QString longestName = QStringLiteral("Venkataraman ").repeated(8).left(100);
-        QString line = QStringLiteral("Half Yearly|%1|7|X|A").arg(longestName);
+        QString line = QStringLiteral("Half Yearly|%1|7|X|A").arg(name);
         for (int subject = 1; subject <= subjects; ++subject) {
             heads += QStringLiteral("|Sub%1").arg(subject);
             line += QStringLiteral("|100.00");
@@ -273,14 +275,12 @@ TEST_F(RankCardExport, ALongSchoolNameGoesOnInASecondLine)
 
 TEST_F(RankCardExport, TheLongestStudentNameGoesOnInASecondLineAndOtherCardsStayAsTheyAre)
 {
-    const QString name = QStringLiteral("Venkatanarasimharajuvaripeta Subrahmanyam Lakshminarayana Iyer Of "
-                                        "Tiruchirappalli The Younger Cousin");
-    ASSERT_EQ(name.size(), 100);
+    ASSERT_EQ(LongestName.size(), 100);
     Fill({"|||||Eng|Mat|Total|Average|Rank|Grade",
-          QStringLiteral("First|") + name + QStringLiteral("|0042|X|A|74|80|154|77|1|A"), "",
+          QStringLiteral("First|") + LongestName + QStringLiteral("|0042|X|A|74|80|154|77|1|A"), "",
           "First|Binu|7|X|A|20|71|91|45.5||C", ""});
     const WorkbookReader sheet = Exported(1);
-    EXPECT_EQ(sheet.At("A7").value, QStringLiteral(" Student Name : ") + name);
+    EXPECT_EQ(sheet.At("A7").value, QStringLiteral(" Student Name : ") + LongestName);
     EXPECT_TRUE(sheet.Merges().contains(QStringLiteral("A7:F7")));
     EXPECT_TRUE(sheet.At("A7").style.wrap);
     EXPECT_EQ(sheet.RowHeight(7), 2 * Workbook::StandardRowHeight);
@@ -288,6 +288,16 @@ TEST_F(RankCardExport, TheLongestStudentNameGoesOnInASecondLineAndOtherCardsStay
     EXPECT_EQ(sheet.At("A31").value, QStringLiteral(" Student Name : Binu"));
     EXPECT_FALSE(sheet.At("A31").style.wrap);
     EXPECT_EQ(sheet.RowHeight(31), sheet.RowHeight(8));
+    EXPECT_GT(sheet.RowHeight(8), Workbook::StandardRowHeight);
+}
+
+TEST_F(RankCardExport, ACardThatFillsItsPageBecomesSmallerForTheSecondLineOfAName)
+{
+    constexpr int ExamsOfAFullPage = 17;
+    FillLargeCard(ExamsOfAFullPage, 2, QStringLiteral("Asha"));
+    EXPECT_EQ(Percent(Exported(ExamsOfAFullPage)), 100);
+    FillLargeCard(ExamsOfAFullPage, 2);
+    EXPECT_LT(Percent(Exported(ExamsOfAFullPage)), 100);
 }
 
 TEST_F(RankCardExport, ANameInCapitalsGoesOnInASecondLineEarlier)
