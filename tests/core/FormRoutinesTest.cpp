@@ -11,6 +11,8 @@
 #include <QSize>
 #include <QVBoxLayout>
 
+#include <cstdlib>
+
 namespace tally::test {
 namespace {
 
@@ -122,6 +124,40 @@ TEST_F(FormRoutinesTest, AClearedGridKeepsOneEmptyRowAndOneColumn)
     EXPECT_EQ(grid->Cols(), 1);
     EXPECT_EQ(grid->TextMatrix(0, 0), QStringLiteral("Name"));
     EXPECT_EQ(grid->TextMatrix(1, 0), QString());
+}
+
+TEST_F(FormRoutinesTest, TheHeadOfALoneColumnSpansTheGrid)
+{
+    auto* grid = Add<FlexGrid>();
+    grid->SetContent({{{QStringLiteral("Name")}, {QStringLiteral("Mark")}}, {}});
+    Show();
+    const int width = grid->ColWidth(0);
+    const int span = grid->viewport()->width();
+    ASSERT_LT(2 * width, span);
+    ClearMSGrid(grid);
+    EXPECT_EQ(grid->ColWidth(0), span);
+    grid->SetContent({{{QStringLiteral("Name")}, {QStringLiteral("Mark")}}, {}});
+    EXPECT_EQ(grid->ColWidth(0), width);
+    EXPECT_EQ(grid->ColWidth(1), width);
+}
+
+TEST_F(FormRoutinesTest, ACheckListShowsByThePaintOfItsItemWhetherTheKeysGoThere)
+{
+    auto* list = Add<CheckList>();
+    list->AddItem(QStringLiteral("A"), 1);
+    list->setCurrentRow(0);
+    Show();
+    const auto isPaintedLike = [&](QPalette::ColorRole role) {
+        constexpr int Shade = 4; // an item is painted a trace lighter at its top
+        const QRect item = list->visualItemRect(list->item(0));
+        const QColor paint =
+            list->viewport()->grab().toImage().pixelColor(item.right() - 4, item.center().y());
+        return std::abs(paint.lightness() - list->palette().color(role).lightness()) < Shade;
+    };
+    EXPECT_TRUE(isPaintedLike(QPalette::Midlight));
+    list->setFocus();
+    Settle();
+    EXPECT_TRUE(isPaintedLike(QPalette::Highlight));
 }
 
 TEST_F(FormRoutinesTest, AClearedSummaryGridKeepsItsColumns)

@@ -54,6 +54,16 @@ QList<int> CheckList::TickedIndexes() const
     return ticked;
 }
 
+void CheckList::initViewItemOption(QStyleOptionViewItem* option) const
+{
+    QListWidget::initViewItemOption(option);
+    if (hasFocus())
+        return;
+    // The strong paint is for the item that the keys would tick.
+    option->palette.setBrush(QPalette::Highlight, palette().midlight());
+    option->palette.setBrush(QPalette::HighlightedText, palette().text());
+}
+
 void CheckList::keyPressEvent(QKeyEvent* event)
 {
     // Coming in by Tab, the first item is the one that the blank key is meant for.

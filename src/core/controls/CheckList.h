@@ -24,6 +24,7 @@ Q_SIGNALS:
     void Ticked(int index, bool ticked);
 
 protected:
+    void initViewItemOption(QStyleOptionViewItem* option) const override;
     void keyPressEvent(QKeyEvent* event) override;
 };
 

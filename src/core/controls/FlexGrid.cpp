@@ -178,6 +178,9 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), model_(new Model(this)
     // The office's lists hide rows and columns by their size.
     verticalHeader()->setMinimumSectionSize(1);
     horizontalHeader()->setMinimumSectionSize(1);
+    // A lone column, as an emptied grid has it, is no narrow box in the grid's corner.
+    connect(model_, &QAbstractItemModel::modelReset, this,
+            [this] { horizontalHeader()->setStretchLastSection(Cols() == 1); });
     connect(this, &QTableView::clicked, this,
             [this](const QModelIndex& index) { Q_EMIT CellClicked(index.row() + 1, index.column()); });
 }
