@@ -4,6 +4,7 @@
 #include "app/Screens.h"
 #include "bench/BareStore.h"
 #include "bench/BenchSchool.h"
+#include "bench/FindControl.h"
 #include "bench/RatioReport.h"
 #include "core/controls/FlexGrid.h"
 #include "core/look/Look.h"
@@ -123,10 +124,7 @@ public:
     template <typename Control>
     Control* Find(const char* name) const
     {
-        auto* control = ScreenRegistry::OpenInstance(Form)->findChild<Control*>(QLatin1String(name));
-        if (control == nullptr)
-            qFatal("The screen has no %s", name);
-        return control;
+        return bench::Find<Control>(ScreenRegistry::OpenInstance(Form), name);
     }
 
     /// Gives the number of marks that there were.

@@ -4,6 +4,7 @@
 #include "app/Screens.h"
 #include "bench/BareStore.h"
 #include "bench/BenchSchool.h"
+#include "bench/FindControl.h"
 #include "bench/MasterScreensSchool.h"
 #include "core/controls/DataGrid.h"
 #include "core/look/Look.h"
@@ -113,15 +114,6 @@ void Close(const QString& form)
     QApplication::processEvents();
 }
 
-template <typename Control>
-Control* Find(const QString& form, const char* name)
-{
-    auto* control = ScreenRegistry::OpenInstance(form)->findChild<Control*>(QLatin1String(name));
-    if (control == nullptr)
-        qFatal("%s has no %s", qUtf8Printable(form), name);
-    return control;
-}
-
 /// One that many names hold, of the long lists nearly all. No salutation has an "a".
 QString CommonLetter(const QString& form)
 {
@@ -169,8 +161,8 @@ bool ReportSearch(BareStore& store, const QString& form, const char* boxName,
                   const QString& bound)
 {
     Open(form);
-    auto* box = Find<QLineEdit>(form, boxName);
-    auto* grid = Find<DataGrid>(form, "dgdDetails");
+    auto* box = Find<QLineEdit>(ScreenRegistry::OpenInstance(form), boxName);
+    auto* grid = Find<DataGrid>(ScreenRegistry::OpenInstance(form), "dgdDetails");
     std::vector<double> screenTimes;
     std::vector<double> bareTimes;
     int rows = 0;
@@ -210,7 +202,9 @@ bool ReportSearches(BareStore& store)
         store, teachers, "txtTeacherName",
         [&](QLineEdit* box, DataGrid* grid) {
             TypeLetter(box, CommonLetter(teachers));
-            return Painted(grid, [&] { Find<QPushButton>(teachers, "cmdSearch")->click(); });
+            return Painted(grid, [&] {
+                Find<QPushButton>(ScreenRegistry::OpenInstance(teachers), "cmdSearch")->click();
+            });
         },
         TeacherSearch, QStringLiteral("%A%"));
     return kept;

@@ -6,6 +6,7 @@
 
 #include "app/Screens.h"
 #include "bench/BenchSchool.h"
+#include "bench/FindControl.h"
 #include "bench/PeakMemory.h"
 #include "core/controls/CheckList.h"
 #include "core/controls/DataCombo.h"
@@ -62,15 +63,6 @@ struct Figures
     Step exportCards;
     double megabytes = 0; ///< of the workbook
 };
-
-template <typename Control>
-Control* Find(QWidget* screen, const char* name)
-{
-    auto* control = screen->findChild<Control*>(QLatin1String(name));
-    if (control == nullptr)
-        qFatal("The screen has no %s", name);
-    return control;
-}
 
 Step Take(const std::function<void()>& work)
 {

@@ -1,6 +1,7 @@
 #include "bench/RankScreen.h"
 
 #include "bench/BenchSchool.h"
+#include "bench/FindControl.h"
 #include "core/controls/FlexGrid.h"
 
 #include <QApplication>
@@ -11,15 +12,6 @@
 namespace tally::bench {
 
 namespace {
-
-template <typename Control>
-Control* Find(QWidget* screen, const char* name)
-{
-    auto* control = screen->findChild<Control*>(QLatin1String(name));
-    if (control == nullptr)
-        qFatal("The screen has no %s", name);
-    return control;
-}
 
 void Choose(QWidget* screen, const char* combo, int code)
 {
