@@ -8,10 +8,11 @@ void RatioReport::ReportRuns(const std::vector<Run>& runs)
     for (const Run& run : runs) {
         if (run.aggregate_name != "median")
             continue;
-        const std::string name = run.run_name.function_name + '/' + run.run_name.args;
+        std::string name = run.run_name.function_name;
+        name.append("/").append(run.run_name.args);
         times_[name] = run.GetAdjustedRealTime();
         for (const auto& [counter, value] : run.counters)
-            counters_[name + ' ' + counter] = value.value;
+            counters_[std::string(name).append(" ").append(counter)] = value.value;
     }
 }
 

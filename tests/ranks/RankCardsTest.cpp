@@ -113,8 +113,8 @@ TEST_F(RankCards, LinesFollowTheOrderOfTheExamsWhereTheirCodesRunAgainstIt)
     cards.EnterMark(7, asha, 1, 80);
     const RankCardRows shown = Show({asha}, {1, 3, 7});
     QStringList names;
-    for (int line = 0; line < shown.lines; ++line)
-        names.append(shown.rows.at(static_cast<std::size_t>(FirstLine + line)).front());
+    for (int row = FirstLine; row < FirstLine + shown.lines; ++row)
+        names.append(shown.rows.at(static_cast<std::size_t>(row)).front());
     EXPECT_EQ(names.join(QLatin1Char(' ')), QStringLiteral("First Second Third"));
 }
 
