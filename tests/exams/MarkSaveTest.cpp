@@ -14,6 +14,23 @@ protected:
         GivenThreeStudents();
     }
 
+    /// Asha has marks in both subjects, and the clerk says Yes to looking at them.
+    void ShowStoredMarksOfAsha()
+    {
+        GivenEnglishMarks();
+        school->EnterMark(1, 2, 99);
+        OpenForm();
+        Press(Button("cmdNew"));
+        ChooseClassDivision();
+        Press(byStudent);
+        Choose(students, QStringLiteral("Asha(A1)"));
+        prompts.ExpectQuestion(
+            QStringLiteral(
+                "Marks Are Already Entered For This Student. Do You Want To View/Edit/Delete The Details ?"),
+            true);
+        PressKey(form, Qt::Key_Return);
+    }
+
     void GivenEnglishMarks()
     {
         school->EnterMark(1, 1, 45);
@@ -134,18 +151,7 @@ TEST_F(MarkSave, AnEditReplacesTheWholeSubject)
 
 TEST_F(MarkSave, AnEditReplacesTheWholeStudent)
 {
-    GivenEnglishMarks();
-    school->EnterMark(1, 2, 99);
-    OpenForm();
-    Press(Button("cmdNew"));
-    ChooseClassDivision();
-    Press(byStudent);
-    Choose(students, QStringLiteral("Asha(A1)"));
-    prompts.ExpectQuestion(
-        QStringLiteral(
-            "Marks Are Already Entered For This Student. Do You Want To View/Edit/Delete The Details ?"),
-        true);
-    PressKey(form, Qt::Key_Return);
+    ShowStoredMarksOfAsha();
     PressKey(form, Qt::Key_Return);
     EXPECT_EQ(Rows(), "1|Maths|99|Present 2|English|45|Present |||");
     Click(1, 2);
@@ -186,18 +192,7 @@ TEST_F(MarkSave, ADeleteTakesTheSubjectOnYesOnly)
 
 TEST_F(MarkSave, ADeleteTakesTheStudentInStudentMode)
 {
-    GivenEnglishMarks();
-    school->EnterMark(1, 2, 99);
-    OpenForm();
-    Press(Button("cmdNew"));
-    ChooseClassDivision();
-    Press(byStudent);
-    Choose(students, QStringLiteral("Asha(A1)"));
-    prompts.ExpectQuestion(
-        QStringLiteral(
-            "Marks Are Already Entered For This Student. Do You Want To View/Edit/Delete The Details ?"),
-        true);
-    PressKey(form, Qt::Key_Return);
+    ShowStoredMarksOfAsha();
     prompts.ExpectQuestion(DeleteQuestion, true);
     prompts.ExpectInformation(QStringLiteral("Record Deleted"));
     PressKey(form, Qt::Key_D, Qt::AltModifier);
