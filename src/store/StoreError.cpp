@@ -8,8 +8,16 @@ namespace {
 
 constexpr int PrimaryCodeMask = 0xff;
 
+/// A value too long, out of its range or missing: the row itself is wrong, whatever other rows there are.
+bool IsUnfitValue(int engineCode)
+{
+    return engineCode == SQLITE_CONSTRAINT_CHECK || engineCode == SQLITE_CONSTRAINT_NOTNULL;
+}
+
 ErrorKind KindOf(int engineCode, const QString& engineText)
 {
+    if (IsUnfitValue(engineCode))
+        return ErrorKind::Other;
     switch (engineCode & PrimaryCodeMask) {
     case SQLITE_CONSTRAINT:
     case SQLITE_BUSY:
@@ -28,6 +36,8 @@ ErrorKind KindOf(int engineCode, const QString& engineText)
 /// Words for the office. Empty where the engine's own words are all there is to say.
 QString PlainWords(int engineCode)
 {
+    if (IsUnfitValue(engineCode))
+        return QStringLiteral("A Value Is Too Long, Out Of Its Range Or Missing. Nothing Was Saved");
     switch (engineCode & PrimaryCodeMask) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:

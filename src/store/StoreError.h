@@ -11,9 +11,10 @@ namespace tally::store {
 enum class ErrorKind : quint32
 {
     Other = 0,
-    GeneralFailure = 0x80004005, ///< a constraint, a foreign key, or a lock held by another client
-    TableExists = 0x80040E14,    ///< a create met a table that stands already
-    NoSuchTable = 0x80040E37,    ///< a statement named a table that is not there
+    GeneralFailure =
+        0x80004005,           ///< other rows or another client stand against it: a key, a reference, a lock
+    TableExists = 0x80040E14, ///< a create met a table that stands already
+    NoSuchTable = 0x80040E37, ///< a statement named a table that is not there
 };
 
 /// What went wrong in the store. Bound values and the database password never appear in it.
@@ -36,8 +37,8 @@ public:
     /// True when another client held the file for longer than the waiting time. Trying again later may
     /// succeed.
     bool IsLocked() const;
-    /// True when a row with the same key is stored already, another client's mostly: a conflict of its own
-    /// kind.
+    /// True when a row with the same key is stored already, another client's mostly. Such an error is a
+    /// conflict too.
     bool IsDuplicate() const;
     /// True when the change contradicts rows that others have stored or deleted: trying again will not help.
     bool IsConflict() const { return kind_ == ErrorKind::GeneralFailure && !IsLocked(); }

@@ -151,7 +151,7 @@ void CreateStudentsAndMarks(Transaction& transaction)
 {
     CreateTable(transaction, "StudentMaster", {
         Long("StudentCode").Key(),
-        Long("AdmissionNo").Unique().Between(0, 999999998),
+        Long("AdmissionNo").Unique().Between(0, 999999999),
         Text("OptionalAdmissionNo", 15).Unique(),
         Date("AdmissionDate"),
         Integer("AcademicYearCode").To("AcademicYearSetup"),

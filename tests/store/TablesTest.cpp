@@ -3,6 +3,8 @@
 #include "StoreFiles.h"
 #include "support/TestStore.h"
 
+#include <QRegularExpression>
+
 #include <ostream>
 
 namespace tally::test {
@@ -22,12 +24,17 @@ Connection InMemoryWith(void (*create)(Transaction&))
     return connection;
 }
 
+/// The columns in their order, a text's width behind a stroke: "StateCode StateName/30 UserCode". A date has
+/// ten letters.
 QString ColumnsOf(Connection& connection, const char* table)
 {
+    static const QRegularExpression Width(QStringLiteral("\\((\\d+)\\)"));
     QStringList columns;
     auto rows = connection.Query(QStringLiteral("PRAGMA table_info(%1)").arg(QLatin1String(table)));
-    while (rows.Next())
-        columns << rows.Text(1);
+    while (rows.Next()) {
+        const auto width = Width.match(rows.Text(2));
+        columns << rows.Text(1) + (width.hasMatch() ? u'/' + width.captured(1) : QString());
+    }
     return columns.join(u' ');
 }
 
@@ -50,49 +57,50 @@ struct Table
 };
 
 const Table MainTables[] = {
-    {"StateMaster", "StateCode StateName UserCode"},
-    {"CityMaster", "CityCode StateCode CityName UserCode"},
-    {"BloodGroupMaster", "BloodGroupCode BloodGroupName UserCode"},
-    {"SalutationMaster", "SalutationCode SalutationName UserCode"},
-    {"ExamMaster", "ExamCode ExamName ExamOrder UserCode"},
-    {"SubjectMaster", "SubjectCode SubjectName SubjectShortName UserCode"},
-    {"TeacherMaster",
-     "TeacherCode SalutationCode TeacherName TeacherShortName DOB MaritalStatus WeddingDate "
-     "JoiningDate FHName Address1 Address2 CityCode PinCode Telephone BloodGroupCode Qualification "
-     "UserCode"},
-    {"ClassDivisionMaster", "ClassCode ClassName NoOfDivisions ClassOrder UserCode"},
-    {"ClassDivisionDetails", "ClassCode DivisionName DivisionCode"},
-    {"MonthMaster", "MonthSlNo MonthShortName MonthCode"},
-    {"SchoolMaster", "SchoolName SAddress1 SAddress2 CCityCode CPinCode MonthShortName UserCode"},
-    {"SchoolSetUp", "SchoolName Address1 Address2 CityCode PinCode"},
-    {"AcademicYearSetup", "AcademicYearCode YearFrom YearTo FromDate ToDate Status Processed UserCode"},
-    {"ApplicationDate", "ApplicationDate UserCode"},
-    {"Options", "ExitPrompt AdmissionNoAutoGen DateOfBirthSetting GenderOption MarksInFraction MarksRounded"},
-    {"ScreenStatus", "Screen"},
-    {"AccessedDate", "AccessedDate"},
-    {"ExamBoardMaster", "BoardCode BoardNo Status"},
-    {"ControlFileMaster", "ID NextNo"},
-    {"MRCODE", "MRCODE"},
-    {"UserMaster", "UserCode UserName EnteredBy"},
-    {"UserPrivilegeMaster", "UserCode LoginId Password Block EnteredBy Days"},
-    {"UserPrivilegeDetails", "FormName ButtonName UserCode"},
+    {"StateMaster", "StateCode StateName/30 UserCode"},
+    {"CityMaster", "CityCode StateCode CityName/30 UserCode"},
+    {"BloodGroupMaster", "BloodGroupCode BloodGroupName/5 UserCode"},
+    {"SalutationMaster", "SalutationCode SalutationName/5 UserCode"},
+    {"ExamMaster", "ExamCode ExamName/50 ExamOrder UserCode"},
+    {"SubjectMaster", "SubjectCode SubjectName/25 SubjectShortName/6 UserCode"},
+    {"TeacherMaster", "TeacherCode SalutationCode TeacherName/100 TeacherShortName/3 DOB/10 MaritalStatus/1 "
+                      "WeddingDate/10 JoiningDate/10 FHName/100 Address1/100 Address2/100 CityCode "
+                      "PinCode/15 Telephone/20 BloodGroupCode Qualification/50 UserCode"},
+    {"ClassDivisionMaster", "ClassCode ClassName/4 NoOfDivisions ClassOrder UserCode"},
+    {"ClassDivisionDetails", "ClassCode DivisionName/3 DivisionCode"},
+    {"MonthMaster", "MonthSlNo MonthShortName/3 MonthCode"},
+    {"SchoolMaster",
+     "SchoolName/100 SAddress1/100 SAddress2/100 CCityCode CPinCode/10 MonthShortName/3 UserCode"},
+    {"SchoolSetUp", "SchoolName/100 Address1/100 Address2/100 CityCode PinCode/10"},
+    {"AcademicYearSetup",
+     "AcademicYearCode YearFrom YearTo FromDate/10 ToDate/10 Status/1 Processed/1 UserCode"},
+    {"ApplicationDate", "ApplicationDate/10 UserCode"},
+    {"Options", "ExitPrompt/1 AdmissionNoAutoGen/1 DateOfBirthSetting/10 GenderOption/1 MarksInFraction/1 "
+                "MarksRounded/1"},
+    {"ScreenStatus", "Screen/50"},
+    {"AccessedDate", "AccessedDate/10"},
+    {"ExamBoardMaster", "BoardCode BoardNo Status/1"},
+    {"ControlFileMaster", "ID/50 NextNo"},
+    {"MRCODE", "MRCODE/20"},
+    {"UserMaster", "UserCode UserName/50 EnteredBy"},
+    {"UserPrivilegeMaster", "UserCode LoginId/15 Password/15 Block/1 EnteredBy Days"},
+    {"UserPrivilegeDetails", "FormName/50 ButtonName/1 UserCode"},
     {"StudentMaster",
-     "StudentCode AdmissionNo OptionalAdmissionNo AdmissionDate AcademicYearCode StudentName FgName "
-     "Sex Address1 Address2 CityCode Pincode Telephone Email DOB BloodGroupCode ManGenAutoGen "
-     "RelievingDate RelievingReason TCNo TCDate UserCode"},
-    {"StudentClassDivision", "StudentCode AcademicYearCode ClassCode DivisionCode Status UserCode"},
+     "StudentCode AdmissionNo OptionalAdmissionNo/15 AdmissionDate/10 AcademicYearCode StudentName/100 "
+     "FgName/100 Sex/1 Address1/100 Address2/100 CityCode Pincode/15 Telephone/20 Email/50 DOB/10 "
+     "BloodGroupCode ManGenAutoGen/1 RelievingDate/10 RelievingReason/100 TCNo/15 TCDate/10 UserCode"},
+    {"StudentClassDivision", "StudentCode AcademicYearCode ClassCode DivisionCode Status/1 UserCode"},
     {"ClassSubjectTeacher", "AcademicYearCode ClassCode DivisionCode SubjectCode TeacherCode MaximumMark "
-                            "MaximumAllowed TakenForRank SlNo"},
+                            "MaximumAllowed TakenForRank/3 SlNo"},
     {"RankMaster",
-     "AcademicYearCode ExamCode ClassCode DivisionCode TotalAverage SubjectAverage Grade Status UserCode"},
-    {"MarkMaster",
-     "AcademicYearCode StudentCode ExamCode ClassCode DivisionCode SubjectCode Mark LeaveOrPresent "
-     "TeacherCode UserCode"},
+     "AcademicYearCode ExamCode ClassCode DivisionCode TotalAverage SubjectAverage Grade/2 Status UserCode"},
+    {"MarkMaster", "AcademicYearCode StudentCode ExamCode ClassCode DivisionCode SubjectCode Mark "
+                   "LeaveOrPresent/1 TeacherCode UserCode"},
     {"TempRankTotal",
-     "StudentCode AcademicYearCode ExamCode ClassCode DivisionCode Total Average Rank Grade"},
+     "StudentCode AcademicYearCode ExamCode ClassCode DivisionCode Total Average Rank Grade/2"},
     {"TransactionMaster",
-     "TransactionCode TransactionDate StudentCode AcademicYearCode Amount DeleteStatus UserCode"},
-    {"FeesSetup", "FeesCode ClassCode FeesName Amount UserCode"},
+     "TransactionCode TransactionDate/10 StudentCode AcademicYearCode Amount DeleteStatus/1 UserCode"},
+    {"FeesSetup", "FeesCode ClassCode FeesName/50 Amount UserCode"},
 };
 
 } // namespace
@@ -100,7 +108,7 @@ const Table MainTables[] = {
 class MainTable : public testing::TestWithParam<Table>
 {};
 
-TEST_P(MainTable, HasItsColumnsInTheirOrder)
+TEST_P(MainTable, HasItsColumnsInTheirOrderAndWidths)
 {
     Connection store = InMemoryWith(store::CreateMainTables);
     EXPECT_EQ(ColumnsOf(store, GetParam().name), QLatin1String(GetParam().columns));
@@ -123,20 +131,21 @@ TEST(Tables, TemporaryFileHoldsTheUsersExitPromptsOnly)
 {
     Connection store = InMemoryWith(store::CreateTempTables);
     EXPECT_EQ(TablesOf(store), QStringList{QStringLiteral("Options")});
-    EXPECT_EQ(ColumnsOf(store, "Options"), QLatin1String("Options UserCode"));
+    EXPECT_EQ(ColumnsOf(store, "Options"), QLatin1String("Options/1 UserCode"));
 }
 
 TEST(Tables, BackupFileHoldsBothLogs)
 {
     Connection store = InMemoryWith(store::CreateBackupTables);
-    EXPECT_EQ(ColumnsOf(store, "BackupDatabase"), QLatin1String("BackupCode BackupPath BackupDate"));
-    EXPECT_EQ(ColumnsOf(store, "RestoreDatabase"), QLatin1String("RestoreCode RestorePath RestoreDate"));
+    EXPECT_EQ(ColumnsOf(store, "BackupDatabase"), QLatin1String("BackupCode BackupPath/300 BackupDate/30"));
+    EXPECT_EQ(ColumnsOf(store, "RestoreDatabase"),
+              QLatin1String("RestoreCode RestorePath/300 RestoreDate/30"));
 }
 
 TEST(Tables, HelpFileHoldsTheHelpTexts)
 {
     Connection store = InMemoryWith(store::CreateHelpTables);
-    EXPECT_EQ(ColumnsOf(store, "Tallyboarddetails"), QLatin1String("Scrno ScreenName Details"));
+    EXPECT_EQ(ColumnsOf(store, "Tallyboarddetails"), QLatin1String("Scrno ScreenName/100 Details"));
 }
 
 TEST(Tables, EveryTextColumnComparesWithoutCase)
@@ -182,7 +191,8 @@ protected:
     bool Takes(const char* sql)
     {
         const auto error = ErrorOf([&] { store_.Execute(QString::fromUtf8(sql)); });
-        EXPECT_TRUE(!error || error->Kind() == ErrorKind::GeneralFailure) << error->what();
+        EXPECT_TRUE(!error || error->Description().contains(QLatin1String("constraint failed")))
+            << error->what();
         return !error;
     }
 
@@ -243,10 +253,32 @@ TEST_F(Limits, NumbersStayWithinTheirDigits)
 {
     EXPECT_FALSE(Takes("INSERT INTO ExamMaster VALUES (2, 'Half Yearly', 100000, 1)"));
     EXPECT_FALSE(Takes("UPDATE AcademicYearSetup SET YearFrom = 1979 WHERE AcademicYearCode = 1"));
-    EXPECT_FALSE(Takes("UPDATE StudentMaster SET AdmissionNo = 999999999"));
-    EXPECT_TRUE(Takes("UPDATE StudentMaster SET AdmissionNo = 999999998"));
+    EXPECT_FALSE(Takes("UPDATE StudentMaster SET AdmissionNo = 1000000000"));
+    EXPECT_TRUE(Takes("UPDATE StudentMaster SET AdmissionNo = 999999999"))
+        << "after it no number is generated";
     EXPECT_TRUE(Takes("INSERT INTO UserPrivilegeMaster VALUES (0, 'asha', 'secret', 'N', 0, 365)"));
     EXPECT_FALSE(Takes("UPDATE UserPrivilegeMaster SET Days = 366"));
+}
+
+TEST_F(Limits, AFailureSaysWhetherARowIsThereTwiceOrContradictsOthersOrIsWrongInItself)
+{
+    const auto errorOf = [this](const char* sql) {
+        const auto error = ErrorOf([&] { store_.Execute(QString::fromUtf8(sql)); });
+        EXPECT_TRUE(error) << sql;
+        return error.value_or(store::StoreError(QString()));
+    };
+    for (const char* twice : {"INSERT INTO ExamMaster VALUES (1, 'Half Yearly', 2, 1)",
+                              "INSERT INTO ExamMaster VALUES (2, 'Half Yearly', 1, 1)"}) {
+        EXPECT_TRUE(errorOf(twice).IsDuplicate()) << twice;
+        EXPECT_TRUE(errorOf(twice).IsConflict()) << twice;
+    }
+    const auto orphan = errorOf("INSERT INTO CityMaster VALUES (7, 99, 'Nowhere', 1)");
+    EXPECT_FALSE(orphan.IsDuplicate());
+    EXPECT_TRUE(orphan.IsConflict());
+    const auto tooLong = errorOf("INSERT INTO BloodGroupMaster VALUES (7, 'AB+ and more', 1)");
+    EXPECT_FALSE(tooLong.IsConflict()) << "no other client has to do with it";
+    EXPECT_EQ(tooLong.Kind(), ErrorKind::Other);
+    EXPECT_TRUE(tooLong.Description().startsWith(QLatin1String("A Value Is Too Long"))) << tooLong.what();
 }
 
 TEST_F(Limits, NamesThatMustBeUniqueAreSoWithoutCase)
