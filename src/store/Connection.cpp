@@ -38,10 +38,10 @@ Connection::Connection(const QString& path, const QString& password, Mode mode) 
     if (mode == Mode::MustExist && file.size() == 0)
         throw StoreError(QStringLiteral("The Database File %1 Is Empty").arg(shown));
 
-    Open(path.toUtf8(), SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0));
-    if (!password.isEmpty())
-        Key(password);
     try {
+        Open(path.toUtf8(), SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0));
+        if (!password.isEmpty())
+            Key(password);
         Configure();
     } catch (const StoreError& error) {
         if (error.IsLocked())

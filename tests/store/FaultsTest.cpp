@@ -184,6 +184,8 @@ TEST(Faults, AFileThatMayNotBeReadIsReported)
     const auto error = ErrorOf([&] { Connection(files.Path(), Password); });
     ASSERT_TRUE(error);
     EXPECT_TRUE(error->Description().contains(QLatin1String("Could Not Be Opened"))) << error->what();
+    EXPECT_TRUE(error->Description().startsWith(QDir::toNativeSeparators(files.Path()) + QLatin1Char(':')))
+        << "with four files in the folder, the office must learn which one: " << error->what();
 }
 
 #endif
