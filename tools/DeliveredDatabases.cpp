@@ -16,6 +16,13 @@ bool MakeDatabase(const QString& path, const QString& password,
 {
     if (QFileInfo::exists(path))
         return false;
+    const QString journal = path + QLatin1String("-journal");
+    if (QFileInfo::exists(journal))
+        throw store::StoreError(
+            QStringLiteral(
+                "%1 Belongs To A Save That Was Cut Off. Put The Database It Belongs To Back Beside It, Or "
+                "Move It Away, And Try Again")
+                .arg(QDir::toNativeSeparators(journal)));
     const QString unfinished = path + QLatin1String(".new");
     const auto removeUnfinished = [&unfinished] {
         QFile::remove(unfinished);

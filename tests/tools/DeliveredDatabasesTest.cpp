@@ -86,6 +86,24 @@ TEST(DeliveredDatabases, ASecondRunChangesNothing)
     EXPECT_EQ(Read(folder.filePath(QStringLiteral("Tallyboard.mdb"))), before);
 }
 
+TEST(DeliveredDatabases, NoneIsMadeBesideTheJournalOfAnotherOneWhichWouldSpoilIt)
+{
+    const QTemporaryDir folder;
+    const QString journal = folder.filePath(QStringLiteral("Tallyboard.mdb-journal"));
+    Write(journal, "half a save");
+    try {
+        MakeDeliveredDatabases(folder.path(), Password);
+        ADD_FAILURE() << "made";
+    } catch (const store::StoreError& error) {
+        EXPECT_TRUE(error.Description().startsWith(QDir::toNativeSeparators(journal))) << error.what();
+    }
+    EXPECT_EQ(FilesIn(folder), QStringList{QStringLiteral("Tallyboard.mdb-journal")});
+    EXPECT_EQ(Read(journal), QByteArray("half a save"));
+
+    Write(folder.filePath(QStringLiteral("Tallyboard.mdb")), "the school whose save it is");
+    EXPECT_FALSE(MakeDeliveredDatabases(folder.path(), Password).first().made);
+}
+
 TEST(DeliveredDatabases, ARunThatBreaksOffLeavesNoHalfDatabase)
 {
     const QTemporaryDir folder;
