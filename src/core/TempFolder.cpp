@@ -24,8 +24,12 @@ void HideFolder([[maybe_unused]] const QString& folder)
     QFile list(QDir(folder).filePath(QStringLiteral("../.hidden")));
     if (!list.open(QIODevice::ReadWrite))
         return;
-    if (!list.readAll().split('\n').contains("Temp"))
-        list.write("Temp\n");
+    const QByteArray names = list.readAll();
+    if (names.split('\n').contains("Temp"))
+        return;
+    if (!names.isEmpty() && !names.endsWith('\n'))
+        list.write("\n");
+    list.write("Temp\n");
 #endif
 }
 
