@@ -1,10 +1,12 @@
 #include "core/controls/FlexGrid.h"
 
+#include "core/controls/FixedColumns.h"
 #include "core/look/Look.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -181,6 +183,8 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), model_(new Model(this)
     // A lone column, as an emptied grid has it, is no narrow box in the grid's corner.
     connect(model_, &QAbstractItemModel::modelReset, this,
             [this] { horizontalHeader()->setStretchLastSection(Cols() == 1); });
+    connect(model_, &QAbstractItemModel::modelReset, this, &FlexGrid::DropFixedColumns);
+    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &FlexGrid::PlaceFixedColumns);
     connect(this, &QTableView::clicked, this,
             [this](const QModelIndex& index) { Q_EMIT CellClicked(index.row() + 1, index.column()); });
 }
@@ -253,6 +257,7 @@ void FlexGrid::SetRowHeight(int row, int height)
     setRowHidden(row - 1, height <= 0);
     if (height > 0)
         setRowHeight(row - 1, height);
+    DropFixedColumns();
 }
 
 int FlexGrid::RowHeight(int row) const
@@ -297,6 +302,53 @@ void FlexGrid::SetCurrentCell(int row, int col)
 QRect FlexGrid::CellRect(int row, int col) const
 {
     return visualRect(model_->index(row - 1, col));
+}
+
+void FlexGrid::SetFixedCols(int cols)
+{
+    fixedCols_ = cols;
+    DropFixedColumns();
+    PlaceFixedColumns();
+}
+
+void FlexGrid::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    QTableView::scrollTo(index, hint);
+    if (!fixedColumns_ || index.column() < fixedCols_)
+        return;
+    const int covered = fixedColumns_->ColumnsWidth() - visualRect(index).left();
+    if (covered > 0)
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - covered);
+}
+
+void FlexGrid::updateGeometries()
+{
+    QTableView::updateGeometries();
+    PlaceFixedColumns();
+}
+
+void FlexGrid::PlaceFixedColumns()
+{
+    int width = 0;
+    for (int col = 0; col < fixedCols_; ++col)
+        width += ColWidth(col);
+    if (width == 0 || width > viewport()->width() / 2 || horizontalScrollBar()->value() == 0) {
+        DropFixedColumns();
+        return;
+    }
+    if (!fixedColumns_)
+        fixedColumns_ = new FixedColumns(this, fixedCols_);
+    fixedColumns_->Place();
+}
+
+/// It may be asked to go while it is handling a turn of the wheel, so it goes later.
+void FlexGrid::DropFixedColumns()
+{
+    if (!fixedColumns_)
+        return;
+    fixedColumns_->hide();
+    fixedColumns_->deleteLater();
+    fixedColumns_ = nullptr;
 }
 
 void FlexGrid::keyPressEvent(QKeyEvent* event)

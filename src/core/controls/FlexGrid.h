@@ -7,6 +7,8 @@
 
 namespace tally {
 
+class FixedColumns;
+
 /// The meaning of a cell that its background shows. Screens say the meaning; FlexGrid chooses the paint.
 enum class CellMark : std::uint8_t
 {
@@ -76,17 +78,30 @@ public:
     /// Gives every visible column the width of its longest text, within `most` pixels.
     void FitColumns(int most = 260);
 
+    /// The first `cols` columns stay in sight when the others scroll to the right; 0 lets all scroll. Columns
+    /// that would take more than half of the grid scroll too, since the rest could not be read beside them.
+    void SetFixedCols(int cols);
+
+    /// Brings a cell into sight, beside the columns that stay.
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
 Q_SIGNALS:
     /// The user clicked a cell, or pressed Enter, F2 or the blank key on it.
     void CellClicked(int row, int col);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void updateGeometries() override;
 
 private:
     class Model;
 
+    void PlaceFixedColumns();
+    void DropFixedColumns();
+
     Model* model_;
+    int fixedCols_ = 0;
+    FixedColumns* fixedColumns_ = nullptr; ///< only while the grid is scrolled to the right
 };
 
 } // namespace tally

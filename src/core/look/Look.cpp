@@ -1,6 +1,6 @@
 #include "core/look/Look.h"
 
-#include "core/controls/PlainDelegate.h"
+#include "core/look/PlainDelegate.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -33,15 +33,17 @@ struct Shades
     QRgb line;
     QRgb accent;
     QRgb onAccent;
+    QRgb closed; ///< behind what is chosen in a control that is switched off
 };
 
 constexpr Shades Light{
     qRgb(0xf3, 0xf5, 0xf7), qRgb(0xff, 0xff, 0xff), qRgb(0xf4, 0xf8, 0xfb), qRgb(0xf7, 0xf9, 0xfa),
     qRgb(0x1d, 0x27, 0x30), qRgb(0x8a, 0x95, 0x9e), qRgb(0xb4, 0xbd, 0xc5), Accent,
-    qRgb(0xff, 0xff, 0xff)};
+    qRgb(0xff, 0xff, 0xff), qRgb(0xde, 0xe4, 0xe9)};
 constexpr Shades Dark{qRgb(0x26, 0x2b, 0x30), qRgb(0x1d, 0x21, 0x25), qRgb(0x23, 0x28, 0x2d),
                       qRgb(0x33, 0x3a, 0x41), qRgb(0xe8, 0xec, 0xef), qRgb(0x84, 0x8f, 0x98),
-                      qRgb(0x55, 0x60, 0x6a), AccentOnDark,           qRgb(0x10, 0x18, 0x1e)};
+                      qRgb(0x55, 0x60, 0x6a), AccentOnDark,           qRgb(0x10, 0x18, 0x1e),
+                      qRgb(0x38, 0x40, 0x48)};
 
 QPalette PaletteOf(const Shades& shades)
 {
@@ -60,7 +62,8 @@ QPalette PaletteOf(const Shades& shades)
     // A closed field looks closed, whatever kind of field it is.
     palette.setColor(QPalette::Disabled, QPalette::Base, QColor(shades.window));
     palette.setColor(QPalette::PlaceholderText, QColor(shades.faint));
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(shades.faint));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(shades.closed));
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, QColor(shades.text));
     return palette;
 }
 
@@ -75,6 +78,7 @@ QString StyleSheetOf(const Shades& shades)
                "QPushButton { padding: 4px 10px; min-height: 1.4em; }"
                "QPushButton:focus { background: palette(button); border: 2px solid %1; border-radius: 4px;"
                " padding: 3px 9px; }"
+               "QPushButton[beside=\"true\"] { padding: 2px 6px; min-height: 1.2em; }"
                "QHeaderView::section { background: palette(window); border: none;"
                " border-bottom: 1px solid %2; border-right: 1px solid palette(midlight);"
                " padding: 4px 6px; font-weight: 600; }"

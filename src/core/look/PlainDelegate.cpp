@@ -1,4 +1,4 @@
-#include "core/controls/PlainDelegate.h"
+#include "core/look/PlainDelegate.h"
 
 #include <QPainter>
 
