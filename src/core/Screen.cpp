@@ -35,10 +35,13 @@ void Screen::cmdExit_Click()
 
 void Screen::Unload()
 {
-    if (unloaded_ || !Form_Unload())
+    if (unloaded_ || !Form_Unload() || !ReleaseScreen())
         return;
     unloaded_ = true;
-    ReleaseWhatWasTaken();
+    if (menusTaken_) {
+        Session().gblnMenusLocked = false;
+        EnableMainMenus();
+    }
     if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget()))
         frame->close();
     else
@@ -84,34 +87,35 @@ bool Screen::TakeMenus(bool amongOthers)
 
 bool Screen::TakeScreen(const QString& screenName)
 {
-    try {
-        store::Transaction transaction(*Session().gcnnMain);
+    const auto error = TryWrite([&screenName](store::Transaction& transaction) {
         SessionRepository(*Session().gcnnMain).TakeScreen(transaction, screenName);
-        transaction.Commit();
+    });
+    if (!error) {
         takenScreen_ = screenName;
         return true;
-    } catch (const store::StoreError& error) {
-        if (error.IsConflict())
-            Prompts::Information(QStringLiteral(
-                "This Screen Is Already Opened By Another User. So You Cannot Open This Screen"));
-        else
-            Prompts::Critical(error.Description());
-        Unload();
-        return false;
     }
+    if (error->IsConflict())
+        Prompts::Information(
+            QStringLiteral("This Screen Is Already Opened By Another User. So You Cannot Open This Screen"));
+    else
+        Prompts::Critical(error->Description());
+    Unload();
+    return false;
 }
 
-void Screen::ReleaseWhatWasTaken()
+bool Screen::ReleaseScreen()
 {
-    if (!takenScreen_.isEmpty()) {
-        Write(Conflict::Describe, [this](store::Transaction& transaction) {
-            SessionRepository(*Session().gcnnMain).ReleaseScreen(transaction, takenScreen_);
-        });
-    }
-    if (menusTaken_) {
-        Session().gblnMenusLocked = false;
-        EnableMainMenus();
-    }
+    if (takenScreen_.isEmpty())
+        return true;
+    const auto error = TryWrite([this](store::Transaction& transaction) {
+        SessionRepository(*Session().gcnnMain).ReleaseScreen(transaction, takenScreen_);
+    });
+    if (!error)
+        return true;
+    Prompts::Critical(error->Description());
+    // A row that stayed behind would shut the screen for all clients, so the user tries again. Where trying
+    // again will not help, nobody is kept in a screen; the next start of the program clears the row.
+    return !error->IsLocked();
 }
 
 bool Screen::MayUse(QChar code)
@@ -125,17 +129,24 @@ bool Screen::MayUse(QChar code)
     return allowed;
 }
 
-bool Screen::Write(Conflict conflict, const std::function<void(store::Transaction&)>& work)
+std::optional<store::StoreError> Screen::TryWrite(const std::function<void(store::Transaction&)>& work)
 {
     try {
         store::Transaction transaction(*Session().gcnnMain);
         work(transaction);
         transaction.Commit();
-        return true;
+        return {};
     } catch (const store::StoreError& error) {
-        Prompts::Critical(TextOf(error, conflict));
-        return false;
+        return error;
     }
+}
+
+bool Screen::Write(Conflict conflict, const std::function<void(store::Transaction&)>& work)
+{
+    const auto error = TryWrite(work);
+    if (error)
+        Prompts::Critical(TextOf(*error, conflict));
+    return !error;
 }
 
 QString Screen::TextOf(const store::StoreError& error, Conflict conflict)

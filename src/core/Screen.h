@@ -1,18 +1,16 @@
 #pragma once
 
+#include "store/StoreError.h"
 #include "store/Transaction.h"
 
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class QAbstractButton;
 
 namespace tally {
-
-namespace store {
-class StoreError;
-}
 
 /// What every screen inside the main window shares: its keys, its one way to close, the privilege test in
 /// front of guarded buttons and the texts for a refused save or delete.
@@ -29,8 +27,8 @@ public:
     void Activate();
     /// True once the screen has been closed and only waits for its deletion.
     bool IsUnloaded() const { return unloaded_; }
-    /// Closes without a question unless Form_Unload objects, frees the shared instance and gives the main
-    /// window its picture back.
+    /// Closes without a question unless Form_Unload objects or another client's save keeps the screen from
+    /// being released; frees the shared instance and gives the main window its picture back.
     void Unload();
 
 protected:
@@ -71,6 +69,9 @@ protected:
     /// Runs `work` in one transaction on the main database and commits it. False when it failed: the user has
     /// been told and nothing was stored.
     bool Write(Conflict conflict, const std::function<void(store::Transaction&)>& work);
+    /// The same for a screen that answers a failure in its own way: the failure, of which nobody has been
+    /// told, or nothing when the work is stored.
+    static std::optional<store::StoreError> TryWrite(const std::function<void(store::Transaction&)>& work);
     /// What the user is told of a failed write: the fixed text of a conflict with other data, else the
     /// failure's own description.
     static QString TextOf(const store::StoreError& error, Conflict conflict);
@@ -80,7 +81,9 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void ReleaseWhatWasTaken();
+    /// Gives other clients the screen that TakeScreen took. False when another client's save stood in the way
+    /// for now; the user has been told.
+    bool ReleaseScreen();
 
     QAbstractButton* exitButton_ = nullptr;
     QString takenScreen_; ///< empty while this client holds no row of ScreenStatus

@@ -282,19 +282,14 @@ void frmTeacherMaster::cmdSave_Click()
 
 bool frmTeacherMaster::WriteOrCancel(Conflict conflict, const std::function<void(store::Transaction&)>& work)
 {
-    bool contradicted = false;
-    const bool done = Write(conflict, [&](store::Transaction& transaction) {
-        try {
-            work(transaction);
-        } catch (const store::StoreError& error) {
-            contradicted = error.IsConflict();
-            throw;
-        }
-    });
+    const auto error = TryWrite(work);
+    if (!error)
+        return true;
+    Prompts::Critical(TextOf(*error, conflict));
     // A file that another client holds is free again in a moment, and what has been typed can then be saved.
-    if (contradicted)
+    if (error->IsConflict())
         cmdCancel_Click();
-    return done;
+    return false;
 }
 
 bool frmTeacherMaster::IsReady(const Teacher& teacher)

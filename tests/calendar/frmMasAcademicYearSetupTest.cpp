@@ -498,6 +498,44 @@ TEST_F(AcademicYearSetup, HoldsItsRowFromTheFirstActivationToTheExit)
     }
 }
 
+TEST_F(AcademicYearSetup, AnotherClientsSaveKeepsItOpenUntilItsRowCanGo)
+{
+    GivenYear(1, 2007, "Y");
+    GivenDays({QDate(2007, 6, 4)});
+    OpenForm();
+    Session().gcnnMain->SetPatience(std::chrono::milliseconds(50));
+    const auto other = AnotherClient();
+    other->Begin();
+    prompts.Expect(Prompts::Kind::Critical,
+                   QStringLiteral("The Data Is In Use By Another Client. Please Try Again In "
+                                  "A Moment (database is locked)"));
+    Click(form, "cmdExit");
+    Settle();
+    prompts.Verify();
+    EXPECT_TRUE(IsOpen("frmMasAcademicYearSetup"));
+    EXPECT_TRUE(MenusAre(false));
+    other->Rollback();
+    Click(form, "cmdExit");
+    Settle();
+    EXPECT_FALSE(IsOpen("frmMasAcademicYearSetup"));
+    EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus"), 0);
+    EXPECT_TRUE(MenusAre(true));
+}
+
+TEST_F(AcademicYearSetup, ARowThatCanNotGoAtAllKeepsNobodyInTheScreen)
+{
+    GivenYear(1, 2007, "Y");
+    GivenDays({QDate(2007, 6, 4)});
+    OpenForm();
+    Given("DROP TABLE ScreenStatus");
+    prompts.ExpectCritical();
+    Click(form, "cmdExit");
+    Settle();
+    prompts.Verify();
+    EXPECT_FALSE(IsOpen("frmMasAcademicYearSetup"));
+    EXPECT_TRUE(MenusAre(true));
+}
+
 TEST_F(AcademicYearSetup, AnotherClientThatHoldsTheRowKeepsItShut)
 {
     GivenYear(1, 2007, "Y");
