@@ -83,6 +83,14 @@ bool TakesItsEnter(const QWidget* widget)
     return widget && widget->property(TakesEnter).toBool();
 }
 
+/// Alt and a letter mean a button, a field or a menu; where none has the letter, they mean nothing, least of
+/// all the letter itself. AltGr, by which some keyboards type, is another key.
+bool IsAltLetter(const QKeyEvent* key)
+{
+    return (key->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::AltModifier &&
+           !key->text().isEmpty() && key->text().at(0).isPrint();
+}
+
 /// The control of `form` that Alt and the key lead to: a button, or the field whose label says so. Null for
 /// none.
 QWidget* MnemonicTarget(const QWidget* form, const QKeyEvent* key)
@@ -136,7 +144,7 @@ bool FormKeys::eventFilter(QObject* receiver, QEvent* event)
         ShowForm(QStringLiteral("frmHelp"));
         return true;
     }
-    if (key->text() == QLatin1String("'"))
+    if (IsAltLetter(key) || key->text() == QLatin1String("'"))
         return true;
     if (!IsEnter(key->key()) || TakesItsEnter(widget) || TakesItsEnter(form_->focusWidget()))
         return false;

@@ -60,6 +60,19 @@ TEST_F(FormKeysTest, TheQuoteIsSwallowedInEveryField)
     EXPECT_EQ(first->text().toStdString(), "ONeil");
 }
 
+TEST_F(FormKeysTest, AnAltLetterThatLeadsNowhereTypesNothing)
+{
+    button->setText(QStringLiteral("&Save"));
+    button->setEnabled(false);
+    QTest::keyClick(first, 's', Qt::AltModifier);
+    QTest::keyClick(first, 'z', Qt::AltModifier);
+    QTest::keyClick(first, 'z', Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_EQ(first->text().toStdString(), "");
+    QTest::keyClick(first, Qt::Key_At, Qt::ControlModifier | Qt::AltModifier);
+    QTest::keyClick(first, 'z');
+    EXPECT_TRUE(first->text().endsWith(QLatin1Char('z')));
+}
+
 TEST_F(FormKeysTest, F1NotesTheFormsHelpNumber)
 {
     PressKey(form, Qt::Key_F1);
