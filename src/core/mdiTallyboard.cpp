@@ -168,7 +168,7 @@ bool mdiTallyboard::Form_Load()
 {
     try {
         GetActiveAcademicYear();
-        ShowPicture(MainPicture());
+        ShowPicture(MainPicture(DisplaySize()));
         ReadOptions();
         LoadSchoolDetails();
         LoadActiveAcademicYear();

@@ -53,12 +53,6 @@ std::vector<Screen*> OpenScreens()
     return screens;
 }
 
-bool OnSmallScreen()
-{
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen && IsSmallScreen(screen->size());
-}
-
 } // namespace
 
 bool IsSmallScreen(QSize pixels)
@@ -68,14 +62,20 @@ bool IsSmallScreen(QSize pixels)
            twips.height() <= 9500;
 }
 
-int MainPicture()
+QSize DisplaySize()
 {
-    return OnSmallScreen() ? 1003 : 1001;
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->size() : QSize();
 }
 
-int PlainPicture()
+int MainPicture(QSize display)
 {
-    return OnSmallScreen() ? 1004 : 1002;
+    return IsSmallScreen(display) ? 1003 : 1001;
+}
+
+int PlainPicture(QSize display)
+{
+    return IsSmallScreen(display) ? 1004 : 1002;
 }
 
 void ShowForm(const QString& formName)
@@ -84,7 +84,7 @@ void ShowForm(const QString& formName)
     Screen* screen = window ? ScreenRegistry::Instance(formName) : nullptr;
     if (!screen)
         return;
-    window->ShowPicture(PlainPicture());
+    window->ShowPicture(PlainPicture(DisplaySize()));
     QMdiSubWindow* frame = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
     if (!frame) {
         frame = window->Area()->addSubWindow(screen, Qt::SubWindow | Qt::CustomizeWindowHint |
@@ -119,7 +119,7 @@ void FocusActiveScreen()
     if (!field || !field->isEnabled())
         field = screen->nextInFocusChain();
     const auto takesKeys = [screen](const QWidget* widget) {
-        return screen->isAncestorOf(widget) && widget->isEnabled() &&
+        return screen->isAncestorOf(widget) && widget->isVisibleTo(screen) && widget->isEnabled() &&
                (widget->focusPolicy() & Qt::TabFocus) != 0;
     };
     while (field != screen && !takesKeys(field))
@@ -130,7 +130,7 @@ void FocusActiveScreen()
 void ShowBackground()
 {
     if (auto* window = mdiTallyboard::Instance())
-        window->ShowPicture(AnyChildFormOpen() ? PlainPicture() : MainPicture());
+        window->ShowPicture(AnyChildFormOpen() ? PlainPicture(DisplaySize()) : MainPicture(DisplaySize()));
 }
 
 bool ConfirmExit(const QString& caption)

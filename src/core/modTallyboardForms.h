@@ -52,8 +52,11 @@ bool CheckMarkLimit(QLineEdit* control, int decimals, double limit, const QStrin
 
 /// True for a display of 800 by 600 or close to it.
 bool IsSmallScreen(QSize pixels);
-/// The pictures behind the screens. On a small screen the small ones are used.
-int MainPicture();
-int PlainPicture();
+/// The size of the display the program stands on, in pixels; empty without a display.
+QSize DisplaySize();
+/// The numbers of the pictures behind the screens: the one without an open screen, and the plain one behind
+/// open screens. A small display has pictures of its own.
+int MainPicture(QSize display);
+int PlainPicture(QSize display);
 
 } // namespace tally

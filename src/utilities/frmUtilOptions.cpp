@@ -2,6 +2,7 @@
 
 #include "core/look/Look.h"
 #include "core/modTallyboard.h"
+#include "core/modTallyboardForms.h"
 #include "core/OptionFlags.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
@@ -11,6 +12,8 @@
 #include "utilities/OptionsRepository.h"
 
 #include <QKeyEvent>
+#include <QSignalBlocker>
+#include <QTabBar>
 
 #include <algorithm>
 #include <array>
@@ -40,11 +43,11 @@ frmUtilOptions::frmUtilOptions()
     // A date counts when it is complete, not at each of its digits.
     ui_->DTPDateOfBirthSetting->setKeyboardTracking(false);
     ui_->lblDateOfBirthSetting->installEventFilter(this);
+    // There is but one tab, so the keyboard has no use for it.
+    ui_->SSTab1->setFocusPolicy(Qt::NoFocus);
+    ui_->SSTab1->tabBar()->setFocusPolicy(Qt::NoFocus);
 
     Read([this] { LoadSettings(); });
-    if (Session().gdtmApplicationDate.isValid())
-        ui_->DTPDateOfBirthSetting->setDate(Session().gdtmApplicationDate);
-    ui_->cmdSave->setEnabled(false);
 
     connect(ui_->chkFractionMarks, &QCheckBox::toggled, this, &frmUtilOptions::chkFractionMarks_Click);
     for (const QCheckBox* box :
@@ -53,6 +56,7 @@ frmUtilOptions::frmUtilOptions()
     connect(ui_->cboGender, &QComboBox::currentIndexChanged, this, &frmUtilOptions::Changed);
     connect(ui_->DTPDateOfBirthSetting, &QDateEdit::dateChanged, this,
             &frmUtilOptions::DTPDateOfBirthSetting_Change);
+    connect(ui_->DTPDateOfBirthSetting, &DatePicker::Typed, this, &frmUtilOptions::Changed);
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmUtilOptions::cmdSave_Click);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmUtilOptions::cmdCancel_Click);
 }
@@ -78,7 +82,15 @@ void frmUtilOptions::LoadSettings()
     ui_->chkFractionMarks->setChecked(stored && session.gblnFractionMarks);
     ui_->chkRoundedMarks->setChecked(stored && session.gblnRoundedMarks);
     chkFractionMarks_Click(ui_->chkFractionMarks->isChecked());
+    ResetDatePicker();
     ui_->cmdSave->setEnabled(false);
+}
+
+void frmUtilOptions::ResetDatePicker()
+{
+    const QSignalBlocker quiet(ui_->DTPDateOfBirthSetting);
+    if (Session().gdtmApplicationDate.isValid())
+        ui_->DTPDateOfBirthSetting->setDate(Session().gdtmApplicationDate);
 }
 
 void frmUtilOptions::DTPDateOfBirthSetting_Change(const QDate& date)
@@ -86,7 +98,8 @@ void frmUtilOptions::DTPDateOfBirthSetting_Change(const QDate& date)
     Changed();
     // Without a working date there is no date before it.
     if (!Session().gdtmApplicationDate.isValid() || date >= Session().gdtmApplicationDate)
-        Prompts::Information(QStringLiteral("Date Of Birth Should be Less than Application Date"));
+        Refuse(QStringLiteral("Date Of Birth Should be Less than Application Date"),
+               ui_->DTPDateOfBirthSetting);
     else
         ui_->lblDateOfBirthSetting->setText(ShownDate(date));
 }
@@ -97,6 +110,8 @@ void frmUtilOptions::lblDateOfBirthSetting_Click()
         !Prompts::Ask(QStringLiteral("Do You Want To Clear This Date ?")))
         return;
     ui_->lblDateOfBirthSetting->clear();
+    // From the working date on, the date just cleared is a change again.
+    ResetDatePicker();
     Changed();
 }
 

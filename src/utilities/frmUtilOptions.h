@@ -28,6 +28,8 @@ protected:
 
 private:
     void LoadSettings();
+    /// Back to the working date. Tells nobody.
+    void ResetDatePicker();
     void DTPDateOfBirthSetting_Change(const QDate& date);
     void lblDateOfBirthSetting_Click();
     void chkFractionMarks_Click(bool ticked);

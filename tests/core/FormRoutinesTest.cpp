@@ -25,10 +25,12 @@ struct Display
 class SmallScreenTest : public testing::TestWithParam<Display>
 {};
 
-TEST_P(SmallScreenTest, IsSmallWithinTheBoundsOnly)
+TEST_P(SmallScreenTest, IsSmallAndHasPicturesOfItsOwnWithinTheBoundsOnly)
 {
     EXPECT_EQ(IsSmallScreen(GetParam().pixels), GetParam().small)
         << GetParam().pixels.width() << " x " << GetParam().pixels.height();
+    EXPECT_EQ(MainPicture(GetParam().pixels), GetParam().small ? 1003 : 1001);
+    EXPECT_EQ(PlainPicture(GetParam().pixels), GetParam().small ? 1004 : 1002);
 }
 
 // 734 pixels are the first above 11000 twips and 833 the last below 12500; 567 and 633 the same for the

@@ -27,7 +27,7 @@ TEST_F(ShowFormTest, AnOpenScreenLiesBeforeThePlainPictureUntilTheLastOneCloses)
     Screen* about = OpenScreen(QStringLiteral("AboutUs"));
     Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
     ASSERT_NE(options, nullptr);
-    EXPECT_TRUE(QFile::exists(PictureFile(PlainPicture())));
+    EXPECT_TRUE(QFile::exists(PictureFile(1002)));
     const qint64 plainPicture = ShownPicture();
     EXPECT_NE(plainPicture, mainPicture);
 
@@ -63,6 +63,27 @@ TEST_F(ShowFormTest, AScreenHasOneInstanceUntilItCloses)
     Settle();
     EXPECT_EQ(window->Area()->subWindowList().size(), 0);
     EXPECT_NE(OpenScreen(QStringLiteral("frmUtilOptions")), nullptr);
+}
+
+TEST_F(ShowFormTest, HelpOpensAtTheScreensNumberBeforeThePlainPictureWhichStaysUntilTheScreenCloses)
+{
+    const QString help = QStringLiteral("frmHelp");
+    ScreenRegistry::Register(help, [help] { return new Screen(help, 0); });
+    Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
+    const qint64 plainPicture = ShownPicture();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+    Settle();
+    ASSERT_NE(ScreenRegistry::OpenInstance(help), nullptr);
+    EXPECT_EQ(Session().glngScreenNo, 37);
+    EXPECT_EQ(ShownPicture(), plainPicture);
+
+    ScreenRegistry::OpenInstance(help)->Unload();
+    Settle();
+    EXPECT_EQ(ShownPicture(), plainPicture) << "a screen is open still";
+    options->Unload();
+    Settle();
+    EXPECT_NE(ShownPicture(), plainPicture);
+    ScreenRegistry::Forget(help);
 }
 
 TEST_F(ShowFormTest, AScreenFitsTheSmallScreenAndStandsInTheMiddle)
@@ -110,17 +131,6 @@ TEST_F(ShowFormTest, LeavingIsAskedForOnlyWhereTheOfficeWantsIt)
     EXPECT_FALSE(ConfirmExit(QStringLiteral("Options")));
     prompts.ExpectQuestion(QStringLiteral("Do You Want To Exit Options ?"), true);
     EXPECT_TRUE(ConfirmExit(QStringLiteral("Options")));
-}
-
-TEST_F(ShowFormTest, TheReportItemsThatStartOnNeedNoRightEvenWhereTheirMenuIsOff)
-{
-    const QString card = QStringLiteral("frmRankCardPrinting");
-    ScreenRegistry::Register(card, [card] { return new Screen(card, 0); });
-    delete window;
-    window = mdiTallyboard::Load();
-    EXPECT_TRUE(On("mnufrmRankCardPrinting"));
-    EXPECT_FALSE(On("mnuReports"));
-    ScreenRegistry::Forget(card);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "app/Screens.h"
 #include "core/controls/ImageButton.h"
 #include "core/mdiTallyboard.h"
+#include "core/Screen.h"
 #include "core/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
@@ -85,6 +86,13 @@ TEST_F(frmStartLoginTest, TheLastWorkingDateIsReadBeforeTheFieldsAreLookedAt)
     prompts.ExpectInformation(QStringLiteral("Enter Login ID"));
     LogIn(QString(), QString());
     EXPECT_EQ(Session().gdtmApplicationDate, QDate(2024, 6, 12));
+}
+
+TEST_F(frmStartLoginTest, WithoutAnyWorkingDateTheProgramHasNone)
+{
+    Session().gdtmApplicationDate = QDate(2024, 6, 12);
+    LogIn(mary, secret);
+    EXPECT_TRUE(Session().gdtmApplicationDate.isNull());
 }
 
 TEST_F(frmStartLoginTest, EnterInTheIdGoesToThePasswordWithoutLoggingIn)
@@ -183,6 +191,21 @@ TEST_F(frmStartLoginTest, ALeafRightWithoutItsGroupLeavesTheGroupOff)
     LogIn(mary, secret);
     EXPECT_TRUE(On("mnufrmRankCalculation"));
     EXPECT_FALSE(On("mnuReports"));
+}
+
+TEST_F(frmStartLoginTest, TwoReportsNeedNoRightEvenWhereTheirMenuIsOff)
+{
+    for (const auto& name :
+         {QStringLiteral("frmRankCardPrinting"), QStringLiteral("frmrptClasssubjectteacher")})
+        ScreenRegistry::Register(name, [name] { return new Screen(name, 0); });
+    GivenMary({{QStringLiteral("frmUtilOptions"), QStringLiteral("N")}});
+    LogIn(mary, secret);
+    EXPECT_TRUE(On("mnufrmRankCardPrinting"));
+    EXPECT_TRUE(On("mnufrmrptClassSubjectteacher"));
+    EXPECT_FALSE(On("mnufrmrptClassList"));
+    EXPECT_FALSE(On("mnuReports"));
+    ScreenRegistry::Forget(QStringLiteral("frmrptClasssubjectteacher"));
+    RegisterScreens();
 }
 
 TEST_F(frmStartLoginTest, ARightInAnotherCaseDoesNotReachItsMenu)

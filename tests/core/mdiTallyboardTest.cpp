@@ -227,7 +227,7 @@ TEST_F(mdiTallyboardTest, TheStartTakesTheWorkingDateOfTheActiveYear)
 
 TEST_F(mdiTallyboardTest, ThePictureLiesInTheTempFolderAndBehindTheScreens)
 {
-    EXPECT_TRUE(QFile::exists(QStringLiteral("%1/Temp/%2.jpg").arg(Folder()).arg(MainPicture())));
+    EXPECT_TRUE(QFile::exists(QStringLiteral("%1/Temp/1001.jpg").arg(Folder())));
     EXPECT_FALSE(static_cast<PictureArea*>(window->Area())->Picture().isNull());
 }
 

@@ -4,6 +4,7 @@
 #include "core/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -36,7 +37,15 @@ protected:
     QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
     QLabel* Limit() { return Find<QLabel>(form, "lblDateOfBirthSetting"); }
     QComboBox* Gender() { return Find<QComboBox>(form, "cboGender"); }
-    void Pick(const QDate& date) { Find<DatePicker>(form, "DTPDateOfBirthSetting")->setDate(date); }
+    DatePicker* Picker() { return Find<DatePicker>(form, "DTPDateOfBirthSetting"); }
+    void Pick(const QDate& date) { Picker()->setDate(date); }
+    /// Types two digits over the day.
+    void TypeDay(const char* day)
+    {
+        Picker()->setFocus();
+        Picker()->setSelectedSection(QDateTimeEdit::DaySection);
+        QTest::keyClicks(Picker(), QString::fromLatin1(day));
+    }
     /// Ticks or clears as the user does, with the blank key.
     void Toggle(const char* name)
     {
@@ -61,7 +70,7 @@ TEST_F(frmUtilOptionsTest, WithoutARowEverythingIsEmptyAndSaveIsOff)
     EXPECT_EQ(Gender()->currentIndex(), -1);
     EXPECT_FALSE(Button("cmdSave")->isEnabled());
     EXPECT_EQ(Session().gstrDefaultGender.toStdString(), "");
-    EXPECT_EQ(Find<DatePicker>(form, "DTPDateOfBirthSetting")->date(), QDate(2024, 6, 10));
+    EXPECT_EQ(Picker()->date(), QDate(2024, 6, 10));
 }
 
 TEST_F(frmUtilOptionsTest, TheStoredRowFillsControlsAndSession)
@@ -114,6 +123,65 @@ TEST_F(frmUtilOptionsTest, AnyChangeTurnsSaveOn)
     Press(Button("cmdCancel"));
     Pick(QDate(2019, 1, 1));
     EXPECT_TRUE(Button("cmdSave")->isEnabled());
+}
+
+TEST_F(frmUtilOptionsTest, OpensAtItsFirstBoxAndTabGoesRoundThroughControlsOnly)
+{
+    OpenOptions();
+    EXPECT_EQ(QApplication::focusWidget(), Box("chkPrompt"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), "cmdExit");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), Box("chkPrompt"));
+}
+
+TEST_F(frmUtilOptionsTest, ATypedDateTurnsSaveOnAndTheLetterOfSaveTakesAndStoresIt)
+{
+    OpenOptions();
+    TypeDay("09");
+    EXPECT_TRUE(Button("cmdSave")->isEnabled());
+    prompts.ExpectInformation(QStringLiteral("Settings Saved"));
+    QTest::keyClick(Picker(), 's', Qt::AltModifier);
+    EXPECT_EQ(Limit()->text().toStdString(), "09/Jun/2024");
+    EXPECT_EQ(Count("SELECT count(*) FROM Options WHERE DateOfBirthSetting = '2024-06-09'"), 1);
+}
+
+TEST_F(frmUtilOptionsTest, ATypedDateThatIsRefusedStoresNothingAndStaysToBeCorrected)
+{
+    OpenOptions();
+    TypeDay("11");
+    prompts.ExpectInformation(QStringLiteral("Date Of Birth Should be Less than Application Date"));
+    QTest::keyClick(Picker(), 's', Qt::AltModifier);
+    prompts.Verify();
+    EXPECT_TRUE(Picker()->hasFocus());
+    EXPECT_EQ(Count("SELECT count(*) FROM Options"), 0);
+}
+
+TEST_F(frmUtilOptionsTest, ADateThatWasClearedOrCancelledCanBeTypedAgain)
+{
+    OpenOptions();
+    TypeDay("09");
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(Limit()->text().toStdString(), "");
+    TypeDay("09");
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Limit()->text().toStdString(), "09/Jun/2024");
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Clear This Date ?"), true);
+    Limit()->setFocus();
+    QTest::keyClick(Limit(), Qt::Key_Space);
+    EXPECT_EQ(Limit()->text().toStdString(), "");
+    TypeDay("09");
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Limit()->text().toStdString(), "09/Jun/2024");
+}
+
+TEST_F(frmUtilOptionsTest, WithoutAWorkingDateNoDateIsBeforeIt)
+{
+    Session().gdtmApplicationDate = {};
+    OpenOptions();
+    prompts.ExpectInformation(QStringLiteral("Date Of Birth Should be Less than Application Date"));
+    Pick(QDate(1990, 1, 1));
+    EXPECT_EQ(Limit()->text().toStdString(), "");
 }
 
 TEST_F(frmUtilOptionsTest, RoundingGoesOnlyTogetherWithFractions)

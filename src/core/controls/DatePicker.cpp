@@ -13,6 +13,7 @@ DatePicker::DatePicker(QWidget* parent) : QDateEdit(QDate::currentDate(), parent
     setDisplayFormat(QStringLiteral("dd/MMM/yyyy"));
     calendarWidget()->setLocale(QLocale::c());
     calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    connect(lineEdit(), &QLineEdit::textEdited, this, &DatePicker::Typed);
 }
 
 void DatePicker::TakeArrowsOnly()

@@ -15,6 +15,10 @@ public:
     /// From now on only the arrow keys and the calendar move the date; nothing can be typed.
     void TakeArrowsOnly();
 
+Q_SIGNALS:
+    /// The user typed into the field; the date counts once it is complete.
+    void Typed();
+
 protected:
     /// Tab leaves the field; the left and right arrows go from day to month to year.
     bool focusNextPrevChild(bool next) override;
