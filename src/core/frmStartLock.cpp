@@ -15,6 +15,7 @@ namespace tally {
 namespace {
 
 constexpr int CornerRadius = 10;
+constexpr int OutlineWidth = 2;
 
 /// A padlock in the colour of the text.
 QPixmap Padlock(const QPalette& palette, qreal ratio)
@@ -82,6 +83,18 @@ void frmStartLock::resizeEvent(QResizeEvent* event)
     painter.drawRoundedRect(rect().adjusted(0, 0, -1, -1), CornerRadius, CornerRadius);
     painter.end();
     setMask(shape);
+}
+
+void frmStartLock::paintEvent(QPaintEvent* event)
+{
+    QDialog::paintEvent(event);
+    // Without a line around it the lock looks like a part of the form it lies over.
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), OutlineWidth));
+    const double inside = OutlineWidth / 2.0;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inside, inside, -inside - 1, -inside - 1), CornerRadius,
+                            CornerRadius);
 }
 
 void frmStartLock::AskForUnlocking()

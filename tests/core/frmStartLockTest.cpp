@@ -144,12 +144,23 @@ TEST_F(frmStartLockTest, EnterGoesFromFieldToField)
 {
     auto* unlock = AskForUnlocking();
     EXPECT_EQ(unlock->windowTitle().toStdString(), "Unlock");
-    Type(Find<QLineEdit>(unlock, "txtLoginID"), QStringLiteral("mary12345678901234567890"));
-    EXPECT_EQ(Find<QLineEdit>(unlock, "txtLoginID")->text().size(), 15);
     PressKey(unlock, Qt::Key_Return);
     EXPECT_TRUE(Find<QLineEdit>(unlock, "txtPassword")->hasFocus());
     PressKey(unlock, Qt::Key_Return);
     EXPECT_TRUE(Find<QPushButton>(unlock, "cmdOK")->hasFocus());
+}
+
+TEST_F(frmStartLockTest, TheLoginAboveTheLockIsAloneAndItsFieldsTakeFifteenLettersAndDigits)
+{
+    auto* unlock = AskForUnlocking();
+    EXPECT_TRUE(unlock->isModal());
+    auto* id = Find<QLineEdit>(unlock, "txtLoginID");
+    Type(id, QStringLiteral("m_a'r;y12345678901234567890"));
+    EXPECT_EQ(id->text().toStdString(), "mary12345678901");
+    auto* password = Find<QLineEdit>(unlock, "txtPassword");
+    Type(password, QStringLiteral("s'e_c;r\"et7890123456789"));
+    EXPECT_EQ(password->text().toStdString(), "secret789012345");
+    EXPECT_EQ(password->displayText().toStdString(), "***************");
 }
 
 TEST_F(frmStartLockTest, ALockedProgramIsNotLockedTwice)
