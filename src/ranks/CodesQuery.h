@@ -8,7 +8,7 @@
 
 namespace tally {
 
-/// "?,?,?" for `count` values in brackets.
+/// "?,?,?" for `count` values in brackets; for none "Null", which no code equals.
 inline QString Placeholders(std::size_t count)
 {
     if (count == 0)
@@ -19,7 +19,8 @@ inline QString Placeholders(std::size_t count)
     return text;
 }
 
-/// `sql` holds one %1 where the list of codes goes, behind all other placeholders.
+/// `sql` holds one %1 where the list of codes goes, behind all other placeholders. The engine takes 999
+/// values in all, more than a school has divisions in a class.
 template <typename... Values>
 store::Statement QueryCodes(store::Connection& connection, const QString& sql, const std::vector<int>& codes,
                             const Values&... values)

@@ -26,7 +26,7 @@ protected:
         const int window = button.palette().color(QPalette::Window).lightness();
         int most = 0;
         for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.height(); ++x)
+            for (int x = 0; x < std::min(picture.width(), picture.height()); ++x)
                 most = std::max(most, std::abs(picture.pixelColor(x, y).lightness() - window));
         return most;
     }
@@ -44,6 +44,14 @@ TEST_P(Look, AnOptionThatIsNotChosenIsSeen)
 {
     QRadioButton option;
     EXPECT_GE(Contrast(option), Legible);
+}
+
+TEST_P(Look, WhatIsChosenInASwitchedOffMenuOrListCanBeRead)
+{
+    const QPalette palette = QApplication::palette();
+    const int behind = palette.color(QPalette::Disabled, QPalette::Highlight).lightness();
+    for (const auto role : {QPalette::Text, QPalette::HighlightedText})
+        EXPECT_GE(std::abs(palette.color(QPalette::Disabled, role).lightness() - behind), Legible) << role;
 }
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, Look, ::testing::Bool(),

@@ -21,7 +21,6 @@ public:
     void OpenAt(int row, int col);
     /// The cell the box stands over, or stood over last; 0 before it was opened.
     int Row() const { return row_; }
-    int Col() const { return col_; }
     FlexGrid* Grid() const { return grid_; }
 
 private:

@@ -54,6 +54,14 @@ QList<int> CheckList::TickedIndexes() const
     return ticked;
 }
 
+std::vector<int> CheckList::TickedData() const
+{
+    std::vector<int> codes;
+    for (const int index : TickedIndexes())
+        codes.push_back(ItemData(index));
+    return codes;
+}
+
 void CheckList::initViewItemOption(QStyleOptionViewItem* option) const
 {
     QListWidget::initViewItemOption(option);

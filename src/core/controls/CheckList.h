@@ -2,6 +2,8 @@
 
 #include <QListWidget>
 
+#include <vector>
+
 namespace tally {
 
 /// A list whose items carry a code each and can be ticked, with the mouse or the blank key.
@@ -18,6 +20,8 @@ public:
     /// Ticks without telling anybody; Ticked is for what the user does.
     void SetTicked(int index, bool ticked);
     QList<int> TickedIndexes() const;
+    /// The codes of the ticked items, in the order of the list.
+    std::vector<int> TickedData() const;
 
 Q_SIGNALS:
     /// The user ticked or unticked an item.

@@ -10,7 +10,6 @@ DataCombo::DataCombo(QWidget* parent) : QComboBox(parent)
 {
     connect(this, &QComboBox::currentIndexChanged, this, [this] { changed_ = true; });
     connect(this, &QComboBox::activated, this, [this] {
-        // A text typed over an entry is left for the entry, so there the same one is a choice as well.
         if (std::exchange(changed_, false) || isEditable())
             Q_EMIT Chosen();
     });

@@ -37,7 +37,8 @@ public:
     void SetValidate(std::function<bool()> validate) { guard_.SetValidate(std::move(validate)); }
 
 Q_SIGNALS:
-    /// The user chose another entry than the one before, with the mouse or the keys.
+    /// The user chose another entry than the one before, with the mouse or the keys. In an editable list the
+    /// same entry is a choice as well, since a text typed over it is left for it.
     void Chosen();
 
 protected:

@@ -22,7 +22,6 @@ public:
     void Close();
     /// The cell it stands over, or stood over last; 0 before it was opened.
     int Row() const { return follower_.Row(); }
-    int Col() const { return follower_.Col(); }
 
 Q_SIGNALS:
     void EnterPressed();

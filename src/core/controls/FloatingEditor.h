@@ -24,7 +24,6 @@ public:
     void Close();
     /// The cell it stands over, or stood over last; 0 before it was opened.
     int Row() const { return follower_.Row(); }
-    int Col() const { return follower_.Col(); }
     FlexGrid* Grid() const { return follower_.Grid(); }
 
     /// Asked when the focus is about to leave; on false the box keeps it, and the click that was to take it

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QScopedValueRollback>
 #include <QTimer>
 
 namespace tally {
@@ -36,9 +37,8 @@ bool LeaveGuard::Leaves(const QFocusEvent* event)
 
 void LeaveGuard::Unasked(const std::function<void()>& work)
 {
-    asking_ = true;
+    const QScopedValueRollback asking(asking_, true);
     work();
-    asking_ = false;
 }
 
 bool LeaveGuard::IsWithinForm() const
