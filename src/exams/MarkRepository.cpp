@@ -53,7 +53,7 @@ CodedTexts MarkRepository::Students(const MarkScope& scope)
     return ReadCodedTexts(main_.Query(
         QStringLiteral("Select a.StudentCode,trim(b.StudentName) || '(' || ifnull(b.OptionalAdmissionNo,'') "
                        "|| ')' from StudentClassDivision a,StudentMaster b where a.StudentCode=b.StudentCode "
-                       "and a.ClassCode=? and a.DivisionCode=? and ifnull(b.TCNo,'')='' and "
+                       "and a.ClassCode=? and a.DivisionCode=? and b.TCNo='' and "
                        "a.AcademicYearCode=? order by b.StudentName,b.OptionalAdmissionNo"),
         scope.classCode, scope.divisionCode, scope.academicYearCode));
 }
@@ -66,7 +66,7 @@ CodedTexts MarkRepository::StudentsToMark(const MarkScope& scope, bool withRelie
         QStringLiteral("Select a.StudentCode,trim(b.StudentName) || '(' || ifnull(b.OptionalAdmissionNo,'') "
                        "|| ')' from StudentClassDivision a,StudentMaster b where a.StudentCode=b.StudentCode "
                        "and a.ClassCode=?1 and a.DivisionCode=?2 and a.AcademicYearCode=?3 and "
-                       "(ifnull(b.TCNo,'')='' or exists (Select 1 from MarkMaster c where "
+                       "(b.TCNo='' or exists (Select 1 from MarkMaster c where "
                        "c.StudentCode=a.StudentCode and c.ClassCode=?1 and c.DivisionCode=?2 and "
                        "c.AcademicYearCode=?3 and c.ExamCode=?4)) order by "
                        "b.StudentName,b.OptionalAdmissionNo"),
