@@ -49,6 +49,7 @@ private:
     void LoadSubject();
     void LoadStudent();
     void cmdAddExam_Click();
+    void NoteOpenExamMaster();
     void dbcExam_Change();
     void cboClass_Click();
     void cboDivision_Click();
@@ -112,7 +113,7 @@ private:
     MarkSheet sheet_;
     bool EditMode_ = false;
     bool MarksExist_ = false;  ///< the subject or student that was chosen last has marks in this exam
-    bool examsOpened_ = false; ///< the exam master was opened from here
+    bool examsOpened_ = false; ///< the exam master was opened from here, and exams may have been added
     int wheelTurned_ = 0; ///< the part of a notch that has not moved the rows yet, in eighths of a degree
 };
 

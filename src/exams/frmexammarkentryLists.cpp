@@ -10,8 +10,6 @@
 #include "exams/MarkEntryTexts.h"
 #include "ui_frmexammarkentry.h"
 
-#include <utility>
-
 namespace tally {
 
 namespace {
@@ -68,15 +66,22 @@ void frmexammarkentry::LoadStudent()
 void frmexammarkentry::cmdAddExam_Click()
 {
     ShowForm(ExamMaster);
+    NoteOpenExamMaster();
+}
+
+void frmexammarkentry::NoteOpenExamMaster()
+{
     examsOpened_ = ScreenRegistry::OpenInstance(ExamMaster) != nullptr;
 }
 
 void frmexammarkentry::Form_Activate(bool)
 {
-    if (!std::exchange(examsOpened_, false))
+    if (!examsOpened_)
         return;
     LoadExam();
     ui_->dbcExam->setFocus();
+    // Until it is closed, the exam master may be gone back to for one more exam.
+    NoteOpenExamMaster();
 }
 
 void frmexammarkentry::dbcExam_Change()
@@ -190,8 +195,12 @@ void frmexammarkentry::List_Change()
         std::optional<MarkSubject> subject;
         if (sheet_.Mode() == MarkMode::Subject) {
             subject = Marks().FindSubject(Scope(), chosen);
-            if (!subject)
+            if (!subject) {
+                // The class has given the subject up meanwhile: the rows stay to be looked at, but their
+                // marks are not those of this subject, and an edit must not replace its marks by them.
+                MarksExist_ = false;
                 return;
+            }
         }
         TakeStored(subject, Marks().StoredMarks(Scope(), sheet_.Mode(), chosen));
     });

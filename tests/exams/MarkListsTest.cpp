@@ -460,6 +460,22 @@ TEST_F(MarkLists, ASubjectThatTheDivisionNoLongerTakesLeavesTheGridAndTheLimitsA
     QTest::keyClicks(mark, QStringLiteral("51"));
 }
 
+TEST_F(MarkLists, ASubjectThatTheDivisionNoLongerTakesHasNoneOfTheMarksShownBeforeIt)
+{
+    GivenThreeStudents();
+    school->EnterMark(1, 1, 45);
+    OpenNew();
+    ChooseClassDivision();
+    Choose(subjects, QStringLiteral("English"));
+    ASSERT_EQ(RowText(1), "1|Asha(A1)|45|Present");
+    Given("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 2");
+    Choose(subjects, QStringLiteral("Maths"));
+    // No question whether to edit or delete marks that are those of English.
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(EnabledControls(), New);
+    EXPECT_EQ(Focus(), "txtmarkobtained");
+}
+
 TEST_F(MarkLists, TheAllowedMarkIsShownWhileASubjectIsChosen)
 {
     GivenThreeStudents();
@@ -535,6 +551,43 @@ TEST_F(MarkLists, AnExamAddedOnTheWayCanBeChosenOnReturnAndTheChoiceStays)
     EXPECT_EQ(Entries(exam), " |Term One|Annual");
     EXPECT_EQ(exam->currentText().toStdString(), "Term One");
     EXPECT_EQ(Focus(), "dbcExam");
+}
+
+TEST_F(MarkLists, EachReturnFromTheOpenExamMasterBringsWhatWasAddedThere)
+{
+    OpenNew();
+    Press(Button("cmdAddExam"));
+    auto* master = ScreenRegistry::OpenInstance(QStringLiteral("frmexamnamemaster"));
+    const auto goTo = [this](const QWidget* screen) {
+        window->Area()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(screen->parentWidget()));
+        Settle();
+    };
+    goTo(form);
+    goTo(master);
+    Given("INSERT INTO ExamMaster VALUES (2, 'Annual', 2, 0)");
+    goTo(form);
+    EXPECT_EQ(Entries(exam), " |Term One|Annual");
+    goTo(master);
+    Given("INSERT INTO ExamMaster VALUES (3, 'Final', 3, 0)");
+    master->Unload();
+    Settle();
+    EXPECT_EQ(Entries(exam), " |Term One|Annual|Final");
+    EXPECT_EQ(Focus(), "dbcExam");
+}
+
+TEST_F(MarkLists, AnotherProgramInFrontIsNoReturnFromTheExamMaster)
+{
+    GivenThreeStudents();
+    StartSubject(QStringLiteral("English"));
+    Press(Button("cmdAddExam"));
+    window->Area()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(form->parentWidget()));
+    Click(2, 2);
+    ASSERT_EQ(Focus(), "txtmarkobtained");
+    QApplication::setActiveWindow(nullptr);
+    Settle();
+    QApplication::setActiveWindow(window);
+    Settle();
+    EXPECT_EQ(Focus(), "txtmarkobtained") << "a mark that is being typed keeps the keys";
 }
 
 TEST_F(MarkLists, OpeningTheExamMasterFromAChosenSubjectAsksNothingBehindIt)
