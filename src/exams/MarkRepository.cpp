@@ -17,28 +17,6 @@ QString RowColumn(MarkMode mode)
 
 } // namespace
 
-CodedTexts MarkRepository::Exams()
-{
-    return ReadCodedTexts(main_.Query(
-        QStringLiteral("Select 0 as ExamCode,' ' as ExamName,0 as ExamOrder from ExamMaster union "
-                       "Select ExamCode,ExamName,ExamOrder from ExamMaster order by ExamOrder")));
-}
-
-CodedTexts MarkRepository::Classes()
-{
-    // The row with code 0 stands for "not chosen" and is no class of the school.
-    return ReadCodedTexts(main_.Query(QStringLiteral(
-        "Select ClassCode,ClassName from ClassDivisionMaster where ClassCode > 0 order by ClassOrder")));
-}
-
-CodedTexts MarkRepository::Divisions(int classCode)
-{
-    return ReadCodedTexts(
-        main_.Query(QStringLiteral("Select DivisionCode,DivisionName from ClassDivisionDetails where "
-                                   "ClassCode=? order by DivisionName"),
-                    classCode));
-}
-
 CodedTexts MarkRepository::Subjects(const MarkScope& scope)
 {
     return ReadCodedTexts(main_.Query(

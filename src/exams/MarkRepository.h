@@ -15,11 +15,6 @@ class MarkRepository
 public:
     explicit MarkRepository(store::Connection& main) : main_(main) {}
 
-    /// In their order, behind a blank one with the code 0; nothing at all without exams.
-    CodedTexts Exams();
-    /// In their order.
-    CodedTexts Classes();
-    CodedTexts Divisions(int classCode);
     /// The subjects that the class-division takes, by name.
     CodedTexts Subjects(const MarkScope& scope);
     /// The students of the class-division who were not relieved, by name: "Asha(A12)".

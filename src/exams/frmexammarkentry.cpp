@@ -111,6 +111,11 @@ void frmexammarkentry::Form_Load()
     ui_->cmdNew->setFocus();
 }
 
+SchoolListRepository frmexammarkentry::Lists() const
+{
+    return SchoolListRepository(*Session().gcnnMain);
+}
+
 MarkRepository frmexammarkentry::Marks() const
 {
     return MarkRepository(*Session().gcnnMain);

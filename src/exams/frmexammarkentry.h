@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/SchoolListRepository.h"
 #include "core/Screen.h"
 #include "exams/MarkRepository.h"
 #include "exams/MarkSheet.h"
@@ -78,6 +79,7 @@ private:
     void Take(const MarkStep& step);
     void ShowAverage();
 
+    SchoolListRepository Lists() const;
     MarkRepository Marks() const;
     MarkScope Scope() const;
     /// The list of the mode in which marks are entered.

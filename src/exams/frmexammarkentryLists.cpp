@@ -30,13 +30,13 @@ void Fill(DataCombo* combo, const CodedTexts& names)
 void frmexammarkentry::LoadExam()
 {
     const int chosen = ui_->dbcExam->BoundCode();
-    Read([this] { ui_->dbcExam->SetList(Marks().Exams()); });
+    Read([this] { ui_->dbcExam->SetList(Lists().ExamsBehindBlank()); });
     ui_->dbcExam->SetBoundCode(chosen);
 }
 
 void frmexammarkentry::LoadClass()
 {
-    Read([this] { Fill(ui_->cboClass, Marks().Classes()); });
+    Read([this] { Fill(ui_->cboClass, Lists().Classes()); });
 }
 
 void frmexammarkentry::LoadDivision()
@@ -44,7 +44,7 @@ void frmexammarkentry::LoadDivision()
     Fill(ui_->cboDivision, {});
     const int classCode = Scope().classCode;
     if (classCode != 0)
-        Read([&] { Fill(ui_->cboDivision, Marks().Divisions(classCode)); });
+        Read([&] { Fill(ui_->cboDivision, Lists().DivisionsByName(classCode)); });
 }
 
 void frmexammarkentry::LoadSubject()

@@ -1,5 +1,6 @@
 #include "ranks/RankRepository.h"
 
+#include "core/SchoolListRepository.h"
 #include "ranks/CodesQuery.h"
 
 #include <algorithm>
@@ -14,6 +15,15 @@ bool IsYes(const QString& takenForRank)
     return takenForRank.compare(QLatin1String("Yes"), Qt::CaseInsensitive) == 0;
 }
 
+template <typename Entry>
+std::vector<Entry> Listed(const CodedTexts& texts)
+{
+    std::vector<Entry> entries;
+    for (const auto& [code, name] : texts)
+        entries.push_back({code, name});
+    return entries;
+}
+
 std::vector<QString> FirstColumn(store::Statement rows)
 {
     std::vector<QString> texts;
@@ -26,35 +36,17 @@ std::vector<QString> FirstColumn(store::Statement rows)
 
 std::vector<RankExam> RankRepository::LoadExam()
 {
-    std::vector<RankExam> exams;
-    store::Statement rows =
-        main_.Query(QStringLiteral("Select ExamCode,ExamName from ExamMaster order by ExamOrder"));
-    while (rows.Next())
-        exams.push_back({rows.Int(0), rows.Text(1)});
-    return exams;
+    return Listed<RankExam>(SchoolListRepository(main_).Exams());
 }
 
 std::vector<RankClass> RankRepository::LoadClass()
 {
-    std::vector<RankClass> classes;
-    // The row with code 0 stands for "not chosen" and is no class of the school.
-    store::Statement rows = main_.Query(QStringLiteral(
-        "Select ClassCode,ClassName from ClassDivisionMaster where ClassCode > 0 order by ClassOrder"));
-    while (rows.Next())
-        classes.push_back({rows.Int(0), rows.Text(1)});
-    return classes;
+    return Listed<RankClass>(SchoolListRepository(main_).Classes());
 }
 
 std::vector<RankDivision> RankRepository::LoadDivision(int classCode)
 {
-    std::vector<RankDivision> divisions;
-    store::Statement rows =
-        main_.Query(QStringLiteral("Select DivisionCode,DivisionName from ClassDivisionDetails where "
-                                   "ClassCode=? order by DivisionCode"),
-                    classCode);
-    while (rows.Next())
-        divisions.push_back({rows.Int(0), rows.Text(1)});
-    return divisions;
+    return Listed<RankDivision>(SchoolListRepository(main_).DivisionsByCode(classCode));
 }
 
 std::vector<DivisionFacts> RankRepository::LoadDivisionFacts(const RankScope& scope)

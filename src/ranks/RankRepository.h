@@ -10,8 +10,8 @@
 
 namespace tally {
 
-/// All statements of the rank list on the school's own tables. Each function runs a fixed number of them,
-/// whatever the size of the class. Throws StoreError.
+/// All statements of the rank list on the school's own tables but for those of SchoolListRepository. Each
+/// function runs a fixed number of them, whatever the size of the class. Throws StoreError.
 class RankRepository
 {
 public:

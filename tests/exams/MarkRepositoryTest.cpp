@@ -49,15 +49,6 @@ protected:
     MarkScope scope{1, 1, 1, 1};
 };
 
-TEST_F(MarkRepositoryTest, TheExamsStandBehindABlankOneInTheirOrder)
-{
-    school.main.Execute(QStringLiteral("INSERT INTO ExamMaster VALUES (2, 'Annual', 3, 0)"));
-    school.main.Execute(QStringLiteral("INSERT INTO ExamMaster VALUES (3, 'Mid', 2, 0)"));
-    EXPECT_EQ(ToText(marks.Exams()), "0  ; 1 Term One; 3 Mid; 2 Annual");
-    school.main.Execute(QStringLiteral("DELETE FROM ExamMaster"));
-    EXPECT_EQ(ToText(marks.Exams()), "") << "a school without exams has nothing to choose";
-}
-
 TEST_F(MarkRepositoryTest, SubjectsAreChosenByNameAndEnteredInTheirOrder)
 {
     school.AddSubject(2, 3, "Art", 1);
