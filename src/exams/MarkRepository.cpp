@@ -28,26 +28,23 @@ CodedTexts MarkRepository::Subjects(const MarkScope& scope)
 
 CodedTexts MarkRepository::Students(const MarkScope& scope)
 {
-    return ReadCodedTexts(main_.Query(
-        QStringLiteral("Select a.StudentCode,trim(b.StudentName) || '(' || ifnull(b.OptionalAdmissionNo,'') "
-                       "|| ')' from StudentClassDivision a,StudentMaster b where a.StudentCode=b.StudentCode "
-                       "and a.ClassCode=? and a.DivisionCode=? and b.TCNo='' and "
-                       "a.AcademicYearCode=? order by b.StudentName,b.OptionalAdmissionNo"),
-        scope.classCode, scope.divisionCode, scope.academicYearCode));
+    return StudentsToMark(scope, false);
 }
 
 CodedTexts MarkRepository::StudentsToMark(const MarkScope& scope, bool withRelieved)
 {
-    if (!withRelieved)
-        return Students(scope);
-    return ReadCodedTexts(main_.Query(
+    const QString sql =
         QStringLiteral("Select a.StudentCode,trim(b.StudentName) || '(' || ifnull(b.OptionalAdmissionNo,'') "
                        "|| ')' from StudentClassDivision a,StudentMaster b where a.StudentCode=b.StudentCode "
                        "and a.ClassCode=?1 and a.DivisionCode=?2 and a.AcademicYearCode=?3 and "
-                       "(b.TCNo='' or exists (Select 1 from MarkMaster c where "
-                       "c.StudentCode=a.StudentCode and c.ClassCode=?1 and c.DivisionCode=?2 and "
-                       "c.AcademicYearCode=?3 and c.ExamCode=?4)) order by "
-                       "b.StudentName,b.OptionalAdmissionNo"),
+                       "(b.TCNo=''%1) order by b.StudentName,b.OptionalAdmissionNo");
+    if (!withRelieved)
+        return ReadCodedTexts(
+            main_.Query(sql.arg(QString()), scope.classCode, scope.divisionCode, scope.academicYearCode));
+    return ReadCodedTexts(main_.Query(
+        sql.arg(QLatin1String(" or exists (Select 1 from MarkMaster c where c.StudentCode=a.StudentCode and "
+                              "c.ClassCode=?1 and c.DivisionCode=?2 and c.AcademicYearCode=?3 and "
+                              "c.ExamCode=?4)")),
         scope.classCode, scope.divisionCode, scope.academicYearCode, scope.examCode));
 }
 
@@ -90,20 +87,22 @@ std::vector<StoredMark> MarkRepository::StoredMarks(const MarkScope& scope, Mark
 
 bool MarkRepository::HasStudents(const MarkScope& scope)
 {
-    return main_.Number(
-               QStringLiteral("Select Count(*) from StudentClassDivision a,StudentMaster b where "
-                              "a.StudentCode=b.StudentCode and a.ClassCode=? and a.DivisionCode=? and "
-                              "a.AcademicYearCode=?"),
-               scope.classCode, scope.divisionCode, scope.academicYearCode) > 0;
+    return HasRows(QStringLiteral("StudentClassDivision a,StudentMaster b where a.StudentCode=b.StudentCode"),
+                   scope);
 }
 
 bool MarkRepository::HasSubjects(const MarkScope& scope)
 {
-    return main_.Number(
-               QStringLiteral("Select Count(*) from ClassSubjectTeacher a,SubjectMaster b where "
-                              "a.SubjectCode=b.SubjectCode and a.ClassCode=? and a.DivisionCode=? and "
-                              "a.AcademicYearCode=?"),
-               scope.classCode, scope.divisionCode, scope.academicYearCode) > 0;
+    return HasRows(QStringLiteral("ClassSubjectTeacher a,SubjectMaster b where a.SubjectCode=b.SubjectCode"),
+                   scope);
+}
+
+bool MarkRepository::HasRows(const QString& tables, const MarkScope& scope)
+{
+    return main_.Number(QStringLiteral("Select Count(*) from %1 and a.ClassCode=? and a.DivisionCode=? and "
+                                       "a.AcademicYearCode=?")
+                            .arg(tables),
+                        scope.classCode, scope.divisionCode, scope.academicYearCode) > 0;
 }
 
 void MarkRepository::Delete(store::Transaction& transaction, const MarkScope& scope, MarkMode mode, int code)

@@ -9,10 +9,11 @@
 
 namespace tally {
 
-/// The marks of the school and what they are entered against. Throws StoreError.
+/// The marks of a class-division and the students and subjects that they are entered for. Throws StoreError.
 class MarkRepository
 {
 public:
+    /// `main` must outlive the repository.
     explicit MarkRepository(store::Connection& main) : main_(main) {}
 
     /// The subjects that the class-division takes, by name.
@@ -25,22 +26,27 @@ public:
     CodedTexts StudentsToMark(const MarkScope& scope, bool withRelieved);
     /// The rows of a student, in the order of the subjects.
     std::vector<MarkSubject> SubjectsToMark(const MarkScope& scope);
-    /// None when the class-division does not take the subject.
+    /// None when the class-division does not take the subject. The name stays empty.
     std::optional<MarkSubject> FindSubject(const MarkScope& scope, int subjectCode);
     /// What is stored for one subject, or for one student.
     std::vector<StoredMark> StoredMarks(const MarkScope& scope, MarkMode mode, int code);
 
     /// Whether anybody was admitted to the class-division, relieved or not.
     bool HasStudents(const MarkScope& scope);
+    /// Whether the class-division takes any subject.
     bool HasSubjects(const MarkScope& scope);
 
-    /// Takes out all marks of one subject, or of one student.
+    /// Takes out all marks of one subject, or of one student. No error when there are none.
     static void Delete(store::Transaction& transaction, const MarkScope& scope, MarkMode mode, int code);
-    /// A mark that is there already is a conflict.
+    /// Throws a StoreError with IsDuplicate() for a mark that is there already, and one with IsConflict() for
+    /// a student or a master that is not.
     static void Insert(store::Transaction& transaction, const MarkScope& scope,
                        const std::vector<MarkRecord>& marks, int userCode);
 
 private:
+    /// Whether the class-division has a row in the first of the joined `tables`, which is called "a".
+    bool HasRows(const QString& tables, const MarkScope& scope);
+
     store::Connection& main_;
 };
 

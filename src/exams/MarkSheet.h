@@ -15,11 +15,11 @@ inline const QString AbsentText = QStringLiteral("Absent");
 /// One line of the sheet. What was not entered yet is empty.
 struct MarkRow
 {
-    QString name;     ///< of the student or the subject
-    int code = 0;     ///< of the student in subject mode, of the subject in student mode
-    QString mark;     ///< a number as text
-    QString presence; ///< PresentText or AbsentText
-    int teacherCode = 0;
+    QString name;              ///< of the student or the subject
+    int code = 0;              ///< of the student in subject mode, of the subject in student mode
+    QString mark;              ///< a number as text
+    QString presence;          ///< PresentText or AbsentText
+    int teacherCode = 0;       ///< 0: no teacher
     double maximumAllowed = 0; ///< student mode only
     double maximumMark = 0;    ///< student mode only
 
@@ -39,7 +39,7 @@ enum class MarkField
 struct MarkStep
 {
     MarkField field = MarkField::Mark;
-    int row = 0;
+    int row = 0; ///< from 1; 0 with MarkField::Save
     QString message;
 };
 

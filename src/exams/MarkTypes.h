@@ -27,7 +27,7 @@ struct MarkSubject
 {
     int subjectCode = 0;
     QString name;
-    int teacherCode = 0;
+    int teacherCode = 0;       ///< 0: no teacher
     double maximumAllowed = 0; ///< the highest mark that may be entered
     double maximumMark = 0;    ///< what a mark is out of
 };

@@ -63,6 +63,7 @@ TEST_F(MarkRepositoryTest, SubjectsAreChosenByNameAndEnteredInTheirOrder)
 TEST_F(MarkRepositoryTest, ASubjectThatTheDivisionDoesNotTakeIsNotFound)
 {
     EXPECT_EQ(marks.FindSubject(scope, 1)->maximumAllowed, 50);
+    EXPECT_EQ(marks.FindSubject(scope, 1)->name, QString());
     EXPECT_FALSE(marks.FindSubject(scope, 3));
     EXPECT_FALSE(marks.FindSubject({1, 1, 1, 2}, 1));
 }
@@ -128,9 +129,11 @@ TEST_F(MarkRepositoryTest, ADeleteTakesTheSubjectOrTheStudentAndNothingElse)
     Write([&](auto& transaction) { MarkRepository::Delete(transaction, scope, MarkMode::Student, 1); });
     EXPECT_EQ(MarkCount(), 1);
     EXPECT_EQ(marks.StoredMarks(scope, MarkMode::Student, 2).size(), 1U);
+    Write([&](auto& transaction) { MarkRepository::Delete(transaction, scope, MarkMode::Student, 1); });
+    EXPECT_EQ(MarkCount(), 1) << "what is gone already may be deleted again";
 }
 
-TEST_F(MarkRepositoryTest, AMarkThatIsThereAlreadyIsAConflictAndNothingIsStored)
+TEST_F(MarkRepositoryTest, AMarkThatIsThereAlreadyIsADuplicateAndNothingIsStored)
 {
     school.AddMarkedStudent(QStringLiteral("Asha"), {40});
     const int binu = school.AddStudent(1, QStringLiteral("Binu"));
@@ -140,7 +143,7 @@ TEST_F(MarkRepositoryTest, AMarkThatIsThereAlreadyIsAConflictAndNothingIsStored)
         });
         FAIL() << "the second mark was taken";
     } catch (const store::StoreError& error) {
-        EXPECT_TRUE(error.IsConflict());
+        EXPECT_TRUE(error.IsDuplicate());
     }
     EXPECT_EQ(MarkCount(), 1);
 }
