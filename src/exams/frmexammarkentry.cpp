@@ -222,18 +222,17 @@ void frmexammarkentry::cmdSave_Click()
     if (!IsReady())
         return;
     const int chosen = List()->BoundCode();
-    try {
-        store::Transaction transaction(*Session().gcnnMain);
+    const auto error = TryWrite([&](store::Transaction& transaction) {
         if (EditMode_)
             MarkRepository::Delete(transaction, Scope(), sheet_.Mode(), chosen);
         MarkRepository::Insert(transaction, Scope(), sheet_.Records(chosen), Session().gintUserCode);
-        transaction.Commit();
-    } catch (const store::StoreError& error) {
+    });
+    if (error) {
         // What was typed stays, for a second try or to be compared with what another client has entered. Only
         // where its student or subject has gone there is no use for it.
-        Prompts::Critical(error.IsDuplicate() ? EnteredMeanwhile(sheet_.Mode())
-                                              : TextOf(error, Conflict::MasterIsGone));
-        if (error.IsConflict() && !error.IsDuplicate())
+        Prompts::Critical(error->IsDuplicate() ? EnteredMeanwhile(sheet_.Mode())
+                                               : TextOf(*error, Conflict::MasterIsGone));
+        if (error->IsConflict() && !error->IsDuplicate())
             cmdCancel_Click();
         return;
     }
