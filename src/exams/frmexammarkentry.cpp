@@ -316,15 +316,16 @@ bool frmexammarkentry::eventFilter(QObject* receiver, QEvent* event)
         return cboDivision_KeyPress(static_cast<QKeyEvent*>(event)->key());
     if (receiver == ui_->msgDetails->viewport())
         return event->type() == QEvent::Wheel && msgDetails_Wheel(static_cast<QWheelEvent*>(event));
-    if (receiver != ui_->cboDivision && event->type() == QEvent::MouseButtonPress)
+    // What is left are the two parts of the presence: the list and its text.
+    const bool onPresence = receiver != ui_->cboDivision;
+    if (onPresence && event->type() == QEvent::MouseButtonPress)
         cboPresentAbsent_MouseDown();
     return false;
 }
 
-// A long class can be looked through while its marks may not be entered.
-
 bool frmexammarkentry::msgDetails_Wheel(const QWheelEvent* event)
 {
+    // A long class can be looked through while its marks may not be entered.
     if (ui_->fraMain->isEnabled())
         return false;
     QScrollBar* bar = ui_->msgDetails->verticalScrollBar();
