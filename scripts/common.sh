@@ -67,7 +67,7 @@ build()
     cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }
 
-# run_tour PROGRAMS FOLDER sets up a new school and goes through a sample school; pictures and workbook go to FOLDER.
+# run_tour PROGRAMS FOLDER sets up a new school and goes through a sample school; pictures and workbooks go to FOLDER.
 run_tour()
 {
     local programs=$1 folder=$2 school

@@ -43,6 +43,19 @@ INSTANTIATE_TEST_SUITE_P(Displays, SmallScreenTest,
                                          Display{{800, 634}, false}, Display{{640, 480}, false},
                                          Display{{1024, 768}, false}));
 
+TEST(CenterFormTest, AFormStandsInTheMiddleOfItsParentOrInItsCorner)
+{
+    QWidget parent;
+    parent.resize(400, 300);
+    QWidget form(&parent);
+    form.resize(100, 60);
+    CenterForm(&form, &parent);
+    EXPECT_EQ(form.pos(), QPoint(150, 120));
+    form.resize(500, 400);
+    CenterForm(&form, &parent);
+    EXPECT_EQ(form.pos(), QPoint(0, 0)) << "its first fields stay in sight";
+}
+
 class FormRoutinesTest : public ProgramFixture
 {
 protected:

@@ -1,5 +1,8 @@
 #include "core/Prompts.h"
 
+#include "core/modTallyboardForms.h"
+#include "core/SessionContext.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
@@ -63,6 +66,12 @@ TEST(PromptsTest, AQuestionHasAQuestionMarkAndAPlainOneHasNone)
     EXPECT_EQ(question.Shown().icon, QMessageBox::Question);
     EXPECT_EQ(question.Shown().buttons, QMessageBox::Yes | QMessageBox::No);
     EXPECT_EQ(question.Shown().caption, "State Master");
+
+    Session().gblnPromptOnExit = true;
+    const NextBox leaving(Qt::Key_N);
+    EXPECT_FALSE(ConfirmExit(QStringLiteral("City Master")));
+    EXPECT_EQ(leaving.Shown().caption, "City Master");
+    EXPECT_EQ(leaving.Shown().text, "Do You Want To Exit City Master ?");
 
     const NextBox plain(Qt::Key_Y);
     EXPECT_TRUE(Prompts::AskPlainly(QStringLiteral("Delete ?")));

@@ -211,6 +211,15 @@ TEST_F(modTallyboardTest, WithoutOptionsThereAreNoDefaults)
     EXPECT_EQ(Session().gvarDefaultDOB.toStdString(), "");
 }
 
+TEST_F(modTallyboardTest, OptionsWithoutADateGiveNoDate)
+{
+    Session().gvarDefaultDOB = QStringLiteral("01/Jan/2020");
+    Given("INSERT INTO Options VALUES ('Y', 'Y', NULL, 'M', 'N', 'N')");
+    LoadOptions();
+    EXPECT_EQ(Session().gvarDefaultDOB.toStdString(), "");
+    EXPECT_EQ(Session().gstrDefaultGender.toStdString(), "M");
+}
+
 TEST_F(modTallyboardTest, AnEmptyStoredGenderKeepsTheOneInHand)
 {
     Session().gstrDefaultGender = QStringLiteral("F");
