@@ -93,7 +93,7 @@ void frmStartLock::paintEvent(QPaintEvent* event)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(palette().color(QPalette::Highlight), OutlineWidth));
     const double inside = OutlineWidth / 2.0;
-    painter.drawRoundedRect(QRectF(rect()).adjusted(inside, inside, -inside - 1, -inside - 1), CornerRadius,
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inside, inside, -inside, -inside), CornerRadius,
                             CornerRadius);
 }
 
