@@ -22,6 +22,12 @@ enum class SubjectDisplay : std::uint8_t
     All,              ///< Optsubjectdisplayyes
 };
 
+/// By the state of Optsubjectdisplayyes.
+inline SubjectDisplay ChosenDisplay(bool displayAll)
+{
+    return displayAll ? SubjectDisplay::All : SubjectDisplay::TakenForRankOnly;
+}
+
 struct RankExam
 {
     int examCode = 0;

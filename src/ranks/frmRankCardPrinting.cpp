@@ -23,14 +23,6 @@ namespace {
 constexpr int HelpScreenNo = 22;
 const QString BlankItem = QStringLiteral(" ");
 
-std::vector<int> TickedCodes(const CheckList* list)
-{
-    std::vector<int> codes;
-    for (const int index : list->TickedIndexes())
-        codes.push_back(list->ItemData(index));
-    return codes;
-}
-
 } // namespace
 
 frmRankCardPrinting::frmRankCardPrinting()
@@ -40,6 +32,7 @@ frmRankCardPrinting::frmRankCardPrinting()
     ui_->setupUi(this);
     DressButtons(this);
     ShowStudentKey();
+    ui_->msgDetails->SetFixedCols(RankCardRows::FixedColumns);
     ConnectHandlers();
     SetExitButton(ui_->cmdExit);
     Form_Load();
@@ -81,11 +74,6 @@ void frmRankCardPrinting::ShowStudentKey()
 RankCardScope frmRankCardPrinting::Scope() const
 {
     return {Session().gintAcademicYearCode, ui_->cboClass->BoundCode(), ui_->cboDivision->BoundCode()};
-}
-
-SubjectDisplay frmRankCardPrinting::Display() const
-{
-    return ui_->Optsubjectdisplayyes->isChecked() ? SubjectDisplay::All : SubjectDisplay::TakenForRankOnly;
 }
 
 void frmRankCardPrinting::LoadExams()
@@ -144,7 +132,7 @@ void frmRankCardPrinting::LoadStudentList()
     Read([&] {
         const HourGlass hourGlass;
         const StudentListInput input = RankCardRepository(*Session().gcnnMain).LoadStudentList(scope);
-        const std::vector<bool> complete = MarksComplete(input, TickedCodes(ui_->Lstexamnames));
+        const std::vector<bool> complete = MarksComplete(input, ui_->Lstexamnames->TickedData());
         for (std::size_t number = 0; number < input.students.size(); ++number) {
             const ListedStudent& student = input.students[number];
             ui_->LstStudents->AddItem(StudentItem(student.studentName, complete[number]),
@@ -200,11 +188,11 @@ void frmRankCardPrinting::LoadRankCard()
     Read([&] {
         const HourGlass hourGlass;
         const SessionContext& session = Session();
-        RankCardRows cards =
-            ComputeRankCards(RankCardRepository(*session.gcnnMain)
-                                 .LoadRankCards(Scope(), TickedCodes(ui_->LstStudents),
-                                                TickedCodes(ui_->Lstexamnames), Display()),
-                             MarkDecimals(session.gblnFractionMarks, session.gblnRoundedMarks));
+        RankCardRows cards = ComputeRankCards(
+            RankCardRepository(*session.gcnnMain)
+                .LoadRankCards(Scope(), ui_->LstStudents->TickedData(), ui_->Lstexamnames->TickedData(),
+                               ChosenDisplay(ui_->Optsubjectdisplayyes->isChecked())),
+            MarkDecimals(session.gblnFractionMarks, session.gblnRoundedMarks));
         empty = cards.lines == 0;
         ShowCards(std::move(cards));
         ui_->cmdExport->setEnabled(!empty);

@@ -11,8 +11,6 @@ class frmRankCardPrinting;
 
 namespace tally {
 
-class CheckList;
-
 /// "Rank Card": shows for chosen students of a division a card with the marks and the saved rank of each
 /// chosen exam, and exports the cards for printing.
 class frmRankCardPrinting : public Screen
@@ -52,7 +50,6 @@ private:
     void ShowCards(RankCardRows cards);
 
     RankCardScope Scope() const;
-    SubjectDisplay Display() const;
 
     std::unique_ptr<Ui::frmRankCardPrinting> ui_;
 };

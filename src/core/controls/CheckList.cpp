@@ -1,6 +1,5 @@
 #include "core/controls/CheckList.h"
 
-#include <QKeyEvent>
 #include <QSignalBlocker>
 
 namespace tally {
@@ -72,12 +71,12 @@ void CheckList::initViewItemOption(QStyleOptionViewItem* option) const
     option->palette.setBrush(QPalette::HighlightedText, palette().text());
 }
 
-void CheckList::keyPressEvent(QKeyEvent* event)
+void CheckList::focusInEvent(QFocusEvent* event)
 {
-    // Coming in by Tab, the first item is the one that the blank key is meant for.
-    if (event->key() == Qt::Key_Space && !currentItem() && count() > 0)
-        setCurrentRow(0);
-    QListWidget::keyPressEvent(event);
+    QListWidget::focusInEvent(event);
+    // Coming in by Tab makes an item current, and it shows at once which one the blank key is meant for.
+    if (currentItem())
+        currentItem()->setSelected(true);
 }
 
 } // namespace tally

@@ -29,7 +29,7 @@ Q_SIGNALS:
 
 protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
-    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
 };
 
 } // namespace tally
