@@ -31,6 +31,7 @@ public:
     bool ColumnHidden(int column) const;
     static bool RowHidden(int row) { return row == 1; }
 
+    static constexpr int FixedColumns = 1; ///< the name, which stays in sight beside the ranks
     static constexpr int FirstSubjectColumn = 5;
     static constexpr int FirstStudentRow = 2;
 

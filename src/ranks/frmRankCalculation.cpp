@@ -38,6 +38,7 @@ frmRankCalculation::frmRankCalculation()
     DressButtons(this);
     BuildSummaryPanel();
     ShowDivisionKey();
+    ui_->msgDisplayDetails->SetFixedCols(RankView::FixedColumns);
     ConnectHandlers();
     SetExitButton(ui_->cmdExit);
     Form_Load();
@@ -59,8 +60,9 @@ void frmRankCalculation::ConnectHandlers()
     connect(ui_->cboClass, &QComboBox::activated, this, &frmRankCalculation::cboClass_Click);
     connect(ui_->Lstdivision, &CheckList::Ticked, this, &frmRankCalculation::Lstdivision_ItemCheck);
     connect(ui_->chkSelectAll, &QCheckBox::toggled, this, &frmRankCalculation::chkSelectAll_Click);
+    // An arrow key gives the option the focus after switching it on, so what is missing takes it after that.
     connect(ui_->Optsubjectdisplayyes, &QRadioButton::toggled, this,
-            &frmRankCalculation::Optsubjectdisplayyes_Click);
+            &frmRankCalculation::Optsubjectdisplayyes_Click, Qt::QueuedConnection);
     connect(ui_->cmdUpdate, &QPushButton::clicked, this, &frmRankCalculation::cmdUpdate_Click);
     for (QRadioButton* order :
          {ui_->optRankOrder, ui_->optGradeOrder, ui_->optAdmissionNoOrder, ui_->optAlphabeticalOrder})
@@ -105,7 +107,7 @@ RankScope frmRankCalculation::Scope() const
 
 SubjectDisplay frmRankCalculation::Display() const
 {
-    return ui_->Optsubjectdisplayyes->isChecked() ? SubjectDisplay::All : SubjectDisplay::TakenForRankOnly;
+    return ChosenDisplay(ui_->Optsubjectdisplayyes->isChecked());
 }
 
 RankOrder frmRankCalculation::Order() const
@@ -115,14 +117,6 @@ RankOrder frmRankCalculation::Order() const
     if (ui_->optAdmissionNoOrder->isChecked())
         return RankOrder::AdmissionNo;
     return ui_->optAlphabeticalOrder->isChecked() ? RankOrder::Alphabetical : RankOrder::Rank;
-}
-
-std::vector<int> frmRankCalculation::TickedDivisions() const
-{
-    std::vector<int> codes;
-    for (const int index : ui_->Lstdivision->TickedIndexes())
-        codes.push_back(ui_->Lstdivision->ItemData(index));
-    return codes;
 }
 
 void frmRankCalculation::LoadExam()
@@ -258,8 +252,8 @@ bool frmRankCalculation::CheckSubjectMatch()
         return false;
     MatchResult result;
     Read([&] {
-        result = tally::CheckSubjectMatch(Repository().LoadSubjectSetup(Scope()), TickedDivisions(),
-                                          Display(), subjectBase_);
+        result = tally::CheckSubjectMatch(Repository().LoadSubjectSetup(Scope()),
+                                          ui_->Lstdivision->TickedData(), Display(), subjectBase_);
     });
     Untick(result.untick);
     return result.mismatch;
@@ -269,7 +263,8 @@ bool frmRankCalculation::CheckGradeMatch()
 {
     MatchResult result;
     Read([&] {
-        result = tally::CheckGradeMatch(Repository().LoadGradeBands(Scope()), TickedDivisions(), gradeBase_);
+        result = tally::CheckGradeMatch(Repository().LoadGradeBands(Scope()), ui_->Lstdivision->TickedData(),
+                                        gradeBase_);
     });
     Untick(result.untick);
     return result.mismatch;
@@ -289,7 +284,7 @@ void frmRankCalculation::cmdUpdate_Click()
         const HourGlass hourGlass;
         const SessionContext& session = Session();
         const RankList list = ComputeRankList(
-            Repository().LoadRankInput(Scope(), TickedDivisions()),
+            Repository().LoadRankInput(Scope(), ui_->Lstdivision->TickedData()),
             {session.gblnFractionMarks, session.gblnRoundedMarks, ui_->chkRankSkipping->isChecked()});
         ui_->Frame2->setEnabled(false);
         store::Transaction working(*session.gcnnTemp);

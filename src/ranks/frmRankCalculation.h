@@ -18,6 +18,7 @@ class frmRankCalculation;
 namespace tally {
 
 class FlexGrid;
+class RankView;
 
 /// "Rank List Preparation": chooses an exam, a class and divisions, computes their joint rank list, shows it
 /// in four orders with a summary by grade, and saves and exports it.
@@ -40,6 +41,7 @@ private:
     void Form_Load();
     void ConnectHandlers();
     void BuildSummaryPanel();
+    void PlaceSummaryPanel();
     void ShowDivisionKey();
 
     void LoadExam();
@@ -72,11 +74,10 @@ private:
     RankScope Scope() const;
     SubjectDisplay Display() const;
     RankOrder Order() const;
-    std::vector<int> TickedDivisions() const;
 
     /// The working table in the order picked.
-    class RankView ReadView() const;
-    void ShowView(const class RankView& view);
+    RankView ReadView() const;
+    void ShowView(const RankView& view);
     void LoadGradeSummary(const RankView& view);
     void ResetGrid();
     void DropTempTable();

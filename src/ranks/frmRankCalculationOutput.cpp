@@ -13,6 +13,7 @@
 
 #include <QFrame>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -31,16 +32,35 @@ CellMark MarkOf(CellFlag flag)
     return CellMark::None;
 }
 
+/// It lies over the list, so Tab goes round within it instead of to what is behind it.
+class SummaryPanel : public QFrame
+{
+public:
+    using QFrame::QFrame;
+
+protected:
+    bool focusNextPrevChild(bool next) override
+    {
+        for (auto* control : findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            if (!control->hasFocus()) {
+                control->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+                return true;
+            }
+        return false;
+    }
+};
+
 } // namespace
 
 void frmRankCalculation::BuildSummaryPanel()
 {
-    Frame5_ = new QFrame(this);
+    Frame5_ = new SummaryPanel(this);
     Frame5_->setObjectName(QStringLiteral("Frame5"));
     Frame5_->setFrameShape(QFrame::StyledPanel);
     Frame5_->setAutoFillBackground(true);
     msgGrade_ = new FlexGrid(Frame5_);
     msgGrade_->setObjectName(QStringLiteral("msgGrade"));
+    msgGrade_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     cmdClose_ = new QPushButton(QStringLiteral("Close"), Frame5_);
     cmdClose_->setObjectName(QStringLiteral("cmdClose"));
     cmdClose_->setIcon(LookIcon(QStringLiteral("close")));
@@ -64,7 +84,8 @@ RankView frmRankCalculation::ReadView() const
 {
     RankRepository school = Repository();
     TempRankRepository working = WorkingTable();
-    return ShowRankList(school, working, Scope(), TickedDivisions(), subjects_, Order(), Display());
+    return ShowRankList(school, working, Scope(), ui_->Lstdivision->TickedData(), subjects_, Order(),
+                        Display());
 }
 
 void frmRankCalculation::ShowView(const RankView& view)
@@ -78,6 +99,9 @@ void frmRankCalculation::ShowView(const RankView& view)
             cells.push_back({view.Text(row, col), sums ? CellMark::Sum : MarkOf(view.Flag(row, col))});
     }
     FlexGrid* grid = ui_->msgDisplayDetails;
+    const bool hadCurrentCell = grid->CurrentRow() > 0;
+    const int currentCol = grid->CurrentCol();
+    const int across = grid->horizontalScrollBar()->value();
     grid->SetContent(std::move(rows));
     for (int col = 0; col < view.Cols(); ++col) {
         grid->SetColHidden(col, view.ColumnHidden(col));
@@ -89,12 +113,17 @@ void frmRankCalculation::ShowView(const RankView& view)
         if (RankView::RowHidden(row))
             grid->SetRowHeight(row, 0);
     grid->FitColumns();
+    // A list in another order is read from its top, in the columns that the user was looking at.
+    grid->scrollToTop();
+    if (hadCurrentCell)
+        grid->SetCurrentCell(RankView::FirstStudentRow, currentCol);
+    grid->horizontalScrollBar()->setValue(across);
 }
 
 void frmRankCalculation::LoadGradeSummary(const RankView& view)
 {
     RankRepository repository = Repository();
-    const std::vector<int> divisionCodes = TickedDivisions();
+    const std::vector<int> divisionCodes = ui_->Lstdivision->TickedData();
     const auto sums = repository.LoadFullMarks(Scope(), divisionCodes);
     std::vector<DivisionFullMark> fullMarks;
     const auto ticked = ui_->Lstdivision->TickedIndexes();
@@ -121,6 +150,7 @@ void frmRankCalculation::LoadGradeSummary(const RankView& view)
 
 void frmRankCalculation::cmdTotalDetails_Click()
 {
+    PlaceSummaryPanel();
     Frame5_->show();
     Frame5_->raise();
     ui_->fraMain->setEnabled(false);
@@ -141,14 +171,21 @@ void frmRankCalculation::cmdClose_Click()
 void frmRankCalculation::resizeEvent(QResizeEvent* event)
 {
     Screen::resizeEvent(event);
-    const QSize size(std::min(460, width() - 4 * LookUnit), std::min(340, height() - 8 * LookUnit));
+    PlaceSummaryPanel();
+}
+
+void frmRankCalculation::PlaceSummaryPanel()
+{
+    // As high as its lines; more of them than the form has room for scroll.
+    const QSize size(std::min(460, width() - 4 * LookUnit),
+                     std::min(Frame5_->sizeHint().height(), height() - 4 * LookUnit));
     Frame5_->setGeometry(QRect(QPoint((width() - size.width()) / 2, (height() - size.height()) / 2), size));
 }
 
 void frmRankCalculation::cmdSave_Click()
 {
     const bool saved = Write(Conflict::Describe, [this](store::Transaction& transaction) {
-        RankRepository::ReplaceRankTotals(transaction, Scope(), TickedDivisions(),
+        RankRepository::ReplaceRankTotals(transaction, Scope(), ui_->Lstdivision->TickedData(),
                                           WorkingTable().LoadRankTotals());
     });
     if (!saved)

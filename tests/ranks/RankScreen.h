@@ -57,6 +57,13 @@ protected:
         QTest::keyClick(classes, Qt::Key_Down);
     }
 
+    /// What that option checks, it checks once the key or the mouse has done its work.
+    void DisplayAllSubjects()
+    {
+        Press(Option("Optsubjectdisplayyes"));
+        Settle();
+    }
+
     /// Toggles a division with the blank key.
     void Tick(int index)
     {
@@ -97,6 +104,19 @@ protected:
             if (!grid->TextMatrix(row, 1).isEmpty())
                 names.append(grid->TextMatrix(row, 0));
         return names;
+    }
+
+    /// Fifty students in twenty-five subjects, more than any window of the tests can show.
+    void GivenALongAndWideList()
+    {
+        constexpr int Subjects = 25;
+        school->AddDivision(1, "A");
+        school->AddUsualBands(1);
+        for (int subject = 1; subject <= Subjects; ++subject)
+            school->AddSubject(1, subject, ("Subj" + QByteArray::number(subject)).constData(), subject);
+        for (int student = 1; student <= 50; ++student)
+            school->AddMarkedStudent(QStringLiteral("Student %1").arg(student),
+                                     std::vector<double>(Subjects, 40 + student));
     }
 
     /// Asha 90 80 (170), Binu 80 90 (170), Cara 50 60 (110), Dev 20 fails 70, Esa absent.

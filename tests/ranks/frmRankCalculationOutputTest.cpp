@@ -1,26 +1,16 @@
+#include "ranks/GridEdge.h"
 #include "ranks/RankScreen.h"
+#include "reports/WorkbookReader.h"
 
 #include <QFileInfo>
-#include <QFrame>
 #include <QLabel>
-#include <QMap>
+#include <QScrollBar>
 
 namespace tally::test {
 namespace {
 
 class RankListOutput : public RankScreen
-{
-protected:
-    /// The summary's counts by the texts before them.
-    QMap<QString, QString> SummaryLines()
-    {
-        const auto* summary = Find<FlexGrid>(form, "msgGrade");
-        QMap<QString, QString> lines;
-        for (int row = 1; row < summary->Rows(); ++row)
-            lines[summary->TextMatrix(row, 0)] = summary->TextMatrix(row, 1) + summary->TextMatrix(row, 2);
-        return lines;
-    }
-};
+{};
 
 TEST_F(RankListOutput, ProceedingFreezesTheSelectionAndShowsTheListByRank)
 {
@@ -95,6 +85,93 @@ TEST_F(RankListOutput, TheFourOrdersShowTheSameListAnew)
     EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Average")), QStringLiteral("55.00"));
 }
 
+TEST_F(RankListOutput, AnotherOrderStartsAtItsTopInTheSameColumns)
+{
+    GivenALongAndWideList();
+    OpenAndProceed();
+    grid->SetCurrentCell(40, 9);
+    QScrollBar* across = grid->horizontalScrollBar();
+    across->setValue(across->maximum() - 5);
+    ASSERT_GT(across->value(), 0);
+    ASSERT_GT(grid->verticalScrollBar()->value(), 0);
+    const int place = across->value();
+    Press(Option("optAlphabeticalOrder"));
+    Settle();
+    EXPECT_EQ(grid->verticalScrollBar()->value(), 0);
+    EXPECT_EQ(across->value(), place);
+    EXPECT_EQ(grid->CurrentRow(), RankView::FirstStudentRow);
+    EXPECT_EQ(grid->CurrentCol(), 9);
+}
+
+TEST_F(RankListOutput, TheNamesStayInSightBesideTheRanks)
+{
+    GivenALongAndWideList();
+    OpenAndProceed();
+    const QImage names = LeftEdge(grid, grid->ColWidth(0));
+    grid->horizontalScrollBar()->setValue(grid->horizontalScrollBar()->maximum());
+    EXPECT_TRUE(LeftEdge(grid, grid->ColWidth(0)) == names);
+    EXPECT_LT(grid->CellRect(RankView::FirstStudentRow, grid->Cols() - 1).right(), grid->viewport()->width());
+}
+
+TEST_F(RankListOutput, ProceedingShowsTheRankOrderWhateverOrderWasPickedBefore)
+{
+    GivenFiveStudents();
+    OpenForm();
+    Press(Option("optAlphabeticalOrder"));
+    ChooseExamAndClass();
+    Press(selectAll);
+    Press(Button("cmdUpdate"));
+    EXPECT_TRUE(Option("optRankOrder")->isChecked());
+    EXPECT_EQ(ShownNames().last(), QStringLiteral("Dev"));
+}
+
+TEST_F(RankListOutput, ARelievedStudentStaysInTheList)
+{
+    GivenFiveStudents();
+    Given("UPDATE StudentMaster SET TCNo = '17' WHERE StudentName = 'Cara'");
+    OpenAndProceed();
+    EXPECT_EQ(Cell(QStringLiteral("Cara"), QStringLiteral("Rank")), QStringLiteral("2"));
+}
+
+TEST_F(RankListOutput, FractionMarksThatAreRoundedAreRankedByTheirRoundedTotals)
+{
+    school->AddUsualDivision(3);
+    school->AddMarkedStudent(QStringLiteral("Asha"), {85.4, 83, 83});
+    school->AddMarkedStudent(QStringLiteral("Binu"), {84.6, 83, 83});
+    Session().gblnFractionMarks = true;
+    const auto ranks = [&] {
+        OpenAndProceed();
+        const QStringList shown{Cell(QStringLiteral("Asha"), QStringLiteral("Rank")),
+                                Cell(QStringLiteral("Binu"), QStringLiteral("Rank"))};
+        Press(Button("cmdExit"));
+        Settle();
+        return shown;
+    };
+    EXPECT_EQ(ranks(), (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
+    Session().gblnRoundedMarks = true;
+    EXPECT_EQ(ranks(), (QStringList{QStringLiteral("1"), QStringLiteral("1")}));
+}
+
+TEST_F(RankListOutput, ProceedingAndViewingShowAnHourglassWhileTheyWork)
+{
+    GivenFiveStudents();
+    OpenForm();
+    ChooseExamAndClass();
+    Press(selectAll);
+    Qt::CursorShape working = Qt::ArrowCursor;
+    QObject::connect(grid->model(), &QAbstractItemModel::modelReset, form, [&] {
+        const QCursor* cursor = QGuiApplication::overrideCursor();
+        working = cursor != nullptr ? cursor->shape() : Qt::ArrowCursor;
+    });
+    for (const char* name : {"cmdUpdate", "cmdView"}) {
+        working = Qt::ArrowCursor;
+        Press(Button(name));
+        EXPECT_EQ(working, Qt::WaitCursor) << name;
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr) << name;
+    }
+    QObject::disconnect(grid->model(), nullptr, form, nullptr);
+}
+
 TEST_F(RankListOutput, TheAverageRowLeavesOutAbsencesAndZeros)
 {
     GivenFiveStudents();
@@ -118,7 +195,7 @@ TEST_F(RankListOutput, ASubjectNotTakenForRankIsHiddenOrShownPaintedAsChosen)
     Press(Button("cmdCancel"));
     ChooseExamAndClass();
     Press(selectAll);
-    Press(Option("Optsubjectdisplayyes"));
+    DisplayAllSubjects();
     Press(Button("cmdUpdate"));
     EXPECT_GT(grid->ColWidth(6), 0);
     EXPECT_EQ(grid->Mark(GridRowOf(QStringLiteral("Asha")), 6), CellMark::NotTakenForRank);
@@ -134,45 +211,6 @@ TEST_F(RankListOutput, ColoursHaveALegendAndShowInTheLettersToo)
     const QModelIndex failed = grid->model()->index(GridRowOf(QStringLiteral("Dev")) - 1, 5);
     EXPECT_TRUE(failed.data(Qt::FontRole).value<QFont>().bold());
     EXPECT_EQ(failed.data(Qt::BackgroundRole).value<QColor>(), QColor(255, 216, 176));
-}
-
-TEST_F(RankListOutput, TheSummaryCountsGradesAbsenteesAndFullMarksAndClosesAgain)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    auto* panel = Find<QFrame>(form, "Frame5");
-    EXPECT_FALSE(panel->isVisible());
-    Press(Button("cmdTotalDetails"));
-    EXPECT_TRUE(panel->isVisible());
-    EXPECT_FALSE(Find<QFrame>(form, "fraMain")->isEnabled());
-    EXPECT_FALSE(Find<QFrame>(form, "Frame4")->isEnabled());
-    EXPECT_FALSE(Button("cmdTotalDetails")->isEnabled());
-
-    const QMap<QString, QString> lines = SummaryLines();
-    EXPECT_EQ(lines.value(QStringLiteral("TOTAL STRENGTH")), QStringLiteral("5"));
-    EXPECT_EQ(lines.value(QStringLiteral("No. Of 'A' Grades")), QStringLiteral("2"));
-    EXPECT_EQ(lines.value(QStringLiteral("No. Of 'C' Grades")), QStringLiteral("2"));
-    EXPECT_EQ(lines.value(QStringLiteral("TOTAL")), QStringLiteral("4"));
-    EXPECT_EQ(lines.value(QStringLiteral("ABSENTEE")), QStringLiteral("1"));
-    EXPECT_EQ(lines.value(QStringLiteral("Full Mark For X  A")), QStringLiteral("200"));
-    EXPECT_EQ(Find<FlexGrid>(form, "msgGrade")->ColWidth(3), 0);
-
-    Press(Button("cmdClose"));
-    EXPECT_FALSE(panel->isVisible());
-    EXPECT_TRUE(Find<QFrame>(form, "fraMain")->isEnabled());
-    EXPECT_TRUE(Button("cmdTotalDetails")->isEnabled());
-}
-
-TEST_F(RankListOutput, TheGradeOrderThatLeavesTheAbsentOutKeepsTheSummary)
-{
-    GivenFiveStudents();
-    OpenAndProceed();
-    Press(Option("optGradeOrder"));
-    ASSERT_FALSE(ShownNames().contains(QStringLiteral("Esa")));
-    Press(Button("cmdTotalDetails"));
-    const QMap<QString, QString> lines = SummaryLines();
-    EXPECT_EQ(lines.value(QStringLiteral("ABSENTEE")), QStringLiteral("1"));
-    EXPECT_EQ(lines.value(QStringLiteral("TOTAL STRENGTH")), QStringLiteral("5"));
 }
 
 TEST_F(RankListOutput, SavingWritesOneRowAStudentOnceHoweverOftenItIsDone)
@@ -270,6 +308,37 @@ TEST_F(RankListOutput, ExportHandsTheWorkbookToTheSpreadsheetProgram)
     Press(Button("cmdExport"));
     EXPECT_TRUE(QFileInfo::exists(opened)) << opened.toStdString();
     EXPECT_TRUE(opened.contains(QStringLiteral("Rank List")));
+}
+
+TEST_F(RankListOutput, TheWorkbookIsHeadedByExamClassAndTheTickedDivisions)
+{
+    Given("UPDATE ExamMaster SET ExamName = ' Term One '");
+    GivenFiveStudents();
+    school->AddDivision(2, "B");
+    school->AddDivision(3, "C");
+    for (int subject = 1; subject <= 2; ++subject)
+        for (const int division : {2, 3})
+            school->AddSubject(division, subject, "Same", subject);
+    for (const int division : {2, 3}) {
+        school->AddUsualBands(division);
+        const int student = school->AddStudent(division, QStringLiteral("Farid"));
+        school->EnterMark(student, 1, 60);
+        school->EnterMark(student, 2, 60);
+    }
+    OpenForm();
+    ChooseExamAndClass();
+    Tick(0);
+    Tick(2);
+    Press(Button("cmdUpdate"));
+    SetExportFolder(Folder() + QStringLiteral("/exports"));
+    QString opened;
+    UseSpreadsheetProgram({true, [&](const QString& path) {
+                               opened = path;
+                               return true;
+                           }});
+    Press(Button("cmdExport"));
+    const WorkbookReader sheet(opened);
+    EXPECT_EQ(sheet.At("A6").value, QStringLiteral("Exam Name :Term One  Class :X Division :  A,  C"));
 }
 
 TEST_F(RankListOutput, ExportWithoutASpreadsheetProgramSaysSoAndThePointerIsNormal)

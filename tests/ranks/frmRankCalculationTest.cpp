@@ -62,6 +62,69 @@ TEST_F(RankListSelection, EnterOnABlankExamStaysAndOnAChosenOneMovesOn)
     EXPECT_TRUE(classes->hasFocus());
 }
 
+TEST_F(RankListSelection, TheArrowKeyToAllSubjectsLeavesTheKeyboardWithWhatIsMissing)
+{
+    GivenDivision(1, "A");
+    OpenForm();
+    const auto expectToBeLedTo = [&](QWidget* missing, const char* text) {
+        prompts.ExpectInformation(QString::fromLatin1(text));
+        Press(Option("Optsubjectdisplayno"));
+        QTest::keyClick(Option("Optsubjectdisplayno"), Qt::Key_Down);
+        Settle();
+        prompts.Verify();
+        EXPECT_TRUE(Option("Optsubjectdisplayyes")->isChecked());
+        EXPECT_TRUE(missing->hasFocus()) << text;
+    };
+    expectToBeLedTo(exam, "Select Exam Name");
+    QTest::keyClick(exam, Qt::Key_Down);
+    expectToBeLedTo(classes, "Select Class");
+    QTest::keyClick(classes, Qt::Key_Down);
+    expectToBeLedTo(divisions, "Select Division(s)");
+}
+
+TEST_F(RankListSelection, EnterOnABlankClassStaysAndOnAChosenOneMovesOn)
+{
+    OpenForm();
+    QTest::keyClick(exam, Qt::Key_Down);
+    QTest::keyClick(exam, Qt::Key_Return);
+    QTest::keyClick(classes, Qt::Key_Return);
+    EXPECT_TRUE(classes->hasFocus());
+    QTest::keyClick(classes, Qt::Key_Down);
+    QTest::keyClick(classes, Qt::Key_Return);
+    EXPECT_EQ(form->focusWidget()->objectName(), QStringLiteral("chkRankSkipping"));
+}
+
+TEST_F(RankListSelection, HelpIsAskedForAtTheScreensNumber)
+{
+    OpenForm();
+    PressKey(form, Qt::Key_F1);
+    EXPECT_EQ(Session().glngScreenNo, 21);
+}
+
+TEST_F(RankListSelection, ChoosingAnExamTakesTheClassAndItsDivisionsBack)
+{
+    GivenDivision(1, "A");
+    Given("INSERT INTO ExamMaster VALUES (2, 'Term Two', 2, 0)");
+    OpenForm();
+    ChooseExamAndClass();
+    ASSERT_EQ(divisions->count(), 1);
+    QTest::keyClick(exam, Qt::Key_Down);
+    ASSERT_EQ(exam->currentText(), QStringLiteral("Term Two"));
+    EXPECT_EQ(classes->currentText(), QStringLiteral(" "));
+    EXPECT_TRUE(classes->isEnabled());
+    EXPECT_EQ(divisions->count(), 0);
+}
+
+TEST_F(RankListSelection, ARelievedStudentCountsForCompleteMarks)
+{
+    GivenDivision(1, "A");
+    school->AddStudent(1, QStringLiteral("Relieved"));
+    Given("UPDATE StudentMaster SET TCNo = '17' WHERE StudentName = 'Relieved'");
+    OpenForm();
+    ChooseExamAndClass();
+    EXPECT_EQ(divisions->item(0)->text(), QStringLiteral("$ A"));
+}
+
 TEST_F(RankListSelection, ProceedingAsksForExamThenClassThenDivisions)
 {
     GivenDivision(1, "A");
@@ -122,7 +185,7 @@ TEST_F(RankListSelection, TheMarksOfTheDivisionsStayWhenTheSubjectsToDisplayChan
     ChooseExamAndClass();
     EXPECT_EQ(divisions->item(0)->text(), QStringLiteral("  A"));
     Tick(0);
-    Press(Option("Optsubjectdisplayyes"));
+    DisplayAllSubjects();
     EXPECT_EQ(divisions->item(0)->text(), QStringLiteral("  A"));
 
     QTest::keyClick(classes, Qt::Key_Up);
@@ -134,7 +197,7 @@ TEST_F(RankListSelection, DisplayingAllSubjectsBeforeAnExamIsChosenAsksForIt)
 {
     OpenForm();
     prompts.ExpectInformation(QStringLiteral("Select Exam Name"));
-    Press(Option("Optsubjectdisplayyes"));
+    DisplayAllSubjects();
 }
 
 TEST_F(RankListSelection, ADivisionWithOtherMaximumMarksIsUntickedWithOneMessage)
@@ -179,7 +242,7 @@ TEST_F(RankListSelection, DisplayingAllSubjectsUnticksADivisionThatDiffersInASub
     prompts.ExpectInformation(
         QStringLiteral("Selected Divisions' 'Subject(s) Taken For Rank' Does Not Match With "
                        "The Non Selected Division(s)"));
-    Press(Option("Optsubjectdisplayyes"));
+    DisplayAllSubjects();
     EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
 }
 
@@ -217,6 +280,67 @@ TEST_F(RankListSelection, SelectAllUnticksTheDivisionsThatDifferWithOneMessageAn
     Press(selectAll);
     EXPECT_EQ(divisions->TickedIndexes(), (QList<int>{0, 2}));
     EXPECT_FALSE(selectAll->isChecked());
+}
+
+TEST_F(RankListSelection, SelectAllPassesOverADivisionThatIsNotReadyHoweverItWasReached)
+{
+    GivenDivision(1, "A");
+    school->AddDivision(2, "B");
+    OpenForm();
+    ChooseExamAndClass();
+    ASSERT_FALSE(selectAll->isEnabled());
+    selectAll->setEnabled(true);
+    Press(selectAll);
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
+}
+
+TEST_F(RankListSelection, SelectAllUntickedStartsTheComparisonOfGradesAnew)
+{
+    GivenDivision(1, "A");
+    GivenDivision(2, "B");
+    school->AddBand(2, 60, 40, "B", 3);
+    OpenForm();
+    ChooseExamAndClass();
+    Press(selectAll);
+    ASSERT_EQ(divisions->TickedIndexes(), (QList<int>{0, 1})) << "B has all the grades of A";
+    Press(selectAll);
+    Tick(1);
+    prompts.ExpectInformation(
+        QStringLiteral("Selected Division's 'Classwise Rank-Grade Setup' Does Not Match With "
+                       "Already Selected Division(s)"));
+    Tick(0);
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{1}) << "A lacks a grade of B";
+}
+
+TEST_F(RankListSelection, SelectAllUntickedStartsTheComparisonOfSubjectsAnew)
+{
+    GivenDivision(1, "A");
+    GivenDivision(2, "B");
+    school->AddSubject(2, 2, "Mor", 2, "No");
+    OpenForm();
+    ChooseExamAndClass();
+    Press(selectAll);
+    Press(selectAll);
+    prompts.ExpectInformation(QStringLiteral("Select Division(s)"));
+    DisplayAllSubjects();
+    Tick(1);
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{1});
+}
+
+TEST_F(RankListSelection, SelectAllThatClearedItselfStartsTheComparisonAnew)
+{
+    GivenDivision(1, "A");
+    GivenDivision(2, "B", 50);
+    OpenForm();
+    ChooseExamAndClass();
+    prompts.ExpectInformation(
+        QStringLiteral("Selected Divisions' 'Subject(s) Taken For Rank' Does Not Match With "
+                       "The Non Selected Division(s)"));
+    Press(selectAll);
+    Tick(0);
+    ASSERT_TRUE(divisions->TickedIndexes().isEmpty());
+    Tick(1);
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{1});
 }
 
 TEST_F(RankListSelection, SelectAllWithDifferingGradeTablesSaysSo)
@@ -283,6 +407,23 @@ TEST_F(RankListSelection, CancelEmptiesEverythingAndDropsTheWorkingTable)
     EXPECT_EQ(Session().gcnnTemp->Number(
                   QStringLiteral("SELECT count(*) FROM sqlite_master WHERE name = 'TempRankCalculation'")),
               0);
+}
+
+TEST_F(RankListSelection, CancelTakesTheOptionsBackAndStartsTheComparisonAnew)
+{
+    GivenDivision(1, "A");
+    GivenDivision(2, "B", 50, "S");
+    OpenForm();
+    ChooseExamAndClass();
+    Tick(0);
+    DisplayAllSubjects();
+    Press(Option("optGradeOrder"));
+    Press(Button("cmdCancel"));
+    EXPECT_TRUE(Option("Optsubjectdisplayno")->isChecked());
+    EXPECT_TRUE(Option("optRankOrder")->isChecked());
+    ChooseExamAndClass();
+    Tick(1);
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{1});
 }
 
 TEST_F(RankListSelection, ExitAsksWithItsOwnNameAndDropsTheWorkingTable)
