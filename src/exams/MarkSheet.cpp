@@ -47,12 +47,8 @@ void MarkSheet::ListStudentsAgain(const CodedTexts& students)
     MarkSheet before = *this;
     ListStudents(students);
     for (MarkRow& row : rows_) {
-        const MarkRow* shown = before.Find(row.code);
-        if (!shown)
-            continue;
-        row.mark = shown->mark;
-        row.presence = shown->presence;
-        row.teacherCode = shown->teacherCode;
+        if (const MarkRow* shown = before.Find(row.code))
+            row.teacherCode = shown->teacherCode;
     }
 }
 

@@ -62,7 +62,7 @@ public:
     void UseMode(MarkMode mode) { mode_ = mode; }
     /// A row per student, everybody present.
     void ListStudents(const CodedTexts& students);
-    /// The same for a list that was shown before: whoever was in it keeps mark, presence and teacher.
+    /// The same for a list that was shown before: whoever was in it keeps the teacher.
     void ListStudentsAgain(const CodedTexts& students);
     /// A row per subject, nothing entered.
     void ListSubjects(const std::vector<MarkSubject>& subjects);

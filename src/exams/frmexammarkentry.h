@@ -96,7 +96,8 @@ private:
     void ListStudents();
     /// The rows of the chosen subject anew, without the relieved students; all as it was on false.
     bool ListStudentsForEdit();
-    /// Shows what is stored for the choice; a `subject` in subject mode only.
+    /// Shows what is stored for the choice. `subject` brings its limits and its teacher; none in student
+    /// mode, and for a subject that the class has given up, where those shown before stay.
     void TakeStored(const std::optional<MarkSubject>& subject, const std::vector<StoredMark>& stored);
     void ResetGrid();
     void ShowRow(int row);

@@ -232,10 +232,7 @@ bool frmexammarkentry::ListStudentsForEdit()
         const auto subject = Marks().FindSubject(Scope(), chosen);
         const auto stored = Marks().StoredMarks(Scope(), sheet_.Mode(), chosen);
         sheet_.ListStudentsAgain(students);
-        if (subject)
-            TakeStored(subject, stored);
-        else
-            ShowRows();
+        TakeStored(subject, stored);
         if (students.empty())
             Prompts::Information(NoStudents);
     });

@@ -316,6 +316,18 @@ TEST_F(MarkFaults, AnEditOfASubjectNoLongerTakenKeepsTheMarksThatWereShown)
     EXPECT_EQ(Stored(), "1 1 45 P 7 5; 2 1 0 A 7 5");
 }
 
+TEST_F(MarkFaults, AnEditOfASubjectNoLongerTakenNeverBeginsWithTheMarksOfTheSubjectShownBefore)
+{
+    school->EnterMark(1, 1, 45);
+    school->EnterMark(1, 2, 99);
+    ShowStoredSubject(QStringLiteral("English"));
+    Other("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 2");
+    Choose(subjects, QStringLiteral("Maths"));
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|45|Present");
+    Press(Button("cmdEdit"));
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|99|Present");
+}
+
 TEST_F(MarkFaults, ALostTableIsToldWhileChoosingAndTheScreenGoesOn)
 {
     OpenForm();

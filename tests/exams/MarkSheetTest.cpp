@@ -254,21 +254,22 @@ TEST(MarkSheet, StudentAndSubjectChangePlacesWithTheMode)
     EXPECT_TRUE(second.present);
 }
 
-TEST(MarkSheet, AListShownAgainKeepsWhatWasShownOfThoseWhoAreStillInIt)
+TEST(MarkSheet, AListShownAgainStartsWithoutMarksAndKeepsTheTeacherOfThoseWhoAreStillInIt)
 {
     MarkSheet sheet = SubjectSheet();
     Declare(sheet, 1, "0", "Absent");
-    Declare(sheet, 2, "20", "Present");
     Declare(sheet, 3, "30", "Present");
     sheet.ListStudentsAgain(
         {{4, QStringLiteral("New")}, {1, QStringLiteral("Student 1")}, {3, QStringLiteral("Student 3")}});
     ASSERT_EQ(sheet.RowCount(), 3);
-    EXPECT_EQ(sheet.Row(1).mark.toStdString(), "");
-    EXPECT_EQ(sheet.Row(1).presence.toStdString(), "Present");
-    EXPECT_TRUE(sheet.Row(2).IsAbsent());
+    for (int row = 1; row <= 3; ++row) {
+        EXPECT_EQ(sheet.Row(row).mark.toStdString(), "");
+        EXPECT_EQ(sheet.Row(row).presence.toStdString(), "Present");
+    }
+    EXPECT_EQ(sheet.Row(1).teacherCode, 0);
     EXPECT_EQ(sheet.Row(2).teacherCode, 7);
-    EXPECT_EQ(sheet.Row(3).mark.toStdString(), "30");
     EXPECT_EQ(sheet.Row(3).code, 3);
+    EXPECT_EQ(sheet.Row(3).teacherCode, 7);
 }
 
 } // namespace
