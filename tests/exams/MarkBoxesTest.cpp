@@ -7,13 +7,12 @@ constexpr int MarkCol = 2;
 constexpr int PresenceCol = 3;
 
 /// English is entered and a box stands over the last student, in either column.
-class OpenBoxes : public MarkScreen, public testing::WithParamInterface<int>
+class OpenBoxes : public MarkScreenOfThree, public testing::WithParamInterface<int>
 {
 protected:
     void SetUp() override
     {
-        MarkScreen::SetUp();
-        GivenThreeStudents();
+        MarkScreenOfThree::SetUp();
         Given("INSERT INTO ExamMaster VALUES (2, 'Term Two', 2, 1)");
         Given("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 1, 2, 0)");
         Given("INSERT INTO ClassDivisionDetails VALUES (1, 'B', 2)");

@@ -2,26 +2,12 @@
 
 #include <QAbstractItemView>
 
-#include <array>
-
 namespace tally::test {
 namespace {
 
-const QString AboveFifty = QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : 50");
-const QString OfAbsent = QStringLiteral("Mark Entry Is Not Allowed When A Student Is Absent");
-
-class MarkKeys : public MarkScreen
-{
-protected:
-    void SetUp() override
-    {
-        MarkScreen::SetUp();
-        GivenThreeStudents();
-    }
-
-    std::string Cell(int row) const { return grid->TextMatrix(row, 2).toStdString(); }
-    std::string Box() const { return mark->text().toStdString(); }
-};
+/// Where keys and clicks lead, from New to Save.
+class MarkKeys : public MarkScreenOfThree
+{};
 
 TEST_F(MarkKeys, ASubjectIsEnteredFromNewToSaveWithTheKeyboardAlone)
 {
@@ -123,7 +109,7 @@ TEST_F(MarkKeys, NoStatementRunsForAZeroAnAbsenceOrARefusal)
     Enter("a");
     Enter("0");
     Enter("");
-    prompts.ExpectInformation(AboveFifty);
+    prompts.ExpectInformation(AboveFiftyText);
     Enter("99");
     EXPECT_EQ(Focus(), "cboPresentAbsent");
     Enter("");
@@ -150,7 +136,6 @@ TEST_F(MarkKeys, NoStatementRunsWhileAStudentsMarksAreTyped)
 
 TEST_F(MarkKeys, ChoosingTheSameAgainKeepsWhatWasTyped)
 {
-    GivenThreeStudents();
     StartSubject(QStringLiteral("English"));
     Enter("45");
     for (QComboBox* list : {static_cast<QComboBox*>(exam), classes, divisions}) {
@@ -163,8 +148,7 @@ TEST_F(MarkKeys, ChoosingTheSameAgainKeepsWhatWasTyped)
 
 TEST_F(MarkKeys, TabLeadsFromTheSubjectToTheFirstMarkToo)
 {
-    OpenForm();
-    Press(Button("cmdNew"));
+    OpenNew();
     ChooseClassDivision();
     Choose(subjects, QStringLiteral("English"));
     PressKey(form, Qt::Key_Tab);
@@ -186,187 +170,6 @@ TEST_F(MarkKeys, TheAverageFollowsEveryKey)
     EXPECT_EQ(Average(), "22.5") << "the absent one is left out";
 }
 
-TEST_F(MarkKeys, AMarkAboveTheAllowedOneIsRefusedAtTheKeyThatMakesItSo)
-{
-    StartSubject(QStringLiteral("English"));
-    Enter("50");
-    QTest::keyClick(mark, Qt::Key_7);
-    prompts.ExpectInformation(AboveFifty);
-    QTest::keyClick(mark, Qt::Key_5);
-    EXPECT_EQ(Box(), "");
-    EXPECT_EQ(Cell(2), "0");
-    EXPECT_EQ(mark->Row(), 2);
-    EXPECT_TRUE(mark->hasFocus());
-}
-
-TEST_F(MarkKeys, AStudentsMarksAreHeldToTheLimitOfEachSubject)
-{
-    StartStudent(QStringLiteral("Asha(A1)"));
-    Enter("100");
-    prompts.ExpectInformation(AboveFifty);
-    QTest::keyClicks(mark, QStringLiteral("51"));
-    EXPECT_EQ(Box(), "");
-    EXPECT_EQ(Focus(), "txtmarkobtained");
-}
-
-TEST_F(MarkKeys, AThousandIsRefusedByTheAllowedMarkFirst)
-{
-    StartSubject(QStringLiteral("Maths"));
-    prompts.ExpectInformation(QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : 100"));
-    QTest::keyClicks(mark, QStringLiteral("1000"));
-    EXPECT_EQ(Box(), "");
-}
-
-TEST_F(MarkKeys, NoMarkExceeds999AndNinetyNineHundredthsWhereTheSubjectAllowsMore)
-{
-    Given("UPDATE ClassSubjectTeacher SET MaximumAllowed = 5000");
-    StartSubject(QStringLiteral("Maths"));
-    QTest::keyClicks(mark, QStringLiteral("999.99"));
-    EXPECT_EQ(Cell(1), "999.99");
-    QTest::keyClick(mark, Qt::Key_Return);
-    prompts.ExpectInformation(QStringLiteral("Mark Obtained Should Not Exceed 999.99"));
-    QTest::keyClicks(mark, QStringLiteral("1000"));
-    EXPECT_EQ(Box(), "");
-    EXPECT_EQ(Cell(2), "0");
-}
-
-TEST_F(MarkKeys, LettersAndSignsNeverGetIntoAMark)
-{
-    StartSubject(QStringLiteral("English"));
-    QTest::keyClicks(mark, QStringLiteral("abc"));
-    EXPECT_EQ(Box(), "");
-    EXPECT_EQ(Cell(1), "");
-    QTest::keyClicks(mark, QStringLiteral("-5"));
-    EXPECT_EQ(Box(), "5");
-    EXPECT_EQ(Cell(1), "5");
-}
-
-TEST_F(MarkKeys, AThirdDecimalIsCutOff)
-{
-    StartSubject(QStringLiteral("English"));
-    QTest::keyClicks(mark, QStringLiteral("12.345"));
-    EXPECT_EQ(Box(), "12.34");
-    EXPECT_EQ(Cell(1), "12.34");
-}
-
-struct Pasted
-{
-    const char* text;
-    const char* box;
-    const char* cell;
-};
-
-class PastedMarks : public MarkKeys, public testing::WithParamInterface<Pasted>
-{};
-
-TEST_P(PastedMarks, ObeyTheSameFiltersAsKeys)
-{
-    StartSubject(QStringLiteral("English"));
-    Paste(QString::fromLatin1(GetParam().text));
-    EXPECT_EQ(Box(), GetParam().box);
-    EXPECT_EQ(Cell(1), GetParam().cell);
-}
-
-INSTANTIATE_TEST_SUITE_P(MarkKeys, PastedMarks,
-                         testing::Values(Pasted{"12.345", "12.34", "12.34"},
-                                         Pasted{"1.23456", "1.23", "1.23"}, Pasted{"-5", "5", "5"},
-                                         Pasted{"abc", "", "0"}, Pasted{" 45 ", "45", "45"}));
-
-TEST_F(MarkKeys, APastedMarkAboveTheLimitIsToldOnce)
-{
-    StartSubject(QStringLiteral("English"));
-    prompts.ExpectInformation(AboveFifty);
-    Paste(QStringLiteral("x1000"));
-    EXPECT_EQ(Box(), "");
-}
-
-TEST_F(MarkKeys, APastedMarkWithItsLineEndIsRefusedOnce)
-{
-    StartSubject(QStringLiteral("English"));
-    prompts.ExpectInformation(AboveFifty);
-    Paste(QStringLiteral("100\r"));
-    EXPECT_EQ(Box(), "");
-    prompts.Verify();
-    Paste(QStringLiteral("50\r"));
-    EXPECT_EQ(Box(), "50");
-    EXPECT_EQ(Cell(1), "50");
-}
-
-TEST_F(MarkKeys, EnterOnAnEmptyBoxIsAZeroThatHasToBeDeclared)
-{
-    StartSubject(QStringLiteral("English"));
-    Enter("");
-    EXPECT_EQ(Focus(), "cboPresentAbsent");
-    EXPECT_EQ(presence->currentText().toStdString(), "Present");
-    EXPECT_EQ(Cell(1), "0");
-    Enter("");
-    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
-    EXPECT_EQ(mark->Row(), 2);
-}
-
-TEST_F(MarkKeys, AMarkForAnAbsentStudentIsRefusedWhileTyping)
-{
-    StartSubject(QStringLiteral("English"));
-    Enter("0");
-    Enter("a");
-    Click(1, 2);
-    prompts.ExpectInformation(OfAbsent);
-    QTest::keyClick(mark, Qt::Key_4);
-    EXPECT_EQ(Box(), "");
-    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Absent");
-}
-
-TEST_F(MarkKeys, AnAbsenceChosenForAStudentWithAMarkLeadsBackToTheMark)
-{
-    StartSubject(QStringLiteral("English"));
-    Enter("45");
-    Click(1, 3);
-    EXPECT_EQ(Focus(), "cboPresentAbsent");
-    prompts.ExpectInformation(OfAbsent);
-    Enter("a");
-    EXPECT_EQ(Focus(), "txtmarkobtained");
-    EXPECT_EQ(mark->Row(), 1);
-    EXPECT_EQ(RowText(1), "1|Asha(A1)|45|Absent");
-}
-
-TEST_F(MarkKeys, AWordThatIsNoPresenceIsRefused)
-{
-    StartSubject(QStringLiteral("English"));
-    Enter("0");
-    prompts.ExpectInformation(QStringLiteral("Select Present/Absent "));
-    Enter("late");
-    EXPECT_EQ(Focus(), "cboPresentAbsent");
-    EXPECT_EQ(presence->currentText().toStdString(), "late") << "the word stays to be mended";
-    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
-}
-
-TEST_F(MarkKeys, APresenceTakesLettersOnlyAndAnEmptyOneLeadsNowhere)
-{
-    StartSubject(QStringLiteral("English"));
-    Enter("0");
-    QTest::keyClicks(presence, QStringLiteral("5-"));
-    EXPECT_EQ(presence->currentText().toStdString(), "Present");
-    QTest::keyClick(presence, Qt::Key_Delete);
-    EXPECT_EQ(presence->currentText().toStdString(), "");
-    QTest::keyClick(presence, Qt::Key_Return);
-    EXPECT_EQ(Focus(), "cboPresentAbsent");
-    prompts.ExpectInformation(QStringLiteral("Select Present/Absent"));
-    QTest::mouseClick(presence->lineEdit(), Qt::LeftButton);
-    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
-}
-
-TEST_F(MarkKeys, TheArrowChoosesThePresenceAndTheCellHasItAtOnce)
-{
-    StartSubject(QStringLiteral("English"));
-    Enter("0");
-    QTest::keyClick(presence, Qt::Key_Down);
-    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Absent");
-    EXPECT_EQ(grid->Mark(1, 3), CellMark::FailedOrAbsent);
-    QTest::keyClick(presence, Qt::Key_Up);
-    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
-    EXPECT_EQ(grid->Mark(1, 3), CellMark::None);
-}
-
 TEST_F(MarkKeys, AClickOpensTheBoxOfItsColumnAndNoneOnTheBlankRow)
 {
     StartSubject(QStringLiteral("English"));
@@ -385,8 +188,7 @@ TEST_F(MarkKeys, AClickOpensTheBoxOfItsColumnAndNoneOnTheBlankRow)
 
 TEST_F(MarkKeys, AClickBeforeASubjectIsChosenAsksForIt)
 {
-    OpenForm();
-    Press(Button("cmdNew"));
+    OpenNew();
     ChooseClassDivision();
     prompts.ExpectInformation(QStringLiteral("Select Subject Name"));
     Click(1, 2);
@@ -436,12 +238,58 @@ TEST_F(MarkKeys, LettersLeadToTheFieldsAndButtons)
     EXPECT_FALSE(IsEnabled("cmdSave"));
 }
 
-TEST_F(MarkKeys, TheSecondBoxOfThePresenceNeverOpensAndWritesCapitals)
+TEST_F(MarkKeys, EachLetterLeadsToOneControlAndEnterAloneToModeAndSubject)
+{
+    OpenForm();
+    const QStringList without = ExpectOneControlALetter(form);
+    EXPECT_EQ(without.join(QLatin1Char('|')).toStdString(),
+              "Subject Name :|Maximum Allowed Mark :|Subjectwise|Studentwise");
+}
+
+/// Sees whether a box is ever shown, however shortly.
+class ShowWatch : public QObject
+{
+public:
+    explicit ShowWatch(QWidget* box) { box->installEventFilter(this); }
+    bool Shown() const { return shown_; }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        shown_ = shown_ || event->type() == QEvent::Show;
+        return false;
+    }
+
+private:
+    bool shown_ = false;
+};
+
+TEST_F(MarkKeys, TheSecondBoxOfThePresenceNeverOpensInAWholeEntry)
+{
+    OpenForm();
+    const ShowWatch second(Find<FloatingEditor>(form, "txtpresentorabsent"));
+    Press(Button("cmdNew"));
+    ChooseClassDivision();
+    Choose(subjects, QStringLiteral("English"));
+    PressKey(form, Qt::Key_Return);
+    Enter("45");
+    Enter("0");
+    Enter("a");
+    Enter("0");
+    Enter("");
+    ASSERT_EQ(Focus(), "cmdSave");
+    Click(1, 3);
+    Click(1, 2);
+    prompts.ExpectInformation(QStringLiteral("Record Saved"));
+    prompts.ExpectQuestion(SameAgain, false);
+    Press(Button("cmdSave"));
+    EXPECT_FALSE(second.Shown());
+}
+
+TEST_F(MarkKeys, TheSecondBoxOfThePresenceWritesCapitals)
 {
     StartSubject(QStringLiteral("English"));
     auto* second = Find<FloatingEditor>(form, "txtpresentorabsent");
-    Click(1, 3);
-    EXPECT_FALSE(second->isVisible());
     second->OpenAt(1, 3);
     QTest::keyClicks(second, QStringLiteral("a"));
     EXPECT_EQ(second->text().toStdString(), "A");

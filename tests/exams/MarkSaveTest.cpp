@@ -5,22 +5,15 @@ namespace {
 
 const QString DeleteQuestion = QStringLiteral("Do You Want To Delete This 'Classwise Mark Entry' ?");
 
-class MarkSave : public MarkScreen
+class MarkSave : public MarkScreenOfThree
 {
 protected:
-    void SetUp() override
-    {
-        MarkScreen::SetUp();
-        GivenThreeStudents();
-    }
-
     /// Asha has marks in both subjects, and the clerk says Yes to looking at them.
     void ShowStoredMarksOfAsha()
     {
         GivenEnglishMarks();
         school->EnterMark(1, 2, 99);
-        OpenForm();
-        Press(Button("cmdNew"));
+        OpenNew();
         ChooseClassDivision();
         Press(byStudent);
         Choose(students, QStringLiteral("Asha(A1)"));
@@ -65,8 +58,7 @@ protected:
 
 TEST_F(MarkSave, WhatIsMissingIsToldInItsOrderAndTheFieldGetsTheFocus)
 {
-    OpenForm();
-    Press(Button("cmdNew"));
+    OpenNew();
     ExpectRefusal("Select Exam Name", "dbcExam");
     Choose(exam, QStringLiteral("Term One"));
     ExpectRefusal("Select Class", "cboClass");
@@ -129,7 +121,7 @@ TEST_F(MarkSave, OnYesTheNextSubjectOfTheSameClassIsChosen)
     EnterThree("90", "80", "70");
     SaveAndStop();
     EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster"), 6);
-    EXPECT_EQ(EnabledControls(), "Frame1 dbcSubject cmdNew cmdCancel cmdExit");
+    EXPECT_EQ(EnabledControls(), Browse);
     EXPECT_TRUE(exam->IsBlank());
     EXPECT_EQ(grid->Rows(), 2);
 }
@@ -146,7 +138,7 @@ TEST_F(MarkSave, AnEditReplacesTheWholeSubject)
     prompts.ExpectInformation(QStringLiteral("Record Updated"));
     PressKey(form, Qt::Key_Return);
     EXPECT_EQ(Stored(), "1 1 45 P 7 5; 1 2 99 P 0 0; 2 1 0 A 7 5; 3 1 31 P 7 5");
-    EXPECT_EQ(EnabledControls(), "Frame1 dbcSubject cmdNew cmdCancel cmdExit");
+    EXPECT_EQ(EnabledControls(), Browse);
 }
 
 TEST_F(MarkSave, AnEditReplacesTheWholeStudent)
@@ -187,7 +179,7 @@ TEST_F(MarkSave, ADeleteTakesTheSubjectOnYesOnly)
     prompts.ExpectInformation(QStringLiteral("Record Deleted"));
     Press(Button("cmdDelete"));
     EXPECT_EQ(Stored(), "1 2 99 P 0 0");
-    EXPECT_EQ(EnabledControls(), "Frame1 dbcSubject cmdNew cmdCancel cmdExit");
+    EXPECT_EQ(EnabledControls(), Browse);
 }
 
 TEST_F(MarkSave, ADeleteTakesTheStudentInStudentMode)
@@ -204,7 +196,7 @@ TEST_F(MarkSave, CancelForgetsWhatWasTyped)
     StartSubject(QStringLiteral("English"));
     Enter("45");
     Press(Button("cmdCancel"));
-    EXPECT_EQ(EnabledControls(), "Frame1 dbcSubject cmdNew cmdCancel cmdExit");
+    EXPECT_EQ(EnabledControls(), Browse);
     EXPECT_EQ(Rows(), "|||");
     EXPECT_FALSE(mark->isVisible());
     EXPECT_TRUE(exam->IsBlank());

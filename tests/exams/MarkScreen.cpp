@@ -1,12 +1,16 @@
 #include "exams/MarkScreen.h"
 
+#include "core/mdiTallyboard.h"
+
 #include <QClipboard>
+#include <QTimer>
 
 namespace tally::test {
 
 void MarkScreen::SetUp()
 {
     ScreenFixture::SetUp();
+    StopPresence();
     school = std::make_unique<RankSchool>(*Session().gcnnMain, *Session().gcnnTemp);
     Session().gintAcademicYearCode = 1;
     Session().gintUserCode = 5;
@@ -28,15 +32,14 @@ void MarkScreen::TearDown()
     ScreenFixture::TearDown();
 }
 
-void MarkScreen::GivenThreeStudents()
-{
-    for (const char* name : {"Asha", "Binu", "Cara"})
-        school->AddStudent(1, QString::fromLatin1(name));
-}
-
 void MarkScreen::GivenRelieved(int studentCode)
 {
     Given("UPDATE StudentMaster SET TCNo = 'TC1' WHERE StudentCode = ?", studentCode);
+}
+
+void MarkScreen::StopPresence()
+{
+    Find<QTimer>(window, "tmrTimer")->stop();
 }
 
 void MarkScreen::OpenForm()
@@ -56,6 +59,12 @@ void MarkScreen::OpenForm()
     average = Find<QLabel>(form, "txtaverageMark");
 }
 
+void MarkScreen::OpenNew()
+{
+    OpenForm();
+    Press(Button("cmdNew"));
+}
+
 std::string MarkScreen::Focus() const
 {
     const QWidget* focused = QApplication::focusWidget();
@@ -70,6 +79,14 @@ std::string MarkScreen::EnabledControls()
         if (IsEnabled(name))
             names.append(QString::fromLatin1(name));
     return names.join(QLatin1Char(' ')).toStdString();
+}
+
+std::string MarkScreen::Entries(const QComboBox* list)
+{
+    QStringList texts;
+    for (int index = 0; index < list->count(); ++index)
+        texts.append(list->itemText(index));
+    return texts.join(QLatin1Char('|')).toStdString();
 }
 
 void MarkScreen::Choose(QComboBox* list, const QString& text)
@@ -90,8 +107,7 @@ void MarkScreen::ChooseClassDivision()
 
 void MarkScreen::StartSubject(const QString& subject)
 {
-    OpenForm();
-    Press(Button("cmdNew"));
+    OpenNew();
     ChooseClassDivision();
     Choose(subjects, subject);
     QTest::keyClick(subjects, Qt::Key_Return);
@@ -100,8 +116,7 @@ void MarkScreen::StartSubject(const QString& subject)
 
 void MarkScreen::StartStudent(const QString& student)
 {
-    OpenForm();
-    Press(Button("cmdNew"));
+    OpenNew();
     ChooseClassDivision();
     Press(byStudent);
     Choose(students, student);
@@ -111,8 +126,7 @@ void MarkScreen::StartStudent(const QString& student)
 
 void MarkScreen::ShowStoredSubject(const QString& subject)
 {
-    OpenForm();
-    Press(Button("cmdNew"));
+    OpenNew();
     ChooseClassDivision();
     Choose(subjects, subject);
     prompts.ExpectQuestion(AlreadyEntered, true);
@@ -169,6 +183,13 @@ std::string MarkScreen::Stored()
         rows.append(row.join(QLatin1Char(' ')));
     }
     return rows.join(QStringLiteral("; ")).toStdString();
+}
+
+void MarkScreenOfThree::SetUp()
+{
+    MarkScreen::SetUp();
+    for (const char* name : {"Asha", "Binu", "Cara"})
+        school->AddStudent(1, QString::fromLatin1(name));
 }
 
 } // namespace tally::test

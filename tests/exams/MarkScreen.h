@@ -25,10 +25,17 @@ inline const QString SameAgain =
     QStringLiteral("Do You Want To Enter Marks For The Same 'Exam-Class-Division' ?");
 inline const QString MasterIsGone =
     QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data.");
+inline const QString AboveFiftyText =
+    QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : 50");
 inline const QString NoStudentsText =
     QStringLiteral("Student Admission Entry Is Not Made For The Selected Class-Division");
 inline const QString NoSubjectsText =
     QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For The Selected Class-Division");
+
+/// What EnabledControls gives of the screen while marks are looked up, entered, and found stored.
+inline const std::string Browse = "Frame1 dbcSubject cmdNew cmdCancel cmdExit";
+inline const std::string New = "Frame1 dbcSubject fraMain cmdSave cmdCancel cmdExit";
+inline const std::string Found = "Frame1 dbcSubject cmdEdit cmdDelete cmdCancel cmdExit";
 
 /// The mark screen over a division X A of exam "Term One". English (code 1, allowed 50 out of 100) and Maths
 /// (code 2, allowed 100 out of 100) come in the order Maths, English; Eng's teacher is 7, Maths' is 8.
@@ -38,11 +45,13 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    /// Asha, Binu and Cara, with the codes 1 to 3.
-    void GivenThreeStudents();
     void GivenRelieved(int studentCode);
+    /// Keeps the presence row, which is written each second, out of a count of statements.
+    void StopPresence();
 
     void OpenForm();
+    /// The same, and New is pressed.
+    void OpenNew();
     QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
     bool IsEnabled(const char* name) { return Find<QWidget>(form, name)->isEnabled(); }
     /// The object name of the control with the focus.
@@ -50,6 +59,8 @@ protected:
     /// The buttons, frames and lists that are enabled, in reading order.
     std::string EnabledControls();
 
+    /// The entries of a list, from the top, with bars between them.
+    static std::string Entries(const QComboBox* list);
     /// Walks down a list with the arrow key until it shows `text`.
     void Choose(QComboBox* list, const QString& text);
     void ChooseClassDivision();
@@ -84,6 +95,13 @@ protected:
     FloatingEditor* mark = nullptr;
     FloatingCombo* presence = nullptr;
     QLabel* average = nullptr;
+};
+
+/// The same with the students Asha, Binu and Cara in the division, who have the codes 1 to 3.
+class MarkScreenOfThree : public MarkScreen
+{
+protected:
+    void SetUp() override;
 };
 
 } // namespace tally::test

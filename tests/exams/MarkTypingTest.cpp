@@ -1,0 +1,198 @@
+#include "exams/MarkScreen.h"
+
+namespace tally::test {
+namespace {
+
+const QString OfAbsent = QStringLiteral("Mark Entry Is Not Allowed When A Student Is Absent");
+
+/// What the boxes take, and what they refuse.
+class MarkTyping : public MarkScreenOfThree
+{
+protected:
+    std::string Cell(int row) const { return grid->TextMatrix(row, 2).toStdString(); }
+    std::string Box() const { return mark->text().toStdString(); }
+};
+
+TEST_F(MarkTyping, AMarkAboveTheAllowedOneIsRefusedAtTheKeyThatMakesItSo)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("50");
+    QTest::keyClick(mark, Qt::Key_7);
+    prompts.ExpectInformation(AboveFiftyText);
+    QTest::keyClick(mark, Qt::Key_5);
+    EXPECT_EQ(Box(), "");
+    EXPECT_EQ(Cell(2), "0");
+    EXPECT_EQ(mark->Row(), 2);
+    EXPECT_TRUE(mark->hasFocus());
+}
+
+TEST_F(MarkTyping, AStudentsMarksAreHeldToTheLimitOfEachSubject)
+{
+    StartStudent(QStringLiteral("Asha(A1)"));
+    Enter("100");
+    prompts.ExpectInformation(AboveFiftyText);
+    QTest::keyClicks(mark, QStringLiteral("51"));
+    EXPECT_EQ(Box(), "");
+    EXPECT_EQ(Focus(), "txtmarkobtained");
+}
+
+TEST_F(MarkTyping, AThousandIsRefusedByTheAllowedMarkFirst)
+{
+    StartSubject(QStringLiteral("Maths"));
+    prompts.ExpectInformation(QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : 100"));
+    QTest::keyClicks(mark, QStringLiteral("1000"));
+    EXPECT_EQ(Box(), "");
+}
+
+TEST_F(MarkTyping, NoMarkExceeds999AndNinetyNineHundredthsWhereTheSubjectAllowsMore)
+{
+    Given("UPDATE ClassSubjectTeacher SET MaximumAllowed = 5000");
+    StartSubject(QStringLiteral("Maths"));
+    QTest::keyClicks(mark, QStringLiteral("999.99"));
+    EXPECT_EQ(Cell(1), "999.99");
+    QTest::keyClick(mark, Qt::Key_Return);
+    prompts.ExpectInformation(QStringLiteral("Mark Obtained Should Not Exceed 999.99"));
+    QTest::keyClicks(mark, QStringLiteral("1000"));
+    EXPECT_EQ(Box(), "");
+    EXPECT_EQ(Cell(2), "0");
+}
+
+TEST_F(MarkTyping, LettersAndSignsNeverGetIntoAMark)
+{
+    StartSubject(QStringLiteral("English"));
+    QTest::keyClicks(mark, QStringLiteral("abc"));
+    EXPECT_EQ(Box(), "");
+    EXPECT_EQ(Cell(1), "");
+    QTest::keyClicks(mark, QStringLiteral("-5"));
+    EXPECT_EQ(Box(), "5");
+    EXPECT_EQ(Cell(1), "5");
+}
+
+TEST_F(MarkTyping, AThirdDecimalIsCutOff)
+{
+    StartSubject(QStringLiteral("English"));
+    QTest::keyClicks(mark, QStringLiteral("12.345"));
+    EXPECT_EQ(Box(), "12.34");
+    EXPECT_EQ(Cell(1), "12.34");
+}
+
+struct Pasted
+{
+    const char* text;
+    const char* box;
+    const char* cell;
+};
+
+class PastedMarks : public MarkTyping, public testing::WithParamInterface<Pasted>
+{};
+
+TEST_P(PastedMarks, ObeyTheSameFiltersAsKeys)
+{
+    StartSubject(QStringLiteral("English"));
+    Paste(QString::fromLatin1(GetParam().text));
+    EXPECT_EQ(Box(), GetParam().box);
+    EXPECT_EQ(Cell(1), GetParam().cell);
+}
+
+INSTANTIATE_TEST_SUITE_P(MarkTyping, PastedMarks,
+                         testing::Values(Pasted{"12.345", "12.34", "12.34"},
+                                         Pasted{"1.23456", "1.23", "1.23"}, Pasted{"-5", "5", "5"},
+                                         Pasted{"abc", "", "0"}, Pasted{" 45 ", "45", "45"}));
+
+TEST_F(MarkTyping, APastedMarkAboveTheLimitIsToldOnce)
+{
+    StartSubject(QStringLiteral("English"));
+    prompts.ExpectInformation(AboveFiftyText);
+    Paste(QStringLiteral("x1000"));
+    EXPECT_EQ(Box(), "");
+}
+
+TEST_F(MarkTyping, APastedMarkWithItsLineEndIsRefusedOnce)
+{
+    StartSubject(QStringLiteral("English"));
+    prompts.ExpectInformation(AboveFiftyText);
+    Paste(QStringLiteral("100\r"));
+    EXPECT_EQ(Box(), "");
+    prompts.Verify();
+    Paste(QStringLiteral("50\r"));
+    EXPECT_EQ(Box(), "50");
+    EXPECT_EQ(Cell(1), "50");
+}
+
+TEST_F(MarkTyping, EnterOnAnEmptyBoxIsAZeroThatHasToBeDeclared)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("");
+    EXPECT_EQ(Focus(), "cboPresentAbsent");
+    EXPECT_EQ(presence->currentText().toStdString(), "Present");
+    EXPECT_EQ(Cell(1), "0");
+    Enter("");
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
+    EXPECT_EQ(mark->Row(), 2);
+}
+
+TEST_F(MarkTyping, AMarkForAnAbsentStudentIsRefusedWhileTyping)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("0");
+    Enter("a");
+    Click(1, 2);
+    prompts.ExpectInformation(OfAbsent);
+    QTest::keyClick(mark, Qt::Key_4);
+    EXPECT_EQ(Box(), "");
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Absent");
+}
+
+TEST_F(MarkTyping, AnAbsenceChosenForAStudentWithAMarkLeadsBackToTheMark)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("45");
+    Click(1, 3);
+    EXPECT_EQ(Focus(), "cboPresentAbsent");
+    prompts.ExpectInformation(OfAbsent);
+    Enter("a");
+    EXPECT_EQ(Focus(), "txtmarkobtained");
+    EXPECT_EQ(mark->Row(), 1);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|45|Absent");
+}
+
+TEST_F(MarkTyping, AWordThatIsNoPresenceIsRefused)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("0");
+    prompts.ExpectInformation(QStringLiteral("Select Present/Absent "));
+    Enter("late");
+    EXPECT_EQ(Focus(), "cboPresentAbsent");
+    EXPECT_EQ(presence->currentText().toStdString(), "late") << "the word stays to be mended";
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
+}
+
+TEST_F(MarkTyping, APresenceTakesLettersOnlyAndAnEmptyOneLeadsNowhere)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("0");
+    QTest::keyClicks(presence, QStringLiteral("5-"));
+    EXPECT_EQ(presence->currentText().toStdString(), "Present");
+    QTest::keyClick(presence, Qt::Key_Delete);
+    EXPECT_EQ(presence->currentText().toStdString(), "");
+    QTest::keyClick(presence, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "cboPresentAbsent");
+    prompts.ExpectInformation(QStringLiteral("Select Present/Absent"));
+    QTest::mouseClick(presence->lineEdit(), Qt::LeftButton);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
+}
+
+TEST_F(MarkTyping, TheArrowChoosesThePresenceAndTheCellHasItAtOnce)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("0");
+    QTest::keyClick(presence, Qt::Key_Down);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Absent");
+    EXPECT_EQ(grid->Mark(1, 3), CellMark::FailedOrAbsent);
+    QTest::keyClick(presence, Qt::Key_Up);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
+    EXPECT_EQ(grid->Mark(1, 3), CellMark::None);
+}
+
+} // namespace
+} // namespace tally::test
