@@ -53,6 +53,10 @@ protected:
         second.Tell(secondLine);
         ASSERT_EQ(first.Says(), "typed");
         ASSERT_EQ(second.Says(), "typed");
+    }
+
+    static void SaveAtOnce(MarkClient& first, MarkClient& second)
+    {
         first.Tell("save");
         second.Tell("save");
     }
@@ -90,6 +94,7 @@ TEST_F(MarkClients, TwoSubjectsSavedAtOnceAreBothStoredWhole)
     MarkClient first(Folder());
     MarkClient second(Folder());
     LetBothType(first, "enter English 10", second, "enter Maths 20");
+    SaveAtOnce(first, second);
     EXPECT_EQ(first.Says(), "Record Saved");
     EXPECT_EQ(second.Says(), "Record Saved");
     EXPECT_EQ(MarksOf(1), "60 of 10 to 10");
@@ -101,6 +106,7 @@ TEST_F(MarkClients, OfTwoFirstEntriesOfASubjectTheFirstIsStoredAndTheOtherIsTold
     MarkClient first(Folder());
     MarkClient second(Folder());
     LetBothType(first, "enter English 10", second, "enter English 20");
+    SaveAtOnce(first, second);
     const std::string firstSays = first.Says();
     const std::string secondSays = second.Says();
     const std::string refusal =
@@ -115,12 +121,27 @@ TEST_F(MarkClients, OfTwoFirstEntriesOfASubjectTheFirstIsStoredAndTheOtherIsTold
     }
 }
 
-TEST_F(MarkClients, OfTwoEditsOfASubjectTheLaterOneIsStoredWhole)
+TEST_F(MarkClients, OfTwoEditsOfASubjectTheLaterSaveIsStoredWhole)
 {
     GivenEnglishOfEverybody(5);
     MarkClient first(Folder());
     MarkClient second(Folder());
     LetBothType(first, "edit English 10", second, "edit English 20");
+    second.Tell("save");
+    EXPECT_EQ(second.Says(), "Record Updated");
+    EXPECT_EQ(MarksOf(1), "60 of 20 to 20");
+    first.Tell("save");
+    EXPECT_EQ(first.Says(), "Record Updated");
+    EXPECT_EQ(MarksOf(1), "60 of 10 to 10");
+}
+
+TEST_F(MarkClients, OfTwoEditsOfASubjectSavedAtOnceOneIsStoredWhole)
+{
+    GivenEnglishOfEverybody(5);
+    MarkClient first(Folder());
+    MarkClient second(Folder());
+    LetBothType(first, "edit English 10", second, "edit English 20");
+    SaveAtOnce(first, second);
     EXPECT_EQ(first.Says(), "Record Updated");
     EXPECT_EQ(second.Says(), "Record Updated");
     const std::string marks = MarksOf(1);

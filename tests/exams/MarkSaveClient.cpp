@@ -47,12 +47,7 @@ public:
     /// Chooses the subject, with all marks typed but not saved.
     void Prepare(const QString& subject, const QString& mark, bool editing)
     {
-        Press("cmdNew");
-        Choose("dbcExam", QStringLiteral("Term One"));
-        Choose("cboClass", QStringLiteral("X"));
-        Choose("cboDivision", QStringLiteral("A"));
-        Choose("dbcSubject", subject);
-        Key(Qt::Key_Tab);
+        Start(subject);
         auto* grid = form_->findChild<FlexGrid*>(QStringLiteral("msgDetails"));
         if (editing) {
             Press("cmdEdit");
@@ -74,16 +69,22 @@ public:
 
     void Delete(const QString& subject)
     {
+        Start(subject);
+        Press("cmdDelete");
+    }
+
+private:
+    /// New, with everything chosen and the list of subjects left.
+    void Start(const QString& subject)
+    {
         Press("cmdNew");
         Choose("dbcExam", QStringLiteral("Term One"));
         Choose("cboClass", QStringLiteral("X"));
         Choose("cboDivision", QStringLiteral("A"));
         Choose("dbcSubject", subject);
         Key(Qt::Key_Tab);
-        Press("cmdDelete");
     }
 
-private:
     static void Key(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
 
     void Choose(const char* name, const QString& text)
