@@ -1,13 +1,12 @@
 // Measures the entry of marks with real key events: how soon each key of a division's marks is painted, what
 // a save costs against the bare inserts, and how soon the screen is there. Exit code 1: a limit is not kept.
 
-#include "app/Screens.h"
 #include "bench/BareStore.h"
+#include "bench/BenchProgram.h"
 #include "bench/BenchSchool.h"
 #include "bench/FindControl.h"
 #include "bench/RatioReport.h"
 #include "core/controls/FlexGrid.h"
-#include "core/look/Look.h"
 #include "core/mdiTallyboard.h"
 #include "core/modTallyboardForms.h"
 #include "core/Prompts.h"
@@ -72,11 +71,8 @@ public:
         constexpr int Administrator = 1;
         Session().gintPrivilegeUserCode = Administrator;
         Session().gintUserCode = Administrator;
-        window_ = mdiTallyboard::Load();
-        if (window_ == nullptr)
-            qFatal("The main window did not load");
+        window_ = ShowMainWindow();
         window_->resize(1024, 768);
-        window_->show();
         QApplication::setActiveWindow(window_);
         QApplication::processEvents();
     }
@@ -232,7 +228,7 @@ void OpenScreen(benchmark::State& state)
 bool Report(const char* what, double value, double limit)
 {
     const bool kept = value <= limit;
-    std::printf("%-44s %8.2f   at most %g%s\n", what, value, limit, kept ? "" : "   MISSED");
+    std::printf("%-44s %8.2f   at most %g%s\n", what, value, limit, Verdict(value, kept));
     return kept;
 }
 
@@ -253,12 +249,8 @@ void Register(const char* name, void (*function)(benchmark::State&), const Sizes
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    ApplyLook(application, false);
-    RegisterScreens();
+    const auto application = StartApplication(argc, argv);
+    // A save tells its result and asks for more marks.
     Prompts::AnswerWith([](Prompts::Kind kind, const QString& text) -> bool {
         if (kind == Prompts::Kind::Critical)
             qFatal("%s", qUtf8Printable(text));

@@ -1,16 +1,14 @@
 // Measures how soon each screen of the masters and the calendar is painted, and each search box its grid, in
 // a school with long lists; the searches also against the bare statement. Exit code 1: a limit is not kept.
 
-#include "app/Screens.h"
 #include "bench/BareStore.h"
+#include "bench/BenchProgram.h"
 #include "bench/BenchSchool.h"
 #include "bench/FindControl.h"
 #include "bench/MasterScreensSchool.h"
 #include "core/controls/DataGrid.h"
-#include "core/look/Look.h"
 #include "core/mdiTallyboard.h"
 #include "core/modTallyboardForms.h"
-#include "core/Prompts.h"
 #include "core/Screen.h"
 #include "core/ScreenRegistry.h"
 #include "masters/SimpleMasterDefinitions.h"
@@ -25,6 +23,7 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -214,24 +213,10 @@ bool ReportSearches(BareStore& store)
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    ApplyLook(application, false);
-    RegisterScreens();
-    // A screen that asks or refuses is not the screen that is to be measured.
-    Prompts::AnswerWith([](Prompts::Kind, const QString& text) -> bool {
-        qFatal("Unexpected message: %s", qUtf8Printable(text));
-    });
-
+    const auto application = StartApplication(argc, argv);
     const MasterScreensSchool school;
     OpenSession(school.Folder());
-    mdiTallyboard* window = mdiTallyboard::Load();
-    if (window == nullptr)
-        qFatal("The main window did not load");
-    window->show();
-    QApplication::processEvents();
+    const std::unique_ptr<mdiTallyboard> window(ShowMainWindow());
 
     bool kept = true;
     std::printf("Opened to painted, ms, at most %g\n%-30s %8s %8s\n", OpenLimit, "", "median", "slowest");
@@ -244,6 +229,5 @@ int main(int argc, char** argv)
     std::printf("\nSearched to painted, ms, at most %g\n%-30s %6s %8s %8s %9s %7s\n", SearchLimit, "", "rows",
                 "median", "slowest", "statement", "ratio");
     kept &= ReportSearches(store);
-    delete window;
     return kept ? 0 : 1;
 }

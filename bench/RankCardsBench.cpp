@@ -4,18 +4,15 @@
 // takes more than 10 s, the memory is beyond 300 MB, or more statements are run for 10,000 students than
 // for 40.
 
-#include "app/Screens.h"
+#include "bench/BenchProgram.h"
 #include "bench/BenchSchool.h"
 #include "bench/FindControl.h"
 #include "bench/PeakMemory.h"
 #include "core/controls/CheckList.h"
 #include "core/controls/DataCombo.h"
 #include "core/controls/FlexGrid.h"
-#include "core/look/Look.h"
-#include "core/mdiTallyboard.h"
 #include "core/modTallyboardForms.h"
 #include "core/OpenDocument.h"
-#include "core/Prompts.h"
 #include "core/Screen.h"
 #include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
@@ -25,10 +22,8 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QFileInfo>
-#include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include <array>
 #include <chrono>
@@ -114,16 +109,9 @@ Figures Measure(QWidget* screen)
     return figures;
 }
 
-int Show(int argc, char** argv)
+[[noreturn]] void Show(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    ApplyLook(application, false);
-    RegisterScreens();
-    Prompts::AnswerWith([](Prompts::Kind, const QString& text) {
-        qFatal("%s", qPrintable(text));
-        return false;
-    });
+    const auto application = StartApplication(argc, argv);
     const QString folder = QString::fromLocal8Bit(argv[1]);
     QString workbook;
     SetExportFolder(folder + QStringLiteral("/exports"));
@@ -133,13 +121,7 @@ int Show(int argc, char** argv)
                            }});
     OpenSession(folder);
     Session().gintPrivilegeUserCode = Administrator;
-    mdiTallyboard* window = mdiTallyboard::Load();
-    if (window == nullptr)
-        qFatal("The main window did not load");
-    // Its presence row would count among the statements of whatever is measured in that second.
-    window->findChild<QTimer*>(QStringLiteral("tmrTimer"))->stop();
-    window->show();
-    QApplication::processEvents();
+    ShowMainWindow();
     const double before = PeakMemory();
     const QString form = QStringLiteral("frmRankCardPrinting");
     ShowForm(form);
@@ -153,25 +135,19 @@ int Show(int argc, char** argv)
                 figures.list.statements, figures.view.seconds, figures.view.statements,
                 figures.exportCards.seconds, figures.exportCards.statements,
                 static_cast<double>(QFileInfo(workbook).size()) / 1e6);
-    std::fflush(stdout);
-    // The measuring is over; what the windows would save on closing does not matter.
-    std::_Exit(0);
+    EndChild();
 }
 
 Figures FiguresOf(const char* program, int students)
 {
     const QTemporaryDir folder;
     MakeSchool(folder.path(), students);
-    QProcess process;
-    process.start(QString::fromLocal8Bit(program), {folder.path()});
-    process.waitForFinished(-1);
-    std::fputs(process.readAllStandardError().constData(), stderr);
+    const QByteArray output = OutputOfChild(program, folder.path());
     Figures figures;
-    if (process.exitCode() != 0 ||
-        std::sscanf(process.readAllStandardOutput().constData(), "%lf %lf %lf %llu %lf %llu %lf %llu %lf",
-                    &figures.memoryBefore, &figures.memory, &figures.list.seconds, &figures.list.statements,
-                    &figures.view.seconds, &figures.view.statements, &figures.exportCards.seconds,
-                    &figures.exportCards.statements, &figures.megabytes) != 9)
+    if (std::sscanf(output.constData(), "%lf %lf %lf %llu %lf %llu %lf %llu %lf", &figures.memoryBefore,
+                    &figures.memory, &figures.list.seconds, &figures.list.statements, &figures.view.seconds,
+                    &figures.view.statements, &figures.exportCards.seconds, &figures.exportCards.statements,
+                    &figures.megabytes) != 9)
         qFatal("The cards could not be shown");
     return figures;
 }
@@ -180,10 +156,8 @@ Figures FiguresOf(const char* program, int students)
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     if (argc == 2)
-        return Show(argc, argv);
+        Show(argc, argv);
 
     const Figures few = FiguresOf(argv[0], FewStudents);
     const Figures many = FiguresOf(argv[0], Students);

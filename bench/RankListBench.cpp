@@ -1,13 +1,11 @@
 // Measures the preparing of a rank list against the least work that could give its totals, on encrypted
 // files. Prints a table of ratios at the end. Exit code 1: a ratio is beyond its limit.
 
-#include "app/Screens.h"
 #include "bench/BareStore.h"
+#include "bench/BenchProgram.h"
 #include "bench/BenchSchool.h"
 #include "bench/RankScreen.h"
 #include "bench/RatioReport.h"
-#include "core/look/Look.h"
-#include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "ranks/frmRankCalculation.h"
 #include "ranks/RankRepository.h"
@@ -139,7 +137,7 @@ private:
               double limit, bool kept)
     {
         std::printf("%-44s %-14s %8.2f   %s %g%s\n", what.c_str(), students.c_str(), ratio, relation, limit,
-                    kept ? "" : "   MISSED");
+                    Verdict(ratio, kept));
         allKept_ = allKept_ && kept;
     }
 
@@ -166,14 +164,7 @@ void Register(const char* name, void (*function)(benchmark::State&), bool manual
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    ApplyLook(application, false);
-    RegisterScreens();
-    Prompts::AnswerWith(
-        [](Prompts::Kind, const QString& text) -> bool { qFatal("%s", qUtf8Printable(text)); });
-
+    const auto application = StartApplication(argc, argv);
     // Taking turns spreads a busy moment of the machine over all of them.
     std::string interleave = "--benchmark_enable_random_interleaving=true";
     std::vector<char*> arguments(argv, argv + argc);

@@ -1,6 +1,15 @@
 #include "bench/RatioReport.h"
 
+#include <cmath>
+#include <limits>
+
 namespace tally::bench {
+
+namespace {
+
+constexpr double NotRun = std::numeric_limits<double>::quiet_NaN();
+
+} // namespace
 
 void RatioReport::ReportRuns(const std::vector<Run>& runs)
 {
@@ -19,13 +28,20 @@ void RatioReport::ReportRuns(const std::vector<Run>& runs)
 double RatioReport::Milliseconds(const std::string& name) const
 {
     const auto found = times_.find(name);
-    return found == times_.end() ? 0 : found->second;
+    return found == times_.end() ? NotRun : found->second;
 }
 
 double RatioReport::Counter(const std::string& name, const std::string& counter) const
 {
     const auto found = counters_.find(name + ' ' + counter);
-    return found == counters_.end() ? 0 : found->second;
+    return found == counters_.end() ? NotRun : found->second;
+}
+
+const char* Verdict(double figure, bool kept)
+{
+    if (std::isnan(figure))
+        return "   NOT RUN";
+    return kept ? "" : "   MISSED";
 }
 
 } // namespace tally::bench
