@@ -99,7 +99,6 @@ void frmRankCalculation::ShowView(const RankView& view)
             cells.push_back({view.Text(row, col), sums ? CellMark::Sum : MarkOf(view.Flag(row, col))});
     }
     FlexGrid* grid = ui_->msgDisplayDetails;
-    const bool hadCurrentCell = grid->CurrentRow() > 0;
     const int currentCol = grid->CurrentCol();
     const int across = grid->horizontalScrollBar()->value();
     grid->SetContent(std::move(rows));
@@ -114,9 +113,7 @@ void frmRankCalculation::ShowView(const RankView& view)
             grid->SetRowHeight(row, 0);
     grid->FitColumns();
     // A list in another order is read from its top, in the columns that the user was looking at.
-    grid->scrollToTop();
-    if (hadCurrentCell)
-        grid->SetCurrentCell(RankView::FirstStudentRow, currentCol);
+    grid->SetCurrentCell(RankView::FirstStudentRow, currentCol);
     grid->horizontalScrollBar()->setValue(across);
 }
 

@@ -313,6 +313,7 @@ TEST_F(RankListOutput, ExportHandsTheWorkbookToTheSpreadsheetProgram)
 TEST_F(RankListOutput, TheWorkbookIsHeadedByExamClassAndTheTickedDivisions)
 {
     Given("UPDATE ExamMaster SET ExamName = ' Term One '");
+    Given("UPDATE ClassDivisionMaster SET ClassName = ' X '");
     GivenFiveStudents();
     school->AddDivision(2, "B");
     school->AddDivision(3, "C");
