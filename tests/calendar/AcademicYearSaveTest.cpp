@@ -208,7 +208,7 @@ TEST_F(AcademicYearSave, AnotherClientsReaderDoesNotStandInItsWay)
 TEST_F(AcademicYearSave, ACommitThatIsRefusedTakesEverythingBack)
 {
     OpenForm();
-    StopClock();
+    StopPresence();
     const auto other = AnotherClient();
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(0));
     auto reader = other->Query(QStringLiteral("SELECT * FROM MonthMaster"));
@@ -227,7 +227,7 @@ TEST_F(AcademicYearSave, ACommitThatIsRefusedTakesEverythingBack)
 TEST_F(AcademicYearSave, WhileAnotherClientSavesItSaysThatTheDataIsInUse)
 {
     OpenForm();
-    StopClock();
+    StopPresence();
     const auto other = AnotherClient();
     store::Transaction save(*other);
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(0));

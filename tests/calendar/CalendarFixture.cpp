@@ -80,14 +80,9 @@ void CalendarFixture::LetTick()
     timer->setInterval(1000);
 }
 
-void CalendarFixture::StopClock()
-{
-    Find<QTimer>(window, "tmrTimer")->stop();
-}
-
 void CalendarFixture::MakeReadOnly()
 {
-    StopClock();
+    StopPresence();
     Given("PRAGMA query_only = ON");
 }
 

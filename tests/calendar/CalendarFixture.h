@@ -27,7 +27,6 @@ protected:
     void Start();
     /// Makes the clock of the main window tick a few times.
     void LetTick();
-    void StopClock();
     /// From now on the session can only read, as on a folder without the right to write.
     void MakeReadOnly();
 

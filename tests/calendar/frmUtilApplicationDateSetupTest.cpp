@@ -254,7 +254,7 @@ TEST_F(ApplicationDateSetup, AFailedWriteLeavesTheCalendarAndTheSession)
 TEST_F(ApplicationDateSetup, WhileAnotherClientSavesItSaysThatTheDataIsInUse)
 {
     OpenForm({QDate(2007, 6, 4)});
-    StopClock();
+    StopPresence();
     const auto other = AnotherClient();
     const store::Transaction save(*other);
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(0));

@@ -1,9 +1,7 @@
 #include "exams/MarkScreen.h"
 
-#include "core/mdiTallyboard.h"
 
 #include <QClipboard>
-#include <QTimer>
 
 namespace tally::test {
 
@@ -35,11 +33,6 @@ void MarkScreen::TearDown()
 void MarkScreen::GivenRelieved(int studentCode)
 {
     Given("UPDATE StudentMaster SET TCNo = 'TC1' WHERE StudentCode = ?", studentCode);
-}
-
-void MarkScreen::StopPresence()
-{
-    Find<QTimer>(window, "tmrTimer")->stop();
 }
 
 void MarkScreen::OpenForm()

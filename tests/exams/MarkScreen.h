@@ -46,8 +46,6 @@ protected:
     void TearDown() override;
 
     void GivenRelieved(int studentCode);
-    /// Keeps the presence row, which is written each second, out of a count of statements.
-    void StopPresence();
 
     void OpenForm();
     /// The same, and New is pressed.

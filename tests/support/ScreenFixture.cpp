@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QPointer>
+#include <QTimer>
 
 namespace tally::test {
 
@@ -115,6 +116,11 @@ Screen* ScreenFixture::OpenScreen(const QString& formName)
     ShowForm(formName);
     Settle();
     return ScreenRegistry::OpenInstance(formName);
+}
+
+void ScreenFixture::StopPresence()
+{
+    Find<QTimer>(window, "tmrTimer")->stop();
 }
 
 void ScreenFixture::ExpectToFit(const QString& formName)

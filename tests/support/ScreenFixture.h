@@ -71,6 +71,8 @@ protected:
     Screen* OpenScreen(const QString& formName);
     /// Opens the screen on a display of 800 by 600; all of it must be visible and nothing cut off.
     void ExpectToFit(const QString& formName);
+    /// Keeps the presence row, which is written each second, out of a count of statements.
+    void StopPresence();
 
     mdiTallyboard* window = nullptr;
 };
