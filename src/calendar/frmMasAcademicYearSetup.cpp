@@ -73,17 +73,19 @@ void frmMasAcademicYearSetup::Form_Activate(bool first)
         TakeScreen(QStringLiteral("AcademicYearSetup"));
 }
 
-bool frmMasAcademicYearSetup::Form_Unload()
+bool frmMasAcademicYearSetup::Form_QueryUnload()
 {
-    if (!AYearIsActive())
-        return false;
+    return AYearIsActive();
+}
+
+void frmMasAcademicYearSetup::Form_Unload()
+{
     Session().gblnMenusLocked = false;
     // School Setup, opened from here and closed, has switched them on in between.
     if (mastersWereOn_)
         EnableMainMenus();
     else
         DisableMainMenus();
-    return true;
 }
 
 void frmMasAcademicYearSetup::cmdExit_Click()

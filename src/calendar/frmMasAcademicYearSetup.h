@@ -25,7 +25,8 @@ public:
 
 protected:
     void Form_Activate(bool first) override;
-    bool Form_Unload() override;
+    bool Form_QueryUnload() override;
+    void Form_Unload() override;
     void cmdExit_Click() override;
 
 private:

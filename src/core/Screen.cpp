@@ -35,9 +35,10 @@ void Screen::cmdExit_Click()
 
 void Screen::Unload()
 {
-    if (unloaded_ || !Form_Unload() || !ReleaseScreen())
+    if (unloaded_ || !Form_QueryUnload() || !ReleaseScreen())
         return;
     unloaded_ = true;
+    Form_Unload();
     if (menusTaken_) {
         Session().gblnMenusLocked = false;
         EnableMainMenus();

@@ -27,8 +27,8 @@ public:
     void Activate();
     /// True once the screen has been closed and only waits for its deletion.
     bool IsUnloaded() const { return unloaded_; }
-    /// Closes without a question unless Form_Unload objects or another client's save keeps the screen from
-    /// being released; frees the shared instance and gives the main window its picture back.
+    /// Closes without a question unless Form_QueryUnload objects or another client's save keeps the screen
+    /// from being released; frees the shared instance and gives the main window its picture back.
     void Unload();
 
 protected:
@@ -39,8 +39,10 @@ protected:
     virtual QString ExitCaption() const { return windowTitle(); }
     /// Each time the screen comes to the front; `first` on the first time since it was opened.
     virtual void Form_Activate(bool first) { static_cast<void>(first); }
-    /// Last words before the screen goes: release what it holds in the store. False keeps it open.
-    virtual bool Form_Unload() { return true; }
+    /// False keeps the screen open.
+    virtual bool Form_QueryUnload() { return true; }
+    /// The screen goes: last chance to put back what it changed.
+    virtual void Form_Unload() {}
     /// False where the window's close box does nothing at all and only `cmdExit` closes the screen.
     virtual bool CloseBoxExits() const { return true; }
 

@@ -85,7 +85,7 @@ void frmTeacherSearch::EmptyGrid()
     ui_->dgdDetails->Bind({}, {});
 }
 
-bool frmTeacherSearch::Form_Unload()
+bool frmTeacherSearch::Form_QueryUnload()
 {
     return ui_->cmdSearch->isEnabled() && ui_->cmdExit->isEnabled();
 }

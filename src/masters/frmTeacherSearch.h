@@ -20,7 +20,7 @@ public:
     ~frmTeacherSearch() override;
 
 protected:
-    bool Form_Unload() override;
+    bool Form_QueryUnload() override;
 
 private:
     void cmdSearch_Click();
