@@ -367,10 +367,9 @@ QString frmRankCalculation::ExitCaption() const
     return QStringLiteral("Rank Calculation");
 }
 
-bool frmRankCalculation::Form_Unload()
+void frmRankCalculation::Form_Unload()
 {
     DropTempTable();
-    return true;
 }
 
 } // namespace tally

@@ -34,7 +34,7 @@ public:
 
 protected:
     QString ExitCaption() const override;
-    bool Form_Unload() override;
+    void Form_Unload() override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
