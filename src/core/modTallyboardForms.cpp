@@ -104,6 +104,8 @@ void ShowForm(const QString& formName)
     frame->hide();
     screen->show();
     frame->show();
+    // Where the keys go is shown from the first field on, not only after the first Tab.
+    window->setAttribute(Qt::WA_KeyboardFocusChange);
     window->Area()->setActiveSubWindow(frame);
     FocusActiveScreen();
 }

@@ -14,16 +14,7 @@ namespace tally {
 
 namespace {
 
-const QString BlankItem = QStringLiteral(" ");
 const QString ExamMaster = QStringLiteral("frmexamnamemaster");
-
-/// The names behind a blank item.
-void Fill(DataCombo* combo, const CodedTexts& names)
-{
-    DataCombo::Entries entries{{0, BlankItem}};
-    entries.insert(entries.end(), names.begin(), names.end());
-    combo->SetList(entries);
-}
 
 } // namespace
 
@@ -36,15 +27,15 @@ void frmexammarkentry::LoadExam()
 
 void frmexammarkentry::LoadClass()
 {
-    Read([this] { Fill(ui_->cboClass, Lists().Classes()); });
+    Read([this] { ui_->cboClass->SetListBehindBlank(Lists().Classes()); });
 }
 
 void frmexammarkentry::LoadDivision()
 {
-    Fill(ui_->cboDivision, {});
+    ui_->cboDivision->SetListBehindBlank({});
     const int classCode = Scope().classCode;
     if (classCode != 0)
-        Read([&] { Fill(ui_->cboDivision, Lists().DivisionsByName(classCode)); });
+        Read([&] { ui_->cboDivision->SetListBehindBlank(Lists().DivisionsByName(classCode)); });
 }
 
 void frmexammarkentry::LoadSubject()

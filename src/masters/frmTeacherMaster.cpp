@@ -21,7 +21,6 @@ namespace tally {
 namespace {
 
 constexpr int HelpScreenNo = 9;
-const QString BlankItem = QStringLiteral(" ");
 
 /// The user looks at another program, a menu or a drop-down list and will come back to the same control.
 bool FocusComesBack(const QEvent* event)
@@ -107,11 +106,7 @@ TeacherRepository frmTeacherMaster::Teachers() const
 
 void frmTeacherMaster::LoadLists()
 {
-    Read([this] {
-        auto salutations = Teachers().Salutations();
-        salutations.insert(salutations.begin(), {0, BlankItem});
-        ui_->cboPrefix->SetList(salutations);
-    });
+    Read([this] { ui_->cboPrefix->SetListBehindBlank(Teachers().Salutations()); });
     LoadStates();
     LoadCities();
     LoadBloodGroups();

@@ -15,15 +15,6 @@ bool IsYes(const QString& takenForRank)
     return takenForRank.compare(QLatin1String("Yes"), Qt::CaseInsensitive) == 0;
 }
 
-template <typename Entry>
-std::vector<Entry> Listed(const CodedTexts& texts)
-{
-    std::vector<Entry> entries;
-    for (const auto& [code, name] : texts)
-        entries.push_back({code, name});
-    return entries;
-}
-
 std::vector<QString> FirstColumn(store::Statement rows)
 {
     std::vector<QString> texts;
@@ -34,28 +25,13 @@ std::vector<QString> FirstColumn(store::Statement rows)
 
 } // namespace
 
-std::vector<RankExam> RankRepository::LoadExam()
-{
-    return Listed<RankExam>(SchoolListRepository(main_).Exams());
-}
-
-std::vector<RankClass> RankRepository::LoadClass()
-{
-    return Listed<RankClass>(SchoolListRepository(main_).Classes());
-}
-
-std::vector<RankDivision> RankRepository::LoadDivision(int classCode)
-{
-    return Listed<RankDivision>(SchoolListRepository(main_).DivisionsByCode(classCode));
-}
-
 std::vector<DivisionFacts> RankRepository::LoadDivisionFacts(const RankScope& scope)
 {
     std::vector<DivisionFacts> divisions;
     std::vector<int> codes;
-    for (const RankDivision& division : LoadDivision(scope.classCode)) {
-        divisions.push_back({division});
-        codes.push_back(division.divisionCode);
+    for (const auto& [code, name] : SchoolListRepository(main_).DivisionsByCode(scope.classCode)) {
+        divisions.push_back({RankDivision{code, name}});
+        codes.push_back(code);
     }
 
     const auto count = [&](int DivisionFacts::*fact, store::Statement rows) {

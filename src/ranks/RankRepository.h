@@ -18,10 +18,6 @@ public:
     /// `main` must outlive the repository.
     explicit RankRepository(store::Connection& main) : main_(main) {}
 
-    std::vector<RankExam> LoadExam();                      ///< by ExamOrder
-    std::vector<RankClass> LoadClass();                    ///< by ClassOrder
-    std::vector<RankDivision> LoadDivision(int classCode); ///< those of the class by code
-
     /// The divisions of the class by code, with what their marks in the list depend on.
     std::vector<DivisionFacts> LoadDivisionFacts(const RankScope& scope);
     /// The subjects of the class, all divisions, by SlNo.

@@ -34,12 +34,6 @@ struct RankExam
     QString examName;
 };
 
-struct RankClass
-{
-    int classCode = 0;
-    QString className;
-};
-
 struct RankDivision
 {
     int divisionCode = 0; ///< unique only within its class

@@ -1,12 +1,14 @@
 #include "ranks/frmRankCalculation.h"
 
 #include "core/controls/CheckList.h"
+#include "core/controls/DataCombo.h"
 #include "core/controls/FlexGrid.h"
 #include "core/controls/HourGlass.h"
 #include "core/FormKeys.h"
 #include "core/look/Look.h"
 #include "core/modTallyboardForms.h"
 #include "core/Prompts.h"
+#include "core/SchoolListRepository.h"
 #include "core/SessionContext.h"
 #include "ranks/RankViews.h"
 #include "store/StoreError.h"
@@ -21,12 +23,6 @@ namespace tally {
 namespace {
 
 constexpr int HelpScreenNo = 21;
-const QString BlankItem = QStringLiteral(" ");
-
-int ChosenCode(const QComboBox* combo)
-{
-    return combo->currentData().toInt();
-}
 
 } // namespace
 
@@ -102,7 +98,7 @@ TempRankRepository frmRankCalculation::WorkingTable() const
 
 RankScope frmRankCalculation::Scope() const
 {
-    return {Session().gintAcademicYearCode, ChosenCode(ui_->Cboexamname), ChosenCode(ui_->cboClass)};
+    return {Session().gintAcademicYearCode, ui_->Cboexamname->BoundCode(), ui_->cboClass->BoundCode()};
 }
 
 SubjectDisplay frmRankCalculation::Display() const
@@ -121,29 +117,21 @@ RankOrder frmRankCalculation::Order() const
 
 void frmRankCalculation::LoadExam()
 {
-    ui_->Cboexamname->clear();
-    ui_->Cboexamname->addItem(BlankItem, 0);
-    Read([this] {
-        for (const RankExam& exam : Repository().LoadExam())
-            ui_->Cboexamname->addItem(exam.examName, exam.examCode);
-    });
+    ui_->Cboexamname->SetListBehindBlank({});
+    Read([this] { ui_->Cboexamname->SetListBehindBlank(SchoolListRepository(*Session().gcnnMain).Exams()); });
 }
 
 void frmRankCalculation::LoadClass()
 {
-    ui_->cboClass->clear();
-    ui_->cboClass->addItem(BlankItem, 0);
-    Read([this] {
-        for (const RankClass& entry : Repository().LoadClass())
-            ui_->cboClass->addItem(entry.className, entry.classCode);
-    });
+    ui_->cboClass->SetListBehindBlank({});
+    Read([this] { ui_->cboClass->SetListBehindBlank(SchoolListRepository(*Session().gcnnMain).Classes()); });
 }
 
 void frmRankCalculation::Cboexamname_Click()
 {
     ui_->cboClass->setCurrentIndex(0);
     cboClass_Click();
-    ui_->cboClass->setEnabled(ChosenCode(ui_->Cboexamname) != 0);
+    ui_->cboClass->setEnabled(ui_->Cboexamname->BoundCode() != 0);
 }
 
 void frmRankCalculation::cboClass_Click()
@@ -237,9 +225,9 @@ void frmRankCalculation::CheckAgreement(const QString& subjectMessage, const QSt
 
 bool frmRankCalculation::SelectionComplete()
 {
-    if (ChosenCode(ui_->Cboexamname) == 0)
+    if (ui_->Cboexamname->BoundCode() == 0)
         return Refuse(QStringLiteral("Select Exam Name"), ui_->Cboexamname);
-    if (ChosenCode(ui_->cboClass) == 0)
+    if (ui_->cboClass->BoundCode() == 0)
         return Refuse(QStringLiteral("Select Class"), ui_->cboClass);
     if (ui_->Lstdivision->TickedIndexes().isEmpty())
         return Refuse(QStringLiteral("Select Division(s)"), ui_->Lstdivision);

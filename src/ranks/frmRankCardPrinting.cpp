@@ -9,10 +9,10 @@
 #include "core/modTallyboardForms.h"
 #include "core/Numbers.h"
 #include "core/Prompts.h"
+#include "core/SchoolListRepository.h"
 #include "core/SessionContext.h"
 #include "ranks/ExportFlexGridToExcel1.h"
 #include "ranks/RankCardRepository.h"
-#include "ranks/RankRepository.h"
 #include "reports/ExportWorkbook.h"
 #include "ui_frmRankCardPrinting.h"
 
@@ -21,7 +21,6 @@ namespace tally {
 namespace {
 
 constexpr int HelpScreenNo = 22;
-const QString BlankItem = QStringLiteral(" ");
 
 } // namespace
 
@@ -80,30 +79,24 @@ void frmRankCardPrinting::LoadExams()
 {
     ui_->Lstexamnames->clear();
     Read([this] {
-        for (const RankExam& exam : RankRepository(*Session().gcnnMain).LoadExam())
-            ui_->Lstexamnames->AddItem(exam.examName, exam.examCode);
+        for (const auto& [code, name] : SchoolListRepository(*Session().gcnnMain).Exams())
+            ui_->Lstexamnames->AddItem(name, code);
     });
 }
 
 void frmRankCardPrinting::LoadClasses()
 {
-    DataCombo::Entries classes{{0, BlankItem}};
-    Read([&] {
-        for (const RankClass& entry : RankRepository(*Session().gcnnMain).LoadClass())
-            classes.emplace_back(entry.classCode, entry.className);
-    });
-    ui_->cboClass->SetList(classes);
+    ui_->cboClass->SetListBehindBlank({});
+    Read([this] { ui_->cboClass->SetListBehindBlank(SchoolListRepository(*Session().gcnnMain).Classes()); });
 }
 
 void frmRankCardPrinting::cboClass_Click()
 {
-    DataCombo::Entries divisions{{0, BlankItem}};
-    Read([&] {
-        for (const RankDivision& division :
-             RankRepository(*Session().gcnnMain).LoadDivision(ui_->cboClass->BoundCode()))
-            divisions.emplace_back(division.divisionCode, division.divisionName);
+    ui_->cboDivision->SetListBehindBlank({});
+    Read([this] {
+        SchoolListRepository lists(*Session().gcnnMain);
+        ui_->cboDivision->SetListBehindBlank(lists.DivisionsByCode(ui_->cboClass->BoundCode()));
     });
-    ui_->cboDivision->SetList(divisions);
     LoadStudentList();
 }
 

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QStyleOption>
 
 namespace tally::test {
 namespace {
@@ -52,6 +53,15 @@ TEST_F(ShowFormTest, TheScreenInFrontHasTheKeyboardAfterItOpensAndAfterAMessageB
     QApplication::setActiveWindow(window);
     Settle();
     EXPECT_TRUE(options->isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST_F(ShowFormTest, TheFirstFieldShowsThatItHasTheKeyboardBeforeAnyKeyIsPressed)
+{
+    window->setAttribute(Qt::WA_KeyboardFocusChange, false);
+    OpenScreen(QStringLiteral("frmUtilOptions"));
+    QStyleOption option;
+    option.initFrom(QApplication::focusWidget());
+    EXPECT_TRUE(option.state.testFlag(QStyle::State_KeyboardFocusChange));
 }
 
 TEST_F(ShowFormTest, AScreenHasOneInstanceUntilItCloses)

@@ -246,19 +246,4 @@ TEST(GradeMatch, UnticksABaseWithoutTableButCallsItNoMismatch)
     EXPECT_EQ(result.untick, (Codes{1}));
 }
 
-TEST(Lists, ComeInTheirOwnOrderWithoutTheRowThatMeansNothingChosen)
-{
-    RankSchool school;
-    school.main.Execute("Insert into ExamMaster values(2,'Unit Test',0,0)");
-    school.main.Execute("Insert into ClassDivisionMaster values(2,'IX',1,2,0)");
-    const auto exams = school.Repository().LoadExam();
-    ASSERT_EQ(exams.size(), 2U);
-    EXPECT_EQ(exams[0].examName, "Unit Test");
-    EXPECT_EQ(exams[1].examCode, 1);
-    const auto classes = school.Repository().LoadClass();
-    ASSERT_EQ(classes.size(), 2U);
-    EXPECT_EQ(classes[0].className, "X");
-    EXPECT_EQ(classes[1].className, "IX");
-}
-
 } // namespace tally::test

@@ -24,6 +24,12 @@ void DataCombo::SetList(const Entries& entries)
     Choose(findData(0));
 }
 
+void DataCombo::SetListBehindBlank(Entries entries)
+{
+    entries.insert(entries.begin(), {0, QStringLiteral(" ")});
+    SetList(entries);
+}
+
 void DataCombo::SetBoundCode(int code)
 {
     const int found = findData(code);

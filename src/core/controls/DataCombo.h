@@ -23,6 +23,8 @@ public:
     /// Takes the place of all entries and chooses the blank one, or none where there is no blank one. Tells
     /// nobody.
     void SetList(const Entries& entries);
+    /// The same behind a blank line, which is chosen.
+    void SetListBehindBlank(Entries entries);
     /// The code of the chosen entry; 0 for the blank line and for none.
     int BoundCode() const { return currentData().toInt(); }
     /// Chooses the entry with `code`; the blank line when there is no such entry. Tells nobody.
