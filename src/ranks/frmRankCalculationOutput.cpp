@@ -56,8 +56,7 @@ void frmRankCalculation::BuildSummaryPanel()
 {
     Frame5_ = new SummaryPanel(this);
     Frame5_->setObjectName(QStringLiteral("Frame5"));
-    Frame5_->setFrameShape(QFrame::StyledPanel);
-    Frame5_->setAutoFillBackground(true);
+    Frame5_->setProperty("floating", true);
     msgGrade_ = new FlexGrid(Frame5_);
     msgGrade_->setObjectName(QStringLiteral("msgGrade"));
     msgGrade_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);

@@ -67,7 +67,8 @@ QPalette PaletteOf(const Shades& shades)
     return palette;
 }
 
-/// The focus is always visible, group titles stand out, the head of a grid is calm, and passwords show as
+/// The focus is always visible, group titles and panels that lie over others stand out, the head of a grid is
+/// calm, and passwords show as
 /// "*".
 QString StyleSheetOf(const Shades& shades)
 {
@@ -82,6 +83,8 @@ QString StyleSheetOf(const Shades& shades)
                "QHeaderView::section { background: palette(window); border: none;"
                " border-bottom: 1px solid %2; border-right: 1px solid palette(midlight);"
                " padding: 4px 6px; font-weight: 600; }"
+               "QFrame[floating=\"true\"] { background: palette(window); border: 2px solid %1;"
+               " border-radius: 6px; }"
                "QTableView { gridline-color: palette(midlight); }"
                "QLineEdit { lineedit-password-character: 42; }"
                "QStatusBar::item { border: none; }")
