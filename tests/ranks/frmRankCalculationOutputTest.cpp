@@ -141,8 +141,8 @@ TEST_F(RankListOutput, FractionMarksThatAreRoundedAreRankedByTheirRoundedTotals)
     Session().gblnFractionMarks = true;
     const auto ranks = [&] {
         OpenAndProceed();
-        const QStringList shown{Cell(QStringLiteral("Asha"), QStringLiteral("Rank")),
-                                Cell(QStringLiteral("Binu"), QStringLiteral("Rank"))};
+        QStringList shown{Cell(QStringLiteral("Asha"), QStringLiteral("Rank")),
+                          Cell(QStringLiteral("Binu"), QStringLiteral("Rank"))};
         Press(Button("cmdExit"));
         Settle();
         return shown;
