@@ -1,6 +1,5 @@
 #include "exams/MarkScreen.h"
 
-
 #include <QClipboard>
 
 namespace tally::test {
