@@ -6,6 +6,7 @@
 #include "core/Prompts.h"
 #include "ui_frmStartLock.h"
 
+#include <QApplication>
 #include <QBitmap>
 #include <QKeyEvent>
 #include <QPainter>
@@ -37,6 +38,33 @@ QPixmap Padlock(const QPalette& palette, qreal ratio)
     return picture;
 }
 
+/// Hides all that stands in a window, whatever size the window takes.
+class WindowCover : public QWidget
+{
+public:
+    explicit WindowCover(QWidget* window) : QWidget(window)
+    {
+        setAutoFillBackground(true);
+        resize(window->size());
+        window->installEventFilter(this);
+        show();
+    }
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        if (receiver == parent() && event->type() == QEvent::Resize)
+            resize(static_cast<QResizeEvent*>(event)->size());
+        return QWidget::eventFilter(receiver, event);
+    }
+};
+
+/// A list or a tip; it goes by itself as the lock takes the keys.
+bool IsPassing(const QWidget* window)
+{
+    return window->windowType() == Qt::Popup || window->windowType() == Qt::ToolTip;
+}
+
 } // namespace
 
 void frmStartLock::Lock(QWidget* mainWindow)
@@ -54,9 +82,36 @@ frmStartLock::frmStartLock(QWidget* mainWindow)
     ui_->Image1->setPixmap(Padlock(palette(), devicePixelRatioF()));
     adjustSize();
     move(mainWindow->geometry().center() - rect().center());
+    CoverWindows();
+    qApp->installEventFilter(this);
 }
 
 frmStartLock::~frmStartLock() = default;
+
+void frmStartLock::CoverWindows()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows)
+        if (window->isVisible() && !IsPassing(window))
+            Cover(window);
+}
+
+void frmStartLock::Cover(QWidget* shown)
+{
+    auto* cover = new WindowCover(shown);
+    connect(this, &QObject::destroyed, cover, [cover] { delete cover; });
+}
+
+bool frmStartLock::eventFilter(QObject* receiver, QEvent* event)
+{
+    if (event->type() == QEvent::Show) {
+        // A box that waits for its answer, as the lock's own do, can be read and answered.
+        auto* late = qobject_cast<QWidget*>(receiver);
+        if (late && late->isWindow() && !late->isModal() && !IsPassing(late))
+            Cover(late);
+    }
+    return QDialog::eventFilter(receiver, event);
+}
 
 void frmStartLock::keyPressEvent(QKeyEvent* event)
 {

@@ -10,7 +10,8 @@ class frmStartLock;
 
 namespace tally {
 
-/// Lies over everything while the clerk is away. F10 asks for the login; Esc offers to end the program.
+/// Lies over everything while the clerk is away, and nothing of what lies behind can be read. F10 asks for
+/// the login; Esc offers to end the program.
 class frmStartLock : public QDialog
 {
     Q_OBJECT
@@ -21,6 +22,7 @@ public:
     ~frmStartLock() override;
 
 protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -28,6 +30,8 @@ protected:
 
 private:
     explicit frmStartLock(QWidget* mainWindow);
+    void CoverWindows();
+    void Cover(QWidget* shown);
     void AskForUnlocking();
     void Unload();
 

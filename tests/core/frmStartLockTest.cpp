@@ -1,5 +1,6 @@
 #include "core/frmStartLock.h"
 
+#include "core/controls/FlexGrid.h"
 #include "core/frmStartUnlock.h"
 #include "core/mdiTallyboard.h"
 #include "support/ScreenFixture.h"
@@ -8,8 +9,15 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolTip>
 
 namespace tally::test {
 namespace {
@@ -167,6 +175,158 @@ TEST_F(frmStartLockTest, ALockedProgramIsNotLockedTwice)
 {
     frmStartLock::Lock(window);
     EXPECT_EQ(window->findChildren<frmStartLock*>().size(), 1);
+}
+
+/// What a stranger at the desk of a clerk who went away must not read: windows full of marks, here in a
+/// colour that nothing else in the program has.
+class WhatLiesBehindTheLock : public ScreenFixture
+{
+protected:
+    static constexpr QRgb MarkColor = qRgb(255, 0, 200);
+
+    void SetUp() override
+    {
+        ScreenFixture::SetUp();
+        Session().gstrLoginId = QStringLiteral("mary");
+        Session().gstrPassword = QStringLiteral("secret");
+        GivenUser(4, QStringLiteral("mary"), QStringLiteral("secret"));
+        window->Area()->addSubWindow(Marks())->showMaximized();
+        window->statusBar()->addWidget(Marks());
+        Settle();
+        ASSERT_TRUE(ShowsMarks(window));
+    }
+
+    /// A grid of marks; every cell is in the colour.
+    static FlexGrid* Marks(QWidget* parent = nullptr)
+    {
+        auto* grid = new FlexGrid(parent);
+        grid->SetCols(4);
+        grid->SetRows(40);
+        QPalette colors = grid->palette();
+        for (const auto role : {QPalette::Base, QPalette::AlternateBase})
+            colors.setColor(role, QColor(MarkColor));
+        grid->setPalette(colors);
+        return grid;
+    }
+    static bool ShowsMarks(QWidget* shown)
+    {
+        const QImage picture = shown->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                if (picture.pixel(x, y) == MarkColor)
+                    return true;
+        return false;
+    }
+    void Lock()
+    {
+        window->MenuItem(QStringLiteral("mnuLock"))->trigger();
+        lock = window->findChild<frmStartLock*>();
+        ASSERT_NE(lock, nullptr);
+        Settle();
+    }
+    void Unlock()
+    {
+        QTest::keyClick(lock, Qt::Key_F10);
+        auto* unlock = lock->findChild<frmStartUnlock*>();
+        ASSERT_NE(unlock, nullptr);
+        EXPECT_FALSE(ShowsMarks(window)) << "while it asks for the login";
+        Type(Find<QLineEdit>(unlock, "txtLoginID"), QStringLiteral("mary"));
+        Type(Find<QLineEdit>(unlock, "txtPassword"), QStringLiteral("secret"));
+        Press(Find<QPushButton>(unlock, "cmdOK"));
+        Settle();
+    }
+
+    QPointer<frmStartLock> lock;
+};
+
+TEST_F(WhatLiesBehindTheLock, IsOutOfSightUntilItIsUnlocked)
+{
+    Lock();
+    EXPECT_FALSE(ShowsMarks(window));
+    window->resize(window->width() - 60, window->height() - 40);
+    Settle();
+    EXPECT_FALSE(ShowsMarks(window));
+    window->resize(window->width() + 90, window->height() + 70);
+    Settle();
+    EXPECT_FALSE(ShowsMarks(window));
+    Unlock();
+    EXPECT_TRUE(lock.isNull());
+    EXPECT_TRUE(ShowsMarks(window));
+}
+
+TEST_F(WhatLiesBehindTheLock, StaysSoWhileTheLocksQuestionStands)
+{
+    Lock();
+    Prompts::AnswerWith({});
+    bool shown = true;
+    QTimer::singleShot(0, lock, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        shown = ShowsMarks(window);
+        QTest::keyClick(box, Qt::Key_N);
+    });
+    QTest::keyClick(lock, Qt::Key_Escape);
+    EXPECT_FALSE(shown);
+    EXPECT_FALSE(ShowsMarks(window));
+}
+
+TEST_F(WhatLiesBehindTheLock, AFailureThatTheTickTellsUncoversNothing)
+{
+    Lock();
+    Given("DROP TABLE ExamBoardMaster");
+    Prompts::AnswerWith({});
+    QPointer<QMessageBox> told;
+    bool shown = true;
+    bool readable = false;
+    QTimer looks;
+    QObject::connect(&looks, &QTimer::timeout, lock, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        told = box;
+        shown = ShowsMarks(window);
+        readable = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->visibleRegion() ==
+                   QRegion(box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->rect());
+        box->accept();
+        looks.stop();
+    });
+    looks.start(20);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !looks.isActive(); }));
+    StopPresence();
+    EXPECT_FALSE(shown);
+    EXPECT_TRUE(readable);
+    EXPECT_FALSE(ShowsMarks(window));
+}
+
+TEST_F(WhatLiesBehindTheLock, OtherWindowsOfTheProgramAreCoveredAsWell)
+{
+    auto* list = Marks(new QDialog(window));
+    list->window()->resize(300, 200);
+    list->resize(300, 200);
+    list->window()->show();
+    ASSERT_TRUE(ShowsMarks(list->window()));
+    Lock();
+    EXPECT_FALSE(ShowsMarks(list->window()));
+
+    auto* late = Marks(new QDialog(window));
+    late->resize(300, 200);
+    late->window()->show();
+    Settle();
+    EXPECT_FALSE(ShowsMarks(late->window())) << "one that comes up while it is locked";
+    Unlock();
+    EXPECT_TRUE(ShowsMarks(list->window()));
+    EXPECT_TRUE(ShowsMarks(late->window()));
+}
+
+TEST_F(WhatLiesBehindTheLock, OpenListsAndTipsGo)
+{
+    auto* menu = new QMenu(window);
+    menu->addAction(QStringLiteral("Asha 99"));
+    menu->popup(window->mapToGlobal(QPoint(50, 50)));
+    QToolTip::showText(window->mapToGlobal(QPoint(90, 90)), QStringLiteral("Asha 99"), window);
+    Lock();
+    EXPECT_FALSE(menu->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
 }
 
 } // namespace
