@@ -85,7 +85,8 @@ void frmUtilApplicationDateChange::dtpApplicationDate_Change(const QDate& date)
 
 void frmUtilApplicationDateChange::cmdSave_Click()
 {
-    if (!MayUse(QLatin1Char('M')))
+    // The tree of rights offers this screen a Save only; M comes with older rows.
+    if (!MayUse(QLatin1Char('M'), QLatin1Char('S')))
         return;
     Session().gdtmApplicationDate = ui_->dtpApplicationDate->date();
     ShowMovedApplicationDate();

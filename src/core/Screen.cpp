@@ -119,10 +119,13 @@ bool Screen::ReleaseScreen()
     return !error->IsLocked();
 }
 
-bool Screen::MayUse(QChar code)
+bool Screen::MayUse(QChar code, QChar instead)
 {
     bool allowed = false;
-    if (!Read([&] { allowed = CheckPrivilege(objectName(), code); }))
+    if (!Read([&] {
+            allowed = (!instead.isNull() && CheckPrivilege(objectName(), instead)) ||
+                      CheckPrivilege(objectName(), code);
+        }))
         return false;
     Session().gblnPrivilege = allowed;
     if (!allowed)

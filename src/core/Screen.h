@@ -50,8 +50,9 @@ protected:
     /// disabled.
     void SetExitButton(QAbstractButton* button);
 
-    /// CheckPrivilege for this form; shows the refusal. True when the action may go on.
-    bool MayUse(QChar code);
+    /// CheckPrivilege for this form; shows the refusal. True when the action may go on. Where `instead` is
+    /// given, that right is as good as `code`, whose text tells the refusal.
+    bool MayUse(QChar code, QChar instead = {});
 
     /// For a screen that must have this client to itself: switches the four work menus off until it closes.
     /// When another screen is open (not looked at with `amongOthers`), says that this one can't be opened,

@@ -20,15 +20,15 @@ protected:
         GivenYear(1, 2007, "Y");
     }
     /// Working days 18, 19, 20, 21, 22 and 25 of June; the last one is the working date.
-    void OpenForm(int days)
+    void OpenForm(int days, const QString& right = QStringLiteral("M"))
     {
         for (const int day : {18, 19, 20, 21, 22, 25})
             GivenDays({QDate(2007, 6, day)});
-        OpenFor(days);
+        OpenFor(days, right);
     }
-    void OpenFor(int days)
+    void OpenFor(int days, const QString& right = QStringLiteral("M"))
     {
-        GivenSessionUser(days, {{QStringLiteral("frmUtilApplicationDateChange"), QStringLiteral("M")}});
+        GivenSessionUser(days, {{QStringLiteral("frmUtilApplicationDateChange"), right}});
         Start();
         form = Open<frmUtilApplicationDateChange>("frmUtilApplicationDateChange");
         ASSERT_NE(form, nullptr);
@@ -155,14 +155,23 @@ TEST_F(ApplicationDateChange, EnterGoesOnToTheNextField)
     EXPECT_TRUE(HasFocus(form, "cmdSave"));
 }
 
-TEST_F(ApplicationDateChange, SaveNeedsItsOwnRight)
+TEST_F(ApplicationDateChange, TheSaveOfTheTreeOfRightsIsEnough)
 {
-    OpenForm(5);
-    Given("DELETE FROM UserPrivilegeDetails");
+    OpenForm(5, QStringLiteral("S"));
+    Pick(QDate(2007, 6, 21));
+    prompts.ExpectInformation(QStringLiteral("Application Date Changed"));
+    Click(form, "cmdSave");
+    EXPECT_EQ(Session().gdtmApplicationDate, QDate(2007, 6, 21));
+}
+
+TEST_F(ApplicationDateChange, SaveNeedsARightOfItsOwnAndSaysWhich)
+{
+    OpenForm(5, QStringLiteral("D"));
     Pick(QDate(2007, 6, 21));
     prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Modify Application Date"));
     Click(form, "cmdSave");
     EXPECT_EQ(Session().gdtmApplicationDate, QDate(2007, 6, 25));
+    EXPECT_FALSE(Session().gblnPrivilege);
 }
 
 TEST_F(ApplicationDateChange, MustBeAloneAndTakesTheMenus)
