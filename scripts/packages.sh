@@ -13,5 +13,6 @@ packages_run=(fonts-dejavu-core)
 # To run ./test: the test library, the two checks of the code, a display of its own for the end-to-end tests.
 packages_test=(libgtest-dev clang-format clang-tidy unzip xvfb xauth xdotool)
 
-# For ./test --full: the benchmarks, the rendering of exported workbooks and the Debian package.
-packages_full=(libbenchmark-dev libreoffice-calc-nogui poppler-utils dpkg-dev)
+# For ./test --full: the benchmarks, the rendering of exported workbooks (with the letters of their standard font, and
+# without), and the Debian package.
+packages_full=(libbenchmark-dev libreoffice-calc-nogui fonts-crosextra-carlito poppler-utils dpkg-dev)

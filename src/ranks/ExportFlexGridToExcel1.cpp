@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numeric>
 #include <vector>
 
 namespace tally {
@@ -24,9 +25,22 @@ constexpr int NextCard = 13;
 
 constexpr int SchoolNamePoints = 16;
 constexpr CellStyle StudentStyle{.middle = true};
+
+// Every row has a height of its own: an office program makes a row of the standard height as high as its
+// font, and a row more here and there would push the signatures off the page.
+constexpr double PlainRowHeight = Workbook::StandardRowHeight + 1;
 constexpr double StudentRowHeight = 18;
 constexpr double HeadRowHeight = 22;
 constexpr double ExamRowHeight = 20;
+
+// The widths of columns, in points. A text in a wider font than the standard one becomes smaller in its
+// column; the exam goes on in a second line instead.
+constexpr double RoomAroundText = 9;
+constexpr double RoomAroundExam = 14;
+constexpr double WidestExam = 20 * Workbook::LetterPoints;
+/// The part of a line that words fill before the next one no longer fits.
+constexpr double FilledLine = 0.75;
+constexpr CellStyle ExamNameStyle{.middle = true, .border = true, .wrap = true};
 
 const QString Signatures =
     QStringLiteral(" Principal:                   Class Teacher:                  Parents/Guardian:");
@@ -71,6 +85,24 @@ std::vector<Card> CardsOf(const FlexGrid& grid, int lastRow)
         within = line;
     }
     return cards;
+}
+
+/// The grid's columns in the order of the sheet's: those from the subjects on, and last what exam the line
+/// is.
+std::vector<int> SheetColumns(int lastCol)
+{
+    std::vector<int> columns;
+    for (int col = RankCardRows::FirstSubjectColumn; col <= lastCol; ++col)
+        columns.push_back(col);
+    columns.push_back(RankCardRows::ExamColumn);
+    return columns;
+}
+
+QString CellText(const FlexGrid& grid, int row, int col)
+{
+    if (row == 0 && col == RankCardRows::ExamColumn)
+        return QStringLiteral("Exam");
+    return grid.TextMatrix(row, col).trimmed();
 }
 
 QString StudentLine(const FlexGrid& grid, const Card& card, const StudentText& text)
@@ -118,29 +150,50 @@ struct Page
     double scale = 1;           ///< of the standard size
     std::vector<double> points; ///< widths of the columns
 
+    double examLineHeight = 0;
+
+    /// As many go into a line over all columns, whatever the font.
     double Letters() const
     {
-        double letters = 0;
-        for (const double width : points)
-            letters += Workbook::ColumnLetters(width);
-        return letters;
+        return std::accumulate(points.begin(), points.end(), 0.0) / Workbook::WidestLetterPoints;
     }
 };
 
-/// The least widths of the grid's columns from the subjects on that keep their texts apart.
-std::vector<double> NeededPoints(const FlexGrid& grid, int lastRow, int lastCol)
+/// The least widths of the sheet's columns that keep their texts apart.
+std::vector<double> NeededPoints(const FlexGrid& grid, int lastRow, const std::vector<int>& columns)
 {
-    constexpr double RoomAroundText = 1.5;
     std::vector<double> points;
-    for (int col = RankCardRows::FirstSubjectColumn; col <= lastCol; ++col) {
-        qsizetype longest = 1;
+    for (const int col : columns) {
+        double letters = 1;
         for (int row = 0; row <= lastRow; ++row) {
             if (grid.RowHeight(row) > 0)
-                longest = std::max(longest, grid.TextMatrix(row, col).trimmed().size());
+                letters = std::max(letters, LettersOnPaper(CellText(grid, row, col)));
         }
-        points.push_back(Workbook::ColumnPoints(static_cast<double>(longest) + RoomAroundText));
+        const double width = letters * Workbook::LetterPoints;
+        points.push_back(col == RankCardRows::ExamColumn ? std::min(width, WidestExam) + RoomAroundExam
+                                                         : width + RoomAroundText);
     }
     return points;
+}
+
+QString LongestExam(const FlexGrid& grid, int lastRow)
+{
+    QString longest;
+    for (int row = RankCardRows::FirstLineRow; row <= lastRow; ++row) {
+        QString exam = CellText(grid, row, RankCardRows::ExamColumn);
+        if (LettersOnPaper(exam) > LettersOnPaper(longest))
+            longest = std::move(exam);
+    }
+    return longest;
+}
+
+/// The height of an exam line whose exam has a column of `points`.
+double ExamLineHeight(const QString& exam, double points)
+{
+    const double letters = (points - RoomAroundExam) / Workbook::WidestLetterPoints;
+    return LettersOnPaper(exam) <= letters
+               ? ExamRowHeight
+               : std::max(ExamRowHeight, HeadLineHeight(exam, ExamNameStyle, FilledLine * letters));
 }
 
 /// Printers and office programs differ a little in how wide a letter is.
@@ -152,6 +205,7 @@ struct CardSize
     std::vector<double> neededPoints; ///< widths of the columns
     std::vector<HeadLine> headLines;
     std::vector<QString> studentLines;
+    QString longestExam;
     int examLines = 0;
 };
 
@@ -159,10 +213,11 @@ Page FitPage(bool landscape, const CardSize& card)
 {
     const std::vector<double>& neededPoints = card.neededPoints;
     const QSizeF room = Workbook::PrintableArea(landscape) * SureRoom;
-    double needed = 0;
-    for (const double points : neededPoints)
-        needed += points;
-    Page page{.landscape = landscape, .scale = std::min(1.0, room.width() / needed), .points = neededPoints};
+    const double needed = std::accumulate(neededPoints.begin(), neededPoints.end(), 0.0);
+    Page page{.landscape = landscape,
+              .scale = std::min(1.0, room.width() / needed),
+              .points = neededPoints,
+              .examLineHeight = 0};
     // The card spans the page, so that the school's head and the signatures have room on a narrow one too.
     const auto span = [&] {
         for (std::size_t col = 0; col < page.points.size(); ++col)
@@ -170,13 +225,14 @@ Page FitPage(bool landscape, const CardSize& card)
     };
     span();
 
-    double height = HeadRowHeight + card.examLines * ExamRowHeight;
+    page.examLineHeight = ExamLineHeight(card.longestExam, page.points.back());
+    double height = HeadRowHeight + card.examLines * page.examLineHeight;
     for (const HeadLine& line : card.headLines)
-        height += HeadLineHeight(line.text, line.style, page.Letters());
+        height += HeadLineHeight(line.text, line.style, page.Letters(), PlainRowHeight);
     for (const QString& line : card.studentLines)
         height += HeadLineHeight(line, StudentStyle, page.Letters(), StudentRowHeight);
     const auto plainRows = FirstStudentRow - static_cast<int>(card.headLines.size()) + NextCard - 1;
-    height += plainRows * Workbook::StandardRowHeight;
+    height += plainRows * PlainRowHeight;
     if (height * page.scale > room.height()) {
         page.scale = room.height() / height;
         span();
@@ -194,9 +250,9 @@ Page BestPage(const CardSize& card)
 class CardWriter
 {
 public:
-    CardWriter(Workbook& workbook, const FlexGrid& grid, int lastCol, std::vector<HeadLine> headLines,
+    CardWriter(Workbook& workbook, const FlexGrid& grid, std::vector<int> columns, const CardSize& card,
                const Page& page)
-        : workbook_(workbook), grid_(grid), lastCol_(lastCol), headLines_(std::move(headLines)), page_(page),
+        : workbook_(workbook), grid_(grid), columns_(std::move(columns)), card_(card), page_(page),
           letters_(page.Letters())
     {}
 
@@ -215,32 +271,43 @@ public:
     }
 
 private:
-    int LastSheetColumn() const { return lastCol_ - RankCardRows::FirstSubjectColumn; }
+    int LastSheetColumn() const { return static_cast<int>(columns_.size()) - 1; }
 
     void WriteCard(const Card& card)
     {
-        for (const HeadLine& line : headLines_)
-            WriteHeadLine(workbook_, row_++, LastSheetColumn(), line.text, line.style, letters_);
-        row_ += FirstStudentRow - static_cast<int>(headLines_.size());
+        for (const HeadLine& line : card_.headLines)
+            WriteHeadLine(workbook_, row_++, LastSheetColumn(), line.text, line.style, letters_,
+                          PlainRowHeight);
+        WritePlainRows(FirstStudentRow - static_cast<int>(card_.headLines.size()));
         for (const StudentText& text : StudentTexts)
             WriteHeadLine(workbook_, row_++, LastSheetColumn(), StudentLine(grid_, card, text), StudentStyle,
                           letters_, StudentRowHeight);
         WriteLine(0, HeadRowHeight);
         for (int line = 0; line < card.lines; ++line)
-            WriteLine(card.firstRow + line, ExamRowHeight);
-        const int lastLine = row_ - 1;
-        workbook_.WriteText(lastLine + SignatureRow, 0, Signatures, {});
-        row_ = lastLine + NextCard;
+            WriteLine(card.firstRow + line, page_.examLineHeight);
+        WritePlainRows(SignatureRow);
+        workbook_.WriteText(row_ - 1, 0, Signatures, {});
+        WritePlainRows(NextCard - SignatureRow - 1);
+    }
+
+    void WritePlainRows(int count)
+    {
+        for (int row = 0; row < count; ++row)
+            workbook_.SetRowHeight(row_++, PlainRowHeight);
     }
 
     void WriteLine(int gridRow, double height)
     {
         workbook_.SetRowHeight(row_, height);
-        CellStyle style{.align = CellStyle::Align::Center, .middle = true, .border = true};
-        style.bold = gridRow == 0;
+        CellStyle style{.align = CellStyle::Align::Center, .middle = true, .border = true, .shrink = true};
+        CellStyle examStyle = ExamNameStyle;
+        style.bold = examStyle.bold = gridRow == 0;
         for (int col = 0; col <= LastSheetColumn(); ++col) {
-            const QString text = grid_.TextMatrix(gridRow, RankCardRows::FirstSubjectColumn + col).trimmed();
-            if (gridRow == 0)
+            const int gridCol = columns_[static_cast<std::size_t>(col)];
+            const QString text = CellText(grid_, gridRow, gridCol);
+            if (gridCol == RankCardRows::ExamColumn)
+                workbook_.WriteText(row_, col, text, examStyle);
+            else if (gridRow == 0)
                 workbook_.WriteText(row_, col, text, style);
             else
                 WriteTyped(workbook_, row_, col, text, style);
@@ -265,8 +332,8 @@ private:
 
     Workbook& workbook_;
     const FlexGrid& grid_;
-    const int lastCol_;
-    const std::vector<HeadLine> headLines_;
+    const std::vector<int> columns_; ///< of the grid, in the sheet's order
+    const CardSize& card_;
     const Page& page_;
     const double letters_; ///< over the whole width of a card
     int row_ = 0;
@@ -279,17 +346,18 @@ QString ExportFlexGridToExcel1(const FlexGrid& grid, int lastRow, int lastCol, c
                                const QString& heading, int examCount)
 {
     const std::vector<Card> cards = CardsOf(grid, lastRow);
-    const std::vector<HeadLine> headLines = HeadLines(title, heading);
-    const Page page = BestPage(
-        {NeededPoints(grid, lastRow, lastCol), headLines, LongestStudentLines(grid, cards), examCount});
+    const std::vector<int> columns = SheetColumns(lastCol);
+    const CardSize size{NeededPoints(grid, lastRow, columns), HeadLines(title, heading),
+                        LongestStudentLines(grid, cards), LongestExam(grid, lastRow), examCount};
+    const Page page = BestPage(size);
 
-    const auto columns = static_cast<qint64>(page.points.size());
-    const auto fullRows = static_cast<qint64>(headLines.size() + StudentTexts.size()) + 1 + examCount;
-    const qint64 cellsOfCard = fullRows * columns + 1; // the signatures
+    const auto fullRows = static_cast<qint64>(size.headLines.size() + StudentTexts.size()) + 1 + examCount;
+    const qint64 cellsOfCard = fullRows * static_cast<qint64>(columns.size()) + 1; // the signatures
     ExportSubject subject{title.isEmpty() ? QStringLiteral("Rank Card") : title, heading,
                           cellsOfCard * static_cast<qint64>(cards.size())};
     return ExportWorkbook(subject, [&](Workbook& workbook) {
-        CardWriter(workbook, grid, lastCol, headLines, page).Write(cards);
+        workbook.BoundColumns();
+        CardWriter(workbook, grid, columns, size, page).Write(cards);
     });
 }
 

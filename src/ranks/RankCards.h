@@ -97,7 +97,8 @@ struct RankCardInput
 /// The cards in the rows and columns of the grid that shows them.
 struct RankCardRows
 {
-    static constexpr int FirstLineRow = 2;       ///< behind the heads and the subject codes
+    static constexpr int FirstLineRow = 2; ///< behind the heads and the subject codes
+    static constexpr int ExamColumn = 0;
     static constexpr int FixedColumns = 2;       ///< exam and student, which stay in sight beside the ranks
     static constexpr int FirstSubjectColumn = 5; ///< behind exam, student, admission number, class, division
     static constexpr int ColumnsBehindSubjects = 4; ///< total, average, rank, grade

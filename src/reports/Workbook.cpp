@@ -21,8 +21,11 @@ constexpr double Side = 0.5;
 constexpr double Top = 0.6;
 constexpr double Bottom = 0.75;
 constexpr double PointsPerInch = 72;
-/// A digit of the standard font on paper, and the part of one that is left free around a column's letters.
-constexpr double PointsPerLetter = 5.6;
+/// The font in which bounded columns are counted, a digit of it on paper, and the part of one that is left
+/// free around a column's letters.
+constexpr const char* WidestFont = "Verdana";
+constexpr double WidestFontPoints = 10;
+constexpr double WidestDigit = 0.636 * WidestFontPoints;
 constexpr double LettersAround = 5.0 / 7;
 /// Grey, so that the lines lead the eye and the figures stand out.
 constexpr lxw_color_t LineColor = 0x808080;
@@ -84,12 +87,12 @@ QSizeF Workbook::PrintableArea(bool landscape)
 
 double Workbook::ColumnPoints(double letters)
 {
-    return (letters + LettersAround) * PointsPerLetter;
+    return (letters + LettersAround) * WidestDigit;
 }
 
 double Workbook::ColumnLetters(double points)
 {
-    return points / PointsPerLetter - LettersAround;
+    return points / WidestDigit - LettersAround;
 }
 
 void Workbook::NewSheet()
@@ -97,6 +100,14 @@ void Workbook::NewSheet()
     sheet_ = book_ ? workbook_add_worksheet(book_.get(), nullptr) : nullptr;
     if (sheet_ == nullptr)
         throw WorkbookError("The working file could not be made.");
+}
+
+void Workbook::BoundColumns()
+{
+    // Columns are counted in the font of the first format, which no cell has.
+    lxw_format* counted = STAILQ_FIRST(book_->formats);
+    format_set_font_name(counted, WidestFont);
+    format_set_font_size(counted, WidestFontPoints);
 }
 
 void Workbook::SetColumnWidth(int column, double width)
@@ -201,6 +212,8 @@ lxw_format* Workbook::Format(const CellStyle& style)
     }
     if (style.wrap)
         format_set_text_wrap(format);
+    if (style.shrink)
+        format_set_shrink(format);
     if (style.fill != 0)
         format_set_bg_color(format, style.fill & 0xFFFFFFU);
     const QString number =

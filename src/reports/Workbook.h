@@ -41,6 +41,7 @@ struct CellStyle
     bool bold = false;
     bool border = false; ///< a thin line on all four sides
     bool wrap = false;   ///< a long text goes on in a second line
+    bool shrink = false; ///< a text that is too wide becomes smaller; not together with wrap
     QRgb fill = 0;       ///< 0: no fill
     int decimals = 0;    ///< shown behind the point of a number
     int points = 0;      ///< size of the letters; 0: the standard size
@@ -84,8 +85,12 @@ public:
 
     /// The room between the margins of a page, in points.
     static QSizeF PrintableArea(bool landscape);
-    /// The width on paper, in points, of a column of so many letters, from 1 on, and the letters of such a
-    /// width. Some programs print columns up to a sixteenth narrower.
+    /// The width on paper, in points, of a letter of the standard font, and of the same letter in the widest
+    /// font that office programs put in the place of one that they have not got.
+    static constexpr double LetterPoints = 5.6;
+    static constexpr double WidestLetterPoints = 7;
+    /// The most width on paper, in points, of a column of so many letters, from 1 on, in a workbook that has
+    /// BoundColumns, and the letters of such a width.
     static double ColumnPoints(double letters);
     static double ColumnLetters(double points);
 
@@ -95,9 +100,15 @@ public:
     /// Leaves the sheet as it is and goes on with a new one behind it.
     void NewSheet();
 
+    /// Bounds the widths of all columns on paper, for sheets that are printed in a given percentage. Office
+    /// programs count columns in digits of one font; where they have not got it, its substitute would make
+    /// all columns wider and push the last one off the page. So they are counted in a font that is as wide as
+    /// any substitute. Comes before everything else; the letters in the cells stay as they are.
+    void BoundColumns();
     /// In letters of the standard font.
     void SetColumnWidth(int column, double width);
-    /// In points. Comes before the row's cells.
+    /// In points. Comes before the row's cells. A row of StandardRowHeight, or without a height, becomes as
+    /// high as its text in the font that the office program has.
     void SetRowHeight(int row, double height);
     /// An empty text makes an empty cell that has the style only. A text never becomes a formula.
     void WriteText(int row, int column, const QString& text, const CellStyle& style);

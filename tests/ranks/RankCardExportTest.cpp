@@ -75,10 +75,11 @@ protected:
     }
 
     /// One card of many exams and subjects.
-    void FillLargeCard(int exams, int subjects, const QString& name = LongestName)
+    void FillLargeCard(int exams, int subjects, const QString& name = LongestName,
+                       const QString& examName = QStringLiteral("Half Yearly"))
     {
         QString heads = QStringLiteral("||||");
-        QString line = QStringLiteral("Half Yearly|%1|7|X|A").arg(name);
+        QString line = QStringLiteral("%1|%2|7|X|A").arg(examName, name);
         for (int subject = 1; subject <= subjects; ++subject) {
             heads += QStringLiteral("|Sub%1").arg(subject);
             line += QStringLiteral("|100.00");
@@ -103,8 +104,9 @@ protected:
         double letters = 0;
         for (int column = 1; column <= columns; ++column)
             letters += sheet.ColumnWidth(column);
+        EXPECT_EQ(sheet.ColumnFont(), QStringLiteral("Verdana 10"));
         // The sheet counts the room around the letters of a column as letters too.
-        constexpr double PointsOfDigit = 5.57;
+        constexpr double PointsOfDigit = 6.36;
         return letters * PointsOfDigit * Percent(sheet) / 100;
     }
 
@@ -136,7 +138,7 @@ TEST_F(RankCardExport, ACardBeginsWithTheSchoolOverItsWholeWidthAndTwoBlankLines
     }
     for (const char* cell : {"A4", "A5", "A6"})
         EXPECT_EQ(sheet.At(cell).value, QString()) << cell;
-    EXPECT_EQ(sheet.Merges().mid(0, 5), QStringList({"A1:F1", "A2:F2", "A3:F3", "A4:F4", "A5:F5"}));
+    EXPECT_EQ(sheet.Merges().mid(0, 5), QStringList({"A1:G1", "A2:G2", "A3:G3", "A4:G4", "A5:G5"}));
 }
 
 TEST_F(RankCardExport, TheStudentStandsBelowInFourLinesTakenFromTheFirstExamLine)
@@ -161,12 +163,50 @@ TEST_F(RankCardExport, TheHeadsAndExamLinesFollowWithBordersAndEmptyCellsStayEmp
     EXPECT_EQ(sheet.At("A13").value, QStringLiteral("60"));
     EXPECT_EQ(sheet.At("B13").value, QString());
     EXPECT_FALSE(sheet.At("B13").isNumber);
-    for (const char* cell : {"A11", "F11", "A12", "F12", "A13", "B13", "F13"})
+    for (const char* cell : {"A11", "F11", "G11", "A12", "F12", "G12", "A13", "B13", "F13", "G13"})
         EXPECT_TRUE(sheet.At(cell).style.border) << cell;
     for (const char* cell : {"A11", "F11", "A12", "B12", "F12", "B13"})
         EXPECT_EQ(sheet.At(cell).style.horizontal, QStringLiteral("center")) << cell;
-    for (const char* cell : {"A10", "G12", "A14"})
+    for (const char* cell : {"A10", "H12", "A14"})
         EXPECT_FALSE(sheet.At(cell).style.border) << cell;
+}
+
+TEST_F(RankCardExport, EachLineEndsInTheNameOfItsExam)
+{
+    FillTwoCards();
+    const WorkbookReader sheet = Exported();
+    EXPECT_EQ(sheet.At("G11").value, QStringLiteral("Exam"));
+    EXPECT_TRUE(sheet.At("G11").style.bold);
+    EXPECT_EQ(sheet.At("G12").value, QStringLiteral("First"));
+    EXPECT_EQ(sheet.At("G13").value, QStringLiteral("Second"));
+    EXPECT_EQ(sheet.At("G37").value, QStringLiteral("First"));
+}
+
+TEST_F(RankCardExport, ALongNameOfAnExamGoesOnInFurtherLinesAndTheMarksKeepTheirRoom)
+{
+    const QString exam = QStringLiteral("Revision Before The Quarterly Examination 2024/25");
+    FillLargeCard(2, 12, LongestName, exam);
+    const WorkbookReader sheet = Exported();
+    EXPECT_EQ(sheet.At("Q12").value, exam);
+    EXPECT_TRUE(sheet.At("Q12").style.wrap);
+    EXPECT_GE(sheet.RowHeight(12), 3 * Workbook::StandardRowHeight);
+    EXPECT_LT(sheet.ColumnWidth(17), 4 * sheet.ColumnWidth(1));
+}
+
+TEST_F(RankCardExport, EveryRowHasAHeightOfItsOwnWhateverTheFont)
+{
+    FillTwoCards();
+    const WorkbookReader sheet = Exported();
+    for (int row = 1; row <= 49; ++row)
+        EXPECT_GT(sheet.RowHeight(row), Workbook::StandardRowHeight) << row;
+}
+
+TEST_F(RankCardExport, AMarkThatIsTooWideInAnotherFontBecomesSmallerInItsCell)
+{
+    FillTwoCards();
+    const WorkbookReader sheet = Exported();
+    for (const char* cell : {"A11", "A12", "F12"})
+        EXPECT_TRUE(sheet.At(cell).style.shrink) << cell;
 }
 
 TEST_F(RankCardExport, MarksAreNumbersThatLookAsInTheGrid)
@@ -208,7 +248,7 @@ TEST_F(RankCardExport, EachCardHasAPageOfItsOwn)
         << "fitting to pages makes office programs forget the page breaks";
     EXPECT_EQ(sheet.Attribute("pageSetup", "paperSize"), QStringLiteral("9"));
     EXPECT_EQ(sheet.Attribute("printOptions", "horizontalCentered"), QStringLiteral("1"));
-    EXPECT_EQ(sheet.DefinedName("_xlnm.Print_Area"), QStringLiteral("Sheet1!$A$1:$F$49"));
+    EXPECT_EQ(sheet.DefinedName("_xlnm.Print_Area"), QStringLiteral("Sheet1!$A$1:$G$49"));
 }
 
 TEST_F(RankCardExport, ACardOfFewSubjectsSpansAnUprightPageInFullSize)
@@ -218,8 +258,8 @@ TEST_F(RankCardExport, ACardOfFewSubjectsSpansAnUprightPageInFullSize)
     EXPECT_FALSE(Landscape(sheet));
     EXPECT_EQ(Percent(sheet), 100);
     const double room = Workbook::PrintableArea(false).width();
-    EXPECT_LE(PrintedWidth(sheet, 6), room);
-    EXPECT_GE(PrintedWidth(sheet, 6), 0.9 * room);
+    EXPECT_LE(PrintedWidth(sheet, 7), room);
+    EXPECT_GE(PrintedWidth(sheet, 7), 0.9 * room);
 }
 
 TEST_F(RankCardExport, TwelveSubjectsLieAcrossThePageInAReadableSize)
@@ -228,7 +268,7 @@ TEST_F(RankCardExport, TwelveSubjectsLieAcrossThePageInAReadableSize)
     const WorkbookReader sheet = Exported(5);
     EXPECT_TRUE(Landscape(sheet));
     EXPECT_GE(Percent(sheet), 75);
-    EXPECT_LE(PrintedWidth(sheet, 16), Workbook::PrintableArea(true).width());
+    EXPECT_LE(PrintedWidth(sheet, 17), Workbook::PrintableArea(true).width());
     EXPECT_LE(PrintedHeight(sheet, 11 + 5 + 12), Workbook::PrintableArea(true).height());
 }
 
@@ -239,7 +279,7 @@ TEST_F(RankCardExport, NoCardIsCutByThePagesEdgeHoweverManyExamsAndSubjectsItHas
             FillLargeCard(exams, subjects);
             const WorkbookReader sheet = Exported(exams);
             const QSizeF room = Workbook::PrintableArea(Landscape(sheet));
-            EXPECT_LE(PrintedWidth(sheet, subjects + 4), room.width()) << exams << ' ' << subjects;
+            EXPECT_LE(PrintedWidth(sheet, subjects + 5), room.width()) << exams << ' ' << subjects;
             EXPECT_LE(PrintedHeight(sheet, 11 + exams + 12), room.height()) << exams << ' ' << subjects;
         }
     }
@@ -281,7 +321,7 @@ TEST_F(RankCardExport, TheLongestStudentNameGoesOnInASecondLineAndOtherCardsStay
           "First|Binu|7|X|A|20|71|91|45.5||C", ""});
     const WorkbookReader sheet = Exported(1);
     EXPECT_EQ(sheet.At("A7").value, QStringLiteral(" Student Name : ") + LongestName);
-    EXPECT_TRUE(sheet.Merges().contains(QStringLiteral("A7:F7")));
+    EXPECT_TRUE(sheet.Merges().contains(QStringLiteral("A7:G7")));
     EXPECT_TRUE(sheet.At("A7").style.wrap);
     EXPECT_EQ(sheet.RowHeight(7), 2 * Workbook::StandardRowHeight);
     EXPECT_FALSE(sheet.At("A8").style.wrap);
@@ -293,7 +333,7 @@ TEST_F(RankCardExport, TheLongestStudentNameGoesOnInASecondLineAndOtherCardsStay
 
 TEST_F(RankCardExport, ACardThatFillsItsPageBecomesSmallerForTheSecondLineOfAName)
 {
-    constexpr int ExamsOfAFullPage = 17;
+    constexpr int ExamsOfAFullPage = 16;
     FillLargeCard(ExamsOfAFullPage, 2, QStringLiteral("Asha"));
     EXPECT_EQ(Percent(Exported(ExamsOfAFullPage)), 100);
     FillLargeCard(ExamsOfAFullPage, 2);
@@ -307,7 +347,7 @@ TEST_F(RankCardExport, ANameInCapitalsGoesOnInASecondLineEarlier)
               QStringLiteral("First|") + name + QStringLiteral("|7|X|A|74|80|154|77|1|A"), ""});
         return Exported(1).RowHeight(7);
     };
-    const QString name = QStringLiteral("Hemachandran ").repeated(5);
+    const QString name = QStringLiteral("Hemachandran ").repeated(4);
     EXPECT_LT(height(name), 2 * Workbook::StandardRowHeight);
     EXPECT_EQ(height(name.toUpper()), 2 * Workbook::StandardRowHeight);
 }

@@ -59,6 +59,10 @@ void WorkbookReader::ReadStyles(const QString& path)
             bolds.push_back(false);
         } else if (name == u"b") {
             bolds.back() = true;
+        } else if (name == u"sz" && bolds.size() == 1) {
+            columnFont_ = Value(xml, "val");
+        } else if (name == u"name" && bolds.size() == 1) {
+            columnFont_.prepend(Value(xml, "val") + u' ');
         } else if (name == u"fill") {
             fills.emplace_back();
         } else if (name == u"fgColor") {
@@ -82,6 +86,7 @@ void WorkbookReader::ReadStyles(const QString& path)
             styles_.back().horizontal = Value(xml, "horizontal");
             styles_.back().vertical = Value(xml, "vertical");
             styles_.back().wrap = Value(xml, "wrapText") == u"1";
+            styles_.back().shrink = Value(xml, "shrinkToFit") == u"1";
         }
     });
 }

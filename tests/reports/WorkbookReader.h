@@ -17,6 +17,7 @@ public:
         bool bold = false;
         bool border = false; ///< on all four sides
         bool wrap = false;
+        bool shrink = false;
         QString fill; ///< "FFRRGGBB"; empty for none
         QString horizontal;
         QString vertical;
@@ -37,6 +38,8 @@ public:
     /// By the sheet's own name, such as "B7". A cell that is not there has exists = false.
     Cell At(const QString& reference) const { return cells_.value(reference); }
     const QStringList& Merges() const { return merges_; }
+    /// The font in whose digits columns are counted, and its size, such as "Calibri 11".
+    const QString& ColumnFont() const { return columnFont_; }
     /// In letters; 0 where the sheet says nothing. Columns from 1.
     double ColumnWidth(int column) const { return widths_.value(column); }
     /// 0 where the sheet says nothing. Rows from 1.
@@ -57,6 +60,7 @@ private:
 
     QHash<QString, Cell> cells_;
     QStringList merges_;
+    QString columnFont_;
     QHash<int, double> widths_;
     QHash<int, double> heights_;
     QHash<QString, QString> attributes_;
