@@ -11,7 +11,6 @@
 #include "core/SessionContext.h"
 #include "ui_frmMasAcademicYearSetup.h"
 
-#include <QAction>
 #include <QHeaderView>
 
 namespace tally {
@@ -42,11 +41,6 @@ frmMasAcademicYearSetup::frmMasAcademicYearSetup()
     SetExitButton(ui_->cmdExit);
     TakeOnly(ui_->txtAcademicYearFrom, &KeyNumeric, 4);
 
-    // The other screens must not meet a year that is being changed, whether or not some are open already.
-    mastersWereOn_ = mdiTallyboard::Instance()->MenuItem(QStringLiteral("mnuMasters"))->isEnabled();
-    DisableMainMenus();
-    Session().gblnMenusLocked = true;
-
     ui_->cbostatus->setCurrentIndex(-1);
     ShowState(MasterState::Idle);
     Read([this] { LoadGrid(); });
@@ -69,23 +63,14 @@ frmMasAcademicYearSetup::~frmMasAcademicYearSetup() = default;
 void frmMasAcademicYearSetup::Form_Activate(bool first)
 {
     Read([this] { ShowSchoolSetupOffer(); });
-    if (first)
+    // The other screens must not meet a year that is being changed, whether or not some are open already.
+    if (first && TakeMenus(true))
         TakeScreen(QStringLiteral("AcademicYearSetup"));
 }
 
 bool frmMasAcademicYearSetup::Form_QueryUnload()
 {
     return AYearIsActive();
-}
-
-void frmMasAcademicYearSetup::Form_Unload()
-{
-    Session().gblnMenusLocked = false;
-    // School Setup, opened from here and closed, has switched them on in between.
-    if (mastersWereOn_)
-        EnableMainMenus();
-    else
-        DisableMainMenus();
 }
 
 void frmMasAcademicYearSetup::cmdExit_Click()

@@ -26,7 +26,6 @@ public:
 protected:
     void Form_Activate(bool first) override;
     bool Form_QueryUnload() override;
-    void Form_Unload() override;
     void cmdExit_Click() override;
 
 private:
@@ -54,7 +53,6 @@ private:
     std::unique_ptr<Ui::frmMasAcademicYearSetup> ui_;
     int code_ = 0; ///< of the row in hand; 0 for none
     bool editing_ = false;
-    bool mastersWereOn_ = false; ///< mnuMasters when the screen opened
 };
 
 } // namespace tally

@@ -27,6 +27,12 @@ bool Ask(const QString& text, const QString& caption = ApplicationTitle);
 /// The same in a box without an icon.
 bool AskPlainly(const QString& text);
 
+/// True while a box waits for its answer. What lies behind it must not start anything meanwhile.
+bool AreOpen();
+/// Runs `work` as soon as no box waits any more, before the answer to the last one reaches whoever asked; at
+/// once where none does.
+void WhenAnswered(std::function<void()> work);
+
 /// Lets `answer` take the place of the boxes: it gets each box's kind and text, and what it returns stands
 /// for Yes or No. An empty function brings the real boxes back. For tests and the guided tour.
 using Answer = std::function<bool(Kind kind, const QString& text)>;

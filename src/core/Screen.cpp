@@ -10,21 +10,29 @@
 
 #include <QAbstractButton>
 #include <QCloseEvent>
+#include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPointer>
 
 namespace tally {
 
 Screen::Screen(const QString& formName, int helpScreenNo)
 {
     setObjectName(formName);
-    setAttribute(Qt::WA_DeleteOnClose);
     new FormKeys(this, helpScreenNo);
 }
 
 void Screen::SetExitButton(QAbstractButton* button)
 {
     exitButton_ = button;
-    connect(button, &QAbstractButton::clicked, this, &Screen::cmdExit_Click);
+    connect(button, &QAbstractButton::clicked, this, &Screen::Exit);
+}
+
+void Screen::Exit()
+{
+    // A key pressed just before a box came may still arrive behind it.
+    if (!Prompts::AreOpen())
+        cmdExit_Click();
 }
 
 void Screen::cmdExit_Click()
@@ -40,30 +48,38 @@ void Screen::Unload()
     unloaded_ = true;
     Form_Unload();
     if (menusTaken_) {
-        Session().gblnMenusLocked = false;
+        Session().gblnMenusLocked = AnyScreenHasTakenMenus();
         EnableMainMenus();
     }
-    if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget()))
-        frame->close();
-    else
-        close();
+    LeaveArea();
     ShowBackground();
+}
+
+void Screen::LeaveArea()
+{
+    // The frame is not asked to close: it may be in the middle of that, and would stay.
+    auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
+    QWidget* outermost = frame ? static_cast<QWidget*>(frame) : this;
+    outermost->hide();
+    if (frame && frame->mdiArea())
+        frame->mdiArea()->removeSubWindow(frame);
+    // A box may wait for its answer on behalf of a handler of this screen, under others or by itself.
+    Prompts::WhenAnswered([left = QPointer<QWidget>(outermost)] {
+        if (left)
+            left->deleteLater();
+    });
 }
 
 void Screen::closeEvent(QCloseEvent* event)
 {
-    if (unloaded_) {
-        event->accept();
-        return;
-    }
     event->ignore();
     if (CloseBoxExits() && (!exitButton_ || exitButton_->isEnabled()))
-        cmdExit_Click();
+        Exit();
 }
 
 void Screen::Activate()
 {
-    if (unloaded_)
+    if (unloaded_ || !Session().gcnnMain)
         return;
     const bool first = !activated_;
     activated_ = true;

@@ -27,13 +27,16 @@ public:
     void Activate();
     /// True once the screen has been closed and only waits for its deletion.
     bool IsUnloaded() const { return unloaded_; }
+    /// True while this screen has the four work menus to itself.
+    bool HasTakenMenus() const { return menusTaken_; }
     /// Closes without a question unless Form_QueryUnload objects or another client's save keeps the screen
-    /// from being released; frees the shared instance and gives the main window its picture back.
+    /// from being released; frees the shared instance and gives the main window its picture back. The screen
+    /// is out of sight at once and deleted when no handler and no box of it is at work any more.
     void Unload();
 
 protected:
     /// Asks whether to leave, where the office wants to be asked, and unloads. `cmdExit` and the close box
-    /// come here.
+    /// come here, though never while a box waits for its answer.
     virtual void cmdExit_Click();
     /// The name in the exit question; the caption unless a screen says otherwise.
     virtual QString ExitCaption() const { return windowTitle(); }
@@ -54,9 +57,9 @@ protected:
     /// given, that right is as good as `code`, whose text tells the refusal.
     bool MayUse(QChar code, QChar instead = {});
 
-    /// For a screen that must have this client to itself: switches the four work menus off until it closes.
-    /// When another screen is open (not looked at with `amongOthers`), says that this one can't be opened,
-    /// closes it and gives false.
+    /// For a screen that must have this client to itself: switches the four work menus off until it and all
+    /// others that took them have closed. When another screen is open (not looked at with `amongOthers`),
+    /// says that this one can't be opened, closes it and gives false.
     bool TakeMenus(bool amongOthers = false);
     /// For a screen that no two clients may have open: enters `screenName` among the screens in use until it
     /// closes. When another client has it open, says so, closes this one and gives false.
@@ -84,6 +87,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void Exit();
+    void LeaveArea();
     /// Gives other clients the screen that TakeScreen took. False when another client's save stood in the way
     /// for now; the user has been told.
     bool ReleaseScreen();

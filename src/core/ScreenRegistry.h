@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -20,6 +20,8 @@ void Register(const QString& formName, Factory factory);
 /// Takes a screen out again, for tests that entered one of their own.
 void Forget(const QString& formName);
 bool Knows(const QString& formName);
+/// All screens that are entered, in the order of the alphabet.
+QStringList Names();
 /// The open instance, or a new one; null for a name that is not registered.
 Screen* Instance(const QString& formName);
 /// The open instance; null when the screen is not open.

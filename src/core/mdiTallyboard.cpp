@@ -19,10 +19,11 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QScopedValueRollback>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
+
+#include <utility>
 
 namespace tally {
 
@@ -94,7 +95,10 @@ mdiTallyboard::mdiTallyboard() : ui_(std::make_unique<Ui::mdiTallyboard>()), tmr
     resize(screen()->availableSize());
     setWindowState(Qt::WindowMaximized);
 
-    menuItems_ = BuildMenus(ui_->MenuBar, &ShowForm);
+    menuItems_ = BuildMenus(ui_->MenuBar, [](const QString& screen) {
+        if (!Prompts::AreOpen())
+            ShowForm(screen);
+    });
     connect(MenuItem(QStringLiteral("mnuLock")), &QAction::triggered, this,
             [this] { frmStartLock::Lock(this); });
     connect(MenuItem(QStringLiteral("mnuClose")), &QAction::triggered, this, &mdiTallyboard::mnuClose_Click);
@@ -139,8 +143,32 @@ QAction* mdiTallyboard::MenuItem(const QString& name) const
 
 void mdiTallyboard::EnableMenuItem(const QString& name, bool enabled)
 {
-    if (QAction* item = MenuItem(name))
-        item->setEnabled(enabled && LeadsSomewhere(item));
+    QAction* item = MenuItem(name);
+    if (!item)
+        return;
+    const bool on = enabled && LeadsSomewhere(item);
+    if (const auto taken = takenMenus_.find(item); taken != takenMenus_.end())
+        *taken = on;
+    else
+        item->setEnabled(on);
+}
+
+void mdiTallyboard::TakeWorkMenus()
+{
+    if (!takenMenus_.isEmpty())
+        return;
+    for (const char* name : {"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"}) {
+        QAction* menu = MenuItem(QString::fromLatin1(name));
+        takenMenus_.insert(menu, menu->isEnabled());
+        menu->setEnabled(false);
+    }
+}
+
+void mdiTallyboard::GiveWorkMenusBack()
+{
+    const auto taken = std::exchange(takenMenus_, {});
+    for (auto menu = taken.begin(); menu != taken.end(); ++menu)
+        menu.key()->setEnabled(menu.value());
 }
 
 void mdiTallyboard::ShowPicture(int resourceId)
@@ -225,11 +253,9 @@ void mdiTallyboard::tmrTimer_Timer()
         transaction.Commit();
     } catch (const store::StoreError& error) {
         // Another client is saving just now; the next second will do. And one box at a time is enough to
-        // read.
-        if (error.IsLocked() || tickFailureShown_)
-            return;
-        const QScopedValueRollback shown(tickFailureShown_, true);
-        Prompts::Critical(error.Description());
+        // read and to answer.
+        if (!error.IsLocked() && !Prompts::AreOpen())
+            Prompts::Critical(error.Description());
     }
 }
 

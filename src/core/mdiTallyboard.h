@@ -35,9 +35,13 @@ public:
     QMdiArea* Area() const;
     /// The menu entry of that name, for a group the entry that opens it; null for none.
     QAction* MenuItem(const QString& name) const;
-    /// Switches a menu entry. An entry whose screen this program does not have stays off; an unknown name
-    /// does nothing.
+    /// Switches a menu entry; one of the work menus while they are taken, when they are given back. An entry
+    /// whose screen this program does not have stays off; an unknown name does nothing.
     void EnableMenuItem(const QString& name, bool enabled);
+    /// Switches the four work menus off until they are given back, each as it would be by then. Taking or
+    /// giving twice does nothing more.
+    void TakeWorkMenus();
+    void GiveWorkMenusBack();
     /// The picture behind the screens, by resource number. One that can't be read leaves the plain
     /// background.
     void ShowPicture(int resourceId);
@@ -64,10 +68,11 @@ private:
 
     std::unique_ptr<Ui::mdiTallyboard> ui_;
     QHash<QString, QAction*> menuItems_;
+    QHash<QAction*, bool> takenMenus_; ///< what each work menu goes back to; empty while none is taken
     std::array<QLabel*, 3> panels_{};
     QTimer* tmrTimer_;
     int shownPicture_ = 0;
-    bool tickFailureShown_ = false;
+    bool closeMetLock_ = false;
 };
 
 } // namespace tally

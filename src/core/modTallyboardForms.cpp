@@ -21,23 +21,11 @@
 #include <QScreen>
 
 #include <algorithm>
-#include <array>
+#include <functional>
 
 namespace tally {
 
 namespace {
-
-/// The menus that a screen which must be alone switches off.
-constexpr std::array WorkMenus{"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"};
-constexpr std::array FirstRunMenus{"mnuToolsMenu", "mnufrmUtilUserMaster", "mnufrmUtilUserPrivileges"};
-
-template <typename Names>
-void EnableMenus(const Names& names, bool enabled)
-{
-    if (auto* window = mdiTallyboard::Instance())
-        for (const char* name : names)
-            window->EnableMenuItem(QString::fromLatin1(name), enabled);
-}
 
 std::vector<Screen*> OpenScreens()
 {
@@ -90,7 +78,6 @@ void ShowForm(const QString& formName)
         frame = window->Area()->addSubWindow(screen, Qt::SubWindow | Qt::CustomizeWindowHint |
                                                          Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                                          Qt::WindowCloseButtonHint);
-        frame->setAttribute(Qt::WA_DeleteOnClose);
         frame->resize(frame->sizeHint()
                           .expandedTo(frame->minimumSizeHint())
                           .boundedTo(window->Area()->viewport()->size()));
@@ -104,6 +91,9 @@ void ShowForm(const QString& formName)
     frame->hide();
     screen->show();
     frame->show();
+    // A screen that may not be opened now has told so and is gone.
+    if (screen->IsUnloaded())
+        return;
     // Where the keys go is shown from the first field on, not only after the first Tab.
     window->setAttribute(Qt::WA_KeyboardFocusChange);
     window->Area()->setActiveSubWindow(frame);
@@ -164,20 +154,30 @@ bool OtherFormsOpen(const QWidget* form)
     });
 }
 
+bool AnyScreenHasTakenMenus()
+{
+    const auto screens = OpenScreens();
+    return std::any_of(screens.begin(), screens.end(), std::mem_fn(&Screen::HasTakenMenus));
+}
+
 void DisableMainMenus()
 {
-    EnableMenus(WorkMenus, false);
+    if (auto* window = mdiTallyboard::Instance())
+        window->TakeWorkMenus();
 }
 
 void EnableMainMenus()
 {
-    if (!Session().gblnMenusLocked)
-        EnableMenus(WorkMenus, true);
+    auto* window = mdiTallyboard::Instance();
+    if (window && !Session().gblnMenusLocked)
+        window->GiveWorkMenusBack();
 }
 
 void EnableFirstRunMenus()
 {
-    EnableMenus(FirstRunMenus, true);
+    if (auto* window = mdiTallyboard::Instance())
+        for (const char* name : {"mnuToolsMenu", "mnufrmUtilUserMaster", "mnufrmUtilUserPrivileges"})
+            window->EnableMenuItem(QString::fromLatin1(name), true);
 }
 
 void ClearControls(QWidget* form)

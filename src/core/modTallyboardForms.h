@@ -30,7 +30,10 @@ bool AnyChildFormOpen();
 /// True if any screen other than `form` and AboutUs is open.
 bool OtherFormsOpen(const QWidget* form);
 
-/// The four work menus off while a screen must be alone on this client, and on again unless one still is.
+/// True if some open screen has the four work menus to itself.
+bool AnyScreenHasTakenMenus();
+/// The four work menus off while a screen must be alone on this client, and back to what the user's rights
+/// make of each of them unless one still is.
 void DisableMainMenus();
 void EnableMainMenus();
 /// What a new installation may reach before its first login exists.

@@ -99,5 +99,36 @@ TEST(PromptsTest, ANameIsNeverTakenForMarkUp)
     EXPECT_EQ(box.Shown().format, Qt::PlainText);
 }
 
+TEST(PromptsTest, WorkThatMustNotComeUnderABoxWaitsForTheLastAnswer)
+{
+    std::vector<std::string> order;
+    EXPECT_FALSE(Prompts::AreOpen());
+    Prompts::WhenAnswered([&order] { order.emplace_back("at once"); });
+    Prompts::AnswerWith([&order](Prompts::Kind kind, const QString&) {
+        EXPECT_TRUE(Prompts::AreOpen());
+        if (kind == Prompts::Kind::Question) {
+            Prompts::WhenAnswered([&order] { order.emplace_back("waited"); });
+            Prompts::Information(QStringLiteral("Record Saved"));
+            order.emplace_back("one of two answered");
+            EXPECT_TRUE(Prompts::AreOpen());
+        }
+        return true;
+    });
+    EXPECT_TRUE(Prompts::Ask(QStringLiteral("Exit ?")));
+    Prompts::AnswerWith({});
+    EXPECT_FALSE(Prompts::AreOpen());
+    EXPECT_EQ(order, (std::vector<std::string>{"at once", "one of two answered", "waited"}));
+}
+
+TEST(PromptsTest, ARealBoxIsOpenUntilItIsAnswered)
+{
+    bool wasOpen = false;
+    QTimer::singleShot(0, [&wasOpen] { wasOpen = Prompts::AreOpen(); });
+    const NextBox box(Qt::Key_Return);
+    Prompts::Information(QStringLiteral("Record Saved"));
+    EXPECT_TRUE(wasOpen);
+    EXPECT_FALSE(Prompts::AreOpen());
+}
+
 } // namespace
 } // namespace tally::test

@@ -115,21 +115,26 @@ TEST_F(ShowFormTest, OtherFormsAreThoseBesideTheOneThatAsks)
     EXPECT_TRUE(OtherFormsOpen(nullptr));
 }
 
-TEST_F(ShowFormTest, TheWorkMenusGoOffTogetherAndComeBackUnlessLocked)
+TEST_F(ShowFormTest, TheWorkMenusGoOffTogetherAndComeBackAsTheyWereUnlessLocked)
 {
+    for (const char* name : {"mnuMasters", "mnuReports", "mnuToolsMenu"})
+        window->EnableMenuItem(QString::fromLatin1(name), true);
+    EnableMainMenus();
+    EXPECT_FALSE(On("mnuTransactions")) << "nothing was taken";
     DisableMainMenus();
-    Session().gblnMenusLocked = true;
-    EnableMainMenus();
-    EXPECT_FALSE(On("mnuMasters"));
-    Session().gblnMenusLocked = false;
-    EnableMainMenus();
-    for (const char* name : {"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"})
-        EXPECT_TRUE(On(name)) << name;
     DisableMainMenus();
     for (const char* name : {"mnuMasters", "mnuTransactions", "mnuReports", "mnuToolsMenu"})
         EXPECT_FALSE(On(name)) << name;
     for (const char* name : {"mnuHelp", "mnuLock", "mnuClose"})
         EXPECT_TRUE(On(name)) << name;
+    Session().gblnMenusLocked = true;
+    EnableMainMenus();
+    EXPECT_FALSE(On("mnuMasters"));
+    Session().gblnMenusLocked = false;
+    EnableMainMenus();
+    for (const char* name : {"mnuMasters", "mnuReports", "mnuToolsMenu"})
+        EXPECT_TRUE(On(name)) << name;
+    EXPECT_FALSE(On("mnuTransactions"));
 }
 
 TEST_F(ShowFormTest, LeavingIsAskedForOnlyWhereTheOfficeWantsIt)
