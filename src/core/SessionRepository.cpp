@@ -136,7 +136,10 @@ void SessionRepository::WriteStartRows(store::Transaction& transaction, const QD
 
 void SessionRepository::RefreshPresence(store::Transaction& transaction)
 {
-    transaction.Execute(QStringLiteral("UPDATE ExamBoardMaster SET Status = 'A' WHERE BoardCode = 1"));
+    // A row that says so already is not written again: each second's write would wait for the disk, and fail
+    // each second on one that is full.
+    transaction.Execute(
+        QStringLiteral("UPDATE ExamBoardMaster SET Status = 'A' WHERE BoardCode = 1 AND Status <> 'A'"));
 }
 
 void SessionRepository::RemovePresence(store::Transaction& transaction)

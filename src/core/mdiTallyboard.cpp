@@ -227,6 +227,8 @@ void mdiTallyboard::Form_Activate()
 void mdiTallyboard::ForceFirstRun()
 {
     const SessionContext& session = Session();
+    if (!session.gcnnMain)
+        return;
     if (!session.gblnSchoolExists)
         Force(QStringLiteral("frmMasSchoolSetup"));
     else if (!session.gblnActiveYearExists)
@@ -261,20 +263,29 @@ void mdiTallyboard::tmrTimer_Timer()
 
 void mdiTallyboard::mnuClose_Click()
 {
-    if (!Prompts::Ask(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?")))
+    // The work that waits for an open box would go on without its databases.
+    if (Prompts::AreOpen() ||
+        !Prompts::Ask(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?")) || !RemovePresence())
         return;
+    tmrTimer_->stop();
+    Session().gcnnMain.reset();
+    DeleteTempFolder();
+    EndProcess();
+}
+
+bool mdiTallyboard::RemovePresence()
+{
     try {
         store::Transaction transaction(*Session().gcnnMain);
         SessionRepository(*Session().gcnnMain).RemovePresence(transaction);
         transaction.Commit();
     } catch (const store::StoreError& error) {
         Prompts::Critical(error.Description());
-        return;
+        // The next start replaces a row that stays behind, so nobody is kept at work by a full disk, nor
+        // twice by another client's save.
+        return !error.IsLocked() || std::exchange(closeMetLock_, true);
     }
-    tmrTimer_->stop();
-    Session().gcnnMain.reset();
-    DeleteTempFolder();
-    EndProcess();
+    return true;
 }
 
 void mdiTallyboard::SizePanels()

@@ -61,6 +61,8 @@ private:
     void Form_Activate();
     void tmrTimer_Timer();
     void mnuClose_Click();
+    /// False when the clerk was told that another client's save is in the way, and may try again.
+    bool RemovePresence();
     /// Opens what a new system lacks: the school, then its academic year.
     void ForceFirstRun();
     void Force(const QString& formName);

@@ -3,8 +3,10 @@
 #include "core/controls/PictureArea.h"
 #include "core/modTallyboardForms.h"
 #include "core/ScreenRegistry.h"
+#include "support/FileSizeLimit.h"
 #include "support/ScreenFixture.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -189,17 +191,97 @@ TEST_F(mdiTallyboardTest, CloseRemovesThePresenceRowAndTheTempFolderAndEnds)
     EXPECT_FALSE(Find<QTimer>(window, "tmrTimer")->isActive());
 }
 
-TEST_F(mdiTallyboardTest, ACloseThatFailsIsToldAndTheWindowStays)
+TEST_F(mdiTallyboardTest, ACloseThatFailsIsToldAndLetsTheClerkGo)
 {
     Given("DROP TABLE ExamBoardMaster");
     prompts.ExpectQuestion(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?"), true);
     prompts.ExpectCritical();
     window->MenuItem(QStringLiteral("mnuClose"))->trigger();
+    EXPECT_EQ(processEnds, 1);
+    EXPECT_EQ(Session().gcnnMain, nullptr);
+    EXPECT_FALSE(QDir(Folder() + QStringLiteral("/Temp")).exists());
+    EXPECT_FALSE(Find<QTimer>(window, "tmrTimer")->isActive());
+}
+
+TEST_F(mdiTallyboardTest, AFullDiskIsToldByCloseAndLetsTheClerkGo)
+{
+    QStringList boxes;
+    Prompts::AnswerWith([&boxes](Prompts::Kind kind, const QString& text) {
+        EXPECT_EQ(kind, boxes.isEmpty() ? Prompts::Kind::Question : Prompts::Kind::Critical);
+        boxes.append(text);
+        return true;
+    });
+    {
+        const FileSizeLimit full(0);
+        WaitForTick();
+        EXPECT_EQ(boxes, QStringList()) << "a full disk is no matter of the clock's";
+        window->MenuItem(QStringLiteral("mnuClose"))->trigger();
+    }
+    EXPECT_EQ(boxes.size(), 2);
+    EXPECT_EQ(processEnds, 1);
+    EXPECT_EQ(Session().gcnnMain, nullptr);
+    EXPECT_FALSE(QDir(Folder() + QStringLiteral("/Temp")).exists());
+    EXPECT_EQ(AnotherClient()->Number(QStringLiteral("SELECT count(*) FROM ExamBoardMaster")), 1);
+}
+
+TEST_F(mdiTallyboardTest, ACloseThatMeetsAnotherClientsSaveIsToldAndGoesAtTheSecondTryAtTheLatest)
+{
+    const QString question = QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?");
+    const QString inUse = QStringLiteral("The Data Is In Use By Another Client. Please Try Again In A Moment "
+                                         "(database is locked)");
+    Session().gcnnMain->SetPatience(std::chrono::milliseconds(0));
+    const auto other = AnotherClient();
+    other->Begin();
+    prompts.ExpectQuestion(question, true);
+    prompts.ExpectCritical(inUse);
+    window->MenuItem(QStringLiteral("mnuClose"))->trigger();
     EXPECT_EQ(processEnds, 0);
     EXPECT_TRUE(window->isVisible());
-    EXPECT_NE(Session().gcnnMain, nullptr);
+    ASSERT_NE(Session().gcnnMain, nullptr);
     EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
     EXPECT_TRUE(QDir(Folder() + QStringLiteral("/Temp")).exists());
+    EXPECT_TRUE(Find<QTimer>(window, "tmrTimer")->isActive());
+
+    Session().gcnnMain->SetPatience(std::chrono::milliseconds(0));
+    prompts.ExpectQuestion(question, true);
+    prompts.ExpectCritical(inUse);
+    window->MenuItem(QStringLiteral("mnuClose"))->trigger();
+    EXPECT_EQ(processEnds, 1);
+    EXPECT_EQ(Session().gcnnMain, nullptr);
+    EXPECT_FALSE(QDir(Folder() + QStringLiteral("/Temp")).exists());
+    other->Rollback();
+}
+
+TEST_F(mdiTallyboardTest, BetweenCloseAndTheEndNothingAsksTheStore)
+{
+    Screen* screen = OpenScreen(QStringLiteral("frmMasCityMaster"));
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?"), true);
+    window->MenuItem(QStringLiteral("mnuClose"))->trigger();
+    Session().gblnSchoolExists = false;
+    screen->Activate();
+    Activate();
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmMasSchoolSetup")), nullptr);
+}
+
+TEST_F(mdiTallyboardTest, AFailingTickWaitsForTheQuestionThatIsOpen)
+{
+    Screen* screen = OpenScreen(QStringLiteral("frmUtilOptions"));
+    Session().gblnPromptOnExit = true;
+    Given("ALTER TABLE ExamBoardMaster RENAME TO Gone");
+    QStringList boxes;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+        boxes.append(text);
+        if (boxes.size() == 1) {
+            WaitForTick();
+            EXPECT_EQ(boxes.size(), 1);
+            Given("ALTER TABLE Gone RENAME TO ExamBoardMaster");
+        }
+        return true;
+    });
+    Press(Find<QAbstractButton>(screen, "cmdExit"));
+    Settle();
+    EXPECT_EQ(boxes, QStringList(QStringLiteral("Do You Want To Exit Options ?")));
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmUtilOptions")), nullptr);
 }
 
 TEST_F(mdiTallyboardTest, TheStartReadsTheOptions)
