@@ -1,6 +1,7 @@
 #include "core/FormKeys.h"
 
 #include "core/modTallyboardForms.h"
+#include "core/Prompts.h"
 #include "core/SessionContext.h"
 
 #include <QAbstractButton>
@@ -10,6 +11,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 
 #include <algorithm>
 
@@ -91,22 +94,31 @@ bool IsAltLetter(const QKeyEvent* key)
            !key->text().isEmpty() && key->text().at(0).isPrint();
 }
 
-/// The control of `form` that Alt and the key lead to: a button, or the field whose label says so. Null for
-/// none.
-QWidget* MnemonicTarget(const QWidget* form, const QKeyEvent* key)
+/// What Alt and a letter mean to a form.
+struct Letter
 {
+    bool isOurs = false;       ///< a control of the form has it, usable or not
+    QWidget* target = nullptr; ///< the button or field that it leads to; null where none can be used
+};
+
+Letter FindLetter(const QWidget* form, const QKeyEvent* key)
+{
+    Letter letter;
     if (key->modifiers() != Qt::AltModifier)
-        return nullptr;
-    const auto usable = [form](const QWidget* widget) {
-        return widget->isEnabled() && widget->isVisibleTo(form);
+        return letter;
+    const auto look = [&](const QString& text, QWidget* control) {
+        if (letter.target || !IsMnemonicOf(text, key))
+            return;
+        letter.isOurs = true;
+        if (control->isEnabled() && control->isVisibleTo(form))
+            letter.target = control;
     };
     for (auto* button : form->findChildren<QAbstractButton*>())
-        if (usable(button) && IsMnemonicOf(button->text(), key))
-            return button;
+        look(button->text(), button);
     for (const auto* label : form->findChildren<QLabel*>())
-        if (label->buddy() && usable(label->buddy()) && IsMnemonicOf(label->text(), key))
-            return label->buddy();
-    return nullptr;
+        if (label->buddy())
+            look(label->text(), label->buddy());
+    return letter;
 }
 
 } // namespace
@@ -118,27 +130,46 @@ FormKeys::FormKeys(QWidget* form, int helpScreenNo) : QObject(form), form_(form)
 
 bool FormKeys::eventFilter(QObject* receiver, QEvent* event)
 {
+    const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
     auto* widget = qobject_cast<QWidget*>(receiver);
-    if (!widget || (widget != form_ && !form_->isAncestorOf(widget)))
+    if (!widget || (!isKey && event->type() != QEvent::Shortcut))
         return false;
-    if (event->type() == QEvent::ShortcutOverride) {
-        // The form in front goes before the menu bar where both have the letter, as Clic&k and Loc&k do.
-        const bool ours = MnemonicTarget(form_, static_cast<QKeyEvent*>(event)) != nullptr;
-        event->setAccepted(ours);
-        return ours;
+    if (widget != form_ && !form_->isAncestorOf(widget))
+        return isKey && widget->window() == form_->window() && IsInFront() && TakeLetter(event);
+    if (event->type() == QEvent::Shortcut) {
+        // The window system may hand a key to the window behind a box that has only just come.
+        if (Prompts::AreOpen())
+            return true;
+        // A button would wait with its click, for the sake of looks, and what comes first may be a box.
+        auto* button = qobject_cast<QAbstractButton*>(widget);
+        if (button)
+            Reach(button);
+        return button != nullptr;
     }
-    if (event->type() != QEvent::KeyPress)
-        return false;
+    return TakeLetter(event) ||
+           (event->type() == QEvent::KeyPress && TakeKey(widget, static_cast<QKeyEvent*>(event)));
+}
 
-    const auto* key = static_cast<QKeyEvent*>(event);
-    if (QWidget* target = MnemonicTarget(form_, key)) {
-        target->setFocus(Qt::ShortcutFocusReason);
-        // The field before may have kept the focus, or led it elsewhere; then the button was not reached.
-        auto* button = qobject_cast<QAbstractButton*>(target);
-        if (button && form_->focusWidget() == button)
-            button->click();
-        return true;
-    }
+bool FormKeys::IsInFront() const
+{
+    const auto* frame = qobject_cast<QMdiSubWindow*>(form_->parentWidget());
+    return frame && frame->mdiArea() && frame->mdiArea()->activeSubWindow() == frame;
+}
+
+bool FormKeys::TakeLetter(QEvent* event)
+{
+    const Letter letter = FindLetter(form_, static_cast<QKeyEvent*>(event));
+    if (!letter.isOurs)
+        return false;
+    // The form goes before the menu bar where both have the letter, as Clic&k and Loc&k do.
+    event->accept();
+    if (letter.target && event->type() == QEvent::KeyPress)
+        Reach(letter.target);
+    return true;
+}
+
+bool FormKeys::TakeKey(QWidget* widget, const QKeyEvent* key)
+{
     if (key->key() == Qt::Key_F1 && helpScreenNo_ != 0) {
         Session().glngScreenNo = helpScreenNo_;
         ShowForm(QStringLiteral("frmHelp"));
@@ -159,6 +190,15 @@ bool FormKeys::eventFilter(QObject* receiver, QEvent* event)
     QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));
     QApplication::sendEvent(widget, &tab);
     return true;
+}
+
+void FormKeys::Reach(QWidget* target)
+{
+    target->setFocus(Qt::ShortcutFocusReason);
+    // The field before may have kept the focus, or led it elsewhere; then the button was not reached.
+    auto* button = qobject_cast<QAbstractButton*>(target);
+    if (button && form_->focusWidget() == button)
+        button->click();
 }
 
 void TakeOnly(QLineEdit* field, KeyFilter filter, int maxLength)

@@ -4,13 +4,16 @@
 
 #include <QObject>
 
+class QKeyEvent;
 class QLineEdit;
 
 namespace tally {
 
 /// The keys that mean the same on every form, whatever field has the focus: F1 opens the help at the form's
 /// number, Enter goes to the next field (on a button it presses it), and the quote is swallowed, since no
-/// name in the office's records may hold one.
+/// name in the office's records may hold one. Alt and an underlined letter press the button or lead to the
+/// field that has it, at once; the letter of one that is switched off or hidden does nothing. While the form
+/// is in front, its letters are its own before those of the menu bar, wherever the keyboard is.
 class FormKeys : public QObject
 {
     Q_OBJECT
@@ -23,6 +26,11 @@ protected:
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
+    bool IsInFront() const;
+    bool TakeLetter(QEvent* event);
+    bool TakeKey(QWidget* widget, const QKeyEvent* key);
+    void Reach(QWidget* target);
+
     QWidget* form_;
     int helpScreenNo_;
 };
