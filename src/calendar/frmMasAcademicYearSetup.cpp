@@ -146,10 +146,6 @@ void frmMasAcademicYearSetup::cmdSave_Click()
                 GetNextCode(QStringLiteral("ACADEMICYEARCODE"), QStringLiteral("ACADEMICYEARSETUP"), 0);
             StoreNew(transaction, year);
         }
-        // The work stays open until the user has read its result: no other client can change the years
-        // meanwhile.
-        Prompts::Information(editing_ ? QStringLiteral("Academic Year Updated")
-                                      : QStringLiteral("Academic Year Saved"));
     });
     if (!stored) {
         session.gdtmApplicationDate = dateBefore;
@@ -160,6 +156,8 @@ void frmMasAcademicYearSetup::cmdSave_Click()
         if (Years().Count() == 1)
             TakeFirstYear(year);
     });
+    Prompts::Information(editing_ ? QStringLiteral("Academic Year Updated")
+                                  : QStringLiteral("Academic Year Saved"));
     cmdCancel_Click();
 }
 

@@ -118,14 +118,21 @@ private:
     ClassSectionPlan plan_;
 };
 
-void TellKept(const Tell& tell, const QString& what, const QStringList& names)
+/// The sentences about what had to be kept.
+QStringList Kept(const ClassSectionPlan& plan)
 {
-    if (!names.isEmpty())
-        tell(what + names.join(QStringLiteral(", ")) +
-             QStringLiteral(" Is Used In Other Entry Screen(s). So You Cannot Delete"));
+    QStringList sentences;
+    const auto add = [&sentences](const QString& what, const QStringList& names) {
+        if (!names.isEmpty())
+            sentences.append(what + names.join(QStringLiteral(", ")) +
+                             QStringLiteral(" Is Used In Other Entry Screen(s). So You Cannot Delete"));
+    };
+    add(QStringLiteral("This Division "), plan.blockedDivisions);
+    add(QStringLiteral("The Class "), plan.blockedClasses);
+    return sentences;
 }
 
-void Carry(store::Transaction& transaction, const ClassSectionPlan& plan, int userCode, const Tell& tell)
+void Carry(store::Transaction& transaction, const ClassSectionPlan& plan, int userCode)
 {
     using Repository = ClassSectionRepository;
     for (const auto& [classCode, divisionCode] : plan.deleteDivisions)
@@ -138,10 +145,8 @@ void Carry(store::Transaction& transaction, const ClassSectionPlan& plan, int us
         Repository::InsertDivision(transaction, division);
     for (const ClassDivision& division : plan.renameDivisions)
         Repository::RenameDivision(transaction, division);
-    TellKept(tell, QStringLiteral("This Division "), plan.blockedDivisions);
     for (const int classCode : plan.deleteClasses)
         Repository::DeleteClass(transaction, classCode);
-    TellKept(tell, QStringLiteral("The Class "), plan.blockedClasses);
 }
 
 /// Puts back what is on the grid and not in the database.
@@ -188,17 +193,20 @@ void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid,
     transaction.Commit();
 }
 
-void SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode, const Tell& tell)
+QStringList SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode)
 {
+    QStringList kept;
     {
         store::Transaction transaction(connection);
         const ClassSectionPlan plan = Reconcile(grid, ClassSectionRepository(connection).Read());
-        Carry(transaction, plan, userCode, tell);
+        Carry(transaction, plan, userCode);
         transaction.Commit();
+        kept = Kept(plan);
     }
     store::Transaction transaction(connection);
     PutBack(transaction, grid, userCode);
     transaction.Commit();
+    return kept;
 }
 
 } // namespace tally

@@ -4,8 +4,6 @@
 
 #include <QStringList>
 
-#include <functional>
-
 namespace tally {
 
 /// What has to be written so that the database agrees with the grid, in the order in which it is written.
@@ -28,15 +26,13 @@ ClassSectionPlan Reconcile(ClassSectionGrid& grid, const StoredClassSections& st
 /// How a class of the grid is stored.
 ClassRecord RecordOf(const ClassRow& row);
 
-/// Tells the user something and returns when it was read.
-using Tell = std::function<void(const QString& text)>;
-
 /// Stores the first classes of a school. Throws StoreError; then nothing is stored.
 void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid, int userCode);
 
-/// Makes the database agree with the grid as far as nothing else refers to what would go, and tells what was
-/// kept before it is stored. Throws StoreError. There are two transactions: what the first one stored stays
-/// when the second one, which puts missing classes and divisions back, fails.
-void SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode, const Tell& tell);
+/// Makes the database agree with the grid as far as nothing else refers to what would go. Gives what was kept
+/// for that reason, in sentences that the user is to be told; mostly none. Throws StoreError. There are two
+/// transactions: what the first one stored stays when the second one, which puts missing classes and
+/// divisions back, fails.
+QStringList SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode);
 
 } // namespace tally

@@ -15,6 +15,7 @@
 #include <QHeaderView>
 
 #include <algorithm>
+#include <utility>
 
 namespace tally {
 
@@ -205,10 +206,13 @@ void frmMasClassSectionEntry::cmdSave_Click()
     }
     try {
         const int userCode = Session().gintUserCode;
+        QStringList kept;
         if (editing_)
-            SaveEditedClasses(*Session().gcnnMain, classes_, userCode, &Prompts::Information);
+            kept = SaveEditedClasses(*Session().gcnnMain, classes_, userCode);
         else
             SaveNewClasses(*Session().gcnnMain, classes_, userCode);
+        for (const QString& sentence : std::as_const(kept))
+            Prompts::Information(sentence);
         ReArrangeClassOrder();
     } catch (const store::StoreError& error) {
         ShowClasses();

@@ -242,6 +242,26 @@ TEST_F(AcademicYearSetup, ASelectedYearCanBeEditedInItsStatusOnly)
     ExpectIdle();
 }
 
+TEST_F(AcademicYearSetup, AnEditIsToldWhenItIsStored)
+{
+    GivenYear(1, 2007, "Y");
+    OpenForm();
+    Select(0);
+    Click(form, "cmdEdit");
+    ChooseStatus(QStringLiteral("NO"));
+    QStringList boxes;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+        boxes.append(text);
+        EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
+        EXPECT_EQ(AnotherClient()->Number(
+                      QStringLiteral("SELECT count(*) FROM AcademicYearSetup WHERE Status = 'Y'")),
+                  0);
+        return true;
+    });
+    Click(form, "cmdSave");
+    EXPECT_EQ(boxes, QStringList(QStringLiteral("Academic Year Updated")));
+}
+
 TEST_F(AcademicYearSetup, AYearMayStayActiveInAnEdit)
 {
     GivenYear(1, 2007, "Y");

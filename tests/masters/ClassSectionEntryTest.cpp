@@ -232,7 +232,7 @@ TEST_F(ClassSectionEntry, ABlockedClassIsToldAndComesBack)
     EXPECT_EQ(classes->Rows(), 4);
 }
 
-TEST_F(ClassSectionEntry, WhileAResultIsShownWithinTheTransactionAnotherClientIsToldToWait)
+TEST_F(ClassSectionEntry, WhatWasKeptIsToldWhenAllIsStoredAndNobodyWaitsForItsReader)
 {
     GivenThreeClasses();
     GivenStudentIn(2, 3);
@@ -241,23 +241,39 @@ TEST_F(ClassSectionEntry, WhileAResultIsShownWithinTheTransactionAnotherClientIs
     QTest::keyClicks(txtNoOfDivisions, QStringLiteral("2"));
     auto other = AnotherClient();
     other->SetPatience(std::chrono::milliseconds(0));
-    bool locked = false;
-    qint64 read = 0;
+    int told = 0;
     Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
-        if (text.startsWith(QLatin1String("This Division"))) {
-            read = other->Number(QStringLiteral("SELECT count(*) FROM ClassDivisionDetails"));
-            try {
-                const store::Transaction transaction(*other);
-            } catch (const store::StoreError& error) {
-                locked = error.IsLocked();
-            }
-        }
+        if (!text.startsWith(QLatin1String("This Division")))
+            return true;
+        ++told;
+        EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
+        EXPECT_EQ(other->Number(
+                      QStringLiteral("SELECT NoOfDivisions FROM ClassDivisionMaster WHERE ClassCode = 2")),
+                  3);
+        const store::Transaction save(*other);
         return true;
     });
     Press(Button("cmdSave"));
-    EXPECT_TRUE(locked);
-    EXPECT_EQ(read, 6);
-    const store::Transaction afterwards(*other);
+    EXPECT_EQ(told, 1);
+}
+
+TEST_F(ClassSectionEntry, ACommitThatIsRefusedTellsNothingAsKept)
+{
+    GivenThreeClasses();
+    GivenStudentIn(2, 3);
+    Edit();
+    Click(classes, 2, 2);
+    QTest::keyClicks(txtNoOfDivisions, QStringLiteral("2"));
+    StopPresence();
+    const auto other = AnotherClient();
+    Session().gcnnMain->SetPatience(std::chrono::milliseconds(0));
+    auto reader = other->Query(QStringLiteral("SELECT * FROM MonthMaster"));
+    ASSERT_TRUE(reader.Next());
+    prompts.Expect(Prompts::Kind::Critical,
+                   QStringLiteral("The Data Is In Use By Another Client. Please Try Again In A Moment "
+                                  "(database is locked)"));
+    Press(Button("cmdSave"));
+    EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
 }
 
 TEST_F(ClassSectionEntry, WhatOtherTablesHoldFailsTheSaveWholeAndCancels)
