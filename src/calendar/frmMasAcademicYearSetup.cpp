@@ -119,13 +119,8 @@ void frmMasAcademicYearSetup::cmdDelete_Click()
     });
     if (!deleted)
         return;
-    SessionContext& session = Session();
-    if (code_ == session.gintAcademicYearCode) {
-        session.gdtmApplicationDate = QDate();
-        session.gintYearFrom = 0;
-        session.gintYearTo = 0;
-        mdiTallyboard::Instance()->ShowYearAndDate();
-    }
+    if (code_ == Session().gintAcademicYearCode)
+        ForgetYearInUse();
     Prompts::Information(QStringLiteral("Record Deleted"));
     cmdCancel_Click();
 }
@@ -285,7 +280,23 @@ void frmMasAcademicYearSetup::TakeFirstYear(const AcademicYear& year)
     session.gintAcademicYearCode = year.code;
     session.gdtmToDate = year.toDate;
     mdiTallyboard::Instance()->ShowYearAndDate();
-    session.gblnApplicationDateExists = true;
+    // A new year has its first day by now; the only one left may have lost its days.
+    if (!editing_)
+        session.gblnApplicationDateExists = true;
+}
+
+void frmMasAcademicYearSetup::ForgetYearInUse()
+{
+    SessionContext& session = Session();
+    session.gintAcademicYearCode = 0;
+    session.gintYearFrom = 0;
+    session.gintYearTo = 0;
+    session.gdtmFromDate = QDate();
+    session.gdtmToDate = QDate();
+    session.gdtmApplicationDate = QDate();
+    session.gblnActiveYearExists = false;
+    session.gblnApplicationDateExists = false;
+    mdiTallyboard::Instance()->ShowYearAndDate();
 }
 
 bool frmMasAcademicYearSetup::AYearIsActive()

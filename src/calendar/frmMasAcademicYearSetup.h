@@ -45,6 +45,8 @@ private:
     bool MayBeSaved();
     void StoreNew(store::Transaction& transaction, const AcademicYear& year);
     void TakeFirstYear(const AcademicYear& year);
+    /// The session is without a year and all that it says, until one is active again.
+    void ForgetYearInUse();
     bool AYearIsActive();
     /// The year as the controls show it.
     AcademicYear Entered() const;

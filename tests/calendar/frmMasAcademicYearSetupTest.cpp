@@ -62,6 +62,36 @@ protected:
         QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, place);
         QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, place);
     }
+    void DeleteRow(int row)
+    {
+        Select(row);
+        prompts.ExpectQuestion(QStringLiteral("Do You Want To Delete This Entry ?"), true);
+        prompts.ExpectInformation(QStringLiteral("Record Deleted"));
+        Click(form, "cmdDelete");
+    }
+    /// Adds the next day to the working calendar; it is expected to be `shown`.
+    void AddOneDay(const QString& shown)
+    {
+        if (!IsOpen("frmUtilApplicationDateSetup"))
+            OpenScreen(QStringLiteral("frmUtilApplicationDateSetup"));
+        prompts.ExpectQuestion(QStringLiteral("Do You Want To Add Application Date : %1 ?").arg(shown), true);
+        prompts.ExpectInformation(QStringLiteral("Application Date Added"));
+        Click(ScreenRegistry::OpenInstance(QStringLiteral("frmUtilApplicationDateSetup")), "cmdAddOneDay");
+    }
+    /// The session is in the first of two years, on its fourth day.
+    void ExpectWorkingIn2007()
+    {
+        const SessionContext& session = Session();
+        EXPECT_EQ(session.gintAcademicYearCode, 1);
+        EXPECT_EQ(session.gintYearFrom, 2007);
+        EXPECT_EQ(session.gdtmFromDate, QDate(2007, 6, 1));
+        EXPECT_EQ(session.gdtmToDate, QDate(2008, 5, 31));
+        EXPECT_EQ(session.gdtmApplicationDate, QDate(2007, 6, 4));
+        EXPECT_TRUE(session.gblnActiveYearExists);
+        EXPECT_TRUE(session.gblnApplicationDateExists);
+        EXPECT_EQ(Panel(1), "Academic Year : 2007-2008");
+        EXPECT_EQ(Panel(3), "Application Date : 04/Jun/2007");
+    }
     void ExpectButtons(bool newOn, bool editOn, bool deleteOn, bool saveOn)
     {
         EXPECT_EQ(IsOn(form, "cmdNew"), newOn);
@@ -392,6 +422,95 @@ TEST_F(AcademicYearSetup, DeletingTheOnlyYearLeavesTheSessionWithoutOne)
     EXPECT_EQ(Panel(3), "Application Date : 01/Jun/2010");
 }
 
+TEST_F(AcademicYearSetup, WithTheYearInUseGoesAllThatTheSessionKnewOfIt)
+{
+    GivenYear(1, 2007, "N");
+    GivenYear(2, 2008, "Y");
+    GivenDays({QDate(2007, 6, 4), QDate(2008, 6, 9)});
+    OpenForm();
+    ASSERT_EQ(Session().gintAcademicYearCode, 2);
+    DeleteRow(1);
+    const SessionContext& session = Session();
+    EXPECT_EQ(session.gintAcademicYearCode, 0);
+    EXPECT_EQ(session.gintYearFrom, 0);
+    EXPECT_EQ(session.gintYearTo, 0);
+    EXPECT_FALSE(session.gdtmFromDate.isValid());
+    EXPECT_FALSE(session.gdtmToDate.isValid());
+    EXPECT_FALSE(session.gdtmApplicationDate.isValid());
+    EXPECT_FALSE(session.gblnActiveYearExists);
+    EXPECT_FALSE(session.gblnApplicationDateExists);
+    EXPECT_EQ(Panel(1), "Academic Year : ");
+    EXPECT_EQ(Panel(3), "Application Date : ");
+    prompts.ExpectInformation(NoActiveYear);
+    Click(form, "cmdExit");
+    EXPECT_TRUE(IsOpen("frmMasAcademicYearSetup"));
+}
+
+TEST_F(AcademicYearSetup, TheYearThatIsMadeActiveAfterwardsBringsItsDatesToTheWorkingCalendar)
+{
+    GivenYear(1, 2007, "N");
+    GivenYear(2, 2008, "Y");
+    GivenDays({QDate(2007, 6, 4), QDate(2008, 6, 9)});
+    OpenForm();
+    DeleteRow(1);
+    Select(0);
+    Click(form, "cmdEdit");
+    ChooseStatus(QStringLiteral("YES"));
+    SaveExpecting(QStringLiteral("Academic Year Updated"));
+    Click(form, "cmdExit");
+    Settle();
+    ASSERT_FALSE(IsOpen("frmMasAcademicYearSetup"));
+    ExpectWorkingIn2007();
+    AddOneDay(QStringLiteral("05/Jun/2007"));
+    EXPECT_EQ(Session().gdtmApplicationDate, QDate(2007, 6, 5));
+    EXPECT_EQ(Count("SELECT count(*) FROM ApplicationDate WHERE ApplicationDate > '2008-05-31'"), 0)
+        << "no day of a year that is gone";
+}
+
+TEST_F(AcademicYearSetup, AYearWithoutDaysThatIsMadeActiveAfterwardsBeginsItsCalendar)
+{
+    GivenYear(1, 2007, "N");
+    GivenYear(2, 2008, "Y");
+    GivenDays({QDate(2008, 6, 9)});
+    OpenForm();
+    DeleteRow(1);
+    Select(0);
+    Click(form, "cmdEdit");
+    ChooseStatus(QStringLiteral("YES"));
+    SaveExpecting(QStringLiteral("Academic Year Updated"));
+    Click(form, "cmdExit");
+    Settle();
+    ASSERT_TRUE(IsOpen("frmUtilApplicationDateSetup"));
+    AddOneDay(QStringLiteral("01/Jun/2007"));
+    EXPECT_EQ(Session().gdtmApplicationDate, QDate(2007, 6, 1));
+    EXPECT_TRUE(Session().gblnApplicationDateExists);
+}
+
+TEST_F(AcademicYearSetup, AnotherActiveYearIsTheOneInUseAgainWhenTheOneInUseIsDeleted)
+{
+    GivenYear(1, 2007, "Y");
+    GivenYear(2, 2008, "N");
+    GivenDays({QDate(2007, 6, 4), QDate(2008, 6, 9)});
+    Start();
+    Screen* change = OpenScreen(QStringLiteral("frmMasAcademicYearChange"));
+    Type(Find<QLineEdit>(change, "txtAcademicYearFrom"), QStringLiteral("2008"));
+    GivenSessionUser(0, {{QStringLiteral("frmMasAcademicYearChange"), QStringLiteral("S")},
+                         {QStringLiteral("frmMasAcademicYearSetup"), QStringLiteral("E")}});
+    prompts.ExpectInformation(QStringLiteral("Academic Year Changed"));
+    Click(change, "cmdSave");
+    Click(change, "cmdExit");
+    Settle();
+    ASSERT_EQ(Session().gintAcademicYearCode, 2);
+    form = Open<frmMasAcademicYearSetup>("frmMasAcademicYearSetup");
+    DeleteRow(1);
+    EXPECT_EQ(Session().gintAcademicYearCode, 0);
+    EXPECT_EQ(Panel(1), "Academic Year : ");
+    Click(form, "cmdExit");
+    Settle();
+    ASSERT_FALSE(IsOpen("frmMasAcademicYearSetup"));
+    ExpectWorkingIn2007();
+}
+
 TEST_F(AcademicYearSetup, AYearWithClassesStaysAndSoDoItsDays)
 {
     GivenYear(1, 2007, "Y");
@@ -412,7 +531,7 @@ TEST_F(AcademicYearSetup, AYearWithClassesStaysAndSoDoItsDays)
     ExpectButtons(false, true, true, false);
 }
 
-TEST_F(AcademicYearSetup, TheMenusAreOffWhileItIsOpenAndAsTheMastersWereAfterwards)
+TEST_F(AcademicYearSetup, TheMenusAreOffWhileItIsOpenAndAsTheyWereAfterwards)
 {
     GivenYear(1, 2007, "Y");
     GivenDays({QDate(2007, 6, 4)});
@@ -427,19 +546,22 @@ TEST_F(AcademicYearSetup, TheMenusAreOffWhileItIsOpenAndAsTheMastersWereAfterwar
 
     window->EnableMenuItem(QStringLiteral("mnuMasters"), false);
     form = Open<frmMasAcademicYearSetup>("frmMasAcademicYearSetup");
+    EXPECT_TRUE(MenusAre(false));
     Click(form, "cmdExit");
     Settle();
-    EXPECT_TRUE(MenusAre(false));
+    EXPECT_FALSE(window->MenuItem(QStringLiteral("mnuMasters"))->isEnabled());
+    for (const char* menu : {"mnuTransactions", "mnuReports", "mnuToolsMenu"})
+        EXPECT_TRUE(window->MenuItem(QString::fromLatin1(menu))->isEnabled()) << menu;
     EXPECT_FALSE(Session().gblnMenusLocked);
 }
 
-TEST_F(AcademicYearSetup, SchoolSetupOpenedFromHereAndClosedLeavesTheMenusAsTheMastersWere)
+TEST_F(AcademicYearSetup, SchoolSetupOpenedFromHereAndClosedLeavesTheMenusAsTheyWere)
 {
-    for (const bool mastersOn : {false, true}) {
+    for (const bool menusOn : {false, true}) {
         GivenYear(1, 2007, "Y");
         Start();
         Given("DELETE FROM AcademicYearSetup WHERE AcademicYearCode > 0");
-        EnableMenus(mastersOn);
+        EnableMenus(menusOn);
         form = Open<frmMasAcademicYearSetup>("frmMasAcademicYearSetup");
         Click(form, "cmdOpenSchoolSetup");
         Settle();
@@ -455,7 +577,7 @@ TEST_F(AcademicYearSetup, SchoolSetupOpenedFromHereAndClosedLeavesTheMenusAsTheM
         Click(form, "cmdExit");
         Settle();
         ASSERT_FALSE(IsOpen("frmMasAcademicYearSetup"));
-        EXPECT_TRUE(MenusAre(mastersOn));
+        EXPECT_TRUE(MenusAre(menusOn));
         EXPECT_FALSE(Session().gblnMenusLocked);
         Given("DELETE FROM AcademicYearSetup WHERE AcademicYearCode > 0");
         Given("DELETE FROM ApplicationDate");
