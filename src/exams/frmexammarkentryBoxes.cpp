@@ -101,7 +101,6 @@ void frmexammarkentry::txtmarkobtained_Change(const QString& text)
     }
     sheet_.SetMark(row, txtmarkobtained_->text());
     ShowRow(row);
-    ShowAverage();
 }
 
 void frmexammarkentry::txtmarkobtained_Enter()
@@ -111,7 +110,9 @@ void frmexammarkentry::txtmarkobtained_Enter()
         return;
     const MarkStep step = sheet_.EnterMark(row, txtmarkobtained_->text());
     ShowRow(row);
-    ShowAverage();
+    // A mark of 0 says nothing yet: whether it counts is declared next.
+    if (step.field != MarkField::Presence)
+        ShowAverage();
     Take(step);
 }
 
@@ -128,7 +129,6 @@ void frmexammarkentry::cboPresentAbsent_Click()
         return;
     sheet_.SetPresence(row, cboPresentAbsent_->currentText());
     ShowRow(row);
-    ShowAverage();
 }
 
 void frmexammarkentry::cboPresentAbsent_Enter()
@@ -143,7 +143,6 @@ void frmexammarkentry::cboPresentAbsent_Enter()
         return;
     }
     ShowRow(row);
-    ShowAverage();
     Take(step);
 }
 

@@ -156,18 +156,41 @@ TEST_F(MarkKeys, TabLeadsFromTheSubjectToTheFirstMarkToo)
     EXPECT_EQ(mark->Row(), 1);
 }
 
-TEST_F(MarkKeys, TheAverageFollowsEveryKey)
+TEST_F(MarkKeys, TheAverageIsCountedWhenEnterEndsAMarkAboveZero)
 {
     StartSubject(QStringLiteral("English"));
-    QTest::keyClick(mark, Qt::Key_4);
-    EXPECT_EQ(Average(), "1.33");
-    QTest::keyClick(mark, Qt::Key_5);
-    EXPECT_EQ(Average(), "15");
+    QTest::keyClicks(mark, QStringLiteral("45"));
+    EXPECT_EQ(Average(), "") << "the mark is still being typed";
     QTest::keyClick(mark, Qt::Key_Return);
-    Enter("0");
     EXPECT_EQ(Average(), "15");
+    QTest::keyClick(mark, Qt::Key_0);
+    QTest::keyClick(mark, Qt::Key_Return);
+    ASSERT_EQ(Focus(), "cboPresentAbsent");
     Enter("a");
-    EXPECT_EQ(Average(), "22.5") << "the absent one is left out";
+    EXPECT_EQ(Average(), "15") << "a declared zero waits for the next mark";
+    Enter("30");
+    EXPECT_EQ(Average(), "37.5") << "the absent one is left out";
+}
+
+TEST_F(MarkKeys, APresenceChosenInItsBoxLeavesTheAverage)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("45");
+    Enter("0");
+    Enter("p");
+    Click(2, 3);
+    QTest::keyClick(presence, Qt::Key_Down);
+    ASSERT_EQ(RowText(2), "2|Binu(A2)|0|Absent");
+    EXPECT_EQ(Average(), "15");
+}
+
+TEST_F(MarkKeys, AStudentsAverageIsCountedOnEnterToo)
+{
+    StartStudent(QStringLiteral("Asha(A1)"));
+    QTest::keyClicks(mark, QStringLiteral("88"));
+    EXPECT_EQ(Average(), "");
+    QTest::keyClick(mark, Qt::Key_Return);
+    EXPECT_EQ(Average(), "44");
 }
 
 TEST_F(MarkKeys, AClickOpensTheBoxOfItsColumnAndNoneOnTheBlankRow)
