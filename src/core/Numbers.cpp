@@ -1,8 +1,10 @@
 #include "core/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace tally {
 
@@ -15,8 +17,18 @@ double PowerOfTen(int digits)
     return Powers.at(static_cast<std::size_t>(digits));
 }
 
-/// Numbers of this size and smaller are exact as whole numbers, whose digits come many times faster.
+/// Below it a number has decimals among the digits that people read, and its whole part is exact.
 constexpr double LargestWhole = 1e15;
+/// How many digits of a number are read; those behind them are noise of its binary form.
+constexpr int SignificantDigits = 15;
+/// No written number is longer: 15 digits with sign, point and exponent.
+using Digits = std::array<char, 32>;
+
+enum class Tie
+{
+    Even,
+    AwayFromZero,
+};
 
 /// The digits of a number that has at most two decimals, both of them written.
 QString TwoDecimals(double value)
@@ -27,7 +39,8 @@ QString TwoDecimals(double value)
     return value < 0 && hundredths != 0 ? QLatin1Char('-') + digits : digits;
 }
 
-/// Decimal digits of `value`, the decimals exactly `digits`, or as many as 15 significant digits need for -1.
+/// Decimal digits of `value`, the decimals exactly `digits` (0 or 2), or as many as needed for -1. A number
+/// that is no mark or total any more is written with an exponent, which fits every column.
 QString Decimal(double value, int digits)
 {
     if (std::abs(value) < LargestWhole) {
@@ -36,44 +49,83 @@ QString Decimal(double value, int digits)
         if (digits == 2)
             return TwoDecimals(value);
     }
-    std::array<char, 400> text{};
-    const auto format = digits < 0 ? std::chars_format::general : std::chars_format::fixed;
-    const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), value, format, digits < 0 ? 15 : digits);
+    Digits text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general,
+                                   SignificantDigits);
     return QString::fromLatin1(text.data(), end.ptr - text.data());
 }
 
-/// The nearest number with `digits` decimals as people read it: 2.675 counts as a half although its binary
-/// form lies a hair below.
-double HalfAwayFromZero(double value, int digits)
+/// How many steps of `digits` decimals `size` has, taken from the digits that people read. `size` is above 0.
+double StepsAsRead(double size, int digits, Tie tie)
 {
+    // "d.dddddddddddddde-XX": the first digit moves behind the point, and the digits are a whole number.
+    Digits text{};
+    char* const start = text.data() + 1;
+    const char* const end = std::to_chars(text.data(), text.data() + text.size(), size,
+                                          std::chars_format::scientific, SignificantDigits - 1)
+                                .ptr;
+    *start = text.front();
+    qint64 read = 0;
+    const char* const exponentSign = std::from_chars(start, start + SignificantDigits, read).ptr + 1;
+    int exponent = 0;
+    std::from_chars(*exponentSign == '+' ? exponentSign + 1 : exponentSign, end, exponent);
+
+    const int surplus = SignificantDigits - 1 - exponent - digits;
+    if (surplus <= 0)
+        return static_cast<double>(read) * PowerOfTen(-surplus);
+    if (surplus > SignificantDigits)
+        return 0;
+    const auto unit = static_cast<qint64>(PowerOfTen(surplus));
+    const qint64 whole = read / unit;
+    const qint64 twiceRest = read % unit * 2;
+    const bool up = twiceRest > unit || (twiceRest == unit && (tie == Tie::AwayFromZero || whole % 2 != 0));
+    return static_cast<double>(whole + (up ? 1 : 0));
+}
+
+/// The nearest number with `digits` decimals. A half is what people read as one: 2.675 is, although its
+/// binary form lies a hair below.
+double Nearest(double value, int digits, Tie tie)
+{
+    const double size = std::abs(value);
+    if (!(size < LargestWhole))
+        return value;
     const double scale = PowerOfTen(digits);
-    const double scaled = value * scale;
-    const double nudged = std::nextafter(scaled, scaled < 0 ? -HUGE_VAL : HUGE_VAL);
-    return std::round(nudged) / scale;
+    const double scaled = size * scale;
+    const double whole = std::floor(scaled);
+    const double rest = scaled - whole;
+    // What lies farther from a half than its last digit read can move it need not be read.
+    constexpr double LastDigit = 1e-14;
+    const bool plain = std::abs(rest - 0.5) > scaled * LastDigit;
+    const double steps = plain ? whole + (rest > 0.5 ? 1 : 0) : StepsAsRead(size, digits, tie);
+    return std::copysign(steps / scale, value);
 }
 
 } // namespace
 
 double Round(double value, int digits)
 {
-    const double scale = PowerOfTen(digits);
-    return std::nearbyint(value * scale) / scale;
+    return Nearest(value, digits, Tie::Even);
 }
 
 int ToWhole(double value)
 {
-    return static_cast<int>(std::nearbyint(value));
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<double>(Round(value, 0), Limits::min(), Limits::max()));
 }
 
 QString Format0(double value)
 {
-    return Decimal(HalfAwayFromZero(value, 0) + 0.0, 0);
+    return Decimal(Nearest(value, 0, Tie::AwayFromZero) + 0.0, 0);
 }
 
 QString Format2(double value)
 {
-    return Decimal(HalfAwayFromZero(value, 2) + 0.0, 2);
+    return Decimal(AsFormat2(value) + 0.0, 2);
+}
+
+double AsFormat2(double value)
+{
+    return Nearest(value, 2, Tie::AwayFromZero);
 }
 
 double Val(const QString& text)
@@ -84,8 +136,10 @@ double Val(const QString& text)
         if (letter.isSpace())
             continue;
         const char latin = letter.toLatin1();
-        const bool numeric =
-            (latin >= '0' && latin <= '9') || latin == '.' || ((latin == '-' || latin == '+') && length == 0);
+        const char before = length > 0 ? digits.at(length - 1) : 'e';
+        const bool sign = (latin == '-' || latin == '+') && before == 'e';
+        const bool exponent = latin == 'e' && length > 0;
+        const bool numeric = (latin >= '0' && latin <= '9') || latin == '.' || sign || exponent;
         if (!numeric || length == digits.size())
             break;
         digits.at(length++) = latin;

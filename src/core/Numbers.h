@@ -4,17 +4,23 @@
 
 namespace tally {
 
-/// How the program counts and writes marks. No screen formats a number by itself.
+/// How the program counts and writes marks. No screen formats a number by itself. A half is one as people
+/// read it, in 15 significant digits: 70.015 is a half of a hundredth although its binary form lies a hair
+/// below. Numbers from 1e15 on, which no mark or total reaches, are left as they are and written with an
+/// exponent.
 
 /// Rounds to `digits` decimals (0 to 15), a half to the even neighbour.
 double Round(double value, int digits);
-/// A mark as a whole number, a half to the even neighbour.
+/// A mark as a whole number, a half to the even neighbour; the nearest that an int holds.
 int ToWhole(double value);
 /// "0": no decimals, a half away from zero.
 QString Format0(double value);
 /// "0.00": two decimals, a half away from zero.
 QString Format2(double value);
-/// The number that a text begins with, blanks skipped; 0 when it begins with none.
+/// The number that Format2 writes.
+double AsFormat2(double value);
+/// The number that a text begins with, blanks skipped; 0 when it begins with none. Reads what is written
+/// here.
 double Val(const QString& text);
 /// Up to 15 significant digits, no trailing zeros: 251, 0.5, 33.3333333333333.
 QString PlainNumber(double value);

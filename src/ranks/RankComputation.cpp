@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <numeric>
 
 namespace tally {
@@ -13,6 +14,8 @@ namespace tally {
 namespace {
 
 constexpr std::size_t NotListed = static_cast<std::size_t>(-1);
+/// No screen lets such a mark in; its digits would not fit a cell.
+constexpr double BeyondAllMarks = 1e15;
 
 /// What a mark has to reach. The two lowest bands of the first division decide for all divisions.
 class PassRule
@@ -205,7 +208,7 @@ private:
         } else {
             target.total = total;
             target.rankTotal = rankTotal;
-            target.average = Val(Format2(percent));
+            target.average = AsFormat2(percent);
         }
     }
 
@@ -229,7 +232,7 @@ private:
 
         int rank = 1;
         for (auto from = totals.cbegin(); from != totals.cend();) {
-            const auto to = std::find_if(from, totals.cend(),
+            const auto to = std::find_if(std::next(from), totals.cend(),
                                          [&](const TempTotal& other) { return other.total != from->total; });
             int sharers = 0;
             for (; from != to; ++from) {
@@ -331,13 +334,17 @@ std::string_view CellText(const RankCell& cell, int markDecimals, bool marked, C
         return ""; // an empty text, which is not Null in the table
     if (marked && cell.flag == CellFlag::FailedOrAbsent)
         end = std::copy_n("Fail", 4, end);
-    if (cell.kind == RankCell::Kind::Absent)
+    if (cell.kind == RankCell::Kind::Absent) {
         *end++ = 'A';
-    else if (markDecimals == 0)
+    } else if (!(std::abs(cell.value) < BeyondAllMarks)) {
+        const QByteArray digits = PlainNumber(cell.value).toLatin1();
+        end = std::copy(digits.begin(), digits.end(), end);
+    } else if (markDecimals == 0) {
         end = std::to_chars(end, start + buffer.size(), static_cast<qint64>(cell.value)).ptr;
-    else
+    } else {
         end =
             std::to_chars(end, start + buffer.size(), cell.value, std::chars_format::fixed, markDecimals).ptr;
+    }
     return {start, static_cast<std::size_t>(end - start)};
 }
 

@@ -1,9 +1,57 @@
 #include "core/Numbers.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
+#include <random>
 
 namespace tally {
 namespace {
+
+enum class Tie
+{
+    Even,
+    AwayFromZero,
+};
+
+/// `over` / `under` rounded to a whole number, in whole numbers only.
+std::int64_t Quotient(std::int64_t over, std::int64_t under, Tie tie)
+{
+    const std::int64_t whole = over / under;
+    const std::int64_t twice = over % under * 2;
+    const bool up = twice > under || (twice == under && (tie == Tie::AwayFromZero || whole % 2 != 0));
+    return whole + (up ? 1 : 0);
+}
+
+QString Hundredths(std::int64_t count)
+{
+    return QStringLiteral("%1.%2").arg(count / 100).arg(count % 100, 2, 10, QLatin1Char('0'));
+}
+
+/// Marks with two decimals, added up one after the other as the program does.
+class RandomMarks
+{
+public:
+    /// The sum of `count` marks, and the same in hundredths.
+    std::pair<double, std::int64_t> Sum(int count)
+    {
+        std::pair<double, std::int64_t> sums;
+        for (int mark = 0; mark < count; ++mark) {
+            const std::int64_t hundredths = Up(0, 10000);
+            sums.first += static_cast<double>(hundredths) / 100;
+            sums.second += hundredths;
+        }
+        return sums;
+    }
+
+    std::int64_t Up(std::int64_t low, std::int64_t high)
+    {
+        return std::uniform_int_distribution<std::int64_t>(low, high)(random_);
+    }
+
+private:
+    std::mt19937 random_{20260711};
+};
 
 TEST(NumbersTest, RoundPutsAHalfToTheEvenNeighbour)
 {
@@ -33,6 +81,68 @@ TEST(NumbersTest, FormatsPutAHalfAwayFromZero)
     EXPECT_EQ(Format2(0.125).toStdString(), "0.13");
     EXPECT_EQ(Format2(3).toStdString(), "3.00");
     EXPECT_EQ(Format2(66.664).toStdString(), "66.66");
+}
+
+TEST(NumbersTest, AHalfIsOneAsItIsWrittenWhateverItsBinaryForm)
+{
+    EXPECT_EQ(Format2((67.46 + 72.57) / 2).toStdString(), "70.02");
+    for (const double value : {1.005, 2.675, 8.345, 70.015, 1e6 + 0.005, 0.005})
+        EXPECT_EQ(Format2(value), Format2(std::nextafter(value, HUGE_VAL))) << value;
+    EXPECT_EQ(Format2(1.005).toStdString(), "1.01");
+    EXPECT_EQ(Format2(-1.005).toStdString(), "-1.01");
+    EXPECT_EQ(Format2(0.005).toStdString(), "0.01");
+    EXPECT_EQ(Format2(0.00499999).toStdString(), "0.00");
+    EXPECT_DOUBLE_EQ(Round(1.015, 2), 1.02);
+    EXPECT_DOUBLE_EQ(Round(8.345, 2), 8.34);
+    EXPECT_DOUBLE_EQ(Round(-8.345, 2), -8.34);
+    EXPECT_DOUBLE_EQ(Round(2.675, 2), 2.68);
+    EXPECT_DOUBLE_EQ(Round(0.0049, 2), 0);
+}
+
+TEST(NumbersTest, AveragesOfMarksAreThoseOfExactArithmetic)
+{
+    RandomMarks marks;
+    for (int run = 0; run < 100000; ++run) {
+        const int count = static_cast<int>(marks.Up(1, 60));
+        const auto [sum, hundredths] = marks.Sum(count);
+        ASSERT_EQ(Format2(sum / count), Hundredths(Quotient(hundredths, count, Tie::AwayFromZero)))
+            << hundredths << " hundredths over " << count;
+        ASSERT_EQ(Format2(Round(sum / count, 2)), Hundredths(Quotient(hundredths, count, Tie::Even)))
+            << hundredths << " hundredths over " << count;
+    }
+}
+
+TEST(NumbersTest, PercentagesOfMarksAreThoseOfExactArithmetic)
+{
+    RandomMarks marks;
+    for (int run = 0; run < 100000; ++run) {
+        const int count = static_cast<int>(marks.Up(1, 12));
+        const auto [sum, hundredths] = marks.Sum(count);
+        const std::int64_t maximum = marks.Up(1, 20) * 10 * count;
+        const double percent = sum / static_cast<double>(maximum) * 100;
+        ASSERT_EQ(Format2(percent), Hundredths(Quotient(hundredths * 100, maximum, Tie::AwayFromZero)))
+            << hundredths << " hundredths out of " << maximum;
+        ASSERT_EQ(Format2(Round(percent, 2)), Hundredths(Quotient(hundredths * 100, maximum, Tie::Even)))
+            << hundredths << " hundredths out of " << maximum;
+        ASSERT_EQ(Round(percent, 0), static_cast<double>(Quotient(hundredths, maximum, Tie::Even)))
+            << hundredths << " hundredths out of " << maximum;
+    }
+}
+
+TEST(NumbersTest, NumbersBeyondAllMarksStayShort)
+{
+    for (const double value : {1e15, -1e15, 1e300, -1e300, 1e-300, std::numeric_limits<double>::max(),
+                               HUGE_VAL, -HUGE_VAL, std::numeric_limits<double>::quiet_NaN()}) {
+        EXPECT_LE(Format0(value).size(), 25) << value;
+        EXPECT_LE(Format2(value).size(), 25) << value;
+        EXPECT_LE(PlainNumber(value).size(), 25) << value;
+        EXPECT_LE(FormatMark(value, 2).size(), 25) << value;
+    }
+    EXPECT_EQ(Format2(1e300).toStdString(), "1e+300");
+    EXPECT_EQ(Format2(123456789012.5).toStdString(), "123456789012.50");
+    EXPECT_EQ(Round(1e300, 2), 1e300);
+    EXPECT_EQ(ToWhole(1e300), std::numeric_limits<int>::max());
+    EXPECT_EQ(ToWhole(-1e300), std::numeric_limits<int>::min());
 }
 
 TEST(NumbersTest, ValReadsTheNumberThatATextBeginsWith)
