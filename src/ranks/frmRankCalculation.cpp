@@ -139,8 +139,6 @@ void frmRankCalculation::cboClass_Click()
     ui_->chkSelectAll->setChecked(false);
     ui_->cmdExport->setEnabled(false);
     ui_->Lstdivision->clear();
-    // A division's code says something only within its class, so the comparison starts anew with the class.
-    ClearBases();
     bool allReady = true;
     Read([&] {
         for (const DivisionFacts& facts : Repository().LoadDivisionFacts(Scope())) {

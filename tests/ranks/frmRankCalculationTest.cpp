@@ -37,6 +37,16 @@ protected:
             Given("INSERT INTO MarkMaster VALUES (1, ?, 1, 2, ?, 1, 40, 'P', 0, 0)", student, division);
         }
     }
+
+    void ChooseClassIX()
+    {
+        QTest::keyClick(classes, Qt::Key_Down);
+        ASSERT_EQ(classes->currentText(), QStringLiteral("IX"));
+    }
+
+    const QString SubjectsDiffer =
+        QStringLiteral("Selected Division's 'Subjects Taken For Rank' Does Not Match With Already "
+                       "Selected Division(s)");
 };
 
 TEST_F(RankListSelection, OpensWithTheClassClosedUntilAnExamIsChosen)
@@ -246,7 +256,7 @@ TEST_F(RankListSelection, DisplayingAllSubjectsUnticksADivisionThatDiffersInASub
     EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
 }
 
-TEST_F(RankListSelection, AnotherClassStartsTheComparisonOfDivisionsAnew)
+TEST_F(RankListSelection, TheDivisionComparedWithStaysTheBaseInAnotherClass)
 {
     GivenDivision(1, "A");
     GivenDivision(2, "B");
@@ -256,15 +266,58 @@ TEST_F(RankListSelection, AnotherClassStartsTheComparisonOfDivisionsAnew)
     Tick(1);
     ASSERT_EQ(divisions->TickedIndexes(), QList<int>{1});
 
-    QTest::keyClick(classes, Qt::Key_Down);
-    ASSERT_EQ(classes->currentText(), QStringLiteral("IX"));
+    ChooseClassIX();
+    prompts.ExpectInformation(SubjectsDiffer);
+    Tick(0);
+    EXPECT_TRUE(divisions->TickedIndexes().isEmpty()) << "A differs from B, the second division here too";
+    Tick(1);
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{1});
+}
+
+TEST_F(RankListSelection, ABaseThatAnotherClassLacksRefusesItsDivisionsUntilSelectAllStartsAnew)
+{
+    GivenDivision(1, "A");
+    GivenDivision(2, "B");
+    GivenDivision(3, "C");
+    GivenClassIXWithDivisionsThatDiffer();
+    OpenForm();
+    ChooseExamAndClass();
+    Tick(2);
+    ASSERT_EQ(divisions->TickedIndexes(), QList<int>{2});
+
+    ChooseClassIX();
+    for (const int index : {0, 1}) {
+        prompts.ExpectInformation(SubjectsDiffer);
+        Tick(index);
+        EXPECT_TRUE(divisions->TickedIndexes().isEmpty());
+    }
+    prompts.ExpectInformation(
+        QStringLiteral("Selected Divisions' 'Subject(s) Taken For Rank' Does Not Match With "
+                       "The Non Selected Division(s)"));
+    Press(selectAll);
+    EXPECT_TRUE(divisions->TickedIndexes().isEmpty());
+    EXPECT_FALSE(selectAll->isChecked());
     Tick(0);
     EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
-    prompts.ExpectInformation(
-        QStringLiteral("Selected Division's 'Subjects Taken For Rank' Does Not Match With "
-                       "Already Selected Division(s)"));
+}
+
+TEST_F(RankListSelection, AnotherClassTakesSelectAllBackWhichStartsTheComparisonAnew)
+{
+    GivenDivision(1, "A");
+    GivenDivision(2, "B");
+    GivenClassIXWithDivisionsThatDiffer();
+    OpenForm();
+    ChooseExamAndClass();
+    Press(selectAll);
+    ASSERT_EQ(divisions->TickedIndexes(), (QList<int>{0, 1}));
+
+    ChooseClassIX();
+    EXPECT_FALSE(selectAll->isChecked());
     Tick(1);
-    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{1});
+    prompts.ExpectInformation(SubjectsDiffer);
+    Tick(0);
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{1}) << "B is the base";
 }
 
 TEST_F(RankListSelection, SelectAllUnticksTheDivisionsThatDifferWithOneMessageAndClearsItself)
