@@ -102,8 +102,18 @@ Statement Connection::Prepare(const QString& sql)
 void Connection::Begin()
 {
     // Taking the write lock at once lets two clients queue; upgrading a read lock later could only fail.
+    BeginWith(QStringLiteral("BEGIN IMMEDIATE"));
+}
+
+void Connection::BeginReading()
+{
+    BeginWith(QStringLiteral("BEGIN"));
+}
+
+void Connection::BeginWith(const QString& outermost)
+{
     if (depth_ == 0)
-        Execute(QStringLiteral("BEGIN IMMEDIATE"));
+        Execute(outermost);
     else
         Execute(QStringLiteral("SAVEPOINT nested%1").arg(depth_));
     ++depth_;
@@ -139,6 +149,11 @@ void Connection::Rollback()
 void Connection::HoldsWorkingTables()
 {
     Execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
+}
+
+qint64 Connection::ChangesByOthers()
+{
+    return Number(QStringLiteral("PRAGMA data_version"));
 }
 
 void Connection::SetPatience(std::chrono::milliseconds patience)

@@ -65,6 +65,9 @@ public:
 
     /// Transactions nest: the inner ones are savepoints. Prefer the class Transaction.
     void Begin();
+    /// The same for work that only reads; prefer the class ReadTransaction. Waits for no other writer until
+    /// one is about to commit.
+    void BeginReading();
     void Commit();
     void Rollback();
     int TransactionDepth() const { return depth_; }
@@ -73,6 +76,10 @@ public:
     /// killed program still leaves it whole.
     void HoldsWorkingTables();
     void SetPatience(std::chrono::milliseconds patience);
+    /// A number that stays the same until another connection, of this program or another client, changes
+    /// anything in the file; what this one writes leaves it as it is. Within a transaction it belongs to all
+    /// that the transaction reads. The numbers of two connections say nothing about each other.
+    qint64 ChangesByOthers();
     /// Statements run so far, for proving that an action's cost does not grow with the school.
     std::uint64_t StatementsRun() const { return *runs_; }
     /// Empty for a store in memory.
@@ -88,6 +95,7 @@ private:
     void Open(const QByteArray& name, int flags);
     void Key(const QString& password);
     void Configure();
+    void BeginWith(const QString& outermost);
 
     std::unique_ptr<sqlite3, Close> engine_;
     std::shared_ptr<std::uint64_t> runs_ = std::make_shared<std::uint64_t>(0);

@@ -4,6 +4,20 @@
 
 namespace tally::store {
 
+namespace {
+
+void RollBackQuietly(Connection& connection)
+{
+    try {
+        connection.Rollback();
+    } catch (const StoreError&) {
+        // The engine has given up on the file; the journal beside it restores the old rows at the next
+        // opening.
+    }
+}
+
+} // namespace
+
 Transaction::Transaction(Connection& connection) : connection_(connection)
 {
     connection_.Begin();
@@ -11,20 +25,24 @@ Transaction::Transaction(Connection& connection) : connection_(connection)
 
 Transaction::~Transaction()
 {
-    if (!open_)
-        return;
-    try {
-        connection_.Rollback();
-    } catch (const StoreError&) {
-        // The engine has given up on the file; the journal beside it restores the old rows at the next
-        // opening.
-    }
+    if (open_)
+        RollBackQuietly(connection_);
 }
 
 void Transaction::Commit()
 {
     connection_.Commit();
     open_ = false;
+}
+
+ReadTransaction::ReadTransaction(Connection& connection) : connection_(connection)
+{
+    connection_.BeginReading();
+}
+
+ReadTransaction::~ReadTransaction()
+{
+    RollBackQuietly(connection_);
 }
 
 } // namespace tally::store

@@ -34,4 +34,18 @@ private:
     bool open_ = true;
 };
 
+/// While it lives, all that is read on one connection is of one moment, whatever other clients store
+/// meanwhile; they wait with their commit. For work that writes nothing.
+class ReadTransaction
+{
+public:
+    explicit ReadTransaction(Connection& connection);
+    ReadTransaction(const ReadTransaction&) = delete;
+    ReadTransaction& operator=(const ReadTransaction&) = delete;
+    ~ReadTransaction();
+
+private:
+    Connection& connection_;
+};
+
 } // namespace tally::store

@@ -130,4 +130,88 @@ TEST_F(Transactions, RollbackWithoutATransactionDoesNothing)
     EXPECT_EQ(store_.TransactionDepth(), 0);
 }
 
+class TwoClients : public testing::Test
+{
+protected:
+    void SetUp() override { other_.SetPatience(std::chrono::milliseconds(0)); }
+
+    static void Add(Connection& connection, const char* name)
+    {
+        connection.Execute(QStringLiteral("INSERT INTO NameList VALUES (?)"), name);
+    }
+
+    static qint64 Names(Connection& connection)
+    {
+        return connection.Number(QStringLiteral("SELECT count(*) FROM NameList"));
+    }
+
+    StoreFiles files_;
+    Connection own_ = files_.MakeNameList();
+    Connection other_{files_.Path(), Password};
+};
+
+TEST_F(TwoClients, OwnWritesAreNoChangesByOthers)
+{
+    const qint64 before = own_.ChangesByOthers();
+    Add(own_, "Binu");
+    {
+        Transaction transaction(own_);
+        Add(own_, "Cara");
+        EXPECT_EQ(own_.ChangesByOthers(), before);
+        transaction.Commit();
+    }
+    EXPECT_EQ(own_.ChangesByOthers(), before);
+    EXPECT_EQ(Names(other_), 3);
+    EXPECT_EQ(own_.ChangesByOthers(), before) << "the other one has only read";
+}
+
+TEST_F(TwoClients, WhatAnotherStoresIsAChangeAndItsUnfinishedWorkIsNone)
+{
+    const qint64 before = own_.ChangesByOthers();
+    {
+        Transaction transaction(other_);
+        Add(other_, "Binu");
+        EXPECT_EQ(own_.ChangesByOthers(), before);
+    }
+    EXPECT_EQ(own_.ChangesByOthers(), before);
+    Add(other_, "Binu");
+    const qint64 after = own_.ChangesByOthers();
+    EXPECT_NE(after, before);
+    Add(own_, "Cara");
+    EXPECT_EQ(own_.ChangesByOthers(), after);
+    other_.Execute(QStringLiteral("CREATE TABLE Further (Name TEXT)"));
+    EXPECT_NE(own_.ChangesByOthers(), after);
+}
+
+TEST_F(TwoClients, AReadTransactionSeesOneMomentAndLetsOthersWriteUpToTheirCommit)
+{
+    {
+        const store::ReadTransaction reading(own_);
+        const qint64 before = own_.ChangesByOthers();
+        EXPECT_EQ(Names(own_), 1);
+        Transaction transaction(other_);
+        Add(other_, "Binu");
+        const auto error = ErrorOf([&] { transaction.Commit(); });
+        ASSERT_TRUE(error);
+        EXPECT_TRUE(error->IsLocked());
+        EXPECT_EQ(Names(own_), 1);
+        EXPECT_EQ(own_.ChangesByOthers(), before);
+    }
+    EXPECT_EQ(own_.TransactionDepth(), 0);
+    Add(other_, "Binu");
+    EXPECT_EQ(Names(own_), 2);
+}
+
+TEST_F(TwoClients, AReadTransactionWithinAWritingOneLeavesItsRowsAlone)
+{
+    Transaction transaction(own_);
+    Add(own_, "Binu");
+    {
+        const store::ReadTransaction reading(own_);
+        EXPECT_EQ(Names(own_), 2);
+    }
+    transaction.Commit();
+    EXPECT_EQ(Names(other_), 2);
+}
+
 } // namespace tally::test
