@@ -17,13 +17,7 @@ constexpr int AverageFromEnd = 3;
 constexpr int RankFromEnd = 2;
 constexpr int GradeFromEnd = 1;
 
-/// A number as it counts for an average: with the two decimals that are written.
-double AsWritten(double value)
-{
-    return Val(Format2(value));
-}
-
-/// Sum and count of the numbers above 0.
+/// Sum and count of the numbers above 0, which come with the two decimals that are written.
 class ClassAverage
 {
 public:
@@ -56,7 +50,7 @@ RankView::RankView(std::vector<RankSubject> subjects, TempRankTable table, Subje
         mark.failed = stored.startsWith(failed);
         mark.text = mark.failed ? stored.mid(failed.size()) : stored;
         mark.absent = mark.failed && mark.text.trimmed() == QLatin1String("A");
-        mark.value = AsWritten(Val(mark.text));
+        mark.value = AsFormat2(Val(mark.text));
     }
     absent_.assign(table_.rows.size(), false);
     for (std::size_t cell = 0; cell < table_.marks.size(); ++cell) {
@@ -84,11 +78,7 @@ const RankSubject& RankView::SubjectAt(int column) const
 
 const RankView::Mark& RankView::MarkAt(int student, int column) const
 {
-    static const Mark blank;
-    // Another client may have made the table anew from fewer subjects.
     const auto subject = static_cast<std::size_t>(column - FirstSubjectColumn);
-    if (subject >= table_.subjectCount)
-        return blank;
     return marks_[table_.marks[static_cast<std::size_t>(student) * table_.subjectCount + subject]];
 }
 
@@ -102,7 +92,7 @@ void RankView::ComputeAverages()
     }
     ClassAverage average;
     for (const TempRankRow& row : table_.rows)
-        average.Add(AsWritten(row.total));
+        average.Add(AsFormat2(row.total));
     averages_.push_back(average.Text());
 }
 
@@ -187,16 +177,16 @@ bool RankView::ColumnHidden(int column) const
     return column == Cols() - TotalFromEnd || (IsSubject(column) && !SubjectAt(column).takenForRank);
 }
 
-RankView ShowRankList(RankRepository& school, TempRankRepository& working, const RankScope& scope,
-                      const std::vector<int>& divisionCodes, const std::vector<RankSubject>& subjects,
-                      RankOrder order, SubjectDisplay display)
+RankView ShowRankList(TempRankRepository& working, const std::vector<int>& divisionCodes,
+                      const std::vector<RankSubject>& subjects, RankOrder order,
+                      const std::vector<QString>& gradesInOrder, SubjectDisplay display)
 {
     TempRankTable table = working.LoadTempRankCalculation(order, divisionCodes);
     if (order != RankOrder::Grade)
         return {subjects, std::move(table), display, false};
 
     std::vector<std::size_t> numbers;
-    for (const QString& grade : school.LoadGradesInOrder(scope, divisionCodes)) {
+    for (const QString& grade : gradesInOrder) {
         for (std::size_t number = 0; number < table.rows.size(); ++number) {
             if (table.texts[table.rows[number].grade].compare(grade, Qt::CaseInsensitive) == 0)
                 numbers.push_back(number);

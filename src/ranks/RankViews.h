@@ -61,12 +61,12 @@ private:
     bool plainAverage_;
 };
 
-/// Reads TempRankCalculation for the divisions ticked, in the order picked. The grade order leaves out
-/// students whose grade is not in a grade table, absent ones among them, and lists those twice whose grade
-/// stands at two positions.
-RankView ShowRankList(RankRepository& school, TempRankRepository& working, const RankScope& scope,
-                      const std::vector<int>& divisionCodes, const std::vector<RankSubject>& subjects,
-                      RankOrder order, SubjectDisplay display);
+/// Reads TempRankCalculation for the divisions ticked, in the order picked. The grade order follows
+/// `gradesInOrder` (LoadGradesInOrder; unused otherwise): it leaves out students whose grade is not among
+/// them, absent ones too, and lists those twice whose grade stands at two positions.
+RankView ShowRankList(TempRankRepository& working, const std::vector<int>& divisionCodes,
+                      const std::vector<RankSubject>& subjects, RankOrder order,
+                      const std::vector<QString>& gradesInOrder, SubjectDisplay display);
 
 /// The full marks of one division; no value where no subject is taken for rank.
 struct DivisionFullMark

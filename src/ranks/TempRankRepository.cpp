@@ -2,7 +2,6 @@
 
 #include "ranks/CodesQuery.h"
 #include "store/Identifier.h"
-#include "store/StoreError.h"
 
 #include <QSet>
 
@@ -68,16 +67,8 @@ void AppendRows(store::Statement& statement, TempRankTable& table)
 
 void TempRankRepository::FillTempRankCalculation(store::Transaction& temp, const RankList& list)
 {
-    const QStringList columns = SubjectColumns(list.subjects);
-    const QString create = CreateTempRankCalculation(columns);
-    try {
-        temp.Execute(create);
-    } catch (const store::StoreError& error) {
-        if (error.Kind() != store::ErrorKind::TableExists)
-            throw;
-        DropTempRankCalculation(temp);
-        temp.Execute(create);
-    }
+    DropTempRankCalculation(temp);
+    temp.Execute(CreateTempRankCalculation(SubjectColumns(list.subjects)));
 
     const std::size_t subjectCount = list.subjects.size();
     const int behind = FirstSubjectField + static_cast<int>(subjectCount);
@@ -117,7 +108,7 @@ void TempRankRepository::FillTempRankCalculation(store::Transaction& temp, const
 
 void TempRankRepository::DropTempRankCalculation(store::Transaction& temp)
 {
-    temp.Execute(QStringLiteral("Drop Table TempRankCalculation"));
+    temp.Execute(QStringLiteral("Drop Table if exists TempRankCalculation"));
 }
 
 TempRankTable TempRankRepository::LoadTempRankCalculation(RankOrder order,

@@ -28,7 +28,7 @@ constexpr int HelpScreenNo = 21;
 
 frmRankCalculation::frmRankCalculation()
     : Screen(QStringLiteral("frmRankCalculation"), HelpScreenNo),
-      ui_(std::make_unique<Ui::frmRankCalculation>())
+      ui_(std::make_unique<Ui::frmRankCalculation>()), table_(*Session().gcnnTemp)
 {
     ui_->setupUi(this);
     DressButtons(this);
@@ -89,11 +89,6 @@ void frmRankCalculation::ShowDivisionKey()
 RankRepository frmRankCalculation::Repository() const
 {
     return RankRepository(*Session().gcnnMain);
-}
-
-TempRankRepository frmRankCalculation::WorkingTable() const
-{
-    return TempRankRepository(*Session().gcnnTemp);
 }
 
 RankScope frmRankCalculation::Scope() const
@@ -269,21 +264,16 @@ void frmRankCalculation::cmdUpdate_Click()
     try {
         const HourGlass hourGlass;
         const SessionContext& session = Session();
-        const RankList list = ComputeRankList(
+        table_.Prepare(ComputeRankList(
             Repository().LoadRankInput(Scope(), ui_->Lstdivision->TickedData()),
-            {session.gblnFractionMarks, session.gblnRoundedMarks, ui_->chkRankSkipping->isChecked()});
+            {session.gblnFractionMarks, session.gblnRoundedMarks, ui_->chkRankSkipping->isChecked()}));
         ui_->Frame2->setEnabled(false);
-        store::Transaction working(*session.gcnnTemp);
-        TempRankRepository::FillTempRankCalculation(working, list);
-        working.Commit();
-        TempTableExists_ = true;
-        subjects_ = list.subjects;
-
         ui_->optRankOrder->setChecked(true);
         const RankView view = ReadView();
         ShowView(view);
         LoadGradeSummary(view);
     } catch (const store::StoreError& error) {
+        table_.Drop();
         ui_->Frame2->setEnabled(true);
         ui_->cmdUpdate->setFocus();
         Prompts::Critical(error.Description());
@@ -314,7 +304,7 @@ void frmRankCalculation::cmdCancel_Click()
     LoadClass();
     ClearBases();
     ResetGrid();
-    DropTempTable();
+    table_.Drop();
     ui_->Cboexamname->setFocus();
 }
 
@@ -325,21 +315,6 @@ void frmRankCalculation::ResetGrid()
     for (int col = 0; col < grid->Cols(); ++col)
         grid->SetColHidden(col, false);
     grid->SetRowHeight(1, 0);
-}
-
-void frmRankCalculation::DropTempTable()
-{
-    if (!TempTableExists_)
-        return;
-    TempTableExists_ = false;
-    try {
-        store::Transaction transaction(*Session().gcnnTemp);
-        TempRankRepository::DropTempRankCalculation(transaction);
-        transaction.Commit();
-    } catch (const store::StoreError&) {
-        // The table is working space: another client may have dropped it, and the next run drops what is
-        // left.
-    }
 }
 
 QSize frmRankCalculation::sizeHint() const
@@ -355,7 +330,7 @@ QString frmRankCalculation::ExitCaption() const
 
 void frmRankCalculation::Form_Unload()
 {
-    DropTempTable();
+    table_.Drop();
 }
 
 } // namespace tally

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "core/Screen.h"
-#include "ranks/RankComputation.h"
+#include "ranks/OwnRankTable.h"
 #include "ranks/RankRepository.h"
 #include "ranks/RankSelection.h"
-#include "ranks/TempRankRepository.h"
 
 #include <memory>
 
@@ -70,28 +69,25 @@ private:
     void CheckAgreement(const QString& subjectMessage, const QString& gradeMessage);
 
     RankRepository Repository() const;
-    TempRankRepository WorkingTable() const;
     RankScope Scope() const;
     SubjectDisplay Display() const;
     RankOrder Order() const;
 
-    /// The working table in the order picked.
-    RankView ReadView() const;
+    /// The own list in the order picked.
+    RankView ReadView();
     void ShowView(const RankView& view);
     void LoadGradeSummary(const RankView& view);
     void ResetGrid();
-    void DropTempTable();
 
     std::unique_ptr<Ui::frmRankCalculation> ui_;
     QFrame* Frame5_ = nullptr; ///< the summary panel, over the list
     FlexGrid* msgGrade_ = nullptr;
     QPushButton* cmdClose_ = nullptr;
 
-    std::vector<RankSubject> subjects_; ///< of the list prepared
-    MatchBase subjectBase_;             ///< BaseSubjectSet and BaseSubjectDivision
-    MatchBase gradeBase_;               ///< BaseGradeSet and BaseGradeDivision
+    OwnRankTable table_;
+    MatchBase subjectBase_; ///< BaseSubjectSet and BaseSubjectDivision
+    MatchBase gradeBase_;   ///< BaseGradeSet and BaseGradeDivision
     bool SelectAllBusy_ = false;
-    bool TempTableExists_ = false;
 };
 
 } // namespace tally

@@ -71,7 +71,7 @@ void frmRankCalculation::BuildSummaryPanel()
 
 void frmRankCalculation::cmdView_Click()
 {
-    if (!TempTableExists_)
+    if (!table_.IsPrepared())
         return;
     Read([this] {
         const HourGlass hourGlass;
@@ -79,12 +79,16 @@ void frmRankCalculation::cmdView_Click()
     });
 }
 
-RankView frmRankCalculation::ReadView() const
+RankView frmRankCalculation::ReadView()
 {
-    RankRepository school = Repository();
-    TempRankRepository working = WorkingTable();
-    return ShowRankList(school, working, Scope(), ui_->Lstdivision->TickedData(), subjects_, Order(),
-                        Display());
+    const std::vector<int> divisionCodes = ui_->Lstdivision->TickedData();
+    const RankOrder order = Order();
+    std::vector<QString> grades;
+    if (order == RankOrder::Grade)
+        grades = Repository().LoadGradesInOrder(Scope(), divisionCodes);
+    return table_.Read([&](TempRankRepository& working) {
+        return ShowRankList(working, divisionCodes, table_.List().subjects, order, grades, Display());
+    });
 }
 
 void frmRankCalculation::ShowView(const RankView& view)
@@ -180,10 +184,14 @@ void frmRankCalculation::PlaceSummaryPanel()
 
 void frmRankCalculation::cmdSave_Click()
 {
-    const bool saved = Write(Conflict::Describe, [this](store::Transaction& transaction) {
-        RankRepository::ReplaceRankTotals(transaction, Scope(), ui_->Lstdivision->TickedData(),
-                                          WorkingTable().LoadRankTotals());
-    });
+    std::vector<RankTotal> totals;
+    const bool saved =
+        Read([&] {
+            totals = table_.Read([](TempRankRepository& working) { return working.LoadRankTotals(); });
+        }) &&
+        Write(Conflict::Describe, [&](store::Transaction& transaction) {
+            RankRepository::ReplaceRankTotals(transaction, Scope(), ui_->Lstdivision->TickedData(), totals);
+        });
     if (!saved)
         return;
     Prompts::Information(QStringLiteral("Record Saved"));

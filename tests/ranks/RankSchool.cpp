@@ -127,9 +127,9 @@ RankView RankSchool::Show(const RankList& list, RankOrder order, SubjectDisplay 
     std::vector<int> divisions;
     for (const RankDivision& division : list.divisions)
         divisions.push_back(division.divisionCode);
-    RankRepository repository = Repository();
     TempRankRepository working = WorkingTable();
-    return ShowRankList(repository, working, scope, divisions, list.subjects, order, display);
+    return ShowRankList(working, divisions, list.subjects, order,
+                        Repository().LoadGradesInOrder(scope, divisions), display);
 }
 
 void RankSchool::Save(const std::vector<int>& divisions)

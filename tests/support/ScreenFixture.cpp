@@ -77,10 +77,9 @@ void ProgramFixture::OpenConnections()
         connection->Execute(QStringLiteral("PRAGMA synchronous = OFF"));
 }
 
-std::unique_ptr<store::Connection> ProgramFixture::AnotherClient() const
+std::unique_ptr<store::Connection> ProgramFixture::AnotherClient(const QString& file) const
 {
-    return std::make_unique<store::Connection>(folder_.filePath(QStringLiteral("Tallyboard.mdb")),
-                                               Password());
+    return std::make_unique<store::Connection>(folder_.filePath(file), Password());
 }
 
 void ProgramFixture::GivenUser(int code, const QString& loginId, const QString& password,

@@ -29,8 +29,9 @@ protected:
 
     /// Opens both connections of the session, as the splash does.
     void OpenConnections();
-    /// One more client on the main database.
-    std::unique_ptr<store::Connection> AnotherClient() const;
+    /// One more client on the main database, or on another file of the folder.
+    std::unique_ptr<store::Connection> AnotherClient(
+        const QString& file = QStringLiteral("Tallyboard.mdb")) const;
     QString Folder() const { return folder_.path(); }
     /// Runs one statement on the session's main database, for the rows that a test starts from.
     template <typename... Values>
