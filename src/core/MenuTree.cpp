@@ -3,9 +3,12 @@
 #include "core/ScreenRegistry.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 
+#include <algorithm>
 #include <array>
 
 namespace tally {
@@ -85,6 +88,52 @@ constexpr std::array Tree{
 };
 // clang-format on
 
+/// Lets letters choose in a menu whose captions underline none: the first letter of an entry moves to it, to
+/// the next one where several begin with it, and opens it where it is the only one.
+class MenuLetters : public QObject
+{
+public:
+    explicit MenuLetters(QMenu* menu) : QObject(menu), menu_(menu) { menu->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        if (event->type() != QEvent::KeyPress)
+            return QObject::eventFilter(receiver, event);
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool plain = (key->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+        return plain && key->text().size() == 1 && Choose(key->text().at(0));
+    }
+
+private:
+    /// False where no entry begins with the letter.
+    bool Choose(QChar letter)
+    {
+        QList<QAction*> entries = menu_->actions();
+        // From the one behind the chosen entry on and round to it.
+        const auto chosen = std::find(entries.begin(), entries.end(), menu_->activeAction());
+        if (chosen != entries.end())
+            std::rotate(entries.begin(), chosen + 1, entries.end());
+        entries.erase(
+            std::remove_if(entries.begin(), entries.end(),
+                           [letter](const QAction* entry) {
+                               return !entry->isEnabled() || !entry->isVisible() || entry->isSeparator() ||
+                                      !entry->text().trimmed().startsWith(letter, Qt::CaseInsensitive);
+                           }),
+            entries.end());
+        if (entries.isEmpty())
+            return false;
+        menu_->setActiveAction(entries.first());
+        if (entries.size() == 1) {
+            QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+            QApplication::sendEvent(menu_, &enter);
+        }
+        return true;
+    }
+
+    QMenu* menu_;
+};
+
 } // namespace
 
 std::span<const MenuDefinition> MenuDefinitions()
@@ -103,6 +152,7 @@ QHash<QString, QAction*> BuildMenus(QMenuBar* bar, const std::function<void(cons
         switch (line.kind) {
         case MenuKind::Group:
             action = (group ? group->addMenu(caption) : bar->addMenu(caption))->menuAction();
+            new MenuLetters(action->menu());
             break;
         case MenuKind::Entry: action = group ? group->addAction(caption) : bar->addAction(caption); break;
         case MenuKind::Separator: action = group ? group->addSeparator() : bar->addSeparator(); break;

@@ -32,8 +32,9 @@ struct MenuDefinition
 /// All lines, in their order on the screen.
 std::span<const MenuDefinition> MenuDefinitions();
 
-/// Fills the menu bar. `open` gets the screen's name of a chosen entry. Gives every line's action by its
-/// name, for a group the action that opens it; entries of screens that the program does not have are off.
+/// Fills the menu bar. In an open group the first letter of an entry chooses it. `open` gets the screen's
+/// name of a chosen entry. Gives every line's action by its name, for a group the action that opens it;
+/// entries of screens that the program does not have are off.
 QHash<QString, QAction*> BuildMenus(QMenuBar* bar, const std::function<void(const QString& screen)>& open);
 
 /// Whether the entry leads anywhere in this program. Groups do.

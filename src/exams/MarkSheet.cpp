@@ -133,6 +133,12 @@ void MarkSheet::SetPresence(int row, const QString& text)
     At(row).presence = PresenceOf(text);
 }
 
+void MarkSheet::PutBack(int row, const MarkRow& before)
+{
+    At(row).mark = before.mark;
+    At(row).presence = before.presence;
+}
+
 MarkStep MarkSheet::EnterMark(int row, const QString& text)
 {
     SetMark(row, text);

@@ -82,6 +82,8 @@ public:
     void SetMark(int row, const QString& text);
     /// "P..." is present, "A..." absent, small letters too; any other text is kept as nothing entered.
     void SetPresence(int row, const QString& text);
+    /// Mark and presence of a row as they were in `before`.
+    void PutBack(int row, const MarkRow& before);
     /// A mark was ended with Enter. A mark above 0 makes the student present; a mark of 0 has to be declared.
     MarkStep EnterMark(int row, const QString& text);
     /// A presence was ended with Enter. A text that is none changes nothing and leads back to the presence.

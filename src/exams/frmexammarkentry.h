@@ -74,6 +74,8 @@ private:
     void cboPresentAbsent_Click();
     void cboPresentAbsent_Enter();
     void ShowEntryControl(MarkField field, int row);
+    /// The row gets what it held before a box was opened over it.
+    void TakeBack(int row);
     void HideEntryControls();
     /// Tells what the step has to tell and goes where it leads.
     void Take(const MarkStep& step);
@@ -114,6 +116,7 @@ private:
     FloatingCombo* cboPresentAbsent_ = nullptr;
 
     MarkSheet sheet_;
+    MarkRow opened_; ///< the row as it was when a box was opened over it
     bool EditMode_ = false;
     bool MarksExist_ = false;  ///< the subject or student that was chosen last has marks in this exam
     bool examsOpened_ = false; ///< the exam master was opened from here, and exams may have been added

@@ -58,6 +58,10 @@ void frmexammarkentry::BuildBoxes()
     using Form = frmexammarkentry;
     connect(txtmarkobtained_, &FloatingEditor::Typed, this, &Form::txtmarkobtained_Change);
     connect(txtmarkobtained_, &FloatingEditor::EnterPressed, this, &Form::txtmarkobtained_Enter);
+    connect(txtmarkobtained_, &FloatingEditor::TakenBack, this,
+            [this] { TakeBack(txtmarkobtained_->Row()); });
+    connect(cboPresentAbsent_, &FloatingCombo::TakenBack, this,
+            [this] { TakeBack(cboPresentAbsent_->Row()); });
     connect(cboPresentAbsent_, &DataCombo::Chosen, this, &Form::cboPresentAbsent_Click);
     connect(cboPresentAbsent_, &FloatingCombo::EnterPressed, this, &Form::cboPresentAbsent_Enter);
     connect(txtpresentorabsent_, &FloatingEditor::Typed, txtpresentorabsent_,
@@ -163,10 +167,20 @@ void frmexammarkentry::ShowEntryControl(MarkField field, int row)
     if (!sheet_.HasRow(row))
         return;
     HideEntryControls();
+    opened_ = sheet_.Row(row);
     if (field == MarkField::Mark)
         txtmarkobtained_->OpenAt(row, MarkObtainedCol);
     else
         cboPresentAbsent_->OpenAt(row, PresentAbsentCol);
+}
+
+void frmexammarkentry::TakeBack(int row)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    sheet_.PutBack(row, opened_);
+    ShowRow(row);
+    ShowAverage();
 }
 
 void frmexammarkentry::HideEntryControls()

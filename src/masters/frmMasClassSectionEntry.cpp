@@ -87,10 +87,11 @@ void frmMasClassSectionEntry::BuildGrids()
 
 void frmMasClassSectionEntry::BuildEditors()
 {
-    const auto make = [](FlexGrid* grid, const char* name, KeyFilter filter, int maxLength) {
+    const auto make = [this](FlexGrid* grid, const char* name, KeyFilter filter, int maxLength) {
         auto* editor = new FloatingEditor(grid);
         editor->setObjectName(QString::fromLatin1(name));
         TakeOnly(editor, filter, maxLength);
+        connect(editor, &FloatingEditor::TakenBack, this, &frmMasClassSectionEntry::TakeBack);
         return editor;
     };
     txtClassName_ = make(ui_->msgClassDetails, "txtClassName", &KeyAllButQuote, 4);

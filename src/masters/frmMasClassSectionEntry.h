@@ -66,6 +66,8 @@ private:
 
     void MoveControls(FloatingEditor* box, int row, int col);
     void HideControls();
+    /// Everything gets what it held before the box was opened.
+    void TakeBack();
     void LoadData();
     void LoadOldDetails();
     void ReArrangeClassOrder();
@@ -85,6 +87,7 @@ private:
     FloatingEditor* txtDivisionName_ = nullptr;
 
     ClassSectionGrid classes_;
+    ClassSectionGrid opened_; ///< all classes as they were when a box was opened over one
     bool editing_ = false;
 };
 

@@ -150,7 +150,15 @@ bool frmMasClassSectionEntry::txtDivisionName_Validate()
 void frmMasClassSectionEntry::MoveControls(FloatingEditor* box, int row, int col)
 {
     HideControls();
+    opened_ = classes_;
     box->OpenAt(row, col);
+}
+
+void frmMasClassSectionEntry::TakeBack()
+{
+    classes_ = opened_;
+    ShowClasses();
+    LoadOldDetails();
 }
 
 void frmMasClassSectionEntry::HideControls()
@@ -182,7 +190,8 @@ bool frmMasClassSectionEntry::eventFilter(QObject* receiver, QEvent* event)
     if (!box || event->type() != QEvent::KeyPress || classes_.Row(box->Row()).IsNamed())
         return Screen::eventFilter(receiver, event);
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->text().isEmpty() || key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab)
+    if (key->text().isEmpty() || key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab ||
+        key->key() == Qt::Key_Escape)
         return false;
     Prompts::Information(QStringLiteral("Enter Class Name"));
     OpenClass(ClassField::ClassName, box->Row());

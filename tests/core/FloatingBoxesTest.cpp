@@ -72,6 +72,29 @@ TEST_F(FloatingBoxes, BoxesFollowTheirCellsWhenTheGridScrollsOrAColumnGrows)
     EXPECT_EQ(combo->width(), grid->CellRect(1, 1).width());
 }
 
+TEST_F(FloatingBoxes, EscGivesABoxTheTextWithWhichItWasOpened)
+{
+    int takenBack = 0;
+    grid->SetTextMatrix(3, 2, QStringLiteral("47"));
+    QObject::connect(editor, &FloatingEditor::TakenBack, editor, [&takenBack] { ++takenBack; });
+    editor->OpenAt(3, 2);
+    QTest::keyClicks(editor, QStringLiteral("81"));
+    QTest::keyClick(editor, Qt::Key_Escape);
+    EXPECT_EQ(editor->text().toStdString(), "47");
+    EXPECT_EQ(editor->selectedText().toStdString(), "47");
+    EXPECT_TRUE(editor->hasFocus());
+    EXPECT_EQ(takenBack, 1);
+
+    QObject::connect(combo, &FloatingCombo::TakenBack, combo, [&takenBack] { ++takenBack; });
+    combo->OpenAt(2, 1);
+    QTest::keyClicks(combo->lineEdit(), QStringLiteral("Pr"));
+    QTest::keyClick(combo->lineEdit(), Qt::Key_Escape);
+    EXPECT_EQ(combo->currentText().toStdString(), "Absent");
+    EXPECT_EQ(combo->currentIndex(), 1);
+    EXPECT_TRUE(combo->hasFocus());
+    EXPECT_EQ(takenBack, 2);
+}
+
 TEST_F(FloatingBoxes, EnterOfAListIsTheScreensToAnswer)
 {
     int enters = 0;

@@ -3,8 +3,10 @@
 #include "core/ScreenRegistry.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTest>
 
 #include <array>
 #include <gtest/gtest.h>
@@ -163,6 +165,95 @@ TEST_F(MenuTreeTest, AnEntryWhoseScreenIsMissingLeadsNowhere)
     EXPECT_TRUE(LeadsSomewhere(Item("mnufrmRankCalculation")));
     EXPECT_TRUE(LeadsSomewhere(Item("mnuMasters")));
     EXPECT_TRUE(LeadsSomewhere(Item("mnuLock")));
+}
+
+/// An open menu of the bar, in which letters are pressed.
+class MenuLetters : public MenuTreeTest
+{
+protected:
+    void SetUp() override
+    {
+        for (QAction* item : std::as_const(items)) {
+            if (!item->isSeparator())
+                item->setEnabled(true);
+            QObject::connect(item, &QAction::triggered, item,
+                             [this, item] { triggered.append(item->objectName()); });
+        }
+        bar.show();
+    }
+    QMenu* Open(const char* group)
+    {
+        QMenu* menu = Item(group)->menu();
+        menu->popup(QPoint(10, 10));
+        return menu;
+    }
+    /// The entry that has the keys in the menu in front.
+    static std::string Active()
+    {
+        const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        return menu && menu->activeAction() ? menu->activeAction()->objectName().toStdString() : "";
+    }
+    static void PressLetter(char letter) { QTest::keyClick(QApplication::activePopupWidget(), letter); }
+
+    QStringList triggered;
+};
+
+TEST_F(MenuLetters, ALetterOfOneEntryChoosesIt)
+{
+    Open("mnuMasters");
+    PressLetter('b');
+    EXPECT_EQ(triggered, QStringList{QStringLiteral("mnufrmMasBloodGroupMaster")});
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    Open("mnuHelp");
+    PressLetter('A');
+    EXPECT_EQ(triggered.last().toStdString(), "frmAboutUs") << "blanks before a caption are no letters";
+}
+
+TEST_F(MenuLetters, ALetterOfSeveralEntriesGoesRoundAmongThem)
+{
+    Open("mnuMasters");
+    PressLetter('s');
+    EXPECT_EQ(Active(), "mnufrmMasStateMaster");
+    PressLetter('s');
+    EXPECT_EQ(Active(), "mnufrmMasSchoolSetup");
+    for (int rest = 0; rest < 5; ++rest)
+        PressLetter('s');
+    EXPECT_EQ(Active(), "mnufrmMasStudentRelievingMaster");
+    PressLetter('s');
+    EXPECT_EQ(Active(), "mnufrmMasStateMaster");
+    EXPECT_TRUE(triggered.isEmpty());
+    PressLetter('c');
+    EXPECT_EQ(Active(), "mnufrmMasCityMaster");
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    EXPECT_EQ(triggered, QStringList{QStringLiteral("mnufrmMasCityMaster")});
+}
+
+TEST_F(MenuLetters, EntriesThatAreOffAreSkipped)
+{
+    Item("mnufrmMasStateMaster")->setEnabled(false);
+    Item("mnufrmMasClassSectionEntry")->setEnabled(false);
+    Open("mnuMasters");
+    PressLetter('s');
+    EXPECT_EQ(Active(), "mnufrmMasSchoolSetup");
+    PressLetter('z');
+    EXPECT_EQ(Active(), "mnufrmMasSchoolSetup");
+    PressLetter('c');
+    EXPECT_EQ(triggered, QStringList{QStringLiteral("mnufrmMasCityMaster")}) << "the only one that is on";
+}
+
+TEST_F(MenuLetters, AGroupWithinAMenuOpensAndTakesTheNextLetter)
+{
+    Item("mnuStudentMarkComparision")->setEnabled(false);
+    Item("mnuStudentsList")->setEnabled(false);
+    QMenu* reports = Open("mnuReports");
+    PressLetter('s');
+    ASSERT_EQ(QApplication::activePopupWidget(), Item("mnuSubjectAverage")->menu());
+    EXPECT_EQ(Active(), "mnufrmclassdivisionsubjectavg");
+    PressLetter('b');
+    EXPECT_EQ(Active(), "mnufrmdivisionsubjectexamavg");
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    EXPECT_EQ(triggered, QStringList{QStringLiteral("mnufrmdivisionsubjectexamavg")});
+    EXPECT_FALSE(reports->isVisible());
 }
 
 TEST_F(MenuTreeTest, AChosenEntryOpensItsScreen)

@@ -26,6 +26,47 @@ TEST_F(MarkTyping, AMarkAboveTheAllowedOneIsRefusedAtTheKeyThatMakesItSo)
     EXPECT_TRUE(mark->hasFocus());
 }
 
+TEST_F(MarkTyping, EscTakesBackWhatWasTyped)
+{
+    StartSubject(QStringLiteral("English"));
+    QTest::keyClicks(mark, QStringLiteral("47"));
+    EXPECT_EQ(Cell(1), "47");
+    QTest::keyClick(mark, Qt::Key_Escape);
+    EXPECT_EQ(Box(), "");
+    EXPECT_EQ(Cell(1), "") << "a mark that was not entered yet is no zero";
+    EXPECT_EQ(Average(), "");
+    EXPECT_TRUE(mark->hasFocus());
+
+    Enter("47");
+    Click(1, 2);
+    QTest::keyClicks(mark, QStringLiteral("8"));
+    prompts.ExpectInformation(AboveFiftyText);
+    QTest::keyClick(mark, Qt::Key_1);
+    QTest::keyClick(mark, Qt::Key_Escape);
+    EXPECT_EQ(Box(), "47");
+    EXPECT_EQ(Cell(1), "47");
+    EXPECT_EQ(Average(), "15.67");
+}
+
+TEST_F(MarkTyping, EscTakesBackAPresence)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("0");
+    ASSERT_EQ(Focus(), "cboPresentAbsent");
+    PressKey(form, Qt::Key_Down);
+    EXPECT_EQ(grid->TextMatrix(1, 3).toStdString(), "Absent");
+    PressKey(form, Qt::Key_Escape);
+    EXPECT_EQ(grid->TextMatrix(1, 3).toStdString(), "Present");
+    EXPECT_EQ(Focus(), "cboPresentAbsent");
+
+    Enter("a");
+    Click(1, 2);
+    prompts.ExpectInformation(OfAbsent);
+    QTest::keyClick(mark, Qt::Key_9);
+    QTest::keyClick(mark, Qt::Key_Escape);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Absent");
+}
+
 TEST_F(MarkTyping, AStudentsMarksAreHeldToTheLimitOfEachSubject)
 {
     StartStudent(QStringLiteral("Asha(A1)"));

@@ -166,6 +166,59 @@ TEST_F(ClassSectionKeys, FromThreeDivisionsToFourAndBackResetsTheirNames)
     EXPECT_EQ(DivisionTexts(), "1A 2B 3C");
 }
 
+TEST_F(ClassSectionKeys, EscTakesBackWhatWasTypedInEachBox)
+{
+    GivenThreeClasses();
+    Edit();
+    Click(classes, 2, 1);
+    QTest::keyClicks(txtClassName, QStringLiteral("9"));
+    QTest::keyClick(txtClassName, Qt::Key_Escape);
+    EXPECT_EQ(ClassRowText(2), "2|XI|3|2");
+    Click(classes, 2, 3);
+    QTest::keyClicks(txtClassOrder, QStringLiteral("7"));
+    QTest::keyClick(txtClassOrder, Qt::Key_Escape);
+    EXPECT_EQ(ClassRowText(2), "2|XI|3|2");
+    Click(divisions, 2, 1);
+    QTest::keyClicks(txtDivisionName, QStringLiteral("Red"));
+    EXPECT_EQ(DivisionTexts(), "1A 2Red 3C");
+    QTest::keyClick(txtDivisionName, Qt::Key_Escape);
+    EXPECT_EQ(DivisionTexts(), "1A 2B 3C");
+    EXPECT_TRUE(txtDivisionName->hasFocus());
+}
+
+TEST_F(ClassSectionKeys, EscAfterATypedCountBringsTheNamesOfTheDivisionsBack)
+{
+    GivenThreeClasses();
+    Edit();
+    Click(classes, 2, 2);
+    Click(divisions, 2, 1);
+    QTest::keyClicks(txtDivisionName, QStringLiteral("Red"));
+    Click(classes, 2, 2);
+    QTest::keyClicks(txtNoOfDivisions, QStringLiteral("12"));
+    QTest::keyClick(txtNoOfDivisions, Qt::Key_Escape);
+    EXPECT_EQ(txtNoOfDivisions->text().toStdString(), "3");
+    EXPECT_EQ(ClassRowText(2), "2|XI|3|2");
+    EXPECT_EQ(DivisionTexts(), "1A 2Red 3C");
+}
+
+TEST_F(ClassSectionKeys, EscInANewRowLeavesItBlank)
+{
+    GivenThreeClasses();
+    Edit();
+    Click(classes, 3, 3);
+    Enter("");
+    ASSERT_EQ(txtClassName->Row(), 4);
+    QTest::keyClicks(txtClassName, QStringLiteral("IX"));
+    QTest::keyClick(txtClassName, Qt::Key_Backspace);
+    QTest::keyClick(txtClassName, Qt::Key_Backspace);
+    EXPECT_EQ(ClassRowText(4), "4|I||");
+    QTest::keyClick(txtClassName, Qt::Key_Escape);
+    EXPECT_EQ(ClassRowText(4), "4|||");
+    Click(classes, 4, 2);
+    QTest::keyClick(txtNoOfDivisions, Qt::Key_Escape);
+    EXPECT_TRUE(txtNoOfDivisions->hasFocus()) << "nothing was typed, so no name is missing yet";
+}
+
 TEST_F(ClassSectionKeys, ATypedOrderPushesTheOthersDownInGridOrder)
 {
     GivenThreeClasses();

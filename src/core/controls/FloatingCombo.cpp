@@ -17,10 +17,16 @@ FloatingCombo::FloatingCombo(FlexGrid* grid) : DataCombo(grid->viewport()), foll
 
 void FloatingCombo::OpenAt(int row, int col)
 {
-    const QString text = follower_.Grid()->TextMatrix(row, col).trimmed();
+    opened_ = follower_.Grid()->TextMatrix(row, col).trimmed();
+    Show(opened_);
+    follower_.OpenAt(row, col);
+    lineEdit()->selectAll();
+}
+
+void FloatingCombo::Show(const QString& text)
+{
     SetText(text);
     setEditText(text);
-    follower_.OpenAt(row, col);
     lineEdit()->selectAll();
 }
 
@@ -33,6 +39,11 @@ void FloatingCombo::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Q_EMIT EnterPressed();
+        return;
+    }
+    if (event->key() == Qt::Key_Escape) {
+        Show(opened_);
+        Q_EMIT TakenBack();
         return;
     }
     DataCombo::keyPressEvent(event);

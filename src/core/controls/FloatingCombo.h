@@ -6,7 +6,7 @@
 namespace tally {
 
 /// A list that floats over a cell of a grid, the counterpart of FloatingEditor. Its text can be typed or
-/// chosen. Enter is its own: the screen says where it leads.
+/// chosen, and Esc takes it back. Enter is its own: the screen says where it leads.
 class FloatingCombo : public DataCombo
 {
     Q_OBJECT
@@ -25,12 +25,19 @@ public:
 
 Q_SIGNALS:
     void EnterPressed();
+    /// Esc was pressed: the list has the text again with which it was opened, and the screen gives the cell
+    /// what it held then.
+    void TakenBack();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// All of the text is selected.
+    void Show(const QString& text);
+
     CellFollower follower_;
+    QString opened_; ///< the text with which it was opened
 };
 
 } // namespace tally

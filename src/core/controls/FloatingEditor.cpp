@@ -17,7 +17,8 @@ FloatingEditor::FloatingEditor(FlexGrid* grid)
 
 void FloatingEditor::OpenAt(int row, int col)
 {
-    setText(Grid()->TextMatrix(row, col));
+    opened_ = Grid()->TextMatrix(row, col);
+    setText(opened_);
     setAlignment(Grid()->ColAlignment(col));
     follower_.OpenAt(row, col);
     selectAll();
@@ -32,6 +33,12 @@ void FloatingEditor::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Q_EMIT EnterPressed();
+        return;
+    }
+    if (event->key() == Qt::Key_Escape) {
+        setText(opened_);
+        selectAll();
+        Q_EMIT TakenBack();
         return;
     }
     QLineEdit::keyPressEvent(event);

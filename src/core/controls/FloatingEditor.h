@@ -7,8 +7,8 @@
 
 namespace tally {
 
-/// An entry box that floats over a cell of a grid. What is typed goes to the cell at once. It follows the
-/// cell when the grid scrolls, and Enter is its own: the screen says where it leads.
+/// An entry box that floats over a cell of a grid. What is typed goes to the cell at once, and Esc takes it
+/// back. It follows the cell when the grid scrolls, and Enter is its own: the screen says where it leads.
 class FloatingEditor : public QLineEdit
 {
     Q_OBJECT
@@ -36,6 +36,9 @@ Q_SIGNALS:
     /// The user changed the text.
     void Typed(const QString& text);
     void EnterPressed();
+    /// Esc was pressed: the box has the text again with which it was opened, and the screen gives the cell
+    /// what it held then.
+    void TakenBack();
     /// The focus has left, after it was validated.
     void Left();
 
@@ -45,6 +48,7 @@ protected:
 
 private:
     CellFollower follower_;
+    QString opened_; ///< the text with which it was opened
     LeaveGuard guard_;
 };
 
