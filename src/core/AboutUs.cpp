@@ -4,6 +4,7 @@
 #include "core/TempFolder.h"
 #include "ui_AboutUs.h"
 
+#include <QKeyEvent>
 #include <QTimer>
 
 namespace tally {
@@ -13,7 +14,14 @@ AboutUs::AboutUs() : Screen(QStringLiteral("AboutUs"), 0), ui_(std::make_unique<
     ui_->setupUi(this);
     QPalette background = palette();
     background.setColor(QPalette::Window, QColor(255, 204, 153));
-    setPalette(background);
+    background.setColor(QPalette::WindowText, Qt::black);
+    // The text keeps these colours by itself when the system goes from light to dark.
+    for (QWidget* part : {static_cast<QWidget*>(this), static_cast<QWidget*>(ui_->lblAbout)})
+        part->setPalette(background);
+    ui_->lblAbout->setText(QStringLiteral(
+        "KITE - Tally Board, version " TALLYBOARD_VERSION ", by the Tally Board developers\n"
+        "Free software under the GNU General Public License, version 3, without any warranty\n"
+        "For help, turn to whoever looks after the computers of your school, and tell the version"));
 
     ui_->swfAboutUs->AddButton(QStringLiteral("cmdClose"), QStringLiteral("&Close"), QStringLiteral("quit"),
                                QStringLiteral("true"));
@@ -26,6 +34,14 @@ AboutUs::~AboutUs() = default;
 void AboutUs::cmdExit_Click()
 {
     Unload();
+}
+
+void AboutUs::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        cmdExit_Click();
+    else
+        Screen::keyPressEvent(event);
 }
 
 void AboutUs::swfAboutUs_FSCommand(const QString& command)

@@ -10,7 +10,7 @@ class AboutUs;
 
 namespace tally {
 
-/// The about screen: a movie and its one button.
+/// The about screen: a movie with its one button, and under it what a clerk passes on who asks for help.
 class AboutUs : public Screen
 {
     Q_OBJECT
@@ -22,6 +22,7 @@ public:
 protected:
     /// The about screen goes without a question.
     void cmdExit_Click() override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void swfAboutUs_FSCommand(const QString& command);

@@ -1,7 +1,11 @@
 #include "core/Prompts.h"
 
+#include "core/look/Look.h"
+
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <QRegularExpression>
 
 #include <array>
 #include <utility>
@@ -41,6 +45,26 @@ public:
     }
 };
 
+/// The text with places to break, which nobody sees, in words as long as paths are.
+QString Breakable(QString text)
+{
+    static const QRegularExpression Separator(QStringLiteral("(?<=\\S{20})([/\\\\])"));
+    return text.replace(Separator, QStringLiteral("\\1\u200b"));
+}
+
+/// Makes the box wide enough for its title beside the window manager's icon and buttons.
+void MakeRoomForTitle(QMessageBox& box)
+{
+    constexpr int IconAndButtons = 20 * LookUnit;
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    const int wanted = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + IconAndButtons;
+    auto* rows = qobject_cast<QGridLayout*>(box.layout());
+    const QMargins margins = rows->contentsMargins();
+    rows->addItem(new QSpacerItem(wanted - margins.left() - margins.right(), 0), rows->rowCount(), 0, 1,
+                  rows->columnCount());
+}
+
 bool Show(Kind kind, const QString& text, const QString& caption)
 {
     const OpenBox box;
@@ -49,7 +73,7 @@ bool Show(Kind kind, const QString& text, const QString& caption)
 
     static constexpr std::array Icons{QMessageBox::Information, QMessageBox::Question, QMessageBox::NoIcon,
                                       QMessageBox::Critical};
-    QMessageBox message(Icons.at(static_cast<std::size_t>(kind)), caption, text, QMessageBox::Ok,
+    QMessageBox message(Icons.at(static_cast<std::size_t>(kind)), caption, Breakable(text), QMessageBox::Ok,
                         QApplication::activeWindow());
     // Names and file paths stand in these texts; none of them is mark-up.
     message.setTextFormat(Qt::PlainText);
@@ -57,6 +81,7 @@ bool Show(Kind kind, const QString& text, const QString& caption)
         message.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         message.setEscapeButton(QMessageBox::No);
     }
+    MakeRoomForTitle(message);
     return message.exec() == QMessageBox::Yes;
 }
 

@@ -113,6 +113,13 @@ bool frmStartLock::eventFilter(QObject* receiver, QEvent* event)
     return QDialog::eventFilter(receiver, event);
 }
 
+void frmStartLock::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        ui_->Image1->setPixmap(Padlock(palette(), devicePixelRatioF()));
+}
+
 void frmStartLock::keyPressEvent(QKeyEvent* event)
 {
     event->accept();

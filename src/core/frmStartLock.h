@@ -22,6 +22,7 @@ public:
     ~frmStartLock() override;
 
 protected:
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* receiver, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

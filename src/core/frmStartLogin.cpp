@@ -76,7 +76,16 @@ frmStartLogin::frmStartLogin() : ui_(std::make_unique<Ui::frmStartLogin>())
 {
     ui_->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
-    DrawPictures();
+    ui_->ImgOK->setAccessibleName(QStringLiteral("OK"));
+    ui_->ImgCancel->setAccessibleName(QStringLiteral("Cancel"));
+    ui_->cmdExit->setIcon(LookIcon(QStringLiteral("exit")));
+    DrawButtons();
+    adjustSize();
+    setFixedSize(size());
+    ui_->Image1->resize(size());
+    ui_->Image1->lower();
+    DrawBackground();
+    move(screen()->availableGeometry().center() - rect().center());
     TakeOnly(ui_->txtLoginID, KeyAlphaNumeric, EntryLength);
     TakeOnly(ui_->txtPassword, KeyAlphaNumeric, EntryLength);
     for (QWidget* widget : {static_cast<QWidget*>(ui_->ImgOK), static_cast<QWidget*>(ui_->ImgCancel),
@@ -93,25 +102,29 @@ frmStartLogin::frmStartLogin() : ui_(std::make_unique<Ui::frmStartLogin>())
 
 frmStartLogin::~frmStartLogin() = default;
 
-void frmStartLogin::DrawPictures()
+void frmStartLogin::DrawButtons()
 {
-    const QString ok = QStringLiteral("OK");
-    const QString cancel = QStringLiteral("Cancel");
-    ui_->ImgOK->setAccessibleName(ok);
-    ui_->ImgCancel->setAccessibleName(cancel);
+    const QString ok = ui_->ImgOK->accessibleName();
+    const QString cancel = ui_->ImgCancel->accessibleName();
     ui_->ImgOK1->setPixmap(ButtonPicture(this, ok, false));
     ui_->ImgOK2->setPixmap(ButtonPicture(this, ok, true));
     ui_->ImgCancel1->setPixmap(ButtonPicture(this, cancel, false));
     ui_->ImgCancel2->setPixmap(ButtonPicture(this, cancel, true));
     Light(false, false);
-    ui_->cmdExit->setIcon(LookIcon(QStringLiteral("exit")));
+}
 
-    adjustSize();
-    setFixedSize(size());
-    ui_->Image1->resize(size());
+void frmStartLogin::DrawBackground()
+{
     ui_->Image1->setPixmap(BackgroundPicture(palette(), size()));
-    ui_->Image1->lower();
-    move(screen()->availableGeometry().center() - rect().center());
+}
+
+void frmStartLogin::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        DrawButtons();
+        DrawBackground();
+    }
 }
 
 void frmStartLogin::Light(bool ok, bool cancel)

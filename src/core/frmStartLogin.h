@@ -26,12 +26,14 @@ public:
     ~frmStartLogin() override;
 
 protected:
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* receiver, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     frmStartLogin();
-    void DrawPictures();
+    void DrawButtons();
+    void DrawBackground();
     void Light(bool ok, bool cancel);
     void ImgOK_Click();
     void Login();

@@ -3,6 +3,7 @@
 #include "core/controls/CheckList.h"
 #include "core/controls/DatePicker.h"
 #include "core/controls/FlexGrid.h"
+#include "core/look/Look.h"
 #include "core/mdiTallyboard.h"
 #include "core/Numbers.h"
 #include "core/Prompts.h"
@@ -78,6 +79,7 @@ void ShowForm(const QString& formName)
         frame = window->Area()->addSubWindow(screen, Qt::SubWindow | Qt::CustomizeWindowHint |
                                                          Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                                          Qt::WindowCloseButtonHint);
+        frame->setWindowIcon(LookIcon(QStringLiteral("app")));
         frame->resize(frame->sizeHint()
                           .expandedTo(frame->minimumSizeHint())
                           .boundedTo(window->Area()->viewport()->size()));

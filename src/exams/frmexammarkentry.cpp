@@ -70,10 +70,6 @@ void frmexammarkentry::BuildGrid()
     grid->FitColumns();
     grid->horizontalHeader()->setSectionResizeMode(NameCol, QHeaderView::Stretch);
     grid->setProperty(TakesEnter, true);
-    // Marks that are only looked at are read as well.
-    QPalette readable = grid->palette();
-    readable.setColor(QPalette::Disabled, QPalette::Text, readable.color(QPalette::Active, QPalette::Text));
-    grid->setPalette(readable);
 }
 
 void frmexammarkentry::ConnectHandlers()

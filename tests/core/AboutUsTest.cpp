@@ -1,13 +1,17 @@
 #include "core/AboutUs.h"
 
 #include "core/controls/MovieView.h"
+#include "core/look/Look.h"
 #include "core/mdiTallyboard.h"
 #include "core/modTallyboardForms.h"
 #include "core/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QFile>
+#include <QLabel>
 #include <QPushButton>
 
 namespace tally::test {
@@ -43,6 +47,50 @@ TEST_F(AboutUsTest, TheMoviesQuitUnloadsItWithoutAQuestion)
     Settle();
     EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("AboutUs")), nullptr);
     EXPECT_FALSE(AnyChildFormOpen());
+}
+
+TEST_F(AboutUsTest, ItTellsVersionLicenceAndWhereToTurnAndTheTextCanBeCopied)
+{
+    AboutUs* about = OpenAbout();
+    ASSERT_NE(about, nullptr);
+    auto* text = Find<QLabel>(about, "lblAbout");
+    const std::string told = text->text().toStdString();
+    for (const char* part :
+         {"KITE - Tally Board, version " TALLYBOARD_VERSION ",", "GNU General Public License, version 3",
+          "whoever looks after the computers of your school"})
+        EXPECT_NE(told.find(part), std::string::npos) << part;
+    EXPECT_LE(text->heightForWidth(text->width()), text->height());
+
+    QTest::mouseClick(text, Qt::LeftButton, Qt::NoModifier, QPoint(40, 6));
+    QTest::keyClick(text, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(text, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), told);
+}
+
+TEST_F(AboutUsTest, ItsTextIsBlackOnItsColourInEveryLook)
+{
+    AboutUs* about = OpenAbout();
+    ASSERT_NE(about, nullptr);
+    UseDarkLook(true);
+    auto* text = Find<QLabel>(about, "lblAbout");
+    EXPECT_EQ(about->palette().color(QPalette::Window), QColor(255, 204, 153));
+    EXPECT_EQ(text->palette().color(QPalette::WindowText), QColor(Qt::black));
+    UseDarkLook(false);
+}
+
+TEST_F(AboutUsTest, EscClosesItWithoutAQuestion)
+{
+    Session().gblnPromptOnExit = true;
+    AboutUs* about = OpenAbout();
+    ASSERT_NE(about, nullptr);
+    PressKey(about, Qt::Key_Escape);
+    Settle();
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("AboutUs")), nullptr);
+    about = OpenAbout();
+    QTest::mouseClick(Find<QLabel>(about, "lblAbout"), Qt::LeftButton);
+    PressKey(about, Qt::Key_Escape);
+    Settle();
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("AboutUs")), nullptr);
 }
 
 TEST_F(AboutUsTest, OtherMovieCommandsDoNothing)

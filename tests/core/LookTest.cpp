@@ -1,61 +1,390 @@
 #include "core/look/Look.h"
 
+#include "core/controls/CheckList.h"
+#include "core/controls/DatePicker.h"
+#include "core/controls/FlexGrid.h"
+#include "core/controls/PictureArea.h"
+
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHash>
 #include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
+#include <QStyle>
 #include <QTest>
+#include <QToolTip>
+#include <QVBoxLayout>
 
-#include <cstdlib>
+#include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace tally::test {
 namespace {
 
+/// The relative luminance of the Web Content Accessibility Guidelines.
+double Luminance(const QColor& color)
+{
+    const auto part = [](double value) {
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
+}
+
+/// Their contrast ratio, from 1 to 21.
+double Ratio(const QColor& one, const QColor& other)
+{
+    const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
+    return (light + 0.05) / (dark + 0.05);
+}
+
+constexpr double OfText = 4.5;
+constexpr double OfEdges = 3.0;
+
+/// The colour that most of the picture has: the ground on which the rest stands.
+QColor Ground(const QImage& picture)
+{
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            ++counts[picture.pixel(x, y)];
+    const auto most = std::max_element(counts.keyValueBegin(), counts.keyValueEnd(),
+                                       [](const auto& a, const auto& b) { return a.second < b.second; });
+    return QColor((*most).first);
+}
+
+/// How light the picture is on the whole, from 0 to 1.
+double Brightness(const QImage& picture)
+{
+    double sum = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            sum += Luminance(picture.pixelColor(x, y));
+    return sum / picture.width() / picture.height();
+}
+
+/// How far what is drawn most clearly in the picture stands out from its ground.
+double Strongest(const QImage& picture)
+{
+    const QColor ground = Ground(picture);
+    double most = 1;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            most = std::max(most, Ratio(picture.pixelColor(x, y), ground));
+    return most;
+}
+
 class Look : public ::testing::TestWithParam<bool>
 {
 protected:
-    void SetUp() override { ApplyLook(*qApp, GetParam()); }
-    void TearDown() override { ApplyLook(*qApp, false); }
+    void SetUp() override { UseDarkLook(GetParam()); }
+    void TearDown() override { UseDarkLook(false); }
 
-    /// How far the box before the text stands out from the window at most, in steps of lightness.
-    static int Contrast(QWidget& button)
+    /// A window with the control in its middle, ground all around it.
+    template <typename Control>
+    Control* Show(Control* control)
     {
-        button.show();
-        const QImage picture = button.grab().toImage();
-        const int window = button.palette().color(QPalette::Window).lightness();
-        int most = 0;
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < std::min(picture.width(), picture.height()); ++x)
-                most = std::max(most, std::abs(picture.pixelColor(x, y).lightness() - window));
+        control->setParent(&form);
+        rows.addWidget(control);
+        form.resize(260, 200);
+        form.show();
+        control->show();
+        QApplication::setActiveWindow(&form);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+        rows.activate();
+        control->clearFocus();
+        return control;
+    }
+    QImage Picture() { return form.grab().toImage(); }
+    QImage Picture(const QWidget* control, const QRect& part)
+    {
+        return Picture().copy(part.translated(control->mapTo(&form, QPoint())));
+    }
+    /// How far the left edge of `part` of a control stands out from what is left of it and from what it
+    /// encloses, whichever is less.
+    double Edge(const QWidget* control, const QRect& part)
+    {
+        const QImage picture = Picture();
+        const QPoint left = control->mapTo(&form, QPoint(part.left(), part.center().y()));
+        const QColor outside = picture.pixelColor(left - QPoint(3, 0));
+        const QColor inside = picture.pixelColor(left + QPoint(2, 0));
+        double most = 1;
+        for (int x = 0; x < 2; ++x) {
+            const QColor edge = picture.pixelColor(left + QPoint(x, 0));
+            most = std::max(most, std::min(Ratio(edge, outside), Ratio(edge, inside)));
+        }
         return most;
     }
+    double Edge(const QWidget* control) { return Edge(control, control->rect()); }
+
+    QWidget form;
+    QVBoxLayout rows{&form};
 };
 
-constexpr int Legible = 40;
-
-TEST_P(Look, AnUntickedBoxIsSeen)
+TEST_P(Look, EveryTextOfThePaletteCanBeReadOnItsGround)
 {
-    QCheckBox box;
-    EXPECT_GE(Contrast(box), Legible);
-}
-
-TEST_P(Look, AnOptionThatIsNotChosenIsSeen)
-{
-    QRadioButton option;
-    EXPECT_GE(Contrast(option), Legible);
-}
-
-TEST_P(Look, WhatIsChosenInASwitchedOffMenuOrListCanBeRead)
-{
+    using P = QPalette;
+    const std::initializer_list<std::pair<P::ColorRole, P::ColorRole>> pairs{
+        {P::WindowText, P::Window},
+        {P::Text, P::Base},
+        {P::Text, P::AlternateBase},
+        {P::Text, P::Window},
+        {P::Text, P::Midlight},
+        {P::ButtonText, P::Button},
+        {P::ButtonText, P::Window},
+        {P::HighlightedText, P::Highlight},
+        {P::PlaceholderText, P::Base},
+        {P::ToolTipText, P::ToolTipBase},
+        {P::Link, P::Base},
+        {P::Link, P::Window},
+        {P::LinkVisited, P::Window},
+        {P::PlaceholderText, P::Window},
+    };
     const QPalette palette = QApplication::palette();
-    const int behind = palette.color(QPalette::Disabled, QPalette::Highlight).lightness();
-    for (const auto role : {QPalette::Text, QPalette::HighlightedText})
-        EXPECT_GE(std::abs(palette.color(QPalette::Disabled, role).lightness() - behind), Legible) << role;
+    for (const auto group : {P::Active, P::Inactive, P::Disabled})
+        for (const auto& [text, ground] : pairs)
+            EXPECT_GE(Ratio(palette.color(group, text), palette.color(group, ground)), OfText)
+                << "group " << group << ", " << text << " on " << ground;
+    EXPECT_GE(Ratio(palette.color(P::Highlight), palette.color(P::Window)), OfText) << "titles of groups";
+    EXPECT_GE(Ratio(QToolTip::palette().color(P::ToolTipText), QToolTip::palette().color(P::ToolTipBase)),
+              OfText);
+}
+
+TEST_P(Look, EveryEdgeOfThePaletteIsSeenOnItsGround)
+{
+    using P = QPalette;
+    const QPalette palette = QApplication::palette();
+    for (const auto edge : {P::Mid, P::Highlight})
+        for (const auto ground : {P::Window, P::Base, P::AlternateBase, P::Button, P::Midlight})
+            EXPECT_GE(Ratio(palette.color(edge), palette.color(ground)), OfEdges) << edge << " on " << ground;
+}
+
+TEST_P(Look, TheEdgesOfFieldsAreSeen)
+{
+    auto* editable = new QComboBox;
+    editable->setEditable(true);
+    for (QWidget* field :
+         std::initializer_list<QWidget*>{new QLineEdit, new QComboBox, editable, new DatePicker, new QSpinBox,
+                                         new CheckList, new FlexGrid}) {
+        Show(field);
+        EXPECT_GE(Edge(field), OfEdges) << field->metaObject()->className();
+        field->setEnabled(false);
+        EXPECT_GE(Edge(field), OfEdges) << field->metaObject()->className() << " switched off";
+        field->setEnabled(true);
+        field->setFocus();
+        ASSERT_TRUE(field->hasFocus());
+        EXPECT_GE(Edge(field), OfEdges) << field->metaObject()->className() << " with the focus";
+        delete field;
+    }
+}
+
+TEST_P(Look, TheFocusOfAFieldIsSeenBesideTheFieldWithoutIt)
+{
+    for (QWidget* field : std::initializer_list<QWidget*>{new QLineEdit, new QComboBox, new DatePicker,
+                                                          new QCheckBox, new QRadioButton, new QPushButton}) {
+        Show(field);
+        const QImage before = Picture();
+        field->setFocus(Qt::TabFocusReason);
+        const QImage after = Picture();
+        double most = 1;
+        for (int y = 0; y < after.height(); ++y)
+            for (int x = 0; x < after.width(); ++x)
+                most = std::max(most, Ratio(after.pixelColor(x, y), before.pixelColor(x, y)));
+        EXPECT_GE(most, OfEdges) << field->metaObject()->className();
+        delete field;
+    }
+}
+
+TEST_P(Look, TheEdgesOfTicksOptionsButtonsAndGroupsAreSeen)
+{
+    const int side = QApplication::style()->pixelMetric(QStyle::PM_IndicatorWidth);
+    for (QAbstractButton* button : std::initializer_list<QAbstractButton*>{new QCheckBox, new QRadioButton}) {
+        Show(button);
+        const QRect sign(0, (button->height() - side) / 2, side, side);
+        EXPECT_GE(Edge(button, sign), OfEdges) << button->metaObject()->className();
+        button->setEnabled(false);
+        EXPECT_GE(Edge(button, sign), OfEdges) << button->metaObject()->className() << " switched off";
+        delete button;
+    }
+    auto* button = Show(new QPushButton);
+    EXPECT_GE(Edge(button), OfEdges);
+    delete button;
+    EXPECT_GE(Edge(Show(new QGroupBox)), OfEdges);
+}
+
+TEST_P(Look, TheTickOfAListIsSeen)
+{
+    auto* list = Show(new CheckList);
+    list->AddItem(QString(), 1);
+    const QRect item = list->visualItemRect(list->item(0)).adjusted(0, 0, -100, 0);
+    EXPECT_GE(Strongest(Picture(list->viewport(), item)), OfEdges);
+}
+
+TEST_P(Look, WhatIsChosenInASwitchedOffListOrFieldCanBeRead)
+{
+    auto* list = Show(new CheckList);
+    list->AddItem(QStringLiteral("XII A"), 1);
+    list->SetTicked(0, true);
+    list->setCurrentRow(0);
+    list->setEnabled(false);
+    EXPECT_GE(Strongest(Picture(list->viewport(), list->visualItemRect(list->item(0)))), OfText);
+    delete list;
+    for (QWidget* field : std::initializer_list<QWidget*>{
+             new QLineEdit(QStringLiteral("HALF YEARLY")), new QComboBox, new DatePicker,
+             new QCheckBox(QStringLiteral("HALF YEARLY")), new QLabel(QStringLiteral("HALF YEARLY"))}) {
+        if (auto* combo = qobject_cast<QComboBox*>(field))
+            combo->addItem(QStringLiteral("HALF YEARLY"));
+        Show(field);
+        field->setEnabled(false);
+        const QRect text(6, 4, field->width() - 60, field->height() - 8);
+        EXPECT_GE(Strongest(Picture(field, text)), OfText) << field->metaObject()->className();
+        delete field;
+    }
+}
+
+TEST_P(Look, TheTitlesOfChildWindowsCanBeRead)
+{
+    auto* area = Show(new QMdiArea);
+    for (int child = 0; child < 2; ++child) {
+        QMdiSubWindow* frame =
+            area->addSubWindow(new QWidget, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                                Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+        frame->setWindowTitle(QStringLiteral("Rank List"));
+        frame->setGeometry(0, child * 80, 200, 70);
+        frame->show();
+    }
+    for (QMdiSubWindow* frame : area->subWindowList()) {
+        area->setActiveSubWindow(frame);
+        for (const QMdiSubWindow* shown : area->subWindowList()) {
+            const QImage title = Picture(shown, QRect(6, 6, 150, 14));
+            EXPECT_GE(Strongest(title), OfText) << (shown == frame ? "in front" : "behind");
+            const QImage close = Picture(shown, QRect(174, 4, 20, 18));
+            EXPECT_GE(Strongest(close), OfEdges) << (shown == frame ? "in front" : "behind");
+        }
+    }
+}
+
+TEST_P(Look, EntriesOfMenusThatAreOffCanBeRead)
+{
+    QMenu menu;
+    menu.addAction(QStringLiteral("HALF YEARLY"))->setEnabled(false);
+    menu.popup(QPoint(10, 10));
+    EXPECT_GE(Strongest(menu.grab(menu.rect().adjusted(4, 2, -4, -2)).toImage()), OfText);
+}
+
+TEST_P(Look, IconsAreSeenOnTheirButtonsAndWindows)
+{
+    for (const char* name : {"add",   "calendar", "cancel",   "clear", "close",       "critical", "delete",
+                             "edit",  "exit",     "export",   "help",  "information", "lock",     "new",
+                             "print", "proceed",  "question", "save",  "search",      "total",    "view"}) {
+        const QIcon icon = LookIcon(QString::fromLatin1(name));
+        ASSERT_FALSE(icon.isNull()) << name;
+        auto* button = Show(new QPushButton(icon, QString()));
+        const QRect middle(button->rect().center() - QPoint(9, 9), QSize(18, 18));
+        EXPECT_GE(Strongest(Picture(button, middle)), OfEdges) << name;
+        delete button;
+        auto* label = Show(new QLabel);
+        label->setPixmap(icon.pixmap(48));
+        EXPECT_GE(Strongest(Picture(label, label->rect())), OfEdges) << name;
+        delete label;
+    }
+}
+
+TEST_P(Look, NothingBehindTheFormsIsBrighterThanTheyAreInTheDark)
+{
+    PictureArea area;
+    QPixmap morning(40, 30);
+    morning.fill(Qt::white);
+    area.SetPicture(morning);
+    area.resize(200, 150);
+    area.show();
+    const QColor shown = area.grab().toImage().pixelColor(100, 70);
+    if (GetParam())
+        EXPECT_LT(shown.lightness(), 110);
+    else
+        EXPECT_EQ(shown, QColor(Qt::white));
 }
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, Look, ::testing::Bool(),
                          [](const auto& dark) { return dark.param ? "Dark" : "Light"; });
+
+/// The system goes from light to dark, or back, while the program runs.
+class ChangeOfLook : public testing::Test
+{
+protected:
+    void TearDown() override { UseDarkLook(false); }
+};
+
+TEST_F(ChangeOfLook, TheSystemsOwnColoursDecideWhereNobodyElseDoes)
+{
+    UseDarkLook({});
+    QPalette system(QColor(40, 40, 40));
+    ASSERT_TRUE(IsDark(system));
+    QApplication::style()->polish(system);
+    EXPECT_TRUE(IsDark(system));
+    const QColor dark = system.color(QPalette::Window);
+    system = QPalette(QColor(230, 230, 230));
+    QApplication::style()->polish(system);
+    EXPECT_FALSE(IsDark(system));
+    UseDarkLook(true);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), dark);
+    QApplication::style()->polish(system);
+    EXPECT_TRUE(IsDark(system)) << "what was chosen goes before";
+}
+
+TEST_F(ChangeOfLook, EverythingOnTheScreenFollowsAndNothingIsLost)
+{
+    QWidget form;
+    QVBoxLayout rows(&form);
+    auto* field = new QLineEdit;
+    auto* button = new QPushButton(LookIcon(QStringLiteral("save")), QString());
+    auto* group = new QGroupBox(QStringLiteral("HALF YEARLY"));
+    auto* panel = new QFrame;
+    panel->setProperty("floating", true);
+    auto* boxed = new QFrame;
+    boxed->setStyleSheet(QStringLiteral("QFrame { background: palette(base); }"));
+    auto* area = new PictureArea;
+    QPixmap morning(40, 30);
+    morning.fill(Qt::white);
+    area->SetPicture(morning);
+    for (QWidget* part : std::initializer_list<QWidget*>{field, button, group, panel, boxed, area})
+        rows.addWidget(part);
+    for (QWidget* tall : std::initializer_list<QWidget*>{group, panel, boxed, area})
+        tall->setMinimumSize(160, 40);
+    form.show();
+    QApplication::setActiveWindow(&form);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    field->clearFocus();
+    const QImage light = form.grab().toImage();
+    EXPECT_GT(Brightness(light), 0.7);
+    QTest::keyClicks(field, QStringLiteral("Asha"));
+    field->setSelection(1, 2);
+    field->setFocus();
+
+    UseDarkLook(true);
+    EXPECT_EQ(field->text().toStdString(), "Asha");
+    EXPECT_EQ(field->selectedText().toStdString(), "sh");
+    EXPECT_TRUE(field->hasFocus());
+    const QImage dark = form.grab().toImage();
+    for (const QWidget* part :
+         std::initializer_list<const QWidget*>{field, button, group, panel, boxed, area}) {
+        EXPECT_LT(Brightness(dark.copy(part->geometry())), 0.1) << part->metaObject()->className();
+    }
+
+    UseDarkLook(false);
+    field->setText(QString());
+    field->clearFocus();
+    EXPECT_EQ(form.grab().toImage(), light) << "back again, all is as it was";
+}
 
 } // namespace
 } // namespace tally::test

@@ -1,10 +1,13 @@
 #include "core/Prompts.h"
 
+#include "core/look/Look.h"
 #include "core/modTallyboardForms.h"
 #include "core/SessionContext.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QImage>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -22,6 +25,9 @@ struct ShownBox
     std::string caption;
     std::string text;
     Qt::TextFormat format = Qt::AutoText;
+    QSize size;
+    bool wholeTextSeen = false;
+    QImage sign;
 };
 
 /// Presses `key` on the box that comes up, and gives what it showed.
@@ -33,14 +39,31 @@ public:
         QTimer::singleShot(0, [this, key] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
-            shown_ = {box->icon(), box->standardButtons(), box->windowTitle().toStdString(),
-                      box->text().toStdString(), box->textFormat()};
+            const auto* label = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+            const auto* sign = box->findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
+            shown_ = {box->icon(),
+                      box->standardButtons(),
+                      box->windowTitle().toStdString(),
+                      box->text().toStdString(),
+                      box->textFormat(),
+                      box->size(),
+                      label->heightForWidth(label->width()) <= label->height() &&
+                          box->rect().contains(label->geometry()),
+                      sign ? sign->pixmap(Qt::ReturnByValue).toImage() : QImage()};
+            ButtonsHaveNoPictures(*box);
             QTest::keyClick(box, key);
         });
     }
     const ShownBox& Shown() const { return shown_; }
 
 private:
+    static void ButtonsHaveNoPictures(const QMessageBox& box)
+    {
+        const auto buttons = box.buttons();
+        for (const QAbstractButton* button : buttons)
+            EXPECT_TRUE(button->icon().isNull());
+    }
+
     ShownBox shown_;
 };
 
@@ -89,6 +112,49 @@ TEST(PromptsTest, NoAndEscapeMeanNoInBothKindsOfQuestion)
         const NextBox plain(key);
         EXPECT_FALSE(Prompts::AskPlainly(QStringLiteral("Delete ?")));
     }
+}
+
+TEST(PromptsTest, TheSignsAreOurOwnDrawings)
+{
+    const auto drawn = [](const char* name, const QImage& sign) {
+        EXPECT_FALSE(sign.isNull());
+        return LookIcon(QString::fromLatin1(name)).pixmap(sign.size()).toImage() == sign;
+    };
+    const NextBox message(Qt::Key_Return);
+    Prompts::Information(QStringLiteral("Record Saved"));
+    EXPECT_TRUE(drawn("information", message.Shown().sign));
+    const NextBox question(Qt::Key_N);
+    Prompts::Ask(QStringLiteral("Exit ?"));
+    EXPECT_TRUE(drawn("question", question.Shown().sign));
+    const NextBox failure(Qt::Key_Return);
+    Prompts::Critical(QStringLiteral("The disk is full"));
+    EXPECT_TRUE(drawn("critical", failure.Shown().sign));
+}
+
+TEST(PromptsTest, ABoxIsWideEnoughForItsTitle)
+{
+    const QString title = QStringLiteral("Classwise Subject - Teacher - Mark Entry - Copy");
+    const NextBox question(Qt::Key_N);
+    Prompts::Ask(QStringLiteral("Exit ?"), title);
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    EXPECT_GE(question.Shown().size.width(), QFontMetrics(bold).horizontalAdvance(title) + 150);
+    const NextBox message(Qt::Key_Return);
+    Prompts::Information(QStringLiteral("Record Saved"));
+    EXPECT_LT(message.Shown().size.width(), question.Shown().size.width());
+    EXPECT_GE(message.Shown().size.width(), QFontMetrics(bold).horizontalAdvance(ApplicationTitle) + 150);
+}
+
+TEST(PromptsTest, ALongTextIsBrokenIntoLinesAndAllOfItIsSeen)
+{
+    QString text = QStringLiteral("The Pictures Could Not Be Written To The Folder /");
+    for (int part = 0; part < 20; ++part)
+        text += QStringLiteral("school-office-of-the-year-%1/").arg(2000 + part);
+    text += QStringLiteral(". Please Check The Free Disk Space");
+    const NextBox box(Qt::Key_Return);
+    Prompts::Information(text);
+    EXPECT_TRUE(box.Shown().wholeTextSeen);
+    EXPECT_LE(box.Shown().size.width(), 600);
 }
 
 TEST(PromptsTest, ANameIsNeverTakenForMarkUp)

@@ -1,4 +1,5 @@
 #include "core/controls/PictureArea.h"
+#include "core/look/Look.h"
 #include "core/mdiTallyboard.h"
 #include "core/modTallyboardForms.h"
 #include "core/ScreenRegistry.h"
@@ -38,6 +39,15 @@ TEST_F(ShowFormTest, AnOpenScreenLiesBeforeThePlainPictureUntilTheLastOneCloses)
     options->Unload();
     Settle();
     EXPECT_NE(ShownPicture(), plainPicture);
+}
+
+TEST_F(ShowFormTest, AScreenBearsTheProgramsIcon)
+{
+    const QSize size(16, 16);
+    const Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
+    ASSERT_NE(options, nullptr);
+    EXPECT_EQ(options->parentWidget()->windowIcon().pixmap(size).toImage(),
+              LookIcon(QStringLiteral("app")).pixmap(size).toImage());
 }
 
 TEST_F(ShowFormTest, TheScreenInFrontHasTheKeyboardAfterItOpensAndAfterAMessageBox)

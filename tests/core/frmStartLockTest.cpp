@@ -2,6 +2,7 @@
 
 #include "core/controls/FlexGrid.h"
 #include "core/frmStartUnlock.h"
+#include "core/look/Look.h"
 #include "core/mdiTallyboard.h"
 #include "support/ScreenFixture.h"
 
@@ -70,6 +71,16 @@ TEST_F(frmStartLockTest, TheLockLiesOverEverything)
         found =
             found || label->text() == QLatin1String("Your Application Is Locked. Press F10 For Unlocking");
     EXPECT_TRUE(found);
+}
+
+TEST_F(frmStartLockTest, ItsPadlockFollowsTheSystemIntoTheDark)
+{
+    const auto picture = [this] { return Find<QLabel>(lock, "Image1")->pixmap(Qt::ReturnByValue).toImage(); };
+    const QImage light = picture();
+    UseDarkLook(true);
+    EXPECT_NE(picture(), light);
+    UseDarkLook(false);
+    EXPECT_EQ(picture(), light);
 }
 
 TEST_F(frmStartLockTest, OtherKeysAndClosingDoNothing)

@@ -2,6 +2,7 @@
 
 #include "app/Screens.h"
 #include "core/controls/ImageButton.h"
+#include "core/look/Look.h"
 #include "core/mdiTallyboard.h"
 #include "core/Screen.h"
 #include "core/ScreenRegistry.h"
@@ -63,6 +64,22 @@ protected:
     const QString secret = QStringLiteral("secret");
     const QString wrongText = QStringLiteral("Enter Correct Login ID And Password");
 };
+
+TEST_F(frmStartLoginTest, ItsPicturesFollowTheSystemIntoTheDark)
+{
+    const auto brightness = [this] {
+        return form->grab()
+            .toImage()
+            .scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .pixelColor(0, 0)
+            .lightness();
+    };
+    EXPECT_GT(brightness(), 180);
+    UseDarkLook(true);
+    EXPECT_LT(brightness(), 90);
+    UseDarkLook(false);
+    EXPECT_GT(brightness(), 180);
+}
 
 TEST_F(frmStartLoginTest, AnIdOfBlanksIsNoId)
 {

@@ -1,9 +1,18 @@
 #include "core/controls/PictureArea.h"
 
+#include "core/look/Look.h"
+
 #include <QPainter>
 #include <QPaintEvent>
 
 namespace tally {
+
+namespace {
+
+/// Over the picture in a dark look, so that nothing behind the forms is brighter than they are.
+constexpr QColor Dusk(12, 18, 24, 190);
+
+} // namespace
 
 PictureArea::PictureArea(QWidget* parent) : QMdiArea(parent)
 {
@@ -16,6 +25,13 @@ void PictureArea::SetPicture(const QPixmap& picture)
     picture_ = picture;
     scaled_ = QPixmap();
     viewport()->update();
+}
+
+void PictureArea::changeEvent(QEvent* event)
+{
+    QMdiArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        scaled_ = QPixmap();
 }
 
 void PictureArea::paintEvent(QPaintEvent* event)
@@ -37,6 +53,8 @@ const QPixmap& PictureArea::Scaled()
         scaled_ = covering.copy(
             QRect(QPoint((covering.width() - wanted.width()) / 2, (covering.height() - wanted.height()) / 2),
                   wanted));
+        if (IsDark(palette()))
+            QPainter(&scaled_).fillRect(scaled_.rect(), Dusk);
         scaled_.setDevicePixelRatio(ratio);
     }
     return scaled_;

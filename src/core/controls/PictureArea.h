@@ -5,8 +5,8 @@
 
 namespace tally {
 
-/// The area of the child windows with a picture behind them, scaled to cover it. Without a picture it shows
-/// the palette's window colour.
+/// The area of the child windows with a picture behind them, scaled to cover it, and as in the evening where
+/// the palette is dark. Without a picture it shows the palette's window colour.
 class PictureArea : public QMdiArea
 {
     Q_OBJECT
@@ -19,6 +19,7 @@ public:
     const QPixmap& Picture() const { return picture_; }
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

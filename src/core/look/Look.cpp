@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QFile>
 #include <QHeaderView>
 #include <QPainter>
 #include <QPalette>
@@ -12,6 +11,7 @@
 #include <QPushButton>
 #include <QStyleOption>
 #include <QTableView>
+#include <QToolTip>
 
 #include <array>
 
@@ -22,6 +22,8 @@ namespace {
 constexpr QRgb Accent = qRgb(0x1f, 0x5f, 0x8b);
 constexpr QRgb AccentOnDark = qRgb(0x5f, 0xa8, 0xd3);
 
+/// Texts have 4.5:1 against every ground they stand on, edges and the accent 3:1: the least that tired eyes
+/// and old displays can do with.
 struct Shades
 {
     QRgb window;
@@ -29,20 +31,20 @@ struct Shades
     QRgb alternate;
     QRgb button;
     QRgb text;
-    QRgb faint;
-    QRgb line;
+    QRgb faint; ///< the text of what is switched off, which is read all the same
+    QRgb line;  ///< the edges of fields, boxes and frames
     QRgb accent;
     QRgb onAccent;
-    QRgb closed; ///< behind what is chosen in a control that is switched off
+    QRgb quiet; ///< behind what is chosen where the keys are not, and the titles of screens that lie behind
 };
 
 constexpr Shades Light{
     qRgb(0xf3, 0xf5, 0xf7), qRgb(0xff, 0xff, 0xff), qRgb(0xf4, 0xf8, 0xfb), qRgb(0xf7, 0xf9, 0xfa),
-    qRgb(0x1d, 0x27, 0x30), qRgb(0x8a, 0x95, 0x9e), qRgb(0xb4, 0xbd, 0xc5), Accent,
+    qRgb(0x1d, 0x27, 0x30), qRgb(0x56, 0x61, 0x6a), qRgb(0x76, 0x81, 0x8a), Accent,
     qRgb(0xff, 0xff, 0xff), qRgb(0xde, 0xe4, 0xe9)};
 constexpr Shades Dark{qRgb(0x26, 0x2b, 0x30), qRgb(0x1d, 0x21, 0x25), qRgb(0x23, 0x28, 0x2d),
-                      qRgb(0x33, 0x3a, 0x41), qRgb(0xe8, 0xec, 0xef), qRgb(0x84, 0x8f, 0x98),
-                      qRgb(0x55, 0x60, 0x6a), AccentOnDark,           qRgb(0x10, 0x18, 0x1e),
+                      qRgb(0x2a, 0x30, 0x36), qRgb(0xe8, 0xec, 0xef), qRgb(0xa9, 0xb3, 0xbb),
+                      qRgb(0x8c, 0x97, 0xa0), AccentOnDark,           qRgb(0x10, 0x18, 0x1e),
                       qRgb(0x38, 0x40, 0x48)};
 
 QPalette PaletteOf(const Shades& shades)
@@ -53,7 +55,10 @@ QPalette PaletteOf(const Shades& shades)
     palette.setColor(QPalette::Highlight, QColor(shades.accent));
     palette.setColor(QPalette::HighlightedText, QColor(shades.onAccent));
     palette.setColor(QPalette::Link, QColor(shades.accent));
+    palette.setColor(QPalette::LinkVisited, QColor(shades.accent));
     palette.setColor(QPalette::ToolTipBase, QColor(shades.base));
+    palette.setColor(QPalette::Mid, QColor(shades.line));
+    palette.setColor(QPalette::Midlight, QColor(shades.quiet));
     for (const auto role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
         palette.setColor(role, QColor(shades.text));
@@ -62,40 +67,55 @@ QPalette PaletteOf(const Shades& shades)
     // A closed field looks closed, whatever kind of field it is.
     palette.setColor(QPalette::Disabled, QPalette::Base, QColor(shades.window));
     palette.setColor(QPalette::PlaceholderText, QColor(shades.faint));
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(shades.closed));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(shades.quiet));
     palette.setColor(QPalette::Disabled, QPalette::HighlightedText, QColor(shades.text));
     return palette;
 }
 
 /// The focus is always visible, group titles and panels that lie over others stand out, the head of a grid is
-/// calm, and passwords show as
-/// "*".
-QString StyleSheetOf(const Shades& shades)
+/// calm, and passwords show as "*".
+const QString StyleSheet = QStringLiteral(
+    "QGroupBox { font-weight: 600; border: 1px solid palette(mid); border-radius: 6px;"
+    " margin-top: 1.1ex; padding-top: 0.8ex; }"
+    "QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: palette(highlight); }"
+    "QPushButton { padding: 4px 10px; min-height: 1.4em; }"
+    "QPushButton:focus { background: palette(button); border: 2px solid palette(highlight);"
+    " border-radius: 4px; padding: 3px 9px; }"
+    "QPushButton[beside=\"true\"] { padding: 2px 6px; min-height: 1.2em; }"
+    "QHeaderView::section { background: palette(window); border: none;"
+    " border-bottom: 1px solid palette(mid); border-right: 1px solid palette(midlight);"
+    " padding: 4px 6px; font-weight: 600; }"
+    "QFrame[floating=\"true\"] { background: palette(window); border: 2px solid palette(highlight);"
+    " border-radius: 6px; }"
+    "QTableView { gridline-color: palette(midlight); }"
+    "QLineEdit { lineedit-password-character: 42; }"
+    "QStatusBar::item { border: none; }");
+
+/// Light or dark as somebody has said; empty leaves it to the system's colours.
+std::optional<bool> chosenDark;
+
+/// The cross that closes a window, within `area`.
+void DrawCross(QPainter* painter, const QRectF& area, const QColor& color)
 {
-    return QStringLiteral(
-               "QGroupBox { font-weight: 600; border: 1px solid %2; border-radius: 6px;"
-               " margin-top: 1.1ex; padding-top: 0.8ex; }"
-               "QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: %1; }"
-               "QPushButton { padding: 4px 10px; min-height: 1.4em; }"
-               "QPushButton:focus { background: palette(button); border: 2px solid %1; border-radius: 4px;"
-               " padding: 3px 9px; }"
-               "QPushButton[beside=\"true\"] { padding: 2px 6px; min-height: 1.2em; }"
-               "QHeaderView::section { background: palette(window); border: none;"
-               " border-bottom: 1px solid %2; border-right: 1px solid palette(midlight);"
-               " padding: 4px 6px; font-weight: 600; }"
-               "QFrame[floating=\"true\"] { background: palette(window); border: 2px solid %1;"
-               " border-radius: 6px; }"
-               "QTableView { gridline-color: palette(midlight); }"
-               "QLineEdit { lineedit-password-character: 42; }"
-               "QStatusBar::item { border: none; }")
-        .arg(QColor(shades.accent).name(), QColor(shades.line).name());
+    constexpr double Arm = 4;
+    const QPointF middle = area.center();
+    painter->setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap));
+    painter->drawLine(middle + QPointF(-Arm, -Arm), middle + QPointF(Arm, Arm));
+    painter->drawLine(middle + QPointF(-Arm, Arm), middle + QPointF(Arm, -Arm));
 }
 
-/// Fusion, with what a clerk at a list of marks needs changed.
+/// Fusion in our colours, with what a clerk at a list of marks needs changed. Fusion takes its edges from the
+/// ground they stand on, where on many displays nobody sees them; here they have a colour of their own.
 class LookStyle : public QProxyStyle
 {
 public:
-    explicit LookStyle(bool dark) : QProxyStyle(QStringLiteral("Fusion")), dark_(dark) {}
+    LookStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    /// Gets the system's colours at the start and whenever they change, and puts ours in their place.
+    void polish(QPalette& palette) override
+    {
+        palette = PaletteOf(chosenDark.value_or(IsDark(palette)) ? Dark : Light);
+    }
 
     /// The wheel is for looking through lists. Over a closed one it must not choose unseen, nor take the
     /// focus.
@@ -105,36 +125,146 @@ public:
         if (qobject_cast<QComboBox*>(widget) && widget->focusPolicy() == Qt::WheelFocus)
             widget->setFocusPolicy(Qt::StrongFocus);
     }
+    using QProxyStyle::polish;
+
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override
     {
-        return hint == SH_ComboBox_AllowWheelScrolling ? 0
-                                                       : QProxyStyle::styleHint(hint, option, widget, result);
+        switch (hint) {
+        case SH_ComboBox_AllowWheelScrolling:
+        case SH_DialogButtonBox_ButtonsHaveIcons: return 0;
+        default: return QProxyStyle::styleHint(hint, option, widget, result);
+        }
     }
 
-    /// Fusion draws the outline of tick boxes and options darker than the window, where on a dark one nobody
-    /// sees it.
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override
+    {
+        switch (icon) {
+        case SP_MessageBoxInformation: return LookIcon(QStringLiteral("information"));
+        case SP_MessageBoxQuestion: return LookIcon(QStringLiteral("question"));
+        case SP_MessageBoxCritical: return LookIcon(QStringLiteral("critical"));
+        default: return QProxyStyle::standardIcon(icon, option, widget);
+        }
+    }
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override
     {
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
-        const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
-        if (!dark_ || (!box && element != PE_IndicatorRadioButton))
+        switch (element) {
+        case PE_FrameLineEdit: return DrawEdge(option, painter, FieldCorner);
+        case PE_Frame:
+        case PE_FrameMenu: return DrawEdge(option, painter, 0);
+        case PE_FrameWindow: return DrawEdge(option, painter, 0, QPalette::Mid);
+        case PE_FrameFocusRect:
+            // Buttons and lists show the focus at their own edges.
+            if (!qobject_cast<const QPushButton*>(widget) && !qobject_cast<const QComboBox*>(widget))
+                DrawEdge(option, painter, FieldCorner, QPalette::Highlight);
             return;
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(QColor(Dark.faint));
-        painter->setBrush(Qt::NoBrush);
-        const QRectF outline = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
-        if (box)
-            painter->drawRect(outline);
-        else
-            painter->drawEllipse(outline);
-        painter->restore();
+        case PE_PanelButtonCommand:
+        case PE_IndicatorCheckBox:
+        case PE_IndicatorItemViewItemCheck:
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return DrawEdge(option, painter, element == PE_PanelButtonCommand ? FieldCorner : 0,
+                            QPalette::Mid);
+        case PE_IndicatorRadioButton:
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return DrawEdge(option, painter, option->rect.width() / 2.0, QPalette::Mid);
+        default: QProxyStyle::drawPrimitive(element, option, painter, widget);
+        }
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override
+    {
+        if (control == CC_TitleBar) {
+            if (const auto* bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option))
+                DrawTitleBar(bar, painter, widget);
+            return;
+        }
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        const auto* list = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+        if ((list && list->frame) || (spin && spin->frame))
+            DrawEdge(option, painter, FieldCorner);
     }
 
 private:
-    bool dark_;
+    static constexpr double FieldCorner = 2;
+
+    /// The edge of a control; stronger and in the accent colour while the control has the focus.
+    static void DrawEdge(const QStyleOption* option, QPainter* painter, double corner)
+    {
+        constexpr auto InUse = State_Enabled | State_HasFocus;
+        const bool focused = (option->state & InUse) == InUse;
+        DrawEdge(option, painter, corner, focused ? QPalette::Highlight : QPalette::Mid, focused ? 2 : 1);
+    }
+    static void DrawEdge(const QStyleOption* option, QPainter* painter, double corner,
+                         QPalette::ColorRole role, double width = 1)
+    {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        // Edges are the same for a control that is switched off: it is a closed field, not an absent one.
+        painter->setPen(QPen(option->palette.color(QPalette::Active, role), width));
+        painter->setBrush(Qt::NoBrush);
+        const double inside = width / 2;
+        painter->drawRoundedRect(QRectF(option->rect).adjusted(inside, inside, -inside, -inside), corner,
+                                 corner);
+        painter->restore();
+    }
+
+    /// Title, icon and close box of a screen in the main window; Fusion writes white on whatever the accent
+    /// is.
+    void DrawTitleBar(const QStyleOptionTitleBar* bar, QPainter* painter, const QWidget* widget) const
+    {
+        const QPalette palette = QApplication::palette();
+        const bool active = (bar->titleBarState & State_Active) != 0;
+        const QColor text = palette.color(active ? QPalette::HighlightedText : QPalette::WindowText);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->fillRect(bar->rect, palette.color(active ? QPalette::Highlight : QPalette::Midlight));
+        const auto part = [&](SubControl control) {
+            return proxy()->subControlRect(CC_TitleBar, bar, control, widget);
+        };
+        if ((bar->subControls & SC_TitleBarSysMenu) != 0)
+            bar->icon.paint(painter, part(SC_TitleBarSysMenu));
+        if ((bar->subControls & SC_TitleBarCloseButton) != 0) {
+            const QRect box = part(SC_TitleBarCloseButton);
+            if ((bar->activeSubControls & SC_TitleBarCloseButton) != 0) {
+                QColor lit = text;
+                lit.setAlpha((bar->state & State_Sunken) != 0 ? 90 : 45);
+                painter->setPen(Qt::NoPen);
+                painter->setBrush(lit);
+                painter->drawRoundedRect(box, FieldCorner, FieldCorner);
+            }
+            DrawCross(painter, box, text);
+        }
+        const QRect room = part(SC_TitleBarLabel);
+        painter->setPen(text);
+        painter->drawText(room, Qt::AlignCenter | Qt::TextSingleLine,
+                          painter->fontMetrics().elidedText(bar->text, Qt::ElideRight, room.width()));
+        painter->restore();
+    }
+};
+
+/// Lets what does not follow the palette by itself follow it when the system goes from light to dark.
+class PaletteFollower : public QObject
+{
+public:
+    using QObject::QObject;
+
+    static void Follow(QApplication& application)
+    {
+        QToolTip::setPalette(QApplication::palette());
+        application.setStyleSheet(StyleSheet);
+    }
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        if (receiver == qApp && event->type() == QEvent::ApplicationPaletteChange)
+            Follow(*qApp);
+        return QObject::eventFilter(receiver, event);
+    }
 };
 
 struct ButtonIcon
@@ -156,26 +286,24 @@ constexpr std::array ButtonIcons{
 
 } // namespace
 
-void ApplyLook(QApplication& application)
+void ApplyLook(QApplication& application, std::optional<bool> dark)
 {
-    // The platform's own palette, before ours replaces it, tells whether the user likes it dark.
-    const QPalette system = QApplication::palette();
-    ApplyLook(application,
-              system.color(QPalette::Window).lightness() < system.color(QPalette::WindowText).lightness());
+    chosenDark = dark;
+    QApplication::setStyle(new LookStyle);
+    PaletteFollower::Follow(application);
+    application.installEventFilter(new PaletteFollower(&application));
 }
 
-void ApplyLook(QApplication& application, bool dark)
+void UseDarkLook(std::optional<bool> dark)
 {
-    const Shades& shades = dark ? Dark : Light;
-    QApplication::setStyle(new LookStyle(dark));
-    QApplication::setPalette(PaletteOf(shades));
-    application.setStyleSheet(StyleSheetOf(shades));
+    chosenDark = dark;
+    // The system's palette again, which passes through the style on its way.
+    QApplication::setPalette(QPalette());
 }
 
-QIcon LookIcon(const QString& name)
+bool IsDark(const QPalette& palette)
 {
-    const QString file = QStringLiteral(":/tallyboard/icons/%1.svg").arg(name);
-    return QFile::exists(file) ? QIcon(file) : QIcon();
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
 }
 
 void DressButtons(QWidget* form)

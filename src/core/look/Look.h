@@ -2,9 +2,10 @@
 
 #include <QIcon>
 
+#include <optional>
+
 class QApplication;
-class QGridLayout;
-class QPushButton;
+class QPalette;
 class QTableView;
 class QWidget;
 
@@ -15,13 +16,17 @@ namespace tally {
 /// The rhythm of all distances, in pixels.
 inline constexpr int LookUnit = 8;
 
-/// Gives the application its style and the palette that goes with the system's choice of light or dark. Call
-/// it once, before the first window.
-void ApplyLook(QApplication& application);
-/// The same with a given choice.
-void ApplyLook(QApplication& application, bool dark);
+/// Gives the application its style and the palette that goes with `dark`. Without it the system's own colours
+/// decide between light and dark, and decide again whenever they change. Call it once, before the first
+/// window.
+void ApplyLook(QApplication& application, std::optional<bool> dark = {});
+/// Another choice while the program runs. All windows change at once and lose nothing of what they show.
+void UseDarkLook(std::optional<bool> dark);
+/// Whether texts are lighter than what they stand on.
+bool IsDark(const QPalette& palette);
 
-/// An icon of the program's own set, by name: "new", "save", "exit". A null icon for an unknown name.
+/// An icon of the program's own set, by name: "new", "save", "exit". A null icon for an unknown name. It is
+/// drawn in the palette's colours of the moment, so it changes with them.
 QIcon LookIcon(const QString& name);
 /// Gives the usual buttons of `form` the icons that belong to their names, `cmdSave` the one for saving.
 void DressButtons(QWidget* form);
