@@ -102,16 +102,22 @@ protected:
             return QObject::eventFilter(receiver, event);
         const auto* key = static_cast<QKeyEvent*>(event);
         const bool plain = (key->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
-        return plain && key->text().size() == 1 && Choose(key->text().at(0));
+        if (!plain || key->text().size() != 1)
+            return false;
+        // A group that is only moved to shows its entries, and the same letter leads on past it.
+        for (QMenu* menu = menu_; menu; menu = qobject_cast<QMenu*>(menu->parentWidget()))
+            if (Choose(menu, key->text().at(0)))
+                return true;
+        return false;
     }
 
 private:
     /// False where no entry begins with the letter.
-    bool Choose(QChar letter)
+    static bool Choose(QMenu* menu, QChar letter)
     {
-        QList<QAction*> entries = menu_->actions();
+        QList<QAction*> entries = menu->actions();
         // From the one behind the chosen entry on and round to it.
-        const auto chosen = std::find(entries.begin(), entries.end(), menu_->activeAction());
+        const auto chosen = std::find(entries.begin(), entries.end(), menu->activeAction());
         if (chosen != entries.end())
             std::rotate(entries.begin(), chosen + 1, entries.end());
         entries.erase(
@@ -123,10 +129,10 @@ private:
             entries.end());
         if (entries.isEmpty())
             return false;
-        menu_->setActiveAction(entries.first());
+        menu->setActiveAction(entries.first());
         if (entries.size() == 1) {
             QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-            QApplication::sendEvent(menu_, &enter);
+            QApplication::sendEvent(menu, &enter);
         }
         return true;
     }

@@ -256,6 +256,19 @@ TEST_F(MenuLetters, AGroupWithinAMenuOpensAndTakesTheNextLetter)
     EXPECT_FALSE(reports->isVisible());
 }
 
+TEST_F(MenuLetters, ALetterOfSeveralGroupsGoesRoundAmongThemAlthoughEachShowsItsEntries)
+{
+    const QMenu* reports = Open("mnuReports");
+    for (const char* group :
+         {"mnuSubjectAverage", "mnuStudentMarkComparision", "mnuStudentsList", "mnuSubjectAverage"}) {
+        PressLetter('s');
+        EXPECT_EQ(reports->activeAction()->objectName().toStdString(), group);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Item(group)->menu()->isVisible(); }));
+    }
+    PressLetter('b');
+    EXPECT_EQ(Active(), "mnufrmclassdivisionsubjectavg") << "letters of the entries shown go before";
+}
+
 TEST_F(MenuTreeTest, AChosenEntryOpensItsScreen)
 {
     Item("mnufrmRankCalculation")->setEnabled(true);

@@ -160,6 +160,9 @@ public:
             if (!qobject_cast<const QPushButton*>(widget) && !qobject_cast<const QComboBox*>(widget))
                 DrawEdge(option, painter, FieldCorner, QPalette::Highlight);
             return;
+        case PE_PanelMenu:
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return DrawEdge(option, painter, 0, QPalette::Mid);
         case PE_PanelButtonCommand:
         case PE_IndicatorCheckBox:
         case PE_IndicatorItemViewItemCheck:
