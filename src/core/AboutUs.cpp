@@ -18,10 +18,10 @@ AboutUs::AboutUs() : Screen(QStringLiteral("AboutUs"), 0), ui_(std::make_unique<
     // The text keeps these colours by itself when the system goes from light to dark.
     for (QWidget* part : {static_cast<QWidget*>(this), static_cast<QWidget*>(ui_->lblAbout)})
         part->setPalette(background);
-    ui_->lblAbout->setText(QStringLiteral(
-        "KITE - Tally Board, version " TALLYBOARD_VERSION ", by the Tally Board developers\n"
-        "Free software under the GNU General Public License, version 3, without any warranty\n"
-        "For help, turn to whoever looks after the computers of your school, and tell the version"));
+    ui_->lblAbout->setText(
+        QStringLiteral("KITE - Tally Board, version " TALLYBOARD_VERSION ", by the Tally Board developers\n"
+                       "Free software under the GNU General Public License, version 3\n"
+                       "For help, turn to whoever looks after the computers of your school"));
 
     ui_->swfAboutUs->AddButton(QStringLiteral("cmdClose"), QStringLiteral("&Close"), QStringLiteral("quit"),
                                QStringLiteral("true"));
