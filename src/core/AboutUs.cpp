@@ -1,6 +1,5 @@
 #include "core/AboutUs.h"
 
-#include "core/SessionContext.h"
 #include "core/TempFolder.h"
 #include "ui_AboutUs.h"
 
@@ -26,7 +25,7 @@ AboutUs::AboutUs() : Screen(QStringLiteral("AboutUs"), 0), ui_(std::make_unique<
     ui_->swfAboutUs->AddButton(QStringLiteral("cmdClose"), QStringLiteral("&Close"), QStringLiteral("quit"),
                                QStringLiteral("true"));
     connect(ui_->swfAboutUs, &MovieView::FSCommand, this, &AboutUs::swfAboutUs_FSCommand);
-    ui_->swfAboutUs->SetMovie(ExtractResource(1005, Session().gstrTempPath, QStringLiteral("swf")));
+    ui_->swfAboutUs->SetMovie(ReadResource(1005, QStringLiteral("swf")));
 }
 
 AboutUs::~AboutUs() = default;

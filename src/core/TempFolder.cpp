@@ -1,10 +1,12 @@
 #include "core/TempFolder.h"
 
+#include "core/OwnFiles.h"
 #include "core/ProgramFolder.h"
 #include "core/SessionContext.h"
 
 #include <QDir>
 #include <QFile>
+#include <QSaveFile>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -14,6 +16,27 @@ namespace tally {
 
 namespace {
 
+QString TempFolder()
+{
+    return ProgramFile(QStringLiteral("Temp"));
+}
+
+QString FileName(int id, const QString& extension)
+{
+    return QStringLiteral("%1.%2").arg(id).arg(extension);
+}
+
+/// What the program puts into the folder.
+QStringList FileNames()
+{
+    QStringList names;
+    for (const int picture : {1001, 1002, 1003, 1004})
+        names.append(FileName(picture, QStringLiteral("jpg")));
+    for (const int movie : {1005, 1006})
+        names.append(FileName(movie, QStringLiteral("swf")));
+    return names;
+}
+
 void HideFolder([[maybe_unused]] const QString& folder)
 {
 #ifdef Q_OS_WIN
@@ -21,47 +44,78 @@ void HideFolder([[maybe_unused]] const QString& folder)
                        FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
 #else
     // File managers leave out what a ".hidden" list beside it names.
-    QFile list(QDir(folder).filePath(QStringLiteral("../.hidden")));
-    if (!list.open(QIODevice::ReadWrite))
-        return;
-    const QByteArray names = list.readAll();
+    const QString path = QDir(folder).filePath(QStringLiteral("../.hidden"));
+    QByteArray names;
+    if (!IsFreeName(path)) {
+        QFile list(path);
+        if (!IsPlainFile(path) || !list.open(QIODevice::ReadOnly))
+            return;
+        names = list.readAll();
+        if (list.error() != QFile::NoError)
+            return;
+    }
     if (names.split('\n').contains("Temp"))
         return;
     if (!names.isEmpty() && !names.endsWith('\n'))
-        list.write("\n");
-    list.write("Temp\n");
+        names += '\n';
+    names += "Temp\n";
+    QSaveFile list(path);
+    // What only the commit finds no room for is not noticed there.
+    if (list.open(QIODevice::WriteOnly) && list.write(names) == names.size() && list.flush())
+        list.commit();
 #endif
+}
+
+bool MakeFolder(const QString& folder)
+{
+    if (QDir().mkdir(folder))
+        HideFolder(folder);
+    return IsPlainFolder(folder);
 }
 
 } // namespace
 
-bool CreateTempFolder()
+void CreateTempFolder()
 {
-    const QString folder = ProgramFile(QStringLiteral("Temp"));
-    Session().gstrTempPath = folder;
+    Session().gstrTempPath = TempFolder();
     DeleteTempFolder();
-    if (!QDir().mkpath(folder))
-        return false;
-    HideFolder(folder);
-    return true;
+    MakeFolder(TempFolder());
 }
 
 void DeleteTempFolder()
 {
-    QDir folder(ProgramFile(QStringLiteral("Temp")));
-    if (folder.exists())
-        folder.removeRecursively();
+    RemoveOwnFolder(TempFolder(), FileNames());
 }
 
 QString ExtractResource(int id, const QString& folder, const QString& extension)
 {
     QFile resource(QStringLiteral(":/tallyboard/%1").arg(id));
-    QFile target(folder + QLatin1Char('/') + QString::number(id) + QLatin1Char('.') + extension);
-    if (!resource.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (!resource.open(QIODevice::ReadOnly) || !MakeFolder(folder))
+        return {};
+    QFile target(QDir(folder).filePath(FileName(id, extension)));
+    if (IsPlainFile(target.fileName()))
+        target.remove();
+    // A link that took the name since fails this opening.
+    if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         return {};
     const QByteArray content = resource.readAll();
-    const bool written = target.write(content) == content.size() && target.flush();
-    return written ? target.fileName() : QString();
+    if (target.write(content) == content.size() && target.flush())
+        return target.fileName();
+    target.remove();
+    return {};
+}
+
+QByteArray ReadResource(int id, const QString& extension)
+{
+    QFile embedded(QStringLiteral(":/tallyboard/%1").arg(id));
+    if (!embedded.open(QIODevice::ReadOnly))
+        return {};
+    const QString path = ExtractResource(id, Session().gstrTempPath, extension);
+    QFile extracted(path);
+    QByteArray content;
+    if (!path.isEmpty() && extracted.open(QIODevice::ReadOnly))
+        content = extracted.readAll();
+    return content.size() == embedded.size() ? content : embedded.readAll();
 }
 
 } // namespace tally

@@ -4,7 +4,6 @@
 #include "core/modTallyboard.h"
 #include "core/ProcessEnd.h"
 #include "core/Prompts.h"
-#include "core/SessionContext.h"
 #include "core/TempFolder.h"
 #include "core/Twips.h"
 #include "store/StoreError.h"
@@ -65,14 +64,8 @@ void frmSplash::closeEvent(QCloseEvent* event)
 
 void frmSplash::Form_Activate()
 {
-    const QString movie =
-        CreateTempFolder() ? ExtractResource(1006, Session().gstrTempPath, QStringLiteral("swf")) : QString();
-    if (movie.isEmpty())
-        Prompts::Information(
-            QStringLiteral("The Pictures Could Not Be Written To The Folder %1. The Program Goes On Without "
-                           "Them. Please Check The Free Disk Space And Whether You May Write There")
-                .arg(Session().gstrTempPath));
-    ui_->swfSplash->SetMovie(movie);
+    CreateTempFolder();
+    ui_->swfSplash->SetMovie(ReadResource(1006, QStringLiteral("swf")));
 }
 
 void frmSplash::swfSplash_FSCommand(const QString& command, const QString& argument)

@@ -176,8 +176,9 @@ void mdiTallyboard::ShowPicture(int resourceId)
     if (resourceId == shownPicture_)
         return;
     shownPicture_ = resourceId;
-    ui_->Area->SetPicture(
-        QPixmap(ExtractResource(resourceId, Session().gstrTempPath, QStringLiteral("jpg"))));
+    QPixmap picture;
+    picture.loadFromData(ReadResource(resourceId, QStringLiteral("jpg")));
+    ui_->Area->SetPicture(picture);
 }
 
 void mdiTallyboard::SetPanel(int number, const QString& text)

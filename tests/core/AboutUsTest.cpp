@@ -5,6 +5,7 @@
 #include "core/mdiTallyboard.h"
 #include "core/modTallyboardForms.h"
 #include "core/ScreenRegistry.h"
+#include "core/TempFolder.h"
 #include "support/ScreenFixture.h"
 
 #include <QAction>
@@ -35,6 +36,17 @@ TEST_F(AboutUsTest, ItPlaysItsMovieOnItsColour)
     EXPECT_EQ(about->palette().color(QPalette::Window), QColor(255, 204, 153));
     EXPECT_TRUE(QFile::exists(Folder() + QStringLiteral("/Temp/1005.swf")));
     auto* movie = Find<MovieView>(about, "swfAboutUs");
+    EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
+}
+
+TEST_F(AboutUsTest, ItPlaysItsMovieAfterAnotherClientTookTheTempFolderAway)
+{
+    DeleteTempFolder();
+    auto* movie = Find<MovieView>(OpenAbout(), "swfAboutUs");
+    DeleteTempFolder();
+    EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
+    movie->hide();
+    movie->show();
     EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
 }
 

@@ -1,10 +1,12 @@
 #include "core/TempFolder.h"
 
 #include "core/SessionContext.h"
+#include "support/FileSizeLimit.h"
 #include "support/ScreenFixture.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace tally::test {
 namespace {
@@ -19,18 +21,116 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text);
     }
+    QByteArray Read(const char* name) const
+    {
+        QFile file(Path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
+    }
+    void Link(const char* name, const char* target) const
+    {
+        ASSERT_TRUE(QFile::link(Path(target), Path(name)));
+    }
+    QString Extract() const { return ExtractResource(1001, Session().gstrTempPath, QStringLiteral("jpg")); }
 };
 
 TEST_F(TempFolderTest, IsMadeAnewAndEmptyAndGoesAgain)
 {
-    ASSERT_TRUE(QDir(Folder()).mkpath(QStringLiteral("Temp/left")));
+    ASSERT_TRUE(QDir(Folder()).mkpath(QStringLiteral("Temp")));
     Write("Temp/1001.jpg", "of an earlier run");
-    EXPECT_TRUE(CreateTempFolder());
+    Write("Temp/1006.swf", "of an earlier run");
+    CreateTempFolder();
     EXPECT_EQ(Session().gstrTempPath, Path("Temp"));
     EXPECT_TRUE(QDir(Path("Temp")).exists());
     EXPECT_TRUE(QDir(Path("Temp")).isEmpty());
     DeleteTempFolder();
     EXPECT_FALSE(QDir(Path("Temp")).exists());
+}
+
+TEST_F(TempFolderTest, KeepsWhatTheProgramDidNotPutThere)
+{
+    ASSERT_TRUE(QDir(Folder()).mkpath(QStringLiteral("Temp/Letters")));
+    Write("Temp/Letters/1001.jpg", "a clerk's scan");
+    Write("Temp/notes.txt", "a clerk's notes");
+    Write("Temp/1001.jpg", "of an earlier run");
+    CreateTempFolder();
+    DeleteTempFolder();
+    EXPECT_EQ(Read("Temp/Letters/1001.jpg"), "a clerk's scan");
+    EXPECT_EQ(Read("Temp/notes.txt"), "a clerk's notes");
+    EXPECT_FALSE(QFile::exists(Path("Temp/1001.jpg")));
+}
+
+TEST_F(TempFolderTest, ThatIsALinkIsNeitherEmptiedNorUsed)
+{
+    ASSERT_TRUE(QDir(Folder()).mkdir(QStringLiteral("Photos")));
+    Write("Photos/1001.jpg", "another person's photo");
+    Write("Photos/leave.txt", "another person's text");
+    Link("Temp", "Photos");
+    CreateTempFolder();
+    EXPECT_EQ(Extract(), QString());
+    DeleteTempFolder();
+    EXPECT_EQ(Read("Photos/1001.jpg"), "another person's photo");
+    EXPECT_EQ(Read("Photos/leave.txt"), "another person's text");
+    EXPECT_TRUE(QFileInfo(Path("Temp")).isSymLink());
+}
+
+TEST_F(TempFolderTest, ThatIsALinkToNowhereMakesNothingThere)
+{
+    Link("Temp", "Photos");
+    CreateTempFolder();
+    EXPECT_EQ(Extract(), QString());
+    EXPECT_FALSE(QFileInfo::exists(Path("Photos")));
+    EXPECT_TRUE(QFileInfo(Path("Temp")).isSymLink());
+}
+
+TEST_F(TempFolderTest, ThatIsAFileIsLeftAsItIs)
+{
+    Write("Temp", "a clerk's notes");
+    CreateTempFolder();
+    EXPECT_EQ(Extract(), QString());
+    DeleteTempFolder();
+    EXPECT_EQ(Read("Temp"), "a clerk's notes");
+}
+
+TEST_F(TempFolderTest, APictureIsNeverWrittenThroughALink)
+{
+    Write("victim", "another person's text");
+    CreateTempFolder();
+    Link("Temp/1001.jpg", "victim");
+    EXPECT_EQ(Extract(), QString());
+    EXPECT_EQ(Read("victim"), "another person's text");
+    CreateTempFolder();
+    EXPECT_EQ(Read("victim"), "another person's text");
+    EXPECT_TRUE(QFileInfo(Path("Temp/1001.jpg")).isSymLink());
+
+    ASSERT_TRUE(QFile::remove(Path("victim")));
+    EXPECT_EQ(Extract(), QString());
+    EXPECT_FALSE(QFileInfo::exists(Path("victim")));
+}
+
+TEST_F(TempFolderTest, APictureReplacesTheOneOfAnEarlierClient)
+{
+    CreateTempFolder();
+    Write("Temp/1001.jpg", "half a pict");
+    EXPECT_EQ(Extract(), Path("Temp/1001.jpg"));
+    EXPECT_GT(QFileInfo(Path("Temp/1001.jpg")).size(), 1000);
+}
+
+TEST_F(TempFolderTest, APictureThatFindsNoRoomLeavesNoHalfOne)
+{
+    CreateTempFolder();
+    {
+        const FileSizeLimit full(1000);
+        EXPECT_EQ(Extract(), QString());
+    }
+    EXPECT_TRUE(QDir(Path("Temp")).isEmpty());
+}
+
+TEST_F(TempFolderTest, IsMadeAgainForAPictureWhenAnotherClientTookItAway)
+{
+    CreateTempFolder();
+    DeleteTempFolder();
+    EXPECT_EQ(Extract(), Path("Temp/1001.jpg"));
+    EXPECT_TRUE(QFile::exists(Path("Temp/1001.jpg")));
 }
 
 #ifndef Q_OS_WIN
@@ -47,17 +147,37 @@ class HidingTheTempFolder : public TempFolderTest, public testing::WithParamInte
 TEST_P(HidingTheTempFolder, KeepsWhatTheUserHid)
 {
     Write(".hidden", GetParam().before);
-    ASSERT_TRUE(CreateTempFolder());
-    ASSERT_TRUE(CreateTempFolder());
-    QFile list(Path(".hidden"));
-    ASSERT_TRUE(list.open(QIODevice::ReadOnly));
-    EXPECT_EQ(list.readAll().toStdString(), GetParam().after);
+    CreateTempFolder();
+    CreateTempFolder();
+    EXPECT_EQ(Read(".hidden"), GetParam().after);
 }
 
 INSTANTIATE_TEST_SUITE_P(Lists, HidingTheTempFolder,
                          testing::Values(HiddenList{"", "Temp\n"}, HiddenList{"Backup\n", "Backup\nTemp\n"},
                                          HiddenList{"Backup", "Backup\nTemp\n"}, HiddenList{"Temp", "Temp"},
                                          HiddenList{"Temporary\n", "Temporary\nTemp\n"}));
+
+TEST_F(TempFolderTest, TheListOfHiddenNamesIsNeverWrittenThroughALink)
+{
+    Write("victim", "another person's text");
+    Link(".hidden", "victim");
+    CreateTempFolder();
+    EXPECT_EQ(Read("victim"), "another person's text");
+
+    ASSERT_TRUE(QFile::remove(Path("victim")));
+    CreateTempFolder();
+    EXPECT_FALSE(QFileInfo::exists(Path("victim")));
+}
+
+TEST_F(TempFolderTest, TheListOfHiddenNamesStaysWholeWhenTheDiskIsFull)
+{
+    Write(".hidden", "Backup\nLetters");
+    {
+        const FileSizeLimit full(16);
+        CreateTempFolder();
+    }
+    EXPECT_EQ(Read(".hidden"), "Backup\nLetters");
+}
 
 #endif
 

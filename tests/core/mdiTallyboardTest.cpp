@@ -3,6 +3,7 @@
 #include "core/controls/PictureArea.h"
 #include "core/modTallyboardForms.h"
 #include "core/ScreenRegistry.h"
+#include "core/TempFolder.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScreenFixture.h"
 
@@ -310,6 +311,27 @@ TEST_F(mdiTallyboardTest, TheStartTakesTheWorkingDateOfTheActiveYear)
 TEST_F(mdiTallyboardTest, ThePictureLiesInTheTempFolderAndBehindTheScreens)
 {
     EXPECT_TRUE(QFile::exists(QStringLiteral("%1/Temp/1001.jpg").arg(Folder())));
+    EXPECT_FALSE(static_cast<PictureArea*>(window->Area())->Picture().isNull());
+}
+
+TEST_F(mdiTallyboardTest, ThePicturesStayWhenAnotherClientTakesTheTempFolderAway)
+{
+    const auto* area = static_cast<PictureArea*>(window->Area());
+    DeleteTempFolder();
+    window->ShowPicture(1002);
+    EXPECT_FALSE(area->Picture().isNull());
+    // Something that is in the way of the folder does not take them either.
+    DeleteTempFolder();
+    QFile inTheWay(Folder() + QStringLiteral("/Temp"));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    window->ShowPicture(1001);
+    EXPECT_FALSE(area->Picture().isNull());
+}
+
+TEST_F(mdiTallyboardTest, ThePicturesStayWhenTheDiskIsFull)
+{
+    const FileSizeLimit full(1000);
+    window->ShowPicture(1002);
     EXPECT_FALSE(static_cast<PictureArea*>(window->Area())->Picture().isNull());
 }
 

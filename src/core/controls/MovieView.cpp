@@ -48,9 +48,9 @@ void MovieView::AddButton(const QString& name, const QString& caption, const QSt
             [this, command, argument] { Q_EMIT FSCommand(command, argument); });
 }
 
-void MovieView::SetMovie(const QString& path)
+void MovieView::SetMovie(const QByteArray& movie)
 {
-    path_ = path;
+    movie_ = movie;
     renderer_.reset();
     if (isVisible())
         QTimer::singleShot(0, this, &MovieView::Play);
@@ -58,9 +58,9 @@ void MovieView::SetMovie(const QString& path)
 
 void MovieView::Play()
 {
-    if (renderer_ || path_.isEmpty() || !isVisible())
+    if (renderer_ || movie_.isEmpty() || !isVisible())
         return;
-    auto renderer = std::make_unique<QSvgRenderer>(path_);
+    auto renderer = std::make_unique<QSvgRenderer>(movie_);
     if (!renderer->isValid())
         return;
     renderer->setAspectRatioMode(Qt::KeepAspectRatioByExpanding);

@@ -23,9 +23,9 @@ public:
     /// The first button is the default: it has the focus when the movie is shown, and Enter presses it.
     void AddButton(const QString& name, const QString& caption, const QString& command,
                    const QString& argument);
-    /// Plays the file while the view is visible. It is read after the next painting, so that a slow drawing
-    /// delays no window; one that can't be read leaves the plain background.
-    void SetMovie(const QString& path);
+    /// Plays the drawing while the view is visible. It is made out after the next painting, so that a slow
+    /// one delays no window; one that can't be made out leaves the plain background.
+    void SetMovie(const QByteArray& movie);
     bool IsPlaying() const { return renderer_ != nullptr; }
 
 Q_SIGNALS:
@@ -41,7 +41,7 @@ private:
 
     QHBoxLayout* foot_;
     QPushButton* defaultButton_ = nullptr;
-    QString path_;
+    QByteArray movie_;
     std::unique_ptr<QSvgRenderer> renderer_;
     bool painted_ = false;
 };

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace tally {
+
+/// How the program treats its own files in folders where other people write too: it removes and replaces
+/// nothing that it did not make, and never follows a link that somebody has put there.
+
+/// Whether `path` is a file, and no link to one.
+bool IsPlainFile(const QString& path);
+/// Whether `path` is a folder, and no link to one.
+bool IsPlainFolder(const QString& path);
+/// Whether nothing has the name `path`, not even a link that leads nowhere.
+bool IsFreeName(const QString& path);
+/// Removes the files of these names from the folder, and the folder when nothing else lies in it.
+void RemoveOwnFolder(const QString& folder, const QStringList& files);
+/// Gives `file` the name `path` within its own file system. False, and `file` keeps its name, when that name
+/// is taken, or the moment another program takes it: no file is ever replaced.
+bool MoveToFreeName(const QString& file, const QString& path);
+
+} // namespace tally
