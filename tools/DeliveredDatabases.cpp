@@ -1,5 +1,6 @@
 #include "tools/DeliveredDatabases.h"
 
+#include "core/OwnFiles.h"
 #include "store/DeliveredRows.h"
 #include "store/StoreError.h"
 #include "store/Tables.h"
@@ -7,9 +8,17 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QScopeGuard>
 
 namespace tally {
+
+namespace {
+
+/// In milliseconds. What another machine was making for so long has been given up there.
+constexpr int LongestMaking = 30 * 60 * 1000;
+
+} // namespace
 
 bool MakeDatabase(const QString& path, const QString& password,
                   const std::function<void(store::Transaction&)>& fill)
@@ -24,6 +33,13 @@ bool MakeDatabase(const QString& path, const QString& password,
                 "Move It Away, And Try Again")
                 .arg(QDir::toNativeSeparators(journal)));
     const QString unfinished = path + QLatin1String(".new");
+    QLockFile lock(unfinished + QLatin1String(".lock"));
+    lock.setStaleLockTime(LongestMaking);
+    if (!lock.tryLock(0) && lock.error() == QLockFile::LockFailedError)
+        throw store::StoreError(
+            QStringLiteral("The File %1 Is Just Being Made By Another Run. Wait For It, And "
+                           "Try Again")
+                .arg(QDir::toNativeSeparators(path)));
     const auto removeUnfinished = [&unfinished] {
         QFile::remove(unfinished);
         QFile::remove(unfinished + QLatin1String("-journal"));
@@ -36,8 +52,8 @@ bool MakeDatabase(const QString& path, const QString& password,
         fill(transaction);
         transaction.Commit();
     }
-    // Renaming never replaces a file, so a database that another run made meanwhile stays.
-    if (!QFile::rename(unfinished, path))
+    // No file is ever replaced, so a database that was copied here meanwhile stays.
+    if (!MoveToFreeName(unfinished, path))
         throw store::StoreError(
             QStringLiteral("The File %1 Could Not Be Made").arg(QDir::toNativeSeparators(path)));
     return true;

@@ -17,7 +17,8 @@ struct DeliveredFile
 
 /// Makes a new database and lets `fill` create its tables and rows. The file appears under its name only when
 /// it is whole: a run that breaks off leaves nothing, or a file ending in ".new" that the next run clears
-/// away. Gives false, and touches nothing, when a file of that name exists. Throws StoreError.
+/// away. Gives false, and touches nothing, when a file of that name exists. Throws StoreError; one is that
+/// another run is making the same file.
 bool MakeDatabase(const QString& path, const QString& password,
                   const std::function<void(store::Transaction&)>& fill);
 

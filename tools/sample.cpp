@@ -1,7 +1,7 @@
 // tally-sample FOLDER makes the four databases with an invented school in them, to try the program out.
 //
-// Exit codes: 0 the school was made, 1 a file could not be made, 2 wrong arguments, 3 the folder holds a
-// Tallyboard.mdb already, and nothing was changed.
+// Exit codes: 0 the school was made, 1 a file or the logins could not be written, 2 wrong arguments, 3 the
+// folder holds a Tallyboard.mdb already, and nothing was changed.
 
 #include "core/DatabasePassword.h"
 #include "store/StoreError.h"
@@ -109,6 +109,11 @@ int main(int argc, char** argv)
                                                  }));
     } catch (const tally::store::StoreError& error) {
         err << error.Description() << '\n';
+        return Failed;
+    }
+    out.flush();
+    if (out.status() != QTextStream::Ok) {
+        err << "The school is made, but its logins could not be written. Is the disk full?\n";
         return Failed;
     }
     return 0;

@@ -1,7 +1,7 @@
 // tally-setup FOLDER makes the four databases that the program needs beside it, and leaves those that are
 // there.
 //
-// Exit codes: 0 every file is there, 1 a file could not be made, 2 wrong arguments.
+// Exit codes: 0 every file is there, 1 a file or the list of files could not be written, 2 wrong arguments.
 
 #include "core/DatabasePassword.h"
 #include "store/StoreError.h"
@@ -45,6 +45,11 @@ int main(int argc, char** argv)
             out << (file.made ? "made " : "kept ") << file.name << '\n';
     } catch (const tally::store::StoreError& error) {
         err << error.Description() << '\n';
+        return Failed;
+    }
+    out.flush();
+    if (out.status() != QTextStream::Ok) {
+        err << "The files are there, but their list could not be written. Is the disk full?\n";
         return Failed;
     }
     return 0;

@@ -69,6 +69,20 @@ TEST(SetupProgram, RefusesWrongArgumentsAndAMissingFolder)
     EXPECT_TRUE(missing.err.contains(QLatin1String("Is Missing"))) << qPrintable(missing.err);
 }
 
+TEST(SetupProgram, MakesNoDatabaseThroughALinkThatLeadsNowhere)
+{
+    const QTemporaryDir folder;
+    const QString elsewhere = folder.filePath(QStringLiteral("elsewhere"));
+    const QString database = folder.filePath(QStringLiteral("Tallyboard.mdb"));
+    ASSERT_TRUE(QFile::link(elsewhere, database));
+    const Finished run = Start(TALLY_SETUP, {folder.path()});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(run.err.contains(QLatin1String("Tallyboard.mdb Could Not Be Made"))) << qPrintable(run.err);
+    EXPECT_FALSE(QFileInfo::exists(elsewhere));
+    EXPECT_TRUE(QFileInfo(database).isSymLink());
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::System).size(), 1);
+}
+
 TEST(SampleProgram, MakesASchoolAndTellsItsLogins)
 {
     const QTemporaryDir folder;
@@ -110,6 +124,43 @@ TEST(SampleProgram, KilledHalfWayLeavesNoDatabaseAndTheNextRunSucceeds)
     store::Connection main(folder.filePath(QStringLiteral("Tallyboard.mdb")), ProgramPassword());
     EXPECT_EQ(main.Number(QStringLiteral("SELECT count(*) FROM StudentMaster")), 1);
 }
+
+TEST(SampleProgram, ASecondRunInTheSameFolderIsToldToWaitAndSpoilsNothing)
+{
+    const QTemporaryDir folder;
+    QProcess first;
+    first.start(QString::fromUtf8(TALLY_SAMPLE),
+                {folder.path(), QStringLiteral("--students"), QStringLiteral("200")});
+    const QFileInfo unfinished(folder.filePath(QStringLiteral("Tallyboard.mdb.new")));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFileInfo(unfinished.filePath()).size() > 0; }, 20000));
+    const Finished second = Start(TALLY_SETUP, {folder.path()});
+    ASSERT_EQ(first.state(), QProcess::Running) << "the first run was faster than the second";
+    EXPECT_EQ(second.exitCode, 1);
+    EXPECT_TRUE(second.err.contains(QLatin1String("Is Just Being Made"))) << qPrintable(second.err);
+
+    ASSERT_TRUE(first.waitForFinished(60000));
+    EXPECT_EQ(first.exitCode(), 0) << first.readAllStandardError().toStdString();
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 4);
+    store::Connection main(folder.filePath(QStringLiteral("Tallyboard.mdb")), ProgramPassword());
+    EXPECT_GT(main.Number(QStringLiteral("SELECT count(*) FROM StudentMaster")), 200);
+}
+
+#ifdef Q_OS_LINUX
+
+TEST(SampleProgram, SaysSoWhenTheLoginsFindNoRoomOnTheDisk)
+{
+    for (const char* program : {TALLY_SAMPLE, TALLY_SETUP}) {
+        const QTemporaryDir folder;
+        QProcess process;
+        process.setStandardOutputFile(QStringLiteral("/dev/full"));
+        process.start(QString::fromUtf8(program), {folder.path()});
+        ASSERT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitCode(), 1) << program;
+        EXPECT_FALSE(process.readAllStandardError().isEmpty()) << program;
+    }
+}
+
+#endif
 
 TEST(SampleProgram, RefusesNumbersOutOfRange)
 {

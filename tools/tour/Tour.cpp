@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QPainter>
+#include <QSaveFile>
 #include <QTest>
 
 #include <cstdio>
@@ -125,7 +126,8 @@ void Tour::Picture(const QString& what, const QString& fileName, QWidget* window
         painter.drawPixmap(popup->mapToGlobal(QPoint()) - window->mapToGlobal(QPoint()), popup->grab());
     }
     const QString numbered = QStringLiteral("%1-%2").arg(step_, 2, 10, QLatin1Char('0')).arg(fileName);
-    if (!picture.save(folder_.filePath(numbered)))
+    QSaveFile file(folder_.filePath(numbered));
+    if (!file.open(QIODevice::WriteOnly) || !picture.save(&file, "PNG") || !file.flush() || !file.commit())
         throw TourError(QStringLiteral("the picture %1 cannot be written").arg(numbered));
     Done(what, numbered);
 }
