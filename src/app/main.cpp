@@ -4,8 +4,10 @@
 #include "core/mdiTallyboard.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
+#include "reports/ExportWorkbook.h"
 
 #include <QApplication>
+#include <QTimer>
 
 int main(int argc, char** argv)
 {
@@ -22,8 +24,11 @@ int main(int argc, char** argv)
     int result = 0;
     {
         frmSplash splash(QApplication::applicationFilePath());
-        if (splash.Form_Load())
+        if (splash.Form_Load()) {
             splash.show();
+            // The window comes up before the disk is touched.
+            QTimer::singleShot(0, &application, &ClearDeadExports);
+        }
         result = QApplication::exec();
     }
     delete mdiTallyboard::Instance();

@@ -351,10 +351,7 @@ QString ExportFlexGridToExcel1(const FlexGrid& grid, int lastRow, int lastCol, c
                         LongestStudentLines(grid, cards), LongestExam(grid, lastRow), examCount};
     const Page page = BestPage(size);
 
-    const auto fullRows = static_cast<qint64>(size.headLines.size() + StudentTexts.size()) + 1 + examCount;
-    const qint64 cellsOfCard = fullRows * static_cast<qint64>(columns.size()) + 1; // the signatures
-    ExportSubject subject{title.isEmpty() ? QStringLiteral("Rank Card") : title, heading,
-                          cellsOfCard * static_cast<qint64>(cards.size())};
+    const ExportSubject subject{title.isEmpty() ? QStringLiteral("Rank Card") : title, heading};
     return ExportWorkbook(subject, [&](Workbook& workbook) {
         workbook.BoundColumns();
         CardWriter(workbook, grid, columns, size, page).Write(cards);

@@ -161,8 +161,7 @@ void WriteSheet(Workbook& workbook, const FlexGrid& grid, int lastRow, int lastC
 QString ExportGridToExcel(const FlexGrid& grid, int lastRow, int lastCol, const QString& title,
                           const QString& subTitle)
 {
-    const qint64 cells = static_cast<qint64>(lastRow + 1) * (lastCol + 1);
-    return ExportWorkbook({title, subTitle, cells}, [&](Workbook& workbook) {
+    return ExportWorkbook({title, subTitle}, [&](Workbook& workbook) {
         WriteSheet(workbook, grid, lastRow, lastCol, title, subTitle);
     });
 }

@@ -2,14 +2,14 @@
 
 #include "core/controls/HourGlass.h"
 #include "core/OpenDocument.h"
+#include "core/OwnFiles.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "reports/Workbook.h"
+#include "reports/WorkFolder.h"
 
 #include <QDateTime>
 #include <QDir>
-#include <QStorageInfo>
-#include <QTemporaryDir>
 
 namespace tally {
 
@@ -34,9 +34,9 @@ QString MoveIntoPlace(const QString& file, const QDir& folder, const QString& na
     for (int number = 1; number < MostTries; ++number) {
         const QString suffix = number > 1 ? QStringLiteral(" (%1)").arg(number) : QString();
         QString path = folder.filePath(name + suffix + QStringLiteral(".xlsx"));
-        if (QFile::rename(file, path))
+        if (MoveToFreeName(file, path))
             return path;
-        if (!QFile::exists(path))
+        if (IsFreeName(path))
             break;
     }
     throw ExportError(
@@ -49,18 +49,6 @@ ExportError FullDisk(const QDir& folder)
     return {ExportError::Kind::DiskFull,
             QStringLiteral("The workbook could not be written. The disk of the folder \"%1\" may be full.")
                 .arg(folder.path())};
-}
-
-/// The writer of workbooks does not notice when its working files are cut short, so there must be room for
-/// all of them beforehand.
-void RequireRoom(const QDir& folder, qint64 cells)
-{
-    constexpr qint64 BytesForACell = 50;
-    constexpr qint64 BytesForTheRest = 1'000'000;
-    const qint64 needed = BytesForTheRest + BytesForACell * cells;
-    const QStorageInfo disk(folder.path());
-    if (disk.isValid() && disk.bytesAvailable() < needed)
-        throw FullDisk(folder);
 }
 
 } // namespace
@@ -79,34 +67,37 @@ QString ExportWorkbook(const ExportSubject& subject, const std::function<void(Wo
     // All work is done in a folder of its own beside the result: it is cleared on every way out, and the
     // finished file only needs a new name.
     const bool made = folder.mkpath(QStringLiteral("."));
-    const QTemporaryDir work(folder.filePath(QStringLiteral(".export-XXXXXX")));
-    if (!made || !work.isValid())
-        throw ExportError(
-            ExportError::Kind::FolderNotWritable,
-            QStringLiteral("Workbooks are saved in the folder \"%1\", but nothing can be written there.")
-                .arg(folder.path()));
-    RequireRoom(folder, subject.cells);
+    const WorkFolder work(folder);
+    if (!made || !work.IsValid())
+        throw ExportError(ExportError::Kind::FolderNotWritable,
+                          QStringLiteral("Workbooks are saved in the folder \"%1\", but nothing can be "
+                                         "written there. The disk may be full.")
+                              .arg(folder.path()));
 
-    const QString draft = work.filePath(QStringLiteral("workbook.xlsx"));
+    QString finished;
     try {
-        Workbook workbook(draft, work.path(),
-                          {.title = subject.title,
-                           .subject = subject.subTitle,
-                           .author = Session().gstrUserName,
-                           .company = Session().gstrSchoolName});
+        Workbook workbook(work.Path(), {.title = subject.title,
+                                        .subject = subject.subTitle,
+                                        .author = Session().gstrUserName,
+                                        .company = Session().gstrSchoolName});
         write(workbook);
-        workbook.Finish();
+        finished = workbook.Finish();
     } catch (const WorkbookError&) {
         throw FullDisk(folder);
     }
 
-    QString path = MoveIntoPlace(draft, folder, FileName(subject.title));
+    QString path = MoveIntoPlace(finished, folder, FileName(subject.title));
     if (!OpenSpreadsheet(path))
         throw ExportError(
             ExportError::Kind::NotOpened,
             QStringLiteral("The workbook is saved as \"%1\", but the program for spreadsheets did not start.")
                 .arg(path));
     return path;
+}
+
+void ClearDeadExports()
+{
+    WorkFolder::ClearDead(QDir(ExportFolder()));
 }
 
 void RunExport(const std::function<void()>& work)

@@ -38,12 +38,16 @@ struct ExportSubject
 {
     QString title; ///< gives the file its name, together with the time
     QString subTitle;
-    qint64 cells = 0; ///< at most as many will be written
 };
 
 /// Lets `write` fill a new workbook in ExportFolder() and opens it. Gives the file's path. Throws
-/// ExportError; unless the kind is NotOpened no file is left then.
+/// ExportError; unless the kind is NotOpened no file is left then. A workbook that is left holds every cell
+/// that was written, at whatever moment the disk was full.
 QString ExportWorkbook(const ExportSubject& subject, const std::function<void(Workbook&)>& write);
+
+/// Clears away what exports left in ExportFolder() whose program was ended in their midst. Exports that other
+/// copies of the program are at, on this machine or on another one that shares the folder, are left alone.
+void ClearDeadExports();
 
 /// What every Export button does once the privilege is proved: runs `work` under an hourglass and tells the
 /// user what went wrong, if anything did.

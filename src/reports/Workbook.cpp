@@ -1,9 +1,12 @@
 #include "reports/Workbook.h"
 
+#include <QDir>
 #include <QFile>
+#include <QSaveFile>
 
 #include <algorithm>
 #include <array>
+#include <utility>
 #include <vector>
 #include <xlsxwriter.h>
 
@@ -27,6 +30,7 @@ constexpr const char* WidestFont = "Verdana";
 constexpr double WidestFontPoints = 10;
 constexpr double WidestDigit = 0.636 * WidestFontPoints;
 constexpr double LettersAround = 5.0 / 7;
+constexpr const char* Draft = "draft.xlsx";
 /// Grey, so that the lines lead the eye and the figures stand out.
 constexpr lxw_color_t LineColor = 0x808080;
 
@@ -50,21 +54,47 @@ std::uint8_t AsAlignment(CellStyle::Align align)
     return LXW_ALIGN_NONE;
 }
 
+/// The text as a cell can hold it.
+QString CellText(const QString& text)
+{
+    QString held = text.left(LongestText);
+    for (qsizetype i = 0; i < held.size(); ++i) {
+        const QChar sign = std::as_const(held).at(i);
+        if (sign.isHighSurrogate() && i + 1 < held.size() && std::as_const(held).at(i + 1).isLowSurrogate())
+            ++i;
+        else if ((sign < u' ' && sign != u'\t' && sign != u'\n') || sign.isSurrogate() || sign >= u'\xFFFE')
+            held[i] = u' ';
+    }
+    return held;
+}
+
 void Check(lxw_error error)
 {
     if (error != LXW_NO_ERROR)
         throw WorkbookError(lxw_strerror(error));
 }
 
+void SaveCopy(const QString& file, const QString& path)
+{
+    QFile source(file);
+    QSaveFile copy(path);
+    if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly))
+        throw WorkbookError("The workbook could not be opened.");
+    const QByteArray content = source.readAll();
+    // What only the commit finds no room for is not noticed there.
+    if (copy.write(content) != content.size() || !copy.flush() || !copy.commit())
+        throw WorkbookError("The workbook could not be saved.");
+}
+
 } // namespace
 
-Workbook::Workbook(const QString& path, const QString& workFolder, const Properties& properties)
+Workbook::Workbook(const QString& workFolder, const Properties& properties) : workFolder_(workFolder)
 {
     QByteArray folder = QFile::encodeName(workFolder);
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
     options.tmpdir = folder.data();
-    book_.reset(workbook_new_opt(QFile::encodeName(path).constData(), &options));
+    book_.reset(workbook_new_opt(QFile::encodeName(WorkFile(Draft)).constData(), &options));
     NewSheet();
 
     QByteArray title = properties.title.toUtf8();
@@ -100,6 +130,7 @@ void Workbook::NewSheet()
     sheet_ = book_ ? workbook_add_worksheet(book_.get(), nullptr) : nullptr;
     if (sheet_ == nullptr)
         throw WorkbookError("The working file could not be made.");
+    tallies_.emplace_back();
 }
 
 void Workbook::BoundColumns()
@@ -123,24 +154,30 @@ void Workbook::SetRowHeight(int row, double height)
 
 void Workbook::WriteText(int row, int column, const QString& text, const CellStyle& style)
 {
-    if (text.isEmpty()) {
+    const QString held = CellText(text);
+    tallies_.back().AddText(row, column, held);
+    if (held.isEmpty())
         Check(worksheet_write_blank(sheet_, AsRow(row), AsColumn(column), Format(style)));
-        return;
-    }
-    Check(worksheet_write_string(sheet_, AsRow(row), AsColumn(column),
-                                 text.left(LongestText).toUtf8().constData(), Format(style)));
+    else
+        Check(worksheet_write_string(sheet_, AsRow(row), AsColumn(column), held.toUtf8().constData(),
+                                     Format(style)));
 }
 
 void Workbook::WriteNumber(int row, int column, double number, const CellStyle& style)
 {
+    tallies_.back().AddNumber(row, column, number);
     Check(worksheet_write_number(sheet_, AsRow(row), AsColumn(column), number, Format(style)));
 }
 
 void Workbook::WriteMerged(int row, int firstColumn, int lastColumn, const QString& text,
                            const CellStyle& style)
 {
+    const QString held = CellText(text);
+    tallies_.back().AddText(row, firstColumn, held);
+    for (int column = firstColumn + 1; column <= lastColumn; ++column)
+        tallies_.back().AddText(row, column, {});
     Check(worksheet_merge_range(sheet_, AsRow(row), AsColumn(firstColumn), AsRow(row), AsColumn(lastColumn),
-                                text.left(LongestText).toUtf8().constData(), Format(style)));
+                                held.toUtf8().constData(), Format(style)));
 }
 
 void Workbook::FreezeRowsAbove(int row)
@@ -184,10 +221,22 @@ void Workbook::SetUpPrint(const PrintSetup& setup)
     }
 }
 
-void Workbook::Finish()
+QString Workbook::Finish()
 {
     sheet_ = nullptr;
     Check(workbook_close(book_.release()));
+    // The library does not notice when the disk cuts one of its files short. The copy is written where every
+    // error is seen, and is read back.
+    const QString path = WorkFile("workbook.xlsx");
+    SaveCopy(WorkFile(Draft), path);
+    if (!IsWholeWorkbook(path, tallies_))
+        throw WorkbookError("The workbook came out incomplete.");
+    return path;
+}
+
+QString Workbook::WorkFile(const char* name) const
+{
+    return QDir(workFolder_).filePath(QLatin1String(name));
 }
 
 lxw_format* Workbook::Format(const CellStyle& style)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "reports/WorkbookCheck.h"
+
 #include <QColor>
 #include <QSizeF>
 #include <QString>
@@ -94,8 +96,8 @@ public:
     static double ColumnPoints(double letters);
     static double ColumnLetters(double points);
 
-    /// Working files are put into `workFolder`, which the caller clears away.
-    Workbook(const QString& path, const QString& workFolder, const Properties& properties);
+    /// All files are put into `workFolder`, which the caller clears away.
+    Workbook(const QString& workFolder, const Properties& properties);
 
     /// Leaves the sheet as it is and goes on with a new one behind it.
     void NewSheet();
@@ -110,7 +112,8 @@ public:
     /// In points. Comes before the row's cells. A row of StandardRowHeight, or without a height, becomes as
     /// high as its text in the font that the office program has.
     void SetRowHeight(int row, double height);
-    /// An empty text makes an empty cell that has the style only. A text never becomes a formula.
+    /// An empty text makes an empty cell that has the style only. A text never becomes a formula; signs that
+    /// no sheet can hold become blanks. No cell is written twice.
     void WriteText(int row, int column, const QString& text, const CellStyle& style);
     void WriteNumber(int row, int column, double number, const CellStyle& style);
     /// One text over several columns of a row.
@@ -120,8 +123,9 @@ public:
     /// Spares the reader the small warning triangles on admission numbers kept as texts.
     void AllowDigitTexts(int firstRow, int lastRow, int lastColumn);
     void SetUpPrint(const PrintSetup& setup);
-    /// Writes the file; before that there is none. Nothing can be added afterwards.
-    void Finish();
+    /// Writes the file, reads it back and gives its path; before that there is none. It is on the disk then
+    /// and holds every cell. Nothing can be added afterwards.
+    QString Finish();
 
 private:
     struct Free
@@ -130,10 +134,13 @@ private:
     };
 
     lxw_format* Format(const CellStyle& style);
+    QString WorkFile(const char* name) const;
 
+    QString workFolder_;
     std::unique_ptr<lxw_workbook, Free> book_;
     lxw_worksheet* sheet_ = nullptr;
     std::map<CellStyle, lxw_format*> formats_;
+    std::vector<CellTally> tallies_; ///< of all sheets, the last one is sheet_
 };
 
 } // namespace tally

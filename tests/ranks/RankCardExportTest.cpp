@@ -393,6 +393,42 @@ TEST_F(RankCardExport, MoreCardsThanASheetCanPartIntoPagesGoOnOnASecondSheet)
     EXPECT_EQ(second.Attribute("pageSetup", "orientation"), first.Attribute("pageSetup", "orientation"));
 }
 
+TEST_F(RankCardExport, IsWholeOrToldAndGoneWhereverTheDiskEnds)
+{
+    QStringList rows{QStringLiteral("|||||Eng|Mat|Total|Average|Rank|Grade")};
+    for (int student = 0; student < 60; ++student) {
+        for (const char* exam : {"First", "Second"})
+            rows += QStringLiteral("%1|Student %2|%2|X|A|%2|80.50|154.5|77.25|%2|A")
+                        .arg(QString::fromLatin1(exam))
+                        .arg(student);
+        rows += QString();
+    }
+    Fill(rows);
+    const WorkbookReader whole = Exported();
+    int told = 0;
+    int made = 0;
+    constexpr int Step = 7777;
+    for (int bytes = 0; bytes < 400'000; bytes += Step) {
+        QDir(ExportFolder()).removeRecursively();
+        QString path;
+        try {
+            const FileSizeLimit full(static_cast<rlim_t>(bytes));
+            path = Export();
+        } catch (const ExportError& error) {
+            EXPECT_TRUE(error.Description().contains(QStringLiteral("full"))) << bytes;
+            EXPECT_TRUE(error.Description().contains(ExportFolder())) << bytes;
+            EXPECT_EQ(FilesLeft(), QStringList()) << bytes;
+            ++told;
+            continue;
+        }
+        ++made;
+        const WorkbookReader sheet(path);
+        EXPECT_TRUE(sheet.Cells() == whole.Cells()) << bytes;
+        EXPECT_EQ(sheet.Merges(), whole.Merges()) << bytes;
+    }
+    EXPECT_TRUE(told > 10 && made > 5) << told << ' ' << made << ": both sides of the edge were seen";
+}
+
 TEST_F(RankCardExport, AFullDiskIsToldAndLeavesNoHalfFile)
 {
     FillTwoCards();

@@ -13,10 +13,10 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QRegularExpression>
-#include <QStorageInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <optional>
 #include <unistd.h>
 
 namespace tally::test {
@@ -71,6 +71,42 @@ protected:
         grid_.SetContent(content);
     }
 
+    /// Names of students and their marks, each cell different.
+    void FillLargeList()
+    {
+        constexpr int Students = 1000;
+        std::vector<FlexGrid::Row> rows{{{Latin("Name")}, {Latin("Maths")}, {Latin("Total")}}};
+        for (int student = 0; student < Students; ++student)
+            rows.push_back({{Latin("Student %1").arg(student)},
+                            {QString::number(student * 1.25)},
+                            {QString::number(student)}});
+        grid_.SetContent(rows);
+    }
+
+    /// The last export left either a workbook with the cells of `whole` from the list's head on, and no
+    /// message, or a message and nothing else.
+    void ExpectWholeOrToldAndGone(const WorkbookReader& whole, int run)
+    {
+        const QStringList files = FilesLeft();
+        if (!boxes_.empty()) {
+            EXPECT_EQ(boxes_.size(), 1U) << run;
+            EXPECT_EQ(boxes_[0].kind, Prompts::Kind::Critical) << run;
+            EXPECT_TRUE(boxes_[0].text.contains(Latin("full")) && boxes_[0].text.contains(ExportFolder()))
+                << boxes_[0].text.toStdString();
+            EXPECT_EQ(files, QStringList()) << run;
+            boxes_.clear();
+            ++toldOfFullDisk_;
+            return;
+        }
+        ASSERT_EQ(files.size(), 1) << run;
+        const WorkbookReader sheet(ExportFolder() + u'/' + files[0]);
+        for (auto cell = whole.Cells().begin(); cell != whole.Cells().end(); ++cell) {
+            const bool ofList = cell.key().mid(1).toInt() > 6;
+            ASSERT_TRUE(!ofList || sheet.At(cell.key()).value == cell->value)
+                << run << ' ' << cell.key().toStdString();
+        }
+    }
+
     WorkbookReader Exported(const char* title = "Rank List", const char* subTitle = "Exam Name :Annual")
     {
         return WorkbookReader(
@@ -92,6 +128,7 @@ protected:
     FlexGrid grid_;
     std::vector<QString> opened_;
     std::vector<Box> boxes_;
+    int toldOfFullDisk_ = 0;
     const QCursor* pointerInBox_ = nullptr;
 };
 
@@ -446,30 +483,59 @@ TEST_F(Export, LeavesNoHalfFileWhenTheDiskIsFull)
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(Export, TellsOfADiskWithoutRoomForAllCellsBeforeItWritesAny)
+TEST_F(Export, IsWholeOrToldAndGoneWhereverTheDiskEnds)
 {
-    const auto write = [&](qint64 cells) {
-        bool begun = false;
+    FillLargeList();
+    const WorkbookReader whole = Exported();
+    constexpr int Step = 2777;
+    for (int bytes = 0; bytes < 200'000; bytes += Step) {
+        QDir(ExportFolder()).removeRecursively();
+        {
+            const FileSizeLimit full(static_cast<rlim_t>(bytes));
+            ExportReport(grid_, Latin("Rank List"), Latin("Exam Name :Annual"));
+        }
+        ExpectWholeOrToldAndGone(whole, bytes);
+    }
+    EXPECT_TRUE(opened_.size() > 10 && toldOfFullDisk_ > 10) << "both sides of the edge were seen";
+}
+
+TEST_F(Export, IsWholeOrToldAndGoneWhenTheDiskFillsAndFreesAgain)
+{
+    FillLargeList();
+    const WorkbookReader whole = Exported();
+    for (int full = 0; full < 1000; full += 31) {
+        QDir(ExportFolder()).removeRecursively();
+        std::optional<FileSizeLimit> noRoom;
         RunExport([&] {
-            ExportWorkbook({Latin("Rank List"), {}, cells}, [&](Workbook& workbook) {
-                begun = true;
-                workbook.WriteText(0, 0, Latin("Asha"), {});
+            ExportWorkbook({Latin("Rank List"), {}}, [&](Workbook& workbook) {
+                for (int row = 0; row < grid_.Rows(); ++row) {
+                    if (row == full)
+                        noRoom.emplace(0);
+                    if (row == full + 40)
+                        noRoom.reset();
+                    for (int col = 0; col < grid_.Cols(); ++col)
+                        workbook.WriteText(6 + row, col, grid_.TextMatrix(row, col), {});
+                }
             });
         });
-        return begun;
-    };
-    const qint64 room = QStorageInfo(home_.path()).bytesAvailable();
-    constexpr int MostBytesForACell = 100;
-    EXPECT_TRUE(write(room / MostBytesForACell)) << "there is room enough";
-    EXPECT_TRUE(boxes_.empty());
-    EXPECT_EQ(FilesLeft().size(), 1);
+        noRoom.reset();
+        ExpectWholeOrToldAndGone(whole, full);
+    }
+    EXPECT_GT(toldOfFullDisk_, 10);
+}
 
-    QDir(ExportFolder()).removeRecursively();
-    constexpr int LeastBytesForACell = 25;
-    EXPECT_FALSE(write(room / LeastBytesForACell));
-    ASSERT_EQ(boxes_.size(), 1U);
-    EXPECT_TRUE(boxes_[0].text.contains(Latin("full"))) << boxes_[0].text.toStdString();
-    EXPECT_EQ(FilesLeft(), QStringList());
+TEST_F(Export, TurnsSignsThatNoSheetCanHoldIntoBlanks)
+{
+    const QString lonely = QString(QChar(0xD83D)) + u'x';
+    grid_.SetContent({{{Latin("Name")}},
+                      {{Latin("As\x01ha\x1b\tMenon\r")}},
+                      {{lonely}},
+                      {{QString::fromUcs4(U"\U0001F600 \uFFFF")}}});
+    const WorkbookReader sheet = Exported();
+    EXPECT_EQ(sheet.At("A8").value, Latin("As ha \tMenon"));
+    EXPECT_EQ(sheet.At("A9").value, Latin(" x"));
+    EXPECT_EQ(sheet.At("A10").value, QString::fromUcs4(U"\U0001F600  "));
+    EXPECT_TRUE(boxes_.empty());
 }
 
 TEST_F(Export, KeepsTheWorkbookWhenItsProgramDoesNotStart)

@@ -22,6 +22,8 @@ public:
         QString horizontal;
         QString vertical;
         QString numberFormat;
+
+        bool operator==(const Style&) const = default;
     };
 
     struct Cell
@@ -30,6 +32,8 @@ public:
         bool isNumber = false;
         QString value;
         Style style;
+
+        bool operator==(const Cell&) const = default;
     };
 
     /// Sheets count from 1. Fails the running test when the file is no readable workbook or lacks the sheet.
@@ -37,6 +41,8 @@ public:
 
     /// By the sheet's own name, such as "B7". A cell that is not there has exists = false.
     Cell At(const QString& reference) const { return cells_.value(reference); }
+    /// All cells of the sheet by their names.
+    const QHash<QString, Cell>& Cells() const { return cells_; }
     const QStringList& Merges() const { return merges_; }
     /// The font in whose digits columns are counted, and its size, such as "Calibri 11".
     const QString& ColumnFont() const { return columnFont_; }
