@@ -1,5 +1,6 @@
 #include "endtoend/Office.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
@@ -124,6 +125,14 @@ TEST_F(EndToEndTest, ProgramThatWasKilledStartsAgain)
     again.ChooseClose(mainWindow, Yes);
     EXPECT_EQ(again.ExitCode(), 0);
     EXPECT_EQ(office_.PresenceRows(), 0);
+}
+
+TEST_F(EndToEndTest, TheStartClearsAwayWhatAKilledExportLeft)
+{
+    const QString left = office_.Home() + QStringLiteral("/Documents/Tally Board/.export-aaaaaa");
+    ASSERT_TRUE(QDir().mkpath(left));
+    const Client clerk(desktop_, office_, Program);
+    EXPECT_TRUE(Eventually([&] { return !QFileInfo::exists(left); }));
 }
 
 TEST_F(EndToEndTest, QuitOnTheSplashEndsTheProgram)
