@@ -258,6 +258,10 @@ void frmSimpleMaster::cmdSave_Click()
             Repository().Insert(transaction, entry, userCode);
     });
     if (!stored) {
+        // What another client has deleted meanwhile is not to be chosen again.
+        LoadParents();
+        if (dbcParent_)
+            dbcParent_->SetBoundCode(entry.parentCode);
         LoadGrid();
         return;
     }

@@ -201,6 +201,34 @@ TEST_F(SimpleMasterMembersTest, ACityOfAStateThatAnotherClientDeletedIsNotSaved)
     EXPECT_EQ(Count("SELECT count(*) FROM CityMaster WHERE CityCode > 0"), 0);
 }
 
+TEST_F(SimpleMasterMembersTest, AStateThatAnotherClientDeletedIsNotOfferedAgain)
+{
+    GivenStates();
+    OpenCities();
+    EnterCity(2, "Agra");
+    AnotherClient()->Execute(QStringLiteral("DELETE FROM StateMaster WHERE StateCode = 2"));
+    prompts.ExpectCritical(RowIsGone);
+    Press(Button("cmdSave"));
+    EXPECT_EQ(states->findData(2), -1);
+    EXPECT_EQ(states->BoundCode(), 0);
+    states->SetBoundCode(1);
+    Save("Record Saved");
+    EXPECT_EQ(Count("SELECT StateCode FROM CityMaster WHERE CityName = 'Agra'"), 1);
+}
+
+TEST_F(SimpleMasterMembersTest, ARefusedSaveLeavesTheStateChosen)
+{
+    GivenStates();
+    Given("INSERT INTO CityMaster VALUES (1, 2, 'Agra', 1)");
+    OpenCities();
+    SelectRow(0, "Do You Want To Edit/Delete ?");
+    Press(Button("cmdEdit"));
+    AnotherClient()->Execute(QStringLiteral("DELETE FROM CityMaster WHERE CityCode = 1"));
+    prompts.ExpectCritical(RowIsGone);
+    Press(Button("cmdSave"));
+    EXPECT_EQ(states->BoundCode(), 2);
+}
+
 TEST_F(SimpleMasterMembersTest, AStateWithACityStays)
 {
     GivenStates();
