@@ -121,8 +121,10 @@ void frmMasAcademicYearSetup::cmdDelete_Click()
         return;
     if (code_ == Session().gintAcademicYearCode)
         ForgetYearInUse();
-    Prompts::Information(QStringLiteral("Record Deleted"));
-    cmdCancel_Click();
+    AfterCommit([this] {
+        Prompts::Information(QStringLiteral("Record Deleted"));
+        cmdCancel_Click();
+    });
 }
 
 void frmMasAcademicYearSetup::cmdSave_Click()
@@ -147,13 +149,15 @@ void frmMasAcademicYearSetup::cmdSave_Click()
         Read([this] { LoadGrid(); });
         return;
     }
-    Read([&] {
-        if (Years().Count() == 1)
-            TakeFirstYear(year);
+    AfterCommit([&] {
+        Read([&] {
+            if (Years().Count() == 1)
+                TakeFirstYear(year);
+        });
+        Prompts::Information(editing_ ? QStringLiteral("Academic Year Updated")
+                                      : QStringLiteral("Academic Year Saved"));
+        cmdCancel_Click();
     });
-    Prompts::Information(editing_ ? QStringLiteral("Academic Year Updated")
-                                  : QStringLiteral("Academic Year Saved"));
-    cmdCancel_Click();
 }
 
 void frmMasAcademicYearSetup::cmdCancel_Click()

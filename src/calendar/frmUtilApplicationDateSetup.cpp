@@ -58,6 +58,11 @@ void frmUtilApplicationDateSetup::LoadLastDate()
     ShowDate(lastDate_);
 }
 
+bool frmUtilApplicationDateSetup::KnowsLastDate()
+{
+    return lastDate_.isValid() || Read([this] { LoadLastDate(); });
+}
+
 void frmUtilApplicationDateSetup::ShowDate(const QDate& date)
 {
     ui_->dtpNextWorkingDay->setDate(date);
@@ -66,6 +71,8 @@ void frmUtilApplicationDateSetup::ShowDate(const QDate& date)
 void frmUtilApplicationDateSetup::cmdAddOneDay_Click()
 {
     if (!MayUse(QLatin1Char('A')))
+        return;
+    if (!KnowsLastDate())
         return;
     SessionContext& session = Session();
     ui_->cmdDeleteLastDay->setEnabled(true);
@@ -90,10 +97,11 @@ void frmUtilApplicationDateSetup::cmdAddOneDay_Click()
         return;
     }
     lastDate_ = next;
-    if (!Read([&] { LoadApplicationDate(session.gintAcademicYearCode); }))
-        return;
-    ShowMovedApplicationDate();
-    Prompts::Information(QStringLiteral("Application Date Added"));
+    AfterCommit([&] {
+        if (Read([&] { LoadApplicationDate(session.gintAcademicYearCode); }))
+            ShowMovedApplicationDate();
+        Prompts::Information(QStringLiteral("Application Date Added"));
+    });
     if (session.gdtmApplicationDate == session.gdtmToDate) {
         Prompts::Information(QStringLiteral("Reached Last Date Of This Academic Year"));
         ui_->cmdAddOneDay->setEnabled(false);
@@ -103,6 +111,8 @@ void frmUtilApplicationDateSetup::cmdAddOneDay_Click()
 void frmUtilApplicationDateSetup::cmdDeleteLastDay_Click()
 {
     if (!MayUse(QLatin1Char('M')))
+        return;
+    if (!KnowsLastDate())
         return;
     SessionContext& session = Session();
     ui_->cmdAddOneDay->setEnabled(true);
@@ -125,11 +135,16 @@ void frmUtilApplicationDateSetup::cmdDeleteLastDay_Click()
     const bool deleted = Write(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
         ApplicationDateRepository::Delete(transaction, lastDate_);
     });
-    if (!deleted || !Read([this] { LoadLastDate(); }))
+    if (!deleted)
         return;
-    session.gdtmApplicationDate = lastDate_;
-    ShowMovedApplicationDate();
-    Prompts::Information(QStringLiteral("Application Date Deleted"));
+    lastDate_ = QDate();
+    AfterCommit([&] {
+        if (KnowsLastDate()) {
+            session.gdtmApplicationDate = lastDate_;
+            ShowMovedApplicationDate();
+        }
+        Prompts::Information(QStringLiteral("Application Date Deleted"));
+    });
     if (session.gdtmApplicationDate == session.gdtmFromDate) {
         Prompts::Information(QStringLiteral("Reached Academic Year Start Date"));
         ui_->cmdDeleteLastDay->setEnabled(false);

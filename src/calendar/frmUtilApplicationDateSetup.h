@@ -29,10 +29,12 @@ private:
     void cmdDeleteLastDay_Click();
 
     void LoadLastDate();
+    /// Reads the last date where that failed before; false when it fails again and the user has been told.
+    bool KnowsLastDate();
     void ShowDate(const QDate& date);
 
     std::unique_ptr<Ui::frmUtilApplicationDateSetup> ui_;
-    QDate lastDate_; ///< the last working day of the year in use
+    QDate lastDate_; ///< the last working day of the year in use; invalid while it could not be read
 };
 
 } // namespace tally

@@ -13,6 +13,9 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
+#include <QScopedValueRollback>
+
+#include <utility>
 
 namespace tally {
 
@@ -184,9 +187,25 @@ bool Screen::Read(const std::function<void()>& work)
         work();
         return true;
     } catch (const store::StoreError& error) {
-        Prompts::Critical(error.Description());
+        if (!committed_)
+            Prompts::Critical(error.Description());
+        else if (failedAfterCommit_.isEmpty())
+            failedAfterCommit_ = error.Description();
         return false;
     }
+}
+
+void Screen::AfterCommit(const std::function<void()>& work)
+{
+    {
+        const QScopedValueRollback committed(committed_, true);
+        work();
+    }
+    if (failedAfterCommit_.isEmpty())
+        return;
+    Prompts::Information(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.\n"
+                                        "Only The Screen Could Not Be Read Anew : ") +
+                         std::exchange(failedAfterCommit_, QString()));
 }
 
 } // namespace tally

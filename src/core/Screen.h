@@ -83,6 +83,10 @@ protected:
     static QString TextOf(const store::StoreError& error, Conflict conflict);
     /// Runs work that only reads. False when it failed and the user has been told.
     bool Read(const std::function<void()>& work);
+    /// Runs what follows a commit: the word for its result, Cancel's steps. Where a Read of it fails, the
+    /// user is told once, at the end, that the change is stored and that only the screen could not be read
+    /// anew; a bare failure would make him enter everything again.
+    void AfterCommit(const std::function<void()>& work);
 
     void closeEvent(QCloseEvent* event) override;
 
@@ -94,7 +98,9 @@ private:
     bool ReleaseScreen();
 
     QAbstractButton* exitButton_ = nullptr;
-    QString takenScreen_; ///< empty while this client holds no row of ScreenStatus
+    QString takenScreen_;       ///< empty while this client holds no row of ScreenStatus
+    bool committed_ = false;    ///< what runs follows a commit
+    QString failedAfterCommit_; ///< why the first Read of it failed; empty for none
     bool menusTaken_ = false;
     bool activated_ = false;
     bool unloaded_ = false;

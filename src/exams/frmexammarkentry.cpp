@@ -175,8 +175,10 @@ void frmexammarkentry::cmdDelete_Click()
     });
     if (!deleted)
         return;
-    cmdCancel_Click();
-    Prompts::Information(QStringLiteral("Record Deleted"));
+    AfterCommit([this] {
+        cmdCancel_Click();
+        Prompts::Information(QStringLiteral("Record Deleted"));
+    });
 }
 
 bool frmexammarkentry::IsReady()
@@ -235,7 +237,7 @@ void frmexammarkentry::cmdSave_Click()
     Prompts::Information(EditMode_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
     if (EditMode_ ||
         !Prompts::Ask(QStringLiteral("Do You Want To Enter Marks For The Same 'Exam-Class-Division' ?"))) {
-        cmdCancel_Click();
+        AfterCommit([this] { cmdCancel_Click(); });
         return;
     }
     EmptyList();

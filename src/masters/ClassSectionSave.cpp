@@ -149,24 +149,32 @@ void Carry(store::Transaction& transaction, const ClassSectionPlan& plan, int us
         Repository::DeleteClass(transaction, classCode);
 }
 
-/// Puts back what is on the grid and not in the database.
-void PutBack(store::Transaction& transaction, const ClassSectionGrid& grid, int userCode)
+/// What is on the grid and not in the database.
+struct MissingRows
 {
-    ClassSectionRepository repository(transaction.On());
+    std::vector<ClassRecord> classes;
+    std::vector<ClassDivision> divisions;
+};
+
+MissingRows FindMissing(store::Connection& connection, const ClassSectionGrid& grid)
+{
+    ClassSectionRepository repository(connection);
     StoredClassSections stored;
     stored.classes = repository.Classes();
     stored.divisions = repository.Divisions();
+    MissingRows missing;
     for (int row = 1; row <= grid.RowCount(); ++row) {
         const ClassRecord record = RecordOf(grid.Row(row));
         if (!grid.Row(row).IsNamed() || stored.ClassExists(record.classCode))
             continue;
-        ClassSectionRepository::InsertClass(transaction, record, userCode);
+        missing.classes.push_back(record);
         stored.classes.push_back(record);
     }
     for (const ClassDivision& division : grid.Divisions())
         if (!division.divisionName.trimmed().isEmpty() &&
             !stored.ClassDivisionExists(division.classCode, division.divisionCode))
-            ClassSectionRepository::InsertDivision(transaction, division);
+            missing.divisions.push_back(division);
+    return missing;
 }
 
 } // namespace
@@ -196,15 +204,23 @@ void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid,
 QStringList SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode)
 {
     QStringList kept;
+    MissingRows missing;
     {
         store::Transaction transaction(connection);
         const ClassSectionPlan plan = Reconcile(grid, ClassSectionRepository(connection).Read());
         Carry(transaction, plan, userCode);
+        // Read before the commit: a failure to read must not come when the work is stored already.
+        missing = FindMissing(connection, grid);
         transaction.Commit();
         kept = Kept(plan);
     }
+    if (missing.classes.empty() && missing.divisions.empty())
+        return kept;
     store::Transaction transaction(connection);
-    PutBack(transaction, grid, userCode);
+    for (const ClassRecord& record : missing.classes)
+        ClassSectionRepository::InsertClass(transaction, record, userCode);
+    for (const ClassDivision& division : missing.divisions)
+        ClassSectionRepository::InsertDivision(transaction, division);
     transaction.Commit();
     return kept;
 }

@@ -171,7 +171,7 @@ void frmMasClassSectionEntry::cmdClose_Click()
     ui_->msgDivisionDetails->SetTextMatrix(1, DivisionCodeCol, QStringLiteral("1"));
     HideControls();
     ui_->cmdNew->setFocus();
-    Read([this] { LoadData(); });
+    ReadClasses();
 }
 
 void frmMasClassSectionEntry::cmdNew_Click()
@@ -205,16 +205,13 @@ void frmMasClassSectionEntry::cmdSave_Click()
         OpenClass(fault->field, fault->row);
         return;
     }
+    QStringList kept;
     try {
         const int userCode = Session().gintUserCode;
-        QStringList kept;
         if (editing_)
             kept = SaveEditedClasses(*Session().gcnnMain, classes_, userCode);
         else
             SaveNewClasses(*Session().gcnnMain, classes_, userCode);
-        for (const QString& sentence : std::as_const(kept))
-            Prompts::Information(sentence);
-        ReArrangeClassOrder();
     } catch (const store::StoreError& error) {
         ShowClasses();
         // Another client's save is over in a moment, so what was entered stays for a second try.
@@ -223,8 +220,13 @@ void frmMasClassSectionEntry::cmdSave_Click()
             cmdCancel_Click();
         return;
     }
-    Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
-    cmdCancel_Click();
+    AfterCommit([&] {
+        for (const QString& sentence : std::as_const(kept))
+            Prompts::Information(sentence);
+        Read([this] { ReArrangeClassOrder(); });
+        Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
+        cmdCancel_Click();
+    });
 }
 
 void frmMasClassSectionEntry::cmdCancel_Click()
@@ -238,7 +240,7 @@ void frmMasClassSectionEntry::cmdCancel_Click()
     ui_->cmdNew->setEnabled(true);
     ui_->cmdEdit->setEnabled(false);
     ui_->cmdNew->setFocus();
-    Read([this] { LoadData(); });
+    ReadClasses();
 }
 
 void frmMasClassSectionEntry::cmdExit_Click()
@@ -267,6 +269,15 @@ void frmMasClassSectionEntry::txtDeleteSlNo_Change()
     ui_->cmdDeleteRow->setEnabled(mayDelete);
     // Enter leads to the button, and nowhere while there is nothing to delete.
     ui_->txtDeleteSlNo->setProperty(TakesEnter, !mayDelete);
+}
+
+void frmMasClassSectionEntry::ReadClasses()
+{
+    if (Read([this] { LoadData(); }))
+        return;
+    // The school may have classes that only could not be read: they must not be entered anew.
+    ui_->cmdNew->setEnabled(false);
+    ui_->cmdCancel->setFocus();
 }
 
 void frmMasClassSectionEntry::LoadData()

@@ -68,6 +68,8 @@ private:
     void HideControls();
     /// Everything gets what it held before the box was opened.
     void TakeBack();
+    /// LoadData; where it fails the user is told, and only Cancel is left, which tries again.
+    void ReadClasses();
     void LoadData();
     void LoadOldDetails();
     void ReArrangeClassOrder();

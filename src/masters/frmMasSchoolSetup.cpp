@@ -67,9 +67,10 @@ void frmMasSchoolSetup::Form_Activate(bool first)
 
 void frmMasSchoolSetup::LoadData()
 {
-    const auto school = Repository().Load();
+    // There is one school: either it is new, or it can be edited. Until it is read neither is offered.
     ShowMasterState(controls_, MasterState::Idle);
-    // There is one school: either it is new, or it can be edited.
+    ui_->cmdNew->setEnabled(false);
+    const auto school = Repository().Load();
     ui_->cmdNew->setEnabled(!school);
     ui_->cmdEdit->setEnabled(school.has_value());
     const School shown = school.value_or(School());
@@ -148,19 +149,22 @@ void frmMasSchoolSetup::cmdSave_Click()
         RefillPlaces();
         return;
     }
-    Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
-    cmdCancel_Click();
-    // Only now, so that the first academic year is asked for when the school is done with.
-    Read([] { LoadSchoolDetails(); });
+    AfterCommit([this] {
+        Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
+        cmdCancel_Click();
+        // Only now, so that the first academic year is asked for when the school is done with.
+        Read([] { LoadSchoolDetails(); });
+    });
 }
 
 void frmMasSchoolSetup::cmdCancel_Click()
 {
     ClearControls(this);
     editing_ = false;
-    Read([this] { LoadData(); });
-    QPushButton* const next = ui_->cmdNew->isEnabled() ? ui_->cmdNew : ui_->cmdEdit;
-    next->setFocus();
+    if (!Read([this] { LoadData(); }))
+        ui_->cmdCancel->setFocus();
+    else
+        (ui_->cmdNew->isEnabled() ? ui_->cmdNew : ui_->cmdEdit)->setFocus();
 }
 
 void frmMasSchoolSetup::cmdExit_Click()

@@ -236,8 +236,10 @@ void frmSimpleMaster::cmdDelete_Click()
     });
     if (!deleted)
         return;
-    cmdCancel_Click();
-    Prompts::Information(QStringLiteral("Record Deleted"));
+    AfterCommit([this] {
+        cmdCancel_Click();
+        Prompts::Information(QStringLiteral("Record Deleted"));
+    });
 }
 
 void frmSimpleMaster::cmdSave_Click()
@@ -265,8 +267,10 @@ void frmSimpleMaster::cmdSave_Click()
         LoadGrid();
         return;
     }
-    Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
-    cmdCancel_Click();
+    AfterCommit([this] {
+        Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
+        cmdCancel_Click();
+    });
 }
 
 void frmSimpleMaster::cmdCancel_Click()

@@ -251,8 +251,10 @@ void frmTeacherMaster::cmdDelete_Click()
     });
     if (!deleted)
         return;
-    cmdCancel_Click();
-    Prompts::Information(QStringLiteral("Record Deleted"));
+    AfterCommit([this] {
+        cmdCancel_Click();
+        Prompts::Information(QStringLiteral("Record Deleted"));
+    });
 }
 
 void frmTeacherMaster::cmdSave_Click()
@@ -271,8 +273,10 @@ void frmTeacherMaster::cmdSave_Click()
     });
     if (!saved)
         return;
-    Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
-    cmdCancel_Click();
+    AfterCommit([this] {
+        Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
+        cmdCancel_Click();
+    });
 }
 
 bool frmTeacherMaster::WriteOrCancel(Conflict conflict, const std::function<void(store::Transaction&)>& work)

@@ -175,6 +175,15 @@ TEST_F(AcademicYearSave, TheResultIsToldWhenTheWorkIsStoredAndNobodyWaitsForItsR
     EXPECT_EQ(boxes, QStringList{QStringLiteral("Academic Year Saved")});
 }
 
+TEST_F(AcademicYearSave, AFaultInReadingBackTheYearSaysThatItIsSaved)
+{
+    OpenForm();
+    const QStringList boxes = SaveWhile([this] { Given("ALTER TABLE AcademicYearSetup RENAME TO Away"); });
+    ASSERT_EQ(boxes.size(), 2);
+    EXPECT_TRUE(boxes.at(1).startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.")));
+    EXPECT_EQ(Count("SELECT YearFrom FROM Away WHERE AcademicYearCode = 1"), 2007);
+}
+
 TEST_F(AcademicYearSave, ACommitThatIsRefusedTakesEverythingBack)
 {
     OpenForm();

@@ -53,6 +53,21 @@ TEST_F(ApplicationDateSetup, OpensOnTheYearsLastWorkingDayAndLetsNobodyTypeIt)
     EXPECT_EQ(Picker(), QDate(2007, 6, 20));
 }
 
+TEST_F(ApplicationDateSetup, ALastDateThatCouldNotBeReadIsReadBeforeADayIsAdded)
+{
+    GivenDays({QDate(2007, 6, 20)});
+    Start();
+    Given("ALTER TABLE ApplicationDate RENAME TO Away");
+    prompts.ExpectCritical();
+    form = Open<frmUtilApplicationDateSetup>("frmUtilApplicationDateSetup");
+    ASSERT_NE(form, nullptr);
+    Given("ALTER TABLE Away RENAME TO ApplicationDate");
+    ExpectAddQuestion("21/Jun/2007", true);
+    prompts.ExpectInformation(QStringLiteral("Application Date Added"));
+    Click(form, "cmdAddOneDay");
+    EXPECT_EQ(Picker(), QDate(2007, 6, 21));
+}
+
 TEST_F(ApplicationDateSetup, AddingADayMovesTheCalendarForEverybody)
 {
     OpenForm({QDate(2007, 6, 20)});

@@ -49,6 +49,27 @@ protected:
     }
 };
 
+TEST_F(MarkFaults, AFaultInReadingTheListsAnewSaysThatTheMarksAreSavedInOneBox)
+{
+    EnterEnglish();
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind kind, const QString& text) {
+        EXPECT_NE(kind, Prompts::Kind::Critical);
+        if (text == SameAgain) {
+            Given("ALTER TABLE ExamMaster RENAME TO Away");
+            Given("ALTER TABLE ClassDivisionMaster RENAME TO FarAway");
+        }
+        told.append(text);
+        return false;
+    });
+    PressKey(form, Qt::Key_Return);
+    ASSERT_EQ(told.size(), 3);
+    EXPECT_EQ(told.at(0), QStringLiteral("Record Saved"));
+    EXPECT_TRUE(told.at(2).startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.")));
+    EXPECT_EQ(EnabledControls(), Browse);
+    EXPECT_EQ(Stored(), "1 1 45 P 7 5; 2 1 40 P 7 5; 3 1 35 P 7 5");
+}
+
 TEST_F(MarkFaults, AStudentRelievedMeanwhileKeepsTheMarkThatWasTyped)
 {
     EnterEnglish();

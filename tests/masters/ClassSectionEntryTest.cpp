@@ -406,6 +406,68 @@ TEST_F(ClassSectionEntry, ARefusalOfTheSecondTransactionLeavesWhatTheFirstOneSto
     EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
 }
 
+TEST_F(ClassSectionEntry, AFaultInReadingBackWhatIsSavedSaysThatItIsSavedAndOffersNoNewEntry)
+{
+    GivenThreeClasses();
+    Edit();
+    Click(classes, 1, 1);
+    Enter("12");
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind kind, const QString& text) {
+        EXPECT_EQ(kind, Prompts::Kind::Information);
+        if (told.isEmpty())
+            Given("ALTER TABLE ClassDivisionMaster RENAME TO Away");
+        told.append(text);
+        return true;
+    });
+    Press(Button("cmdSave"));
+    ASSERT_EQ(told.size(), 2);
+    EXPECT_EQ(told.at(0), QStringLiteral("Record Updated"));
+    EXPECT_TRUE(told.at(1).startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.")));
+    for (const char* button : {"cmdNew", "cmdEdit", "cmdSave"})
+        EXPECT_FALSE(IsEnabled(button)) << button;
+    Given("ALTER TABLE Away RENAME TO ClassDivisionMaster");
+    Press(Button("cmdCancel"));
+    EXPECT_TRUE(IsEnabled("cmdEdit"));
+    EXPECT_EQ(ClassRowText(1), "1|12|2|1");
+}
+
+TEST_F(ClassSectionEntry, AFaultInRenumberingWhatIsSavedSaysThatItIsSaved)
+{
+    GivenClass(1, QStringLiteral("XII"), 1, 3);
+    GivenClass(2, QStringLiteral("XI"), 1, 2);
+    GivenClass(3, QStringLiteral("X"), 1, 1);
+    GivenStudentIn(1, 1);
+    Edit();
+    DeleteRow(3);
+    Click(classes, 2, 3);
+    Enter("");
+    Enter("IX");
+    Enter("1");
+    Given("CREATE TRIGGER KeepTheTie BEFORE UPDATE ON ClassDivisionMaster WHEN NEW.ClassCode = 1"
+          " BEGIN SELECT RAISE(ABORT, 'no'); END");
+    prompts.ExpectInformation(
+        QStringLiteral("The Class XII Is Used In Other Entry Screen(s). So You Cannot Delete"));
+    prompts.ExpectInformation(QStringLiteral("Record Updated"));
+    prompts.ExpectSavedButNotReadAnew();
+    Press(Button("cmdSave"));
+    EXPECT_EQ(StoredDivisions(4), "1A");
+    EXPECT_TRUE(IsEnabled("cmdEdit"));
+}
+
+TEST_F(ClassSectionEntry, ClassesThatCannotBeReadAreNotOfferedToBeEnteredAnew)
+{
+    GivenThreeClasses();
+    OpenForm();
+    Given("ALTER TABLE ClassDivisionDetails RENAME TO Away");
+    prompts.ExpectCritical();
+    Press(Button("cmdClose"));
+    EXPECT_FALSE(IsEnabled("cmdNew"));
+    Given("ALTER TABLE Away RENAME TO ClassDivisionDetails");
+    Press(Button("cmdCancel"));
+    EXPECT_TRUE(IsEnabled("cmdEdit"));
+}
+
 TEST_F(ClassSectionEntry, NoToTheQuestionDeletesNothing)
 {
     GivenThreeClasses();

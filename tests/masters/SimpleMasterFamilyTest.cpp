@@ -327,6 +327,36 @@ TEST_P(SimpleMasterFamilyTest, AFileHeldByAnotherClientLosesNothing)
     EXPECT_EQ(Named(Member().fields.front().first), 1);
 }
 
+TEST_P(SimpleMasterFamilyTest, AFaultInReadingBackWhatIsSavedSaysThatItIsSaved)
+{
+    OpenMember();
+    Press(Button("cmdNew"));
+    if (Member().hasParent) {
+        Find<DataCombo>(form, "dbcStateName")->setFocus();
+        PressKey(form, Qt::Key_Down);
+    }
+    for (const Field& field : Member().fields)
+        Retype(field.control, field.first);
+    const QByteArray table(Member().table);
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind kind, const QString& text) {
+        EXPECT_EQ(kind, Prompts::Kind::Information);
+        if (told.isEmpty())
+            Given(("ALTER TABLE " + table + " RENAME TO Away").constData());
+        told.append(text);
+        return true;
+    });
+    Press(Button("cmdSave"));
+    ASSERT_EQ(told.size(), 2);
+    EXPECT_EQ(told.at(0), QStringLiteral("Record Saved"));
+    EXPECT_TRUE(told.at(1).startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.")));
+    EXPECT_EQ(State(), "Idle");
+    Given(("ALTER TABLE Away RENAME TO " + table).constData());
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(grid->RowCount(), 1);
+    EXPECT_EQ(told.size(), 2);
+}
+
 TEST_P(SimpleMasterFamilyTest, PastedTextKeepsOnlyWhatCouldBeTyped)
 {
     OpenMember();

@@ -215,6 +215,27 @@ TEST_F(TeacherSaveTest, AnEditOfATeacherWhomAnotherClientDeletedIsNotCalledSaved
     ExpectIdle();
 }
 
+TEST_F(TeacherSaveTest, AFaultInReadingBackWhatIsSavedSaysThatItIsSavedInOneBox)
+{
+    StartNew();
+    FillMandatory();
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind kind, const QString& text) {
+        EXPECT_EQ(kind, Prompts::Kind::Information);
+        if (told.isEmpty()) {
+            Given("ALTER TABLE StateMaster RENAME TO Away");
+            Given("ALTER TABLE BloodGroupMaster RENAME TO FarAway");
+        }
+        told.append(text);
+        return true;
+    });
+    Press(Button("cmdSave"));
+    ASSERT_EQ(told.size(), 2);
+    EXPECT_EQ(told.at(0), QStringLiteral("Record Saved"));
+    EXPECT_TRUE(told.at(1).startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.")));
+    ExpectIdle();
+}
+
 TEST_F(TeacherSaveTest, WhileTheDatabaseIsLockedNothingThatWasTypedIsLost)
 {
     StartNew();

@@ -419,6 +419,31 @@ TEST_F(frmMasSchoolSetupTest, ARefusedSaveOffersOnlyTheStatesAndCitiesThatAreSti
     EXPECT_EQ(Count("SELECT CCityCode FROM SchoolMaster"), 2);
 }
 
+TEST_F(frmMasSchoolSetupTest, AFaultInReadingBackWhatIsSavedSaysThatItIsSavedAndOffersNoNewEntry)
+{
+    GivenSchool();
+    OpenSetup();
+    Press(Button("cmdEdit"));
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind kind, const QString& text) {
+        EXPECT_EQ(kind, Prompts::Kind::Information);
+        if (told.isEmpty())
+            Given("ALTER TABLE SchoolMaster RENAME TO Away");
+        told.append(text);
+        return true;
+    });
+    Press(Button("cmdSave"));
+    ASSERT_EQ(told.size(), 2);
+    EXPECT_EQ(told.at(0), QStringLiteral("Record Updated"));
+    EXPECT_TRUE(told.at(1).startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.")));
+    for (const char* button : {"cmdNew", "cmdEdit", "cmdSave"})
+        EXPECT_FALSE(Button(button)->isEnabled()) << button;
+    Given("ALTER TABLE Away RENAME TO SchoolMaster");
+    Press(Button("cmdCancel"));
+    EXPECT_TRUE(Button("cmdEdit")->isEnabled());
+    EXPECT_EQ(Box("txtSchoolName")->text().toStdString(), "Hill School");
+}
+
 TEST_F(frmMasSchoolSetupTest, AFileHeldByAnotherClientLosesNeitherSchoolNorMonths)
 {
     GivenSchool();

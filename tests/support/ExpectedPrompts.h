@@ -21,6 +21,8 @@ public:
     /// The next box, and what the user answers to a question.
     void Expect(Prompts::Kind kind, const QString& text, bool answer = true);
     void ExpectInformation(const QString& text) { Expect(Prompts::Kind::Information, text); }
+    /// A change that is stored, though reading it back failed: the box ends in the engine's own words.
+    void ExpectSavedButNotReadAnew();
     void ExpectQuestion(const QString& text, bool answer) { Expect(Prompts::Kind::Question, text, answer); }
     void ExpectPlainQuestion(const QString& text, bool answer)
     {
@@ -37,7 +39,7 @@ private:
     {
         Prompts::Kind kind;
         QString text;
-        bool anyText;
+        bool beginOnly; ///< the box may go on behind `text`
         bool answer;
     };
 
