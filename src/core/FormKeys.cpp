@@ -3,71 +3,19 @@
 #include "core/modTallyboardForms.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
+#include "core/TakeOnly.h"
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QClipboard>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-
-#include <algorithm>
 
 namespace tally {
 
 namespace {
-
-/// Enter passes the filters as a key, but a pasted line break is no part of a text of one line.
-bool IsBreak(QChar letter)
-{
-    return letter < QLatin1Char(' ') || letter == QChar::LineSeparator || letter == QChar::ParagraphSeparator;
-}
-
-QString Cleaned(QString text, KeyFilter filter)
-{
-    text.erase(std::remove_if(text.begin(), text.end(),
-                              [filter](QChar c) { return IsBreak(c) || filter(c.unicode()) == 0; }),
-               text.end());
-    return text;
-}
-
-/// Drops typed characters that the field does not take, and cleans what is pasted by keys before the field
-/// cuts it to its length.
-class TypedKeys : public QObject
-{
-public:
-    TypedKeys(QLineEdit* field, KeyFilter filter) : QObject(field), field_(field), filter_(filter)
-    {
-        field->installEventFilter(this);
-    }
-
-protected:
-    bool eventFilter(QObject* receiver, QEvent* event) override
-    {
-        if (event->type() == QEvent::KeyPress) {
-            const auto* key = static_cast<QKeyEvent*>(event);
-            if (key->matches(QKeySequence::Paste)) {
-                field_->insert(Cleaned(QApplication::clipboard()->text(), filter_));
-                return true;
-            }
-            const QString text = key->text();
-            // A key with Ctrl is a command, such as to select all, and no letter; with Alt as well it is
-            // AltGr.
-            const bool command =
-                (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier;
-            if (!command && !text.isEmpty() && text.at(0).isPrint() && filter_(text.at(0).unicode()) == 0)
-                return true;
-        }
-        return QObject::eventFilter(receiver, event);
-    }
-
-private:
-    QLineEdit* field_;
-    KeyFilter filter_;
-};
 
 bool IsEnter(int key)
 {
@@ -175,8 +123,12 @@ bool FormKeys::TakeKey(QWidget* widget, const QKeyEvent* key)
         ShowForm(QStringLiteral("frmHelp"));
         return true;
     }
-    if (IsAltLetter(key) || key->text() == QLatin1String("'"))
+    if (IsAltLetter(key))
         return true;
+    if (key->text() == QLatin1String("'")) {
+        TellDroppedQuote(widget);
+        return true;
+    }
     if (!IsEnter(key->key()) || TakesItsEnter(widget) || TakesItsEnter(form_->focusWidget()))
         return false;
     if (auto* button = qobject_cast<QAbstractButton*>(widget);
@@ -199,23 +151,6 @@ void FormKeys::Reach(QWidget* target)
     auto* button = qobject_cast<QAbstractButton*>(target);
     if (button && form_->focusWidget() == button)
         button->click();
-}
-
-void TakeOnly(QLineEdit* field, KeyFilter filter, int maxLength)
-{
-    field->setMaxLength(maxLength);
-    new TypedKeys(field, filter);
-    QObject::connect(field, &QLineEdit::textEdited, field, [field, filter](const QString& text) {
-        const QString kept = Cleaned(text, filter);
-        if (kept == text)
-            return;
-        const auto dropped = text.size() - kept.size();
-        const int caret = field->cursorPosition() - static_cast<int>(dropped);
-        field->setText(kept);
-        field->setCursorPosition(std::max(0, caret));
-        // Whoever passes the text on has been told the uncleaned one.
-        Q_EMIT field->textEdited(kept);
-    });
 }
 
 } // namespace tally

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "core/KeyFilters.h"
-
 #include <QObject>
 
 class QKeyEvent;
-class QLineEdit;
 
 namespace tally {
 
@@ -40,10 +37,5 @@ inline constexpr const char* EnterNeedsText = "enterNeedsText";
 
 /// A control with this property set to true does something of its own on Enter.
 inline constexpr const char* TakesEnter = "takesEnter";
-
-/// Lets `field` take only what `filter` lets through and at most `maxLength` characters. Pasted text loses
-/// the characters that could not have been typed, and what listened to the field's textEdited before this
-/// call then hears the cleaned text as well.
-void TakeOnly(QLineEdit* field, KeyFilter filter, int maxLength);
 
 } // namespace tally

@@ -1,5 +1,7 @@
 #include "core/KeyFilters.h"
 
+#include <QStringList>
+
 #include <string_view>
 
 namespace tally {
@@ -52,9 +54,40 @@ int KeyAlphaNumeric(int keyCode)
                                                                                                      : 0;
 }
 
+int KeyLetters(int keyCode)
+{
+    return IsLetter(keyCode) || IsControl(keyCode) ? keyCode : 0;
+}
+
 int KeyAllButQuote(int keyCode)
 {
     return keyCode == '\'' ? 0 : keyCode;
+}
+
+QString TakenSigns(KeyFilter filter)
+{
+    constexpr int FirstSign = '!';
+    constexpr int LastSign = '~';
+    if (filter(FirstSign) != 0)
+        return QStringLiteral("The Sign ' Cannot Be Entered Here");
+    QStringList signs;
+    for (int code = FirstSign; code <= LastSign; ++code) {
+        if (!IsLetter(code) && !IsDigit(code) && filter(code) != 0)
+            signs.append(QChar(code));
+    }
+    QStringList kinds;
+    if (filter('A') != 0)
+        kinds.append(QStringLiteral("Letters A To Z"));
+    if (filter('0') != 0)
+        kinds.append(QStringLiteral("Digits"));
+    if (filter(' ') != 0)
+        kinds.append(QStringLiteral("Blank"));
+    if (!signs.isEmpty())
+        kinds.append(signs.join(QLatin1Char(' ')));
+    const QString last = kinds.takeLast();
+    const QString before =
+        kinds.isEmpty() ? QString() : kinds.join(QStringLiteral(", ")) + QStringLiteral(" And ");
+    return QStringLiteral("Only %1%2 Can Be Entered Here").arg(before, last);
 }
 
 } // namespace tally

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 namespace tally {
 
 /// What an entry field takes. Each filter gets a character's code and gives it back when the field takes it,
@@ -10,6 +12,10 @@ int KeyNumeric(int keyCode);        ///< digits
 int KeyNumericDecimal(int keyCode); ///< digits and "."
 int KeyAlpha(int keyCode);          ///< letters, blank, "."
 int KeyAlphaNumeric(int keyCode);   ///< letters, digits, blank, + , - . /
+int KeyLetters(int keyCode);        ///< letters
 int KeyAllButQuote(int keyCode); ///< everything but the quote, which no name in the office's records may hold
+
+/// What a field with this filter takes, in words for a user whose key was dropped.
+QString TakenSigns(KeyFilter filter);
 
 } // namespace tally

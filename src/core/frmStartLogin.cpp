@@ -1,6 +1,5 @@
 #include "core/frmStartLogin.h"
 
-#include "core/FormKeys.h"
 #include "core/look/Look.h"
 #include "core/mdiTallyboard.h"
 #include "core/modTallyboard.h"
@@ -9,6 +8,7 @@
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
+#include "core/TakeOnly.h"
 #include "store/StoreError.h"
 #include "ui_frmStartLogin.h"
 

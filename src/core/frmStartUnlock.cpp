@@ -6,6 +6,7 @@
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
+#include "core/TakeOnly.h"
 #include "store/StoreError.h"
 #include "ui_frmStartUnlock.h"
 

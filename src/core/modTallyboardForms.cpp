@@ -2,6 +2,7 @@
 
 #include "core/controls/CheckList.h"
 #include "core/controls/DatePicker.h"
+#include "core/controls/FieldHint.h"
 #include "core/controls/FlexGrid.h"
 #include "core/look/Look.h"
 #include "core/mdiTallyboard.h"
@@ -239,6 +240,7 @@ bool CheckMarkLimit(QLineEdit* control, int decimals, double limit, const QStrin
         text.chop(1);
         control->setText(text);
         control->setCursorPosition(static_cast<int>(text.size()));
+        ShowFieldHint(control, QStringLiteral("Not More Than %1 Decimals Can Be Entered Here").arg(decimals));
     }
     if (Val(text) <= limit)
         return false;

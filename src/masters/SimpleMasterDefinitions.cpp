@@ -7,12 +7,6 @@ namespace {
 using Field = SimpleMasterField;
 using Selectable = SimpleMasterDefinition::Selectable;
 
-/// Short names become heads of report columns: letters only.
-int KeyShortName(int keyCode)
-{
-    return keyCode == ' ' || keyCode == '.' ? 0 : KeyAlpha(keyCode);
-}
-
 // The members differ in small things on purpose: offices rely on which names they may enter twice. Whether a
 // stored name is trimmed before it is compared, whether a save notes its user, and the blank at the end of a
 // question stand here as they are.
@@ -186,8 +180,9 @@ SimpleMasterDefinition SubjectMaster()
         .parent = std::nullopt,
         .fields = {{"txtSubjectName", "Subject Na&me :", "Subject Name", ":SubjectName", "Enter Subject Name",
                     KeyAlphaNumeric, 25},
+                   // Short names become heads of report columns.
                    {"txtSubjectShort", "S&hort Name :", "Short Name", ":SubjectShortName",
-                    "Enter Subject Short Name", KeyShortName, 6, Field::Kind::WithoutBlanks}},
+                    "Enter Subject Short Name", KeyLetters, 6, Field::Kind::WithoutBlanks}},
         .note = "",
         .selectable = Selectable::CodeAboveZero,
         .selectQuestion = "Do You Want To Edit/Delete ?",

@@ -7,6 +7,7 @@
 #include "core/modTallyboardForms.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
+#include "core/TakeOnly.h"
 #include "masters/ClassSectionColumns.h"
 #include "masters/ClassSectionSave.h"
 #include "store/StoreError.h"

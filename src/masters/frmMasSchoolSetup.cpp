@@ -1,6 +1,5 @@
 #include "masters/frmMasSchoolSetup.h"
 
-#include "core/FormKeys.h"
 #include "core/look/Look.h"
 #include "core/modTallyboard.h"
 #include "core/modTallyboardForms.h"
@@ -8,6 +7,7 @@
 #include "core/ProcessEnd.h"
 #include "core/Prompts.h"
 #include "core/SessionContext.h"
+#include "core/TakeOnly.h"
 #include "ui_frmMasSchoolSetup.h"
 
 #include <QLocale>

@@ -2,12 +2,12 @@
 
 #include "core/controls/DataCombo.h"
 #include "core/controls/DataGrid.h"
-#include "core/FormKeys.h"
 #include "core/look/Look.h"
 #include "core/modTallyboardForms.h"
 #include "core/Prompts.h"
 #include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
+#include "core/TakeOnly.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>

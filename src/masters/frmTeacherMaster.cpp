@@ -1,6 +1,5 @@
 #include "masters/frmTeacherMaster.h"
 
-#include "core/FormKeys.h"
 #include "core/look/Look.h"
 #include "core/modTallyboard.h"
 #include "core/modTallyboardForms.h"
@@ -8,6 +7,7 @@
 #include "core/Prompts.h"
 #include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
+#include "core/TakeOnly.h"
 #include "masters/TeacherRepository.h"
 #include "store/StoreError.h"
 #include "ui_frmTeacherMaster.h"

@@ -1,11 +1,11 @@
 #include "masters/frmTeacherSearch.h"
 
-#include "core/FormKeys.h"
 #include "core/look/Look.h"
 #include "core/modTallyboardForms.h"
 #include "core/Prompts.h"
 #include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
+#include "core/TakeOnly.h"
 #include "masters/frmTeacherMaster.h"
 #include "masters/TeacherRepository.h"
 #include "ui_frmTeacherSearch.h"

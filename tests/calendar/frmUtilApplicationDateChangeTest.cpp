@@ -2,6 +2,7 @@
 
 #include "calendar/CalendarFixture.h"
 #include "core/controls/DatePicker.h"
+#include "core/controls/FieldHint.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -137,6 +138,8 @@ TEST_F(ApplicationDateChange, TheArrowsMoveTheDateAndNothingCanBeTyped)
     QTest::keyClick(Picker(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(Picker()->date(), QDate(2007, 6, 25));
     EXPECT_EQ(Picker()->text().toStdString(), "25/Jun/2007");
+    QTest::keyClick(Picker(), Qt::Key_1);
+    EXPECT_EQ(FieldHintAt(Picker()), QStringLiteral("The Arrow Keys And The Calendar Move This Date"));
     Given("INSERT INTO ApplicationDate VALUES ('2007-06-24', 1)");
     Picker()->setSelectedSection(QDateTimeEdit::DaySection);
     QTest::keyClick(Picker(), Qt::Key_Down);

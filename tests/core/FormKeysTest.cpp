@@ -5,7 +5,6 @@
 #include "support/ScreenFixture.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -79,48 +78,6 @@ TEST_F(FormKeysTest, F1NotesTheFormsHelpNumber)
     EXPECT_EQ(Session().glngScreenNo, 21);
 }
 
-TEST_F(FormKeysTest, AFieldDropsWhatItDoesNotTake)
-{
-    TakeOnly(first, KeyNumericDecimal, 5);
-    Type(first, QStringLiteral("1a2.-5 777"));
-    EXPECT_EQ(first->text().toStdString(), "12.57");
-}
-
-TEST_F(FormKeysTest, PastedTextLosesWhatCouldNotBeTyped)
-{
-    TakeOnly(first, KeyAlpha, 30);
-    QApplication::clipboard()->setText(QStringLiteral("St. Mary's 2"));
-    PressKey(form, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(first->text().toStdString(), "St. Marys ");
-}
-
-TEST_F(FormKeysTest, AFieldOfDigitsStillKnowsTheCommandKeys)
-{
-    TakeOnly(first, KeyNumeric, 5);
-    Type(first, QStringLiteral("123"));
-    PressKey(form, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(first, QStringLiteral("4"));
-    EXPECT_EQ(first->text().toStdString(), "4");
-}
-
-TEST_F(FormKeysTest, PastedLineBreaksVanishThoughEnterIsAKeyThatPasses)
-{
-    TakeOnly(first, KeyAlpha, 30);
-    QApplication::clipboard()->setText(QStringLiteral("New\r\nDelhi\n"));
-    PressKey(form, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(first->text().toStdString(), "NewDelhi");
-}
-
-TEST_F(FormKeysTest, AFieldThatPassesItsTextOnPassesTheCleanedTextLast)
-{
-    QString heard;
-    QObject::connect(first, &QLineEdit::textEdited, first, [&heard](const QString& text) { heard = text; });
-    TakeOnly(first, KeyNumeric, 5);
-    QApplication::clipboard()->setText(QStringLiteral("1a2"));
-    first->paste();
-    EXPECT_EQ(heard.toStdString(), "12");
-}
-
 TEST_F(FormKeysTest, AnEnterThatAControlKeepsUnusedIsNoTabOfTheFrameAroundIt)
 {
     auto* frame = new QWidget(form);
@@ -131,14 +88,6 @@ TEST_F(FormKeysTest, AnEnterThatAControlKeepsUnusedIsNoTabOfTheFrameAroundIt)
     first->setFocus();
     PressKey(form, Qt::Key_Return);
     EXPECT_TRUE(first->hasFocus());
-}
-
-TEST_F(FormKeysTest, APastedTextIsCleanedBeforeItIsCutToTheField)
-{
-    TakeOnly(first, KeyNumericDecimal, 5);
-    QApplication::clipboard()->setText(QStringLiteral("Mark: 12.75"));
-    PressKey(form, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(first->text().toStdString(), "12.75");
 }
 
 TEST_F(FormKeysTest, ALetterPressesNoButtonThatTheFocusDidNotReach)
@@ -165,14 +114,6 @@ TEST_F(FormKeysTest, ALetterPressesNoButtonThatTheFocusDidNotReach)
     PressKey(form, Qt::Key_C, Qt::AltModifier);
     EXPECT_EQ(clicks, 1) << "leaving the list led elsewhere";
     EXPECT_TRUE(second->hasFocus());
-}
-
-TEST_F(FormKeysTest, BackspaceStillWorksInAFilteredField)
-{
-    TakeOnly(first, KeyNumeric, 5);
-    Type(first, QStringLiteral("123"));
-    PressKey(form, Qt::Key_Backspace);
-    EXPECT_EQ(first->text().toStdString(), "12");
 }
 
 } // namespace

@@ -11,6 +11,7 @@ struct FilterCase
     const char* name;
     KeyFilter filter;
     const char* taken;
+    const char* words;
 };
 
 class KeyFiltersTest : public testing::TestWithParam<FilterCase>
@@ -31,6 +32,16 @@ TEST(KeyAllButQuoteTest, OnlyTheQuoteIsDropped)
         EXPECT_EQ(KeyAllButQuote(code), code == '\'' ? 0 : code);
 }
 
+TEST_P(KeyFiltersTest, WhatIsTakenIsSaidInPlainWords)
+{
+    EXPECT_EQ(TakenSigns(GetParam().filter).toStdString(), GetParam().words);
+}
+
+TEST(KeyAllButQuoteTest, TheOneSignThatIsDroppedIsNamed)
+{
+    EXPECT_EQ(TakenSigns(KeyAllButQuote).toStdString(), "The Sign ' Cannot Be Entered Here");
+}
+
 TEST_P(KeyFiltersTest, BackspaceAndEnterAlwaysPass)
 {
     EXPECT_EQ(GetParam().filter(8), 8);
@@ -40,13 +51,17 @@ TEST_P(KeyFiltersTest, BackspaceAndEnterAlwaysPass)
 
 #define LETTERS "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
 
-INSTANTIATE_TEST_SUITE_P(Filters, KeyFiltersTest,
-                         testing::Values(FilterCase{"KeyNumeric", &KeyNumeric, "0123456789"},
-                                         FilterCase{"KeyNumericDecimal", &KeyNumericDecimal, "0123456789."},
-                                         FilterCase{"KeyAlpha", &KeyAlpha, LETTERS " ."},
-                                         FilterCase{"KeyAlphaNumeric", &KeyAlphaNumeric,
-                                                    LETTERS "0123456789 +,-./"}),
-                         [](const auto& test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Filters, KeyFiltersTest,
+    testing::Values(FilterCase{"KeyNumeric", &KeyNumeric, "0123456789", "Only Digits Can Be Entered Here"},
+                    FilterCase{"KeyNumericDecimal", &KeyNumericDecimal, "0123456789.",
+                               "Only Digits And . Can Be Entered Here"},
+                    FilterCase{"KeyAlpha", &KeyAlpha, LETTERS " .",
+                               "Only Letters A To Z, Blank And . Can Be Entered Here"},
+                    FilterCase{"KeyLetters", &KeyLetters, LETTERS, "Only Letters A To Z Can Be Entered Here"},
+                    FilterCase{"KeyAlphaNumeric", &KeyAlphaNumeric, LETTERS "0123456789 +,-./",
+                               "Only Letters A To Z, Digits, Blank And + , - . / Can Be Entered Here"}),
+    [](const auto& test) { return std::string(test.param.name); });
 
 } // namespace
 } // namespace tally

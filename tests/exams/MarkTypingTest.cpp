@@ -1,3 +1,4 @@
+#include "core/controls/FieldHint.h"
 #include "exams/MarkScreen.h"
 
 namespace tally::test {
@@ -115,6 +116,7 @@ TEST_F(MarkTyping, AThirdDecimalIsCutOff)
     QTest::keyClicks(mark, QStringLiteral("12.345"));
     EXPECT_EQ(Box(), "12.34");
     EXPECT_EQ(Cell(1), "12.34");
+    EXPECT_EQ(FieldHintAt(mark), QStringLiteral("Not More Than 2 Decimals Can Be Entered Here"));
 }
 
 struct Pasted
@@ -138,7 +140,7 @@ TEST_P(PastedMarks, ObeyTheSameFiltersAsKeys)
 INSTANTIATE_TEST_SUITE_P(MarkTyping, PastedMarks,
                          testing::Values(Pasted{"12.345", "12.34", "12.34"},
                                          Pasted{"1.23456", "1.23", "1.23"}, Pasted{"-5", "5", "5"},
-                                         Pasted{"abc", "", "0"}, Pasted{" 45 ", "45", "45"}));
+                                         Pasted{"abc", "", ""}, Pasted{" 45 ", "45", "45"}));
 
 TEST_F(MarkTyping, APastedMarkAboveTheLimitIsToldOnce)
 {

@@ -1,6 +1,9 @@
 #include "core/controls/DatePicker.h"
 
+#include "core/controls/FieldHint.h"
+
 #include <QCalendarWidget>
+#include <QKeyEvent>
 #include <QLineEdit>
 
 namespace tally {
@@ -19,6 +22,18 @@ DatePicker::DatePicker(QWidget* parent) : QDateEdit(QDate::currentDate(), parent
 void DatePicker::TakeArrowsOnly()
 {
     lineEdit()->setReadOnly(true);
+}
+
+void DatePicker::keyPressEvent(QKeyEvent* event)
+{
+    const QString text = event->text();
+    const bool sign = !text.isEmpty() && text.at(0).isPrint() &&
+                      (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+    if (sign && lineEdit()->isReadOnly() && !isReadOnly())
+        ShowFieldHint(this, QStringLiteral("The Arrow Keys And The Calendar Move This Date"));
+    else
+        HideFieldHint(this);
+    QDateEdit::keyPressEvent(event);
 }
 
 bool DatePicker::focusNextPrevChild(bool next)

@@ -12,7 +12,8 @@ class DatePicker : public QDateEdit
 public:
     explicit DatePicker(QWidget* parent = nullptr);
 
-    /// From now on only the arrow keys and the calendar move the date; nothing can be typed.
+    /// From now on only the arrow keys and the calendar move the date; nothing can be typed, and a note says
+    /// so.
     void TakeArrowsOnly();
 
 Q_SIGNALS:
@@ -22,6 +23,7 @@ Q_SIGNALS:
 protected:
     /// Tab leaves the field; the left and right arrows go from day to month to year.
     bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 } // namespace tally
