@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+#include <cstddef>
 #include <vector>
 
 namespace tally {
@@ -18,5 +19,10 @@ struct GridResult
 /// All rows of a query whose column names are the heads of the grid. ISO dates become "dd/MMM/yyyy" in the
 /// columns named in `dateHeads`.
 GridResult ReadGrid(store::Statement query, const QStringList& dateHeads = {});
+
+/// The numbers of the rows, sorted by a column: by value where all its texts are whole or decimal numbers or
+/// all are dates as ShownDate gives them, else by text, small and capital letters alike. Empty texts come
+/// last in both orders, and rows that are equal stay as they are. Column -1 leaves all rows as they are.
+std::vector<std::size_t> RowsInOrder(const GridResult& result, int column, Qt::SortOrder order);
 
 } // namespace tally

@@ -2,6 +2,7 @@
 #include "ranks/RankScreen.h"
 #include "reports/WorkbookReader.h"
 
+#include <QClipboard>
 #include <QFileInfo>
 #include <QLabel>
 #include <QScrollBar>
@@ -111,6 +112,17 @@ TEST_F(RankListOutput, TheNamesStayInSightBesideTheRanks)
     grid->horizontalScrollBar()->setValue(grid->horizontalScrollBar()->maximum());
     EXPECT_TRUE(LeftEdge(grid, grid->ColWidth(0)) == names);
     EXPECT_LT(grid->CellRect(RankView::FirstStudentRow, grid->Cols() - 1).right(), grid->viewport()->width());
+}
+
+TEST_F(RankListOutput, TheWholeListCanBeCopiedIntoASpreadsheetAsItIsSeen)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    QTest::keyClick(grid, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
+    const QStringList lines = QApplication::clipboard()->text().split(QLatin1Char('\n'));
+    ASSERT_EQ(lines.size(), grid->Rows() - 2) << "neither the head nor the hidden codes of the subjects";
+    EXPECT_EQ(lines.front().toStdString(), "Asha\tA1\tX\tA\t90\t80\t170\t85.00\t1\tA");
 }
 
 TEST_F(RankListOutput, ProceedingShowsTheRankOrderWhateverOrderWasPickedBefore)

@@ -29,9 +29,9 @@ public:
     {
         if (role == Qt::TextAlignmentRole)
             return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
-        if (role != Qt::DisplayRole)
+        if (role != Qt::DisplayRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
             return {};
-        return result_.rows[static_cast<std::size_t>(index.row())].value(index.column());
+        return Row(index.row()).value(index.column());
     }
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override
@@ -47,22 +47,46 @@ public:
     {
         beginResetModel();
         result_ = std::move(result);
+        shown_ = RowsInOrder(result_, -1, Qt::AscendingOrder);
         endResetModel();
     }
 
-    const GridResult& Result() const { return result_; }
+    void sort(int column, Qt::SortOrder order) override
+    {
+        Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+        std::vector<std::size_t> now = RowsInOrder(result_, column, order);
+        std::vector<int> place(now.size());
+        for (std::size_t row = 0; row < now.size(); ++row)
+            place[now[row]] = static_cast<int>(row);
+        const QModelIndexList before = persistentIndexList();
+        QModelIndexList after;
+        for (const QModelIndex& cell : before)
+            after.append(index(place[shown_[static_cast<std::size_t>(cell.row())]], cell.column()));
+        shown_ = std::move(now);
+        changePersistentIndexList(before, after);
+        Q_EMIT layoutChanged({}, VerticalSortHint);
+    }
+
+    const QStringList& Heads() const { return result_.heads; }
+    const QStringList& Row(int shown) const { return result_.rows[shown_[static_cast<std::size_t>(shown)]]; }
 
 private:
     GridResult result_;
+    std::vector<std::size_t> shown_; ///< the rows of the result in the order in which they are shown
 };
 
-DataGrid::DataGrid(QWidget* parent) : QTableView(parent), model_(new Model(this))
+DataGrid::DataGrid(QWidget* parent) : Grid(parent), model_(new Model(this))
 {
     setModel(model_);
     DressGrid(this);
     setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setStretchLastSection(false);
+    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    setSortingEnabled(true);
+    // The row that the user stands on moves with its name, and the eye goes with it.
+    connect(model_, &QAbstractItemModel::layoutChanged, this, [this] { scrollTo(currentIndex()); });
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { Q_EMIT RowDoubleClicked(index.row()); });
 }
@@ -72,8 +96,10 @@ DataGrid::~DataGrid() = default;
 void DataGrid::Bind(GridResult result, const QStringList& hidden)
 {
     const QStringList heads = result.heads;
+    const int sortedBy = heads == model_->Heads() ? horizontalHeader()->sortIndicatorSection() : -1;
     model_->SetResult(std::move(result));
-    entered_ = -1;
+    sortByColumn(sortedBy, horizontalHeader()->sortIndicatorOrder());
+    entered_ = QPersistentModelIndex();
     TakeEnter(false);
     int lastVisible = -1;
     for (int column = 0; column < heads.size(); ++column) {
@@ -100,11 +126,10 @@ int DataGrid::CurrentRow() const
 
 QString DataGrid::Text(int row, const QString& head) const
 {
-    const GridResult& result = model_->Result();
-    const auto column = result.heads.indexOf(head, 0);
-    if (row < 0 || static_cast<std::size_t>(row) >= result.rows.size() || column < 0)
+    const auto column = model_->Heads().indexOf(head);
+    if (row < 0 || row >= RowCount() || column < 0)
         return {};
-    return result.rows[static_cast<std::size_t>(row)].value(column);
+    return model_->Row(row).value(column);
 }
 
 void DataGrid::focusInEvent(QFocusEvent* event)
@@ -116,7 +141,7 @@ void DataGrid::focusInEvent(QFocusEvent* event)
 
 void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QTableView::currentChanged(current, previous);
+    Grid::currentChanged(current, previous);
     TakeEnter(current.isValid());
 }
 
@@ -132,22 +157,22 @@ void DataGrid::keyPressEvent(QKeyEvent* event)
         Q_EMIT RowDoubleClicked(CurrentRow());
         return;
     }
-    QTableView::keyPressEvent(event);
+    Grid::keyPressEvent(event);
     TellEntered();
 }
 
 void DataGrid::mouseReleaseEvent(QMouseEvent* event)
 {
-    QTableView::mouseReleaseEvent(event);
+    Grid::mouseReleaseEvent(event);
     TellEntered();
 }
 
 void DataGrid::TellEntered()
 {
     const int row = CurrentRow();
-    if (row < 0 || row == entered_)
+    if (row < 0 || row == entered_.row())
         return;
-    entered_ = row;
+    entered_ = currentIndex();
     Q_EMIT RowEntered(row);
 }
 

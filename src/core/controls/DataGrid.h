@@ -1,13 +1,13 @@
 #pragma once
 
+#include "core/controls/Grid.h"
 #include "core/GridResult.h"
-
-#include <QTableView>
 
 namespace tally {
 
-/// A read-only grid bound to a result. Columns that carry codes are hidden but can be read.
-class DataGrid : public QTableView
+/// A read-only grid bound to a result. Columns that carry codes are hidden but can be read. A click on a head
+/// sorts by that column, a second one the other way round; rows are counted as they are shown.
+class DataGrid : public Grid
 {
     Q_OBJECT
 
@@ -15,7 +15,8 @@ public:
     explicit DataGrid(QWidget* parent = nullptr);
     ~DataGrid() override;
 
-    /// Shows `result`; no row is current afterwards. Columns named in `hidden` get the width 0.
+    /// Shows `result`; no row is current afterwards. Columns named in `hidden` get the width 0. The rows
+    /// stand in the order that the user has chosen for these heads, and in the result's own until then.
     void Bind(GridResult result, const QStringList& hidden);
     int RowCount() const;
     /// The row the user stands on; -1 for none.
@@ -45,7 +46,7 @@ private:
     void TakeEnter(bool onRow);
 
     Model* model_;
-    int entered_ = -1;
+    QPersistentModelIndex entered_; ///< the row told last
 };
 
 } // namespace tally

@@ -16,6 +16,7 @@ FixedColumns::FixedColumns(FlexGrid* grid, int columns) : QTableView(grid), grid
     delete selectionModel();
     setSelectionModel(grid->selectionModel());
     DressGrid(this);
+    setSelectionMode(grid->selectionMode());
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

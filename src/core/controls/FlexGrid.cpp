@@ -56,6 +56,8 @@ public:
 
     QVariant data(const QModelIndex& index, int role) const override
     {
+        if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+            return {};
         const Cell& cell = At(index.row() + 1, index.column());
         switch (role) {
         case Qt::DisplayRole:
@@ -148,7 +150,8 @@ public:
         if (alignments_.size() <= static_cast<std::size_t>(col))
             alignments_.resize(static_cast<std::size_t>(col) + 1, Qt::AlignLeft | Qt::AlignVCenter);
         alignments_[static_cast<std::size_t>(col)] = alignment;
-        Q_EMIT headerDataChanged(Qt::Horizontal, col, col);
+        if (col < cols_)
+            Q_EMIT headerDataChanged(Qt::Horizontal, col, col);
     }
 
     void Remove(int row)
@@ -172,7 +175,7 @@ private:
     std::vector<Qt::Alignment> alignments_;
 };
 
-FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), model_(new Model(this))
+FlexGrid::FlexGrid(QWidget* parent) : Grid(parent), model_(new Model(this))
 {
     setModel(model_);
     DressGrid(this);
@@ -313,7 +316,7 @@ void FlexGrid::SetFixedCols(int cols)
 
 void FlexGrid::scrollTo(const QModelIndex& index, ScrollHint hint)
 {
-    QTableView::scrollTo(index, hint);
+    Grid::scrollTo(index, hint);
     if (!fixedColumns_ || index.column() < fixedCols_)
         return;
     const int covered = fixedColumns_->ColumnsWidth() - visualRect(index).left();
@@ -323,7 +326,7 @@ void FlexGrid::scrollTo(const QModelIndex& index, ScrollHint hint)
 
 void FlexGrid::updateGeometries()
 {
-    QTableView::updateGeometries();
+    Grid::updateGeometries();
     PlaceFixedColumns();
 }
 
@@ -358,7 +361,7 @@ void FlexGrid::keyPressEvent(QKeyEvent* event)
     if (opens && currentIndex().isValid())
         Q_EMIT CellClicked(CurrentRow(), CurrentCol());
     else
-        QTableView::keyPressEvent(event);
+        Grid::keyPressEvent(event);
 }
 
 void FlexGrid::FitColumns(int most)

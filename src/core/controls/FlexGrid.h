@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QTableView>
+#include "core/controls/Grid.h"
 
 #include <cstdint>
 #include <vector>
@@ -24,7 +24,7 @@ QColor CellColor(CellMark mark);
 /// A grid of texts. Row 0 is the head, which stays in sight; the rows below it are numbered from 1. Width 0
 /// hides a column and height 0 hides a row; hidden cells keep their texts. Built for ten thousand rows: one
 /// plain model, no object per cell.
-class FlexGrid : public QTableView
+class FlexGrid : public Grid
 {
     Q_OBJECT
     Q_PROPERTY(int Rows READ Rows WRITE SetRows)
