@@ -30,8 +30,9 @@ bool IsDark(const QPalette& palette);
 QIcon LookIcon(const QString& name);
 /// Gives the usual buttons of `form` the icons that belong to their names, `cmdSave` the one for saving.
 void DressButtons(QWidget* form);
-/// What all grids have in common: alternating rows of one height without lines, a calm head, texts painted
-/// quickly, one selection, nothing to type into, and Tab that leads on to the next control.
+/// What all grids have in common, once they have their model: alternating rows of one height without lines, a
+/// calm head, texts painted quickly, the current row shown along its whole length, one selection, nothing to
+/// type into, and Tab that leads on to the next control.
 void DressGrid(QTableView* grid);
 
 } // namespace tally

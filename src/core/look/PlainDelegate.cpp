@@ -1,14 +1,37 @@
 #include "core/look/PlainDelegate.h"
 
 #include <QPainter>
+#include <QTableView>
 
 namespace tally {
 
 namespace {
 
 constexpr int Margin = 4;
+/// How much of the accent lies over the ground of the current row, in hundredths.
+constexpr int LineShade = 22;
+
+QColor Mixed(const QColor& ground, const QColor& over)
+{
+    const auto mix = [](int below, int above) {
+        return (below * (100 - LineShade) + above * LineShade) / 100;
+    };
+    return {mix(ground.red(), over.red()), mix(ground.green(), over.green()),
+            mix(ground.blue(), over.blue())};
+}
 
 } // namespace
+
+PlainDelegate::PlainDelegate(QTableView* grid) : QStyledItemDelegate(grid), grid_(grid)
+{
+    // The view itself paints only the two cells anew.
+    connect(grid->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [grid](const QModelIndex& current, const QModelIndex& previous) {
+                for (const QModelIndex& index : {current, previous})
+                    grid->viewport()->update(0, grid->rowViewportPosition(index.row()),
+                                             grid->viewport()->width(), grid->rowHeight(index.row()));
+            });
+}
 
 void PlainDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const
@@ -18,12 +41,17 @@ void PlainDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         option.state.testFlag(QStyle::State_Enabled) ? QPalette::Active : QPalette::Disabled;
     const QVariant mark = index.data(Qt::BackgroundRole);
     const QVariant markText = index.data(Qt::ForegroundRole);
+    const QColor accent = option.palette.color(group, QPalette::Highlight);
+    const bool onCurrentRow = grid_->currentIndex().row() == index.row();
 
-    // Rows alternate beneath; only what differs from them is filled.
-    if (selected)
-        painter->fillRect(option.rect, option.palette.color(group, QPalette::Highlight));
-    else if (mark.isValid())
+    // Rows alternate beneath; only what differs from them is filled. A mark is more than a selection and
+    // keeps its paint.
+    if (mark.isValid())
         painter->fillRect(option.rect, mark.value<QColor>());
+    else if (selected)
+        painter->fillRect(option.rect, accent);
+    else if (onCurrentRow)
+        painter->fillRect(option.rect, Mixed(option.palette.color(group, QPalette::Base), accent));
     else if (option.features.testFlag(QStyleOptionViewItem::Alternate))
         painter->fillRect(option.rect, option.palette.color(group, QPalette::AlternateBase));
 
@@ -34,12 +62,22 @@ void PlainDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         if (ownFont.isValid())
             font = ownFont.value<QFont>().resolve(option.font);
         painter->setFont(font);
-        painter->setPen(
-            !selected && markText.isValid()
-                ? markText.value<QColor>()
-                : option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
+        painter->setPen(markText.isValid() ? markText.value<QColor>()
+                                           : option.palette.color(group, selected ? QPalette::HighlightedText
+                                                                                  : QPalette::Text));
         PaintText(painter, option.rect.adjusted(Margin, 0, -Margin, 0),
                   index.data(Qt::TextAlignmentRole).toInt(), text);
+    }
+    const QColor edge = markText.isValid() ? markText.value<QColor>() : accent;
+    if (onCurrentRow) {
+        painter->setPen(edge);
+        painter->drawLine(option.rect.topLeft(), option.rect.topRight());
+        painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    }
+    if (selected && mark.isValid()) {
+        painter->setPen(edge);
+        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+        painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
     }
     if (option.state.testFlag(QStyle::State_HasFocus)) {
         painter->setPen(option.palette.color(group, QPalette::Text));

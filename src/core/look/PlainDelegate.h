@@ -5,16 +5,19 @@
 #include <QStaticText>
 #include <QStyledItemDelegate>
 
+class QTableView;
+
 namespace tally {
 
-/// Paints the texts of a grid straight from its model: background, mark, text and focus frame. A list is
-/// painted at each step of a scroll, and asking the style for every cell takes several times as long.
+/// Paints the texts of a grid straight from its model: background, mark, text and focus frame, and the
+/// current row as a line along the whole grid. A list is painted at each step of a scroll, and asking the
+/// style for every cell takes several times as long.
 class PlainDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    explicit PlainDelegate(QTableView* grid);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -24,6 +27,7 @@ private:
     /// The text laid out in the painter's font. The same few hundred marks come again and again.
     QStaticText LaidOut(const QFont& font, const QString& text) const;
 
+    QTableView* grid_;
     mutable QHash<QString, QHash<QString, QStaticText>> laidOut_; ///< by font and text
 };
 
