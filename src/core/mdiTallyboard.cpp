@@ -219,7 +219,8 @@ bool mdiTallyboard::Form_Load()
 void mdiTallyboard::Form_Activate()
 {
     const SessionContext& session = Session();
-    Session().gstrMainCaption = windowTitle();
+    // The title itself also tells the screen that fills the window.
+    Session().gstrMainCaption = WindowCaption;
     ShowYearAndDate();
     SetPanel(2, QStringLiteral("User Name : ") + session.gstrUserName + QStringLiteral("  "));
     ForceFirstRun();

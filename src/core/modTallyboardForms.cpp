@@ -77,9 +77,12 @@ void ShowForm(const QString& formName)
     window->ShowPicture(PlainPicture(DisplaySize()));
     QMdiSubWindow* frame = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
     if (!frame) {
-        frame = window->Area()->addSubWindow(screen, Qt::SubWindow | Qt::CustomizeWindowHint |
-                                                         Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                                                         Qt::WindowCloseButtonHint);
+        // A list is worth the whole window; a form of fields is not.
+        const bool growing = screen->findChild<Grid*>() != nullptr;
+        frame = window->Area()->addSubWindow(
+            screen, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                        Qt::WindowCloseButtonHint |
+                        (growing ? Qt::WindowMaximizeButtonHint : Qt::WindowFlags()));
         frame->setWindowIcon(LookIcon(QStringLiteral("app")));
         frame->resize(frame->sizeHint()
                           .expandedTo(frame->minimumSizeHint())

@@ -14,7 +14,7 @@ class FlexGrid;
 /// controls.
 
 /// Opens a screen inside the main window, or brings the open one to the front, with the plain picture behind
-/// it. A name without a screen does nothing.
+/// it. A screen with a grid can be maximised. A name without a screen does nothing.
 void ShowForm(const QString& formName);
 /// Gives the keyboard to the screen in front, to the field that had it there last, unless it has it already.
 void FocusActiveScreen();

@@ -351,7 +351,7 @@ void frmexammarkentry::keyPressEvent(QKeyEvent* event)
 QSize frmexammarkentry::sizeHint() const
 {
     // As much of a long class as most displays can show; a smaller one bounds it.
-    return {820, 900};
+    return {820, 1400};
 }
 
 QString frmexammarkentry::ExitCaption() const

@@ -362,7 +362,7 @@ void frmMasClassSectionEntry::resizeEvent(QResizeEvent* event)
 
 QSize frmMasClassSectionEntry::sizeHint() const
 {
-    return {760, 470};
+    return {840, 720};
 }
 
 } // namespace tally

@@ -21,8 +21,10 @@ namespace tally {
 
 namespace {
 
-constexpr int GridRowsShown = 8;
+constexpr int LeastRowsShown = 8;
+constexpr int RowsShown = 20;
 constexpr int LeastWidth = 480;
+constexpr int WidestField = 420;
 
 QString Words(const char* text)
 {
@@ -34,6 +36,16 @@ QLabel* LabelFor(QWidget* field, const char* text)
     auto* label = new QLabel(Words(text));
     label->setBuddy(field);
     return label;
+}
+
+/// The field at the left of a row, as wide as its text may need; the rest of the row stays empty.
+QBoxLayout* AtLeft(QWidget* field)
+{
+    field->setMaximumWidth(WidestField);
+    auto* row = new QHBoxLayout;
+    row->addWidget(field, 1);
+    row->addStretch();
+    return row;
 }
 
 QLineEdit* Box(const char* name, KeyFilter filter, int maxLength)
@@ -55,7 +67,7 @@ frmSimpleMaster::frmSimpleMaster(const SimpleMasterDefinition& definition)
     LoadParents();
     LoadGrid();
     // Whole rows under their head, which has a height only now that it has columns.
-    dgdDetails_->setMinimumHeight(GridRowsShown * dgdDetails_->verticalHeader()->defaultSectionSize() +
+    dgdDetails_->setMinimumHeight(LeastRowsShown * dgdDetails_->verticalHeader()->defaultSectionSize() +
                                   dgdDetails_->horizontalHeader()->sizeHint().height() +
                                   2 * dgdDetails_->frameWidth());
 }
@@ -64,6 +76,7 @@ void frmSimpleMaster::BuildControls()
 {
     dgdDetails_ = new DataGrid;
     dgdDetails_->setObjectName(QStringLiteral("dgdDetails"));
+    dgdDetails_->setAccessibleName(windowTitle());
 
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(2 * LookUnit, 2 * LookUnit, 2 * LookUnit, 2 * LookUnit);
@@ -88,7 +101,7 @@ QWidget* frmSimpleMaster::BuildSearch()
     auto* frame = new QGroupBox(QStringLiteral("Search"));
     auto* row = new QHBoxLayout(frame);
     row->addWidget(LabelFor(txtSearch_, definition_.searchLabel));
-    row->addWidget(txtSearch_, 1);
+    row->addLayout(AtLeft(txtSearch_), 1);
     return frame;
 }
 
@@ -108,21 +121,22 @@ QWidget* frmSimpleMaster::BuildEntry()
         // Enter in the list goes on to the next box; the button answers to the mouse and to its letter.
         cmdAdd->setFocusPolicy(Qt::ClickFocus);
         grid->addWidget(LabelFor(dbcParent_, parent->label), row, 0);
-        grid->addWidget(dbcParent_, row, 1);
-        grid->addWidget(cmdAdd, row++, 2);
+        QBoxLayout* choice = AtLeft(dbcParent_);
+        choice->insertWidget(1, cmdAdd);
+        grid->addLayout(choice, row++, 1);
         connect(dbcParent_, &DataCombo::Chosen, this, &frmSimpleMaster::LoadGrid);
         connect(cmdAdd, &QPushButton::clicked, this, &frmSimpleMaster::cmdAdd_Click);
     }
     for (const SimpleMasterField& field : definition_.fields) {
         boxes_.push_back(Box(field.control, field.filter, field.maxLength));
         grid->addWidget(LabelFor(boxes_.back(), field.label), row, 0);
-        grid->addWidget(boxes_.back(), row++, 1, 1, 2);
+        grid->addLayout(AtLeft(boxes_.back()), row++, 1);
     }
     if (*definition_.note != '\0') {
         auto* note = new QLabel(Words(definition_.note));
         note->setObjectName(QStringLiteral("lblNote"));
         note->setWordWrap(true);
-        grid->addWidget(note, row, 0, 1, 3);
+        grid->addWidget(note, row, 0, 1, 2);
     }
     return frame;
 }
@@ -157,6 +171,12 @@ QWidget* frmSimpleMaster::BuildButtons()
     connect(cmdSave_, &QPushButton::clicked, this, &frmSimpleMaster::cmdSave_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmSimpleMaster::cmdCancel_Click);
     return frame;
+}
+
+QSize frmSimpleMaster::sizeHint() const
+{
+    const int more = (RowsShown - LeastRowsShown) * dgdDetails_->verticalHeader()->defaultSectionSize();
+    return Screen::sizeHint() + QSize(0, more);
 }
 
 void frmSimpleMaster::Form_Activate(bool first)

@@ -25,6 +25,8 @@ public:
     /// `definition` must outlive the screen.
     explicit frmSimpleMaster(const SimpleMasterDefinition& definition);
 
+    QSize sizeHint() const override;
+
 protected:
     void Form_Activate(bool first) override;
     /// Only `cmdExit` leaves, so that no half-entered row is lost with a slip of the mouse.

@@ -85,6 +85,12 @@ void frmTeacherSearch::EmptyGrid()
     ui_->dgdDetails->Bind({}, {});
 }
 
+QSize frmTeacherSearch::sizeHint() const
+{
+    // As much of a long list as most displays can show; a smaller one bounds it.
+    return {980, 760};
+}
+
 bool frmTeacherSearch::Form_QueryUnload()
 {
     return ui_->cmdSearch->isEnabled() && ui_->cmdExit->isEnabled();

@@ -19,6 +19,8 @@ public:
     frmTeacherSearch();
     ~frmTeacherSearch() override;
 
+    QSize sizeHint() const override;
+
 protected:
     bool Form_QueryUnload() override;
 

@@ -320,7 +320,7 @@ void frmRankCalculation::ResetGrid()
 QSize frmRankCalculation::sizeHint() const
 {
     // As much of a long and wide list as most displays can show; a smaller one bounds it.
-    return {1080, 680};
+    return {1400, 1400};
 }
 
 QString frmRankCalculation::ExitCaption() const

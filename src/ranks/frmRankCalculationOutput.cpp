@@ -59,6 +59,7 @@ void frmRankCalculation::BuildSummaryPanel()
     Frame5_->setProperty("floating", true);
     msgGrade_ = new FlexGrid(Frame5_);
     msgGrade_->setObjectName(QStringLiteral("msgGrade"));
+    msgGrade_->setAccessibleName(QStringLiteral("Total details"));
     msgGrade_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     msgGrade_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     cmdClose_ = new QPushButton(QStringLiteral("Close"), Frame5_);

@@ -240,7 +240,7 @@ void frmRankCardPrinting::cmdCancel_Click()
 QSize frmRankCardPrinting::sizeHint() const
 {
     // As much of the cards as most displays can show; a smaller one bounds it.
-    return {1140, 700};
+    return {1400, 1400};
 }
 
 } // namespace tally

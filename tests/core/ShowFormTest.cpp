@@ -118,6 +118,88 @@ TEST_F(ShowFormTest, AScreenFitsTheSmallScreenAndStandsInTheMiddle)
     EXPECT_LE(std::abs(frame.center().y() - area.center().y()), 1);
 }
 
+class MaximisedScreen : public ShowFormTest
+{
+protected:
+    void SetUp() override
+    {
+        ShowFormTest::SetUp();
+        ranks = OpenScreen(QStringLiteral("frmRankCalculation"));
+        ASSERT_NE(ranks, nullptr);
+        Frame(ranks)->showMaximized();
+        Settle();
+        ASSERT_TRUE(Frame(ranks)->isMaximized());
+    }
+
+    static QMdiSubWindow* Frame(const Screen* screen)
+    {
+        return qobject_cast<QMdiSubWindow*>(screen->parentWidget());
+    }
+
+    Screen* ranks = nullptr;
+};
+
+TEST_F(MaximisedScreen, IsNamedInTheTitleWhileTheSessionKeepsTheProgramsCaption)
+{
+    EXPECT_TRUE(window->windowTitle().startsWith(QStringLiteral("KITE - Tally Board")));
+    EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("[Rank List Preparation]")));
+    QApplication::setActiveWindow(nullptr);
+    QApplication::setActiveWindow(window);
+    Settle();
+    EXPECT_EQ(Session().gstrMainCaption.trimmed().toStdString(), "KITE - Tally Board");
+    ranks->Unload();
+    Settle();
+    EXPECT_EQ(window->windowTitle().trimmed().toStdString(), "KITE - Tally Board");
+}
+
+TEST_F(MaximisedScreen, LeavesTheMenusAndTheLettersAsTheyAre)
+{
+    EXPECT_TRUE(window->menuWidget()->isVisible());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_L, Qt::AltModifier);
+    prompts.ExpectInformation(QStringLiteral("Select Exam Name"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_K, Qt::AltModifier);
+    prompts.Verify();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+    EXPECT_EQ(Session().glngScreenNo, 21);
+}
+
+TEST_F(MaximisedScreen, ClosesByItsCloseBoxInTheMenuBar)
+{
+    Session().gblnPromptOnExit = true;
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Exit Rank Calculation ?"), false);
+    Frame(ranks)->close();
+    prompts.Verify();
+    ASSERT_FALSE(ranks->IsUnloaded());
+    EXPECT_TRUE(Frame(ranks)->isMaximized());
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Exit Rank Calculation ?"), true);
+    Frame(ranks)->close();
+    prompts.Verify();
+    Settle();
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmRankCalculation")), nullptr);
+}
+
+TEST_F(MaximisedScreen, StaysSoBehindASmallFormThatKeepsItsSizeAndWhenItComesBack)
+{
+    const Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
+    EXPECT_FALSE(Frame(options)->isMaximized());
+    EXPECT_LT(Frame(options)->height(), window->Area()->viewport()->height());
+    OpenScreen(QStringLiteral("frmRankCalculation"));
+    EXPECT_TRUE(Frame(ranks)->isMaximized());
+    EXPECT_TRUE(ranks->isAncestorOf(QApplication::focusWidget()));
+    EXPECT_EQ(Frame(ranks)->size(), window->Area()->viewport()->size());
+}
+
+TEST_F(ShowFormTest, ALongListOpensAsHighAsTheWindowLetsIt)
+{
+    window->setWindowState(Qt::WindowNoState);
+    window->resize(1920, 1080);
+    Settle();
+    for (const char* name : {"frmRankCalculation", "frmRankCardPrinting", "frmexammarkentry"}) {
+        const Screen* screen = OpenScreen(QString::fromLatin1(name));
+        EXPECT_EQ(screen->parentWidget()->height(), window->Area()->viewport()->height()) << name;
+    }
+}
+
 TEST_F(ShowFormTest, OtherFormsAreThoseBesideTheOneThatAsks)
 {
     Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));

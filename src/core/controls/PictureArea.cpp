@@ -18,6 +18,8 @@ PictureArea::PictureArea(QWidget* parent) : QMdiArea(parent)
 {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // A form of a few fields that opens over a list which fills the window keeps its own size.
+    setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
 }
 
 void PictureArea::SetPicture(const QPixmap& picture)
