@@ -33,6 +33,13 @@ void Forget(const QString& formName)
     Entries().remove(formName);
 }
 
+QStringList Names()
+{
+    QStringList names = Entries().keys();
+    names.sort();
+    return names;
+}
+
 bool Knows(const QString& formName)
 {
     return Entries().contains(formName);

@@ -1,5 +1,6 @@
 #include "core/modTallyboardForms.h"
 
+#include "core/AccessibleNames.h"
 #include "core/controls/CheckList.h"
 #include "core/controls/DatePicker.h"
 #include "core/controls/FieldHint.h"
@@ -77,6 +78,7 @@ void ShowForm(const QString& formName)
     window->ShowPicture(PlainPicture(DisplaySize()));
     QMdiSubWindow* frame = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
     if (!frame) {
+        NameControls(screen);
         // A list is worth the whole window; a form of fields is not.
         const bool growing = screen->findChild<Grid*>() != nullptr;
         frame = window->Area()->addSubWindow(

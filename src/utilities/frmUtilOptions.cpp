@@ -77,7 +77,7 @@ void frmUtilOptions::LoadSettings()
 
     ui_->chkPrompt->setChecked(prompt);
     ui_->chkAutoGen->setChecked(stored && session.gblnAutoGenerate);
-    ui_->lblDateOfBirthSetting->setText(stored ? session.gvarDefaultDOB : QString());
+    ShowDateOfBirthSetting(stored ? session.gvarDefaultDOB : QString());
     ui_->cboGender->setCurrentIndex(GenderIndex(options.genderOption));
     ui_->chkFractionMarks->setChecked(stored && session.gblnFractionMarks);
     ui_->chkRoundedMarks->setChecked(stored && session.gblnRoundedMarks);
@@ -101,7 +101,15 @@ void frmUtilOptions::DTPDateOfBirthSetting_Change(const QDate& date)
         Refuse(QStringLiteral("Date Of Birth Should be Less than Application Date"),
                ui_->DTPDateOfBirthSetting);
     else
-        ui_->lblDateOfBirthSetting->setText(ShownDate(date));
+        ShowDateOfBirthSetting(ShownDate(date));
+}
+
+void frmUtilOptions::ShowDateOfBirthSetting(const QString& date)
+{
+    ui_->lblDateOfBirthSetting->setText(date);
+    // A label is called by its text, and this one takes the keyboard without one too.
+    ui_->lblDateOfBirthSetting->setAccessibleName(date.isEmpty() ? QStringLiteral("No date chosen")
+                                                                 : QStringLiteral("Date chosen: ") + date);
 }
 
 void frmUtilOptions::lblDateOfBirthSetting_Click()
@@ -109,7 +117,7 @@ void frmUtilOptions::lblDateOfBirthSetting_Click()
     if (ui_->lblDateOfBirthSetting->text().isEmpty() ||
         !Prompts::Ask(QStringLiteral("Do You Want To Clear This Date ?")))
         return;
-    ui_->lblDateOfBirthSetting->clear();
+    ShowDateOfBirthSetting({});
     // From the working date on, the date just cleared is a change again.
     ResetDatePicker();
     Changed();

@@ -32,6 +32,8 @@ private:
     void ResetDatePicker();
     void DTPDateOfBirthSetting_Change(const QDate& date);
     void lblDateOfBirthSetting_Click();
+    /// Empty for no date.
+    void ShowDateOfBirthSetting(const QString& date);
     void chkFractionMarks_Click(bool ticked);
     void cmdSave_Click();
     void cmdCancel_Click();

@@ -27,6 +27,7 @@ protected:
         list->SetList({{1, QStringLiteral("One")}, {2, QStringLiteral("Two")}});
         grid->SetCols(3);
         grid->SetRows(51);
+        grid->SetTextMatrix(0, 1, QStringLiteral("Present/Absent"));
         grid->SetTextMatrix(2, 1, QStringLiteral(" Absent "));
         combo->addItems({QStringLiteral("Present"), QStringLiteral("Absent")});
         form->resize(500, 300);
@@ -54,6 +55,7 @@ TEST_F(FloatingBoxes, AListOpensOverItsCellWithTheTrimmedTextSelected)
     EXPECT_EQ(combo->currentText().toStdString(), "Absent");
     EXPECT_EQ(combo->currentIndex(), 1);
     EXPECT_EQ(combo->lineEdit()->selectedText().toStdString(), "Absent");
+    EXPECT_EQ(combo->accessibleName().toStdString(), "Present/Absent") << "the head of its column";
     combo->OpenAt(3, 1);
     EXPECT_TRUE(combo->IsBlank()) << "an empty cell opens an empty list";
     combo->Close();

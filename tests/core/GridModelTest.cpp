@@ -2,6 +2,7 @@
 #include "core/controls/FlexGrid.h"
 
 #include <QAbstractItemModelTester>
+#include <QAccessible>
 
 namespace tally::test {
 namespace {
@@ -98,6 +99,24 @@ TEST(GridModelTest, AGridStandsTheRulesWhileItIsFilledGrowsAndShrinks)
     AskForAll(*grid.model());
     grid.SetContent({});
     AskForAll(*grid.model());
+}
+
+TEST(GridModelTest, AScreenReaderHearsWhatAMarkMeansBehindItsText)
+{
+    FlexGrid grid;
+    grid.SetContent({FlexGrid::Row(4),
+                     {{QStringLiteral("34"), CellMark::FailedOrAbsent},
+                      {{}, CellMark::NotTakenForRank},
+                      {QStringLiteral("61.50"), CellMark::Sum},
+                      {QStringLiteral("90")}}});
+    const auto heard = [&grid](int col) {
+        QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&grid);
+        return table->tableInterface()->cellAt(0, col)->text(QAccessible::Name).toStdString();
+    };
+    EXPECT_EQ(heard(0), "34, Failed Or Absent");
+    EXPECT_EQ(heard(1), "Not Taken For Rank");
+    EXPECT_EQ(heard(2), "61.50, Sum");
+    EXPECT_EQ(heard(3), "90");
 }
 
 TEST(GridModelTest, AnAlignmentMayBeStatedBeforeThereIsAColumn)

@@ -20,6 +20,7 @@ void CellFollower::OpenAt(int row, int col)
     row_ = row;
     col_ = col;
     grid_->SetCurrentCell(row, col);
+    box_->setAccessibleName(grid_->TextMatrix(0, col));
     box_->show();
     box_->raise();
     Follow();

@@ -17,7 +17,8 @@ public:
     /// Hides `box`, which lives in the grid's viewport, until it is opened.
     CellFollower(FlexGrid* grid, QWidget* box);
 
-    /// Makes the cell the current one, scrolls it into sight, and shows the box over it with the focus.
+    /// Makes the cell the current one, scrolls it into sight, and shows the box over it with the focus. The
+    /// box is called by the head of its column.
     void OpenAt(int row, int col);
     /// The cell the box stands over, or stood over last; 0 before it was opened.
     int Row() const { return row_; }

@@ -42,6 +42,17 @@ QColor CellColor(CellMark mark)
     return {};
 }
 
+QString CellWords(CellMark mark)
+{
+    switch (mark) {
+    case CellMark::NotTakenForRank: return QStringLiteral("Not Taken For Rank");
+    case CellMark::FailedOrAbsent: return QStringLiteral("Failed Or Absent");
+    case CellMark::Sum: return QStringLiteral("Sum");
+    case CellMark::None: break;
+    }
+    return {};
+}
+
 class FlexGrid::Model : public QAbstractTableModel
 {
 public:
@@ -71,6 +82,7 @@ public:
             // The marked cells keep their light paint in a dark look too, so their text stays dark.
             return CellColor(cell.mark).isValid() ? QVariant(QColor(Qt::black)) : QVariant();
         case Qt::FontRole: return MarkFont(cell.mark);
+        case Qt::AccessibleTextRole: return cell.mark == CellMark::None ? QVariant() : Spoken(cell);
         default: return {};
         }
     }
@@ -170,6 +182,13 @@ public:
     }
 
 private:
+    /// The text first, as it is what the clerk waits for.
+    static QString Spoken(const Cell& cell)
+    {
+        const QString words = CellWords(cell.mark);
+        return cell.text.isEmpty() ? words : cell.text + QStringLiteral(", ") + words;
+    }
+
     std::vector<Row> rows_; ///< the head first; a row may be shorter than cols_, its missing cells are empty
     int cols_ = 0;
     std::vector<Qt::Alignment> alignments_;

@@ -18,8 +18,10 @@ enum class CellMark : std::uint8_t
     Sum,             ///< a row that sums up the ones above it
 };
 
-/// The paint of a mark; an invalid colour for None.
+/// The paint of a mark; an invalid colour for None and Sum.
 QColor CellColor(CellMark mark);
+/// The mark in words, for a screen reader; empty for None.
+QString CellWords(CellMark mark);
 
 /// A grid of texts. Row 0 is the head, which stays in sight; the rows below it are numbered from 1. Width 0
 /// hides a column and height 0 hides a row; hidden cells keep their texts. Built for ten thousand rows: one

@@ -1,0 +1,103 @@
+// What holds for each screen of the program, whoever wrote it.
+
+#include "core/controls/CheckList.h"
+#include "core/controls/Grid.h"
+#include "core/mdiTallyboard.h"
+#include "core/ScreenRegistry.h"
+#include "support/ScreenFixture.h"
+
+#include <QAccessible>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+namespace tally::test {
+namespace {
+
+class EveryScreen : public ScreenFixture
+{
+protected:
+    void SetUp() override
+    {
+        ScreenFixture::SetUp();
+        window->setWindowState(Qt::WindowNoState);
+        window->resize(1920, 1080);
+        Settle();
+    }
+
+    /// Opens one screen after the other, each alone, and closes it.
+    void ForEach(const std::function<void(const Screen&, QMdiSubWindow&)>& look)
+    {
+        const QStringList names = ScreenRegistry::Names();
+        ASSERT_GE(names.size(), 20);
+        for (const QString& name : names) {
+            SCOPED_TRACE(name.toStdString());
+            Screen* screen = OpenScreen(name);
+            ASSERT_NE(screen, nullptr);
+            auto* frame = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
+            ASSERT_NE(frame, nullptr);
+            look(*screen, *frame);
+            delete frame;
+            Settle();
+        }
+    }
+
+    static std::string Called(QWidget* control)
+    {
+        // On some platforms Qt lets a list's choice take the place of its name, and leads to its label instead.
+        if (qobject_cast<QComboBox*>(control))
+            return control->accessibleName().toStdString();
+        QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(control);
+        return spoken ? spoken->text(QAccessible::Name).trimmed().toStdString() : std::string();
+    }
+};
+
+TEST_F(EveryScreen, CallsEachControlThatTakesTheKeyboardByAName)
+{
+    ForEach([](const Screen& screen, const QMdiSubWindow&) {
+        for (QWidget* control : screen.findChildren<QWidget*>()) {
+            const bool takesKeys = control->focusPolicy() != Qt::NoFocus && !control->focusProxy();
+            if (!takesKeys || control->window() != screen.window())
+                continue;
+            EXPECT_NE(Called(control), "")
+                << control->metaObject()->className() << ' ' << control->objectName().toStdString();
+        }
+    });
+}
+
+TEST_F(EveryScreen, CanFillTheWindowIfItHasAListAndOnlyThen)
+{
+    int growing = 0;
+    ForEach([&](const Screen& screen, const QMdiSubWindow& frame) {
+        const bool hasList = screen.findChild<Grid*>() != nullptr;
+        growing += hasList ? 1 : 0;
+        EXPECT_EQ(frame.windowFlags().testFlag(Qt::WindowMaximizeButtonHint), hasList);
+    });
+    EXPECT_GE(growing, 13);
+}
+
+TEST_F(EveryScreen, GivesItsListTheRoomOfAWideWindowAndItsFieldsNoMoreThanTheyNeed)
+{
+    ForEach([](const Screen& screen, QMdiSubWindow& frame) {
+        const auto* list = screen.findChild<Grid*>();
+        if (!list)
+            return;
+        const QSize before = list->size();
+        frame.showMaximized();
+        Settle();
+        EXPECT_TRUE(frame.isMaximized());
+        EXPECT_GT(list->height(), before.height() - 1);
+        EXPECT_GT(list->width(), before.width());
+        for (const QWidget* field : screen.findChildren<QWidget*>())
+            if (qobject_cast<const QLineEdit*>(field) || qobject_cast<const QComboBox*>(field) ||
+                qobject_cast<const CheckList*>(field)) {
+                EXPECT_LE(field->width(), 480) << field->objectName().toStdString();
+            }
+        EXPECT_GT(list->height(), frame.height() / 3);
+    });
+}
+
+} // namespace
+} // namespace tally::test
