@@ -9,6 +9,7 @@
 #include "store/StoreError.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -60,10 +61,13 @@ void Screen::Unload()
 
 void Screen::LeaveArea()
 {
-    // The frame is not asked to close: it may be in the middle of that, and would stay.
     auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
     QWidget* outermost = frame ? static_cast<QWidget*>(frame) : this;
+    // Hiding leads the keyboard to the next field, which asks the one it leaves; nobody is to be asked here.
+    if (QWidget* field = QApplication::focusWidget(); field && isAncestorOf(field))
+        field->clearFocus();
     outermost->hide();
+    // The frame is not asked to close: it may be in the middle of that, and would stay.
     if (frame && frame->mdiArea())
         frame->mdiArea()->removeSubWindow(frame);
     // A box may wait for its answer on behalf of a handler of this screen, under others or by itself.
