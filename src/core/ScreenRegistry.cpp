@@ -45,13 +45,6 @@ bool Knows(const QString& formName)
     return Entries().contains(formName);
 }
 
-QStringList Names()
-{
-    QStringList names = Entries().keys();
-    names.sort();
-    return names;
-}
-
 Screen* Instance(const QString& formName)
 {
     const auto entry = Entries().find(formName);

@@ -19,8 +19,6 @@ using Factory = std::function<Screen*()>;
 void Register(const QString& formName, Factory factory);
 /// Takes a screen out again, for tests that entered one of their own.
 void Forget(const QString& formName);
-/// The names of all screens, sorted.
-QStringList Names();
 bool Knows(const QString& formName);
 /// All screens that are entered, in the order of the alphabet.
 QStringList Names();
