@@ -31,8 +31,8 @@ void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid,
 
 /// Makes the database agree with the grid as far as nothing else refers to what would go. Gives what was kept
 /// for that reason, in sentences that the user is to be told; mostly none. Throws StoreError. What is missing
-/// then is put back in a second transaction; when that fails, what the first one stored stays. Nothing is read
-/// once something is stored.
+/// then is put back in a second transaction; when that fails, what the first one stored stays. Nothing is
+/// read once something is stored.
 QStringList SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode);
 
 } // namespace tally

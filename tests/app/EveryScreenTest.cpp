@@ -46,7 +46,8 @@ protected:
 
     static std::string Called(QWidget* control)
     {
-        // On some platforms Qt lets a list's choice take the place of its name, and leads to its label instead.
+        // On some platforms Qt lets a list's choice take the place of its name, and leads to its label
+        // instead.
         if (qobject_cast<QComboBox*>(control))
             return control->accessibleName().toStdString();
         QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(control);
