@@ -71,15 +71,30 @@ void CompareCounts(const std::vector<SubjectSetup>& setup, int base, bool takenF
 /// `text` against a pattern in which % stands for any letters and _ for one, small and capital letters alike.
 bool Like(QStringView text, QStringView pattern)
 {
-    if (pattern.isEmpty())
-        return text.isEmpty();
-    if (pattern.front() == QLatin1Char('%'))
-        return Like(text, pattern.mid(1)) || (!text.isEmpty() && Like(text.mid(1), pattern));
-    if (text.isEmpty())
-        return false;
-    const bool same =
-        pattern.front() == QLatin1Char('_') || pattern.front().toCaseFolded() == text.front().toCaseFolded();
-    return same && Like(text.mid(1), pattern.mid(1));
+    constexpr qsizetype None = -1;
+    qsizetype at = 0;
+    qsizetype in = 0;
+    qsizetype behindPercent = None;
+    qsizetype percentUpTo = 0; // what the last % stands for ends here in the text
+    while (at < text.size()) {
+        const QChar wanted = in < pattern.size() ? pattern[in] : QChar();
+        if (wanted == QLatin1Char('%')) {
+            behindPercent = ++in;
+            percentUpTo = at;
+        } else if (in < pattern.size() &&
+                   (wanted == QLatin1Char('_') || wanted.toCaseFolded() == text[at].toCaseFolded())) {
+            ++at;
+            ++in;
+        } else if (behindPercent != None) {
+            // Only the last % has to be tried again: what stands before it has its place already.
+            in = behindPercent;
+            at = ++percentUpTo;
+        } else {
+            return false;
+        }
+    }
+    return std::all_of(pattern.begin() + in, pattern.end(),
+                       [](QChar letter) { return letter == QLatin1Char('%'); });
 }
 
 } // namespace

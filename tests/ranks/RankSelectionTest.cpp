@@ -238,6 +238,22 @@ TEST(GradeMatch, TakesThePercentSignOfTheBaseForAnyLetters)
     EXPECT_TRUE(CheckGradeMatch({{1, 50, 35, "A%"}, {2, 50, 35, "A+"}}, {2, 1}, reverse).mismatch);
 }
 
+TEST(GradeMatch, ManyPercentSignsAreAnsweredAsSoonAsOne)
+{
+    const QString percents = QString(40, QLatin1Char('%'));
+    const QString letters = QString(40, QLatin1Char('W'));
+    const auto mismatch = [&](const QString& wanted) {
+        MatchBase base;
+        return CheckGradeMatch({{1, 50, 35, wanted}, {2, 50, 35, letters}}, {1, 2}, base).mismatch;
+    };
+    EXPECT_FALSE(mismatch(percents));
+    EXPECT_FALSE(mismatch(percents + QLatin1String("w_W") + percents));
+    EXPECT_TRUE(mismatch(percents + QLatin1Char('b')));
+    EXPECT_TRUE(mismatch(QLatin1Char('b') + percents));
+    EXPECT_TRUE(mismatch(letters + QLatin1String("_%")));
+    EXPECT_TRUE(mismatch(QString()));
+}
+
 TEST(GradeMatch, UnticksABaseWithoutTableButCallsItNoMismatch)
 {
     MatchBase base;

@@ -1,0 +1,186 @@
+#include "core/Numbers.h"
+#include "ranks/RankCardRepository.h"
+#include "ranks/RankSchool.h"
+#include "store/StoreError.h"
+
+#include <QRandomGenerator>
+
+#include <gtest/gtest.h>
+
+namespace tally::test {
+namespace {
+
+constexpr int Divisions = 2;
+constexpr int Subjects = 3;
+constexpr int Students = 6;
+/// As wide as a number may be written: 15 digits with sign, point and exponent.
+constexpr int LongestNumber = 22;
+
+/// A school with rows that no screen lets in, as a damaged copy or a repair by hand leaves them.
+class HostileSchool
+{
+public:
+    explicit HostileSchool(quint32 seed) : random_(seed)
+    {
+        for (int division = 1; division <= Divisions; ++division) {
+            school.AddDivision(division, "D");
+            school.AddUsualBands(division);
+            for (int subject = 1; subject <= Subjects; ++subject)
+                school.AddSubject(division, subject, "Same", subject);
+            for (int student = 0; student < Students; ++student) {
+                const int code = school.AddStudent(division, QStringLiteral("Student %1").arg(student));
+                for (int subject = 1; subject <= Subjects; ++subject)
+                    school.EnterMark(code, subject, 30 + 10 * student + subject);
+            }
+        }
+        school.options = {Chance(), Chance(), Chance()};
+        school.main.Execute(QStringLiteral("PRAGMA ignore_check_constraints = ON"));
+        for (int times = random_.bounded(1, 9); times > 0; --times)
+            Spoil();
+    }
+
+    RankSchool school;
+    QStringList spoilt; ///< what was done to it
+
+private:
+    bool Chance() { return random_.bounded(2) == 0; }
+
+    template <std::size_t Count>
+    QString Any(const char* const (&texts)[Count])
+    {
+        return QString::fromLatin1(texts[random_.bounded(static_cast<int>(Count))]);
+    }
+
+    /// Some rows of one column get a value far beyond what its screen takes.
+    void Spoil()
+    {
+        static const char* const columns[] = {
+            "MarkMaster SET Mark",
+            "MarkMaster SET LeaveOrPresent",
+            "ClassSubjectTeacher SET MaximumMark",
+            "ClassSubjectTeacher SET MaximumAllowed",
+            "ClassSubjectTeacher SET SlNo",
+            "ClassSubjectTeacher SET TakenForRank",
+            "RankMaster SET TotalAverage",
+            "RankMaster SET SubjectAverage",
+            "RankMaster SET Grade",
+            "RankMaster SET Status",
+            "ExamMaster SET ExamOrder",
+            "ClassDivisionMaster SET NoOfDivisions",
+            "ClassDivisionMaster SET ClassOrder",
+            "StudentMaster SET DOB",
+            "StudentMaster SET AdmissionDate",
+            "StudentMaster SET StudentName",
+        };
+        static const char* const values[] = {
+            "1e15",
+            "-1e15",
+            "1e300",
+            "-1e300",
+            "1.7e308",
+            "9e999",
+            "-9e999",
+            "1e-300",
+            "'NaN'",
+            "'1e400'",
+            "'Infinity'",
+            "''",
+            "-1",
+            "0",
+            "33.335",
+            "9223372036854775807",
+            "-9223372036854775808",
+            "4294967296",
+            "NULL",
+            "x'00ff00'",
+            "'%%'",
+            "'9999-99-99'",
+        };
+        const QString statement = QStringLiteral("UPDATE OR IGNORE %1 = %2 WHERE rowid % %3 = 0")
+                                      .arg(Any(columns), Any(values))
+                                      .arg(random_.bounded(1, 4));
+        try {
+            school.main.Execute(statement);
+            spoilt.append(statement);
+        } catch (const store::StoreError&) {
+            // The column itself refuses such a value.
+        }
+    }
+
+    QRandomGenerator random_;
+};
+
+std::vector<int> Codes(int count)
+{
+    std::vector<int> codes(static_cast<std::size_t>(count));
+    for (int number = 0; number < count; ++number)
+        codes[static_cast<std::size_t>(number)] = number + 1;
+    return codes;
+}
+
+void ExpectBounded(RankSchool& school, const RankList& list, RankOrder order)
+{
+    const auto before = school.main.StatementsRun() + school.temp.StatementsRun();
+    const RankView view = school.Show(list, order, SubjectDisplay::All);
+    EXPECT_LE(school.main.StatementsRun() + school.temp.StatementsRun() - before, 3U);
+    // Grade by grade a student comes as often as the grade stands in the tables.
+    const int bands = static_cast<int>(school.Input(Codes(Divisions)).gradeTable.size());
+    EXPECT_LE(view.StudentCount(), Divisions * Students * (order == RankOrder::Grade ? bands : 1));
+    for (int row = RankView::FirstStudentRow; row < view.Rows(); ++row)
+        for (int column = RankView::FirstSubjectColumn; column < view.Cols() - 1; ++column)
+            EXPECT_LE(view.Text(row, column).size(), LongestNumber) << view.Text(row, column).toStdString();
+}
+
+void ExpectBoundedCards(RankSchool& school)
+{
+    const auto students = Codes(Divisions * Students);
+    const auto cards = ComputeRankCards(
+        RankCardRepository(school.main).LoadRankCards({1, 1, 1}, students, {1}, SubjectDisplay::All),
+        MarkDecimals(school.options.fractionMarks, school.options.roundedMarks));
+    EXPECT_LE(cards.rows.size(), RankCardRows::FirstLineRow + 2 * students.size());
+    for (const std::vector<QString>& row : cards.rows)
+        for (std::size_t column = RankCardRows::FirstSubjectColumn; column < row.size(); ++column)
+            EXPECT_LE(row[column].size(), LongestNumber) << row[column].toStdString();
+}
+
+} // namespace
+
+TEST(HostileRows, GiveAListAndCardsAsLargeAsTheSchoolWithNumbersThatFitTheirColumns)
+{
+    for (quint32 seed = 0; seed < 300; ++seed) {
+        HostileSchool hostile(seed);
+        RankSchool& school = hostile.school;
+        SCOPED_TRACE(hostile.spoilt.join(QLatin1Char('\n')).toStdString());
+        try {
+            const RankList list = school.Prepare(Codes(Divisions));
+            EXPECT_EQ(list.cells.size(), list.rows.size() * list.subjects.size());
+            for (const RankOrder order :
+                 {RankOrder::Rank, RankOrder::Grade, RankOrder::AdmissionNo, RankOrder::Alphabetical})
+                ExpectBounded(school, list, order);
+            school.Save(Codes(Divisions));
+            EXPECT_EQ(school.main.Number(QStringLiteral("SELECT count(*) FROM TempRankTotal")),
+                      static_cast<qint64>(list.rows.size()));
+        } catch (const DivisionError&) {
+            // Maximum marks that add up to nothing are told to the user.
+        }
+        ExpectBoundedCards(school);
+    }
+}
+
+TEST(HostileRows, AMarkBeyondAllMarksIsWrittenWithAnExponent)
+{
+    for (const bool fractions : {false, true}) {
+        RankSchool school;
+        school.options.fractionMarks = fractions;
+        school.AddUsualDivision(2);
+        school.AddMarkedStudent("Anil", {1e300, 50});
+        school.AddMarkedStudent("Bina", {-1e300, 50});
+        const RankView view = school.Show(school.Prepare(), RankOrder::Alphabetical);
+        EXPECT_EQ(view.Text(2, 5), "1e+300");
+        EXPECT_EQ(view.Text(3, 5), "-1e+300");
+        EXPECT_EQ(view.Flag(3, 5), CellFlag::FailedOrAbsent);
+        EXPECT_EQ(view.Text(2, 7), "1e+300");
+    }
+}
+
+} // namespace tally::test
