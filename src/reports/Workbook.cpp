@@ -227,7 +227,7 @@ QString Workbook::Finish()
     Check(workbook_close(book_.release()));
     // The library does not notice when the disk cuts one of its files short. The copy is written where every
     // error is seen, and is read back.
-    const QString path = WorkFile("workbook.xlsx");
+    QString path = WorkFile("workbook.xlsx");
     SaveCopy(WorkFile(Draft), path);
     if (!IsWholeWorkbook(path, tallies_))
         throw WorkbookError("The workbook came out incomplete.");
