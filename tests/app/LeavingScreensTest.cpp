@@ -9,6 +9,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPointer>
 #include <QStyleOptionTitleBar>
@@ -39,14 +40,43 @@ QPoint CloseBoxOf(const QMdiSubWindow* frame)
     return cross.center();
 }
 
+/// With a mouse that comes from elsewhere: a cross is lit before it can be pressed.
+void ClickOn(const QWidget* window, const QPoint& place)
+{
+    QTest::mouseMove(window->windowHandle(), QPoint(1, window->height() - 1));
+    QTest::mouseMove(window->windowHandle(), place);
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+}
+
 void ClickCloseBox(const Screen* screen)
 {
     const auto* frame = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
     ASSERT_NE(frame, nullptr);
-    const QPoint cross = frame->mapTo(frame->window(), CloseBoxOf(frame));
-    QWindow* window = frame->window()->windowHandle();
-    QTest::mouseMove(window, cross);
-    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, cross);
+    ClickOn(frame->window(), frame->mapTo(frame->window(), CloseBoxOf(frame)));
+}
+
+bool MayFillTheWindow(const Screen* screen)
+{
+    return screen->parentWidget()->windowFlags().testFlag(Qt::WindowMaximizeButtonHint);
+}
+
+/// The cross that a screen which fills the window has at the end of the menu bar.
+void FillTheWindowAndClickCloseBox(const Screen* screen)
+{
+    auto* frame = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
+    ASSERT_NE(frame, nullptr);
+    frame->showMaximized();
+    Settle();
+    QWidget* buttons = mdiTallyboard::Instance()->menuBar()->cornerWidget();
+    ASSERT_NE(buttons, nullptr);
+    ASSERT_TRUE(buttons->isVisible());
+    QStyleOptionComplex bar;
+    bar.initFrom(buttons);
+    bar.subControls = QStyle::SC_MdiCloseButton | QStyle::SC_MdiNormalButton;
+    const QRect cross =
+        buttons->style()->subControlRect(QStyle::CC_MdiControls, &bar, QStyle::SC_MdiCloseButton, buttons);
+    ASSERT_TRUE(cross.isValid());
+    ClickOn(frame->window(), buttons->mapTo(frame->window(), cross.center()));
 }
 
 void CloseBySystemMenu(const Screen* screen)
@@ -163,6 +193,28 @@ TEST_F(LeavingScreens, TheCloseBoxTakesTheWholeScreenAway)
             ++left;
         }
     EXPECT_GE(left, 10);
+}
+
+TEST_F(LeavingScreens, TheCloseBoxInTheMenuBarTakesAScreenThatFillsTheWindowAway)
+{
+    Session().gblnPromptOnExit = true;
+    int filled = 0;
+    for (const QString& name : ScreenRegistry::Names()) {
+        if (OnlyExitLeaves(name) || !MayFillTheWindow(OpenOne(name))) {
+            if (Screen* fixed = ScreenRegistry::OpenInstance(name))
+                fixed->Unload();
+            Settle();
+            continue;
+        }
+        Prompts::AnswerWith([](Prompts::Kind, const QString&) { return false; });
+        ExpectAlive(name, &FillTheWindowAndClickCloseBox);
+        Prompts::AnswerWith([](Prompts::Kind, const QString&) { return true; });
+        ExpectGone(name, &FillTheWindowAndClickCloseBox);
+        const QWidget* buttons = window->menuBar()->cornerWidget();
+        EXPECT_TRUE(!buttons || !buttons->isVisible()) << name.toStdString();
+        ++filled;
+    }
+    EXPECT_GE(filled, 4);
 }
 
 TEST_F(LeavingScreens, TheSystemMenuTakesTheWholeScreenAway)
