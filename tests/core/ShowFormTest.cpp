@@ -189,6 +189,17 @@ TEST_F(MaximisedScreen, StaysSoBehindASmallFormThatKeepsItsSizeAndWhenItComesBac
     EXPECT_EQ(Frame(ranks)->size(), window->Area()->viewport()->size());
 }
 
+TEST_F(ShowFormTest, AnOpenScreenStaysInSightWhenTheWindowBecomesSmaller)
+{
+    window->setWindowState(Qt::WindowNoState);
+    window->resize(1920, 1080);
+    Settle();
+    const Screen* ranks = OpenScreen(QStringLiteral("frmRankCalculation"));
+    window->resize(800, 600);
+    Settle();
+    EXPECT_TRUE(window->Area()->viewport()->rect().contains(ranks->parentWidget()->geometry()));
+}
+
 TEST_F(ShowFormTest, ALongListOpensAsHighAsTheWindowLetsIt)
 {
     window->setWindowState(Qt::WindowNoState);

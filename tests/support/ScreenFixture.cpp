@@ -126,8 +126,6 @@ void ScreenFixture::ExpectToFit(const QString& formName)
 {
     window->setWindowState(Qt::WindowNoState);
     window->resize(800, 600);
-    // A screen that was open before may now reach out of the window, which takes room for scroll bars.
-    Settle();
     const Screen* form = OpenScreen(formName);
     ASSERT_NE(form, nullptr);
     EXPECT_TRUE(window->Area()->viewport()->rect().contains(form->parentWidget()->geometry()));

@@ -2,8 +2,11 @@
 
 #include "core/look/Look.h"
 
+#include <QMdiSubWindow>
 #include <QPainter>
 #include <QPaintEvent>
+
+#include <algorithm>
 
 namespace tally {
 
@@ -34,6 +37,23 @@ void PictureArea::changeEvent(QEvent* event)
     QMdiArea::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         scaled_ = QPixmap();
+}
+
+void PictureArea::resizeEvent(QResizeEvent* event)
+{
+    QMdiArea::resizeEvent(event);
+    // The scroll bars change the viewport too, and while a screen is being moved nothing may push it back.
+    if (size() == sizeBefore_)
+        return;
+    sizeBefore_ = size();
+    const QSize room = maximumViewportSize();
+    for (QMdiSubWindow* frame : subWindowList()) {
+        if (frame->isMaximized())
+            continue;
+        frame->resize(frame->size().boundedTo(room));
+        frame->move(std::clamp(frame->x(), 0, std::max(0, room.width() - frame->width())),
+                    std::clamp(frame->y(), 0, std::max(0, room.height() - frame->height())));
+    }
 }
 
 void PictureArea::paintEvent(QPaintEvent* event)

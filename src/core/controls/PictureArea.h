@@ -6,7 +6,8 @@
 namespace tally {
 
 /// The area of the child windows with a picture behind them, scaled to cover it, and as in the evening where
-/// the palette is dark. Without a picture it shows the palette's window colour.
+/// the palette is dark. Without a picture it shows the palette's window colour. When it becomes smaller, the
+/// child windows stay in sight.
 class PictureArea : public QMdiArea
 {
     Q_OBJECT
@@ -21,11 +22,13 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     const QPixmap& Scaled();
 
     QPixmap picture_;
+    QSize sizeBefore_;
     QPixmap scaled_; ///< the picture at the size of the last painting
 };
 
