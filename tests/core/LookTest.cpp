@@ -13,11 +13,14 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QStyle>
 #include <QTest>
@@ -257,7 +260,8 @@ TEST_P(Look, TheTitlesOfChildWindowsCanBeRead)
     for (int child = 0; child < 2; ++child) {
         QMdiSubWindow* frame =
             area->addSubWindow(new QWidget, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                                                Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+                                                Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
+                                                Qt::WindowCloseButtonHint);
         frame->setWindowTitle(QStringLiteral("Rank List"));
         frame->setGeometry(0, child * 80, 200, 70);
         frame->show();
@@ -265,12 +269,43 @@ TEST_P(Look, TheTitlesOfChildWindowsCanBeRead)
     for (QMdiSubWindow* frame : area->subWindowList()) {
         area->setActiveSubWindow(frame);
         for (const QMdiSubWindow* shown : area->subWindowList()) {
-            const QImage title = Picture(shown, QRect(6, 6, 150, 14));
+            const QImage title = Picture(shown, QRect(30, 6, 110, 14));
             EXPECT_GE(Strongest(title), OfText) << (shown == frame ? "in front" : "behind");
-            const QImage close = Picture(shown, QRect(174, 4, 20, 18));
-            EXPECT_GE(Strongest(close), OfEdges) << (shown == frame ? "in front" : "behind");
+            // The buttons for the whole window and for closing stand at the right.
+            for (const int left : {154, 176}) {
+                const QImage button = Picture(shown, QRect(left, 5, 18, 16));
+                EXPECT_GE(Strongest(button), OfEdges) << (shown == frame ? "in front" : "behind");
+            }
         }
     }
+}
+
+TEST_P(Look, TheButtonsOfAScreenThatFillsTheWindowAreSeenInTheMenuBar)
+{
+    QMainWindow window;
+    auto* area = new QMdiArea;
+    window.setCentralWidget(area);
+    window.menuBar()->addMenu(QStringLiteral("Masters"));
+    area->addSubWindow(new QWidget)->showMaximized();
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    const QWidget* buttons = window.menuBar()->cornerWidget();
+    ASSERT_NE(buttons, nullptr);
+    const QImage bar = window.menuBar()->grab().toImage();
+    for (int button = 0; button < 3; ++button) {
+        const int third = buttons->width() / 3;
+        EXPECT_GE(Strongest(bar.copy(buttons->x() + button * third, buttons->y(), third, buttons->height())),
+                  OfEdges)
+            << button;
+    }
+}
+
+TEST_P(Look, TheHandleOfAScrollBarIsSeen)
+{
+    auto* bar = Show(new QScrollBar(Qt::Horizontal));
+    bar->setRange(0, 100);
+    bar->setValue(50);
+    EXPECT_GE(Strongest(Picture(bar, bar->rect().adjusted(30, 1, -30, -1))), OfEdges);
 }
 
 TEST_P(Look, EntriesOfMenusThatAreOffCanBeRead)

@@ -94,14 +94,43 @@ const QString StyleSheet = QStringLiteral(
 /// Light or dark as somebody has said; empty leaves it to the system's colours.
 std::optional<bool> chosenDark;
 
-/// The cross that closes a window, within `area`.
-void DrawCross(QPainter* painter, const QRectF& area, const QColor& color)
+/// The sign of a button in a title bar, around `middle`: a cross closes, a square fills, a square before
+/// another one gives the size before, a line puts away.
+void DrawTitleSign(QPainter* painter, QStyle::SubControl button, const QPointF& middle)
 {
     constexpr double Arm = 4;
-    const QPointF middle = area.center();
-    painter->setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap));
-    painter->drawLine(middle + QPointF(-Arm, -Arm), middle + QPointF(Arm, Arm));
-    painter->drawLine(middle + QPointF(-Arm, Arm), middle + QPointF(Arm, -Arm));
+    const QRectF square(middle - QPointF(Arm, Arm), QSizeF(2 * Arm, 2 * Arm));
+    switch (button) {
+    case QStyle::SC_TitleBarCloseButton:
+        painter->drawLine(square.topLeft(), square.bottomRight());
+        painter->drawLine(square.bottomLeft(), square.topRight());
+        break;
+    case QStyle::SC_TitleBarMaxButton: painter->drawRect(square); break;
+    case QStyle::SC_TitleBarNormalButton:
+        painter->drawRect(square.adjusted(0, 2, -2, 0));
+        painter->drawPolyline(QPolygonF{square.topLeft() + QPointF(2, 0), square.topRight(),
+                                        square.bottomRight() - QPointF(0, 2)});
+        break;
+    default: painter->drawLine(square.bottomLeft(), square.bottomRight());
+    }
+}
+
+/// Whether the title bar shows the button: what can be done to the window as it is.
+bool ShowsTitleButton(const QStyleOptionTitleBar* bar, QStyle::SubControl button)
+{
+    const auto can = [bar](Qt::WindowType hint) { return bar->titleBarFlags.testFlag(hint); };
+    const bool minimized = (bar->titleBarState & Qt::WindowMinimized) != 0;
+    const bool maximized = (bar->titleBarState & Qt::WindowMaximized) != 0;
+    if (!bar->subControls.testFlag(button))
+        return false;
+    switch (button) {
+    case QStyle::SC_TitleBarMaxButton: return can(Qt::WindowMaximizeButtonHint) && !maximized;
+    case QStyle::SC_TitleBarMinButton: return can(Qt::WindowMinimizeButtonHint) && !minimized;
+    case QStyle::SC_TitleBarNormalButton:
+        return (can(Qt::WindowMinimizeButtonHint) && minimized) ||
+               (can(Qt::WindowMaximizeButtonHint) && maximized);
+    default: return true;
+    }
 }
 
 /// Fusion in our colours, with what a clerk at a list of marks needs changed. Fusion takes its edges from the
@@ -184,7 +213,14 @@ public:
                 DrawTitleBar(bar, painter, widget);
             return;
         }
+        if (control == CC_MdiControls)
+            return DrawMenuBarButtons(option, painter, widget);
         QProxyStyle::drawComplexControl(control, option, painter, widget);
+        if (control == CC_ScrollBar) {
+            QStyleOption handle = *option;
+            handle.rect = proxy()->subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget);
+            DrawEdge(&handle, painter, FieldCorner, QPalette::Mid);
+        }
         const auto* list = qstyleoption_cast<const QStyleOptionComboBox*>(option);
         const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
         if ((list && list->frame) || (spin && spin->frame))
@@ -215,7 +251,39 @@ private:
         painter->restore();
     }
 
-    /// Title, icon and close box of a screen in the main window; Fusion writes white on whatever the accent
+    /// A button of a child window with its sign, lit under the mouse.
+    static void DrawWindowButton(const QStyleOption* option, QPainter* painter, const QRect& box, bool active,
+                                 SubControl sign, const QColor& color)
+    {
+        painter->setRenderHint(QPainter::Antialiasing);
+        if (active) {
+            QColor lit = color;
+            lit.setAlpha(option->state.testFlag(State_Sunken) ? 90 : 45);
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(lit);
+            painter->drawRoundedRect(box, FieldCorner, FieldCorner);
+        }
+        painter->setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap));
+        painter->setBrush(Qt::NoBrush);
+        DrawTitleSign(painter, sign, QRectF(box).center());
+    }
+
+    /// The buttons of a screen that fills the window, in the menu bar.
+    void DrawMenuBarButtons(const QStyleOptionComplex* option, QPainter* painter, const QWidget* widget) const
+    {
+        painter->save();
+        for (const auto& [button, sign] : {std::pair{SC_MdiMinButton, SC_TitleBarMinButton},
+                                           std::pair{SC_MdiNormalButton, SC_TitleBarNormalButton},
+                                           std::pair{SC_MdiCloseButton, SC_TitleBarCloseButton}})
+            if (option->subControls.testFlag(button))
+                DrawWindowButton(option, painter,
+                                 proxy()->subControlRect(CC_MdiControls, option, button, widget),
+                                 option->activeSubControls.testFlag(button), sign,
+                                 QApplication::palette().color(QPalette::WindowText));
+        painter->restore();
+    }
+
+    /// Title, icon and buttons of a screen in the main window; Fusion writes white on whatever the accent
     /// is.
     void DrawTitleBar(const QStyleOptionTitleBar* bar, QPainter* painter, const QWidget* widget) const
     {
@@ -230,16 +298,12 @@ private:
         };
         if ((bar->subControls & SC_TitleBarSysMenu) != 0)
             bar->icon.paint(painter, part(SC_TitleBarSysMenu));
-        if ((bar->subControls & SC_TitleBarCloseButton) != 0) {
-            const QRect box = part(SC_TitleBarCloseButton);
-            if ((bar->activeSubControls & SC_TitleBarCloseButton) != 0) {
-                QColor lit = text;
-                lit.setAlpha((bar->state & State_Sunken) != 0 ? 90 : 45);
-                painter->setPen(Qt::NoPen);
-                painter->setBrush(lit);
-                painter->drawRoundedRect(box, FieldCorner, FieldCorner);
-            }
-            DrawCross(painter, box, text);
+        for (const SubControl button :
+             {SC_TitleBarMinButton, SC_TitleBarNormalButton, SC_TitleBarMaxButton, SC_TitleBarCloseButton}) {
+            if (!ShowsTitleButton(bar, button))
+                continue;
+            DrawWindowButton(bar, painter, part(button), bar->activeSubControls.testFlag(button), button,
+                             text);
         }
         const QRect room = part(SC_TitleBarLabel);
         painter->setPen(text);
