@@ -24,12 +24,6 @@ constexpr int SignificantDigits = 15;
 /// No written number is longer: 15 digits with sign, point and exponent.
 using Digits = std::array<char, 32>;
 
-enum class Tie
-{
-    Even,
-    AwayFromZero,
-};
-
 /// The digits of a number that has at most two decimals, both of them written.
 QString TwoDecimals(double value)
 {
@@ -55,8 +49,9 @@ QString Decimal(double value, int digits)
     return QString::fromLatin1(text.data(), end.ptr - text.data());
 }
 
-/// How many steps of `digits` decimals `size` has, taken from the digits that people read. `size` is above 0.
-double StepsAsRead(double size, int digits, Tie tie)
+/// How many steps of `digits` decimals `size` has, a half counted up, taken from the digits that people read.
+/// `size` is above 0.
+double StepsAsRead(double size, int digits)
 {
     // "d.dddddddddddddde-XX": the first digit moves behind the point, and the digits are a whole number.
     Digits text{};
@@ -76,15 +71,13 @@ double StepsAsRead(double size, int digits, Tie tie)
     if (surplus > SignificantDigits)
         return 0;
     const auto unit = static_cast<qint64>(PowerOfTen(surplus));
-    const qint64 whole = read / unit;
-    const qint64 twiceRest = read % unit * 2;
-    const bool up = twiceRest > unit || (twiceRest == unit && (tie == Tie::AwayFromZero || whole % 2 != 0));
-    return static_cast<double>(whole + (up ? 1 : 0));
+    const bool up = read % unit * 2 >= unit;
+    return static_cast<double>(read / unit + (up ? 1 : 0));
 }
 
 /// The nearest number with `digits` decimals. A half is what people read as one: 2.675 is, although its
 /// binary form lies a hair below.
-double Nearest(double value, int digits, Tie tie)
+double HalfAwayFromZero(double value, int digits)
 {
     const double size = std::abs(value);
     if (!(size < LargestWhole))
@@ -96,7 +89,7 @@ double Nearest(double value, int digits, Tie tie)
     // What lies farther from a half than its last digit read can move it need not be read.
     constexpr double LastDigit = 1e-14;
     const bool plain = std::abs(rest - 0.5) > scaled * LastDigit;
-    const double steps = plain ? whole + (rest > 0.5 ? 1 : 0) : StepsAsRead(size, digits, tie);
+    const double steps = plain ? whole + (rest > 0.5 ? 1 : 0) : StepsAsRead(size, digits);
     return std::copysign(steps / scale, value);
 }
 
@@ -104,7 +97,10 @@ double Nearest(double value, int digits, Tie tie)
 
 double Round(double value, int digits)
 {
-    return Nearest(value, digits, Tie::Even);
+    if (!(std::abs(value) < LargestWhole))
+        return value;
+    const double scale = PowerOfTen(digits);
+    return std::nearbyint(value * scale) / scale;
 }
 
 int ToWhole(double value)
@@ -115,7 +111,7 @@ int ToWhole(double value)
 
 QString Format0(double value)
 {
-    return Decimal(Nearest(value, 0, Tie::AwayFromZero) + 0.0, 0);
+    return Decimal(HalfAwayFromZero(value, 0) + 0.0, 0);
 }
 
 QString Format2(double value)
@@ -125,7 +121,7 @@ QString Format2(double value)
 
 double AsFormat2(double value)
 {
-    return Nearest(value, 2, Tie::AwayFromZero);
+    return HalfAwayFromZero(value, 2);
 }
 
 double Val(const QString& text)

@@ -4,12 +4,15 @@
 
 namespace tally {
 
-/// How the program counts and writes marks. No screen formats a number by itself. A half is one as people
-/// read it, in 15 significant digits: 70.015 is a half of a hundredth although its binary form lies a hair
-/// below. Numbers from 1e15 on, which no mark or total reaches, are left as they are and written with an
-/// exponent.
+/// How the program counts and writes marks. No screen formats a number by itself. Numbers from 1e15 on, which
+/// no mark or total reaches, are left as they are and written with an exponent.
+///
+/// What is written counts a half as people read it, in 15 significant digits: 70.015 is a half of a hundredth
+/// although its binary form lies a hair below. What is computed takes the number as it is: the ranks of years
+/// ago come out the same again.
 
-/// Rounds to `digits` decimals (0 to 15), a half to the even neighbour.
+/// Rounds to `digits` decimals (0 to 15), a half to the even neighbour. The scaled number decides: 109 of 200
+/// is 54.50000000000001 percent and becomes 55.
 double Round(double value, int digits);
 /// A mark as a whole number, a half to the even neighbour; the nearest that an int holds.
 int ToWhole(double value);
