@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <array>
 
 namespace tally::test {
@@ -105,6 +106,7 @@ protected:
     {
         constexpr int FewestRounds = 3;
         constexpr qint64 PatienceInMs = 240000;
+        const qint64 milliseconds = qint64{1000} * seconds;
         std::array<ListClient, Clients> clients;
         const auto start = [&](std::size_t number) {
             clients.at(number).Start(Folder(), static_cast<int>(number) + 1);
@@ -121,8 +123,8 @@ protected:
             return std::any_of(clients.begin(), clients.end(),
                                [](const ListClient& client) { return client.rounds < FewestRounds; });
         };
-        while (worked.elapsed() < seconds * 1000 || busy()) {
-            ASSERT_LT(worked.elapsed(), seconds * 1000 + PatienceInMs) << "a client stands still";
+        while (worked.elapsed() < milliseconds || busy()) {
+            ASSERT_LT(worked.elapsed(), milliseconds + PatienceInMs) << "a client stands still";
             for (ListClient& client : clients) {
                 client.Listen();
                 ASSERT_TRUE(client.IsRunning());
