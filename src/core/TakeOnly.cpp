@@ -90,21 +90,28 @@ public:
 protected:
     bool eventFilter(QObject* receiver, QEvent* event) override
     {
-        if (field_->isReadOnly())
-            return false;
-        if (event->type() == QEvent::KeyPress)
-            return Type(static_cast<QKeyEvent*>(event));
-        if (receiver != field_)
-            return false;
-        switch (event->type()) {
-        case QEvent::MouseButtonRelease: return Click(static_cast<QMouseEvent*>(event));
-        case QEvent::ContextMenu: return OpenMenu(static_cast<QContextMenuEvent*>(event));
-        case QEvent::Drop: return Drop(static_cast<QDropEvent*>(event));
-        default: return false;
-        }
+        // A field that is being destroyed still gets events, such as the loss of its focus.
+        const bool isKey = event->type() == QEvent::KeyPress;
+        return (isKey || (receiver == field_ && IsByMouse(event))) && !field_->isReadOnly() && Take(event);
     }
 
 private:
+    static bool IsByMouse(const QEvent* event)
+    {
+        return event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::ContextMenu ||
+               event->type() == QEvent::Drop;
+    }
+
+    bool Take(QEvent* event)
+    {
+        switch (event->type()) {
+        case QEvent::KeyPress: return Type(static_cast<QKeyEvent*>(event));
+        case QEvent::MouseButtonRelease: return Click(static_cast<QMouseEvent*>(event));
+        case QEvent::ContextMenu: return OpenMenu(static_cast<QContextMenuEvent*>(event));
+        default: return Drop(static_cast<QDropEvent*>(event));
+        }
+    }
+
     bool Type(const QKeyEvent* key)
     {
         if (key->matches(QKeySequence::Paste)) {
