@@ -71,8 +71,9 @@ double StepsAsRead(double size, int digits)
     if (surplus > SignificantDigits)
         return 0;
     const auto unit = static_cast<qint64>(PowerOfTen(surplus));
+    const qint64 whole = read / unit;
     const bool up = read % unit * 2 >= unit;
-    return static_cast<double>(read / unit + (up ? 1 : 0));
+    return static_cast<double>(up ? whole + 1 : whole);
 }
 
 /// The nearest number with `digits` decimals. A half is what people read as one: 2.675 is, although its
