@@ -217,7 +217,8 @@ public:
             return DrawMenuBarButtons(option, painter, widget);
         QProxyStyle::drawComplexControl(control, option, painter, widget);
         if (control == CC_ScrollBar) {
-            QStyleOption handle = *option;
+            QStyleOption handle;
+            handle.palette = option->palette;
             handle.rect = proxy()->subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget);
             DrawEdge(&handle, painter, FieldCorner, QPalette::Mid);
         }
