@@ -1,3 +1,6 @@
+#ifdef QT_DBUS_LIB
+#include "app/DesktopColors.h"
+#endif
 #include "app/Screens.h"
 #include "core/frmSplash.h"
 #include "core/look/Look.h"
@@ -29,6 +32,9 @@ int main(int argc, char** argv)
             // The window comes up before the disk is touched.
             QTimer::singleShot(0, &application, &ClearDeadExports);
         }
+#ifdef QT_DBUS_LIB
+        const DesktopColors colors(QDBusConnection::sessionBus());
+#endif
         result = QApplication::exec();
     }
     delete mdiTallyboard::Instance();
