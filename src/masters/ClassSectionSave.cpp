@@ -201,9 +201,8 @@ void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid,
     transaction.Commit();
 }
 
-QStringList SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode)
+void SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode, QStringList& kept)
 {
-    QStringList kept;
     MissingRows missing;
     {
         store::Transaction transaction(connection);
@@ -212,17 +211,16 @@ QStringList SaveEditedClasses(store::Connection& connection, ClassSectionGrid& g
         // Read before the commit: a failure to read must not come when the work is stored already.
         missing = FindMissing(connection, grid);
         transaction.Commit();
-        kept = Kept(plan);
+        kept += Kept(plan);
     }
     if (missing.classes.empty() && missing.divisions.empty())
-        return kept;
+        return;
     store::Transaction transaction(connection);
     for (const ClassRecord& record : missing.classes)
         ClassSectionRepository::InsertClass(transaction, record, userCode);
     for (const ClassDivision& division : missing.divisions)
         ClassSectionRepository::InsertDivision(transaction, division);
     transaction.Commit();
-    return kept;
 }
 
 } // namespace tally

@@ -29,10 +29,12 @@ ClassRecord RecordOf(const ClassRow& row);
 /// Stores the first classes of a school. Throws StoreError; then nothing is stored.
 void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid, int userCode);
 
-/// Makes the database agree with the grid as far as nothing else refers to what would go. Gives what was kept
-/// for that reason, in sentences that the user is to be told; mostly none. Throws StoreError. What is missing
-/// then is put back in a second transaction; when that fails, what the first one stored stays. Nothing is
-/// read once something is stored.
-QStringList SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode);
+/// Makes the database agree with the grid as far as nothing else refers to what would go, and puts what is
+/// missing then back in a second transaction. Adds to `kept` what stayed for that reason, in sentences that
+/// the user is to be told; mostly none. Throws StoreError: when the second transaction fails, what the first
+/// one stored stays and `kept` tells of it; when the first one fails, nothing is stored and `kept` is as it
+/// was. Nothing is read once something is stored.
+void SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode,
+                       QStringList& kept);
 
 } // namespace tally

@@ -207,14 +207,19 @@ void frmMasClassSectionEntry::cmdSave_Click()
         return;
     }
     QStringList kept;
+    const auto tellKept = [&kept] {
+        for (const QString& sentence : std::as_const(kept))
+            Prompts::Information(sentence);
+    };
     try {
         const int userCode = Session().gintUserCode;
         if (editing_)
-            kept = SaveEditedClasses(*Session().gcnnMain, classes_, userCode);
+            SaveEditedClasses(*Session().gcnnMain, classes_, userCode, kept);
         else
             SaveNewClasses(*Session().gcnnMain, classes_, userCode);
     } catch (const store::StoreError& error) {
         ShowClasses();
+        tellKept();
         // Another client's save is over in a moment, so what was entered stays for a second try.
         Prompts::Critical(TextOf(error, Conflict::DataIsInUse));
         if (error.IsConflict())
@@ -222,8 +227,7 @@ void frmMasClassSectionEntry::cmdSave_Click()
         return;
     }
     AfterCommit([&] {
-        for (const QString& sentence : std::as_const(kept))
-            Prompts::Information(sentence);
+        tellKept();
         Read([this] { ReArrangeClassOrder(); });
         Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
         cmdCancel_Click();

@@ -406,6 +406,23 @@ TEST_F(ClassSectionEntry, ARefusalOfTheSecondTransactionLeavesWhatTheFirstOneSto
     EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
 }
 
+TEST_F(ClassSectionEntry, ARefusalOfTheSecondTransactionComesBehindWhatTheFirstOneKept)
+{
+    GivenClass(1, QStringLiteral("XII"), 1, 1);
+    GivenClass(2, QStringLiteral("XI"), 1, 2);
+    GivenClass(3, QStringLiteral("X"), 2, 3);
+    GivenStudentIn(3, 2);
+    Edit();
+    Click(classes, 3, 2);
+    QTest::keyClicks(txtNoOfDivisions, QStringLiteral("1"));
+    DeleteRow(1);
+    prompts.ExpectInformation(
+        QStringLiteral("This Division X - B Is Used In Other Entry Screen(s). So You Cannot Delete"));
+    prompts.ExpectCritical(QString::fromLatin1(DataInUse));
+    Press(Button("cmdSave"));
+    EXPECT_EQ(StoredDivisions(3), "1A 2B");
+}
+
 TEST_F(ClassSectionEntry, AFaultInReadingBackWhatIsSavedSaysThatItIsSavedAndOffersNoNewEntry)
 {
     GivenThreeClasses();

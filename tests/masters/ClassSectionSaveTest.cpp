@@ -63,11 +63,7 @@ protected:
                       divisionCode);
     }
 
-    void Save()
-    {
-        for (const QString& sentence : SaveEditedClasses(store, grid, Clerk))
-            told.push_back(sentence.toStdString());
-    }
+    void Save() { SaveEditedClasses(store, grid, Clerk, told); }
 
     /// "code name count order" of each class in its order.
     std::string Classes()
@@ -92,7 +88,7 @@ protected:
 
     store::Connection store = DeliveredMainStore();
     ClassSectionGrid grid;
-    std::vector<std::string> told;
+    QStringList told;
 };
 
 TEST_F(ClassSectionSaveTest, TheRowThatStandsForNoClassIsNeverListedNorChanged)
@@ -194,8 +190,9 @@ TEST_F(ClassSectionSaveTest, AFreeLastDivisionGoesAndAUsedOneBeforeItIsReportedA
     Tie("StudentClassDivision", 1, 3);
     grid.SetNoOfDivisions(1, QStringLiteral("2"));
     Save();
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_EQ(told[0], "This Division XII - C Is Used In Other Entry Screen(s). So You Cannot Delete");
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_EQ(told[0].toStdString(),
+              "This Division XII - C Is Used In Other Entry Screen(s). So You Cannot Delete");
     EXPECT_EQ(Classes(), "1 XII 3 1;");
     EXPECT_EQ(Divisions(1), "1A 2B 3C");
     EXPECT_EQ(grid.Row(1).noOfDivisions.toStdString(), "3");
@@ -208,8 +205,9 @@ TEST_F(ClassSectionSaveTest, AUsedLastDivisionKeepsTheFreeOneBeforeItUnreported)
     Tie("StudentClassDivision", 1, 4);
     grid.SetNoOfDivisions(1, QStringLiteral("2"));
     Save();
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_EQ(told[0], "This Division XII - D Is Used In Other Entry Screen(s). So You Cannot Delete");
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_EQ(told[0].toStdString(),
+              "This Division XII - D Is Used In Other Entry Screen(s). So You Cannot Delete");
     EXPECT_EQ(Classes(), "1 XII 4 1;");
     EXPECT_EQ(Divisions(1), "1A 2B 3C 4D");
 }
@@ -223,8 +221,9 @@ TEST_P(BlockedByTest, ADivisionInUseStays)
     Tie(GetParam(), 1, 2);
     grid.SetNoOfDivisions(1, QStringLiteral("1"));
     Save();
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_EQ(told[0], "This Division XII - B Is Used In Other Entry Screen(s). So You Cannot Delete");
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_EQ(told[0].toStdString(),
+              "This Division XII - B Is Used In Other Entry Screen(s). So You Cannot Delete");
     EXPECT_EQ(Divisions(1), "1A 2B");
     EXPECT_EQ(Classes(), "1 XII 2 1; 2 XI 2 2;");
 }
@@ -241,8 +240,8 @@ TEST_F(ClassSectionSaveTest, AllBlockedDivisionsAreToldTogether)
     grid.SetNoOfDivisions(1, QStringLiteral("1"));
     grid.SetNoOfDivisions(2, QStringLiteral("1"));
     Save();
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_EQ(told[0],
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_EQ(told[0].toStdString(),
               "This Division XII - B, XI - C Is Used In Other Entry Screen(s). So You Cannot Delete");
 }
 
@@ -268,8 +267,9 @@ TEST_F(ClassSectionSaveTest, AClassWithStudentsStaysAndIsTold)
     grid.DeleteRow(3);
     grid.DeleteRow(2);
     Save();
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_EQ(told[0], "The Class XI, X Is Used In Other Entry Screen(s). So You Cannot Delete");
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_EQ(told[0].toStdString(),
+              "The Class XI, X Is Used In Other Entry Screen(s). So You Cannot Delete");
     EXPECT_EQ(Classes(), "1 XII 1 1; 2 XI 2 2; 3 X 1 3;");
     EXPECT_EQ(Divisions(2), "1A 2B");
 }
@@ -302,9 +302,9 @@ TEST_F(ClassSectionSaveTest, BlockedDivisionsAreToldBeforeBlockedClasses)
     grid.SetNoOfDivisions(1, QStringLiteral("1"));
     grid.DeleteRow(2);
     Save();
-    ASSERT_EQ(told.size(), 2U);
-    EXPECT_EQ(told[0].substr(0, 14), "This Division ");
-    EXPECT_EQ(told[1].substr(0, 10), "The Class ");
+    ASSERT_EQ(told.size(), 2);
+    EXPECT_EQ(told[0].left(14).toStdString(), "This Division ");
+    EXPECT_EQ(told[1].left(10).toStdString(), "The Class ");
 }
 
 TEST_F(ClassSectionSaveTest, AClassThatAnotherClientDeletedMeanwhileIsThereAgain)
@@ -326,8 +326,8 @@ TEST_F(ClassSectionSaveTest, AClassThatAnotherClientAddedMeanwhileGoesUnlessItHa
     Tie("StudentClassDivision", 9, 1);
     Save();
     EXPECT_EQ(Classes(), "1 XII 1 1; 9 IX 1 4;");
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_EQ(told[0], "The Class IX Is Used In Other Entry Screen(s). So You Cannot Delete");
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_EQ(told[0].toStdString(), "The Class IX Is Used In Other Entry Screen(s). So You Cannot Delete");
 }
 
 TEST_F(ClassSectionSaveTest, WhenTheSecondTransactionFailsTheFirstOneStays)
@@ -338,6 +338,18 @@ TEST_F(ClassSectionSaveTest, WhenTheSecondTransactionFailsTheFirstOneStays)
     EXPECT_THROW(Save(), store::StoreError);
     EXPECT_EQ(Classes(), "1 XI 1 2;");
     EXPECT_EQ(store.TransactionDepth(), 0);
+    EXPECT_EQ(told, QStringList());
+}
+
+TEST_F(ClassSectionSaveTest, WhatWasKeptIsToldAlsoWhenTheSecondTransactionFails)
+{
+    GivenClasses({{1, "XII", 1, 1}, {2, "XI", 1, 2}, {3, "X", 2, 3}});
+    Tie("MarkMaster", 3, 2);
+    grid.SetNoOfDivisions(3, QStringLiteral("1"));
+    grid.DeleteRow(1);
+    EXPECT_THROW(Save(), store::StoreError);
+    EXPECT_EQ(told, QStringList(QStringLiteral(
+                        "This Division X - B Is Used In Other Entry Screen(s). So You Cannot Delete")));
 }
 
 TEST_F(ClassSectionSaveTest, OrderingByCodeNumbersTheClassesInTheOrderOfTheirCreation)
