@@ -79,6 +79,13 @@ TEST_F(mdiTallyboardTest, TheTimerRefreshesThePresenceRowOnceASecond)
     EXPECT_EQ(Count("SELECT count(*) FROM ExamBoardMaster WHERE Status = 'A'"), 1);
 }
 
+TEST_F(mdiTallyboardTest, TheTimerFillsAPresenceRowThatSaysNothing)
+{
+    Given("UPDATE ExamBoardMaster SET Status = NULL");
+    WaitForTick();
+    EXPECT_EQ(Count("SELECT count(*) FROM ExamBoardMaster WHERE Status = 'A'"), 1);
+}
+
 TEST_F(mdiTallyboardTest, ATickWithoutAPresenceRowFailsSilently)
 {
     Given("DELETE FROM ExamBoardMaster");
