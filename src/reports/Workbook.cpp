@@ -130,6 +130,7 @@ void Workbook::NewSheet()
     sheet_ = book_ ? workbook_add_worksheet(book_.get(), nullptr) : nullptr;
     if (sheet_ == nullptr)
         throw WorkbookError("The working file could not be made.");
+    sheetFiles_.emplace_back(sheet_->optimize_tmpfile);
     tallies_.emplace_back();
 }
 
@@ -224,7 +225,9 @@ void Workbook::SetUpPrint(const PrintSetup& setup)
 QString Workbook::Finish()
 {
     sheet_ = nullptr;
-    Check(workbook_close(book_.release()));
+    const lxw_error closed = workbook_close(book_.release());
+    sheetFiles_.clear();
+    Check(closed);
     // The library does not notice when the disk cuts one of its files short. The copy is written where every
     // error is seen, and is read back.
     QString path = WorkFile("workbook.xlsx");

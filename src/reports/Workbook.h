@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reports/SheetFile.h"
 #include "reports/WorkbookCheck.h"
 
 #include <QColor>
@@ -7,6 +8,7 @@
 #include <QString>
 
 #include <compare>
+#include <deque>
 #include <exception>
 #include <map>
 #include <memory>
@@ -137,6 +139,7 @@ private:
     QString WorkFile(const char* name) const;
 
     QString workFolder_;
+    std::deque<SheetFile> sheetFiles_; ///< outlive book_, which may still write to them
     std::unique_ptr<lxw_workbook, Free> book_;
     lxw_worksheet* sheet_ = nullptr;
     std::map<CellStyle, lxw_format*> formats_;

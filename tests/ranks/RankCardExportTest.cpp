@@ -6,6 +6,7 @@
 #include "reports/Workbook.h"
 #include "reports/WorkbookReader.h"
 #include "support/FileSizeLimit.h"
+#include "support/OpenFiles.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -405,6 +406,7 @@ TEST_F(RankCardExport, IsWholeOrToldAndGoneWhereverTheDiskEnds)
     }
     Fill(rows);
     const WorkbookReader whole = Exported();
+    const std::string open = OpenFiles();
     int told = 0;
     int made = 0;
     constexpr int Step = 7777;
@@ -418,6 +420,7 @@ TEST_F(RankCardExport, IsWholeOrToldAndGoneWhereverTheDiskEnds)
             EXPECT_TRUE(error.Description().contains(QStringLiteral("full"))) << bytes;
             EXPECT_TRUE(error.Description().contains(ExportFolder())) << bytes;
             EXPECT_EQ(FilesLeft(), QStringList()) << bytes;
+            ASSERT_EQ(OpenFiles(), open) << bytes;
             ++told;
             continue;
         }

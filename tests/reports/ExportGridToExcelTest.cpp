@@ -8,6 +8,7 @@
 #include "reports/Workbook.h"
 #include "reports/WorkbookReader.h"
 #include "support/FileSizeLimit.h"
+#include "support/OpenFiles.h"
 
 #include <QDate>
 #include <QDir>
@@ -487,14 +488,18 @@ TEST_F(Export, IsWholeOrToldAndGoneWhereverTheDiskEnds)
 {
     FillLargeList();
     const WorkbookReader whole = Exported();
+    // Small steps at first: there the disk ends between the many small parts of the workbook.
+    constexpr int SmallStep = 301;
     constexpr int Step = 2777;
-    for (int bytes = 0; bytes < 200'000; bytes += Step) {
+    const std::string open = OpenFiles();
+    for (int bytes = 0; bytes < 200'000; bytes += bytes < Step ? SmallStep : Step) {
         QDir(ExportFolder()).removeRecursively();
         {
             const FileSizeLimit full(static_cast<rlim_t>(bytes));
             ExportReport(grid_, Latin("Rank List"), Latin("Exam Name :Annual"));
         }
         ExpectWholeOrToldAndGone(whole, bytes);
+        ASSERT_EQ(OpenFiles(), open) << bytes << ": an open file goes on filling the disk";
     }
     EXPECT_TRUE(opened_.size() > 10 && toldOfFullDisk_ > 10) << "both sides of the edge were seen";
 }
@@ -503,6 +508,7 @@ TEST_F(Export, IsWholeOrToldAndGoneWhenTheDiskFillsAndFreesAgain)
 {
     FillLargeList();
     const WorkbookReader whole = Exported();
+    const std::string open = OpenFiles();
     for (int full = 0; full < 1000; full += 31) {
         QDir(ExportFolder()).removeRecursively();
         std::optional<FileSizeLimit> noRoom;
@@ -520,8 +526,24 @@ TEST_F(Export, IsWholeOrToldAndGoneWhenTheDiskFillsAndFreesAgain)
         });
         noRoom.reset();
         ExpectWholeOrToldAndGone(whole, full);
+        ASSERT_EQ(OpenFiles(), open) << full;
     }
     EXPECT_GT(toldOfFullDisk_, 10);
+}
+
+TEST_F(Export, KeepsNoFileOpenWhenItIsGivenUpOrHasNothingToWrite)
+{
+    const std::string open = OpenFiles();
+    const auto givenUp = [](Workbook& workbook) {
+        workbook.WriteText(0, 0, Latin("Asha"), {});
+        workbook.NewSheet();
+        workbook.WriteText(0, 0, Latin("Binu"), {});
+        throw WorkbookError("given up");
+    };
+    EXPECT_THROW(ExportWorkbook({Latin("Rank List"), {}}, givenUp), ExportError);
+    EXPECT_EQ(OpenFiles(), open);
+    ExportWorkbook({Latin("Rank List"), {}}, [](Workbook& workbook) { workbook.NewSheet(); });
+    EXPECT_EQ(OpenFiles(), open);
 }
 
 TEST_F(Export, TurnsSignsThatNoSheetCanHoldIntoBlanks)
