@@ -125,6 +125,11 @@ double AsFormat2(double value)
     return HalfAwayFromZero(value, 2);
 }
 
+void ExactSum::Add(double value)
+{
+    hundredths_ += std::round(value * 100);
+}
+
 double Val(const QString& text)
 {
     std::array<char, 64> digits{};

@@ -22,6 +22,18 @@ QString Format0(double value);
 QString Format2(double value);
 /// The number that Format2 writes.
 double AsFormat2(double value);
+/// The sum of marks or totals, which come with two decimals. It is counted in whole hundredths: added up over
+/// a class, the noise of the binary forms would reach the digits that decide a half.
+class ExactSum
+{
+public:
+    void Add(double value);
+    double Value() const { return hundredths_ / 100; }
+
+private:
+    double hundredths_ = 0; ///< whole, so that nothing is lost up to 9e13
+};
+
 /// The number that a text begins with, blanks skipped; 0 when it begins with none. Reads what is written
 /// here.
 double Val(const QString& text);

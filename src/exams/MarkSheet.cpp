@@ -165,14 +165,16 @@ MarkStep MarkSheet::Behind(int row) const
 
 QString MarkSheet::Average() const
 {
-    double sum = 0;
-    double outOf = 0;
+    ExactSum marks;
+    ExactSum maximums;
     for (const MarkRow& row : rows_) {
         if (row.IsAbsent())
             continue;
-        sum += row.Mark();
-        outOf += mode_ == MarkMode::Subject ? maximumMark_ : row.maximumMark;
+        marks.Add(row.Mark());
+        maximums.Add(mode_ == MarkMode::Subject ? maximumMark_ : row.maximumMark);
     }
+    const double sum = marks.Value();
+    const double outOf = maximums.Value();
     const bool subjectWithoutLimit = mode_ == MarkMode::Subject && maximumAllowed_ == 0;
     return sum == 0 || outOf == 0 || subjectWithoutLimit ? QString()
                                                          : PlainNumber(Round(sum / outOf * 100, 2));

@@ -17,7 +17,7 @@ constexpr int AverageFromEnd = 3;
 constexpr int RankFromEnd = 2;
 constexpr int GradeFromEnd = 1;
 
-/// Sum and count of the numbers above 0, which come with the two decimals that are written.
+/// Of the numbers above 0, each with the two decimals that are written.
 class ClassAverage
 {
 public:
@@ -25,15 +25,15 @@ public:
     {
         if (value <= 0)
             return;
-        sum_ += value;
+        sum_.Add(value);
         ++count_;
     }
 
     /// Empty when nothing counted.
-    QString Text() const { return count_ > 0 ? Format2(sum_ / count_) : QString(); }
+    QString Text() const { return count_ > 0 ? Format2(sum_.Value() / count_) : QString(); }
 
 private:
-    double sum_ = 0;
+    ExactSum sum_;
     int count_ = 0;
 };
 

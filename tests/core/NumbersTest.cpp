@@ -91,14 +91,47 @@ TEST(NumbersTest, AHalfIsOneAsItIsWrittenWhateverItsBinaryForm)
     EXPECT_EQ(Format2(0.00499999).toStdString(), "0.00");
 }
 
+/// The average of `count` marks, and what whole numbers alone make of it. `onAHalf` has the last mark bring
+/// an even count to a half of a hundredth.
+void ExpectExactAverage(RandomMarks& marks, std::int64_t count, bool onAHalf)
+{
+    ExactSum sum;
+    std::int64_t hundredths = 0;
+    for (std::int64_t number = 1; number <= count; ++number) {
+        std::int64_t mark = marks.Up(0, 10000);
+        if (onAHalf && number == count)
+            mark = (count / 2 - hundredths % count + count) % count;
+        sum.Add(static_cast<double>(mark) / 100);
+        hundredths += mark;
+    }
+    ASSERT_EQ(Format2(sum.Value() / static_cast<double>(count)), Hundredths(Quotient(hundredths, count)))
+        << hundredths << " hundredths over " << count;
+}
+
 TEST(NumbersTest, AveragesOfMarksAreThoseOfExactArithmetic)
 {
     RandomMarks marks;
-    for (int run = 0; run < 100000; ++run) {
-        const int count = static_cast<int>(marks.Up(1, 60));
-        const auto [sum, hundredths] = marks.Sum(count);
-        ASSERT_EQ(Format2(sum / count), Hundredths(Quotient(hundredths, count)))
-            << hundredths << " hundredths over " << count;
+    for (int run = 0; run < 100000 && !HasFatalFailure(); ++run)
+        ExpectExactAverage(marks, marks.Up(1, 60), false);
+    for (int run = 0; run < 300 && !HasFatalFailure(); ++run)
+        ExpectExactAverage(marks, marks.Up(1, 10000), false);
+}
+
+TEST(NumbersTest, AnAverageOnAHalfIsCountedUpHoweverManyMarksItIsOf)
+{
+    RandomMarks marks;
+    for (std::int64_t count = 2; count <= 1000 && !HasFatalFailure(); count += 2)
+        ExpectExactAverage(marks, count, true);
+    for (int run = 0; run < 300 && !HasFatalFailure(); ++run)
+        ExpectExactAverage(marks, marks.Up(1, 5000) * 2, true);
+}
+
+TEST(NumbersTest, ASumOfNumbersBeyondAllMarksIsBeyondThemToo)
+{
+    ExactSum sum;
+    for (const double value : {1e15, 1e300, std::numeric_limits<double>::max()}) {
+        sum.Add(value);
+        EXPECT_GE(sum.Value(), value);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "exams/MarkSheet.h"
 
+#include "core/Numbers.h"
+
 #include <gtest/gtest.h>
 #include <string>
 
@@ -173,6 +175,24 @@ TEST(MarkSheet, TheClassAverageIsOutOfTheMaximumMarkRoundedToTwoDecimals)
     halves.StartSubject({1, {}, 7, 999, 800});
     halves.SetMark(1, QStringLiteral("1"));
     EXPECT_EQ(halves.Average().toStdString(), "0.12") << "0.125: a half goes to the even neighbour";
+}
+
+TEST(MarkSheet, TheAverageOfALargeClassIsThatOfTheExactSum)
+{
+    constexpr int Students = 100;
+    MarkSheet sheet = SubjectSheet(Students);
+    for (int step = 1; step <= 400; ++step) {
+        int hundredths = 0;
+        for (int row = 1; row <= Students; ++row) {
+            const int mark = (row * 13 + step * 7) % 5000;
+            hundredths += mark;
+            sheet.SetMark(row, PlainNumber(mark / 100.0));
+        }
+        const double sum = hundredths / 100.0;
+        ASSERT_EQ(sheet.Average().toStdString(),
+                  PlainNumber(Round(sum / (Students * 100) * 100, 2)).toStdString())
+            << "step " << step;
+    }
 }
 
 TEST(MarkSheet, ThereIsNoAverageWithoutMarksPresencesOrLimits)

@@ -151,6 +151,40 @@ TEST(AverageRow, LeavesOutAbsencesZerosAndBlanks)
     EXPECT_EQ(view.Text(view.AverageRow(), 10), "");
 }
 
+struct AverageOnAHalf
+{
+    int marks;
+    std::int64_t hundredths; ///< of all marks together
+    const char* average;
+};
+
+class AverageOnAHalfTest : public testing::TestWithParam<AverageOnAHalf>
+{};
+
+TEST_P(AverageOnAHalfTest, IsCountedUpInALongListToo)
+{
+    const AverageOnAHalf& list = GetParam();
+    RankSchool school;
+    school.options.fractionMarks = true;
+    school.AddUsualDivision(1);
+    std::int64_t left = list.hundredths;
+    for (int student = 1; student < list.marks; ++student) {
+        // Never a mark whose binary form is exact.
+        const std::int64_t mark = list.hundredths / list.marks + student % 7 * 10 - 29;
+        school.AddMarkedStudent(QStringLiteral("Student %1").arg(student), {static_cast<double>(mark) / 100});
+        left -= mark;
+    }
+    school.AddMarkedStudent("Last", {static_cast<double>(left) / 100});
+    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    EXPECT_EQ(view.Text(view.AverageRow(), 5).toStdString(), list.average);
+    EXPECT_EQ(view.Text(view.AverageRow(), 6).toStdString(), list.average) << "the column of the totals";
+}
+
+INSTANTIATE_TEST_SUITE_P(Lists, AverageOnAHalfTest,
+                         testing::Values(AverageOnAHalf{80, 447400, "55.93"},
+                                         AverageOnAHalf{100, 504050, "50.41"},
+                                         AverageOnAHalf{400, 2010200, "50.26"}));
+
 TEST(AlphabeticView, MixesSmallAndCapitalLetters)
 {
     RankSchool school;
