@@ -11,8 +11,6 @@
 #include "core/TakeOnly.h"
 #include "ui_frmMasAcademicYearSetup.h"
 
-#include <QHeaderView>
-
 namespace tally {
 
 namespace {
@@ -211,9 +209,6 @@ void frmMasAcademicYearSetup::dgdDetails_DblClick(int row)
 void frmMasAcademicYearSetup::LoadGrid()
 {
     ui_->dgdDetails->Bind(Years().List(), {CodeHead});
-    // The two long heads need more than an equal share of the width.
-    for (const int column : {1, 2})
-        ui_->dgdDetails->horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
 }
 
 void frmMasAcademicYearSetup::ShowState(MasterState state)

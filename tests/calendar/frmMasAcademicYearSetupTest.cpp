@@ -7,7 +7,10 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 
 namespace tally::test {
 namespace {
@@ -15,6 +18,23 @@ namespace {
 const QString NoActiveYear = QStringLiteral("Atleast One Academic Year Should Have Active Status");
 const QString OpenedByAnother =
     QStringLiteral("This Screen Is Already Opened By Another User. So You Cannot Open This Screen");
+
+/// Counts how often a widget is painted.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget* widget) { widget->installEventFilter(this); }
+    int Count() const { return count_; }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count_ += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+private:
+    int count_ = 0;
+};
 
 class AcademicYearSetup : public CalendarFixture
 {
@@ -688,6 +708,38 @@ TEST_F(AcademicYearSetup, AnotherClientThatHoldsTheRowKeepsItShut)
     EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus"), 1);
     EXPECT_TRUE(MenusAre(true));
     EXPECT_FALSE(Session().gblnMenusLocked);
+}
+
+TEST_F(AcademicYearSetup, ARefusalStandsOverAWindowThatIsDrawn)
+{
+    GivenYear(1, 2007, "Y");
+    Start();
+    AnotherClient()->Execute(QStringLiteral("INSERT INTO ScreenStatus VALUES ('AcademicYearSetup')"));
+    bool drawn = false;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString&) {
+        const PaintCounter painted(window->Area()->subWindowList().constLast());
+        QTest::qWait(1);
+        drawn = painted.Count() > 0;
+        return true;
+    });
+    EXPECT_EQ(OpenScreen(QStringLiteral("frmMasAcademicYearSetup")), nullptr);
+    EXPECT_TRUE(drawn);
+}
+
+TEST_F(AcademicYearSetup, ShowsItsYearsWithoutCuttingThemOff)
+{
+    GivenYear(1, 2007, "Y");
+    GivenYear(2, 2008, "N");
+    OpenForm();
+    const auto* grid = Find<DataGrid>(form, "dgdDetails");
+    int width = 0;
+    for (int column = 1; column < grid->model()->columnCount(); ++column) {
+        const QString text = grid->model()->index(0, column).data().toString();
+        EXPECT_GE(grid->columnWidth(column), grid->fontMetrics().horizontalAdvance(text) + 8) << column;
+        EXPECT_GE(grid->columnWidth(column), grid->horizontalHeader()->sectionSizeHint(column)) << column;
+        width += grid->columnWidth(column);
+    }
+    EXPECT_EQ(width, grid->viewport()->width());
 }
 
 TEST_F(AcademicYearSetup, ARefusedClientWithoutAnActiveYearCanNotCloseIt)

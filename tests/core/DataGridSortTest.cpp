@@ -175,5 +175,25 @@ TEST_F(DataGridSort, AnEmptyListStandsClicksOnItsHeads)
     EXPECT_EQ(grid->RowCount(), 0);
 }
 
+TEST_F(DataGridSort, EachColumnHoldsItsTextsAndSharesWhatIsLeft)
+{
+    const QString longest = QStringLiteral("Thiruvananthapuram Venkatanarasimharajuvaripeta");
+    GridResult teachers = Teachers();
+    teachers.rows[2][1] = longest;
+    Bind(std::move(teachers));
+    const int needed = grid->fontMetrics().horizontalAdvance(longest);
+    EXPECT_GE(grid->columnWidth(1), needed);
+    EXPECT_GT(grid->columnWidth(1), grid->columnWidth(2));
+    const auto whole = [this] {
+        return grid->columnWidth(1) + grid->columnWidth(2) + grid->columnWidth(3) ==
+               grid->viewport()->width();
+    };
+    EXPECT_TRUE(whole());
+    form->resize(900, 300);
+    EXPECT_TRUE(whole());
+    form->resize(300, 300);
+    EXPECT_GE(grid->columnWidth(1), needed) << "what has no room is reached by scrolling";
+}
+
 } // namespace
 } // namespace tally::test

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QVBoxLayout>
 
 namespace tally::test {
@@ -85,6 +86,25 @@ TEST_F(GridCopy, CtrlAAndCtrlCTakeTheWholeListWithoutChoosingARow)
     QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(Copied(list), "Kochi\tKerala\nPanaji\tGoa");
     EXPECT_EQ(list->CurrentRow(), -1);
+}
+
+TEST_F(GridCopy, RowsPickedTogetherAreCopiedWithoutChoosingAny)
+{
+    BindCities({QStringLiteral("CityCode")});
+    QTest::keyClick(list, Qt::Key_Down);
+    const QSignalSpy entered(list, &DataGrid::RowEntered);
+    const QSignalSpy chosen(list, &DataGrid::RowDoubleClicked);
+    QTest::keyClick(list, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(list, Qt::Key_Return);
+    QTest::keyClick(list, Qt::Key_Home, Qt::ControlModifier);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(entered.size(), 0);
+    EXPECT_EQ(chosen.size(), 0);
+    EXPECT_EQ(Copied(list), "Kochi\tKerala\nPanaji\tGoa");
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(entered.size(), 1);
+    EXPECT_EQ(chosen.size(), 1);
 }
 
 TEST_F(GridCopy, ABlockOfCellsIsCopiedAsATable)

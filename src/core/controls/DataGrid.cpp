@@ -10,6 +10,12 @@
 
 namespace tally {
 
+namespace {
+
+constexpr int MeasuredRows = 200;
+
+} // namespace
+
 class DataGrid::Model : public QAbstractTableModel
 {
 public:
@@ -82,6 +88,8 @@ DataGrid::DataGrid(QWidget* parent) : Grid(parent), model_(new Model(this))
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    // More rows than anybody sees at once are not measured.
+    horizontalHeader()->setResizeContentsPrecision(MeasuredRows);
     horizontalHeader()->setStretchLastSection(false);
     horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
@@ -101,17 +109,39 @@ void DataGrid::Bind(GridResult result, const QStringList& hidden)
     sortByColumn(sortedBy, horizontalHeader()->sortIndicatorOrder());
     entered_ = QPersistentModelIndex();
     TakeEnter(false);
-    int lastVisible = -1;
-    for (int column = 0; column < heads.size(); ++column) {
-        const bool hide = hidden.contains(heads.at(column), Qt::CaseInsensitive);
-        setColumnHidden(column, hide);
-        if (!hide)
-            lastVisible = column;
-    }
-    // The columns share the width, so that none is cut off and no empty strip is left.
     for (int column = 0; column < heads.size(); ++column)
-        horizontalHeader()->setSectionResizeMode(column, column <= lastVisible ? QHeaderView::Stretch
-                                                                               : QHeaderView::Fixed);
+        setColumnHidden(column, hidden.contains(heads.at(column), Qt::CaseInsensitive));
+    MeasureColumns();
+    ShareWidth();
+}
+
+void DataGrid::MeasureColumns()
+{
+    needs_.clear();
+    for (int column = 0; column < model_->columnCount(); ++column)
+        if (!isColumnHidden(column))
+            needs_.emplace_back(
+                column, std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column)));
+}
+
+void DataGrid::ShareWidth()
+{
+    int spare = viewport()->width();
+    for (const auto& [column, need] : needs_)
+        spare -= need;
+    spare = std::max(spare, 0);
+    auto left = static_cast<int>(needs_.size());
+    for (const auto& [column, need] : needs_) {
+        const int share = spare / left--;
+        setColumnWidth(column, need + share);
+        spare -= share;
+    }
+}
+
+void DataGrid::resizeEvent(QResizeEvent* event)
+{
+    Grid::resizeEvent(event);
+    ShareWidth();
 }
 
 int DataGrid::RowCount() const
@@ -153,7 +183,7 @@ void DataGrid::TakeEnter(bool onRow)
 void DataGrid::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && property(TakesEnter).toBool() && CurrentRow() >= 0) {
+    if (enter && property(TakesEnter).toBool() && StandsOnOneRow()) {
         Q_EMIT RowDoubleClicked(CurrentRow());
         return;
     }
@@ -167,10 +197,16 @@ void DataGrid::mouseReleaseEvent(QMouseEvent* event)
     TellEntered();
 }
 
+bool DataGrid::StandsOnOneRow() const
+{
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.size() == 1 && rows.first().row() == CurrentRow();
+}
+
 void DataGrid::TellEntered()
 {
     const int row = CurrentRow();
-    if (row < 0 || row == entered_.row())
+    if (!StandsOnOneRow() || row == entered_.row())
         return;
     entered_ = currentIndex();
     Q_EMIT RowEntered(row);

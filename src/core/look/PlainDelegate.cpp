@@ -85,6 +85,12 @@ void PlainDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     }
 }
 
+QSize PlainDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const QString text = index.data(Qt::DisplayRole).toString();
+    return {option.fontMetrics.horizontalAdvance(text) + 2 * Margin, option.fontMetrics.height()};
+}
+
 void PlainDelegate::PaintText(QPainter* painter, const QRect& area, int alignment, const QString& text) const
 {
     const QStaticText laidOut = LaidOut(painter->font(), text);

@@ -21,6 +21,8 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
+    /// What the text takes on one line.
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
     void PaintText(QPainter* painter, const QRect& area, int alignment, const QString& text) const;
