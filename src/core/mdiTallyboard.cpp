@@ -111,6 +111,7 @@ mdiTallyboard::mdiTallyboard() : ui_(std::make_unique<Ui::mdiTallyboard>()), tmr
                 ForceFirstRun();
         },
         Qt::QueuedConnection);
+    connect(ui_->Area, &QMdiArea::subWindowActivated, this, &mdiTallyboard::ShowBoxesOfFront);
 
     for (QLabel*& panel : panels_) {
         panel = new QLabel(ui_->StatusBar1);
@@ -127,6 +128,8 @@ mdiTallyboard::mdiTallyboard() : ui_(std::make_unique<Ui::mdiTallyboard>()), tmr
 
 mdiTallyboard::~mdiTallyboard()
 {
+    // The area outlives what follows, and tells of each screen that goes with it.
+    ui_->Area->disconnect(this);
     if (instance == this)
         instance = nullptr;
 }
@@ -237,6 +240,16 @@ void mdiTallyboard::ForceFirstRun()
         Force(QStringLiteral("frmMasAcademicYearSetup"));
 }
 
+void mdiTallyboard::ShowBoxesOfFront()
+{
+    // The boxes in the menu bar belong to the screen that fills the window. Behind a form that has boxes of
+    // its own they would close what nobody means.
+    const QMdiSubWindow* front = ui_->Area->currentSubWindow();
+    for (const Qt::Corner corner : {Qt::TopLeftCorner, Qt::TopRightCorner})
+        if (QWidget* boxes = ui_->MenuBar->cornerWidget(corner))
+            boxes->setVisible(front && front->isMaximized());
+}
+
 void mdiTallyboard::Force(const QString& formName)
 {
     // A message box of the forced screen gives the activation back as well; the open screen keeps its focus
@@ -282,7 +295,11 @@ bool mdiTallyboard::RemovePresence()
         SessionRepository(*Session().gcnnMain).RemovePresence(transaction);
         transaction.Commit();
     } catch (const store::StoreError& error) {
-        Prompts::Critical(error.Description());
+        Prompts::Critical(
+            error.IsLocked()
+                ? error.Description()
+                : QStringLiteral("All Your Work Is Saved. Only Your Leaving Could Not Be Noted.\n") +
+                      error.Description());
         // The next start replaces a row that stays behind, so nobody is kept at work by a full disk, nor
         // twice by another client's save.
         return !error.IsLocked() || std::exchange(closeMetLock_, true);

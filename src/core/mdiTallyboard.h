@@ -63,6 +63,7 @@ private:
     void mnuClose_Click();
     /// False when the clerk was told that another client's save is in the way, and may try again.
     bool RemovePresence();
+    void ShowBoxesOfFront();
     /// Opens what a new system lacks: the school, then its academic year.
     void ForceFirstRun();
     void Force(const QString& formName);

@@ -43,9 +43,9 @@ QString PlainWords(int engineCode)
     case SQLITE_LOCKED:
         return QStringLiteral("The Data Is In Use By Another Client. Please Try Again In A Moment");
     case SQLITE_CONSTRAINT: return QStringLiteral("The Data Contradicts Other Data That Is Already Stored");
-    case SQLITE_FULL: return QStringLiteral("The Disk Is Full. Nothing Was Saved");
+    case SQLITE_FULL: return QStringLiteral("The Disk Is Full. This Was Not Saved");
     case SQLITE_READONLY:
-        return QStringLiteral("The Database Can Only Be Read, Not Written. Nothing Was Saved");
+        return QStringLiteral("The Database Can Only Be Read, Not Written. This Was Not Saved");
     case SQLITE_CANTOPEN: return QStringLiteral("The Database File Could Not Be Opened");
     case SQLITE_NOTADB:
         return QStringLiteral("This File Is Not A Database Of This Program, Or It Has Another Password");

@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QStyleOption>
 
 namespace tally::test {
@@ -187,6 +188,30 @@ TEST_F(MaximisedScreen, StaysSoBehindASmallFormThatKeepsItsSizeAndWhenItComesBac
     EXPECT_TRUE(Frame(ranks)->isMaximized());
     EXPECT_TRUE(ranks->isAncestorOf(QApplication::focusWidget()));
     EXPECT_EQ(Frame(ranks)->size(), window->Area()->viewport()->size());
+}
+
+TEST_F(MaximisedScreen, HasItsBoxesInTheMenuBarOnlyWhileItIsInFront)
+{
+    const QWidget* boxes = window->findChild<QMenuBar*>()->cornerWidget(Qt::TopRightCorner);
+    ASSERT_NE(boxes, nullptr);
+    EXPECT_TRUE(boxes->isVisible());
+    Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
+    EXPECT_FALSE(boxes->isVisible());
+    options->Unload();
+    Settle();
+    EXPECT_TRUE(boxes->isVisible());
+}
+
+TEST_F(ShowFormTest, WhoLeavesAScreenGoesOnInTheOneFromWhichItWasOpened)
+{
+    OpenScreen(QStringLiteral("frmRankCalculation"));
+    Screen* cities = OpenScreen(QStringLiteral("frmMasCityMaster"));
+    Screen* states = OpenScreen(QStringLiteral("frmMasStateMaster"));
+    states->Unload();
+    Settle();
+    EXPECT_EQ(window->Area()->activeSubWindow(), cities->parentWidget());
+    EXPECT_EQ(window->Area()->subWindowList(QMdiArea::StackingOrder).constLast(), cities->parentWidget());
+    EXPECT_TRUE(cities->isAncestorOf(QApplication::focusWidget()));
 }
 
 TEST_F(ShowFormTest, AnOpenScreenStaysInSightWhenTheWindowBecomesSmaller)

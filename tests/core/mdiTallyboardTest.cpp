@@ -225,7 +225,9 @@ TEST_F(mdiTallyboardTest, AFullDiskIsToldByCloseAndLetsTheClerkGo)
         EXPECT_EQ(boxes, QStringList()) << "a full disk is no matter of the clock's";
         window->MenuItem(QStringLiteral("mnuClose"))->trigger();
     }
-    EXPECT_EQ(boxes.size(), 2);
+    ASSERT_EQ(boxes.size(), 2);
+    EXPECT_TRUE(boxes.at(1).startsWith(QStringLiteral("All Your Work Is Saved. ")))
+        << boxes.at(1).toStdString();
     EXPECT_EQ(processEnds, 1);
     EXPECT_EQ(Session().gcnnMain, nullptr);
     EXPECT_FALSE(QDir(Folder() + QStringLiteral("/Temp")).exists());

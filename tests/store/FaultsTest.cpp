@@ -50,7 +50,7 @@ TEST(Faults, AFullDiskSaysSoAndKeepsTheOldRows)
             transaction.Commit();
         });
         ASSERT_TRUE(error);
-        EXPECT_TRUE(error->Description().startsWith(QLatin1String("The Disk Is Full. Nothing Was Saved")))
+        EXPECT_TRUE(error->Description().startsWith(QLatin1String("The Disk Is Full. This Was Not Saved")))
             << error->what();
         EXPECT_EQ(error->Kind(), ErrorKind::Other);
         EXPECT_EQ(connection.TransactionDepth(), 0);

@@ -23,6 +23,8 @@ PictureArea::PictureArea(QWidget* parent) : QMdiArea(parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     // A form of a few fields that opens over a list which fills the window keeps its own size.
     setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    // Who leaves a form goes on in the one from which it was opened.
+    setActivationOrder(QMdiArea::ActivationHistoryOrder);
 }
 
 void PictureArea::SetPicture(const QPixmap& picture)
