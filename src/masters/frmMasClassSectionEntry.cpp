@@ -228,7 +228,8 @@ void frmMasClassSectionEntry::cmdSave_Click()
     }
     AfterCommit([&] {
         tellKept();
-        Read([this] { ReArrangeClassOrder(); });
+        if (Read([this] { LoadData(); }))
+            ReArrangeClassOrder();
         Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
         cmdCancel_Click();
     });
@@ -320,13 +321,16 @@ void frmMasClassSectionEntry::LoadOldDetails()
 
 void frmMasClassSectionEntry::ReArrangeClassOrder()
 {
-    LoadData();
     if (!classes_.HasOrderTie())
         return;
-    store::Transaction transaction(*Session().gcnnMain);
-    ClassSectionRepository::OrderByCode(transaction);
-    transaction.Commit();
-    Prompts::Information(QStringLiteral("Re-Arrange Class Order"));
+    const auto error =
+        TryWrite([](store::Transaction& transaction) { ClassSectionRepository::OrderByCode(transaction); });
+    if (error)
+        Prompts::Critical(
+            QStringLiteral("The Classes Are Saved. Only Their Order Could Not Be Renumbered.\n") +
+            error->Description());
+    else
+        Prompts::Information(QStringLiteral("Re-Arrange Class Order"));
 }
 
 void frmMasClassSectionEntry::ShowClasses()

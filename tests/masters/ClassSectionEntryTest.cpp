@@ -449,7 +449,7 @@ TEST_F(ClassSectionEntry, AFaultInReadingBackWhatIsSavedSaysThatItIsSavedAndOffe
     EXPECT_EQ(ClassRowText(1), "1|12|2|1");
 }
 
-TEST_F(ClassSectionEntry, AFaultInRenumberingWhatIsSavedSaysThatItIsSaved)
+TEST_F(ClassSectionEntry, AFaultInRenumberingSaysThatOnlyTheOrderIsNotStored)
 {
     GivenClass(1, QStringLiteral("XII"), 1, 3);
     GivenClass(2, QStringLiteral("XI"), 1, 2);
@@ -465,8 +465,9 @@ TEST_F(ClassSectionEntry, AFaultInRenumberingWhatIsSavedSaysThatItIsSaved)
           " BEGIN SELECT RAISE(ABORT, 'no'); END");
     prompts.ExpectInformation(
         QStringLiteral("The Class XII Is Used In Other Entry Screen(s). So You Cannot Delete"));
+    prompts.ExpectCritical(QStringLiteral("The Classes Are Saved. Only Their Order Could Not Be Renumbered.\n"
+                                          "The Data Contradicts Other Data That Is Already Stored (no)"));
     prompts.ExpectInformation(QStringLiteral("Record Updated"));
-    prompts.ExpectSavedButNotReadAnew();
     Press(Button("cmdSave"));
     EXPECT_EQ(StoredDivisions(4), "1A");
     EXPECT_TRUE(IsEnabled("cmdEdit"));
