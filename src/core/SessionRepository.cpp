@@ -138,8 +138,8 @@ void SessionRepository::RefreshPresence(store::Transaction& transaction)
 {
     // A row that says so already is not written again: each second's write would wait for the disk, and fail
     // each second on one that is full.
-    transaction.Execute(
-        QStringLiteral("UPDATE ExamBoardMaster SET Status = 'A' WHERE BoardCode = 1 AND Status IS NOT 'A'"));
+    transaction.Execute(QStringLiteral("UPDATE ExamBoardMaster SET Status = 'A'"
+                                       " WHERE BoardCode = 1 AND (Status IS NULL OR Status <> 'A')"));
 }
 
 void SessionRepository::RemovePresence(store::Transaction& transaction)

@@ -68,6 +68,8 @@ void HideFolder([[maybe_unused]] const QString& folder)
 
 bool MakeFolder(const QString& folder)
 {
+    if (folder.isEmpty())
+        return false;
     if (QDir().mkdir(folder))
         HideFolder(folder);
     return IsPlainFolder(folder);

@@ -170,6 +170,8 @@ void frmStartLock::Unload()
 {
     unlocked_ = true;
     close();
+    // Not every window manager gives the keyboard back by itself when two windows go at once.
+    parentWidget()->activateWindow();
 }
 
 } // namespace tally

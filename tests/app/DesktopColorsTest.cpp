@@ -40,10 +40,11 @@ protected:
     void SetUp() override
     {
         server.setAnonymousAuthenticationAllowed(true);
-        QObject::connect(&server, &QDBusServer::newConnection, &server, [this](QDBusConnection client) {
-            desktop = std::make_unique<QDBusConnection>(client);
-            desktop->registerObject(Path, &portal, QDBusConnection::ExportScriptableContents);
-        });
+        QObject::connect(
+            &server, &QDBusServer::newConnection, &server, [this](const QDBusConnection& client) {
+                desktop = std::make_unique<QDBusConnection>(client);
+                desktop->registerObject(Path, &portal, QDBusConnection::ExportScriptableContents);
+            });
         bus = std::make_unique<QDBusConnection>(QDBusConnection::connectToPeer(server.address(), Name));
         ASSERT_TRUE(QTest::qWaitFor([this] { return desktop != nullptr; }));
     }
