@@ -9,11 +9,11 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace tally::test {
 namespace {
@@ -30,7 +30,9 @@ protected:
         auto* rows = new QVBoxLayout(form);
         for (QWidget* widget : {static_cast<QWidget*>(first), static_cast<QWidget*>(second)})
             rows->addWidget(widget);
+        rows->addStretch();
         new FormKeys(form);
+        form->resize(500, 200);
         form->show();
         QApplication::setActiveWindow(form);
         ASSERT_TRUE(QTest::qWaitForWindowActive(form));
@@ -44,6 +46,15 @@ protected:
         PressKey(form, key, modifier);
     }
 
+    static QRect PlaceOf(const QWidget* widget) { return {widget->mapToGlobal(QPoint()), widget->size()}; }
+    /// Where the note stands on the display; empty without one.
+    static QRect NotePlace()
+    {
+        for (const QWidget* widget : QApplication::allWidgets())
+            if (widget->objectName() == QStringLiteral("fieldHint") && widget->isVisible())
+                return PlaceOf(widget);
+        return {};
+    }
     std::string Hint() const { return FieldHintAt(first).toStdString(); }
 
     /// The fixture deletes all windows that a test leaves.
@@ -288,12 +299,38 @@ TEST_F(TakeOnlyTest, AHintTakesNeitherTheFocusNorTheWindowFromTheField)
 {
     TakeOnly(first, KeyAlpha, 30);
     Type(first, QStringLiteral("5"));
-    const auto* note = first->findChild<QLabel*>(QStringLiteral("fieldHint"));
-    ASSERT_NE(note, nullptr);
-    EXPECT_EQ(note->windowType(), Qt::ToolTip);
     EXPECT_EQ(QApplication::focusWidget(), first);
     EXPECT_EQ(QApplication::activeWindow(), form);
-    EXPECT_FALSE(note->geometry().intersects(QRect(first->mapToGlobal(QPoint(0, 0)), first->size())));
+    EXPECT_FALSE(NotePlace().intersects(PlaceOf(first)));
+}
+
+TEST_F(TakeOnlyTest, AHintLetsTheMouseThroughToWhatLiesBeneathIt)
+{
+    TakeOnly(first, KeyAlpha, 30);
+    Type(first, QStringLiteral("5"));
+    const QPoint spot = NotePlace().intersected(PlaceOf(second)).center();
+    ASSERT_TRUE(PlaceOf(second).contains(spot));
+    QWindow* hit = QGuiApplication::topLevelAt(spot);
+    ASSERT_NE(hit, nullptr);
+    QTest::mouseClick(hit, Qt::LeftButton, Qt::NoModifier, hit->mapFromGlobal(spot));
+    EXPECT_TRUE(second->hasFocus());
+    EXPECT_EQ(Hint(), "");
+}
+
+TEST_F(TakeOnlyTest, AHintStaysWithinTheWindowOfItsFieldAndShowsAllOfItsText)
+{
+    TakeOnly(second, KeyAlphaNumeric, 30);
+    form->resize(220, 200);
+    Type(second, QStringLiteral("!"));
+    const QRect narrow = NotePlace();
+    EXPECT_TRUE(PlaceOf(form).contains(narrow));
+    EXPECT_FALSE(narrow.intersects(PlaceOf(second)));
+    form->resize(700, 90);
+    Settle();
+    const QRect wide = NotePlace();
+    EXPECT_TRUE(PlaceOf(form).contains(wide));
+    EXPECT_FALSE(wide.intersects(PlaceOf(second))) << "it goes along with the field";
+    EXPECT_LT(wide.height(), narrow.height()) << "what has no room in one line goes on in the next";
 }
 
 TEST_F(TakeOnlyTest, ScreenReadersAreToldWhatAFieldTakesAndHearTheHint)

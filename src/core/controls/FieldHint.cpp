@@ -5,8 +5,9 @@
 #include <QEvent>
 #include <QLabel>
 #include <QPointer>
-#include <QScreen>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace tally {
 
@@ -15,22 +16,25 @@ namespace {
 /// Long enough to be read twice, short enough not to stand in the way.
 constexpr int ShownFor = 5000;
 
-/// The field is its parent, so that it goes with it at the latest.
+/// A part of the field's window and no window of its own: only so does the mouse reach what lies beneath it.
 class Note : public QLabel
 {
 public:
     Note(QWidget* field, const QString& text)
-        : QLabel(field, Qt::ToolTip), field_(field), description_(field->accessibleDescription())
+        : QLabel(field->window()), field_(field), description_(field->accessibleDescription())
     {
         setObjectName(QStringLiteral("fieldHint"));
-        setAttribute(Qt::WA_ShowWithoutActivating);
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setProperty("floating", true);
         setTextFormat(Qt::PlainText);
         setMargin(LookUnit / 2);
         setText(text);
         field->setAccessibleDescription(text);
-        field->installEventFilter(this);
+        // Nothing of the field may be asked once it is gone.
+        connect(field, &QObject::destroyed, this, [this] { delete this; });
+        for (QWidget* part = field; part != window(); part = part->parentWidget())
+            part->installEventFilter(this);
+        window()->installEventFilter(this);
         QTimer::singleShot(ShownFor, this, &Note::TakeAway);
         Place();
         show();
@@ -49,7 +53,9 @@ public:
 protected:
     bool eventFilter(QObject* receiver, QEvent* event) override
     {
-        if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide)
+        if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+            Place();
+        else if (receiver == field_ && (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide))
             TakeAway();
         return QLabel::eventFilter(receiver, event);
     }
@@ -57,14 +63,19 @@ protected:
 private:
     void Place()
     {
-        adjustSize();
-        const QRect display = field_->screen()->availableGeometry();
-        QRect place(field_->mapToGlobal(QPoint(0, field_->height() + 2)), size());
-        if (place.bottom() > display.bottom())
-            place.moveBottom(field_->mapToGlobal(QPoint(0, -2)).y());
-        if (place.right() > display.right())
-            place.moveRight(display.right());
-        move(place.topLeft());
+        constexpr int Away = 2;
+        constexpr int Margin = LookUnit / 2;
+        const QRect room = window()->rect().adjusted(Margin, Margin, -Margin, -Margin);
+        const QRect field(field_->mapTo(window(), QPoint()), field_->size());
+        setWordWrap(false);
+        const int width = std::min(sizeHint().width(), room.width());
+        setWordWrap(true);
+        QRect place(field.left(), field.bottom() + 1 + Away, width, heightForWidth(width));
+        if (place.bottom() > room.bottom())
+            place.moveBottom(field.top() - 1 - Away);
+        place.moveLeft(std::clamp(place.left(), room.left(), room.right() + 1 - width));
+        place.moveTop(std::max(place.top(), room.top()));
+        setGeometry(place);
     }
 
     QWidget* field_;
