@@ -24,38 +24,55 @@ namespace {
 constexpr const char* TakesProperty = "takes";
 
 /// Enter passes the filters as a key, but a pasted line break is no part of a text of one line.
-bool IsBreak(QChar letter)
+bool IsBreak(char32_t sign)
 {
-    return letter < QLatin1Char(' ') || letter == QChar::LineSeparator || letter == QChar::ParagraphSeparator;
+    return sign < U' ' || sign == QChar::LineSeparator || sign == QChar::ParagraphSeparator;
 }
 
-bool IsTaken(QChar letter, KeyFilter filter)
+bool IsTaken(char32_t sign, KeyFilter filter)
 {
-    return !IsBreak(letter) && filter(letter.unicode()) != 0;
+    return !IsBreak(sign) && filter(static_cast<int>(sign)) != 0;
 }
 
 QString Cleaned(QString text, KeyFilter filter)
 {
-    text.erase(std::remove_if(text.begin(), text.end(), [filter](QChar c) { return !IsTaken(c, filter); }),
+    text.erase(std::remove_if(text.begin(), text.end(),
+                              [filter](QChar unit) { return !IsTaken(unit.unicode(), filter); }),
                text.end());
     return text;
 }
 
+/// What a note has room for is shown, and that there was more.
+const QString AndSoOn = QStringLiteral(" ...");
+
 /// Each sign that is dropped once, in the order of the text; breaks at its ends are no part of what was
-/// meant.
+/// meant. The first few of another script say enough.
 QString DroppedSigns(const QString& text, KeyFilter filter)
 {
+    constexpr int MostSigns = 12;
     QStringList dropped;
-    for (const QChar letter : text.trimmed()) {
+    for (const char32_t letter : text.trimmed().toUcs4()) {
         if (IsTaken(letter, filter))
             continue;
         const QString sign = IsBreak(letter)  ? QStringLiteral("Line Break")
-                             : letter == u' ' ? QStringLiteral("Blank")
-                                              : QString(letter);
-        if (!dropped.contains(sign))
-            dropped.append(sign);
+                             : letter == U' ' ? QStringLiteral("Blank")
+                                              : QString::fromUcs4(&letter, 1);
+        if (dropped.contains(sign))
+            continue;
+        if (dropped.size() == MostSigns)
+            return dropped.join(QLatin1Char(' ')) + AndSoOn;
+        dropped.append(sign);
     }
     return dropped.join(QLatin1Char(' '));
+}
+
+/// The start of a text, shorter by one where half a sign would stand at its end.
+QString StartOf(const QString& text, qsizetype room)
+{
+    QString start = text.left(room);
+    if (!start.isEmpty() && start.back().isHighSurrogate())
+        start.chop(1);
+    return start;
 }
 
 /// A list has the focus in place of its field, and is what the user sees.
@@ -180,9 +197,7 @@ private:
         HideFieldHint(SeenAs(field_));
         const QString taken = Cleaned(text, filter_);
         const auto room = field_->maxLength() - (field_->text().size() - field_->selectedText().size());
-        QString kept = taken.left(room);
-        if (!kept.isEmpty() && kept.back().isHighSurrogate())
-            kept.chop(1);
+        const QString kept = StartOf(taken, room);
         if (!kept.isEmpty())
             field_->insert(kept);
         TellLeftOut(DroppedSigns(text, filter_), taken.mid(kept.size()));
@@ -222,7 +237,7 @@ private:
     static QString Shortened(const QString& text)
     {
         constexpr int ShownLetters = 30;
-        return text.size() <= ShownLetters ? text : text.left(ShownLetters) + QStringLiteral(" ...");
+        return text.size() <= ShownLetters ? text : StartOf(text, ShownLetters) + AndSoOn;
     }
 
     QString Takes() const { return field_->property(TakesProperty).toString(); }

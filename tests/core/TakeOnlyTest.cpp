@@ -185,6 +185,34 @@ TEST_F(TakeOnlyTest, APastedTextTellsWhichSignsWereLeftOut)
     EXPECT_EQ(Hint(), "Left Out : Line Break\n" + AlphaOnly.toStdString());
 }
 
+TEST_F(TakeOnlyTest, ASignOutsideTheUsualOnesIsToldAsTheOneSignThatItIs)
+{
+    TakeOnly(first, KeyAlpha, 30);
+    Paste(QString::fromUtf8("A😀B"));
+    EXPECT_EQ(first->text().toStdString(), "AB");
+    EXPECT_EQ(Hint(), "Left Out : 😀\n" + AlphaOnly.toStdString());
+}
+
+TEST_F(TakeOnlyTest, OfATextInAnotherScriptTheFirstSignsAreTold)
+{
+    TakeOnly(first, KeyAlpha, 30);
+    Paste(QString::fromUtf8("абвгдежзийкл"));
+    EXPECT_EQ(Hint(), "Left Out : а б в г д е ж з и й к л\n" + AlphaOnly.toStdString());
+    Paste(QString::fromUtf8("абвгдежзийклмно"));
+    EXPECT_EQ(Hint(), "Left Out : а б в г д е ж з и й к л ...\n" + AlphaOnly.toStdString());
+}
+
+TEST_F(TakeOnlyTest, NoSignIsCutInTwoWhereANoteShowsOnlyTheStartOfATextsEnd)
+{
+    TakeOnly(first, KeyAllButQuote, 4);
+    Paste(QString::fromUtf8("Hill Government Higher Secondary😀School"));
+    EXPECT_EQ(Hint(), "Left Out At The End :  Government Higher Secondary😀 ...\n"
+                      "Not More Than 4 Characters Can Be Entered Here");
+    Paste(QString::fromUtf8("Government Higher Secondary S😀ool"), Qt::Key_Insert, Qt::ShiftModifier);
+    EXPECT_EQ(Hint(), "Left Out At The End : Government Higher Secondary S ...\n"
+                      "Not More Than 4 Characters Can Be Entered Here");
+}
+
 TEST_F(TakeOnlyTest, APastedTextTellsWhatItsEndLost)
 {
     TakeOnly(first, KeyAlpha, 8);
