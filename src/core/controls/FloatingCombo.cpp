@@ -20,7 +20,6 @@ void FloatingCombo::OpenAt(int row, int col)
     opened_ = follower_.Grid()->TextMatrix(row, col).trimmed();
     Show(opened_);
     follower_.OpenAt(row, col);
-    lineEdit()->selectAll();
 }
 
 void FloatingCombo::Show(const QString& text)
