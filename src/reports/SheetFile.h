@@ -19,8 +19,7 @@ public:
 private:
     [[maybe_unused]] std::FILE* file_; ///< dangling where the library has closed it
     [[maybe_unused]] int number_ = -1; ///< the descriptor of `file_`
-    [[maybe_unused]] int second_ =
-        -1; ///< one more descriptor of the same file, so that no other file passes for it
+    [[maybe_unused]] int second_ = -1; ///< another one, so that no new file passes for this one
 };
 
 } // namespace tally

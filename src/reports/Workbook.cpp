@@ -1,5 +1,7 @@
 #include "reports/Workbook.h"
 
+#include "reports/WorkFolder.h"
+
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
@@ -30,7 +32,6 @@ constexpr const char* WidestFont = "Verdana";
 constexpr double WidestFontPoints = 10;
 constexpr double WidestDigit = 0.636 * WidestFontPoints;
 constexpr double LettersAround = 5.0 / 7;
-constexpr const char* Draft = "draft.xlsx";
 /// Grey, so that the lines lead the eye and the figures stand out.
 constexpr lxw_color_t LineColor = 0x808080;
 
@@ -94,7 +95,7 @@ Workbook::Workbook(const QString& workFolder, const Properties& properties) : wo
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
     options.tmpdir = folder.data();
-    book_.reset(workbook_new_opt(QFile::encodeName(WorkFile(Draft)).constData(), &options));
+    book_.reset(workbook_new_opt(QFile::encodeName(WorkFile(WorkFolder::Draft)).constData(), &options));
     NewSheet();
 
     QByteArray title = properties.title.toUtf8();
@@ -230,8 +231,8 @@ QString Workbook::Finish()
     Check(closed);
     // The library does not notice when the disk cuts one of its files short. The copy is written where every
     // error is seen, and is read back.
-    QString path = WorkFile("workbook.xlsx");
-    SaveCopy(WorkFile(Draft), path);
+    QString path = WorkFile(WorkFolder::Finished);
+    SaveCopy(WorkFile(WorkFolder::Draft), path);
     if (!IsWholeWorkbook(path, tallies_))
         throw WorkbookError("The workbook came out incomplete.");
     return path;

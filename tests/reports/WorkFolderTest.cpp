@@ -4,14 +4,21 @@
 #include "reports/ExportWorkbook.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QSysInfo>
 
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <cstring>
 #include <gtest/gtest.h>
-#include <memory>
+#include <sys/inotify.h>
+#include <thread>
+#include <unistd.h>
 
 namespace tally::test {
 namespace {
@@ -63,6 +70,75 @@ TEST_F(WorkFolders, GoWithTheirContentAtTheEndOfTheExport)
     EXPECT_EQ(Left(), QStringList());
 }
 
+/// The names to which `change` happened in the folder that `watch` is put on, in their order.
+QStringList Reported(int watch, std::uint32_t change)
+{
+    std::array<char, 4096> events{};
+    const ssize_t length = read(watch, events.data(), events.size());
+    QStringList names;
+    for (ssize_t at = 0; at < length;) {
+        inotify_event event{};
+        std::memcpy(&event, events.data() + at, sizeof event);
+        at += static_cast<ssize_t>(sizeof event);
+        if ((event.mask & change) != 0)
+            names += QString::fromUtf8(events.data() + at);
+        at += event.len;
+    }
+    return names;
+}
+
+TEST_F(WorkFolders, AreEmptiedBeforeTheirLockGoes)
+{
+    const int watch = inotify_init1(IN_NONBLOCK);
+    {
+        const WorkFolder work{QDir(home_.path())};
+        ASSERT_TRUE(work.IsValid());
+        for (const char* name : {"draft.xlsx", "workbook.xlsx", "tmp.a1B2c3D4e5"})
+            Write((QFileInfo(work.Path()).fileName() + u'/' + QLatin1String(name)).toUtf8().constData(),
+                  "rows");
+        ASSERT_GE(inotify_add_watch(watch, QFile::encodeName(work.Path()).constData(), IN_DELETE), 0);
+    }
+    const QStringList removed = Reported(watch, IN_DELETE);
+    close(watch);
+    ASSERT_EQ(removed.size(), 4);
+    EXPECT_EQ(removed.last(), QStringLiteral("in-use.lock"))
+        << "a program that is killed meanwhile leaves a folder that tells it is dead";
+    EXPECT_EQ(Left(), QStringList());
+}
+
+TEST_F(WorkFolders, AreMadeWhileOtherCopiesStart)
+{
+    // As a copy does that starts between the making of the folder and the taking of its lock.
+    const int watch = inotify_init1(0);
+    ASSERT_GE(inotify_add_watch(watch, QFile::encodeName(home_.path()).constData(), IN_CREATE), 0);
+    std::atomic<bool> done = false;
+    std::atomic<int> cleared = 0;
+    std::thread starting([&] {
+        while (!done) {
+            for (const QString& name : Reported(watch, IN_CREATE))
+                cleared += QDir().rmdir(home_.filePath(name)) ? 1 : 0;
+        }
+    });
+    constexpr int MostExports = 5000;
+    int notMade = 0;
+    for (int i = 0; i < MostExports && cleared < 3; ++i)
+        notMade += WorkFolder(QDir(home_.path())).IsValid() ? 0 : 1;
+    done = true;
+    Write("wake up", "");
+    starting.join();
+    close(watch);
+    EXPECT_GE(cleared, 3);
+    EXPECT_EQ(notMade, 0);
+    EXPECT_EQ(Left(), QStringList(QStringLiteral("wake up")));
+}
+
+TEST_F(WorkFolders, AreNotMadeWhereNothingCanBeWritten)
+{
+    Write("file", "text");
+    EXPECT_FALSE(WorkFolder(QDir(Path("file"))).IsValid());
+    EXPECT_EQ(Left(), QStringList(QStringLiteral("file")));
+}
+
 TEST_F(WorkFolders, OfAKilledProgramAreClearedAwayAndThoseOfALivingOneAreNot)
 {
     QProcess client;
@@ -99,6 +175,46 @@ TEST_F(WorkFolders, ThatDiedBeforeTheyWereLockedAreClearedAway)
     EXPECT_EQ(Left(), QStringList());
 }
 
+TEST_F(WorkFolders, ThatDiedWhileTheyWereLockedAreClearedAwayAfterAnHour)
+{
+    for (const char* name : {".export-aaaaaa", ".export-bbbbbb"}) {
+        ASSERT_TRUE(QDir(home_.path()).mkdir(QString::fromLatin1(name)));
+        Write((QByteArray(name) + "/in-use.lock").constData(), "");
+    }
+    QFile old(Path(".export-aaaaaa/in-use.lock"));
+    ASSERT_TRUE(old.open(QIODevice::ReadWrite));
+    constexpr int LongAgo = -3700;
+    ASSERT_TRUE(
+        old.setFileTime(QDateTime::currentDateTime().addSecs(LongAgo), QFileDevice::FileModificationTime));
+    old.close();
+    ClearDeadExports();
+    EXPECT_EQ(Left(), QStringList(QStringLiteral(".export-bbbbbb"))) << "it may just be getting its lock";
+}
+
+TEST_F(WorkFolders, ThatDiedWhileTheyWereClearedAreClearedAway)
+{
+    LeaveDead(".export-aaaaaa");
+    Write(".export-aaaaaa/workbook.xlsx", "a workbook");
+    Write(".export-aaaaaa/tmp.a1B2c3D4e5", "rows");
+    Write(".export-aaaaaa/in-use.lock.rmlock", "");
+    ASSERT_TRUE(QFile::remove(Path(".export-aaaaaa/in-use.lock")));
+    ClearDeadExports();
+    EXPECT_EQ(Left(), QStringList());
+}
+
+TEST_F(WorkFolders, ThatHoldWhatNoExportMakesAreNotTouched)
+{
+    ASSERT_TRUE(QDir(home_.path()).mkdir(QStringLiteral(".export-hidden")));
+    Write(".export-hidden/.mine", "a clerk's file");
+    LeaveDead(".export-aaaaaa");
+    Write(".export-aaaaaa/letter.odt", "a clerk's letter");
+    ClearDeadExports();
+    for (const char* name :
+         {".export-hidden/.mine", ".export-aaaaaa/letter.odt", ".export-aaaaaa/draft.xlsx"})
+        EXPECT_TRUE(QFile::exists(Path(name))) << name;
+    EXPECT_FALSE(QFile::exists(Path(".export-hidden/in-use.lock")));
+}
+
 TEST_F(WorkFolders, OnlyAreClearedAwayAndNoLinkIsFollowed)
 {
     ASSERT_TRUE(QDir(home_.path()).mkdir(QStringLiteral(".export-photos")));
@@ -107,8 +223,8 @@ TEST_F(WorkFolders, OnlyAreClearedAwayAndNoLinkIsFollowed)
     LeaveDead("elsewhere/.export-aaaaaa");
     ASSERT_TRUE(QFile::link(Path("elsewhere/.export-aaaaaa"), Path(".export-linked")));
     LeaveDead(".export-bbbbbb");
-    ASSERT_TRUE(QFile::link(Path("elsewhere"), Path(".export-bbbbbb/folder")));
-    ASSERT_TRUE(QFile::link(Path(".export-photos/photo.jpg"), Path(".export-bbbbbb/photo.jpg")));
+    ASSERT_TRUE(QFile::link(Path("elsewhere"), Path(".export-bbbbbb/tmp.folder")));
+    ASSERT_TRUE(QFile::link(Path(".export-photos/photo.jpg"), Path(".export-bbbbbb/workbook.xlsx")));
     Write("Rank List.xlsx", "a workbook");
     const QStringList before = Left();
 
