@@ -7,6 +7,13 @@
 #include <filesystem>
 #include <system_error>
 
+#ifdef Q_OS_WIN
+#include <io.h>
+#include <windows.h>
+#else
+#include <unistd.h>
+#endif
+
 namespace tally {
 
 namespace {
@@ -46,6 +53,17 @@ void RemoveOwnFolder(const QString& folder, const QStringList& files)
             QFile::remove(file);
     }
     QDir().rmdir(folder);
+}
+
+bool BringToDisk(QFile& file)
+{
+    if (!file.flush())
+        return false;
+#ifdef Q_OS_WIN
+    return FlushFileBuffers(reinterpret_cast<HANDLE>(_get_osfhandle(file.handle()))) != 0;
+#else
+    return fsync(file.handle()) == 0;
+#endif
 }
 
 bool MoveToFreeName(const QString& file, const QString& path)

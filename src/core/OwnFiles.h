@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+class QFile;
+
 namespace tally {
 
 /// How the program treats its own files in folders where other people write too: it removes and replaces
@@ -16,6 +18,9 @@ bool IsPlainFolder(const QString& path);
 bool IsFreeName(const QString& path);
 /// Removes the files of these names from the folder, and the folder when nothing else lies in it.
 void RemoveOwnFolder(const QString& folder, const QStringList& files);
+/// Waits until all that was written to the open `file` lies on the disk, where no power cut takes it. False
+/// when it could not be written there.
+bool BringToDisk(QFile& file);
 /// Gives `file` the name `path` within its own file system. False, and `file` keeps its name, when that name
 /// is taken, or the moment another program takes it: no file is ever replaced.
 bool MoveToFreeName(const QString& file, const QString& path);

@@ -1,10 +1,10 @@
 #include "reports/Workbook.h"
 
+#include "core/OwnFiles.h"
 #include "reports/WorkFolder.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <array>
@@ -78,12 +78,11 @@ void Check(lxw_error error)
 void SaveCopy(const QString& file, const QString& path)
 {
     QFile source(file);
-    QSaveFile copy(path);
-    if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly))
+    QFile copy(path);
+    if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         throw WorkbookError("The workbook could not be opened.");
     const QByteArray content = source.readAll();
-    // What only the commit finds no room for is not noticed there.
-    if (copy.write(content) != content.size() || !copy.flush() || !copy.commit())
+    if (copy.write(content) != content.size() || !BringToDisk(copy))
         throw WorkbookError("The workbook could not be saved.");
 }
 

@@ -12,12 +12,16 @@
 
 #include <QDate>
 #include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
+#include <QHash>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
+#include <cerrno>
 #include <gtest/gtest.h>
 #include <optional>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace tally::test {
@@ -28,6 +32,36 @@ QString Latin(const char* text)
 {
     return QString::fromUtf8(text);
 }
+
+/// What the disk was asked to take for good, and what it refuses.
+struct Disk
+{
+    QHash<QString, qint64> synced; ///< the size at that time, by the name of the file
+    QString fails;                 ///< the name of a file that it cannot take
+};
+
+Disk disk; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+
+} // namespace
+
+} // namespace tally::test
+
+/// Stands before the function of the system in this program.
+extern "C" int fsync(int descriptor)
+{
+    using tally::test::disk;
+    const QFileInfo file(QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(descriptor)));
+    if (file.fileName() == disk.fails) {
+        errno = EIO;
+        return -1;
+    }
+    disk.synced[file.fileName()] = file.size();
+    return static_cast<int>(syscall(SYS_fsync, descriptor));
+}
+
+namespace tally::test {
+
+namespace {
 
 /// A school, a folder for workbooks, and a spreadsheet program that remembers what it was asked to open.
 class Export : public testing::Test
@@ -529,6 +563,27 @@ TEST_F(Export, IsWholeOrToldAndGoneWhenTheDiskFillsAndFreesAgain)
         ASSERT_EQ(OpenFiles(), open) << full;
     }
     EXPECT_GT(toldOfFullDisk_, 10);
+}
+
+TEST_F(Export, LiesOnTheDiskBeforeItGetsItsName)
+{
+    Fill({"Name", "Asha"});
+    disk.synced.clear();
+    const QString path = ExportGridToExcel(grid_, 1, 0, Latin("Rank List"), QString());
+    ASSERT_TRUE(disk.synced.contains(Latin("workbook.xlsx")));
+    EXPECT_EQ(disk.synced[Latin("workbook.xlsx")], QFileInfo(path).size());
+}
+
+TEST_F(Export, IsToldAndGoneWhenTheDiskDoesNotTakeIt)
+{
+    Fill({"Name", "Asha"});
+    disk.fails = Latin("workbook.xlsx");
+    ExportReport(grid_, Latin("Rank List"), QString());
+    disk.fails.clear();
+    ASSERT_EQ(boxes_.size(), 1U);
+    EXPECT_EQ(boxes_[0].kind, Prompts::Kind::Critical);
+    EXPECT_EQ(FilesLeft(), QStringList());
+    EXPECT_TRUE(opened_.empty());
 }
 
 TEST_F(Export, KeepsNoFileOpenWhenItIsGivenUpOrHasNothingToWrite)
