@@ -180,7 +180,6 @@ void frmexammarkentry::TakeBack(int row)
         return;
     sheet_.PutBack(row, opened_);
     ShowRow(row);
-    ShowAverage();
 }
 
 void frmexammarkentry::HideEntryControls()

@@ -49,6 +49,19 @@ TEST_F(MarkTyping, EscTakesBackWhatWasTyped)
     EXPECT_EQ(Average(), "15.67");
 }
 
+TEST_F(MarkTyping, EscLeavesTheAverageOfTheMarksThatWereEntered)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("47");
+    QTest::keyClicks(mark, QStringLiteral("9"));
+    for (const int col : {2, 3}) {
+        Click(3, col);
+        EXPECT_EQ(Average(), "15.67");
+        PressKey(form, Qt::Key_Escape);
+        EXPECT_EQ(Average(), "15.67") << "the 9 was not entered; column " << col;
+    }
+}
+
 TEST_F(MarkTyping, EscTakesBackAPresence)
 {
     StartSubject(QStringLiteral("English"));
