@@ -40,7 +40,8 @@ constexpr double RoomAroundExam = 14;
 constexpr double WidestExam = 20 * Workbook::LetterPoints;
 /// The part of a line that words fill before the next one no longer fits.
 constexpr double FilledLine = 0.75;
-constexpr CellStyle ExamNameStyle{.middle = true, .border = true, .wrap = true};
+constexpr CellStyle ExamNameStyle{
+    .align = CellStyle::Align::Center, .middle = true, .border = true, .wrap = true};
 
 const QString Signatures =
     QStringLiteral(" Principal:                   Class Teacher:                  Parents/Guardian:");
