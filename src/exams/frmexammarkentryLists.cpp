@@ -183,6 +183,7 @@ void frmexammarkentry::List_Change()
         return;
     }
     const bool known = Read([&] {
+        const store::ReadTransaction reading(*Session().gcnnMain);
         std::optional<MarkSubject> subject;
         if (sheet_.Mode() == MarkMode::Subject) {
             subject = Marks().FindSubject(Scope(), chosen);
@@ -218,13 +219,16 @@ bool frmexammarkentry::ListStudentsForEdit()
 {
     return Read([this] {
         const int chosen = List()->BoundCode();
-        // Who was relieved has no place in a list that is edited, and his marks go with the next save.
-        const auto students = Marks().StudentsToMark(Scope(), false);
-        const auto subject = Marks().FindSubject(Scope(), chosen);
-        const auto stored = Marks().StoredMarks(Scope(), sheet_.Mode(), chosen);
-        sheet_.ListStudentsAgain(students);
-        TakeStored(subject, stored);
-        if (students.empty())
+        {
+            const store::ReadTransaction reading(*Session().gcnnMain);
+            // Who was relieved has no place in a list that is edited, and his marks go with the next save.
+            const auto students = Marks().StudentsToMark(Scope(), false);
+            const auto subject = Marks().FindSubject(Scope(), chosen);
+            const auto stored = Marks().StoredMarks(Scope(), sheet_.Mode(), chosen);
+            sheet_.ListStudentsAgain(students);
+            TakeStored(subject, stored);
+        }
+        if (sheet_.RowCount() == 0)
             Prompts::Information(NoStudents);
     });
 }

@@ -289,8 +289,14 @@ void frmMasClassSectionEntry::ReadClasses()
 void frmMasClassSectionEntry::LoadData()
 {
     ClassSectionRepository repository(*Session().gcnnMain);
-    const std::vector<ClassRecord> classes = repository.Classes();
-    const bool fits = classes_.Load(classes, repository.Divisions());
+    std::vector<ClassRecord> classes;
+    std::vector<ClassDivision> divisions;
+    {
+        const store::ReadTransaction reading(*Session().gcnnMain);
+        classes = repository.Classes();
+        divisions = repository.Divisions();
+    }
+    const bool fits = classes_.Load(classes, divisions);
     ShowClasses();
     if (!fits) {
         Prompts::Information(QStringLiteral("You Cannot Create More Than 99 Classes"));

@@ -1,6 +1,7 @@
 #include "ranks/RankCardRepository.h"
 
 #include "ranks/CodesQuery.h"
+#include "store/Transaction.h"
 
 #include <QHash>
 
@@ -17,6 +18,7 @@ std::optional<double> Value(const store::Statement& row, int column)
 
 StudentListInput RankCardRepository::LoadStudentList(const RankCardScope& scope)
 {
+    const store::ReadTransaction reading(main_);
     StudentListInput input;
     store::Statement students = main_.Query(
         QStringLiteral("Select a.StudentCode,a.StudentName from StudentMaster a inner join "
@@ -45,6 +47,7 @@ RankCardInput RankCardRepository::LoadRankCards(const RankCardScope& scope,
                                                 const std::vector<int>& studentCodes,
                                                 const std::vector<int>& examCodes, SubjectDisplay display)
 {
+    const store::ReadTransaction reading(main_);
     RankCardInput input;
     LoadNames(scope, input);
     LoadStudents(scope, studentCodes, input);

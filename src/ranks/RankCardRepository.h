@@ -17,10 +17,10 @@ public:
     explicit RankCardRepository(store::Connection& main) : main_(main) {}
 
     /// The students of the division in the year, relieved ones too, by name, and what tells whether their
-    /// marks are complete.
+    /// marks are complete, as of one moment.
     StudentListInput LoadStudentList(const RankCardScope& scope);
-    /// All that the cards of these students (in list order) and exams are made from. Marks and ranks are
-    /// those of the class-division in these exams in any year, the latest year last.
+    /// All that the cards of these students (in list order) and exams are made from, as of one moment. Marks
+    /// and ranks are those of the class-division in these exams in any year, the latest year last.
     RankCardInput LoadRankCards(const RankCardScope& scope, const std::vector<int>& studentCodes,
                                 const std::vector<int>& examCodes, SubjectDisplay display);
 

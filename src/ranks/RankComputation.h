@@ -4,6 +4,7 @@
 
 #include <array>
 #include <exception>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -26,7 +27,7 @@ struct StudentMark
     double mark = 0;
 };
 
-/// All that a rank list is computed from.
+/// All that a rank list and its summary are made from.
 struct RankInput
 {
     QString className;
@@ -36,6 +37,9 @@ struct RankInput
     std::vector<SubjectSetup> subjects; ///< of these divisions, in SlNo order
     std::vector<StudentMark> marks;     ///< of the exam in these divisions, in any order
     std::vector<GradeBand> gradeTable;  ///< as LoadGradeTable gives it
+    std::vector<QString> grades;        ///< each of these divisions' grades once, alphabetically
+    /// Per division: the sum of MaximumAllowed of the subjects taken for rank, if there is any.
+    std::vector<std::optional<double>> fullMarks;
 };
 
 struct RankOptions

@@ -27,6 +27,7 @@ std::vector<QString> FirstColumn(store::Statement rows)
 
 std::vector<DivisionFacts> RankRepository::LoadDivisionFacts(const RankScope& scope)
 {
+    const store::ReadTransaction reading(main_);
     std::vector<DivisionFacts> divisions;
     std::vector<int> codes;
     for (const auto& [code, name] : SchoolListRepository(main_).DivisionsByCode(scope.classCode)) {
@@ -111,6 +112,7 @@ std::vector<GradeBand> RankRepository::LoadGradeBands(const RankScope& scope)
 
 RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vector<int>& divisionCodes)
 {
+    const store::ReadTransaction reading(main_);
     RankInput input;
     store::Statement names = main_.Query(
         QStringLiteral(
@@ -153,6 +155,8 @@ RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vecto
             {marks.Int(0), marks.Int(1), marks.Int(2), marks.FirstLetter(3) == 'P', marks.Double(4)});
     }
     input.gradeTable = LoadGradeTable(LoadGradeBands(scope), divisionCodes);
+    input.grades = LoadDistinctGrades(scope, divisionCodes);
+    input.fullMarks = LoadFullMarks(scope, divisionCodes);
     return input;
 }
 

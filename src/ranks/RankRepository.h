@@ -18,24 +18,18 @@ public:
     /// `main` must outlive the repository.
     explicit RankRepository(store::Connection& main) : main_(main) {}
 
-    /// The divisions of the class by code, with what their marks in the list depend on.
+    /// The divisions of the class by code, with what their marks in the list depend on, as of one moment.
     std::vector<DivisionFacts> LoadDivisionFacts(const RankScope& scope);
     /// The subjects of the class, all divisions, by SlNo.
     std::vector<SubjectSetup> LoadSubjectSetup(const RankScope& scope);
     /// The grade tables of the class for the exam, all divisions, each in its own order.
     std::vector<GradeBand> LoadGradeBands(const RankScope& scope);
 
-    /// All that ComputeRankList needs for the divisions, which are given in list order.
+    /// All that a list of the divisions needs, which are given in list order, as of one moment.
     RankInput LoadRankInput(const RankScope& scope, const std::vector<int>& divisionCodes);
 
     /// The grades of the divisions in the order of their tables; a grade at two positions comes twice.
     std::vector<QString> LoadGradesInOrder(const RankScope& scope, const std::vector<int>& divisionCodes);
-    /// Each grade of the divisions once, alphabetically.
-    std::vector<QString> LoadDistinctGrades(const RankScope& scope, const std::vector<int>& divisionCodes);
-    /// Per division, in the order given: the sum of MaximumAllowed of the subjects taken for rank, if there
-    /// is any.
-    std::vector<std::optional<double>> LoadFullMarks(const RankScope& scope,
-                                                     const std::vector<int>& divisionCodes);
 
     /// Replaces the saved result of the divisions by these totals.
     static void ReplaceRankTotals(store::Transaction& main, const RankScope& scope,
@@ -43,6 +37,10 @@ public:
                                   const std::vector<RankTotal>& totals);
 
 private:
+    std::vector<QString> LoadDistinctGrades(const RankScope& scope, const std::vector<int>& divisionCodes);
+    std::vector<std::optional<double>> LoadFullMarks(const RankScope& scope,
+                                                     const std::vector<int>& divisionCodes);
+
     store::Connection& main_;
 };
 

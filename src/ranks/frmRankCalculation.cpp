@@ -264,14 +264,14 @@ void frmRankCalculation::cmdUpdate_Click()
     try {
         const HourGlass hourGlass;
         const SessionContext& session = Session();
+        const RankInput input = Repository().LoadRankInput(Scope(), ui_->Lstdivision->TickedData());
         table_.Prepare(ComputeRankList(
-            Repository().LoadRankInput(Scope(), ui_->Lstdivision->TickedData()),
-            {session.gblnFractionMarks, session.gblnRoundedMarks, ui_->chkRankSkipping->isChecked()}));
+            input, {session.gblnFractionMarks, session.gblnRoundedMarks, ui_->chkRankSkipping->isChecked()}));
         ui_->Frame2->setEnabled(false);
         ui_->optRankOrder->setChecked(true);
         const RankView view = ReadView();
         ShowView(view);
-        LoadGradeSummary(view);
+        LoadGradeSummary(view, input);
     } catch (const store::StoreError& error) {
         table_.Drop();
         ui_->Frame2->setEnabled(true);

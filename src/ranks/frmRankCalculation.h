@@ -76,7 +76,7 @@ private:
     /// The own list in the order picked.
     RankView ReadView();
     void ShowView(const RankView& view);
-    void LoadGradeSummary(const RankView& view);
+    void LoadGradeSummary(const RankView& view, const RankInput& input);
     void ResetGrid();
 
     std::unique_ptr<Ui::frmRankCalculation> ui_;

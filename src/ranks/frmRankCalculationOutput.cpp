@@ -122,20 +122,17 @@ void frmRankCalculation::ShowView(const RankView& view)
     grid->horizontalScrollBar()->setValue(across);
 }
 
-void frmRankCalculation::LoadGradeSummary(const RankView& view)
+void frmRankCalculation::LoadGradeSummary(const RankView& view, const RankInput& input)
 {
-    RankRepository repository = Repository();
-    const std::vector<int> divisionCodes = ui_->Lstdivision->TickedData();
-    const auto sums = repository.LoadFullMarks(Scope(), divisionCodes);
     std::vector<DivisionFullMark> fullMarks;
     const auto ticked = ui_->Lstdivision->TickedIndexes();
-    for (std::size_t i = 0; i < sums.size(); ++i)
-        fullMarks.push_back({ui_->Lstdivision->item(ticked[static_cast<qsizetype>(i)])->text(), sums[i]});
+    for (std::size_t i = 0; i < input.fullMarks.size(); ++i)
+        fullMarks.push_back(
+            {ui_->Lstdivision->item(ticked[static_cast<qsizetype>(i)])->text(), input.fullMarks[i]});
 
     std::vector<FlexGrid::Row> rows(1, FlexGrid::Row(4));
     for (const GradeSummaryRow& texts :
-         tally::LoadGradeSummary(view, repository.LoadDistinctGrades(Scope(), divisionCodes),
-                                 ui_->cboClass->currentText(), fullMarks)) {
+         tally::LoadGradeSummary(view, input.grades, ui_->cboClass->currentText(), fullMarks)) {
         FlexGrid::Row row;
         for (const QString& text : texts)
             row.push_back({text, CellMark::None});

@@ -1,4 +1,5 @@
 #include "exams/MarkScreen.h"
+#include "support/BusyClient.h"
 
 namespace tally::test {
 namespace {
@@ -331,6 +332,24 @@ TEST_F(MarkChoosing, TheAllowedMarkIsShownWhileASubjectIsChosen)
     Choose(subjects, QStringLiteral("English"));
     Choose(classes, QStringLiteral(" "));
     EXPECT_EQ(AllowedMark(), "") << "no class";
+}
+
+TEST_F(MarkChoosing, TheLimitAndTheMarksOfASubjectAreOfOneMoment)
+{
+    school->EnterMark(1, 1, 0);
+    Given("UPDATE ClassSubjectTeacher SET MaximumAllowed = 0 WHERE SubjectCode = 1");
+    OpenNew();
+    ChooseClassDivision();
+    const auto change = [](store::Transaction& transaction, int state) {
+        transaction.Execute(
+            QStringLiteral("UPDATE ClassSubjectTeacher SET MaximumAllowed = ? WHERE SubjectCode = 1"), state);
+        transaction.Execute(QStringLiteral("UPDATE MarkMaster SET Mark = ?"), state);
+    };
+    ExpectOneMoment(AnotherClient(), change, [this] {
+        Choose(subjects, QStringLiteral("Maths"));
+        Choose(subjects, QStringLiteral("English"));
+        return QStringList{QString::fromStdString(AllowedMark()), grid->TextMatrix(1, 2)};
+    });
 }
 
 } // namespace

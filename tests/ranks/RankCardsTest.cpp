@@ -409,7 +409,7 @@ TEST_F(RankCards, ListingAndShowingRunAsManyStatementsForManyStudentsAsForFew)
     };
     const auto few = statements(2);
     EXPECT_EQ(statements(1200), few);
-    EXPECT_LE(few, 9U);
+    EXPECT_LE(few, 13U) << "nine readings, and the two moments they are of";
 }
 
 } // namespace

@@ -284,10 +284,9 @@ TEST(GradeSummary, CountsGradesAbsenteesAndFullMarks)
     school.AddDivision(2, "B");
     school.AddSubject(2, 2, "Art", 1, "No");
     const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
-    RankRepository repository = school.Repository();
-    const auto fullMarks = repository.LoadFullMarks(school.scope, {1, 2});
-    const auto summary = LoadGradeSummary(view, repository.LoadDistinctGrades(school.scope, {1}), "X",
-                                          {{"  A", fullMarks[0]}, {"  B", fullMarks[1]}});
+    const RankInput input = school.Input({1, 2});
+    const auto summary = LoadGradeSummary(view, input.grades, "X",
+                                          {{"  A", input.fullMarks.at(0)}, {"  B", input.fullMarks.at(1)}});
     EXPECT_EQ(Summary(summary), "TOTAL STRENGTH|4||\n"
                                 "No. Of 'A' Grades||2|A\n"
                                 "No. Of 'B' Grades||0|B\n"

@@ -442,6 +442,30 @@ TEST_F(RankListSelection, WithoutAnyMaximumMarkTheListIsRefusedAndTheSelectionSt
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(RankListSelection, AListWhoseSummaryCannotBeReadIsNotShownAndTheSelectionStaysOpen)
+{
+    GivenFiveStudents();
+    OpenForm();
+    ChooseExamAndClass();
+    Press(selectAll);
+    // Each limit can be read, but the sum of two is more than the engine counts.
+    Given("ALTER TABLE ClassSubjectTeacher RENAME TO Limits");
+    Given("CREATE VIEW ClassSubjectTeacher AS SELECT AcademicYearCode, ClassCode, DivisionCode, SubjectCode, "
+          "MaximumMark, 9223372036854775807 AS MaximumAllowed, TakenForRank, SlNo FROM Limits");
+    prompts.ExpectCritical();
+    Press(Button("cmdUpdate"));
+    prompts.Verify();
+    EXPECT_TRUE(ShownNames().isEmpty());
+    EXPECT_TRUE(Find<QGroupBox>(form, "Frame2")->isEnabled());
+    for (const char* button : {"cmdSave", "cmdExport", "cmdTotalDetails"})
+        EXPECT_FALSE(Button(button)->isEnabled()) << button;
+
+    Given("DROP VIEW ClassSubjectTeacher");
+    Given("ALTER TABLE Limits RENAME TO ClassSubjectTeacher");
+    Press(Button("cmdUpdate"));
+    EXPECT_EQ(ShownNames().size(), 5);
+}
+
 TEST_F(RankListSelection, CancelEmptiesEverythingAndDropsTheWorkingTable)
 {
     GivenFiveStudents();
