@@ -4,8 +4,10 @@
 #include "core/controls/DatePicker.h"
 #include "core/controls/FlexGrid.h"
 #include "core/controls/PictureArea.h"
+#include "support/ScreenFixture.h"
 
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -23,7 +25,10 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QStyle>
+#include <QStyleOption>
+#include <QTableView>
 #include <QTest>
+#include <QToolButton>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -112,20 +117,28 @@ protected:
     {
         return Picture().copy(part.translated(control->mapTo(&form, QPoint())));
     }
-    /// How far the left edge of `part` of a control stands out from what is left of it and from what it
-    /// encloses, whichever is less.
+    /// How far the weakest of the four edges of `part` of a control stands out from what is outside and from
+    /// what it encloses, whichever is less.
     double Edge(const QWidget* control, const QRect& part)
     {
         const QImage picture = Picture();
-        const QPoint left = control->mapTo(&form, QPoint(part.left(), part.center().y()));
-        const QColor outside = picture.pixelColor(left - QPoint(3, 0));
-        const QColor inside = picture.pixelColor(left + QPoint(2, 0));
-        double most = 1;
-        for (int x = 0; x < 2; ++x) {
-            const QColor edge = picture.pixelColor(left + QPoint(x, 0));
-            most = std::max(most, std::min(Ratio(edge, outside), Ratio(edge, inside)));
+        const QRect place = part.translated(control->mapTo(&form, QPoint()));
+        double least = 21;
+        for (const auto& [side, inwards] :
+             {std::pair{QPoint(place.left(), place.center().y()), QPoint(1, 0)},
+              std::pair{QPoint(place.right(), place.center().y()), QPoint(-1, 0)},
+              std::pair{QPoint(place.center().x(), place.top()), QPoint(0, 1)},
+              std::pair{QPoint(place.center().x(), place.bottom()), QPoint(0, -1)}}) {
+            const QColor outside = picture.pixelColor(side - 3 * inwards);
+            const QColor inside = picture.pixelColor(side + 2 * inwards);
+            double most = 1;
+            for (int step = 0; step < 2; ++step) {
+                const QColor edge = picture.pixelColor(side + step * inwards);
+                most = std::max(most, std::min(Ratio(edge, outside), Ratio(edge, inside)));
+            }
+            least = std::min(least, most);
         }
-        return most;
+        return least;
     }
     double Edge(const QWidget* control) { return Edge(control, control->rect()); }
 
@@ -221,7 +234,73 @@ TEST_P(Look, TheEdgesOfTicksOptionsButtonsAndGroupsAreSeen)
     auto* button = Show(new QPushButton);
     EXPECT_GE(Edge(button), OfEdges);
     delete button;
-    EXPECT_GE(Edge(Show(new QGroupBox)), OfEdges);
+    const auto* group = Show(new QGroupBox);
+    QStyleOptionGroupBox option;
+    option.initFrom(group);
+    option.subControls = QStyle::SC_GroupBoxFrame;
+    EXPECT_GE(Edge(group, group->style()->subControlRect(QStyle::CC_GroupBox, &option,
+                                                         QStyle::SC_GroupBoxFrame, group)),
+              OfEdges);
+}
+
+TEST_P(Look, TheArrowsOfListsAndDatesAreSeen)
+{
+    auto* editable = new QComboBox;
+    editable->setEditable(true);
+    for (QWidget* field : std::initializer_list<QWidget*>{new QComboBox, editable, new DatePicker}) {
+        Show(field);
+        const QRect arrow(field->width() - 15, field->height() / 2 - 5, 10, 10);
+        EXPECT_GE(Strongest(Picture(field, arrow)), OfEdges) << field->metaObject()->className();
+        field->setEnabled(false);
+        EXPECT_GE(Strongest(Picture(field, arrow)), OfEdges)
+            << field->metaObject()->className() << " switched off";
+        delete field;
+    }
+}
+
+TEST_P(Look, TheCalendarOfADateFieldCanBeReadAndHasAnEdge)
+{
+    UseDarkLook(!GetParam());
+    auto* picker = Show(new DatePicker);
+    picker->setDate(QDate(2026, 11, 11));
+    UseDarkLook(GetParam());
+    QTest::mouseClick(picker, Qt::LeftButton, Qt::NoModifier,
+                      QPoint(picker->width() - 10, picker->height() / 2));
+    const QCalendarWidget* calendar = picker->calendarWidget();
+    ASSERT_TRUE(calendar->isVisible());
+    const QImage picture = calendar->window()->grab().toImage();
+    const auto part = [&](const QWidget* control, const QRect& area) {
+        return picture.copy(area.translated(control->mapTo(calendar->window(), QPoint())));
+    };
+
+    const auto* days = Find<QTableView>(calendar, "qt_calendar_calendarview");
+    ASSERT_NE(days, nullptr);
+    for (int row = 0; row < days->model()->rowCount(); ++row)
+        for (int day = 0; day < days->model()->columnCount(); ++day) {
+            const QRect cell = days->visualRect(days->model()->index(row, day));
+            EXPECT_GE(Strongest(part(days->viewport(), cell)), OfText) << row << ", " << day;
+        }
+    for (const char* name : {"qt_calendar_monthbutton", "qt_calendar_yearbutton"}) {
+        const auto* button = Find<QToolButton>(calendar, name);
+        ASSERT_NE(button, nullptr);
+        EXPECT_GE(Strongest(part(button, button->rect())), OfText) << name;
+    }
+    for (const auto& [name, icon] : {std::pair{"qt_calendar_prevmonth", QStringLiteral("previous")},
+                                     std::pair{"qt_calendar_nextmonth", QStringLiteral("next")}}) {
+        const auto* button = Find<QToolButton>(calendar, name);
+        ASSERT_NE(button, nullptr);
+        EXPECT_EQ(button->icon().pixmap(16).toImage(), LookIcon(icon).pixmap(16).toImage()) << name;
+        EXPECT_GE(Strongest(part(button, button->rect())), OfEdges) << name;
+    }
+
+    const QPoint end = picture.rect().bottomRight();
+    const QPoint middle = picture.rect().center();
+    for (const auto& [edge, inside] :
+         {std::pair{QPoint(0, middle.y()), QPoint(2, middle.y())},
+          std::pair{QPoint(end.x(), middle.y()), QPoint(end.x() - 2, middle.y())},
+          std::pair{QPoint(middle.x(), 0), QPoint(middle.x(), 2)},
+          std::pair{QPoint(middle.x(), end.y()), QPoint(middle.x(), end.y() - 2)}})
+        EXPECT_GE(Ratio(picture.pixelColor(edge), picture.pixelColor(inside)), OfEdges) << edge.x();
 }
 
 TEST_P(Look, TheTickOfAListIsSeen)
@@ -318,9 +397,10 @@ TEST_P(Look, EntriesOfMenusThatAreOffCanBeRead)
 
 TEST_P(Look, IconsAreSeenOnTheirButtonsAndWindows)
 {
-    for (const char* name : {"add",   "calendar", "cancel",   "clear", "close",       "critical", "delete",
-                             "edit",  "exit",     "export",   "help",  "information", "lock",     "new",
-                             "print", "proceed",  "question", "save",  "search",      "total",    "view"}) {
+    for (const char* name :
+         {"add",   "calendar", "cancel",   "clear",       "close",  "critical", "delete", "edit",
+          "exit",  "export",   "help",     "information", "lock",   "new",      "next",   "previous",
+          "print", "proceed",  "question", "save",        "search", "total",    "view"}) {
         const QIcon icon = LookIcon(QString::fromLatin1(name));
         ASSERT_FALSE(icon.isNull()) << name;
         auto* button = Show(new QPushButton(icon, QString()));

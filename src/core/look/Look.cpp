@@ -215,6 +215,8 @@ public:
         }
         if (control == CC_MdiControls)
             return DrawMenuBarButtons(option, painter, widget);
+        if (const auto* list = qstyleoption_cast<const QStyleOptionComboBox*>(option))
+            return DrawList(*list, painter, widget);
         QProxyStyle::drawComplexControl(control, option, painter, widget);
         if (control == CC_ScrollBar) {
             QStyleOption handle;
@@ -222,9 +224,8 @@ public:
             handle.rect = proxy()->subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget);
             DrawEdge(&handle, painter, FieldCorner, QPalette::Mid);
         }
-        const auto* list = qstyleoption_cast<const QStyleOptionComboBox*>(option);
         const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
-        if ((list && list->frame) || (spin && spin->frame))
+        if (spin && spin->frame)
             DrawEdge(option, painter, FieldCorner);
     }
 
@@ -250,6 +251,27 @@ private:
         painter->drawRoundedRect(QRectF(option->rect).adjusted(inside, inside, -inside, -inside), corner,
                                  corner);
         painter->restore();
+    }
+
+    /// A list, or a date that opens a calendar. Fusion's own arrow is half transparent, which leaves little
+    /// of the faint colour of a list that is switched off.
+    void DrawList(QStyleOptionComboBox list, QPainter* painter, const QWidget* widget) const
+    {
+        const bool arrow = list.subControls.testFlag(SC_ComboBoxArrow);
+        const QPointF middle =
+            proxy()->subControlRect(CC_ComboBox, &list, SC_ComboBoxArrow, widget).toRectF().center();
+        list.subControls.setFlag(SC_ComboBoxArrow, false);
+        QProxyStyle::drawComplexControl(CC_ComboBox, &list, painter, widget);
+        if (arrow) {
+            painter->save();
+            painter->setRenderHint(QPainter::Antialiasing);
+            painter->setPen(QPen(list.palette.color(QPalette::ButtonText), 1.6, Qt::SolidLine, Qt::RoundCap));
+            painter->drawPolyline(
+                QPolygonF{middle + QPointF(-4, -2), middle + QPointF(0, 2), middle + QPointF(4, -2)});
+            painter->restore();
+        }
+        if (list.frame)
+            DrawEdge(&list, painter, FieldCorner);
     }
 
     /// A button of a child window with its sign, lit under the mouse.
