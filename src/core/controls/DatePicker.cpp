@@ -5,6 +5,7 @@
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QTextCharFormat>
 
 namespace tally {
 
@@ -16,6 +17,14 @@ DatePicker::DatePicker(QWidget* parent) : QDateEdit(QDate::currentDate(), parent
     setDisplayFormat(QStringLiteral("dd/MMM/yyyy"));
     calendarWidget()->setLocale(QLocale::c());
     calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    // The edge of the calendar is the application's; the room for it is its own.
+    calendarWidget()->setAttribute(Qt::WA_StyledBackground);
+    calendarWidget()->setContentsMargins(1, 1, 1, 1);
+    // The toolkit's red for weekends is hard to read on any ground.
+    QTextCharFormat weekend;
+    weekend.setFontWeight(QFont::Bold);
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+        calendarWidget()->setWeekdayTextFormat(day, weekend);
     connect(lineEdit(), &QLineEdit::textEdited, this, &DatePicker::Typed);
 }
 

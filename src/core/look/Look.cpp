@@ -87,6 +87,9 @@ const QString StyleSheet = QStringLiteral(
     " padding: 4px 6px; font-weight: 600; }"
     "QFrame[floating=\"true\"] { background: palette(window); border: 2px solid palette(highlight);"
     " border-radius: 6px; }"
+    "QCalendarWidget { border: 1px solid palette(mid); }"
+    "QCalendarWidget #qt_calendar_navigationbar { background: palette(window); }"
+    "QCalendarWidget QToolButton { color: palette(button-text); }"
     "QTableView { gridline-color: palette(midlight); }"
     "QLineEdit { lineedit-password-character: 42; }"
     "QStatusBar::item { border: none; }");
@@ -172,6 +175,8 @@ public:
         case SP_MessageBoxInformation: return LookIcon(QStringLiteral("information"));
         case SP_MessageBoxQuestion: return LookIcon(QStringLiteral("question"));
         case SP_MessageBoxCritical: return LookIcon(QStringLiteral("critical"));
+        case SP_ArrowLeft: return LookIcon(QStringLiteral("previous"));
+        case SP_ArrowRight: return LookIcon(QStringLiteral("next"));
         default: return QProxyStyle::standardIcon(icon, option, widget);
         }
     }
