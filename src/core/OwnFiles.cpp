@@ -4,13 +4,13 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <filesystem>
-#include <system_error>
-
 #ifdef Q_OS_WIN
 #include <io.h>
 #include <windows.h>
 #else
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -18,9 +18,63 @@ namespace tally {
 
 namespace {
 
+using FilePath = std::filesystem::path;
+
 bool IsLink(const QFileInfo& file)
 {
     return file.isSymLink() || file.isJunction();
+}
+
+std::error_code MoveByLink(const FilePath& from, const FilePath& to)
+{
+    std::error_code error;
+    std::filesystem::create_hard_link(from, to, error);
+    std::error_code ignored;
+    if (!error)
+        std::filesystem::remove(from, ignored);
+    return error;
+}
+
+/// For memory sticks and some shared folders, which give a file one name only.
+std::error_code MoveWithoutReplacing(const FilePath& from, const FilePath& to)
+{
+#if defined(Q_OS_WIN)
+    const bool moved = MoveFileW(from.c_str(), to.c_str()) != 0;
+    return moved ? std::error_code() : std::error_code(GetLastError(), std::system_category());
+#elif defined(Q_OS_LINUX)
+    const bool moved = renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0;
+    return moved ? std::error_code() : std::error_code(errno, std::generic_category());
+#else
+    return std::make_error_code(std::errc::function_not_supported);
+#endif
+}
+
+/// Takes the name first, for folders that can do nothing better: a program that is killed meanwhile leaves an
+/// empty file there.
+std::error_code MoveOverPlace(const FilePath& from, const FilePath& to)
+{
+    QFile place(to);
+    if (!place.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        return std::make_error_code(IsFreeName(place.fileName()) ? std::errc::io_error
+                                                                 : std::errc::file_exists);
+    place.close();
+    std::error_code error;
+    std::filesystem::rename(from, to, error);
+    if (error)
+        place.remove();
+    return error;
+}
+
+/// As far as the file system does so for a folder; the move stands either way.
+void BringNamesToDisk([[maybe_unused]] const FilePath& folder)
+{
+#ifdef Q_OS_UNIX
+    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    fsync(descriptor);
+    close(descriptor);
+#endif
 }
 
 } // namespace
@@ -66,26 +120,25 @@ bool BringToDisk(QFile& file)
 #endif
 }
 
+const std::array<MoveWay, 3>& MoveWays()
+{
+    static constexpr std::array<MoveWay, 3> ways{MoveByLink, MoveWithoutReplacing, MoveOverPlace};
+    return ways;
+}
+
 bool MoveToFreeName(const QString& file, const QString& path)
 {
     // QFile::rename copies over a file that takes the name at the last moment, and through a link to nowhere.
-    const std::filesystem::path from = QFileInfo(file).filesystemFilePath();
-    const std::filesystem::path to = QFileInfo(path).filesystemFilePath();
-    std::error_code error;
-    std::filesystem::create_hard_link(from, to, error);
-    if (!error) {
-        QFile::remove(file);
-        return true;
+    const FilePath from = QFileInfo(file).filesystemFilePath();
+    const FilePath to = QFileInfo(path).filesystemFilePath();
+    for (const MoveWay move : MoveWays()) {
+        const std::error_code error = move(from, to);
+        if (!error)
+            BringNamesToDisk(to.parent_path());
+        if (!error || error == std::errc::file_exists)
+            return !error;
     }
-    // Memory sticks and some shared folders give a file one name only: there the name is taken first.
-    QFile place(path);
-    if (error == std::errc::file_exists || !place.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        return false;
-    place.close();
-    std::filesystem::rename(from, to, error);
-    if (error)
-        place.remove();
-    return !error;
+    return false;
 }
 
 } // namespace tally

@@ -5,7 +5,10 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <array>
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 namespace tally::test {
 namespace {
@@ -28,6 +31,25 @@ protected:
     void Link(const char* name, const char* target) const
     {
         ASSERT_TRUE(QFile::link(Path(target), Path(name)));
+    }
+    std::filesystem::path Native(const char* name) const
+    {
+        return QFileInfo(Path(name)).filesystemFilePath();
+    }
+    /// A draft, and names that are taken in every manner.
+    void LayLetters() const
+    {
+        Write("draft", "text");
+        Write("letter", "a clerk's letter");
+        Link("to letter", "letter");
+        Link("to nowhere", "nowhere");
+    }
+    void ExpectLettersUntouched() const
+    {
+        EXPECT_EQ(Read("draft"), "text");
+        EXPECT_EQ(Read("letter"), "a clerk's letter");
+        EXPECT_FALSE(QFileInfo::exists(Path("nowhere")));
+        EXPECT_TRUE(QFileInfo(Path("to nowhere")).isSymLink());
     }
 
     QTemporaryDir folder_;
@@ -62,15 +84,56 @@ TEST_F(OwnFiles, AFileMovesToAFreeName)
 
 TEST_F(OwnFiles, AFileNeverMovesOverAnotherOneOrThroughALink)
 {
-    Write("draft", "text");
-    Write("letter", "a clerk's letter");
-    Link("to letter", "letter");
-    Link("to nowhere", "nowhere");
+    LayLetters();
     for (const char* name : {"letter", "to letter", "to nowhere"})
         EXPECT_FALSE(MoveToFreeName(Path("draft"), Path(name))) << name;
-    EXPECT_EQ(Read("draft"), "text");
-    EXPECT_EQ(Read("letter"), "a clerk's letter");
-    EXPECT_FALSE(QFileInfo::exists(Path("nowhere")));
+    ExpectLettersUntouched();
+}
+
+TEST_F(OwnFiles, AFileMovesInEveryWayThatAFileSystemMayKnow)
+{
+    for (const MoveWay move : MoveWays()) {
+        Write("draft", "text");
+        EXPECT_FALSE(move(Native("draft"), Native("letter")));
+        EXPECT_EQ(Read("letter"), "text");
+        EXPECT_FALSE(QFile::exists(Path("draft")));
+        ASSERT_TRUE(QFile::remove(Path("letter")));
+    }
+}
+
+TEST_F(OwnFiles, AFileNeverMovesOverAnotherOneOrThroughALinkInAnyWay)
+{
+    LayLetters();
+    for (const MoveWay move : MoveWays()) {
+        for (const char* name : {"letter", "to letter", "to nowhere"})
+            EXPECT_EQ(move(Native("draft"), Native(name)), std::errc::file_exists) << name;
+        ExpectLettersUntouched();
+    }
+}
+
+TEST_F(OwnFiles, OnlyTheLastWayLaysAnEmptyFileUnderTheNewName)
+{
+    for (const MoveWay move : MoveWays()) {
+        Write("draft", "text");
+        const int watch = inotify_init1(IN_NONBLOCK);
+        ASSERT_GE(inotify_add_watch(watch, QFile::encodeName(folder_.path()).constData(), IN_OPEN), 0);
+        EXPECT_FALSE(move(Native("draft"), Native("letter")));
+        std::array<char, 4096> opened{};
+        const bool wasOpened = read(watch, opened.data(), opened.size()) > 0;
+        close(watch);
+        EXPECT_EQ(wasOpened, move == MoveWays().back());
+        ASSERT_TRUE(QFile::remove(Path("letter")));
+    }
+}
+
+TEST_F(OwnFiles, AMoveThatFailsLeavesNothingUnderTheNewName)
+{
+    for (const MoveWay move : MoveWays()) {
+        EXPECT_TRUE(move(Native("nowhere"), Native("letter")));
+        EXPECT_TRUE(IsFreeName(Path("letter")));
+    }
+    EXPECT_FALSE(MoveToFreeName(Path("nowhere"), Path("letter")));
+    EXPECT_TRUE(IsFreeName(Path("letter")));
 }
 
 TEST_F(OwnFiles, AFolderGoesOnlyWhenNothingButOwnFilesLiesInIt)

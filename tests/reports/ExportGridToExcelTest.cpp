@@ -565,13 +565,14 @@ TEST_F(Export, IsWholeOrToldAndGoneWhenTheDiskFillsAndFreesAgain)
     EXPECT_GT(toldOfFullDisk_, 10);
 }
 
-TEST_F(Export, LiesOnTheDiskBeforeItGetsItsName)
+TEST_F(Export, LiesOnTheDiskAndThenItsNameToo)
 {
     Fill({"Name", "Asha"});
     disk.synced.clear();
     const QString path = ExportGridToExcel(grid_, 1, 0, Latin("Rank List"), QString());
     ASSERT_TRUE(disk.synced.contains(Latin("workbook.xlsx")));
     EXPECT_EQ(disk.synced[Latin("workbook.xlsx")], QFileInfo(path).size());
+    EXPECT_TRUE(disk.synced.contains(Latin("Exports"))) << "the folder that holds the name";
 }
 
 TEST_F(Export, IsToldAndGoneWhenTheDiskDoesNotTakeIt)
