@@ -77,7 +77,8 @@ void ShowForm(const QString& formName)
         return;
     window->ShowPicture(PlainPicture(DisplaySize()));
     QMdiSubWindow* frame = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
-    if (!frame) {
+    const bool opens = !frame;
+    if (opens) {
         NameControls(screen);
         // A list is worth the whole window; a form of fields is not.
         const bool growing = screen->findChild<Grid*>() != nullptr;
@@ -90,15 +91,19 @@ void ShowForm(const QString& formName)
                           .expandedTo(frame->minimumSizeHint())
                           .boundedTo(window->Area()->viewport()->size()));
         CenterForm(frame);
-        QObject::connect(window->Area(), &QMdiArea::subWindowActivated, screen,
-                         [screen, frame](const QMdiSubWindow* active) {
-                             if (active == frame)
-                                 screen->Activate();
-                         });
     }
     frame->hide();
     screen->show();
     frame->show();
+    if (opens) {
+        // Only now, since a box that its activation brings would stand over a form that is drawn by half.
+        const auto activate = [screen, frame](const QMdiSubWindow* active) {
+            if (active == frame)
+                screen->Activate();
+        };
+        QObject::connect(window->Area(), &QMdiArea::subWindowActivated, screen, activate);
+        activate(window->Area()->activeSubWindow());
+    }
     // A screen that may not be opened now has told so and is gone.
     if (screen->IsUnloaded())
         return;
