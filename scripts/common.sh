@@ -67,6 +67,20 @@ build()
     cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }
 
+# lay_out PROGRAMS FOLDER puts the program into a folder, which becomes the one that holds its databases. Every client
+# starts it from there over the network, so what only a debugger reads stays in the build. The program is there whole or
+# as it was before: a client may start it at any moment.
+lay_out()
+{
+    local built=$1/tallyboard laid_out=$2/tallyboard
+    mkdir -p "$2"
+    strip -o "$built.stripped" "$built"
+    if ! cmp -s "$built.stripped" "$laid_out"; then
+        install -m 755 "$built.stripped" "$laid_out.new" || { rm -f "$laid_out.new"; fail "$2 does not take the program."; }
+        mv -f "$laid_out.new" "$laid_out"
+    fi
+}
+
 # run_tour PROGRAMS FOLDER sets up a new school and goes through a sample school; pictures and workbooks go to FOLDER.
 run_tour()
 {
