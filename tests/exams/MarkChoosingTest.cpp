@@ -338,11 +338,13 @@ TEST_F(MarkChoosing, TheLimitAndTheMarksOfASubjectAreOfOneMoment)
 {
     school->EnterMark(1, 1, 0);
     Given("UPDATE ClassSubjectTeacher SET MaximumAllowed = 0 WHERE SubjectCode = 1");
+    ReadSlowly(*Session().gcnnMain, QStringLiteral("ClassSubjectTeacher"));
     OpenNew();
     ChooseClassDivision();
     const auto change = [](store::Transaction& transaction, int state) {
         transaction.Execute(
-            QStringLiteral("UPDATE ClassSubjectTeacher SET MaximumAllowed = ? WHERE SubjectCode = 1"), state);
+            QStringLiteral("UPDATE ClassSubjectTeacherRows SET MaximumAllowed = ? WHERE SubjectCode = 1"),
+            state);
         transaction.Execute(QStringLiteral("UPDATE MarkMaster SET Mark = ?"), state);
     };
     ExpectOneMoment(AnotherClient(), change, [this] {

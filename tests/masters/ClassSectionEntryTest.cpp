@@ -554,9 +554,10 @@ TEST_F(ClassSectionEntry, TheClassesAndTheirDivisionsAreOfOneMoment)
 {
     GivenClass(1, QStringLiteral("0"), 1, 1);
     Given("UPDATE ClassDivisionDetails SET DivisionName = '0' WHERE ClassCode = 1");
+    ReadSlowly(*Session().gcnnMain, QStringLiteral("ClassDivisionMaster"));
     Browse();
     const auto rename = [](store::Transaction& transaction, int state) {
-        for (const char* change : {"UPDATE ClassDivisionMaster SET ClassName = ? WHERE ClassCode = 1",
+        for (const char* change : {"UPDATE ClassDivisionMasterRows SET ClassName = ? WHERE ClassCode = 1",
                                    "UPDATE ClassDivisionDetails SET DivisionName = ? WHERE ClassCode = 1"})
             transaction.Execute(QString::fromLatin1(change), QString::number(state));
     };

@@ -60,6 +60,17 @@ private:
     std::thread thread_;
 };
 
+/// Makes every reading of a table take some milliseconds, in which others can commit. Its rows are then those
+/// of `table`Rows.
+inline void ReadSlowly(store::Connection& connection, const QString& table)
+{
+    connection.Execute(QStringLiteral("ALTER TABLE %1 RENAME TO %1Rows").arg(table));
+    connection.Execute(
+        QStringLiteral("CREATE VIEW %1 AS SELECT * FROM %1Rows WHERE (WITH RECURSIVE n(i) AS (SELECT 1 UNION "
+                       "ALL SELECT i + 1 FROM n LIMIT 20000) SELECT count(*) FROM n) > 0")
+            .arg(table));
+}
+
 /// `load` reads again and again while the client is busy, and gives the state that each part of what it read
 /// is of. All parts of one reading must be of one state.
 inline void ExpectOneMoment(std::unique_ptr<store::Connection> client, BusyClient::Work work,
