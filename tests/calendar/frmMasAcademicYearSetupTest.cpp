@@ -397,6 +397,25 @@ TEST_F(AcademicYearSetup, OnlyTheLastYearCanBeDeleted)
     EXPECT_EQ(Years(), 2);
 }
 
+TEST_F(AcademicYearSetup, AFaultInReadingBackAfterADeleteSaysThatItIsDone)
+{
+    GivenYear(1, 2007, "Y");
+    GivenYear(2, 2008, "N");
+    OpenForm();
+    Select(1);
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+        told.append(text);
+        if (text == QStringLiteral("Record Deleted"))
+            Given("ALTER TABLE AcademicYearSetup RENAME TO Away");
+        return true;
+    });
+    Click(form, "cmdDelete");
+    ASSERT_EQ(told.size(), 3);
+    EXPECT_TRUE(told.at(2).startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.")));
+    EXPECT_EQ(Count("SELECT count(*) FROM Away WHERE AcademicYearCode > 0"), 1);
+}
+
 TEST_F(AcademicYearSetup, DeletingAnotherYearThanTheOneInUseLeavesTheSession)
 {
     GivenYear(1, 2007, "Y");

@@ -243,6 +243,28 @@ TEST_F(SimpleMasterMembersTest, AStateWithACityStays)
     EXPECT_EQ(State(), "RowSelected");
 }
 
+TEST_F(SimpleMasterMembersTest, AFaultInReadingBackAfterADeleteSaysThatItIsDone)
+{
+    Given("INSERT INTO StateMaster VALUES (1, 'Kerala', 1)");
+    Given("INSERT INTO CityMaster VALUES (1, 1, 'Kochi', 1)");
+    OpenMaster("frmMasCityMaster");
+    SelectRow(0, "Do You Want To Edit/Delete ?");
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+        if (told.isEmpty())
+            Given("ALTER TABLE StateMaster RENAME TO Away");
+        told.append(text);
+        return true;
+    });
+    Press(Button("cmdDelete"));
+    EXPECT_EQ(told.value(0), QStringLiteral("Do You Want To Delete This City Name ?"));
+    EXPECT_EQ(told.value(1), QStringLiteral("Record Deleted"));
+    EXPECT_TRUE(
+        told.value(2).startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.")));
+    EXPECT_EQ(told.size(), 3);
+    EXPECT_EQ(Count("SELECT count(*) FROM CityMaster WHERE CityCode = 1"), 0);
+}
+
 TEST_F(SimpleMasterMembersTest, RowsThatOtherScreensUseStay)
 {
     Given("INSERT INTO StateMaster VALUES (1, 'Kerala', 1)");
