@@ -25,18 +25,18 @@ protected:
     /// In every table something tells the state: a name, a number, or how many rows there are.
     static void Lay(store::Transaction& transaction, int state)
     {
-        for (const char* change :
-             {"UPDATE ClassDivisionMaster SET ClassName = ?1 WHERE ClassCode = 1",
-              "UPDATE ClassDivisionDetails SET DivisionName = ?1 WHERE ClassCode = 1",
-              "UPDATE StudentMaster SET StudentName = ?1 WHERE StudentCode = 1",
-              "UPDATE ExamMaster SET ExamName = ?1 WHERE ExamCode = 1",
-              "UPDATE SubjectMaster SET SubjectShortName = ?1 WHERE SubjectCode = 1",
-              "UPDATE ClassSubjectTeacher SET MaximumAllowed = ?1 WHERE SubjectCode = 1",
-              "UPDATE ClassSubjectTeacher SET TakenForRank = CASE ?1 WHEN '1' THEN 'Yes' ELSE 'No' END "
-              "WHERE SubjectCode = 2",
-              "UPDATE RankMaster SET Grade = ?1", "UPDATE MarkMaster SET Mark = ?1",
-              "UPDATE TempRankTotal SET Grade = ?1"})
+        for (const char* change : {"UPDATE ClassDivisionMaster SET ClassName = ?1 WHERE ClassCode = 1",
+                                   "UPDATE ClassDivisionDetails SET DivisionName = ?1 WHERE ClassCode = 1",
+                                   "UPDATE StudentMaster SET StudentName = ?1 WHERE StudentCode = 1",
+                                   "UPDATE ExamMaster SET ExamName = ?1 WHERE ExamCode = 1",
+                                   "UPDATE SubjectMaster SET SubjectShortName = ?1 WHERE SubjectCode = 1",
+                                   "UPDATE ClassSubjectTeacher SET MaximumAllowed = ?1 WHERE SubjectCode = 1",
+                                   "UPDATE RankMaster SET Grade = ?1", "UPDATE MarkMaster SET Mark = ?1",
+                                   "UPDATE TempRankTotal SET Grade = ?1"})
             transaction.Execute(QString::fromLatin1(change), QString::number(state));
+        transaction.Execute(
+            QStringLiteral("UPDATE ClassSubjectTeacher SET TakenForRank = ? WHERE SubjectCode = 2"),
+            state == 1 ? "Yes" : "No");
         if (state == 1) {
             transaction.Execute(
                 QStringLiteral("INSERT INTO RankMaster VALUES (1, 1, 1, 1, 0, 0, '1', 5, 0)"));
