@@ -1,9 +1,9 @@
 #include "bench/BenchProgram.h"
 
 #include "app/Screens.h"
-#include "core/look/Look.h"
-#include "core/mdiTallyboard.h"
-#include "core/Prompts.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/look/Look.h"
+#include "core/ui/Prompts.h"
 
 #include <QProcess>
 #include <QTimer>

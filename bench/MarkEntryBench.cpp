@@ -6,13 +6,13 @@
 #include "bench/BenchSchool.h"
 #include "bench/FindControl.h"
 #include "bench/RatioReport.h"
-#include "core/controls/FlexGrid.h"
-#include "core/mdiTallyboard.h"
-#include "core/modTallyboardForms.h"
-#include "core/Prompts.h"
-#include "core/Screen.h"
-#include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
+#include "core/ui/Screen.h"
+#include "core/ui/ScreenRegistry.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -6,11 +6,11 @@
 #include "bench/BenchSchool.h"
 #include "bench/FindControl.h"
 #include "bench/MasterScreensSchool.h"
-#include "core/controls/DataGrid.h"
-#include "core/mdiTallyboard.h"
-#include "core/modTallyboardForms.h"
-#include "core/Screen.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/controls/DataGrid.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Screen.h"
+#include "core/ui/ScreenRegistry.h"
 #include "masters/SimpleMasterDefinitions.h"
 
 #include <QApplication>

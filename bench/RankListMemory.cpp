@@ -6,9 +6,9 @@
 #include "bench/BenchSchool.h"
 #include "bench/PeakMemory.h"
 #include "bench/RankScreen.h"
-#include "core/modTallyboardForms.h"
-#include "core/Screen.h"
-#include "core/ScreenRegistry.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Screen.h"
+#include "core/ui/ScreenRegistry.h"
 
 #include <QApplication>
 

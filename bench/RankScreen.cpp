@@ -2,7 +2,7 @@
 
 #include "bench/BenchSchool.h"
 #include "bench/FindControl.h"
-#include "core/controls/FlexGrid.h"
+#include "core/ui/controls/FlexGrid.h"
 
 #include <QApplication>
 #include <QCheckBox>

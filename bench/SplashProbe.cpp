@@ -3,11 +3,11 @@
 
 #include "app/Screens.h"
 #include "bench/Milestone.h"
-#include "core/controls/MovieView.h"
-#include "core/frmSplash.h"
-#include "core/look/Look.h"
 #include "core/ProgramFolder.h"
-#include "core/Prompts.h"
+#include "core/shell/frmSplash.h"
+#include "core/ui/controls/MovieView.h"
+#include "core/ui/look/Look.h"
+#include "core/ui/Prompts.h"
 
 #include <QApplication>
 #include <QKeyEvent>

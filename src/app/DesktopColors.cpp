@@ -1,6 +1,6 @@
 #include "app/DesktopColors.h"
 
-#include "core/look/Look.h"
+#include "core/ui/look/Look.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>

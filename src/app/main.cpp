@@ -2,12 +2,12 @@
 #include "app/DesktopColors.h"
 #endif
 #include "app/Screens.h"
-#include "core/frmSplash.h"
-#include "core/look/Look.h"
-#include "core/mdiTallyboard.h"
-#include "core/Prompts.h"
 #include "core/SessionContext.h"
-#include "reports/ExportWorkbook.h"
+#include "core/shell/frmSplash.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/look/Look.h"
+#include "core/ui/Prompts.h"
+#include "reports/output/ExportWorkbook.h"
 
 #include <QApplication>
 #include <QTimer>

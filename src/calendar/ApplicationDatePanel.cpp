@@ -1,8 +1,8 @@
 #include "calendar/ApplicationDatePanel.h"
 
-#include "core/mdiTallyboard.h"
 #include "core/modTallyboard.h"
 #include "core/SessionContext.h"
+#include "core/shell/mdiTallyboard.h"
 
 namespace tally {
 

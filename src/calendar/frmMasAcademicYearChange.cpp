@@ -1,13 +1,13 @@
 #include "calendar/frmMasAcademicYearChange.h"
 
 #include "calendar/AcademicYearRepository.h"
-#include "core/look/Look.h"
-#include "core/mdiTallyboard.h"
 #include "core/modTallyboard.h"
-#include "core/modTallyboardForms.h"
-#include "core/Prompts.h"
 #include "core/SessionContext.h"
-#include "core/TakeOnly.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/look/Look.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
+#include "core/ui/TakeOnly.h"
 #include "ui_frmMasAcademicYearChange.h"
 
 namespace tally {

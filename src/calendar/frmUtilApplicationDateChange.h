@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Screen.h"
+#include "core/ui/Screen.h"
 
 #include <QDate>
 

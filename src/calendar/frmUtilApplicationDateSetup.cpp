@@ -3,10 +3,10 @@
 #include "calendar/ApplicationDatePanel.h"
 #include "calendar/ApplicationDateRepository.h"
 #include "calendar/WorkingDateRules.h"
-#include "core/look/Look.h"
 #include "core/modTallyboard.h"
-#include "core/Prompts.h"
 #include "core/SessionContext.h"
+#include "core/ui/look/Look.h"
+#include "core/ui/Prompts.h"
 #include "ui_frmUtilApplicationDateSetup.h"
 
 namespace tally {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/SchoolListRepository.h"
-#include "core/Screen.h"
+#include "core/school/SchoolListRepository.h"
+#include "core/ui/Screen.h"
 #include "exams/MarkRepository.h"
 #include "exams/MarkSheet.h"
 

@@ -1,11 +1,11 @@
 // The boxes that float over the grid: what they accept and where Enter leads.
 
-#include "core/controls/FlexGrid.h"
-#include "core/controls/FloatingCombo.h"
-#include "core/controls/FloatingEditor.h"
-#include "core/modTallyboardForms.h"
-#include "core/Prompts.h"
-#include "core/TakeOnly.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/controls/FloatingCombo.h"
+#include "core/ui/controls/FloatingEditor.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
+#include "core/ui/TakeOnly.h"
 #include "exams/frmexammarkentry.h"
 #include "exams/MarkEntryColumns.h"
 #include "ui_frmexammarkentry.h"

@@ -1,10 +1,10 @@
 // What the marks are entered for: exam, class-division, and the subject or the student.
 
-#include "core/controls/FlexGrid.h"
-#include "core/modTallyboardForms.h"
-#include "core/Prompts.h"
-#include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
+#include "core/ui/ScreenRegistry.h"
 #include "exams/frmexammarkentry.h"
 #include "exams/MarkEntryColumns.h"
 #include "exams/MarkEntryTexts.h"

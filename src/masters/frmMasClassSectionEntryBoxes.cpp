@@ -1,9 +1,9 @@
 // The boxes that float over the two grids: where each of them leads and what it accepts.
 
-#include "core/controls/FlexGrid.h"
-#include "core/controls/FloatingEditor.h"
-#include "core/modTallyboardForms.h"
-#include "core/Prompts.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/controls/FloatingEditor.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
 #include "masters/ClassSectionColumns.h"
 #include "masters/frmMasClassSectionEntry.h"
 #include "ui_frmMasClassSectionEntry.h"

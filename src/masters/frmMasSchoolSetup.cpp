@@ -1,13 +1,13 @@
 #include "masters/frmMasSchoolSetup.h"
 
-#include "core/look/Look.h"
 #include "core/modTallyboard.h"
-#include "core/modTallyboardForms.h"
-#include "core/PlaceRepository.h"
 #include "core/ProcessEnd.h"
-#include "core/Prompts.h"
+#include "core/school/PlaceRepository.h"
 #include "core/SessionContext.h"
-#include "core/TakeOnly.h"
+#include "core/ui/look/Look.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
+#include "core/ui/TakeOnly.h"
 #include "ui_frmMasSchoolSetup.h"
 
 #include <QLocale>

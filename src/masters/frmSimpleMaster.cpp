@@ -1,13 +1,13 @@
 #include "masters/frmSimpleMaster.h"
 
-#include "core/controls/DataCombo.h"
-#include "core/controls/DataGrid.h"
-#include "core/look/Look.h"
-#include "core/modTallyboardForms.h"
-#include "core/Prompts.h"
-#include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
-#include "core/TakeOnly.h"
+#include "core/ui/controls/DataCombo.h"
+#include "core/ui/controls/DataGrid.h"
+#include "core/ui/look/Look.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
+#include "core/ui/ScreenRegistry.h"
+#include "core/ui/TakeOnly.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>

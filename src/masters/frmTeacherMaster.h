@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/MasterStates.h"
-#include "core/Screen.h"
+#include "core/ui/MasterStates.h"
+#include "core/ui/Screen.h"
 
 #include <memory>
 

@@ -1,10 +1,10 @@
 #include "ranks/ExportFlexGridToExcel1.h"
 
-#include "core/controls/FlexGrid.h"
+#include "core/ui/controls/FlexGrid.h"
 #include "ranks/RankCards.h"
-#include "reports/ExportWorkbook.h"
-#include "reports/SheetParts.h"
-#include "reports/Workbook.h"
+#include "reports/output/ExportWorkbook.h"
+#include "reports/output/SheetParts.h"
+#include "reports/output/Workbook.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "ranks/RankRepository.h"
 
-#include "core/SchoolListRepository.h"
+#include "core/school/SchoolListRepository.h"
 #include "ranks/CodesQuery.h"
 
 #include <algorithm>

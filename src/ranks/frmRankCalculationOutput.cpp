@@ -1,14 +1,14 @@
 // The output side of the screen: the four orders, the summary, saving and exporting. The selection side is in
 // frmRankCalculation.cpp.
 
-#include "core/controls/CheckList.h"
-#include "core/controls/FlexGrid.h"
-#include "core/controls/HourGlass.h"
-#include "core/look/Look.h"
-#include "core/Prompts.h"
+#include "core/ui/controls/CheckList.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/controls/HourGlass.h"
+#include "core/ui/look/Look.h"
+#include "core/ui/Prompts.h"
 #include "ranks/frmRankCalculation.h"
 #include "ranks/RankViews.h"
-#include "reports/ExportGridToExcel.h"
+#include "reports/output/ExportGridToExcel.h"
 #include "ui_frmRankCalculation.h"
 
 #include <QFrame>

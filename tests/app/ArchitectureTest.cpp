@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace tally {
@@ -12,27 +13,48 @@ namespace {
 
 const QString SourceFolder = QStringLiteral(TALLY_SOURCE_FOLDER);
 
+/// The floors of the house, from below. A file may use what lies on the floors under its own; folders on the
+/// same floor keep to themselves.
+const QList<QStringList> Floors{{QStringLiteral("store")},
+                                {QStringLiteral("core")},
+                                {QStringLiteral("core/school")},
+                                {QStringLiteral("core/ui")},
+                                {QStringLiteral("reports/output")},
+                                {QStringLiteral("core/shell")},
+                                {QStringLiteral("calendar"), QStringLiteral("exams"),
+                                 QStringLiteral("masters"), QStringLiteral("ranks"),
+                                 QStringLiteral("reports"), QStringLiteral("utilities")},
+                                {QStringLiteral("app")}};
+
+/// The folders of rules, of screens, and of both, which is what an area has.
+const QStringList RuleFolders{QStringLiteral("core"), QStringLiteral("core/school")};
+const QStringList ScreenFolders{QStringLiteral("core/ui"), QStringLiteral("core/shell"),
+                                QStringLiteral("reports/output")};
+
+/// The folder of the house in which a path lies; the innermost where one lies in another. Empty for none.
+QString FolderOf(const QString& path)
+{
+    QString innermost;
+    for (const QStringList& floor : Floors)
+        for (const QString& folder : floor)
+            if (path.startsWith(folder + QLatin1Char('/')) && folder.size() > innermost.size())
+                innermost = folder;
+    return innermost;
+}
+
+qsizetype FloorOf(const QString& folder)
+{
+    const auto floor = std::find_if(Floors.begin(), Floors.end(),
+                                    [&](const QStringList& folders) { return folders.contains(folder); });
+    return floor - Floors.begin();
+}
+
 struct SourceFile
 {
     QString path; ///< within src/
     QStringList includes;
-    QString Area() const { return path.section(QLatin1Char('/'), 0, 0); }
+    QString Folder() const { return FolderOf(path); }
 };
-
-/// The folders that a folder's files may include, itself aside.
-QStringList MayInclude(const QString& area)
-{
-    if (area == QLatin1String("store"))
-        return {};
-    if (area == QLatin1String("core"))
-        return {QStringLiteral("store")};
-    if (area == QLatin1String("app"))
-        return QDir(SourceFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    QStringList allowed{QStringLiteral("store"), QStringLiteral("core")};
-    if (area == QLatin1String("ranks"))
-        allowed.append(QStringLiteral("reports"));
-    return allowed;
-}
 
 QStringList IncludesOf(const QString& path)
 {
@@ -59,20 +81,25 @@ QList<SourceFile> SourceFiles()
     return files;
 }
 
-/// The names that a folder's build file lists under DOMAIN.
-QStringList DomainUnits(const QString& area)
+/// The units that a folder's build file lists under DOMAIN or SCREENS.
+QStringList Units(const QString& folder, const QString& kind)
 {
-    QFile list(SourceFolder + QLatin1Char('/') + area + QStringLiteral("/CMakeLists.txt"));
+    QFile list(SourceFolder + QLatin1Char('/') + folder + QStringLiteral("/CMakeLists.txt"));
     if (!list.open(QIODevice::ReadOnly))
         return {};
-    static const QRegularExpression domain(QStringLiteral("DOMAIN([^)]*?)(SCREENS|\\))"),
-                                           QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpression listed(kind + QStringLiteral("\\s([^)]*?)(DOMAIN|SCREENS|\\))"),
+                                    QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression unit(QStringLiteral("(\\S+)\\.cpp"));
     QStringList units;
-    auto found = unit.globalMatch(domain.match(QString::fromUtf8(list.readAll())).captured(1));
+    auto found = unit.globalMatch(listed.match(QString::fromUtf8(list.readAll())).captured(1));
     while (found.hasNext())
-        units.append(area + QLatin1Char('/') + found.next().captured(1));
+        units.append(folder + QLatin1Char('/') + found.next().captured(1));
     return units;
+}
+
+QStringList DomainUnits(const QString& folder)
+{
+    return Units(folder, QStringLiteral("DOMAIN"));
 }
 
 bool IsWidgetHeader(const QString& include)
@@ -113,34 +140,53 @@ TEST(ArchitectureTest, TheSourcesAreFound)
 {
     EXPECT_GT(SourceFiles().size(), 50);
     EXPECT_TRUE(DomainUnits(QStringLiteral("core")).contains(QStringLiteral("core/modTallyboard")));
-    EXPECT_FALSE(DomainUnits(QStringLiteral("core")).contains(QStringLiteral("core/mdiTallyboard")));
+    EXPECT_TRUE(Units(QStringLiteral("ranks"), QStringLiteral("SCREENS"))
+                    .contains(QStringLiteral("ranks/frmRankCalculation")));
+    EXPECT_EQ(FolderOf(QStringLiteral("core/ui/controls/FlexGrid.h")).toStdString(), "core/ui");
+}
+
+TEST(ArchitectureTest, EveryFileLiesInAFolderOfTheHouse)
+{
+    for (const SourceFile& file : SourceFiles())
+        EXPECT_NE(file.Folder().toStdString(), "") << qPrintable(file.path);
 }
 
 TEST(ArchitectureTest, EveryArrowPointsDown)
 {
-    const QStringList areas = QDir(SourceFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const SourceFile& file : SourceFiles())
         for (const QString& include : file.includes) {
-            const QString target = include.section(QLatin1Char('/'), 0, 0);
-            if (include.contains(QLatin1Char('/')) && areas.contains(target) && target != file.Area()) {
-                EXPECT_TRUE(MayInclude(file.Area()).contains(target))
+            const QString target = FolderOf(include);
+            if (!target.isEmpty() && target != file.Folder()) {
+                EXPECT_LT(FloorOf(target), FloorOf(file.Folder()))
                     << qPrintable(file.path) << " includes " << qPrintable(include);
             }
         }
 }
 
+TEST(ArchitectureTest, AFolderBelongsToOneLibrary)
+{
+    for (const QString& folder : RuleFolders) {
+        EXPECT_FALSE(DomainUnits(folder).isEmpty()) << qPrintable(folder);
+        EXPECT_TRUE(Units(folder, QStringLiteral("SCREENS")).isEmpty()) << qPrintable(folder);
+    }
+    for (const QString& folder : ScreenFolders) {
+        EXPECT_TRUE(DomainUnits(folder).isEmpty()) << qPrintable(folder);
+        EXPECT_FALSE(Units(folder, QStringLiteral("SCREENS")).isEmpty()) << qPrintable(folder);
+    }
+}
+
 TEST(ArchitectureTest, RulesAndStoreKnowNoWidgets)
 {
     QStringList units;
-    const QStringList areas = QDir(SourceFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    for (const QString& area : areas)
-        units += DomainUnits(area);
+    for (const QStringList& floor : Floors)
+        for (const QString& folder : floor)
+            units += DomainUnits(folder);
     for (const SourceFile& file : SourceFiles()) {
         const QString unit = file.path.section(QLatin1Char('.'), 0, 0);
-        if (file.Area() != QLatin1String("store") && !units.contains(unit))
+        if (file.Folder() != QLatin1String("store") && !units.contains(unit))
             continue;
         for (const QString& include : file.includes) {
-            EXPECT_FALSE(IsWidgetHeader(include))
+            EXPECT_FALSE(IsWidgetHeader(include) || ScreenFolders.contains(FolderOf(include)))
                 << qPrintable(file.path) << " includes " << qPrintable(include);
         }
     }
@@ -151,7 +197,7 @@ TEST(ArchitectureTest, OnlyTheStoreKnowsTheEngine)
     for (const SourceFile& file : SourceFiles())
         for (const QString& include : file.includes)
             if (include.contains(QLatin1String("sqlite"))) {
-                EXPECT_EQ(file.Area().toStdString(), "store") << qPrintable(file.path);
+                EXPECT_EQ(file.Folder().toStdString(), "store") << qPrintable(file.path);
             }
 }
 

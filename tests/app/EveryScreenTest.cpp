@@ -1,9 +1,9 @@
 // What holds for each screen of the program, whoever wrote it.
 
-#include "core/controls/CheckList.h"
-#include "core/controls/Grid.h"
-#include "core/mdiTallyboard.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/controls/CheckList.h"
+#include "core/ui/controls/Grid.h"
+#include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
 #include <QAccessible>

@@ -53,10 +53,10 @@ bool HoldsStatement(const QString& code)
 TEST(HouseRulesTest, OnlyPromptsShowsMessageBoxesAndOnlyOpenDocumentStartsPrograms)
 {
     for (const SourceFile& file : SourceFiles()) {
-        if (file.path != QLatin1String("core/Prompts.cpp")) {
+        if (file.path != QLatin1String("core/ui/Prompts.cpp")) {
             EXPECT_FALSE(Holds(file.text, "#include <(QMessageBox|QFileDialog)>")) << file.path.toStdString();
         }
-        if (file.path != QLatin1String("core/OpenDocument.cpp")) {
+        if (file.path != QLatin1String("core/ui/OpenDocument.cpp")) {
             EXPECT_FALSE(Holds(file.text, "#include <(QProcess|QDesktopServices)>"))
                 << file.path.toStdString();
         }

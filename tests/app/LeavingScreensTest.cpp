@@ -1,6 +1,6 @@
-#include "core/mdiTallyboard.h"
-#include "core/modTallyboardForms.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
 #include <QAbstractButton>

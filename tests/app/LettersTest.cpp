@@ -1,6 +1,6 @@
-#include "core/frmStartLock.h"
-#include "core/mdiTallyboard.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/frmStartLock.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
 #include <QAbstractButton>

@@ -1,5 +1,5 @@
-#include "core/MenuTree.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/MenuTree.h"
+#include "core/ui/ScreenRegistry.h"
 
 #include <QFile>
 #include <QImage>

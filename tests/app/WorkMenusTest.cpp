@@ -1,6 +1,6 @@
-#include "core/mdiTallyboard.h"
-#include "core/modTallyboardForms.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
 #include <QAction>
@@ -72,7 +72,7 @@ TEST_F(WorkMenusTest, ARightThatIsGivenMeanwhileShowsWhenTheLastScreenHasGone)
     Switch("mnuReports", true);
     EXPECT_EQ(Menus(), "....");
     OpenScreen(Year);
-    EnableFirstRunMenus();
+    window->EnableFirstRunMenus();
     EXPECT_EQ(Menus(), "....");
     Leave(School);
     Switch("mnuMasters", true);

@@ -1,12 +1,12 @@
 // A client of the school that opens a screen at each line it is given and says "open", or the box that came.
 
 #include "app/Screens.h"
-#include "core/mdiTallyboard.h"
 #include "core/modTallyboard.h"
-#include "core/modTallyboardForms.h"
 #include "core/ProgramFolder.h"
-#include "core/Prompts.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
+#include "core/ui/ScreenRegistry.h"
 
 #include <QApplication>
 

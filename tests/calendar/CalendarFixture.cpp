@@ -1,9 +1,9 @@
 #include "calendar/CalendarFixture.h"
 
-#include "core/controls/DatePicker.h"
-#include "core/mdiTallyboard.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
 #include "core/TempFolder.h"
+#include "core/ui/controls/DatePicker.h"
+#include "core/ui/ScreenRegistry.h"
 
 #include <QAction>
 #include <QApplication>

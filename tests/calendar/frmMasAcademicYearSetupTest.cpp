@@ -1,9 +1,9 @@
 #include "calendar/frmMasAcademicYearSetup.h"
 
 #include "calendar/CalendarFixture.h"
-#include "core/controls/DataGrid.h"
-#include "core/mdiTallyboard.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/controls/DataGrid.h"
+#include "core/ui/ScreenRegistry.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -1,8 +1,8 @@
 #include "calendar/frmUtilApplicationDateChange.h"
 
 #include "calendar/CalendarFixture.h"
-#include "core/controls/DatePicker.h"
-#include "core/controls/FieldHint.h"
+#include "core/ui/controls/DatePicker.h"
+#include "core/ui/controls/FieldHint.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 #include "calendar/frmUtilApplicationDateSetup.h"
 
 #include "calendar/CalendarFixture.h"
-#include "core/controls/DatePicker.h"
+#include "core/ui/controls/DatePicker.h"
 
 namespace tally::test {
 namespace {

@@ -1,5 +1,5 @@
-#include "core/mdiTallyboard.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/ScreenRegistry.h"
 #include "exams/MarkScreen.h"
 
 #include <QMdiArea>

@@ -5,15 +5,15 @@
 // each save of an edit.
 
 #include "app/Screens.h"
-#include "core/controls/DataCombo.h"
-#include "core/controls/FlexGrid.h"
-#include "core/mdiTallyboard.h"
 #include "core/modTallyboard.h"
-#include "core/modTallyboardForms.h"
 #include "core/ProgramFolder.h"
-#include "core/Prompts.h"
-#include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/controls/DataCombo.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
+#include "core/ui/ScreenRegistry.h"
 #include "exams/frmexammarkentry.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "core/controls/DataCombo.h"
-#include "core/controls/FlexGrid.h"
-#include "core/controls/FloatingCombo.h"
-#include "core/controls/FloatingEditor.h"
+#include "core/ui/controls/DataCombo.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/controls/FloatingCombo.h"
+#include "core/ui/controls/FloatingEditor.h"
 #include "exams/frmexammarkentry.h"
 #include "ranks/RankSchool.h"
 #include "support/ScreenFixture.h"

@@ -1,4 +1,4 @@
-#include "core/controls/FieldHint.h"
+#include "core/ui/controls/FieldHint.h"
 #include "exams/MarkScreen.h"
 
 namespace tally::test {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/controls/FlexGrid.h"
-#include "core/controls/FloatingEditor.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/controls/FloatingEditor.h"
 #include "masters/frmMasClassSectionEntry.h"
 #include "support/ScreenFixture.h"
 

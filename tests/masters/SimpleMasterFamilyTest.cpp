@@ -1,5 +1,5 @@
-#include "core/controls/DataCombo.h"
-#include "core/ScreenRegistry.h"
+#include "core/ui/controls/DataCombo.h"
+#include "core/ui/ScreenRegistry.h"
 #include "masters/SimpleMasterFixture.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/controls/DataCombo.h"
-#include "core/controls/DataGrid.h"
+#include "core/ui/controls/DataCombo.h"
+#include "core/ui/controls/DataGrid.h"
 #include "masters/frmSimpleMaster.h"
 #include "masters/SimpleMasterMembers.h"
 #include "support/ScreenFixture.h"

@@ -1,4 +1,4 @@
-#include "core/ScreenRegistry.h"
+#include "core/ui/ScreenRegistry.h"
 #include "masters/SimpleMasterFixture.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/controls/DataCombo.h"
-#include "core/controls/DatePicker.h"
-#include "core/controls/OptionalDatePicker.h"
+#include "core/ui/controls/DataCombo.h"
+#include "core/ui/controls/DatePicker.h"
+#include "core/ui/controls/OptionalDatePicker.h"
 #include "masters/frmTeacherMaster.h"
 #include "support/ScreenFixture.h"
 

@@ -1,7 +1,7 @@
-#include "core/controls/DataGrid.h"
-#include "core/mdiTallyboard.h"
-#include "core/modTallyboardForms.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/controls/DataGrid.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/ScreenRegistry.h"
 #include "masters/frmTeacherSearch.h"
 #include "masters/TeacherFixture.h"
 

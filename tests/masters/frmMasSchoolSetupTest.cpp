@@ -1,8 +1,8 @@
 #include "masters/frmMasSchoolSetup.h"
 
-#include "core/controls/DataCombo.h"
-#include "core/mdiTallyboard.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/controls/DataCombo.h"
+#include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
 #include <QAction>

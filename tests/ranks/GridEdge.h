@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/controls/FlexGrid.h"
+#include "core/ui/controls/FlexGrid.h"
 
 #include <QCoreApplication>
 #include <QImage>

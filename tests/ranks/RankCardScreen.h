@@ -1,9 +1,9 @@
 #pragma once
 
-#include "core/controls/CheckList.h"
-#include "core/controls/DataCombo.h"
-#include "core/controls/FlexGrid.h"
-#include "core/OpenDocument.h"
+#include "core/ui/controls/CheckList.h"
+#include "core/ui/controls/DataCombo.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/OpenDocument.h"
 #include "ranks/frmRankCardPrinting.h"
 #include "ranks/RankCardSchool.h"
 #include "support/ScreenFixture.h"

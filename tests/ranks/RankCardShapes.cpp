@@ -1,9 +1,9 @@
 // Writes a workbook of rank cards into a folder for each number of exams and subjects that a school may have,
 // so that ./test --full can print them with the fonts that offices have.
 
-#include "core/controls/FlexGrid.h"
-#include "core/OpenDocument.h"
 #include "core/SessionContext.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/OpenDocument.h"
 #include "ranks/ExportFlexGridToExcel1.h"
 
 #include <QApplication>

@@ -3,16 +3,16 @@
 // box that told of a lock, and "fault: ..." for whatever must not be.
 
 #include "app/Screens.h"
-#include "core/controls/FlexGrid.h"
-#include "core/mdiTallyboard.h"
 #include "core/modTallyboard.h"
-#include "core/modTallyboardForms.h"
 #include "core/Numbers.h"
 #include "core/ProgramFolder.h"
-#include "core/Prompts.h"
-#include "core/Screen.h"
-#include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
+#include "core/ui/Screen.h"
+#include "core/ui/ScreenRegistry.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -1,4 +1,4 @@
-#include "core/mdiTallyboard.h"
+#include "core/shell/mdiTallyboard.h"
 #include "ranks/RankScreen.h"
 
 #include <QFrame>

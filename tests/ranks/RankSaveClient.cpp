@@ -2,13 +2,13 @@
 // ranks, until it is killed. It says "saved" after each save.
 
 #include "app/Screens.h"
-#include "core/controls/CheckList.h"
-#include "core/mdiTallyboard.h"
 #include "core/modTallyboard.h"
-#include "core/modTallyboardForms.h"
 #include "core/ProgramFolder.h"
-#include "core/Prompts.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/controls/CheckList.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
+#include "core/ui/ScreenRegistry.h"
 #include "ranks/frmRankCalculation.h"
 
 #include <QApplication>

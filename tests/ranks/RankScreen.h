@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/controls/CheckList.h"
-#include "core/controls/FlexGrid.h"
-#include "core/OpenDocument.h"
+#include "core/ui/controls/CheckList.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/OpenDocument.h"
 #include "ranks/frmRankCalculation.h"
 #include "ranks/RankSchool.h"
 #include "support/ScreenFixture.h"

@@ -1,5 +1,5 @@
 #include "ranks/RankScreen.h"
-#include "reports/WorkbookReader.h"
+#include "reports/output/WorkbookReader.h"
 
 #include <QLabel>
 

@@ -1,6 +1,6 @@
 #include "ranks/GridEdge.h"
 #include "ranks/RankScreen.h"
-#include "reports/WorkbookReader.h"
+#include "reports/output/WorkbookReader.h"
 
 #include <QClipboard>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "ranks/frmRankCalculation.h"
 
-#include "core/ScreenRegistry.h"
+#include "core/ui/ScreenRegistry.h"
 #include "ranks/RankScreen.h"
 
 namespace tally::test {

@@ -1,8 +1,8 @@
-#include "core/mdiTallyboard.h"
+#include "core/shell/mdiTallyboard.h"
 #include "ranks/GridEdge.h"
 #include "ranks/RankCardScreen.h"
-#include "reports/Workbook.h"
-#include "reports/WorkbookReader.h"
+#include "reports/output/Workbook.h"
+#include "reports/output/WorkbookReader.h"
 
 #include <QFileInfo>
 #include <QScrollBar>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Prompts.h"
+#include "core/ui/Prompts.h"
 
 #include <QString>
 

@@ -1,13 +1,13 @@
 #include "support/ScreenFixture.h"
 
 #include "core/DatabasePassword.h"
-#include "core/mdiTallyboard.h"
 #include "core/modTallyboard.h"
-#include "core/modTallyboardForms.h"
 #include "core/ProcessEnd.h"
 #include "core/ProgramFolder.h"
-#include "core/ScreenRegistry.h"
+#include "core/shell/mdiTallyboard.h"
 #include "core/TempFolder.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/ScreenRegistry.h"
 #include "tools/DeliveredDatabases.h"
 
 #include <QAbstractButton>

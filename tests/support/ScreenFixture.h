@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/Screen.h"
 #include "core/SessionContext.h"
+#include "core/ui/Screen.h"
 #include "support/ExpectedPrompts.h"
 
 #include <QTemporaryDir>

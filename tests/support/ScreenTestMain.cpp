@@ -1,5 +1,5 @@
 #include "app/Screens.h"
-#include "core/look/Look.h"
+#include "core/ui/look/Look.h"
 
 #include <QApplication>
 

@@ -1,7 +1,7 @@
 #include "utilities/frmUtilOptions.h"
 
-#include "core/controls/DatePicker.h"
-#include "core/ScreenRegistry.h"
+#include "core/ui/controls/DatePicker.h"
+#include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 #include "MarksToCards.h"
 
-#include "core/controls/DataCombo.h"
-#include "core/controls/FlexGrid.h"
-#include "core/Screen.h"
+#include "core/ui/controls/DataCombo.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/Screen.h"
 #include "ProgramSteps.h"
 #include "Tour.h"
 

@@ -1,9 +1,9 @@
 #include "NewSchool.h"
 
-#include "core/controls/FlexGrid.h"
 #include "core/DatabasePassword.h"
-#include "core/Screen.h"
 #include "core/SessionContext.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/Screen.h"
 #include "ProgramSteps.h"
 #include "tools/DeliveredDatabases.h"
 #include "tools/SampleSchool.h"

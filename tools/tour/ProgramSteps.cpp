@@ -1,12 +1,12 @@
 #include "ProgramSteps.h"
 
-#include "core/controls/MovieView.h"
-#include "core/mdiTallyboard.h"
 #include "core/ProcessEnd.h"
 #include "core/ProgramFolder.h"
-#include "core/Screen.h"
-#include "core/ScreenRegistry.h"
 #include "core/SessionContext.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/controls/MovieView.h"
+#include "core/ui/Screen.h"
+#include "core/ui/ScreenRegistry.h"
 #include "Tour.h"
 
 #include <QApplication>

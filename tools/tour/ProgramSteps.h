@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/frmSplash.h"
+#include "core/shell/frmSplash.h"
 
 #include <QDir>
 

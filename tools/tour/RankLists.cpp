@@ -1,7 +1,7 @@
 #include "RankLists.h"
 
-#include "core/controls/FlexGrid.h"
-#include "core/Screen.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/Screen.h"
 #include "ProgramSteps.h"
 #include "Tour.h"
 

@@ -1,6 +1,6 @@
 #include "Tour.h"
 
-#include "core/Prompts.h"
+#include "core/ui/Prompts.h"
 
 #include <QAction>
 #include <QApplication>

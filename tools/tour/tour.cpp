@@ -7,9 +7,9 @@
 #include "Tour.h"
 
 #include "app/Screens.h"
-#include "core/look/Look.h"
-#include "core/OpenDocument.h"
-#include "core/Screen.h"
+#include "core/ui/look/Look.h"
+#include "core/ui/OpenDocument.h"
+#include "core/ui/Screen.h"
 #include "MarksToCards.h"
 #include "NewSchool.h"
 #include "ProgramSteps.h"

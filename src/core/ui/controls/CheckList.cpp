@@ -1,0 +1,82 @@
+#include "core/ui/controls/CheckList.h"
+
+#include <QSignalBlocker>
+
+namespace tally {
+
+namespace {
+
+constexpr int CodeRole = Qt::UserRole;
+
+} // namespace
+
+CheckList::CheckList(QWidget* parent) : QListWidget(parent)
+{
+    setUniformItemSizes(true);
+    setSpacing(2);
+    connect(this, &QListWidget::itemChanged, this,
+            [this](QListWidgetItem* item) { Q_EMIT Ticked(row(item), item->checkState() == Qt::Checked); });
+}
+
+void CheckList::AddItem(const QString& text, int itemData)
+{
+    const QSignalBlocker quiet(this);
+    auto* entry = new QListWidgetItem(text, this);
+    entry->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+    entry->setCheckState(Qt::Unchecked);
+    entry->setData(CodeRole, itemData);
+}
+
+int CheckList::ItemData(int index) const
+{
+    return item(index)->data(CodeRole).toInt();
+}
+
+bool CheckList::IsTicked(int index) const
+{
+    return item(index)->checkState() == Qt::Checked;
+}
+
+void CheckList::SetTicked(int index, bool ticked)
+{
+    const QSignalBlocker quiet(this);
+    item(index)->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
+    viewport()->update();
+}
+
+QList<int> CheckList::TickedIndexes() const
+{
+    QList<int> ticked;
+    for (int index = 0; index < count(); ++index)
+        if (IsTicked(index))
+            ticked.append(index);
+    return ticked;
+}
+
+std::vector<int> CheckList::TickedData() const
+{
+    std::vector<int> codes;
+    for (const int index : TickedIndexes())
+        codes.push_back(ItemData(index));
+    return codes;
+}
+
+void CheckList::initViewItemOption(QStyleOptionViewItem* option) const
+{
+    QListWidget::initViewItemOption(option);
+    if (hasFocus())
+        return;
+    // The strong paint is for the item that the keys would tick.
+    option->palette.setBrush(QPalette::Highlight, palette().midlight());
+    option->palette.setBrush(QPalette::HighlightedText, palette().text());
+}
+
+void CheckList::focusInEvent(QFocusEvent* event)
+{
+    QListWidget::focusInEvent(event);
+    // Coming in by Tab makes an item current, and it shows at once which one the blank key is meant for.
+    if (currentItem())
+        currentItem()->setSelected(true);
+}
+
+} // namespace tally

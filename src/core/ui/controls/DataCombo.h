@@ -1,0 +1,58 @@
+#pragma once
+
+#include "core/ui/controls/LeaveGuard.h"
+
+#include <QComboBox>
+
+#include <utility>
+#include <vector>
+
+namespace tally {
+
+/// A list of texts with a code bound to each. The code 0 belongs to the blank line, which means that nothing
+/// has been chosen.
+class DataCombo : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    using Entries = std::vector<std::pair<int, QString>>;
+
+    explicit DataCombo(QWidget* parent = nullptr);
+
+    /// Takes the place of all entries and chooses the blank one, or none where there is no blank one. Tells
+    /// nobody.
+    void SetList(const Entries& entries);
+    /// The same behind a blank line, which is chosen.
+    void SetListBehindBlank(Entries entries);
+    /// The code of the chosen entry; 0 for the blank line and for none.
+    int BoundCode() const { return currentData().toInt(); }
+    /// Chooses the entry with `code`; the blank line when there is no such entry. Tells nobody.
+    void SetBoundCode(int code);
+    /// The same by text, small and capital letters alike.
+    void SetText(const QString& text);
+    /// True while nothing has been chosen.
+    bool IsBlank() const { return currentText().trimmed().isEmpty(); }
+
+    /// Asked once when the focus is about to leave the list; on false the list keeps it, and the click that
+    /// was to take it away has no effect. Empty lets everything pass.
+    void SetValidate(std::function<bool()> validate) { guard_.SetValidate(std::move(validate)); }
+
+Q_SIGNALS:
+    /// The user chose another entry than the one before, with the mouse or the keys. In an editable list the
+    /// same entry is a choice as well, since a text typed over it is left for it.
+    void Chosen();
+
+protected:
+    void focusOutEvent(QFocusEvent* event) override;
+    /// Runs what takes the focus away without asking.
+    void LeaveUnasked(const std::function<void()>& work) { guard_.Unasked(work); }
+
+private:
+    void Choose(int index);
+
+    LeaveGuard guard_{this};
+    bool changed_ = false; ///< the entry is another one since the last choice
+};
+
+} // namespace tally

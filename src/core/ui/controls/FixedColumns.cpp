@@ -1,0 +1,78 @@
+#include "core/ui/controls/FixedColumns.h"
+
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/look/Look.h"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QScrollBar>
+
+namespace tally {
+
+FixedColumns::FixedColumns(FlexGrid* grid, int columns) : QTableView(grid), grid_(grid), columns_(columns)
+{
+    hide();
+    setModel(grid->model());
+    delete selectionModel();
+    setSelectionModel(grid->selectionModel());
+    DressGrid(this);
+    setSelectionMode(grid->selectionMode());
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setAutoScroll(false);
+    setFocusPolicy(Qt::ClickFocus);
+    setFocusProxy(grid);
+    for (QHeaderView* header : {horizontalHeader(), verticalHeader()})
+        header->setMinimumSectionSize(1);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+
+    for (int col = 0; col < grid->Cols(); ++col)
+        TakeColumnWidth(col, grid->ColWidth(col));
+    const int usualHeight = verticalHeader()->defaultSectionSize();
+    for (int row = 0; row + 1 < grid->Rows(); ++row) {
+        if (grid->isRowHidden(row))
+            hideRow(row);
+        else if (grid->rowHeight(row) != usualHeight)
+            setRowHeight(row, grid->rowHeight(row));
+    }
+    connect(grid->horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int col, int, int width) { TakeColumnWidth(col, width); });
+    connect(grid->verticalScrollBar(), &QScrollBar::valueChanged, verticalScrollBar(), &QScrollBar::setValue);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, grid->verticalScrollBar(), &QScrollBar::setValue);
+    connect(this, &QTableView::clicked, grid, &QTableView::clicked);
+}
+
+void FixedColumns::Place()
+{
+    const QRect viewport = grid_->viewport()->geometry();
+    const int head = grid_->horizontalHeader()->height();
+    horizontalHeader()->setFixedHeight(head);
+    setGeometry(viewport.left(), viewport.top() - head, ColumnsWidth(), viewport.height() + head);
+    show();
+    raise();
+    verticalScrollBar()->setValue(grid_->verticalScrollBar()->value());
+}
+
+int FixedColumns::ColumnsWidth() const
+{
+    return horizontalHeader()->length();
+}
+
+void FixedColumns::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawLine(viewport()->rect().topRight(), viewport()->rect().bottomRight());
+}
+
+void FixedColumns::TakeColumnWidth(int col, int width)
+{
+    const bool shown = col < columns_ && width > 0;
+    setColumnHidden(col, !shown);
+    if (shown)
+        setColumnWidth(col, width);
+}
+
+} // namespace tally

@@ -1,0 +1,174 @@
+#include "reports/output/ExportGridToExcel.h"
+
+#include "core/modTallyboard.h"
+#include "core/SessionContext.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "reports/output/ExportWorkbook.h"
+#include "reports/output/SheetParts.h"
+#include "reports/output/Workbook.h"
+
+#include <QDateTime>
+#include <QLocale>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace tally {
+
+namespace {
+
+constexpr int TitleRows = 6;
+/// The title rows span these columns, however many the grid has.
+constexpr int TitleColumns = 9;
+/// The sheet row of the grid's row 0.
+constexpr int FirstGridRow = 6;
+constexpr double WidthReserve = 3.5;
+/// What fits on a portrait page in letters without becoming too small to read.
+constexpr double PortraitLetters = 100;
+
+/// A visible column of the grid on its way to the sheet.
+struct Column
+{
+    int source = 0;
+    int longest = 0;
+    bool identities = false; ///< all its texts stay texts, so that the column sorts and lines up as one
+    CellStyle::Align align = CellStyle::Align::Left;
+
+    double Width() const { return longest > 0 ? longest + WidthReserve : Workbook::StandardColumnWidth; }
+};
+
+CellStyle::Align AlignmentOf(const FlexGrid& grid, int col, bool numbers)
+{
+    const auto shown =
+        Qt::Alignment::fromInt(grid.model()->headerData(col, Qt::Horizontal, Qt::TextAlignmentRole).toInt());
+    if (shown.testFlag(Qt::AlignHCenter))
+        return CellStyle::Align::Center;
+    return numbers || shown.testFlag(Qt::AlignRight) ? CellStyle::Align::Right : CellStyle::Align::Left;
+}
+
+std::vector<Column> VisibleColumns(const FlexGrid& grid, int lastRow, int lastCol)
+{
+    std::vector<Column> columns;
+    for (int col = 0; col <= lastCol; ++col) {
+        if (grid.ColWidth(col) == 0)
+            continue;
+        Column column{.source = col};
+        bool numbers = false;
+        for (int row = 0; row <= lastRow; ++row) {
+            if (grid.RowHeight(row) <= 0)
+                continue;
+            const QString text = grid.TextMatrix(row, col).trimmed();
+            column.longest = std::max(column.longest, static_cast<int>(text.size()));
+            column.identities = column.identities || (row > 0 && IsIdentity(text));
+            numbers = numbers || (row > 0 && IsNumber(text));
+        }
+        column.align = AlignmentOf(grid, col, numbers && !column.identities);
+        columns.push_back(column);
+    }
+    return columns;
+}
+
+std::array<QString, TitleRows> TitleTexts(const QString& title, const QString& subTitle)
+{
+    const auto [name, address, city] = SchoolHead();
+    const QDateTime now = QDateTime::currentDateTime();
+    return {name,
+            address,
+            city,
+            QStringLiteral("User Name : %1    Date : %2    Time : %3")
+                .arg(Session().gstrUserName, ShownDate(now.date()),
+                     QLocale::c().toString(now.time(), QStringLiteral("hh:mm AP"))),
+            title,
+            subTitle};
+}
+
+double WidthOfTitle(const std::vector<Column>& columns)
+{
+    double width = 0;
+    for (std::size_t i = 0; i < TitleColumns; ++i)
+        width += i < columns.size() ? columns[i].Width() : Workbook::StandardColumnWidth;
+    return width;
+}
+
+void WriteTitles(Workbook& workbook, const std::array<QString, TitleRows>& texts,
+                 const std::vector<Column>& columns)
+{
+    const double width = WidthOfTitle(columns);
+    for (int row = 0; row < TitleRows; ++row) {
+        CellStyle style{.align = CellStyle::Align::Center, .middle = true, .bold = row < SchoolHeadRows};
+        WriteHeadLine(workbook, row, TitleColumns - 1, texts.at(static_cast<std::size_t>(row)), style, width);
+        style.middle = false;
+        for (int col = TitleColumns; col <= static_cast<int>(columns.size()); ++col)
+            workbook.WriteText(row, col, {}, style);
+    }
+}
+
+void WriteGrid(Workbook& workbook, const FlexGrid& grid, int lastRow, const std::vector<Column>& columns)
+{
+    const int count = static_cast<int>(columns.size());
+    for (int row = 0; row <= lastRow; ++row) {
+        const bool hidden = grid.RowHeight(row) <= 0;
+        for (int col = 0; col < count; ++col) {
+            const Column& column = columns[static_cast<std::size_t>(col)];
+            CellStyle style{.align = column.align, .middle = true, .bold = row == 0, .border = true};
+            QString text;
+            if (!hidden) {
+                const CellMark mark = grid.Mark(row, column.source);
+                const QColor fill = CellColor(mark);
+                style.bold = style.bold || mark == CellMark::Sum;
+                style.fill = fill.isValid() ? fill.rgb() : 0;
+                text = grid.TextMatrix(row, column.source).trimmed();
+            }
+            if (row > 0 && !column.identities)
+                WriteTyped(workbook, FirstGridRow + row, col, text, style);
+            else
+                workbook.WriteText(FirstGridRow + row, col, text, style);
+        }
+        if (row == 0)
+            workbook.WriteText(FirstGridRow, count, {}, {.bold = true});
+    }
+}
+
+void WriteSheet(Workbook& workbook, const FlexGrid& grid, int lastRow, int lastCol, const QString& title,
+                const QString& subTitle)
+{
+    const std::vector<Column> columns = VisibleColumns(grid, lastRow, lastCol);
+    const int count = static_cast<int>(columns.size());
+    double width = 0;
+    for (int col = 0; col < count; ++col) {
+        const Column& column = columns[static_cast<std::size_t>(col)];
+        if (column.longest > 0)
+            workbook.SetColumnWidth(col, column.Width());
+        width += column.Width();
+    }
+
+    WriteTitles(workbook, TitleTexts(title, subTitle), columns);
+    WriteGrid(workbook, grid, lastRow, columns);
+
+    const int lastColumn = std::max(count, TitleColumns) - 1;
+    workbook.FreezeRowsAbove(FirstGridRow + 1);
+    workbook.AllowDigitTexts(FirstGridRow, FirstGridRow + lastRow, lastColumn);
+    workbook.SetUpPrint({.headRow = FirstGridRow,
+                         .lastRow = FirstGridRow + lastRow,
+                         .lastColumn = lastColumn,
+                         .landscape = std::max(width, WidthOfTitle(columns)) > PortraitLetters,
+                         .footer = title});
+}
+
+} // namespace
+
+QString ExportGridToExcel(const FlexGrid& grid, int lastRow, int lastCol, const QString& title,
+                          const QString& subTitle)
+{
+    return ExportWorkbook({title, subTitle}, [&](Workbook& workbook) {
+        WriteSheet(workbook, grid, lastRow, lastCol, title, subTitle);
+    });
+}
+
+void ExportReport(const FlexGrid& grid, const QString& title, const QString& subTitle)
+{
+    RunExport([&] { ExportGridToExcel(grid, grid.Rows() - 1, grid.Cols() - 1, title, subTitle); });
+}
+
+} // namespace tally

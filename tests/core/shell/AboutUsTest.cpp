@@ -1,0 +1,124 @@
+#include "core/shell/AboutUs.h"
+
+#include "core/shell/mdiTallyboard.h"
+#include "core/TempFolder.h"
+#include "core/ui/controls/MovieView.h"
+#include "core/ui/look/Look.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/ScreenRegistry.h"
+#include "support/ScreenFixture.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+
+namespace tally::test {
+namespace {
+
+class AboutUsTest : public ScreenFixture
+{
+protected:
+    AboutUs* OpenAbout()
+    {
+        window->MenuItem(QStringLiteral("frmAboutUs"))->trigger();
+        Settle();
+        return qobject_cast<AboutUs*>(ScreenRegistry::OpenInstance(QStringLiteral("AboutUs")));
+    }
+};
+
+TEST_F(AboutUsTest, ItPlaysItsMovieOnItsColour)
+{
+    AboutUs* about = OpenAbout();
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(about->palette().color(QPalette::Window), QColor(255, 204, 153));
+    EXPECT_TRUE(QFile::exists(Folder() + QStringLiteral("/Temp/1005.swf")));
+    auto* movie = Find<MovieView>(about, "swfAboutUs");
+    EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
+}
+
+TEST_F(AboutUsTest, ItPlaysItsMovieAfterAnotherClientTookTheTempFolderAway)
+{
+    DeleteTempFolder();
+    auto* movie = Find<MovieView>(OpenAbout(), "swfAboutUs");
+    DeleteTempFolder();
+    EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
+    movie->hide();
+    movie->show();
+    EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
+}
+
+TEST_F(AboutUsTest, TheMoviesQuitUnloadsItWithoutAQuestion)
+{
+    Session().gblnPromptOnExit = true;
+    AboutUs* about = OpenAbout();
+    ASSERT_NE(about, nullptr);
+    Press(Find<QPushButton>(about, "cmdClose"));
+    Settle();
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("AboutUs")), nullptr);
+    EXPECT_FALSE(AnyChildFormOpen());
+}
+
+TEST_F(AboutUsTest, ItTellsVersionLicenceAndWhereToTurnAndTheTextCanBeCopied)
+{
+    AboutUs* about = OpenAbout();
+    ASSERT_NE(about, nullptr);
+    auto* text = Find<QLabel>(about, "lblAbout");
+    const std::string told = text->text().toStdString();
+    for (const char* part :
+         {"KITE - Tally Board, version " TALLYBOARD_VERSION ",", "GNU General Public License, version 3",
+          "whoever looks after the computers of your school"})
+        EXPECT_NE(told.find(part), std::string::npos) << part;
+    EXPECT_LE(text->heightForWidth(text->width()), text->height());
+
+    QTest::mouseClick(text, Qt::LeftButton, Qt::NoModifier, QPoint(40, 6));
+    QTest::keyClick(text, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(text, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), told);
+}
+
+TEST_F(AboutUsTest, ItsTextIsBlackOnItsColourInEveryLook)
+{
+    AboutUs* about = OpenAbout();
+    ASSERT_NE(about, nullptr);
+    UseDarkLook(true);
+    auto* text = Find<QLabel>(about, "lblAbout");
+    EXPECT_EQ(about->palette().color(QPalette::Window), QColor(255, 204, 153));
+    EXPECT_EQ(text->palette().color(QPalette::WindowText), QColor(Qt::black));
+    UseDarkLook(false);
+}
+
+TEST_F(AboutUsTest, EscClosesItWithoutAQuestion)
+{
+    Session().gblnPromptOnExit = true;
+    AboutUs* about = OpenAbout();
+    ASSERT_NE(about, nullptr);
+    PressKey(about, Qt::Key_Escape);
+    Settle();
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("AboutUs")), nullptr);
+    about = OpenAbout();
+    QTest::mouseClick(Find<QLabel>(about, "lblAbout"), Qt::LeftButton);
+    PressKey(about, Qt::Key_Escape);
+    Settle();
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("AboutUs")), nullptr);
+}
+
+TEST_F(AboutUsTest, OtherMovieCommandsDoNothing)
+{
+    AboutUs* about = OpenAbout();
+    Q_EMIT Find<MovieView>(about, "swfAboutUs")->FSCommand(QStringLiteral("play"), QStringLiteral("true"));
+    Settle();
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("AboutUs")), about);
+}
+
+TEST_F(AboutUsTest, ItDoesNotCountAsAnotherFormButAsAnOpenOne)
+{
+    ASSERT_NE(OpenAbout(), nullptr);
+    EXPECT_TRUE(AnyChildFormOpen());
+    EXPECT_FALSE(OtherFormsOpen(nullptr));
+}
+
+} // namespace
+} // namespace tally::test

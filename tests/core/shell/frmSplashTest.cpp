@@ -1,0 +1,192 @@
+#include "core/shell/frmSplash.h"
+
+#include "core/shell/frmStartLogin.h"
+#include "core/ui/controls/MovieView.h"
+#include "support/FileSizeLimit.h"
+#include "support/ScreenFixture.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QPushButton>
+
+namespace tally::test {
+namespace {
+
+class frmSplashTest : public ProgramFixture
+{
+protected:
+    void SetUp() override
+    {
+        ProgramFixture::SetUp();
+        // A place of its own for each test: copies of the test program may run side by side.
+        executable = Folder() + QStringLiteral("/program");
+        QFile file(executable);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+
+    frmSplash* Show()
+    {
+        auto* splash = new frmSplash(executable);
+        EXPECT_TRUE(splash->Form_Load());
+        splash->show();
+        QApplication::setActiveWindow(splash);
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(splash));
+        Settle();
+        return splash;
+    }
+    static frmStartLogin* Login()
+    {
+        const auto widgets = QApplication::topLevelWidgets();
+        for (QWidget* widget : widgets)
+            if (auto* login = qobject_cast<frmStartLogin*>(widget))
+                return login;
+        return nullptr;
+    }
+    void Spoil(const char* file, const QByteArray& content)
+    {
+        QFile database(Folder() + QLatin1Char('/') + QString::fromLatin1(file));
+        ASSERT_TRUE(database.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        database.write(content);
+    }
+    void ExpectNoLoginAfterEnter()
+    {
+        frmSplash* splash = Show();
+        prompts.ExpectCritical();
+        PressKey(splash, Qt::Key_Return);
+        EXPECT_EQ(Login(), nullptr);
+        EXPECT_TRUE(splash->isVisible());
+        EXPECT_EQ(Session().gcnnMain, nullptr);
+        EXPECT_EQ(Session().gcnnTemp, nullptr);
+        EXPECT_EQ(processEnds, 0);
+    }
+
+    QString executable;
+};
+
+TEST_F(frmSplashTest, ASecondCopyIsRefusedAndEnds)
+{
+    const SingleCopy running(executable);
+    frmSplash splash(executable);
+    prompts.ExpectInformation(QStringLiteral("Tally Board Is Already Opened"));
+    EXPECT_FALSE(splash.Form_Load());
+    EXPECT_EQ(processEnds, 1);
+}
+
+TEST_F(frmSplashTest, TheMovieFillsItsTwelveByNineThousandTwipsAndPlaysFromTheTempFolder)
+{
+    QDir(Folder()).mkdir(QStringLiteral("Temp"));
+    QFile old(Folder() + QStringLiteral("/Temp/1001.jpg"));
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+
+    frmSplash* splash = Show();
+    auto* movie = Find<MovieView>(splash, "swfSplash");
+    EXPECT_EQ(movie->size(), QSize(800, 600));
+    EXPECT_TRUE(QFile::exists(Folder() + QStringLiteral("/Temp/1006.swf")));
+    EXPECT_FALSE(old.exists());
+    EXPECT_EQ(Session().gstrTempPath, Folder() + QStringLiteral("/Temp"));
+    EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
+}
+
+TEST_F(frmSplashTest, TheMoviePlaysWhereTheTempFolderCanNotBeMade)
+{
+    QFile inTheWay(Folder() + QStringLiteral("/Temp"));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    auto* movie = Find<MovieView>(Show(), "swfSplash");
+    EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
+}
+
+TEST_F(frmSplashTest, TheMoviePlaysThoughItFindsNoRoomOnTheDisk)
+{
+    const FileSizeLimit full(0);
+    auto* movie = Find<MovieView>(Show(), "swfSplash");
+    EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
+}
+
+TEST_F(frmSplashTest, EnterOpensBothDatabasesAndTheLoginInPlaceOfTheSplash)
+{
+    frmSplash* splash = Show();
+    EXPECT_EQ(QApplication::focusWidget(), Find<QPushButton>(splash, "cmdEnter"));
+    PressKey(splash, Qt::Key_Return);
+    ASSERT_NE(Login(), nullptr);
+    EXPECT_TRUE(Login()->isVisible());
+    EXPECT_FALSE(splash->isVisible());
+    EXPECT_NE(Session().gcnnMain, nullptr);
+    EXPECT_NE(Session().gcnnTemp, nullptr);
+}
+
+TEST_F(frmSplashTest, AHiddenSplashPlaysNoMovie)
+{
+    frmSplash* splash = Show();
+    auto* movie = Find<MovieView>(splash, "swfSplash");
+    ASSERT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
+    PressKey(splash, Qt::Key_Return);
+    EXPECT_FALSE(movie->IsPlaying());
+}
+
+TEST_F(frmSplashTest, EnterOnTheQuitButtonEndsAndDoesNotLogIn)
+{
+    frmSplash* splash = Show();
+    Find<QPushButton>(splash, "cmdQuit")->setFocus();
+    PressKey(splash, Qt::Key_Return);
+    EXPECT_EQ(processEnds, 1);
+    EXPECT_EQ(Login(), nullptr);
+}
+
+TEST_F(frmSplashTest, OnlyTheTwoKnownMovieCommandsDoAnything)
+{
+    frmSplash* splash = Show();
+    auto* movie = Find<MovieView>(splash, "swfSplash");
+    Q_EMIT movie->FSCommand(QStringLiteral("quit"), QStringLiteral("false"));
+    Q_EMIT movie->FSCommand(QStringLiteral("play"), QStringLiteral("enter"));
+    EXPECT_EQ(processEnds, 0);
+    EXPECT_EQ(Login(), nullptr);
+    EXPECT_TRUE(splash->isVisible());
+}
+
+TEST_F(frmSplashTest, ClosingTheSplashEndsTheProcess)
+{
+    Show()->close();
+    EXPECT_EQ(processEnds, 1);
+}
+
+TEST_F(frmSplashTest, AMissingMainDatabaseKeepsTheLoginAwayAndIsNotCreated)
+{
+    const QString file = Folder() + QStringLiteral("/Tallyboard.mdb");
+    ASSERT_TRUE(QFile::remove(file));
+    ExpectNoLoginAfterEnter();
+    EXPECT_FALSE(QFile::exists(file));
+}
+
+TEST_F(frmSplashTest, AMissingTemporaryDatabaseKeepsTheLoginAway)
+{
+    ASSERT_TRUE(QFile::remove(Folder() + QStringLiteral("/TempTallyboard.mdb")));
+    ExpectNoLoginAfterEnter();
+}
+
+TEST_F(frmSplashTest, AnEmptyDatabaseKeepsTheLoginAway)
+{
+    Spoil("Tallyboard.mdb", {});
+    ExpectNoLoginAfterEnter();
+}
+
+TEST_F(frmSplashTest, AFileThatIsNoDatabaseKeepsTheLoginAway)
+{
+    Spoil("Tallyboard.mdb", QByteArray(8192, 'x'));
+    ExpectNoLoginAfterEnter();
+}
+
+TEST_F(frmSplashTest, FromEnterToTheLoginReadyToTypeTakesNoNoticeableTime)
+{
+    frmSplash* splash = Show();
+    QElapsedTimer timer;
+    timer.start();
+    PressKey(splash, Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(Login()));
+    // The goal is a tenth of a second; a busy test machine gets some more.
+    EXPECT_LT(timer.elapsed(), 1000);
+    RecordProperty("milliseconds", static_cast<int>(timer.elapsed()));
+}
+
+} // namespace
+} // namespace tally::test

@@ -1,0 +1,179 @@
+#include "core/ui/controls/FlexGrid.h"
+#include "support/ScreenFixture.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+namespace tally::test {
+namespace {
+
+constexpr int NameWidth = 120;
+
+/// A list of fifty names with twelve columns of marks, most of them out of sight; its first row is hidden.
+class FixedColumnsOfAGrid : public ScreenFixture
+{
+protected:
+    void SetUp() override
+    {
+        ScreenFixture::SetUp();
+        auto* rows = new QVBoxLayout(form);
+        rows->addWidget(grid);
+        Fill(QStringLiteral("Student %1"));
+        grid->SetFixedCols(1);
+        form->resize(520, 320);
+        form->show();
+        QApplication::setActiveWindow(form);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+        grid->setFocus();
+    }
+
+    void Fill(const QString& names)
+    {
+        std::vector<FlexGrid::Row> rows(52, FlexGrid::Row(13));
+        rows[0][0].text = QStringLiteral("Name");
+        for (int row = 2; row < 52; ++row)
+            rows[static_cast<std::size_t>(row)][0].text = names.arg(row);
+        for (int row = 0; row < 52; ++row)
+            for (int col = 1; col < 13; ++col)
+                rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)].text =
+                    QStringLiteral("%1/%2").arg(row).arg(col);
+        grid->SetContent(std::move(rows));
+        grid->SetRowHeight(1, 0);
+        grid->SetColWidth(0, NameWidth);
+        for (int col = 1; col < 13; ++col)
+            grid->SetColWidth(col, 70);
+    }
+
+    /// What the eye sees at the left edge of the grid, head and rows, up to the line that sets the names off.
+    QImage Names()
+    {
+        QCoreApplication::processEvents();
+        return grid->grab(QRect(0, 0, NameWidth - 2, grid->viewport()->geometry().bottom())).toImage();
+    }
+    void ScrollRight(int pixels) { grid->horizontalScrollBar()->setValue(pixels); }
+    /// The middle of a name, as it stands at the left edge.
+    QPoint NameAt(int row) const { return {NameWidth / 2, grid->CellRect(row, 0).center().y()}; }
+    QWidget* WidgetAt(QPoint inViewport) { return form->childAt(grid->viewport()->mapTo(form, inViewport)); }
+
+    /// The fixture deletes all windows that a test leaves.
+    QWidget* form = new QWidget;
+    FlexGrid* grid = new FlexGrid(form);
+};
+
+TEST_F(FixedColumnsOfAGrid, TheNamesStayInSightBesideTheLastMarks)
+{
+    const QImage before = Names();
+    ScrollRight(grid->horizontalScrollBar()->maximum());
+    EXPECT_TRUE(Names() == before);
+    EXPECT_LT(grid->CellRect(2, 12).right(), grid->viewport()->width()) << "the last mark is shown";
+    ScrollRight(0);
+    EXPECT_TRUE(Names() == before);
+}
+
+TEST_F(FixedColumnsOfAGrid, WithoutFixedColumnsTheNamesScrollAway)
+{
+    const QImage before = Names();
+    grid->SetFixedCols(0);
+    ScrollRight(300);
+    EXPECT_FALSE(Names() == before);
+}
+
+TEST_F(FixedColumnsOfAGrid, TheNamesMoveUpAndDownWithTheirMarks)
+{
+    grid->verticalScrollBar()->setValue(20);
+    const QImage before = Names();
+    ScrollRight(300);
+    EXPECT_TRUE(Names() == before) << "scrolled down before the names were held";
+    grid->verticalScrollBar()->setValue(31);
+    const QImage held = Names();
+    ScrollRight(0);
+    EXPECT_TRUE(Names() == held) << "scrolled down while the names were held";
+    EXPECT_FALSE(held == before);
+}
+
+TEST_F(FixedColumnsOfAGrid, TheWheelOverANameMovesTheWholeList)
+{
+    ScrollRight(300);
+    QCoreApplication::processEvents();
+    QWidget* names = WidgetAt(NameAt(5));
+    const QPoint center = names->rect().center();
+    QWheelEvent wheel(center, names->mapToGlobal(center), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(names, &wheel);
+    EXPECT_GT(grid->verticalScrollBar()->value(), 0);
+    const QImage held = Names();
+    ScrollRight(0);
+    EXPECT_TRUE(Names() == held);
+}
+
+TEST_F(FixedColumnsOfAGrid, AClickOnANameIsAClickOnTheGridWhichKeepsTheKeyboard)
+{
+    ScrollRight(300);
+    QCoreApplication::processEvents();
+    const QSignalSpy clicks(grid, &FlexGrid::CellClicked);
+    QWidget* names = WidgetAt(NameAt(5));
+    QTest::mouseClick(names, Qt::LeftButton, {},
+                      names->mapFrom(form, grid->viewport()->mapTo(form, NameAt(5))));
+    ASSERT_EQ(clicks.count(), 1);
+    EXPECT_EQ(clicks[0][0].toInt(), 5);
+    EXPECT_EQ(clicks[0][1].toInt(), 0);
+    EXPECT_EQ(grid->CurrentRow(), 5);
+    EXPECT_TRUE(grid->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(grid->CurrentRow(), 6);
+}
+
+TEST_F(FixedColumnsOfAGrid, TheArrowKeysLeadToNoCellBehindTheNames)
+{
+    grid->SetCurrentCell(3, 12);
+    for (int col = 11; col >= 1; --col) {
+        QTest::keyClick(grid, Qt::Key_Left);
+        ASSERT_EQ(grid->CurrentCol(), col);
+        EXPECT_GE(grid->CellRect(3, col).left(), NameWidth) << "column " << col;
+    }
+    QTest::keyClick(grid, Qt::Key_Left);
+    EXPECT_EQ(grid->CurrentCol(), 0);
+}
+
+TEST_F(FixedColumnsOfAGrid, AnotherListShowsItsOwnNames)
+{
+    ScrollRight(300);
+    QCoreApplication::processEvents();
+    Fill(QStringLiteral("Teacher %1"));
+    ScrollRight(200);
+    const QImage held = Names();
+    ScrollRight(0);
+    EXPECT_TRUE(Names() == held);
+}
+
+TEST_F(FixedColumnsOfAGrid, AHiddenRowAndAWiderColumnShowWhileTheNamesAreHeld)
+{
+    ScrollRight(300);
+    QCoreApplication::processEvents();
+    grid->SetRowHeight(4, 0);
+    grid->SetColWidth(0, NameWidth + 30);
+    const QImage held = Names();
+    ScrollRight(0);
+    EXPECT_TRUE(Names() == held);
+}
+
+TEST_F(FixedColumnsOfAGrid, NamesThatWouldTakeMoreThanHalfOfTheGridScrollWithTheRest)
+{
+    form->resize(2 * NameWidth, 320);
+    QCoreApplication::processEvents();
+    const QImage before = Names();
+    ScrollRight(300);
+    EXPECT_FALSE(Names() == before);
+    form->resize(520, 320);
+    QCoreApplication::processEvents();
+    const QImage held = Names();
+    ScrollRight(0);
+    EXPECT_TRUE(Names() == held) << "a wider window holds them at once";
+}
+
+} // namespace
+} // namespace tally::test

@@ -1,0 +1,134 @@
+#include "core/ui/controls/DataGrid.h"
+#include "core/ui/controls/FlexGrid.h"
+
+#include <QAbstractItemModelTester>
+#include <QAccessible>
+
+namespace tally::test {
+namespace {
+
+/// Ends the test program at the first rule of Qt's models that the grid's model breaks.
+class Watched
+{
+public:
+    explicit Watched(const QTableView& grid)
+        : tester_(grid.model(), QAbstractItemModelTester::FailureReportingMode::Fatal)
+    {}
+
+private:
+    QAbstractItemModelTester tester_;
+};
+
+GridResult Teachers(int count)
+{
+    GridResult result{{QStringLiteral("Code"), QStringLiteral("Name"), QStringLiteral("City")}, {}};
+    for (int row = 0; row < count; ++row)
+        result.rows.push_back(
+            {QString::number(row), QStringLiteral("Teacher %1").arg(row), QStringLiteral("Kochi")});
+    return result;
+}
+
+/// Asks a model for everything that a view or a screen reader may ask, where there is a cell and where not.
+void AskForAll(const QAbstractItemModel& model)
+{
+    QList<QModelIndex> cells{QModelIndex()};
+    for (int row = 0; row < model.rowCount(); ++row)
+        for (int column = 0; column < model.columnCount(); ++column)
+            cells.append(model.index(row, column));
+    for (const QModelIndex& cell : cells)
+        for (int role = Qt::DisplayRole; role <= Qt::StatusTipPropertyRole; ++role)
+            model.data(cell, role);
+    for (const auto orientation : {Qt::Horizontal, Qt::Vertical})
+        for (const int section : {-1, 0, model.columnCount(), model.rowCount()})
+            for (int role = Qt::DisplayRole; role <= Qt::StatusTipPropertyRole; ++role)
+                model.headerData(section, orientation, role);
+}
+
+TEST(GridModelTest, WhereThereIsNoCellAListHoldsNothing)
+{
+    for (const int rows : {0, 3}) {
+        DataGrid grid;
+        grid.Bind(Teachers(rows), {});
+        const Watched watched(grid);
+        EXPECT_FALSE(grid.model()->data(QModelIndex(), Qt::DisplayRole).isValid()) << rows << " rows";
+        AskForAll(*grid.model());
+    }
+}
+
+TEST(GridModelTest, AListStandsTheRulesWhileItsResultsChange)
+{
+    DataGrid grid;
+    const Watched watched(grid);
+    AskForAll(*grid.model());
+    for (const int rows : {5, 1, 0, 12}) {
+        grid.Bind(Teachers(rows), {QStringLiteral("Code")});
+        AskForAll(*grid.model());
+        EXPECT_EQ(grid.RowCount(), rows);
+    }
+    grid.Bind({}, {});
+    AskForAll(*grid.model());
+}
+
+TEST(GridModelTest, AGridStandsTheRulesWhileItIsFilledGrowsAndShrinks)
+{
+    FlexGrid grid;
+    const Watched watched(grid);
+    AskForAll(*grid.model());
+    for (const int rows : {2, 1, 40, 3, 0, -1}) {
+        grid.SetRows(rows);
+        AskForAll(*grid.model());
+    }
+    for (const int cols : {8, 1, 0, -1, 4}) {
+        grid.SetCols(cols);
+        AskForAll(*grid.model());
+    }
+    grid.SetRows(5);
+    grid.SetTextMatrix(0, 1, QStringLiteral("Name"));
+    grid.SetTextMatrix(4, 3, QStringLiteral("Asha"));
+    grid.SetMark(4, 3, CellMark::FailedOrAbsent);
+    grid.SetTextMatrix(5, 4, QStringLiteral("outside"));
+    AskForAll(*grid.model());
+    for (const int row : {0, 9, 4, 1, 1, 1, 1}) {
+        grid.RemoveItem(row);
+        AskForAll(*grid.model());
+    }
+    EXPECT_EQ(grid.Rows(), 1);
+    grid.SetContent(std::vector<FlexGrid::Row>(4, FlexGrid::Row(3, {QStringLiteral("x"), CellMark::Sum})));
+    AskForAll(*grid.model());
+    grid.SetContent({FlexGrid::Row(3), FlexGrid::Row(1), {}});
+    AskForAll(*grid.model());
+    grid.SetContent({});
+    AskForAll(*grid.model());
+}
+
+TEST(GridModelTest, AScreenReaderHearsWhatAMarkMeansBehindItsText)
+{
+    FlexGrid grid;
+    grid.SetContent({FlexGrid::Row(4),
+                     {{QStringLiteral("34"), CellMark::FailedOrAbsent},
+                      {{}, CellMark::NotTakenForRank},
+                      {QStringLiteral("61.50"), CellMark::Sum},
+                      {QStringLiteral("90")}}});
+    const auto heard = [&grid](int col) {
+        QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&grid);
+        return table->tableInterface()->cellAt(0, col)->text(QAccessible::Name).toStdString();
+    };
+    EXPECT_EQ(heard(0), "34, Failed Or Absent");
+    EXPECT_EQ(heard(1), "Not Taken For Rank");
+    EXPECT_EQ(heard(2), "61.50, Sum");
+    EXPECT_EQ(heard(3), "90");
+}
+
+TEST(GridModelTest, AnAlignmentMayBeStatedBeforeThereIsAColumn)
+{
+    FlexGrid grid;
+    const Watched watched(grid);
+    for (const int col : {-1, 0, 7})
+        grid.SetColAlignment(col, Qt::AlignRight);
+    grid.SetCols(8);
+    EXPECT_EQ(grid.ColAlignment(7), Qt::AlignRight);
+    EXPECT_EQ(grid.ColAlignment(6), Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+} // namespace
+} // namespace tally::test
