@@ -1,6 +1,7 @@
 #include "calendar/AcademicYearDates.h"
 
 #include <gtest/gtest.h>
+#include <ostream>
 
 namespace tally {
 namespace {
@@ -12,6 +13,11 @@ struct YearCase
     int yearTo;
     const char* from;
     const char* to;
+
+    friend void PrintTo(const YearCase& row, std::ostream* out)
+    {
+        *out << row.typed << " from month " << row.startMonth;
+    }
 };
 
 class AYearFollowsFromItsText : public testing::TestWithParam<YearCase>
@@ -51,6 +57,8 @@ struct BoundaryCase
     int from;
     int to;
     bool within;
+
+    friend void PrintTo(const BoundaryCase& row, std::ostream* out) { *out << row.from << " to " << row.to; }
 };
 
 class TheRecordsReach : public testing::TestWithParam<BoundaryCase>

@@ -166,7 +166,7 @@ TEST_F(AcademicYearSave, TheResultIsToldWhenTheWorkIsStoredAndNobodyWaitsForItsR
         EXPECT_EQ(YearsSeenBy(*other), 1);
         EXPECT_EQ(Session().gintYearFrom, 2007);
         EXPECT_EQ(Panel(1), "Academic Year : 2007-2008");
-        LetTick();
+        Tick();
         EXPECT_EQ(other->Number(QStringLiteral("SELECT count(*) FROM ExamBoardMaster WHERE Status = 'A'")),
                   1);
         store::Transaction save(*other);
@@ -193,7 +193,7 @@ TEST_F(AcademicYearSave, ACommitThatIsRefusedTakesEverythingBack)
     auto reader = other->Query(QStringLiteral("SELECT * FROM MonthMaster"));
     ASSERT_TRUE(reader.Next());
     const QStringList boxes = SaveWhile([] {});
-    EXPECT_EQ(boxes, QStringList{DataInUse}) << "what is not stored is not told as stored";
+    EXPECT_EQ(boxes, QStringList{HeldByAnotherClient}) << "what is not stored is not told as stored";
     EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
     EXPECT_EQ(YearsSeenBy(*other), 0);
     EXPECT_FALSE(Session().gdtmApplicationDate.isValid());
@@ -210,7 +210,7 @@ TEST_F(AcademicYearSave, WhileAnotherClientSavesItSaysThatTheDataIsInUse)
     store::Transaction save(*other);
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(0));
     Enter(QStringLiteral("2007"), Qt::Key_Y);
-    prompts.ExpectCritical(DataInUse);
+    prompts.ExpectCritical(HeldByAnotherClient);
     Click(form, "cmdSave");
     EXPECT_EQ(Text(form, "txtAcademicYearFrom"), "2007");
     EXPECT_TRUE(IsOn(form, "cmdSave"));
@@ -222,7 +222,7 @@ TEST_F(AcademicYearSave, WhereTheFilesCanOnlyBeReadTheEntryStays)
     OpenForm();
     MakeReadOnly();
     Enter(QStringLiteral("2007"), Qt::Key_Y);
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(OnlyReadable);
     Click(form, "cmdSave");
     EXPECT_EQ(Text(form, "txtAcademicYearFrom"), "2007");
     EXPECT_TRUE(IsOn(form, "cmdSave"));

@@ -71,15 +71,6 @@ void CalendarFixture::Start()
     Settle();
 }
 
-void CalendarFixture::LetTick()
-{
-    auto* timer = Find<QTimer>(window, "tmrTimer");
-    ASSERT_TRUE(timer->isActive());
-    timer->setInterval(1);
-    QTest::qWait(30);
-    timer->setInterval(1000);
-}
-
 void CalendarFixture::MakeReadOnly()
 {
     StopPresence();

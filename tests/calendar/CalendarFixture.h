@@ -6,10 +6,6 @@
 
 namespace tally::test {
 
-/// What a client is told while another one writes.
-inline const QString DataInUse =
-    QStringLiteral("The Data Is In Use By Another Client. Please Try Again In A Moment (database is locked)");
-
 /// A school whose academic years and working days a test lays down before the program starts.
 class CalendarFixture : public ScreenFixture
 {
@@ -25,8 +21,6 @@ protected:
     void GivenSessionUser(int days, const QList<std::pair<QString, QString>>& rights);
     /// Starts the program on the rows given so far; the work menus are open.
     void Start();
-    /// Makes the clock of the main window tick a few times.
-    void LetTick();
     /// From now on the session can only read, as on a folder without the right to write.
     void MakeReadOnly();
 

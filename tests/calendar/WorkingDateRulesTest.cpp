@@ -1,6 +1,7 @@
 #include "calendar/WorkingDateRules.h"
 
 #include <gtest/gtest.h>
+#include <ostream>
 
 namespace tally {
 namespace {
@@ -13,6 +14,12 @@ struct NextDayCase
     QDate day;
     QDate workingDate;
     NextDay expected;
+
+    friend void PrintTo(const NextDayCase& row, std::ostream* out)
+    {
+        *out << row.day.toString(Qt::ISODate).toStdString() << " on "
+             << row.workingDate.toString(Qt::ISODate).toStdString();
+    }
 };
 
 class TheNextDay : public testing::TestWithParam<NextDayCase>
@@ -52,6 +59,11 @@ struct RangeCase
     QDate last;
     int days;
     QDate from;
+
+    friend void PrintTo(const RangeCase& row, std::ostream* out)
+    {
+        *out << row.days << " days back from " << row.last.toString(Qt::ISODate).toStdString();
+    }
 };
 
 class TheRangeShown : public testing::TestWithParam<RangeCase>
@@ -78,6 +90,11 @@ struct LimitCase
     QDate day;
     int days;
     bool within;
+
+    friend void PrintTo(const LimitCase& row, std::ostream* out)
+    {
+        *out << row.day.toString(Qt::ISODate).toStdString() << " within " << row.days << " days";
+    }
 };
 
 class TheLimit : public testing::TestWithParam<LimitCase>

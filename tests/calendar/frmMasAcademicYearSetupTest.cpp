@@ -687,9 +687,7 @@ TEST_F(AcademicYearSetup, AnotherClientsSaveKeepsItOpenUntilItsRowCanGo)
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(50));
     const auto other = AnotherClient();
     other->Begin();
-    prompts.Expect(Prompts::Kind::Critical,
-                   QStringLiteral("The Data Is In Use By Another Client. Please Try Again In "
-                                  "A Moment (database is locked)"));
+    prompts.ExpectCritical(HeldByAnotherClient);
     Click(form, "cmdExit");
     Settle();
     prompts.Verify();
@@ -709,7 +707,7 @@ TEST_F(AcademicYearSetup, ARowThatCanNotGoAtAllKeepsNobodyInTheScreen)
     GivenDays({QDate(2007, 6, 4)});
     OpenForm();
     Given("DROP TABLE ScreenStatus");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("ScreenStatus"));
     Click(form, "cmdExit");
     Settle();
     prompts.Verify();

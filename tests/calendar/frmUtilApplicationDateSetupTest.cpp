@@ -58,7 +58,7 @@ TEST_F(ApplicationDateSetup, ALastDateThatCouldNotBeReadIsReadBeforeADayIsAdded)
     GivenDays({QDate(2007, 6, 20)});
     Start();
     Given("ALTER TABLE ApplicationDate RENAME TO Away");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("ApplicationDate"));
     form = Open<frmUtilApplicationDateSetup>("frmUtilApplicationDateSetup");
     ASSERT_NE(form, nullptr);
     Given("ALTER TABLE Away RENAME TO ApplicationDate");
@@ -254,11 +254,11 @@ TEST_F(ApplicationDateSetup, AFailedWriteLeavesTheCalendarAndTheSession)
     OpenForm({QDate(2007, 6, 1), QDate(2007, 6, 4)});
     MakeReadOnly();
     ExpectAddQuestion("05/Jun/2007", true);
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(OnlyReadable);
     Click(form, "cmdAddOneDay");
     EXPECT_EQ(Picker(), QDate(2007, 6, 4));
     ExpectDeleteQuestion("04/Jun/2007", true);
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(OnlyReadable);
     Click(form, "cmdDeleteLastDay");
     EXPECT_EQ(Picker(), QDate(2007, 6, 4));
     EXPECT_EQ(Session().gdtmApplicationDate, QDate(2007, 6, 4));
@@ -274,7 +274,7 @@ TEST_F(ApplicationDateSetup, WhileAnotherClientSavesItSaysThatTheDataIsInUse)
     const store::Transaction save(*other);
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(0));
     ExpectAddQuestion("05/Jun/2007", true);
-    prompts.ExpectCritical(DataInUse);
+    prompts.ExpectCritical(HeldByAnotherClient);
     Click(form, "cmdAddOneDay");
     EXPECT_EQ(Picker(), QDate(2007, 6, 4));
 }

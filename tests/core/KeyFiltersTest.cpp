@@ -1,6 +1,7 @@
 #include "core/KeyFilters.h"
 
 #include <gtest/gtest.h>
+#include <ostream>
 #include <string>
 
 namespace tally {
@@ -12,6 +13,8 @@ struct FilterCase
     KeyFilter filter;
     const char* taken;
     const char* words;
+
+    friend void PrintTo(const FilterCase& row, std::ostream* out) { *out << row.name; }
 };
 
 class KeyFiltersTest : public testing::TestWithParam<FilterCase>

@@ -139,6 +139,11 @@ struct HiddenList
 {
     const char* before;
     const char* after;
+
+    friend void PrintTo(const HiddenList& row, std::ostream* out)
+    {
+        *out << testing::PrintToString(row.before);
+    }
 };
 
 class HidingTheTempFolder : public TempFolderTest, public testing::WithParamInterface<HiddenList>

@@ -196,8 +196,7 @@ TEST_F(MarkFaults, AStoreLockedByAnotherClientIsToldAndTheSaveCanBeRepeated)
     {
         const auto other = AnotherClient();
         const store::Transaction holding(*other);
-        prompts.ExpectCritical(QStringLiteral(
-            "The Data Is In Use By Another Client. Please Try Again In A Moment (database is locked)"));
+        prompts.ExpectCritical(HeldByAnotherClient);
         PressKey(form, Qt::Key_Return);
         prompts.Verify();
         KeepsEverythingTyped();
@@ -214,7 +213,7 @@ TEST_F(MarkFaults, AFullDiskIsToldAndTheSaveCanBeRepeated)
     for (int row = 1; row <= Students; ++row)
         Enter("10");
     Count("PRAGMA max_page_count = 1");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(DiskIsFull);
     PressKey(form, Qt::Key_Return);
     prompts.Verify();
     EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster"), 0);
@@ -235,8 +234,7 @@ TEST_F(MarkFaults, ALockDuringADeleteIsToldAndTheMarksStay)
     const auto other = AnotherClient();
     const store::Transaction holding(*other);
     prompts.ExpectQuestion(QStringLiteral("Do You Want To Delete This 'Classwise Mark Entry' ?"), true);
-    prompts.ExpectCritical(QStringLiteral(
-        "The Data Is In Use By Another Client. Please Try Again In A Moment (database is locked)"));
+    prompts.ExpectCritical(HeldByAnotherClient);
     Press(Button("cmdDelete"));
     EXPECT_EQ(Stored(), "1 1 45 P 0 0");
     EXPECT_TRUE(IsEnabled("cmdDelete"));
@@ -247,7 +245,7 @@ TEST_F(MarkFaults, MarksThatCannotBeReadLeaveNoSubjectChosenSoThatNothingIsSaved
     StartSubject(QStringLiteral("English"));
     Enter("45");
     Given("ALTER TABLE MarkMaster RENAME TO Lost");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("MarkMaster"));
     subjects->setFocus();
     QTest::keyClick(subjects, Qt::Key_Down);
     prompts.Verify();
@@ -265,7 +263,7 @@ TEST_F(MarkFaults, MarksThatCannotBeReadLeaveNoStudentChosenSoThatNothingIsSaved
     StartStudent(QStringLiteral("Asha(A1)"));
     Enter("60");
     Given("ALTER TABLE MarkMaster RENAME TO Lost");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("MarkMaster"));
     students->setFocus();
     QTest::keyClick(students, Qt::Key_Down);
     prompts.Verify();
@@ -283,14 +281,14 @@ TEST_F(MarkFaults, WithoutItsRowsAListOffersNothingToChoose)
     OpenForm();
     ChooseClassDivision();
     Given("ALTER TABLE ClassSubjectTeacher RENAME TO Lost");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("ClassSubjectTeacher"));
     Press(byStudent);
     prompts.Verify();
     EXPECT_EQ(students->count(), 0) << "an edit without rows would empty a student's marks";
     EXPECT_EQ(grid->Rows(), 2);
     Given("ALTER TABLE Lost RENAME TO ClassSubjectTeacher");
     Given("ALTER TABLE StudentClassDivision RENAME TO Lost");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("StudentClassDivision"));
     Press(bySubject);
     EXPECT_EQ(subjects->count(), 0);
     EXPECT_EQ(grid->Rows(), 2);
@@ -304,7 +302,7 @@ TEST_F(MarkFaults, AnEditWhoseMarksCannotBeReadDoesNotBegin)
     ShowStoredSubject(QStringLiteral("English"));
     const std::string enabled = EnabledControls();
     Given("ALTER TABLE MarkMaster RENAME TO Lost");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("MarkMaster"));
     Press(Button("cmdEdit"));
     prompts.Verify();
     Given("ALTER TABLE Lost RENAME TO MarkMaster");
@@ -349,7 +347,7 @@ TEST_F(MarkFaults, ALostTableIsToldWhileChoosingAndTheScreenGoesOn)
     Choose(exam, QStringLiteral("Term One"));
     Choose(classes, QStringLiteral("X"));
     Given("ALTER TABLE ClassSubjectTeacher RENAME TO Lost");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("ClassSubjectTeacher"));
     Choose(divisions, QStringLiteral("A"));
     Given("ALTER TABLE Lost RENAME TO ClassSubjectTeacher");
     PressKey(form, Qt::Key_Return);

@@ -3,6 +3,7 @@
 #include "core/Numbers.h"
 
 #include <gtest/gtest.h>
+#include <ostream>
 #include <string>
 
 namespace tally::test {
@@ -50,6 +51,8 @@ struct TypedMark
 {
     const char* text;
     const char* mark;
+
+    friend void PrintTo(const TypedMark& row, std::ostream* out) { *out << '"' << row.text << '"'; }
 };
 
 class TypedMarks : public testing::TestWithParam<TypedMark>
@@ -74,6 +77,12 @@ struct Typing
     const char* presence;
     const char* text;
     std::string refusal;
+
+    friend void PrintTo(const Typing& row, std::ostream* out)
+    {
+        *out << (row.mode == MarkMode::Subject ? "subject, " : "student, ") << row.presence << ", "
+             << row.text;
+    }
 };
 
 class TypingRules : public testing::TestWithParam<Typing>

@@ -137,6 +137,8 @@ struct Pasted
     const char* text;
     const char* box;
     const char* cell;
+
+    friend void PrintTo(const Pasted& row, std::ostream* out) { *out << '"' << row.text << '"'; }
 };
 
 class PastedMarks : public MarkTyping, public testing::WithParamInterface<Pasted>

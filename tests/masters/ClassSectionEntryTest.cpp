@@ -157,6 +157,8 @@ struct Refusal
     const char* message;
     const char* focus;
     int row;
+
+    friend void PrintTo(const Refusal& row, std::ostream* out) { *out << "check " << row.what; }
 };
 
 class ClassSectionRefusal : public ClassSectionScreen, public testing::WithParamInterface<Refusal>
@@ -270,9 +272,7 @@ TEST_F(ClassSectionEntry, ACommitThatIsRefusedTellsNothingAsKept)
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(0));
     auto reader = other->Query(QStringLiteral("SELECT * FROM MonthMaster"));
     ASSERT_TRUE(reader.Next());
-    prompts.Expect(Prompts::Kind::Critical,
-                   QStringLiteral("The Data Is In Use By Another Client. Please Try Again In A Moment "
-                                  "(database is locked)"));
+    prompts.ExpectCritical(HeldByAnotherClient);
     Press(Button("cmdSave"));
     EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
 }
@@ -315,7 +315,7 @@ TEST_F(ClassSectionEntry, AnyOtherFailureIsDescribedAndKeepsWhatWasEntered)
     Click(classes, 1, 1);
     Enter("12");
     Given("ALTER TABLE MarkMaster RENAME TO Elsewhere");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("MarkMaster"));
     Press(Button("cmdSave"));
     EXPECT_EQ(StoredClasses(), "1 XII 2 1; 2 XI 3 2; 3 X 1 3;");
     EXPECT_EQ(ClassRowText(1), "1|12|2|1");
@@ -479,7 +479,7 @@ TEST_F(ClassSectionEntry, ClassesThatCannotBeReadAreNotOfferedToBeEnteredAnew)
     GivenThreeClasses();
     OpenForm();
     Given("ALTER TABLE ClassDivisionDetails RENAME TO Away");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("ClassDivisionDetails"));
     Press(Button("cmdClose"));
     EXPECT_FALSE(IsEnabled("cmdNew"));
     Given("ALTER TABLE Away RENAME TO ClassDivisionDetails");

@@ -1,6 +1,7 @@
 #include "masters/ClassSectionGrid.h"
 
 #include <gtest/gtest.h>
+#include <ostream>
 
 namespace tally::test {
 namespace {
@@ -37,6 +38,11 @@ struct NamedDivision
 {
     int code;
     const char* name;
+
+    friend void PrintTo(const NamedDivision& row, std::ostream* out)
+    {
+        *out << row.code << " is " << row.name;
+    }
 };
 
 class DefaultDivisionNameTest : public testing::TestWithParam<NamedDivision>
@@ -189,6 +195,8 @@ struct Shift
     int row;
     int typed;
     std::vector<int> shifted;
+
+    friend void PrintTo(const Shift& row, std::ostream* out) { *out << row.what; }
 };
 
 class ShiftClassOrdersTest : public testing::TestWithParam<Shift>
@@ -276,6 +284,8 @@ struct FaultCase
     const char* message;
     ClassField field;
     int row;
+
+    friend void PrintTo(const FaultCase& row, std::ostream* out) { *out << row.what; }
 };
 
 class FindFaultTest : public testing::TestWithParam<FaultCase>

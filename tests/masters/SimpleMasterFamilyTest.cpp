@@ -318,7 +318,7 @@ TEST_P(SimpleMasterFamilyTest, AFileHeldByAnotherClientLosesNothing)
     const auto other = AnotherClient();
     other->Begin();
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(1));
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(HeldByAnotherClient);
     Press(Button("cmdSave"));
     EXPECT_EQ(State(), "Entry");
     EXPECT_EQ(TextOf(NameBox()), Member().fields.front().first);

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QElapsedTimer>
 
 namespace tally::test {
 namespace {
@@ -257,7 +256,7 @@ TEST_F(TeacherMasterTest, ExitAsksWithTheCaption)
     EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmTeacherMaster")), nullptr);
 }
 
-TEST_F(TeacherMasterTest, ManyTeachersOpenAndSaveAsQuicklyAsFew)
+TEST_F(TeacherMasterTest, ManyTeachersTakeAsManyStatementsAsFew)
 {
     const auto statements = [this](const QString& name, const QString& shortName) {
         const auto before = Session().gcnnMain->StatementsRun();
@@ -273,10 +272,7 @@ TEST_F(TeacherMasterTest, ManyTeachersOpenAndSaveAsQuicklyAsFew)
           " INSERT INTO TeacherMaster SELECT i, 1, 'Teacher ' || i, i, NULL, 'S', NULL, NULL, '', '', '', 1, "
           "'',"
           " '', 0, '', 1 FROM n");
-    QElapsedTimer clock;
-    clock.start();
     EXPECT_EQ(statements(QStringLiteral("Binu"), QStringLiteral("BIN")), few);
-    EXPECT_LT(clock.elapsed(), 3000);
     EXPECT_EQ(Stored("TeacherName", 600).toStdString(), "Binu");
 }
 

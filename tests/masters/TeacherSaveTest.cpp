@@ -243,9 +243,7 @@ TEST_F(TeacherSaveTest, WhileTheDatabaseIsLockedNothingThatWasTypedIsLost)
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(20));
     const auto other = AnotherClient();
     other->Begin();
-    prompts.Expect(Prompts::Kind::Critical,
-                   QStringLiteral("The Data Is In Use By Another Client. Please Try Again In "
-                                  "A Moment (database is locked)"));
+    prompts.ExpectCritical(HeldByAnotherClient);
     Press(Button("cmdSave"));
     prompts.Verify();
     EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "Asha");

@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
@@ -236,17 +235,14 @@ TEST_F(TeacherSearchTest, BoxesTakeOnlyWhatNamesMayHold)
     EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "ab1");
 }
 
-TEST_F(TeacherSearchTest, ManyTeachersAreFoundWithOneStatementAndQuickly)
+TEST_F(TeacherSearchTest, ManyTeachersAreFoundWithOneStatement)
 {
     Given("WITH RECURSIVE n(i) AS (VALUES(100) UNION ALL SELECT i + 1 FROM n WHERE i < 599)"
           " INSERT INTO TeacherMaster SELECT i, 1, 'Teacher ' || i, i, NULL, 'S', NULL, NULL, '', '', '', 1, "
           "'',"
           " '', 0, '', 1 FROM n");
     const auto before = Session().gcnnMain->StatementsRun();
-    QElapsedTimer clock;
-    clock.start();
     ShowAll();
-    EXPECT_LT(clock.elapsed(), 2000);
     EXPECT_EQ(grid->RowCount(), 503);
     EXPECT_EQ(Session().gcnnMain->StatementsRun() - before, 1U);
 }

@@ -453,7 +453,7 @@ TEST_F(frmMasSchoolSetupTest, AFileHeldByAnotherClientLosesNeitherSchoolNorMonth
     const auto other = AnotherClient();
     other->Begin();
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(1));
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(HeldByAnotherClient);
     Press(Button("cmdSave"));
     other->Rollback();
     EXPECT_EQ(Count("SELECT count(*) FROM SchoolMaster WHERE MonthShortName = 'APR'"), 1);

@@ -1,6 +1,7 @@
 #include "ranks/RankSchool.h"
 
 #include <gtest/gtest.h>
+#include <ostream>
 #include <tuple>
 
 namespace tally::test {
@@ -215,6 +216,8 @@ struct PassCase
 {
     double mark;
     bool failed;
+
+    friend void PrintTo(const PassCase& row, std::ostream* out) { *out << row.mark; }
 };
 
 class PassMark : public testing::TestWithParam<PassCase>
@@ -399,6 +402,11 @@ struct LowestCase
 {
     std::vector<double> marks;
     double lowest;
+
+    friend void PrintTo(const LowestCase& row, std::ostream* out)
+    {
+        *out << testing::PrintToString(row.marks);
+    }
 };
 
 class LowestMarks : public testing::TestWithParam<LowestCase>
@@ -487,6 +495,11 @@ struct FormatCase
     const char* cell;
     double total;
     double average;
+
+    friend void PrintTo(const FormatCase& row, std::ostream* out)
+    {
+        *out << (row.fraction ? "fractions" : "whole") << (row.rounded ? ", rounded" : "");
+    }
 };
 
 class MarkFormats : public testing::TestWithParam<FormatCase>

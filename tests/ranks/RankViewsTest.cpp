@@ -1,6 +1,7 @@
 #include "ranks/RankSchool.h"
 
 #include <gtest/gtest.h>
+#include <ostream>
 
 namespace tally::test {
 
@@ -156,6 +157,11 @@ struct AverageOnAHalf
     int marks;
     std::int64_t hundredths; ///< of all marks together
     const char* average;
+
+    friend void PrintTo(const AverageOnAHalf& row, std::ostream* out)
+    {
+        *out << row.marks << " marks, " << row.average;
+    }
 };
 
 class AverageOnAHalfTest : public testing::TestWithParam<AverageOnAHalf>

@@ -6,9 +6,6 @@
 namespace tally::test {
 namespace {
 
-const QString InUse = QStringLiteral("The Data Is In Use By Another Client. Please Try Again In "
-                                     "A Moment (database is locked)");
-
 /// Another client prepares and drops rank lists of its own in the table that all clients share.
 class SharedRankList : public RankScreen
 {
@@ -183,11 +180,11 @@ TEST_F(SharedRankList, ALockIsToldInPlainWordsAndTheListStaysToBeShownAndSaved)
     AnotherClientProceeds();
     Session().gcnnTemp->SetPatience(std::chrono::milliseconds(50));
     other->Begin();
-    prompts.ExpectCritical(InUse);
+    prompts.ExpectCritical(HeldByAnotherClient);
     Press(Option("optAlphabeticalOrder"));
     prompts.Verify();
     EXPECT_EQ(ShownNames(), shown);
-    prompts.ExpectCritical(InUse);
+    prompts.ExpectCritical(HeldByAnotherClient);
     Press(Button("cmdSave"));
     prompts.Verify();
     EXPECT_TRUE(Button("cmdSave")->isEnabled());
@@ -210,7 +207,7 @@ TEST_F(SharedRankList, ALockWhileProceedingLeavesTheSelectionOpenAndTheOtherClie
     Press(selectAll);
     Session().gcnnTemp->SetPatience(std::chrono::milliseconds(50));
     other->Begin();
-    prompts.ExpectCritical(InUse);
+    prompts.ExpectCritical(HeldByAnotherClient);
     Press(Button("cmdUpdate"));
     prompts.Verify();
     other->Rollback();

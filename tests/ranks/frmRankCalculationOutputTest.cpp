@@ -246,9 +246,7 @@ TEST_F(RankListOutput, ALockedDatabaseRefusesTheSaveInPlainWordsAndTheSaveCanBeR
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(50));
     const auto other = AnotherClient();
     other->Begin();
-    prompts.Expect(Prompts::Kind::Critical,
-                   QStringLiteral("The Data Is In Use By Another Client. Please Try Again In "
-                                  "A Moment (database is locked)"));
+    prompts.ExpectCritical(HeldByAnotherClient);
     Press(Button("cmdSave"));
     prompts.Verify();
     EXPECT_TRUE(Button("cmdSave")->isEnabled());
@@ -267,7 +265,7 @@ TEST_F(RankListOutput, AFullDiskDuringTheSaveKeepsTheOldRowsAndTheScreen)
     OpenAndProceed();
     const auto pages = Count("PRAGMA page_count");
     Given(QStringLiteral("PRAGMA max_page_count = %1").arg(pages).toLatin1().constData());
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(DiskIsFull);
     Press(Button("cmdSave"));
     prompts.Verify();
     EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal WHERE Grade = 'Z'"), 1);

@@ -452,7 +452,7 @@ TEST_F(RankListSelection, AListWhoseSummaryCannotBeReadIsNotShownAndTheSelection
     Given("ALTER TABLE ClassSubjectTeacher RENAME TO Limits");
     Given("CREATE VIEW ClassSubjectTeacher AS SELECT AcademicYearCode, ClassCode, DivisionCode, SubjectCode, "
           "MaximumMark, 9223372036854775807 AS MaximumAllowed, TakenForRank, SlNo FROM Limits");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(QStringLiteral("integer overflow"));
     Press(Button("cmdUpdate"));
     prompts.Verify();
     EXPECT_TRUE(ShownNames().isEmpty());

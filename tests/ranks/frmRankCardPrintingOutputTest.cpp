@@ -250,7 +250,7 @@ TEST_F(RankCardOutput, AFailureOfTheStoreIsToldAndTheScreenGoesOn)
     ChooseDivision();
     Press(allStudents);
     Given("Alter table TempRankTotal rename to Away");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("TempRankTotal"));
     Press(Button("cmdView"));
     ExpectNoCards();
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);

@@ -20,11 +20,6 @@ void ExpectedPrompts::Expect(Prompts::Kind kind, const QString& text, bool answe
     expected_.push_back({kind, text, false, answer});
 }
 
-void ExpectedPrompts::ExpectCritical()
-{
-    expected_.push_back({Prompts::Kind::Critical, QString(), true, true});
-}
-
 void ExpectedPrompts::ExpectSavedButNotReadAnew()
 {
     expected_.push_back({Prompts::Kind::Information,

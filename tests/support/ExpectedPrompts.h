@@ -28,8 +28,6 @@ public:
     {
         Expect(Prompts::Kind::PlainQuestion, text, answer);
     }
-    /// A critical box with any text, for the engine's own words.
-    void ExpectCritical();
     void ExpectCritical(const QString& text) { Expect(Prompts::Kind::Critical, text); }
     /// Fails the test if an expected box has not come; forgets it.
     void Verify();

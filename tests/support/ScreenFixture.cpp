@@ -117,6 +117,13 @@ Screen* ScreenFixture::OpenScreen(const QString& formName)
     return ScreenRegistry::OpenInstance(formName);
 }
 
+void ScreenFixture::Tick()
+{
+    auto* timer = Find<QTimer>(window, "tmrTimer");
+    ASSERT_TRUE(timer->isActive());
+    ASSERT_TRUE(QMetaObject::invokeMethod(timer, "timeout"));
+}
+
 void ScreenFixture::StopPresence()
 {
     Find<QTimer>(window, "tmrTimer")->stop();

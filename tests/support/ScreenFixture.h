@@ -3,6 +3,7 @@
 #include "core/SessionContext.h"
 #include "core/ui/Screen.h"
 #include "support/ExpectedPrompts.h"
+#include "support/StoreWords.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -72,6 +73,8 @@ protected:
     Screen* OpenScreen(const QString& formName);
     /// Opens the screen on a display of 800 by 600; all of it must be visible and nothing cut off.
     void ExpectToFit(const QString& formName);
+    /// Lets the clock of the main window tick, now and once.
+    void Tick();
     /// Keeps the presence row, which is written each second, out of a count of statements.
     void StopPresence();
 

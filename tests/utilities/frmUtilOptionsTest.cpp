@@ -277,7 +277,7 @@ TEST_F(frmUtilOptionsTest, AFailedSaveChangesNeitherFileNorTheSession)
     OpenOptions();
     Session().gcnnTemp->Execute(QStringLiteral("DROP TABLE Options"));
     Toggle("chkAutoGen");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("Options"));
     Press(Button("cmdSave"));
     EXPECT_EQ(Count("SELECT count(*) FROM Options WHERE AdmissionNoAutoGen = 'Y'"), 1);
     EXPECT_TRUE(Session().gblnAutoGenerate);

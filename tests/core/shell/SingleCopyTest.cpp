@@ -15,25 +15,32 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(folder.isValid());
-        temporary = qgetenv("TMPDIR");
+        // As on a machine without a desktop, whatever machine the test runs on.
+        qunsetenv("XDG_RUNTIME_DIR");
         qputenv("TMPDIR", folder.path().toLocal8Bit());
         for (const QString& name : {program, other}) {
             QFile file(name);
             ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         }
     }
-    void TearDown() override { temporary.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", temporary); }
-
-    QString LockFile() const
+    void TearDown() override
     {
-        const QStringList files = QDir(folder.path()).entryList({QStringLiteral("tallyboard-*.lock")});
-        return files.isEmpty() ? QString() : folder.filePath(files.first());
+        for (const auto& [name, value] : environment)
+            value.isNull() ? qunsetenv(name) : qputenv(name, value);
     }
+
+    static QString LockFileIn(const QDir& place)
+    {
+        const QStringList files = place.entryList({QStringLiteral("tallyboard-*.lock")});
+        return files.isEmpty() ? QString() : place.filePath(files.first());
+    }
+    QString LockFile() const { return LockFileIn(QDir(folder.path())); }
 
     QTemporaryDir folder;
     QString program = folder.filePath(QStringLiteral("tallyboard"));
     QString other = folder.filePath(QStringLiteral("elsewhere"));
-    QByteArray temporary;
+    const std::vector<std::pair<const char*, QByteArray>> environment{
+        {"TMPDIR", qgetenv("TMPDIR")}, {"XDG_RUNTIME_DIR", qgetenv("XDG_RUNTIME_DIR")}};
 };
 
 TEST_F(SingleCopyTest, TheSecondCopyOfTheSameProgramIsTold)
@@ -83,6 +90,18 @@ TEST_F(SingleCopyTest, ACopyThatDiedDoesNotHoldThePlace)
     file.write(content);
     file.close();
     EXPECT_FALSE(SingleCopy(program).AnotherIsRunning());
+}
+
+TEST_F(SingleCopyTest, OnADesktopTheLockLiesInTheFolderOfTheSession)
+{
+    const QString session = folder.filePath(QStringLiteral("session"));
+    ASSERT_TRUE(QDir().mkdir(session));
+    ASSERT_TRUE(QFile::setPermissions(session, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    qputenv("XDG_RUNTIME_DIR", session.toLocal8Bit());
+    const SingleCopy first(program);
+    EXPECT_FALSE(LockFileIn(QDir(session)).isEmpty());
+    EXPECT_TRUE(LockFile().isEmpty());
+    EXPECT_TRUE(SingleCopy(program).AnotherIsRunning());
 }
 
 } // namespace

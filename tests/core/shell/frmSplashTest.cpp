@@ -49,10 +49,12 @@ protected:
         ASSERT_TRUE(database.open(QIODevice::WriteOnly | QIODevice::Truncate));
         database.write(content);
     }
-    void ExpectNoLoginAfterEnter()
+    /// `fault` is told of the database file.
+    void ExpectNoLoginAfterEnter(const char* file, const QString& fault)
     {
         frmSplash* splash = Show();
-        prompts.ExpectCritical();
+        prompts.ExpectCritical(
+            fault.arg(QDir::toNativeSeparators(Folder() + QLatin1Char('/') + QLatin1String(file))));
         PressKey(splash, Qt::Key_Return);
         EXPECT_EQ(Login(), nullptr);
         EXPECT_TRUE(splash->isVisible());
@@ -154,26 +156,28 @@ TEST_F(frmSplashTest, AMissingMainDatabaseKeepsTheLoginAwayAndIsNotCreated)
 {
     const QString file = Folder() + QStringLiteral("/Tallyboard.mdb");
     ASSERT_TRUE(QFile::remove(file));
-    ExpectNoLoginAfterEnter();
+    ExpectNoLoginAfterEnter("Tallyboard.mdb", QStringLiteral("The Database File %1 Is Missing"));
     EXPECT_FALSE(QFile::exists(file));
 }
 
 TEST_F(frmSplashTest, AMissingTemporaryDatabaseKeepsTheLoginAway)
 {
     ASSERT_TRUE(QFile::remove(Folder() + QStringLiteral("/TempTallyboard.mdb")));
-    ExpectNoLoginAfterEnter();
+    ExpectNoLoginAfterEnter("TempTallyboard.mdb", QStringLiteral("The Database File %1 Is Missing"));
 }
 
 TEST_F(frmSplashTest, AnEmptyDatabaseKeepsTheLoginAway)
 {
     Spoil("Tallyboard.mdb", {});
-    ExpectNoLoginAfterEnter();
+    ExpectNoLoginAfterEnter("Tallyboard.mdb", QStringLiteral("The Database File %1 Is Empty"));
 }
 
 TEST_F(frmSplashTest, AFileThatIsNoDatabaseKeepsTheLoginAway)
 {
     Spoil("Tallyboard.mdb", QByteArray(8192, 'x'));
-    ExpectNoLoginAfterEnter();
+    ExpectNoLoginAfterEnter("Tallyboard.mdb",
+                            QStringLiteral("%1: This File Is Not A Database Of This Program, Or It Has "
+                                           "Another Password (file is encrypted or is not a database)"));
 }
 
 TEST_F(frmSplashTest, FromEnterToTheLoginReadyToTypeTakesNoNoticeableTime)

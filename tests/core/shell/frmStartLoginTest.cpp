@@ -283,7 +283,7 @@ TEST_F(frmStartLoginTest, CancelAndExitEndWithoutAQuestion)
 TEST_F(frmStartLoginTest, AStoreThatFailsIsToldAndTheFormStays)
 {
     Given("DROP TABLE ApplicationDate");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("ApplicationDate"));
     LogIn(mary, secret);
     EXPECT_TRUE(form->isVisible());
     EXPECT_FALSE(MainWindowShown());
@@ -292,7 +292,7 @@ TEST_F(frmStartLoginTest, AStoreThatFailsIsToldAndTheFormStays)
 TEST_F(frmStartLoginTest, AStartThatCanNotWriteItsRowsEndsTheProcess)
 {
     Given("DROP TABLE ScreenStatus");
-    prompts.ExpectCritical();
+    prompts.ExpectCritical(NoSuchTable("ScreenStatus"));
     LogIn(mary, secret);
     EXPECT_EQ(processEnds, 1);
     EXPECT_EQ(mdiTallyboard::Instance(), nullptr);

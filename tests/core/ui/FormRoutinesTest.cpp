@@ -20,6 +20,11 @@ struct Display
 {
     QSize pixels;
     bool small;
+
+    friend void PrintTo(const Display& row, std::ostream* out)
+    {
+        *out << row.pixels.width() << " by " << row.pixels.height();
+    }
 };
 
 class SmallScreenTest : public testing::TestWithParam<Display>
