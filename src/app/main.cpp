@@ -3,20 +3,20 @@
 #endif
 #include "app/Screens.h"
 #include "core/SessionContext.h"
+#include "core/shell/Application.h"
 #include "core/shell/frmSplash.h"
 #include "core/shell/mdiTallyboard.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/Prompts.h"
 #include "reports/output/ExportWorkbook.h"
 
-#include <QApplication>
 #include <QTimer>
 
 int main(int argc, char** argv)
 {
     using namespace tally;
 
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     QApplication::setApplicationName(ApplicationTitle);
     // Only Close, Quit and a refused start end the program, never a window that happens to be the last.
     QApplication::setQuitOnLastWindowClosed(false);

@@ -18,7 +18,7 @@ constexpr int HelpScreenNo = 14;
 
 AcademicYearRepository Years()
 {
-    return AcademicYearRepository(*Session().gcnnMain);
+    return AcademicYearRepository(MainStore());
 }
 
 } // namespace
@@ -59,7 +59,7 @@ void frmMasAcademicYearChange::txtAcademicYearFrom_Change(const QString& text)
 
 void frmMasAcademicYearChange::cmdSave_Click()
 {
-    if (!MayUse(QLatin1Char('S')))
+    if (!MayUse(Right::Save))
         return;
     if (ui_->txtAcademicYearFrom->text().toInt() == 0) {
         Refuse(QStringLiteral("Enter Academic Year 'From'"), ui_->txtAcademicYearFrom);

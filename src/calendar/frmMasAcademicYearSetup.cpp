@@ -20,12 +20,12 @@ const QString CodeHead = QStringLiteral("AcademicYearCode");
 
 AcademicYearRepository Years()
 {
-    return AcademicYearRepository(*Session().gcnnMain);
+    return AcademicYearRepository(MainStore());
 }
 
 ApplicationDateRepository Days()
 {
-    return ApplicationDateRepository(*Session().gcnnMain);
+    return ApplicationDateRepository(MainStore());
 }
 
 } // namespace
@@ -82,7 +82,7 @@ void frmMasAcademicYearSetup::cmdExit_Click()
 
 void frmMasAcademicYearSetup::cmdNew_Click()
 {
-    if (!MayUse(QLatin1Char('N')))
+    if (!MayUse(Right::New))
         return;
     ShowState(MasterState::New);
     ui_->txtAcademicYearFrom->setFocus();
@@ -90,7 +90,7 @@ void frmMasAcademicYearSetup::cmdNew_Click()
 
 void frmMasAcademicYearSetup::cmdEdit_Click()
 {
-    if (!MayUse(QLatin1Char('E')))
+    if (!MayUse(Right::Edit))
         return;
     editing_ = true;
     ShowState(MasterState::Editing);
@@ -100,7 +100,7 @@ void frmMasAcademicYearSetup::cmdEdit_Click()
 void frmMasAcademicYearSetup::cmdDelete_Click()
 {
     // Who may change a year may also take it back: there is no right of its own for that.
-    if (!MayUse(QLatin1Char('E')) || !Prompts::Ask(QStringLiteral("Do You Want To Delete This Entry ?")))
+    if (!MayUse(Right::Edit) || !Prompts::Ask(QStringLiteral("Do You Want To Delete This Entry ?")))
         return;
     bool isLast = false;
     if (!Read([&] { isLast = !Years().HasLaterThan(code_); }))

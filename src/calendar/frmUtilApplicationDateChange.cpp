@@ -19,7 +19,7 @@ constexpr int HelpScreenNo = 32;
 
 ApplicationDateRepository Days()
 {
-    return ApplicationDateRepository(*Session().gcnnMain);
+    return ApplicationDateRepository(MainStore());
 }
 
 } // namespace
@@ -86,7 +86,7 @@ void frmUtilApplicationDateChange::dtpApplicationDate_Change(const QDate& date)
 void frmUtilApplicationDateChange::cmdSave_Click()
 {
     // The tree of rights offers this screen a Save only; M comes with older rows.
-    if (!MayUse(QLatin1Char('M'), QLatin1Char('S')))
+    if (!MayUse(Right::Modify, Right::Save))
         return;
     Session().gdtmApplicationDate = ui_->dtpApplicationDate->date();
     ShowMovedApplicationDate();

@@ -17,7 +17,7 @@ constexpr int HelpScreenNo = 31;
 
 ApplicationDateRepository Days()
 {
-    return ApplicationDateRepository(*Session().gcnnMain);
+    return ApplicationDateRepository(MainStore());
 }
 
 } // namespace
@@ -70,7 +70,7 @@ void frmUtilApplicationDateSetup::ShowDate(const QDate& date)
 
 void frmUtilApplicationDateSetup::cmdAddOneDay_Click()
 {
-    if (!MayUse(QLatin1Char('A')))
+    if (!MayUse(Right::Add))
         return;
     if (!KnowsLastDate())
         return;
@@ -110,7 +110,7 @@ void frmUtilApplicationDateSetup::cmdAddOneDay_Click()
 
 void frmUtilApplicationDateSetup::cmdDeleteLastDay_Click()
 {
-    if (!MayUse(QLatin1Char('M')))
+    if (!MayUse(Right::Modify))
         return;
     if (!KnowsLastDate())
         return;

@@ -57,4 +57,8 @@ struct SessionContext
 /// The one session of this process.
 SessionContext& Session();
 
+/// The session's two databases. Throw StoreError while they are closed.
+store::Connection& MainStore();
+store::Connection& TempStore();
+
 } // namespace tally

@@ -90,11 +90,11 @@ bool SessionRepository::IsNewInstallation()
     return main_.Number(QStringLiteral("SELECT count(*) FROM UserPrivilegeMaster")) == 0;
 }
 
-bool SessionRepository::HasPrivilege(const QString& formName, QChar code, int userCode)
+bool SessionRepository::HasPrivilege(const QString& formName, Right right, int userCode)
 {
     return main_.Number(QStringLiteral("SELECT count(*) FROM UserPrivilegeDetails"
                                        " WHERE FormName = ? AND ButtonName = ? AND UserCode = ?"),
-                        formName, QString(code), userCode) > 0;
+                        formName, QString(LetterOf(right)), userCode) > 0;
 }
 
 std::optional<LoginUser> SessionRepository::FindLogin(const QString& loginId, const QString& password)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Right.h"
 #include "store/Transaction.h"
 
 #include <QDate>
@@ -65,7 +66,7 @@ public:
 
     /// True until the first login has been created.
     bool IsNewInstallation();
-    bool HasPrivilege(const QString& formName, QChar code, int userCode);
+    bool HasPrivilege(const QString& formName, Right right, int userCode);
     std::optional<LoginUser> FindLogin(const QString& loginId, const QString& password);
     bool IsUnblocked(const QString& loginId, const QString& password);
     /// The form and group names that the user may open.

@@ -16,25 +16,26 @@ const QString DateFormat = QStringLiteral("dd/MMM/yyyy");
 
 SessionRepository Repository()
 {
-    return SessionRepository(*Session().gcnnMain);
+    return SessionRepository(MainStore());
 }
 
-/// The refusal text of a guarded action; empty for a code that guards nothing.
-QString RefusalText(QChar code)
+/// The refusal text of a guarded action; empty for the right that guards none.
+QString RefusalText(Right right)
 {
-    switch (code.unicode()) {
-    case 'N': return QStringLiteral("You Have No Privilege To Create New Entry");
-    case 'E': return QStringLiteral("You Have No Privilege To Modify This Entry");
-    case 'X': return QStringLiteral("You Have No Privilege To Delete");
-    case 'P': return QStringLiteral("You Have No Privilege To Export This Report");
-    case 'S': return QStringLiteral("You Have No Privilege To Change The Academic Year");
-    case 'B': return QStringLiteral("You Have No Privilege To Take Database Backup");
-    case 'R': return QStringLiteral("You Have No Privilege To Restore Database");
-    case 'M':
-    case 'A': return QStringLiteral("You Have No Privilege To Modify Application Date");
-    case 'C': return QStringLiteral("You Have No Privilege To Change");
-    default: return {};
+    switch (right) {
+    case Right::New: return QStringLiteral("You Have No Privilege To Create New Entry");
+    case Right::Edit: return QStringLiteral("You Have No Privilege To Modify This Entry");
+    case Right::Delete: return QStringLiteral("You Have No Privilege To Delete");
+    case Right::Print: return QStringLiteral("You Have No Privilege To Export This Report");
+    case Right::Save: return QStringLiteral("You Have No Privilege To Change The Academic Year");
+    case Right::Backup: return QStringLiteral("You Have No Privilege To Take Database Backup");
+    case Right::Restore: return QStringLiteral("You Have No Privilege To Restore Database");
+    case Right::Modify:
+    case Right::Add: return QStringLiteral("You Have No Privilege To Modify Application Date");
+    case Right::Change: return QStringLiteral("You Have No Privilege To Change");
+    case Right::Open: break;
     }
+    return {};
 }
 
 } // namespace
@@ -126,13 +127,13 @@ int GetNextCode(const QString& column, const QString& table, int year)
     return Repository().HighestCode(column, table, year) + 1;
 }
 
-bool CheckPrivilege(const QString& formName, QChar code)
+bool CheckPrivilege(const QString& formName, Right right)
 {
     SessionRepository repository = Repository();
     if (repository.IsNewInstallation() ||
-        repository.HasPrivilege(formName, code, Session().gintPrivilegeUserCode))
+        repository.HasPrivilege(formName, right, Session().gintPrivilegeUserCode))
         return true;
-    const QString refusal = RefusalText(code);
+    const QString refusal = RefusalText(right);
     if (!refusal.isEmpty())
         Session().gstrPrivilegeMessage = refusal;
     return false;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Right.h"
+
 #include <QDate>
 #include <QString>
 
@@ -29,10 +31,10 @@ void LoadOptions();
 /// academic year counts, and `table` then ends in " where ". Call it inside the saving transaction.
 int GetNextCode(const QString& column, const QString& table, int year);
 
-/// Whether the user may do what `code` stands for on form `formName`. Before the first login was created
-/// everything is allowed. On a refusal the text for the user is in gstrPrivilegeMessage; for an unknown code
+/// Whether the user has the right on form `formName`. Before the first login was created everything is
+/// allowed. On a refusal the text for the user is in gstrPrivilegeMessage; for Right::Open, which has none,
 /// the text of the refusal before stays.
-bool CheckPrivilege(const QString& formName, QChar code);
+bool CheckPrivilege(const QString& formName, Right right);
 
 /// How dates are shown everywhere: "05/Jun/2024"; empty for no date.
 QString ShownDate(const QDate& date);

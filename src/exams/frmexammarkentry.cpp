@@ -109,12 +109,12 @@ void frmexammarkentry::Form_Load()
 
 SchoolListRepository frmexammarkentry::Lists() const
 {
-    return SchoolListRepository(*Session().gcnnMain);
+    return SchoolListRepository(MainStore());
 }
 
 MarkRepository frmexammarkentry::Marks() const
 {
-    return MarkRepository(*Session().gcnnMain);
+    return MarkRepository(MainStore());
 }
 
 MarkScope frmexammarkentry::Scope() const
@@ -130,7 +130,7 @@ DataCombo* frmexammarkentry::List() const
 
 void frmexammarkentry::cmdNew_Click()
 {
-    if (!MayUse(QLatin1Char('N')))
+    if (!MayUse(Right::New))
         return;
     ui_->fraMain->setEnabled(true);
     ui_->Frame1->setEnabled(true);
@@ -152,7 +152,7 @@ void frmexammarkentry::cmdNew_Click()
 
 void frmexammarkentry::cmdEdit_Click()
 {
-    if (!MayUse(QLatin1Char('E')) || !IsChosen())
+    if (!MayUse(Right::Edit) || !IsChosen())
         return;
     if (sheet_.Mode() == MarkMode::Subject && !ListStudentsForEdit())
         return;
@@ -167,7 +167,7 @@ void frmexammarkentry::cmdEdit_Click()
 
 void frmexammarkentry::cmdDelete_Click()
 {
-    if (!MayUse(QLatin1Char('X')) || !IsChosen() ||
+    if (!MayUse(Right::Delete) || !IsChosen() ||
         !Prompts::Ask(QStringLiteral("Do You Want To Delete This 'Classwise Mark Entry' ?")))
         return;
     const bool deleted = Write(Conflict::DataIsInUse, [this](store::Transaction& transaction) {

@@ -183,7 +183,7 @@ void frmexammarkentry::List_Change()
         return;
     }
     const bool known = Read([&] {
-        const store::ReadTransaction reading(*Session().gcnnMain);
+        const store::ReadTransaction reading(MainStore());
         std::optional<MarkSubject> subject;
         if (sheet_.Mode() == MarkMode::Subject) {
             subject = Marks().FindSubject(Scope(), chosen);
@@ -220,7 +220,7 @@ bool frmexammarkentry::ListStudentsForEdit()
     return Read([this] {
         const int chosen = List()->BoundCode();
         {
-            const store::ReadTransaction reading(*Session().gcnnMain);
+            const store::ReadTransaction reading(MainStore());
             // Who was relieved has no place in a list that is edited, and his marks go with the next save.
             const auto students = Marks().StudentsToMark(Scope(), false);
             const auto subject = Marks().FindSubject(Scope(), chosen);

@@ -177,7 +177,7 @@ void frmMasClassSectionEntry::cmdClose_Click()
 
 void frmMasClassSectionEntry::cmdNew_Click()
 {
-    if (!MayUse(QLatin1Char('N')))
+    if (!MayUse(Right::New))
         return;
     SetEntering(true);
     ui_->cmdNew->setEnabled(false);
@@ -188,7 +188,7 @@ void frmMasClassSectionEntry::cmdNew_Click()
 
 void frmMasClassSectionEntry::cmdEdit_Click()
 {
-    if (!MayUse(QLatin1Char('E')))
+    if (!MayUse(Right::Edit))
         return;
     SetEntering(true);
     ui_->cmdEdit->setEnabled(false);
@@ -214,9 +214,9 @@ void frmMasClassSectionEntry::cmdSave_Click()
     try {
         const int userCode = Session().gintUserCode;
         if (editing_)
-            SaveEditedClasses(*Session().gcnnMain, classes_, userCode, kept);
+            SaveEditedClasses(MainStore(), classes_, userCode, kept);
         else
-            SaveNewClasses(*Session().gcnnMain, classes_, userCode);
+            SaveNewClasses(MainStore(), classes_, userCode);
     } catch (const store::StoreError& error) {
         ShowClasses();
         tellKept();
@@ -288,11 +288,11 @@ void frmMasClassSectionEntry::ReadClasses()
 
 void frmMasClassSectionEntry::LoadData()
 {
-    ClassSectionRepository repository(*Session().gcnnMain);
+    ClassSectionRepository repository(MainStore());
     std::vector<ClassRecord> classes;
     std::vector<ClassDivision> divisions;
     {
-        const store::ReadTransaction reading(*Session().gcnnMain);
+        const store::ReadTransaction reading(MainStore());
         classes = repository.Classes();
         divisions = repository.Divisions();
     }

@@ -94,12 +94,12 @@ void frmMasSchoolSetup::LoadAcademicYearStartMonth()
 
 void frmMasSchoolSetup::LoadStates()
 {
-    ui_->dbcStateName->SetList(PlaceRepository(*Session().gcnnMain).States());
+    ui_->dbcStateName->SetList(PlaceRepository(MainStore()).States());
 }
 
 void frmMasSchoolSetup::LoadCities()
 {
-    ui_->dbcCity->SetList(PlaceRepository(*Session().gcnnMain).Cities(ui_->dbcStateName->BoundCode()));
+    ui_->dbcCity->SetList(PlaceRepository(MainStore()).Cities(ui_->dbcStateName->BoundCode()));
 }
 
 void frmMasSchoolSetup::RefillPlaces()
@@ -121,7 +121,7 @@ void frmMasSchoolSetup::dbcStateName_Change()
 
 void frmMasSchoolSetup::cmdNew_Click()
 {
-    if (!MayUse(QLatin1Char('N')))
+    if (!MayUse(Right::New))
         return;
     ShowMasterState(controls_, MasterState::New);
     ui_->txtSchoolName->setFocus();
@@ -129,7 +129,7 @@ void frmMasSchoolSetup::cmdNew_Click()
 
 void frmMasSchoolSetup::cmdEdit_Click()
 {
-    if (!MayUse(QLatin1Char('E')))
+    if (!MayUse(Right::Edit))
         return;
     editing_ = true;
     ShowMasterState(controls_, MasterState::Editing);
@@ -232,7 +232,7 @@ School frmMasSchoolSetup::Entered() const
 
 SchoolRepository frmMasSchoolSetup::Repository() const
 {
-    return SchoolRepository(*Session().gcnnMain);
+    return SchoolRepository(MainStore());
 }
 
 } // namespace tally

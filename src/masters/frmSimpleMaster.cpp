@@ -230,7 +230,7 @@ void frmSimpleMaster::SelectRow(int row)
 
 void frmSimpleMaster::cmdNew_Click()
 {
-    if (!MayUse(QLatin1Char('N')))
+    if (!MayUse(Right::New))
         return;
     ShowMasterState(controls_, MasterState::New);
     txtSearch_->clear();
@@ -240,7 +240,7 @@ void frmSimpleMaster::cmdNew_Click()
 
 void frmSimpleMaster::cmdEdit_Click()
 {
-    if (!MayUse(QLatin1Char('E')))
+    if (!MayUse(Right::Edit))
         return;
     editing_ = true;
     ShowMasterState(controls_, MasterState::Editing);
@@ -249,7 +249,7 @@ void frmSimpleMaster::cmdEdit_Click()
 
 void frmSimpleMaster::cmdDelete_Click()
 {
-    if (!MayUse(QLatin1Char('X')) || !Prompts::Ask(Words(definition_.deleteQuestion)))
+    if (!MayUse(Right::Delete) || !Prompts::Ask(Words(definition_.deleteQuestion)))
         return;
     const bool deleted = Write(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
         Repository().Delete(transaction, code_);
@@ -351,7 +351,7 @@ SimpleMasterEntry frmSimpleMaster::Entry() const
 
 SimpleMasterRepository frmSimpleMaster::Repository() const
 {
-    return {*Session().gcnnMain, definition_};
+    return {MainStore(), definition_};
 }
 
 } // namespace tally

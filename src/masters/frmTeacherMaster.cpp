@@ -101,7 +101,7 @@ void frmTeacherMaster::ConnectHandlers()
 
 TeacherRepository frmTeacherMaster::Teachers() const
 {
-    return TeacherRepository(*Session().gcnnMain);
+    return TeacherRepository(MainStore());
 }
 
 void frmTeacherMaster::LoadLists()
@@ -114,14 +114,13 @@ void frmTeacherMaster::LoadLists()
 
 void frmTeacherMaster::LoadStates()
 {
-    Read([this] { ui_->dbcStateName->SetList(PlaceRepository(*Session().gcnnMain).States()); });
+    Read([this] { ui_->dbcStateName->SetList(PlaceRepository(MainStore()).States()); });
 }
 
 void frmTeacherMaster::LoadCities()
 {
     Read([this] {
-        ui_->dbcCityName->SetList(
-            PlaceRepository(*Session().gcnnMain).Cities(ui_->dbcStateName->BoundCode()));
+        ui_->dbcCityName->SetList(PlaceRepository(MainStore()).Cities(ui_->dbcStateName->BoundCode()));
     });
 }
 
@@ -227,7 +226,7 @@ Teacher frmTeacherMaster::Entered() const
 
 void frmTeacherMaster::cmdNew_Click()
 {
-    if (!MayUse(QLatin1Char('N')))
+    if (!MayUse(Right::New))
         return;
     ShowState(MasterState::New);
     ui_->cboPrefix->setFocus();
@@ -235,7 +234,7 @@ void frmTeacherMaster::cmdNew_Click()
 
 void frmTeacherMaster::cmdEdit_Click()
 {
-    if (!MayUse(QLatin1Char('E')))
+    if (!MayUse(Right::Edit))
         return;
     editing_ = true;
     ShowState(MasterState::Editing);
@@ -244,7 +243,7 @@ void frmTeacherMaster::cmdEdit_Click()
 
 void frmTeacherMaster::cmdDelete_Click()
 {
-    if (!MayUse(QLatin1Char('X')) || !Prompts::Ask(QStringLiteral("Do You Want To Delete This Teacher ?")))
+    if (!MayUse(Right::Delete) || !Prompts::Ask(QStringLiteral("Do You Want To Delete This Teacher ?")))
         return;
     const bool deleted = WriteOrCancel(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
         TeacherRepository::Delete(transaction, teacherCode_);

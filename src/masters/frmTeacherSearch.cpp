@@ -49,7 +49,7 @@ void frmTeacherSearch::cmdSearch_Click()
 void frmTeacherSearch::FormQuery(const QString& name, const QString& city)
 {
     GridResult found;
-    if (!Read([&] { found = TeacherRepository(*Session().gcnnMain).Search(name, city); }))
+    if (!Read([&] { found = TeacherRepository(MainStore()).Search(name, city); }))
         return;
     if (found.rows.empty()) {
         Prompts::Information(QStringLiteral("No Record Exists"));

@@ -28,7 +28,7 @@ constexpr int HelpScreenNo = 21;
 
 frmRankCalculation::frmRankCalculation()
     : Screen(QStringLiteral("frmRankCalculation"), HelpScreenNo),
-      ui_(std::make_unique<Ui::frmRankCalculation>()), table_(*Session().gcnnTemp)
+      ui_(std::make_unique<Ui::frmRankCalculation>()), table_(TempStore())
 {
     ui_->setupUi(this);
     DressButtons(this);
@@ -88,7 +88,7 @@ void frmRankCalculation::ShowDivisionKey()
 
 RankRepository frmRankCalculation::Repository() const
 {
-    return RankRepository(*Session().gcnnMain);
+    return RankRepository(MainStore());
 }
 
 RankScope frmRankCalculation::Scope() const
@@ -113,13 +113,13 @@ RankOrder frmRankCalculation::Order() const
 void frmRankCalculation::LoadExam()
 {
     ui_->Cboexamname->SetListBehindBlank({});
-    Read([this] { ui_->Cboexamname->SetListBehindBlank(SchoolListRepository(*Session().gcnnMain).Exams()); });
+    Read([this] { ui_->Cboexamname->SetListBehindBlank(SchoolListRepository(MainStore()).Exams()); });
 }
 
 void frmRankCalculation::LoadClass()
 {
     ui_->cboClass->SetListBehindBlank({});
-    Read([this] { ui_->cboClass->SetListBehindBlank(SchoolListRepository(*Session().gcnnMain).Classes()); });
+    Read([this] { ui_->cboClass->SetListBehindBlank(SchoolListRepository(MainStore()).Classes()); });
 }
 
 void frmRankCalculation::Cboexamname_Click()

@@ -199,7 +199,7 @@ void frmRankCalculation::cmdSave_Click()
 
 void frmRankCalculation::cmdExport_Click()
 {
-    if (!MayUse(QLatin1Char('P')))
+    if (!MayUse(Right::Print))
         return;
     QStringList divisions;
     for (const int index : ui_->Lstdivision->TickedIndexes())

@@ -79,7 +79,7 @@ void frmRankCardPrinting::LoadExams()
 {
     ui_->Lstexamnames->clear();
     Read([this] {
-        for (const auto& [code, name] : SchoolListRepository(*Session().gcnnMain).Exams())
+        for (const auto& [code, name] : SchoolListRepository(MainStore()).Exams())
             ui_->Lstexamnames->AddItem(name, code);
     });
 }
@@ -87,14 +87,14 @@ void frmRankCardPrinting::LoadExams()
 void frmRankCardPrinting::LoadClasses()
 {
     ui_->cboClass->SetListBehindBlank({});
-    Read([this] { ui_->cboClass->SetListBehindBlank(SchoolListRepository(*Session().gcnnMain).Classes()); });
+    Read([this] { ui_->cboClass->SetListBehindBlank(SchoolListRepository(MainStore()).Classes()); });
 }
 
 void frmRankCardPrinting::cboClass_Click()
 {
     ui_->cboDivision->SetListBehindBlank({});
     Read([this] {
-        SchoolListRepository lists(*Session().gcnnMain);
+        SchoolListRepository lists(MainStore());
         ui_->cboDivision->SetListBehindBlank(lists.DivisionsByCode(ui_->cboClass->BoundCode()));
     });
     LoadStudentList();
@@ -124,7 +124,7 @@ void frmRankCardPrinting::LoadStudentList()
         return;
     Read([&] {
         const HourGlass hourGlass;
-        const StudentListInput input = RankCardRepository(*Session().gcnnMain).LoadStudentList(scope);
+        const StudentListInput input = RankCardRepository(MainStore()).LoadStudentList(scope);
         const std::vector<bool> complete = MarksComplete(input, ui_->Lstexamnames->TickedData());
         for (std::size_t number = 0; number < input.students.size(); ++number) {
             const ListedStudent& student = input.students[number];
@@ -182,7 +182,7 @@ void frmRankCardPrinting::LoadRankCard()
         const HourGlass hourGlass;
         const SessionContext& session = Session();
         RankCardRows cards = ComputeRankCards(
-            RankCardRepository(*session.gcnnMain)
+            RankCardRepository(MainStore())
                 .LoadRankCards(Scope(), ui_->LstStudents->TickedData(), ui_->Lstexamnames->TickedData(),
                                ChosenDisplay(ui_->Optsubjectdisplayyes->isChecked())),
             MarkDecimals(session.gblnFractionMarks, session.gblnRoundedMarks));
@@ -221,7 +221,7 @@ void frmRankCardPrinting::ShowCards(RankCardRows cards)
 
 void frmRankCardPrinting::cmdExport_Click()
 {
-    if (!MayUse(QLatin1Char('P')))
+    if (!MayUse(Right::Print))
         return;
     const FlexGrid* grid = ui_->msgDetails;
     RunExport([&] {

@@ -66,9 +66,9 @@ frmUtilOptions::~frmUtilOptions() = default;
 void frmUtilOptions::LoadSettings()
 {
     SessionContext& session = Session();
-    const auto stored = SessionRepository(*session.gcnnMain).Options();
+    const auto stored = SessionRepository(MainStore()).Options();
     const StoredOptions options = stored.value_or(StoredOptions());
-    const bool prompt = OptionsRepository::ExitPromptOf(*session.gcnnTemp, session.gintUserCode);
+    const bool prompt = OptionsRepository::ExitPromptOf(TempStore(), session.gintUserCode);
     if (stored) {
         TakeOptionFlags(options);
         session.gstrDefaultGender = options.genderOption;
@@ -135,8 +135,8 @@ void frmUtilOptions::cmdSave_Click()
     const OptionSettings settings = Settings();
     SessionContext& session = Session();
     try {
-        store::Transaction main(*session.gcnnMain);
-        store::Transaction temp(*session.gcnnTemp);
+        store::Transaction main(MainStore());
+        store::Transaction temp(TempStore());
         OptionsRepository::Replace(main, settings);
         OptionsRepository::ReplaceExitPrompt(temp, settings.exitPrompt, session.gintUserCode);
         // Should the school's row fail last, only the tick of this user's own box has changed.

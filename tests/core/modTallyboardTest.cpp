@@ -79,47 +79,47 @@ TEST_F(modTallyboardTest, ADanglingWhereIsCutWhenNoYearIsAskedFor)
 
 TEST_F(modTallyboardTest, BeforeTheFirstLoginExistsEverythingIsAllowed)
 {
-    EXPECT_TRUE(CheckPrivilege(QStringLiteral("frmMasStateMaster"), u'X'));
+    EXPECT_TRUE(CheckPrivilege(QStringLiteral("frmMasStateMaster"), Right::Delete));
 }
 
 TEST_F(modTallyboardTest, ARightCountsForItsFormItsCodeAndItsUserOnly)
 {
     GivenLogin();
     Given("INSERT INTO UserPrivilegeDetails VALUES ('frmMasStateMaster', 'N', 3)");
-    EXPECT_TRUE(CheckPrivilege(QStringLiteral("frmMasStateMaster"), u'N'));
-    EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmMasStateMaster"), u'E'));
-    EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmMasCityMaster"), u'N'));
+    EXPECT_TRUE(CheckPrivilege(QStringLiteral("frmMasStateMaster"), Right::New));
+    EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmMasStateMaster"), Right::Edit));
+    EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmMasCityMaster"), Right::New));
     Session().gintPrivilegeUserCode = 4;
-    EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmMasStateMaster"), u'N'));
+    EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmMasStateMaster"), Right::New));
 }
 
 TEST_F(modTallyboardTest, EachRefusalHasItsText)
 {
     GivenLogin();
-    const std::pair<char, const char*> refusals[] = {
-        {'N', "You Have No Privilege To Create New Entry"},
-        {'E', "You Have No Privilege To Modify This Entry"},
-        {'X', "You Have No Privilege To Delete"},
-        {'P', "You Have No Privilege To Export This Report"},
-        {'S', "You Have No Privilege To Change The Academic Year"},
-        {'B', "You Have No Privilege To Take Database Backup"},
-        {'R', "You Have No Privilege To Restore Database"},
-        {'M', "You Have No Privilege To Modify Application Date"},
-        {'A', "You Have No Privilege To Modify Application Date"},
-        {'C', "You Have No Privilege To Change"},
+    const std::pair<Right, const char*> refusals[] = {
+        {Right::New, "You Have No Privilege To Create New Entry"},
+        {Right::Edit, "You Have No Privilege To Modify This Entry"},
+        {Right::Delete, "You Have No Privilege To Delete"},
+        {Right::Print, "You Have No Privilege To Export This Report"},
+        {Right::Save, "You Have No Privilege To Change The Academic Year"},
+        {Right::Backup, "You Have No Privilege To Take Database Backup"},
+        {Right::Restore, "You Have No Privilege To Restore Database"},
+        {Right::Modify, "You Have No Privilege To Modify Application Date"},
+        {Right::Add, "You Have No Privilege To Modify Application Date"},
+        {Right::Change, "You Have No Privilege To Change"},
     };
-    for (const auto& [code, text] : refusals) {
+    for (const auto& [right, text] : refusals) {
         Session().gstrPrivilegeMessage.clear();
-        EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmAny"), QLatin1Char(code)));
+        EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmAny"), right));
         EXPECT_EQ(Session().gstrPrivilegeMessage.toStdString(), text);
     }
 }
 
-TEST_F(modTallyboardTest, AnUnknownCodeLeavesTheTextOfTheRefusalBefore)
+TEST_F(modTallyboardTest, TheRightToOpenHasNoTextAndLeavesThatOfTheRefusalBefore)
 {
     GivenLogin();
-    CheckPrivilege(QStringLiteral("frmAny"), u'X');
-    EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmAny"), u'D'));
+    CheckPrivilege(QStringLiteral("frmAny"), Right::Delete);
+    EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmAny"), Right::Open));
     EXPECT_EQ(Session().gstrPrivilegeMessage.toStdString(), "You Have No Privilege To Delete");
 }
 

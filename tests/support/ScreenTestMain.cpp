@@ -1,7 +1,6 @@
 #include "app/Screens.h"
+#include "core/shell/Application.h"
 #include "core/ui/look/Look.h"
-
-#include <QApplication>
 
 #include <gtest/gtest.h>
 
@@ -10,7 +9,7 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    tally::Application application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     tally::ApplyLook(application, false);
     tally::RegisterScreens();

@@ -159,7 +159,7 @@ void frmStartLogin::ImgOK_Click()
 void frmStartLogin::Login()
 {
     SessionContext& session = Session();
-    SessionRepository repository(*session.gcnnMain);
+    SessionRepository repository(MainStore());
     session.gdtmApplicationDate = repository.LastApplicationDate();
     if (!RequireText(QStringLiteral("Enter Login ID"), ui_->txtLoginID) ||
         !RequireText(QStringLiteral("Enter Password"), ui_->txtPassword))

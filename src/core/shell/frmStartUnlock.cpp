@@ -44,7 +44,7 @@ void frmStartUnlock::cmdOK_Click()
         !RequireText(QStringLiteral("Enter Password"), ui_->txtPassword))
         return;
     try {
-        if (SessionRepository(*Session().gcnnMain).IsNewInstallation())
+        if (SessionRepository(MainStore()).IsNewInstallation())
             return Unload();
     } catch (const store::StoreError& error) {
         Prompts::Critical(error.Description());

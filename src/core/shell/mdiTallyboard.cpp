@@ -43,7 +43,7 @@ QString AcademicYearText()
 
 void ReadOptions()
 {
-    const auto options = SessionRepository(*Session().gcnnMain).Options();
+    const auto options = SessionRepository(MainStore()).Options();
     if (!options)
         return;
     if (const auto& limit = options->dateOfBirthSetting)
@@ -209,8 +209,8 @@ bool mdiTallyboard::Form_Load()
         LoadApplicationDate(Session().gintAcademicYearCode);
         LoadOptions();
 
-        store::Transaction transaction(*Session().gcnnMain);
-        SessionRepository(*Session().gcnnMain).WriteStartRows(transaction, QDate::currentDate());
+        store::Transaction transaction(MainStore());
+        SessionRepository(MainStore()).WriteStartRows(transaction, QDate::currentDate());
         transaction.Commit();
     } catch (const store::StoreError& error) {
         Prompts::Critical(error.Description());
@@ -264,7 +264,7 @@ void mdiTallyboard::tmrTimer_Timer()
 {
     if (!Session().gcnnMain)
         return;
-    store::Connection& connection = *Session().gcnnMain;
+    store::Connection& connection = MainStore();
     try {
         const NoWaiting noWaiting(connection);
         store::Transaction transaction(connection);
@@ -293,8 +293,8 @@ void mdiTallyboard::mnuClose_Click()
 bool mdiTallyboard::RemovePresence()
 {
     try {
-        store::Transaction transaction(*Session().gcnnMain);
-        SessionRepository(*Session().gcnnMain).RemovePresence(transaction);
+        store::Transaction transaction(MainStore());
+        SessionRepository(MainStore()).RemovePresence(transaction);
         transaction.Commit();
     } catch (const store::StoreError& error) {
         Prompts::Critical(

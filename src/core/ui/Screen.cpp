@@ -112,7 +112,7 @@ bool Screen::TakeMenus(bool amongOthers)
 bool Screen::TakeScreen(const QString& screenName)
 {
     const auto error = TryWrite([&screenName](store::Transaction& transaction) {
-        SessionRepository(*Session().gcnnMain).TakeScreen(transaction, screenName);
+        SessionRepository(MainStore()).TakeScreen(transaction, screenName);
     });
     if (!error) {
         takenScreen_ = screenName;
@@ -132,7 +132,7 @@ bool Screen::ReleaseScreen()
     if (takenScreen_.isEmpty())
         return true;
     const auto error = TryWrite([this](store::Transaction& transaction) {
-        SessionRepository(*Session().gcnnMain).ReleaseScreen(transaction, takenScreen_);
+        SessionRepository(MainStore()).ReleaseScreen(transaction, takenScreen_);
     });
     if (!error)
         return true;
@@ -142,12 +142,12 @@ bool Screen::ReleaseScreen()
     return !error->IsLocked();
 }
 
-bool Screen::MayUse(QChar code, QChar instead)
+bool Screen::MayUse(Right right, std::optional<Right> instead)
 {
     bool allowed = false;
     if (!Read([&] {
-            allowed = (!instead.isNull() && CheckPrivilege(objectName(), instead)) ||
-                      CheckPrivilege(objectName(), code);
+            allowed =
+                (instead && CheckPrivilege(objectName(), *instead)) || CheckPrivilege(objectName(), right);
         }))
         return false;
     Session().gblnPrivilege = allowed;
@@ -159,7 +159,7 @@ bool Screen::MayUse(QChar code, QChar instead)
 std::optional<store::StoreError> Screen::TryWrite(const std::function<void(store::Transaction&)>& work)
 {
     try {
-        store::Transaction transaction(*Session().gcnnMain);
+        store::Transaction transaction(MainStore());
         work(transaction);
         transaction.Commit();
         return {};

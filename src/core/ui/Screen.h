@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Right.h"
 #include "store/StoreError.h"
 #include "store/Transaction.h"
 
@@ -54,8 +55,8 @@ protected:
     void SetExitButton(QAbstractButton* button);
 
     /// CheckPrivilege for this form; shows the refusal. True when the action may go on. Where `instead` is
-    /// given, that right is as good as `code`, whose text tells the refusal.
-    bool MayUse(QChar code, QChar instead = {});
+    /// given, that right is as good as `right`, whose text tells the refusal.
+    [[nodiscard]] bool MayUse(Right right, std::optional<Right> instead = {});
 
     /// For a screen that must have this client to itself: switches the four work menus off until it and all
     /// others that took them have closed. When another screen is open (not looked at with `amongOthers`),
