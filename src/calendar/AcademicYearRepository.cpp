@@ -87,9 +87,10 @@ std::optional<StoredYear> AcademicYearRepository::Find(int yearFrom, int yearTo)
 void AcademicYearRepository::Insert(store::Transaction& transaction, const AcademicYear& year, bool active,
                                     int userCode)
 {
-    transaction.Execute(QStringLiteral("INSERT INTO AcademicYearSetup VALUES (?, ?, ?, ?, ?, ?, 'N', ?)"),
-                        year.code, year.yearFrom, year.yearTo, year.fromDate, year.toDate, StatusOf(active),
-                        userCode);
+    transaction.Execute(
+        QStringLiteral("INSERT INTO AcademicYearSetup (AcademicYearCode, YearFrom, YearTo, FromDate, ToDate, "
+                       "Status, Processed, UserCode) VALUES (?, ?, ?, ?, ?, ?, 'N', ?)"),
+        year.code, year.yearFrom, year.yearTo, year.fromDate, year.toDate, StatusOf(active), userCode);
 }
 
 void AcademicYearRepository::UpdateStatus(store::Transaction& transaction, int code, bool active)

@@ -31,7 +31,9 @@ int ApplicationDateRepository::DaysOf(int userCode)
 
 void ApplicationDateRepository::Insert(store::Transaction& transaction, const QDate& day, int userCode)
 {
-    transaction.Execute(QStringLiteral("INSERT INTO ApplicationDate VALUES (?, ?)"), day, userCode);
+    transaction.Execute(
+        QStringLiteral("INSERT INTO ApplicationDate (ApplicationDate, UserCode) VALUES (?, ?)"), day,
+        userCode);
 }
 
 void ApplicationDateRepository::Delete(store::Transaction& transaction, const QDate& day)

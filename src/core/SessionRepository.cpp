@@ -128,10 +128,11 @@ QStringList SessionRepository::OpenableForms(int userCode)
 
 void SessionRepository::WriteStartRows(store::Transaction& transaction, const QDate& today)
 {
-    transaction.Execute(QStringLiteral("INSERT INTO AccessedDate VALUES (?)"), today);
+    transaction.Execute(QStringLiteral("INSERT INTO AccessedDate (AccessedDate) VALUES (?)"), today);
     transaction.Execute(QStringLiteral("DELETE FROM ScreenStatus"));
     transaction.Execute(QStringLiteral("DELETE FROM ExamBoardMaster"));
-    transaction.Execute(QStringLiteral("INSERT INTO ExamBoardMaster VALUES (1, 1, 'A')"));
+    transaction.Execute(
+        QStringLiteral("INSERT INTO ExamBoardMaster (BoardCode, BoardNo, Status) VALUES (1, 1, 'A')"));
 }
 
 void SessionRepository::RefreshPresence(store::Transaction& transaction)
@@ -149,7 +150,7 @@ void SessionRepository::RemovePresence(store::Transaction& transaction)
 
 void SessionRepository::TakeScreen(store::Transaction& transaction, const QString& screenName)
 {
-    transaction.Execute(QStringLiteral("INSERT INTO ScreenStatus VALUES (?)"), screenName);
+    transaction.Execute(QStringLiteral("INSERT INTO ScreenStatus (Screen) VALUES (?)"), screenName);
 }
 
 void SessionRepository::ReleaseScreen(store::Transaction& transaction, const QString& screenName)

@@ -20,9 +20,10 @@ QString RowColumn(MarkMode mode)
 CodedTexts MarkRepository::Subjects(const MarkScope& scope)
 {
     return ReadCodedTexts(main_.Query(
-        QStringLiteral("Select a.SubjectCode,b.SubjectName from ClassSubjectTeacher a,SubjectMaster b where "
-                       "a.SubjectCode=b.SubjectCode and a.ClassCode=? and a.DivisionCode=? and "
-                       "a.AcademicYearCode=? order by b.SubjectName"),
+        QStringLiteral(
+            "SELECT a.SubjectCode, b.SubjectName FROM ClassSubjectTeacher a, SubjectMaster b WHERE "
+            "a.SubjectCode = b.SubjectCode AND a.ClassCode = ? AND a.DivisionCode = ? AND "
+            "a.AcademicYearCode = ? ORDER BY b.SubjectName"),
         scope.classCode, scope.divisionCode, scope.academicYearCode));
 }
 
@@ -33,28 +34,30 @@ CodedTexts MarkRepository::Students(const MarkScope& scope)
 
 CodedTexts MarkRepository::StudentsToMark(const MarkScope& scope, bool withRelieved)
 {
-    const QString sql =
-        QStringLiteral("Select a.StudentCode,trim(b.StudentName) || '(' || ifnull(b.OptionalAdmissionNo,'') "
-                       "|| ')' from StudentClassDivision a,StudentMaster b where a.StudentCode=b.StudentCode "
-                       "and a.ClassCode=?1 and a.DivisionCode=?2 and a.AcademicYearCode=?3 and "
-                       "(b.TCNo=''%1) order by b.StudentName,b.OptionalAdmissionNo");
+    const QString sql = QStringLiteral(
+        "SELECT a.StudentCode, trim(b.StudentName) || '(' || ifnull(b.OptionalAdmissionNo,'') "
+        "|| ')' FROM StudentClassDivision a, StudentMaster b WHERE a.StudentCode = b.StudentCode "
+        "AND a.ClassCode = ?1 AND a.DivisionCode = ?2 AND a.AcademicYearCode = ?3 AND "
+        "(b.TCNo = ''%1) ORDER BY b.StudentName, b.OptionalAdmissionNo");
     if (!withRelieved)
         return ReadCodedTexts(
             main_.Query(sql.arg(QString()), scope.classCode, scope.divisionCode, scope.academicYearCode));
-    return ReadCodedTexts(main_.Query(
-        sql.arg(QLatin1String(" or exists (Select 1 from MarkMaster c where c.StudentCode=a.StudentCode and "
-                              "c.ClassCode=?1 and c.DivisionCode=?2 and c.AcademicYearCode=?3 and "
-                              "c.ExamCode=?4)")),
-        scope.classCode, scope.divisionCode, scope.academicYearCode, scope.examCode));
+    return ReadCodedTexts(
+        main_.Query(sql.arg(QLatin1String(
+                        " OR EXISTS (SELECT 1 FROM MarkMaster c WHERE c.StudentCode = a.StudentCode AND "
+                        "c.ClassCode = ?1 AND c.DivisionCode = ?2 AND c.AcademicYearCode = ?3 AND "
+                        "c.ExamCode = ?4)")),
+                    scope.classCode, scope.divisionCode, scope.academicYearCode, scope.examCode));
 }
 
 std::vector<MarkSubject> MarkRepository::SubjectsToMark(const MarkScope& scope)
 {
     std::vector<MarkSubject> subjects;
     store::Statement rows = main_.Query(
-        QStringLiteral("Select a.SubjectCode,b.SubjectName,a.TeacherCode,a.MaximumAllowed,a.MaximumMark from "
-                       "ClassSubjectTeacher a,SubjectMaster b where a.SubjectCode=b.SubjectCode and "
-                       "a.ClassCode=? and a.DivisionCode=? and a.AcademicYearCode=? order by a.SlNo"),
+        QStringLiteral(
+            "SELECT a.SubjectCode, b.SubjectName, a.TeacherCode, a.MaximumAllowed, a.MaximumMark FROM "
+            "ClassSubjectTeacher a, SubjectMaster b WHERE a.SubjectCode = b.SubjectCode AND "
+            "a.ClassCode = ? AND a.DivisionCode = ? AND a.AcademicYearCode = ? ORDER BY a.SlNo"),
         scope.classCode, scope.divisionCode, scope.academicYearCode);
     while (rows.Next())
         subjects.push_back({rows.Int(0), rows.Text(1), rows.Int(2), rows.Double(3), rows.Double(4)});
@@ -64,8 +67,8 @@ std::vector<MarkSubject> MarkRepository::SubjectsToMark(const MarkScope& scope)
 std::optional<MarkSubject> MarkRepository::FindSubject(const MarkScope& scope, int subjectCode)
 {
     store::Statement rows = main_.Query(
-        QStringLiteral("Select TeacherCode,MaximumAllowed,MaximumMark from ClassSubjectTeacher where "
-                       "SubjectCode=? and ClassCode=? and DivisionCode=? and AcademicYearCode=?"),
+        QStringLiteral("SELECT TeacherCode, MaximumAllowed, MaximumMark FROM ClassSubjectTeacher WHERE "
+                       "SubjectCode = ? AND ClassCode = ? AND DivisionCode = ? AND AcademicYearCode = ?"),
         subjectCode, scope.classCode, scope.divisionCode, scope.academicYearCode);
     if (!rows.Next())
         return {};
@@ -76,8 +79,8 @@ std::vector<StoredMark> MarkRepository::StoredMarks(const MarkScope& scope, Mark
 {
     std::vector<StoredMark> marks;
     store::Statement rows = main_.Query(
-        QStringLiteral("Select %1,Mark,LeaveOrPresent from MarkMaster where %2=? and ClassCode=? and "
-                       "DivisionCode=? and ExamCode=? and AcademicYearCode=? order by StudentCode")
+        QStringLiteral("SELECT %1, Mark, LeaveOrPresent FROM MarkMaster WHERE %2 = ? AND ClassCode = ? AND "
+                       "DivisionCode = ? AND ExamCode = ? AND AcademicYearCode = ? ORDER BY StudentCode")
             .arg(RowColumn(mode), FixedColumn(mode)),
         code, scope.classCode, scope.divisionCode, scope.examCode, scope.academicYearCode);
     while (rows.Next())
@@ -87,28 +90,29 @@ std::vector<StoredMark> MarkRepository::StoredMarks(const MarkScope& scope, Mark
 
 bool MarkRepository::HasStudents(const MarkScope& scope)
 {
-    return HasRows(QStringLiteral("StudentClassDivision a,StudentMaster b where a.StudentCode=b.StudentCode"),
-                   scope);
+    return HasRows(
+        QStringLiteral("StudentClassDivision a, StudentMaster b WHERE a.StudentCode = b.StudentCode"), scope);
 }
 
 bool MarkRepository::HasSubjects(const MarkScope& scope)
 {
-    return HasRows(QStringLiteral("ClassSubjectTeacher a,SubjectMaster b where a.SubjectCode=b.SubjectCode"),
-                   scope);
+    return HasRows(
+        QStringLiteral("ClassSubjectTeacher a, SubjectMaster b WHERE a.SubjectCode = b.SubjectCode"), scope);
 }
 
 bool MarkRepository::HasRows(const QString& tables, const MarkScope& scope)
 {
-    return main_.Number(QStringLiteral("Select Count(*) from %1 and a.ClassCode=? and a.DivisionCode=? and "
-                                       "a.AcademicYearCode=?")
-                            .arg(tables),
-                        scope.classCode, scope.divisionCode, scope.academicYearCode) > 0;
+    return main_.Number(
+               QStringLiteral("SELECT count(*) FROM %1 AND a.ClassCode = ? AND a.DivisionCode = ? AND "
+                              "a.AcademicYearCode = ?")
+                   .arg(tables),
+               scope.classCode, scope.divisionCode, scope.academicYearCode) > 0;
 }
 
 void MarkRepository::Delete(store::Transaction& transaction, const MarkScope& scope, MarkMode mode, int code)
 {
-    transaction.Execute(QStringLiteral("Delete from MarkMaster where ClassCode=? and DivisionCode=? and "
-                                       "ExamCode=? and AcademicYearCode=? and %1=?")
+    transaction.Execute(QStringLiteral("DELETE FROM MarkMaster WHERE ClassCode = ? AND DivisionCode = ? AND "
+                                       "ExamCode = ? AND AcademicYearCode = ? AND %1 = ?")
                             .arg(FixedColumn(mode)),
                         scope.classCode, scope.divisionCode, scope.examCode, scope.academicYearCode, code);
 }
@@ -116,9 +120,9 @@ void MarkRepository::Delete(store::Transaction& transaction, const MarkScope& sc
 void MarkRepository::Insert(store::Transaction& transaction, const MarkScope& scope,
                             const std::vector<MarkRecord>& marks, int userCode)
 {
-    store::Statement insert = transaction.Prepare(
-        QStringLiteral("Insert into MarkMaster(AcademicYearCode,StudentCode,ExamCode,ClassCode,DivisionCode,"
-                       "SubjectCode,Mark,LeaveOrPresent,TeacherCode,UserCode) values(?,?,?,?,?,?,?,?,?,?)"));
+    store::Statement insert = transaction.Prepare(QStringLiteral(
+        "INSERT INTO MarkMaster (AcademicYearCode, StudentCode, ExamCode, ClassCode, DivisionCode, "
+        "SubjectCode, Mark, LeaveOrPresent, TeacherCode, UserCode) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"));
     for (const MarkRecord& mark : marks)
         insert.Run(scope.academicYearCode, mark.studentCode, scope.examCode, scope.classCode,
                    scope.divisionCode, mark.subjectCode, mark.mark, mark.present ? "P" : "A",

@@ -56,8 +56,8 @@ std::vector<ClassRecord> ClassSectionRepository::Classes()
 {
     std::vector<ClassRecord> classes;
     store::Statement rows =
-        connection_.Query(QStringLiteral("Select ClassCode,ClassName,NoOfDivisions,ClassOrder From "
-                                         "ClassDivisionMaster Where ClassCode > 0 Order By ClassOrder"));
+        connection_.Query(QStringLiteral("SELECT ClassCode, ClassName, NoOfDivisions, ClassOrder FROM "
+                                         "ClassDivisionMaster WHERE ClassCode > 0 ORDER BY ClassOrder"));
     while (rows.Next())
         classes.push_back({rows.Int(0), rows.Text(1), rows.Int(2), rows.Int(3)});
     return classes;
@@ -67,8 +67,8 @@ std::vector<ClassDivision> ClassSectionRepository::Divisions()
 {
     std::vector<ClassDivision> divisions;
     store::Statement rows = connection_.Query(
-        QStringLiteral("Select ClassCode,DivisionName,DivisionCode From ClassDivisionDetails "
-                       "Where ClassCode > 0 Order By ClassCode,DivisionCode Desc"));
+        QStringLiteral("SELECT ClassCode, DivisionName, DivisionCode FROM ClassDivisionDetails "
+                       "WHERE ClassCode > 0 ORDER BY ClassCode, DivisionCode DESC"));
     while (rows.Next())
         divisions.push_back({rows.Int(0), rows.Text(1), rows.Int(2)});
     return divisions;
@@ -79,8 +79,9 @@ std::set<DivisionKey> ClassSectionRepository::DivisionsIn(const char* table)
     std::set<DivisionKey> keys;
     // One look into the table's key for each division, instead of a walk through all marks of the school.
     store::Statement rows = connection_.Query(
-        QStringLiteral("Select a.ClassCode,a.DivisionCode From ClassDivisionDetails a Where Exists (Select 1 "
-                       "From %1 b Where b.ClassCode = a.ClassCode And b.DivisionCode = a.DivisionCode)")
+        QStringLiteral(
+            "SELECT a.ClassCode, a.DivisionCode FROM ClassDivisionDetails a WHERE EXISTS (SELECT 1 "
+            "FROM %1 b WHERE b.ClassCode = a.ClassCode AND b.DivisionCode = a.DivisionCode)")
             .arg(QLatin1String(table)));
     while (rows.Next())
         keys.emplace(rows.Int(0), rows.Int(1));
@@ -100,39 +101,43 @@ StoredClassSections ClassSectionRepository::Read()
 void ClassSectionRepository::InsertClass(store::Transaction& transaction, const ClassRecord& record,
                                          int userCode)
 {
-    transaction.Execute(QStringLiteral("Insert Into ClassDivisionMaster Values(?,?,?,?,?)"), record.classCode,
-                        record.className, record.noOfDivisions, record.classOrder, userCode);
+    transaction.Execute(QStringLiteral("INSERT INTO ClassDivisionMaster (ClassCode, ClassName, "
+                                       "NoOfDivisions, ClassOrder, UserCode) VALUES (?, ?, ?, ?, ?)"),
+                        record.classCode, record.className, record.noOfDivisions, record.classOrder,
+                        userCode);
 }
 
 void ClassSectionRepository::UpdateClass(store::Transaction& transaction, const ClassRecord& record)
 {
-    transaction.Execute(QStringLiteral("Update ClassDivisionMaster Set ClassName = ?, NoOfDivisions = ?, "
-                                       "ClassOrder = ? Where ClassCode = ?"),
+    transaction.Execute(QStringLiteral("UPDATE ClassDivisionMaster SET ClassName = ?, NoOfDivisions = ?, "
+                                       "ClassOrder = ? WHERE ClassCode = ?"),
                         record.className, record.noOfDivisions, record.classOrder, record.classCode);
 }
 
 void ClassSectionRepository::DeleteClass(store::Transaction& transaction, int classCode)
 {
-    transaction.Execute(QStringLiteral("Delete From ClassDivisionDetails Where ClassCode = ?"), classCode);
-    transaction.Execute(QStringLiteral("Delete From ClassDivisionMaster Where ClassCode = ?"), classCode);
+    transaction.Execute(QStringLiteral("DELETE FROM ClassDivisionDetails WHERE ClassCode = ?"), classCode);
+    transaction.Execute(QStringLiteral("DELETE FROM ClassDivisionMaster WHERE ClassCode = ?"), classCode);
 }
 
 void ClassSectionRepository::InsertDivision(store::Transaction& transaction, const ClassDivision& division)
 {
-    transaction.Execute(QStringLiteral("Insert Into ClassDivisionDetails Values(?,?,?)"), division.classCode,
-                        division.divisionName, division.divisionCode);
+    transaction.Execute(
+        QStringLiteral(
+            "INSERT INTO ClassDivisionDetails (ClassCode, DivisionName, DivisionCode) VALUES (?, ?, ?)"),
+        division.classCode, division.divisionName, division.divisionCode);
 }
 
 void ClassSectionRepository::RenameDivision(store::Transaction& transaction, const ClassDivision& division)
 {
-    transaction.Execute(QStringLiteral("Update ClassDivisionDetails Set DivisionName = ? Where ClassCode = ? "
-                                       "And DivisionCode = ?"),
+    transaction.Execute(QStringLiteral("UPDATE ClassDivisionDetails SET DivisionName = ? WHERE ClassCode = ? "
+                                       "AND DivisionCode = ?"),
                         division.divisionName, division.classCode, division.divisionCode);
 }
 
 void ClassSectionRepository::DeleteDivision(store::Transaction& transaction, int classCode, int divisionCode)
 {
-    transaction.Execute(QStringLiteral("Delete From ClassDivisionDetails Where ClassCode = ? And "
+    transaction.Execute(QStringLiteral("DELETE FROM ClassDivisionDetails WHERE ClassCode = ? AND "
                                        "DivisionCode = ?"),
                         classCode, divisionCode);
 }
@@ -140,9 +145,9 @@ void ClassSectionRepository::DeleteDivision(store::Transaction& transaction, int
 void ClassSectionRepository::OrderByCode(store::Transaction& transaction)
 {
     transaction.Execute(QStringLiteral(
-        "Update ClassDivisionMaster Set ClassOrder = (Select Count(*) From ClassDivisionMaster a "
-        "Where a.ClassCode > 0 And a.ClassCode <= ClassDivisionMaster.ClassCode) "
-        "Where ClassCode > 0"));
+        "UPDATE ClassDivisionMaster SET ClassOrder = (SELECT count(*) FROM ClassDivisionMaster a "
+        "WHERE a.ClassCode > 0 AND a.ClassCode <= ClassDivisionMaster.ClassCode) "
+        "WHERE ClassCode > 0"));
 }
 
 } // namespace tally

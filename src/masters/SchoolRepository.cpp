@@ -51,9 +51,11 @@ CodedTexts SchoolRepository::Months()
 void SchoolRepository::Replace(store::Transaction& transaction, const School& school, int userCode)
 {
     transaction.Execute(QStringLiteral("DELETE FROM SchoolMaster"));
-    transaction.Execute(QStringLiteral("INSERT INTO SchoolMaster VALUES (?, ?, ?, ?, ?, ?, ?)"), school.name,
-                        school.address1, school.address2, school.cityCode, school.pinCode, school.startMonth,
-                        userCode);
+    transaction.Execute(
+        QStringLiteral("INSERT INTO SchoolMaster (SchoolName, SAddress1, SAddress2, CCityCode, CPinCode, "
+                       "MonthShortName, UserCode) VALUES (?, ?, ?, ?, ?, ?, ?)"),
+        school.name, school.address1, school.address2, school.cityCode, school.pinCode, school.startMonth,
+        userCode);
 }
 
 void SchoolRepository::GenerateMonthCode(store::Transaction& transaction, int startMonth)

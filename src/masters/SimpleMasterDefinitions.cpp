@@ -36,7 +36,7 @@ SimpleMasterDefinition StateMaster()
                 " WHERE upper(StateName) LIKE '%' || upper(:Search) || '%' AND StateCode > 0 ORDER BY StateName",
         .codeColumn = "StateCode",
         .update = "UPDATE StateMaster SET StateName = :StateName, UserCode = :User WHERE StateCode = :Code",
-        .insert = "INSERT INTO StateMaster VALUES (:Code, :StateName, :User)",
+        .insert = "INSERT INTO StateMaster (StateCode, StateName, UserCode) VALUES (:Code, :StateName, :User)",
         .remove = "DELETE FROM StateMaster WHERE StateCode = :Code"};
 }
 
@@ -70,7 +70,7 @@ SimpleMasterDefinition CityMaster()
         .codeColumn = "CityCode",
         .update = "UPDATE CityMaster SET CityName = :CityName, StateCode = :StateCode, UserCode = :User"
                   " WHERE CityCode = :Code",
-        .insert = "INSERT INTO CityMaster VALUES (:Code, :StateCode, :CityName, :User)",
+        .insert = "INSERT INTO CityMaster (CityCode, StateCode, CityName, UserCode) VALUES (:Code, :StateCode, :CityName, :User)",
         .remove = "DELETE FROM CityMaster WHERE CityCode = :Code"};
 }
 
@@ -100,7 +100,7 @@ SimpleMasterDefinition BloodGroupMaster()
         .codeColumn = "BloodGroupCode",
         .update = "UPDATE BloodGroupMaster SET BloodGroupName = :BloodGroupName, UserCode = :User"
                   " WHERE BloodGroupCode = :Code",
-        .insert = "INSERT INTO BloodGroupMaster VALUES (:Code, :BloodGroupName, :User)",
+        .insert = "INSERT INTO BloodGroupMaster (BloodGroupCode, BloodGroupName, UserCode) VALUES (:Code, :BloodGroupName, :User)",
         .remove = "DELETE FROM BloodGroupMaster WHERE BloodGroupCode = :Code"};
 }
 
@@ -130,7 +130,7 @@ SimpleMasterDefinition SalutationMaster()
                 " WHERE upper(SalutationName) LIKE '%' || upper(:Search) || '%' ORDER BY SalutationName",
         .codeColumn = "SalutationCode",
         .update = "UPDATE SalutationMaster SET SalutationName = :SalutationName WHERE SalutationCode = :Code",
-        .insert = "INSERT INTO SalutationMaster VALUES (:Code, :SalutationName, :User)",
+        .insert = "INSERT INTO SalutationMaster (SalutationCode, SalutationName, UserCode) VALUES (:Code, :SalutationName, :User)",
         .remove = "DELETE FROM SalutationMaster WHERE SalutationCode = :Code"};
 }
 
@@ -162,7 +162,7 @@ SimpleMasterDefinition ExamNameMaster()
                 " WHERE upper(ExamName) LIKE '%' || upper(:Search) || '%' ORDER BY ExamOrder",
         .codeColumn = "ExamCode",
         .update = "UPDATE ExamMaster SET ExamName = :ExamName, ExamOrder = :ExamOrder WHERE ExamCode = :Code",
-        .insert = "INSERT INTO ExamMaster VALUES (:Code, :ExamName, :ExamOrder, :User)",
+        .insert = "INSERT INTO ExamMaster (ExamCode, ExamName, ExamOrder, UserCode) VALUES (:Code, :ExamName, :ExamOrder, :User)",
         .remove = "DELETE FROM ExamMaster WHERE ExamCode = :Code"};
 }
 
@@ -196,7 +196,7 @@ SimpleMasterDefinition SubjectMaster()
         .codeColumn = "SubjectCode",
         .update = "UPDATE SubjectMaster SET SubjectName = :SubjectName, SubjectShortName = :SubjectShortName"
                   " WHERE SubjectCode = :Code",
-        .insert = "INSERT INTO SubjectMaster VALUES (:Code, :SubjectName, :SubjectShortName, :User)",
+        .insert = "INSERT INTO SubjectMaster (SubjectCode, SubjectName, SubjectShortName, UserCode) VALUES (:Code, :SubjectName, :SubjectShortName, :User)",
         .remove = "DELETE FROM SubjectMaster WHERE SubjectCode = :Code"};
 }
 
@@ -224,7 +224,7 @@ SimpleMasterDefinition UserMaster()
                 " WHERE upper(UserName) LIKE '%' || upper(:Search) || '%' AND UserCode > 0",
         .codeColumn = "userid",
         .update = "UPDATE UserMaster SET UserName = :UserName WHERE UserCode = :Code",
-        .insert = "INSERT INTO UserMaster VALUES (:Code, :UserName, :User)",
+        .insert = "INSERT INTO UserMaster (UserCode, UserName, EnteredBy) VALUES (:Code, :UserName, :User)",
         .remove = "DELETE FROM UserMaster WHERE UserCode = :Code"};
 }
 

@@ -113,8 +113,10 @@ void TeacherRepository::Insert(store::Transaction& transaction, int teacherCode,
                                int userCode)
 {
     transaction.Execute(
-        QStringLiteral(
-            "INSERT INTO TeacherMaster VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+        QStringLiteral("INSERT INTO TeacherMaster (TeacherCode, SalutationCode, TeacherName, "
+                       "TeacherShortName, DOB, MaritalStatus, WeddingDate, JoiningDate, FHName, Address1, "
+                       "Address2, CityCode, PinCode, Telephone, BloodGroupCode, Qualification, UserCode) "
+                       "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
         teacherCode, teacher.salutationCode, teacher.name, teacher.shortName, teacher.dateOfBirth,
         MaritalStatus(teacher), teacher.weddingDate, teacher.joiningDate, teacher.fatherOrSpouse,
         teacher.address1, teacher.address2, teacher.cityCode, teacher.pinCode, teacher.telephone,

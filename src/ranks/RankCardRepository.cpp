@@ -21,22 +21,24 @@ StudentListInput RankCardRepository::LoadStudentList(const RankCardScope& scope)
     const store::ReadTransaction reading(main_);
     StudentListInput input;
     store::Statement students = main_.Query(
-        QStringLiteral("Select a.StudentCode,a.StudentName from StudentMaster a inner join "
-                       "StudentClassDivision b on a.StudentCode=b.StudentCode where b.ClassCode=? "
-                       "and b.DivisionCode=? and b.AcademicYearCode=? order by a.StudentName,a.StudentCode"),
+        QStringLiteral(
+            "SELECT a.StudentCode, a.StudentName FROM StudentMaster a INNER JOIN "
+            "StudentClassDivision b ON a.StudentCode = b.StudentCode WHERE b.ClassCode = ? "
+            "AND b.DivisionCode = ? AND b.AcademicYearCode = ? ORDER BY a.StudentName, a.StudentCode"),
         scope.classCode, scope.divisionCode, scope.academicYearCode);
     while (students.Next())
         input.students.push_back({students.Int(0), students.Text(1)});
 
     input.subjectCount = static_cast<int>(main_.Number(
-        QStringLiteral("Select Count(*) from ClassSubjectTeacher where ClassCode=? and DivisionCode=? and "
-                       "AcademicYearCode=?"),
+        QStringLiteral(
+            "SELECT count(*) FROM ClassSubjectTeacher WHERE ClassCode = ? AND DivisionCode = ? AND "
+            "AcademicYearCode = ?"),
         scope.classCode, scope.divisionCode, scope.academicYearCode));
 
     // All exams at once: one reading of the division's marks, however many exams are ticked.
     store::Statement counts = main_.Query(
-        QStringLiteral("Select StudentCode,ExamCode,Count(*) from MarkMaster where ClassCode=? and "
-                       "DivisionCode=? and AcademicYearCode=? group by ExamCode,StudentCode"),
+        QStringLiteral("SELECT StudentCode, ExamCode, count(*) FROM MarkMaster WHERE ClassCode = ? AND "
+                       "DivisionCode = ? AND AcademicYearCode = ? GROUP BY ExamCode, StudentCode"),
         scope.classCode, scope.divisionCode, scope.academicYearCode);
     while (counts.Next())
         input.counts.push_back({counts.Int(0), counts.Int(1), counts.Int(2)});
@@ -61,9 +63,9 @@ RankCardInput RankCardRepository::LoadRankCards(const RankCardScope& scope,
 void RankCardRepository::LoadNames(const RankCardScope& scope, RankCardInput& input)
 {
     store::Statement rows = main_.Query(
-        QStringLiteral("Select c.ClassName,d.DivisionName from ClassDivisionMaster c inner join "
-                       "ClassDivisionDetails d on c.ClassCode=d.ClassCode where d.ClassCode=? and "
-                       "d.DivisionCode=?"),
+        QStringLiteral("SELECT c.ClassName, d.DivisionName FROM ClassDivisionMaster c INNER JOIN "
+                       "ClassDivisionDetails d ON c.ClassCode = d.ClassCode WHERE d.ClassCode = ? AND "
+                       "d.DivisionCode = ?"),
         scope.classCode, scope.divisionCode);
     if (rows.Next()) {
         input.className = rows.Text(0);
@@ -76,9 +78,9 @@ void RankCardRepository::LoadStudents(const RankCardScope& scope, const std::vec
 {
     QHash<int, CardStudent> marked;
     store::Statement rows = main_.Query(
-        QStringLiteral("Select StudentCode,StudentName,OptionalAdmissionNo from StudentMaster where "
-                       "StudentCode in (Select StudentCode from MarkMaster where ClassCode=? and "
-                       "DivisionCode=?)"),
+        QStringLiteral("SELECT StudentCode, StudentName, OptionalAdmissionNo FROM StudentMaster WHERE "
+                       "StudentCode IN (SELECT StudentCode FROM MarkMaster WHERE ClassCode = ? AND "
+                       "DivisionCode = ?)"),
         scope.classCode, scope.divisionCode);
     while (rows.Next())
         marked.insert(rows.Int(0), {rows.Int(0), rows.Text(1), rows.Text(2)});
@@ -90,8 +92,8 @@ void RankCardRepository::LoadExams(const std::vector<int>& examCodes, RankCardIn
 {
     store::Statement rows =
         QueryCodes(main_,
-                   QStringLiteral("Select ExamCode,ExamName from ExamMaster where ExamCode in (%1) order by "
-                                  "ExamOrder,ExamCode"),
+                   QStringLiteral("SELECT ExamCode, ExamName FROM ExamMaster WHERE ExamCode IN (%1) ORDER BY "
+                                  "ExamOrder, ExamCode"),
                    examCodes);
     while (rows.Next())
         input.exams.push_back({rows.Int(0), rows.Text(1)});
@@ -100,12 +102,12 @@ void RankCardRepository::LoadExams(const std::vector<int>& examCodes, RankCardIn
 void RankCardRepository::LoadSubjects(const RankCardScope& scope, SubjectDisplay display,
                                       RankCardInput& input)
 {
-    QString sql = QStringLiteral("Select a.SubjectShortName,a.SubjectCode from SubjectMaster a inner join "
-                                 "ClassSubjectTeacher b on a.SubjectCode=b.SubjectCode where "
-                                 "b.AcademicYearCode=? and b.ClassCode=? and b.DivisionCode=?");
+    QString sql = QStringLiteral("SELECT a.SubjectShortName, a.SubjectCode FROM SubjectMaster a INNER JOIN "
+                                 "ClassSubjectTeacher b ON a.SubjectCode = b.SubjectCode WHERE "
+                                 "b.AcademicYearCode = ? AND b.ClassCode = ? AND b.DivisionCode = ?");
     if (display == SubjectDisplay::TakenForRankOnly)
-        sql += QLatin1String(" and b.TakenForRank='Yes'");
-    store::Statement rows = main_.Query(sql + QLatin1String(" order by b.SlNo,a.SubjectCode"),
+        sql += QLatin1String(" AND b.TakenForRank = 'Yes'");
+    store::Statement rows = main_.Query(sql + QLatin1String(" ORDER BY b.SlNo, a.SubjectCode"),
                                         scope.academicYearCode, scope.classCode, scope.divisionCode);
     while (rows.Next())
         input.subjects.push_back({rows.Int(1), rows.Text(0).trimmed()});
@@ -117,9 +119,10 @@ void RankCardRepository::LoadMarks(const RankCardScope& scope, const std::vector
     // A student who repeats the class has marks of two years in it; the later ones are read last and stand.
     store::Statement rows = QueryCodes(
         main_,
-        QStringLiteral("Select StudentCode,ExamCode,SubjectCode,Mark from MarkMaster where ClassCode=? and "
-                       "DivisionCode=? and ExamCode in (%1) order by "
-                       "AcademicYearCode,ExamCode,StudentCode,SubjectCode"),
+        QStringLiteral(
+            "SELECT StudentCode, ExamCode, SubjectCode, Mark FROM MarkMaster WHERE ClassCode = ? AND "
+            "DivisionCode = ? AND ExamCode IN (%1) ORDER BY "
+            "AcademicYearCode, ExamCode, StudentCode, SubjectCode"),
         examCodes, scope.classCode, scope.divisionCode);
     while (rows.Next())
         input.marks.push_back({rows.Int(0), rows.Int(1), rows.Int(2), rows.Double(3)});
@@ -130,9 +133,9 @@ void RankCardRepository::LoadRanks(const RankCardScope& scope, const std::vector
 {
     store::Statement rows = QueryCodes(
         main_,
-        QStringLiteral("Select StudentCode,ExamCode,Total,Average,Rank,Grade from TempRankTotal where "
-                       "ClassCode=? and DivisionCode=? and ExamCode in (%1) order by "
-                       "AcademicYearCode,ExamCode,StudentCode"),
+        QStringLiteral("SELECT StudentCode, ExamCode, Total, Average, Rank, Grade FROM TempRankTotal WHERE "
+                       "ClassCode = ? AND DivisionCode = ? AND ExamCode IN (%1) ORDER BY "
+                       "AcademicYearCode, ExamCode, StudentCode"),
         examCodes, scope.classCode, scope.divisionCode);
     while (rows.Next())
         input.ranks.push_back({rows.Int(0), rows.Int(1), Value(rows, 2), Value(rows, 3),

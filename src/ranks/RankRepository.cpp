@@ -46,23 +46,23 @@ std::vector<DivisionFacts> RankRepository::LoadDivisionFacts(const RankScope& sc
     // Naming the divisions lets the engine go straight to this year's rows of each.
     count(&DivisionFacts::students,
           QueryCodes(main_,
-                     QStringLiteral("Select DivisionCode,Count(*) from StudentClassDivision where "
-                                    "AcademicYearCode=? and ClassCode=? and DivisionCode in (%1) "
-                                    "group by DivisionCode"),
+                     QStringLiteral("SELECT DivisionCode, count(*) FROM StudentClassDivision WHERE "
+                                    "AcademicYearCode = ? AND ClassCode = ? AND DivisionCode IN (%1) "
+                                    "GROUP BY DivisionCode"),
                      codes, scope.academicYearCode, scope.classCode));
     count(&DivisionFacts::gradeBands,
           QueryCodes(
               main_,
-              QStringLiteral("Select DivisionCode,Count(*) from RankMaster where AcademicYearCode=? and "
-                             "ClassCode=? and ExamCode=? and DivisionCode in (%1) group by DivisionCode"),
+              QStringLiteral("SELECT DivisionCode, count(*) FROM RankMaster WHERE AcademicYearCode = ? AND "
+                             "ClassCode = ? AND ExamCode = ? AND DivisionCode IN (%1) GROUP BY DivisionCode"),
               codes, scope.academicYearCode, scope.classCode, scope.examCode));
 
     std::map<std::pair<int, int>, int> marks;
     store::Statement counts = QueryCodes(
         main_,
         QStringLiteral(
-            "Select DivisionCode,SubjectCode,Count(*) from MarkMaster where AcademicYearCode=? and "
-            "ExamCode=? and ClassCode=? and DivisionCode in (%1) group by DivisionCode,SubjectCode"),
+            "SELECT DivisionCode, SubjectCode, count(*) FROM MarkMaster WHERE AcademicYearCode = ? AND "
+            "ExamCode = ? AND ClassCode = ? AND DivisionCode IN (%1) GROUP BY DivisionCode, SubjectCode"),
         codes, scope.academicYearCode, scope.examCode, scope.classCode);
     while (counts.Next())
         marks[{counts.Int(0), counts.Int(1)}] = counts.Int(2);
@@ -86,10 +86,11 @@ std::vector<SubjectSetup> RankRepository::LoadSubjectSetup(const RankScope& scop
 {
     std::vector<SubjectSetup> subjects;
     store::Statement rows = main_.Query(
-        QStringLiteral("Select a.DivisionCode,a.SubjectCode,b.SubjectShortName,a.TakenForRank,a.MaximumMark,"
-                       "a.MaximumAllowed from ClassSubjectTeacher a inner join SubjectMaster b on "
-                       "b.SubjectCode=a.SubjectCode where a.AcademicYearCode=? and a.ClassCode=? "
-                       "order by a.SlNo,a.DivisionCode,a.SubjectCode"),
+        QStringLiteral(
+            "SELECT a.DivisionCode, a.SubjectCode, b.SubjectShortName, a.TakenForRank, a.MaximumMark,"
+            "a.MaximumAllowed FROM ClassSubjectTeacher a INNER JOIN SubjectMaster b ON "
+            "b.SubjectCode = a.SubjectCode WHERE a.AcademicYearCode = ? AND a.ClassCode = ? "
+            "ORDER BY a.SlNo, a.DivisionCode, a.SubjectCode"),
         scope.academicYearCode, scope.classCode);
     while (rows.Next()) {
         subjects.push_back(
@@ -102,8 +103,9 @@ std::vector<GradeBand> RankRepository::LoadGradeBands(const RankScope& scope)
 {
     std::vector<GradeBand> bands;
     store::Statement rows = main_.Query(
-        QStringLiteral("Select DivisionCode,TotalAverage,SubjectAverage,Grade from RankMaster where "
-                       "AcademicYearCode=? and ClassCode=? and ExamCode=? order by DivisionCode,Status"),
+        QStringLiteral(
+            "SELECT DivisionCode, TotalAverage, SubjectAverage, Grade FROM RankMaster WHERE "
+            "AcademicYearCode = ? AND ClassCode = ? AND ExamCode = ? ORDER BY DivisionCode, Status"),
         scope.academicYearCode, scope.classCode, scope.examCode);
     while (rows.Next())
         bands.push_back({rows.Int(0), rows.Double(1), rows.Double(2), rows.Text(3)});
@@ -116,8 +118,8 @@ RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vecto
     RankInput input;
     store::Statement names = main_.Query(
         QStringLiteral(
-            "Select c.ClassName,d.DivisionCode,d.DivisionName from ClassDivisionMaster c inner join "
-            "ClassDivisionDetails d on d.ClassCode=c.ClassCode where c.ClassCode=?"),
+            "SELECT c.ClassName, d.DivisionCode, d.DivisionName FROM ClassDivisionMaster c INNER JOIN "
+            "ClassDivisionDetails d ON d.ClassCode = c.ClassCode WHERE c.ClassCode = ?"),
         scope.classCode);
     std::map<int, QString> divisionNames;
     while (names.Next()) {
@@ -130,10 +132,10 @@ RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vecto
     store::Statement students = QueryCodes(
         main_,
         QStringLiteral(
-            "Select a.StudentCode,a.DivisionCode,b.StudentName,b.OptionalAdmissionNo from "
-            "StudentClassDivision a inner join StudentMaster b on b.StudentCode=a.StudentCode where "
-            "a.AcademicYearCode=? and a.ClassCode=? and a.DivisionCode in (%1) "
-            "order by a.DivisionCode,a.StudentCode"),
+            "SELECT a.StudentCode, a.DivisionCode, b.StudentName, b.OptionalAdmissionNo FROM "
+            "StudentClassDivision a INNER JOIN StudentMaster b ON b.StudentCode = a.StudentCode WHERE "
+            "a.AcademicYearCode = ? AND a.ClassCode = ? AND a.DivisionCode IN (%1) "
+            "ORDER BY a.DivisionCode, a.StudentCode"),
         divisionCodes, scope.academicYearCode, scope.classCode);
     while (students.Next())
         input.students.push_back({students.Int(0), students.Int(1), students.Text(2), students.Text(3)});
@@ -147,8 +149,8 @@ RankInput RankRepository::LoadRankInput(const RankScope& scope, const std::vecto
     store::Statement marks = QueryCodes(
         main_,
         QStringLiteral(
-            "Select StudentCode,DivisionCode,SubjectCode,LeaveOrPresent,Mark from MarkMaster where "
-            "AcademicYearCode=? and ExamCode=? and ClassCode=? and DivisionCode in (%1)"),
+            "SELECT StudentCode, DivisionCode, SubjectCode, LeaveOrPresent, Mark FROM MarkMaster WHERE "
+            "AcademicYearCode = ? AND ExamCode = ? AND ClassCode = ? AND DivisionCode IN (%1)"),
         divisionCodes, scope.academicYearCode, scope.examCode, scope.classCode);
     while (marks.Next()) {
         input.marks.push_back(
@@ -166,20 +168,19 @@ std::vector<QString> RankRepository::LoadGradesInOrder(const RankScope& scope,
     return FirstColumn(QueryCodes(
         main_,
         QStringLiteral(
-            "Select distinct Grade,Status from RankMaster where AcademicYearCode=? and ExamCode=? and "
-            "ClassCode=? and DivisionCode in (%1) order by Status,Grade"),
+            "SELECT DISTINCT Grade, Status FROM RankMaster WHERE AcademicYearCode = ? AND ExamCode = ? AND "
+            "ClassCode = ? AND DivisionCode IN (%1) ORDER BY Status, Grade"),
         divisionCodes, scope.academicYearCode, scope.examCode, scope.classCode));
 }
 
 std::vector<QString> RankRepository::LoadDistinctGrades(const RankScope& scope,
                                                         const std::vector<int>& divisionCodes)
 {
-    return FirstColumn(QueryCodes(
-        main_,
-        QStringLiteral(
-            "Select distinct Grade from RankMaster where AcademicYearCode=? and ClassCode=? and ExamCode=? "
-            "and DivisionCode in (%1) order by Grade"),
-        divisionCodes, scope.academicYearCode, scope.classCode, scope.examCode));
+    return FirstColumn(QueryCodes(main_,
+                                  QStringLiteral("SELECT DISTINCT Grade FROM RankMaster WHERE "
+                                                 "AcademicYearCode = ? AND ClassCode = ? AND ExamCode = ? "
+                                                 "AND DivisionCode IN (%1) ORDER BY Grade"),
+                                  divisionCodes, scope.academicYearCode, scope.classCode, scope.examCode));
 }
 
 std::vector<std::optional<double>> RankRepository::LoadFullMarks(const RankScope& scope,
@@ -188,9 +189,9 @@ std::vector<std::optional<double>> RankRepository::LoadFullMarks(const RankScope
     std::map<int, double> sums;
     store::Statement rows = QueryCodes(
         main_,
-        QStringLiteral(
-            "Select DivisionCode,Sum(MaximumAllowed) from ClassSubjectTeacher where AcademicYearCode=? and "
-            "ClassCode=? and TakenForRank='Yes' and DivisionCode in (%1) group by DivisionCode"),
+        QStringLiteral("SELECT DivisionCode, sum(MaximumAllowed) FROM ClassSubjectTeacher WHERE "
+                       "AcademicYearCode = ? AND "
+                       "ClassCode = ? AND TakenForRank='Yes' AND DivisionCode IN (%1) GROUP BY DivisionCode"),
         divisionCodes, scope.academicYearCode, scope.classCode);
     while (rows.Next())
         sums[rows.Int(0)] = rows.Double(1);
@@ -209,13 +210,15 @@ void RankRepository::ReplaceRankTotals(store::Transaction& main, const RankScope
 {
     store::Statement old = QueryCodes(
         main.On(),
-        QStringLiteral("Delete from TempRankTotal where ClassCode=? and AcademicYearCode=? and ExamCode=? "
-                       "and DivisionCode in (%1)"),
+        QStringLiteral(
+            "DELETE FROM TempRankTotal WHERE ClassCode = ? AND AcademicYearCode = ? AND ExamCode = ? "
+            "AND DivisionCode IN (%1)"),
         divisionCodes, scope.classCode, scope.academicYearCode, scope.examCode);
     old.RunBound();
 
-    store::Statement insert =
-        main.Prepare(QStringLiteral("Insert into TempRankTotal values(?,?,?,?,?,?,?,?,?)"));
+    store::Statement insert = main.Prepare(
+        QStringLiteral("INSERT INTO TempRankTotal (StudentCode, AcademicYearCode, ExamCode, ClassCode, "
+                       "DivisionCode, Total, Average, Rank, Grade) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"));
     for (const RankTotal& total : totals) {
         insert.Bind(total.studentCode, scope.academicYearCode, scope.examCode, scope.classCode,
                     total.divisionCode, total.rankTotal, total.average, total.rank.value_or(0), total.grade);

@@ -31,13 +31,13 @@ QStringList SubjectColumns(const std::vector<RankSubject>& subjects)
 
 QString CreateTempRankCalculation(const QStringList& subjectColumns)
 {
-    QString sql = QStringLiteral("Create Table TempRankCalculation(StudentName Text(100) COLLATE NOCASE,"
-                                 "AdmissionNo Text(15) COLLATE NOCASE,Class Text(4) COLLATE NOCASE,"
-                                 "Division Text(3) COLLATE NOCASE,DivisionCode Integer,");
+    QString sql = QStringLiteral("CREATE TABLE TempRankCalculation(StudentName Text(100) COLLATE NOCASE,"
+                                 "AdmissionNo Text(15) COLLATE NOCASE, Class Text(4) COLLATE NOCASE,"
+                                 "Division Text(3) COLLATE NOCASE, DivisionCode Integer,");
     for (const QString& column : subjectColumns)
         sql += store::QuotedIdentifier(column) + QLatin1String(" Text(10),");
-    return sql + QLatin1String("Total Double,Average Double,Rank Integer,Grade Text(2) COLLATE NOCASE,"
-                               "RankTotal Double,StudentCode Integer)");
+    return sql + QLatin1String("Total Double, Average Double, Rank Integer, Grade Text(2) COLLATE NOCASE,"
+                               "RankTotal Double, StudentCode Integer)");
 }
 
 void AppendRows(store::Statement& statement, TempRankTable& table)
@@ -73,7 +73,7 @@ void TempRankRepository::FillTempRankCalculation(store::Transaction& temp, const
     const std::size_t subjectCount = list.subjects.size();
     const int behind = FirstSubjectField + static_cast<int>(subjectCount);
     store::Statement insert =
-        temp.Prepare(QStringLiteral("Insert into TempRankCalculation values(%1)")
+        temp.Prepare(QStringLiteral("INSERT INTO TempRankCalculation VALUES(%1)")
                          .arg(Placeholders(subjectCount + FirstSubjectField + FieldsBehindSubjects)));
     const QByteArray className = list.className.toUtf8();
     std::vector<QByteArray> divisionNames;
@@ -108,7 +108,7 @@ void TempRankRepository::FillTempRankCalculation(store::Transaction& temp, const
 
 void TempRankRepository::DropTempRankCalculation(store::Transaction& temp)
 {
-    temp.Execute(QStringLiteral("Drop Table if exists TempRankCalculation"));
+    temp.Execute(QStringLiteral("DROP TABLE IF EXISTS TempRankCalculation"));
 }
 
 TempRankTable TempRankRepository::LoadTempRankCalculation(RankOrder order,
@@ -116,22 +116,22 @@ TempRankTable TempRankRepository::LoadTempRankCalculation(RankOrder order,
 {
     // Behind the order that the user picked, the student's code keeps equal rows in the same places every
     // time.
-    const QString sql = QStringLiteral("Select * from TempRankCalculation");
+    const QString sql = QStringLiteral("SELECT * FROM TempRankCalculation");
     TempRankTable table;
     const auto load = [&](store::Statement rows) { AppendRows(rows, table); };
     switch (order) {
-    case RankOrder::Rank: load(temp_.Query(sql + QLatin1String(" order by Rank,Total,StudentCode"))); break;
+    case RankOrder::Rank: load(temp_.Query(sql + QLatin1String(" ORDER BY Rank, Total, StudentCode"))); break;
     case RankOrder::Grade:
         load(QueryCodes(temp_,
-                        sql + QLatin1String(" where Grade is not Null and DivisionCode in (%1) "
-                                            "order by Rank,Total,StudentCode"),
+                        sql + QLatin1String(" WHERE Grade IS NOT NULL AND DivisionCode IN (%1) "
+                                            "ORDER BY Rank, Total, StudentCode"),
                         divisionCodes));
         break;
     case RankOrder::AdmissionNo:
-        load(temp_.Query(sql + QLatin1String(" order by AdmissionNo,StudentCode")));
+        load(temp_.Query(sql + QLatin1String(" ORDER BY AdmissionNo, StudentCode")));
         break;
     case RankOrder::Alphabetical:
-        load(temp_.Query(sql + QLatin1String(" order by StudentName,StudentCode")));
+        load(temp_.Query(sql + QLatin1String(" ORDER BY StudentName, StudentCode")));
         break;
     }
     return table;
@@ -140,7 +140,7 @@ TempRankTable TempRankRepository::LoadTempRankCalculation(RankOrder order,
 void TempRankRepository::AppendRowsWithoutGrade(TempRankTable& table)
 {
     store::Statement rows =
-        temp_.Query(QStringLiteral("Select * from TempRankCalculation where Grade is Null"));
+        temp_.Query(QStringLiteral("SELECT * FROM TempRankCalculation WHERE Grade IS NULL"));
     AppendRows(rows, table);
 }
 
@@ -148,7 +148,7 @@ std::vector<RankTotal> TempRankRepository::LoadRankTotals()
 {
     std::vector<RankTotal> totals;
     store::Statement rows = temp_.Query(QStringLiteral(
-        "Select StudentCode,DivisionCode,RankTotal,Average,Rank,Grade from TempRankCalculation"));
+        "SELECT StudentCode, DivisionCode, RankTotal, Average, Rank, Grade FROM TempRankCalculation"));
     while (rows.Next())
         totals.push_back({rows.Int(0), rows.Int(1), rows.Double(2), rows.Double(3),
                           rows.IsNull(4) ? std::nullopt : std::optional(rows.Long(4)), rows.Text(5)});

@@ -11,17 +11,24 @@ namespace {
 void InsertNotChosenRows(Transaction& transaction)
 {
     const char* const rows[] = {
-        "StateMaster VALUES (0, '', 0)",
-        "CityMaster VALUES (0, 0, '', 0)",
-        "BloodGroupMaster VALUES (0, '', 0)",
-        "SubjectMaster VALUES (0, '', '', 0)",
+        "StateMaster (StateCode, StateName, UserCode) VALUES (0, '', 0)",
+        "CityMaster (CityCode, StateCode, CityName, UserCode) VALUES (0, 0, '', 0)",
+        "BloodGroupMaster (BloodGroupCode, BloodGroupName, UserCode) VALUES (0, '', 0)",
+        "SubjectMaster (SubjectCode, SubjectName, SubjectShortName, UserCode) VALUES (0, '', '', 0)",
         // There is no salutation with the code 0 to point at.
-        "TeacherMaster VALUES (0, NULL, '', '', NULL, '', NULL, NULL, '', '', '', 0, '', '', 0, '', 0)",
-        "UserMaster VALUES (0, '', 0)",
-        "ClassDivisionMaster VALUES (0, '', 0, 0, 0)",
-        "AcademicYearSetup VALUES (0, NULL, NULL, NULL, NULL, 'N', 'N', 0)",
-        ("StudentMaster VALUES (0, 0, '', NULL, 0, '', '', '', '', '', 0, '', '', '', NULL, 0, '', NULL, '', "
-         "'', NULL, 0)"),
+        "TeacherMaster (TeacherCode, SalutationCode, TeacherName, TeacherShortName, DOB, MaritalStatus, "
+        "WeddingDate, JoiningDate, FHName, Address1, Address2, CityCode, PinCode, Telephone, BloodGroupCode, "
+        "Qualification, UserCode) VALUES (0, NULL, '', '', NULL, '', NULL, NULL, '', '', '', 0, '', '', 0, "
+        "'', 0)",
+        "UserMaster (UserCode, UserName, EnteredBy) VALUES (0, '', 0)",
+        "ClassDivisionMaster (ClassCode, ClassName, NoOfDivisions, ClassOrder, UserCode) VALUES (0, '', 0, "
+        "0, 0)",
+        "AcademicYearSetup (AcademicYearCode, YearFrom, YearTo, FromDate, ToDate, Status, Processed, "
+        "UserCode) VALUES (0, NULL, NULL, NULL, NULL, 'N', 'N', 0)",
+        ("StudentMaster (StudentCode, AdmissionNo, OptionalAdmissionNo, AdmissionDate, AcademicYearCode, "
+         "StudentName, FgName, Sex, Address1, Address2, CityCode, Pincode, Telephone, Email, DOB, "
+         "BloodGroupCode, ManGenAutoGen, RelievingDate, RelievingReason, TCNo, TCDate, UserCode) VALUES (0, "
+         "0, '', NULL, 0, '', '', '', '', '', 0, '', '', '', NULL, 0, '', NULL, '', '', NULL, 0)"),
     };
     for (const char* row : rows)
         transaction.Execute(QStringLiteral("INSERT INTO ") + QLatin1String(row));
@@ -31,7 +38,8 @@ void InsertMonths(Transaction& transaction)
 {
     const char* const months[] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
                                   "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
-    Statement insert = transaction.Prepare(QStringLiteral("INSERT INTO MonthMaster VALUES (?, ?, ?)"));
+    Statement insert = transaction.Prepare(
+        QStringLiteral("INSERT INTO MonthMaster (MonthSlNo, MonthShortName, MonthCode) VALUES (?, ?, ?)"));
     int number = 0;
     for (const char* month : months) {
         ++number;
@@ -45,12 +53,13 @@ void InsertDeliveredMainRows(Transaction& transaction)
 {
     InsertNotChosenRows(transaction);
     InsertMonths(transaction);
-    transaction.Execute(QStringLiteral("INSERT INTO MRCODE VALUES ('TALLYBOARD')"));
+    transaction.Execute(QStringLiteral("INSERT INTO MRCODE (MRCODE) VALUES ('TALLYBOARD')"));
 }
 
 void InsertDeliveredHelpRows(Transaction& transaction)
 {
-    Statement insert = transaction.Prepare(QStringLiteral("INSERT INTO Tallyboarddetails VALUES (?, ?, ?)"));
+    Statement insert = transaction.Prepare(
+        QStringLiteral("INSERT INTO Tallyboarddetails (Scrno, ScreenName, Details) VALUES (?, ?, ?)"));
     for (const HelpText& text : HelpTexts())
         insert.Run(text.screenNumber, text.screenName, text.details);
 }

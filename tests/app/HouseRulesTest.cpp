@@ -36,16 +36,21 @@ bool Holds(const QString& text, const char* pattern)
     return QRegularExpression(QString::fromLatin1(pattern)).match(text).hasMatch();
 }
 
-/// Whether some text literal has the shape of a statement. Literals that follow one another are one.
+/// The code with text literals that follow one another joined to one.
+QString JoinedLiterals(QString code)
+{
+    static const QRegularExpression seam(QStringLiteral("\"\\s*\""));
+    return code.remove(seam);
+}
+
+/// Whether some text literal has the shape of a statement.
 bool HoldsStatement(const QString& code)
 {
-    QString joined = code;
-    joined.remove(QRegularExpression(QStringLiteral("\"\\s*\"")));
     static const QRegularExpression statement(
         QStringLiteral("\"[^\"\\n]*\\b(select\\b[^\"\\n]*\\bfrom|insert\\s+into|update\\b[^\"\\n]*\\bset|"
                        "delete\\s+from|(create|drop)\\s+table)\\s"),
         QRegularExpression::CaseInsensitiveOption);
-    return statement.match(joined).hasMatch();
+    return statement.match(JoinedLiterals(code)).hasMatch();
 }
 
 } // namespace
@@ -70,6 +75,33 @@ TEST(HouseRulesTest, OnlyTheStoreTheRepositoriesAndTheDefinitionsHoldStatements)
         if (!file.path.startsWith(QLatin1String("store/")) && !Holds(name, "(Repository|Definitions)\\.")) {
             EXPECT_FALSE(HoldsStatement(file.text)) << file.path.toStdString();
         }
+    }
+}
+
+TEST(HouseRulesTest, AnInsertNamesItsColumns)
+{
+    // A column that is added to a table must not shift what is stored in the others. The working table alone
+    // is laid down anew each time, in the function that fills it.
+    static const QRegularExpression nameless(
+        QStringLiteral("insert\\s+into\\s+(?!TempRankCalculation)\\w+\\s+values"),
+        QRegularExpression::CaseInsensitiveOption);
+    for (const SourceFile& file : SourceFiles())
+        EXPECT_FALSE(JoinedLiterals(file.text).contains(nameless)) << file.path.toStdString();
+}
+
+TEST(HouseRulesTest, AStatementsKeyWordsAreInCapitals)
+{
+    static const QRegularExpression statement(
+        QStringLiteral("\"(select|insert into|update|delete from|create table|drop table)\\b[^\"\\n]*"
+                       "\\b(from|values|set|where)\\b"),
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression small(QStringLiteral(
+        "\\b([Ss]elect|[Ff]rom|[Ww]here|[Vv]alues|[Oo]rder [Bb]y|[Gg]roup [Bb]y|[Ii]nner [Jj]oin)\\b"));
+    for (const SourceFile& file : SourceFiles()) {
+        const QString code = JoinedLiterals(file.text);
+        auto found = statement.globalMatch(code);
+        while (found.hasNext())
+            EXPECT_FALSE(found.next().captured().contains(small)) << file.path.toStdString();
     }
 }
 
