@@ -2,6 +2,7 @@
 
 #include "ranks/RankSchool.h"
 #include "store/StoreError.h"
+#include "support/Neighbours.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -35,6 +36,46 @@ protected:
     }
 
     qint64 MarkCount() { return school.main.Number(QStringLiteral("SELECT count(*) FROM MarkMaster")); }
+
+    /// Three students, one of them relieved after a mark, two subjects, and beside them another division.
+    void GivenTwoDivisions()
+    {
+        school.AddMarkedStudent(QStringLiteral("Asha"), {40, 80});
+        school.AddMarkedStudent(QStringLiteral("Binu"), {30, 60});
+        school.AddStudent(1, QStringLiteral("Cara"));
+        Relieve(2);
+        school.AddSubject(2, 3, "Art", 1);
+        school.EnterMark(school.AddStudent(2, QStringLiteral("Dev")), 3, 20);
+    }
+
+    static QString Line(const MarkSubject& subject)
+    {
+        return QStringLiteral("%1 %2 %3/%4 ")
+            .arg(subject.subjectCode)
+            .arg(subject.name)
+            .arg(subject.maximumAllowed)
+            .arg(subject.maximumMark);
+    }
+    /// All that the repository tells of one exam of one class-division.
+    std::string AllOf(const MarkScope& asked)
+    {
+        QString text =
+            QString::fromStdString(ToText(marks.Subjects(asked)) + '|' + ToText(marks.Students(asked)) + '|' +
+                                   ToText(marks.StudentsToMark(asked, true)) + '|' +
+                                   ToText(marks.StudentsToMark(asked, false)) + '|');
+        for (const MarkSubject& subject : marks.SubjectsToMark(asked))
+            text += Line(subject);
+        text += QLatin1Char('|');
+        if (const auto found = marks.FindSubject(asked, 1))
+            text += Line(*found);
+        for (const MarkMode mode : {MarkMode::Subject, MarkMode::Student}) {
+            text += QLatin1Char('|');
+            for (const StoredMark& mark : marks.StoredMarks(asked, mode, 1))
+                text += QStringLiteral("%1 %2 ").arg(mark.code).arg(mark.mark);
+        }
+        text += QStringLiteral("|%1 %2").arg(marks.HasStudents(asked)).arg(marks.HasSubjects(asked));
+        return text.toStdString();
+    }
 
     template <typename Work>
     void Write(Work work)
@@ -131,6 +172,62 @@ TEST_F(MarkRepositoryTest, ADeleteTakesTheSubjectOrTheStudentAndNothingElse)
     EXPECT_EQ(marks.StoredMarks(scope, MarkMode::Student, 2).size(), 1U);
     Write([&](auto& transaction) { MarkRepository::Delete(transaction, scope, MarkMode::Student, 1); });
     EXPECT_EQ(MarkCount(), 1) << "what is gone already may be deleted again";
+}
+
+TEST_F(MarkRepositoryTest, NothingOfItIsFoundInAnotherYearClassOrDivision)
+{
+    GivenTwoDivisions();
+    const std::string nothing = "|||||||||0 0";
+    EXPECT_EQ(AllOf({2, 1, 1, 1}), nothing) << "another year";
+    EXPECT_EQ(AllOf({1, 1, 2, 1}), nothing) << "another class";
+    EXPECT_EQ(AllOf({1, 1, 1, 3}), nothing) << "another division";
+}
+
+TEST_F(MarkRepositoryTest, InAnotherExamThereAreTheSameStudentsAndSubjectsAndNoMarks)
+{
+    GivenTwoDivisions();
+    EXPECT_EQ(AllOf(scope),
+              "1 Subject 1; 2 Subject 2|1 Asha(A1); 3 Cara(A3)|1 Asha(A1); 2 Binu(A2); 3 Cara(A3)|"
+              "1 Asha(A1); 3 Cara(A3)|2 Subject 2 100/100 1 Subject 1 50/100 |1  50/100 |"
+              "1 40 2 30 |1 40 2 80 |1 1");
+    EXPECT_EQ(AllOf({1, 2, 1, 1}),
+              "1 Subject 1; 2 Subject 2|1 Asha(A1); 3 Cara(A3)|1 Asha(A1); 3 Cara(A3)|"
+              "1 Asha(A1); 3 Cara(A3)|2 Subject 2 100/100 1 Subject 1 50/100 |1  50/100 |"
+              "||1 1");
+}
+
+TEST_F(MarkRepositoryTest, NeighboursOnAllSidesAreNotNoticed)
+{
+    GivenTwoDivisions();
+    const std::string alone = AllOf(scope);
+    const std::string otherExam = AllOf({1, 2, 1, 1});
+    AddNeighbours(school.main);
+    EXPECT_EQ(AllOf(scope), alone);
+    EXPECT_EQ(AllOf({1, 2, 1, 1}), otherExam);
+}
+
+TEST_F(MarkRepositoryTest, AWriteTouchesNoMarkOutsideItsExamClassDivisionAndSubjectOrStudent)
+{
+    GivenTwoDivisions();
+    AddNeighbours(school.main);
+    AllRows::Row own{{QStringLiteral("AcademicYearCode"), QStringLiteral("1")},
+                     {QStringLiteral("ExamCode"), QStringLiteral("1")},
+                     {QStringLiteral("ClassCode"), QStringLiteral("1")},
+                     {QStringLiteral("DivisionCode"), QStringLiteral("1")}};
+    for (const auto& [mode, column] : {std::pair{MarkMode::Subject, QStringLiteral("SubjectCode")},
+                                       std::pair{MarkMode::Student, QStringLiteral("StudentCode")}}) {
+        const AllRows before(school.main);
+        Write([&, mode = mode](auto& transaction) { MarkRepository::Delete(transaction, scope, mode, 2); });
+        AllRows::Row touched = own;
+        touched[column] = QStringLiteral("2");
+        before.ExpectTouchedOnly(school.main, "MarkMaster", touched);
+        EXPECT_TRUE(marks.StoredMarks(scope, mode, 2).empty());
+    }
+    const AllRows before(school.main);
+    Write([&](auto& transaction) { MarkRepository::Insert(transaction, scope, {{3, 2, 55, true, 0}}, 5); });
+    own[QStringLiteral("StudentCode")] = QStringLiteral("3");
+    before.ExpectTouchedOnly(school.main, "MarkMaster", own);
+    EXPECT_EQ(marks.StoredMarks(scope, MarkMode::Subject, 2).size(), 1U);
 }
 
 TEST_F(MarkRepositoryTest, AMarkThatIsThereAlreadyIsADuplicateAndNothingIsStored)
