@@ -87,7 +87,7 @@ std::vector<SubjectSetup> RankRepository::LoadSubjectSetup(const RankScope& scop
     std::vector<SubjectSetup> subjects;
     store::Statement rows = main_.Query(
         QStringLiteral(
-            "SELECT a.DivisionCode, a.SubjectCode, b.SubjectShortName, a.TakenForRank, a.MaximumMark,"
+            "SELECT a.DivisionCode, a.SubjectCode, b.SubjectShortName, a.TakenForRank, a.MaximumMark, "
             "a.MaximumAllowed FROM ClassSubjectTeacher a INNER JOIN SubjectMaster b ON "
             "b.SubjectCode = a.SubjectCode WHERE a.AcademicYearCode = ? AND a.ClassCode = ? "
             "ORDER BY a.SlNo, a.DivisionCode, a.SubjectCode"),
@@ -189,9 +189,10 @@ std::vector<std::optional<double>> RankRepository::LoadFullMarks(const RankScope
     std::map<int, double> sums;
     store::Statement rows = QueryCodes(
         main_,
-        QStringLiteral("SELECT DivisionCode, sum(MaximumAllowed) FROM ClassSubjectTeacher WHERE "
-                       "AcademicYearCode = ? AND "
-                       "ClassCode = ? AND TakenForRank='Yes' AND DivisionCode IN (%1) GROUP BY DivisionCode"),
+        QStringLiteral(
+            "SELECT DivisionCode, sum(MaximumAllowed) FROM ClassSubjectTeacher WHERE "
+            "AcademicYearCode = ? AND "
+            "ClassCode = ? AND TakenForRank = 'Yes' AND DivisionCode IN (%1) GROUP BY DivisionCode"),
         divisionCodes, scope.academicYearCode, scope.classCode);
     while (rows.Next())
         sums[rows.Int(0)] = rows.Double(1);

@@ -177,7 +177,7 @@ TEST_F(MarkRepositoryTest, ADeleteTakesTheSubjectOrTheStudentAndNothingElse)
 TEST_F(MarkRepositoryTest, NothingOfItIsFoundInAnotherYearClassOrDivision)
 {
     GivenTwoDivisions();
-    const std::string nothing = "|||||||||0 0";
+    const std::string nothing = "||||||||0 0";
     EXPECT_EQ(AllOf({2, 1, 1, 1}), nothing) << "another year";
     EXPECT_EQ(AllOf({1, 1, 2, 1}), nothing) << "another class";
     EXPECT_EQ(AllOf({1, 1, 1, 3}), nothing) << "another division";

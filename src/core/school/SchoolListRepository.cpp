@@ -5,36 +5,36 @@ namespace tally {
 CodedTexts SchoolListRepository::Exams()
 {
     return ReadCodedTexts(
-        main_.Query(QStringLiteral("Select ExamCode,ExamName from ExamMaster order by ExamOrder")));
+        main_.Query(QStringLiteral("SELECT ExamCode, ExamName FROM ExamMaster ORDER BY ExamOrder")));
 }
 
 CodedTexts SchoolListRepository::ExamsBehindBlank()
 {
     return ReadCodedTexts(main_.Query(
-        QStringLiteral("Select 0 as ExamCode,' ' as ExamName,0 as ExamOrder from ExamMaster union "
-                       "Select ExamCode,ExamName,ExamOrder from ExamMaster order by ExamOrder")));
+        QStringLiteral("SELECT 0 AS ExamCode, ' ' AS ExamName,0 AS ExamOrder FROM ExamMaster UNION "
+                       "SELECT ExamCode, ExamName, ExamOrder FROM ExamMaster ORDER BY ExamOrder")));
 }
 
 CodedTexts SchoolListRepository::Classes()
 {
     // The row with code 0 stands for "not chosen" and is no class of the school.
     return ReadCodedTexts(main_.Query(QStringLiteral(
-        "Select ClassCode,ClassName from ClassDivisionMaster where ClassCode > 0 order by ClassOrder")));
+        "SELECT ClassCode, ClassName FROM ClassDivisionMaster WHERE ClassCode > 0 ORDER BY ClassOrder")));
 }
 
 CodedTexts SchoolListRepository::DivisionsByName(int classCode)
 {
     return ReadCodedTexts(
-        main_.Query(QStringLiteral("Select DivisionCode,DivisionName from ClassDivisionDetails where "
-                                   "ClassCode=? order by DivisionName"),
+        main_.Query(QStringLiteral("SELECT DivisionCode, DivisionName FROM ClassDivisionDetails WHERE "
+                                   "ClassCode = ? ORDER BY DivisionName"),
                     classCode));
 }
 
 CodedTexts SchoolListRepository::DivisionsByCode(int classCode)
 {
     return ReadCodedTexts(
-        main_.Query(QStringLiteral("Select DivisionCode,DivisionName from ClassDivisionDetails where "
-                                   "ClassCode=? order by DivisionCode"),
+        main_.Query(QStringLiteral("SELECT DivisionCode, DivisionName FROM ClassDivisionDetails WHERE "
+                                   "ClassCode = ? ORDER BY DivisionCode"),
                     classCode));
 }
 
