@@ -176,7 +176,7 @@ TEST_P(AverageOnAHalfTest, IsCountedUpInALongListToo)
     std::int64_t left = list.hundredths;
     for (int student = 1; student < list.marks; ++student) {
         // Never a mark whose binary form is exact.
-        const std::int64_t mark = list.hundredths / list.marks + student % 7 * 10 - 29;
+        const std::int64_t mark = list.hundredths / list.marks + student % 7 * std::int64_t{10} - 29;
         school.AddMarkedStudent(QStringLiteral("Student %1").arg(student), {static_cast<double>(mark) / 100});
         left -= mark;
     }
