@@ -16,12 +16,14 @@ constexpr unsigned long PauseInMs = 50;
 
 Desktop::Desktop()
 {
-    // The server chooses a free display and tells its number, so that tests run side by side.
+    // The server chooses a free display and tells its number, so that tests run side by side. It must not
+    // start anew when its last window goes, as it does by itself: a program started in that moment finds no
+    // display.
     server_.setStandardErrorFile(QProcess::nullDevice());
     server_.start(QStringLiteral("Xvfb"),
-                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                   QStringLiteral("0"), QStringLiteral("1100x800x24"), QStringLiteral("-nolisten"),
-                   QStringLiteral("tcp")});
+                  {QStringLiteral("-noreset"), QStringLiteral("-displayfd"), QStringLiteral("1"),
+                   QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("1100x800x24"),
+                   QStringLiteral("-nolisten"), QStringLiteral("tcp")});
     QByteArray number;
     while (!number.endsWith('\n')) {
         if (!server_.waitForReadyRead(PatienceInMs))
