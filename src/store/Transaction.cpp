@@ -35,14 +35,17 @@ void Transaction::Commit()
     open_ = false;
 }
 
-ReadTransaction::ReadTransaction(Connection& connection) : connection_(connection)
+ReadTransaction::ReadTransaction(Connection& connection)
+    : connection_(connection), begins_(connection.TransactionDepth() == 0)
 {
-    connection_.BeginReading();
+    if (begins_)
+        connection_.BeginReading();
 }
 
 ReadTransaction::~ReadTransaction()
 {
-    RollBackQuietly(connection_);
+    if (begins_)
+        RollBackQuietly(connection_);
 }
 
 } // namespace tally::store

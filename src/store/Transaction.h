@@ -35,7 +35,8 @@ private:
 };
 
 /// While it lives, all that is read on one connection is of one moment, whatever other clients store
-/// meanwhile; they wait with their commit. For work that writes nothing.
+/// meanwhile; they wait with their commit. For work that writes nothing. Within another transaction, which
+/// holds the moment already, it does nothing.
 class ReadTransaction
 {
 public:
@@ -46,6 +47,7 @@ public:
 
 private:
     Connection& connection_;
+    const bool begins_; ///< it is the outermost one
 };
 
 } // namespace tally::store

@@ -202,6 +202,24 @@ TEST_F(TwoClients, AReadTransactionSeesOneMomentAndLetsOthersWriteUpToTheirCommi
     EXPECT_EQ(Names(own_), 2);
 }
 
+TEST_F(TwoClients, AReadTransactionWithinAnotherCostsNothingAndEndsWithTheOuterOne)
+{
+    {
+        const store::ReadTransaction outer(own_);
+        EXPECT_EQ(Names(own_), 1);
+        const auto before = own_.StatementsRun();
+        {
+            const store::ReadTransaction inner(own_);
+        }
+        EXPECT_EQ(own_.StatementsRun(), before);
+        EXPECT_TRUE(ErrorOf([&] { Add(other_, "Binu"); })) << "the moment is held on to";
+        EXPECT_EQ(Names(own_), 1);
+    }
+    EXPECT_EQ(own_.TransactionDepth(), 0);
+    Add(other_, "Binu");
+    EXPECT_EQ(Names(own_), 2);
+}
+
 TEST_F(TwoClients, AReadTransactionWithinAWritingOneLeavesItsRowsAlone)
 {
     Transaction transaction(own_);
