@@ -50,11 +50,9 @@ void frmMasAcademicYearChange::Form_Activate(bool first)
 void frmMasAcademicYearChange::txtAcademicYearFrom_Change(const QString& text)
 {
     ui_->cmdSave->setEnabled(true);
-    Read([&] {
-        const auto startMonth = Years().StartMonth();
-        if (const auto dates = startMonth ? DatesOfYear(text, *startMonth) : std::nullopt)
-            ui_->lblAcadamicYearTo->setText(QString::number(dates->yearTo));
-    });
+    const auto startMonth = Fetch([] { return Years().StartMonth(); }).value_or(std::nullopt);
+    if (const auto dates = startMonth ? DatesOfYear(text, *startMonth) : std::nullopt)
+        ui_->lblAcadamicYearTo->setText(QString::number(dates->yearTo));
 }
 
 void frmMasAcademicYearChange::cmdSave_Click()
@@ -65,8 +63,8 @@ void frmMasAcademicYearChange::cmdSave_Click()
         Refuse(QStringLiteral("Enter Academic Year 'From'"), ui_->txtAcademicYearFrom);
         return;
     }
-    std::optional<StoredYear> found;
-    if (!Read([&] { found = FindYear(); }) || !found)
+    const std::optional<StoredYear> found = FindYear();
+    if (!found)
         return;
     if (found->processed) {
         Refuse(QStringLiteral("Already Processed For The Entered Academic Year.\n"
@@ -91,11 +89,14 @@ std::optional<StoredYear> frmMasAcademicYearChange::FindYear()
 {
     const int yearFrom = ui_->txtAcademicYearFrom->text().toInt();
     const int yearTo = ui_->lblAcadamicYearTo->text().toInt();
+    const auto stored =
+        Fetch([&] { return std::pair(Years().StartMonth(), Years().Find(yearFrom, yearTo)); });
+    if (!stored)
+        return std::nullopt;
+    const auto& [startMonth, found] = *stored;
     // The end shown belongs to the last complete year typed; the text may have been changed since.
-    const auto startMonth = Years().StartMonth();
     if (!startMonth || yearTo != YearToOf(yearFrom, *startMonth))
         return Refused(QStringLiteral("Enter Correct Academic Year"));
-    const auto found = Years().Find(yearFrom, yearTo);
     return found ? found : Refused(QStringLiteral("No Academic Year Exists For The Value Entered"));
 }
 

@@ -11,6 +11,8 @@
 #include "core/ui/TakeOnly.h"
 #include "ui_frmMasAcademicYearSetup.h"
 
+#include <tuple>
+
 namespace tally {
 
 namespace {
@@ -31,7 +33,7 @@ ApplicationDateRepository Days()
 } // namespace
 
 frmMasAcademicYearSetup::frmMasAcademicYearSetup()
-    : Screen(QStringLiteral("frmMasAcademicYearSetup"), HelpScreenNo),
+    : MasterScreen(QStringLiteral("frmMasAcademicYearSetup"), HelpScreenNo),
       ui_(std::make_unique<Ui::frmMasAcademicYearSetup>())
 {
     ui_->setupUi(this);
@@ -40,8 +42,8 @@ frmMasAcademicYearSetup::frmMasAcademicYearSetup()
     TakeOnly(ui_->txtAcademicYearFrom, &KeyNumeric, 4);
 
     ui_->cbostatus->setCurrentIndex(-1);
-    ShowState(MasterState::Idle);
-    Read([this] { LoadGrid(); });
+    SetMasterControls({nullptr, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave});
+    RefillLists();
 
     connect(ui_->cmdNew, &QPushButton::clicked, this, &frmMasAcademicYearSetup::cmdNew_Click);
     connect(ui_->cmdEdit, &QPushButton::clicked, this, &frmMasAcademicYearSetup::cmdEdit_Click);
@@ -92,7 +94,6 @@ void frmMasAcademicYearSetup::cmdEdit_Click()
 {
     if (!MayUse(Right::Edit))
         return;
-    editing_ = true;
     ShowState(MasterState::Editing);
     ui_->cbostatus->setFocus();
 }
@@ -102,19 +103,22 @@ void frmMasAcademicYearSetup::cmdDelete_Click()
     // Who may change a year may also take it back: there is no right of its own for that.
     if (!MayUse(Right::Edit) || !Prompts::Ask(QStringLiteral("Do You Want To Delete This Entry ?")))
         return;
-    bool isLast = false;
-    if (!Read([&] { isLast = !Years().HasLaterThan(code_); }))
+    const auto hasLater = Fetch([this] { return Years().HasLaterThan(code_); });
+    if (!hasLater)
         return;
-    if (!isLast) {
+    if (*hasLater) {
         Prompts::Information(
             QStringLiteral("You Cannot Delete This Academic Year. You Can Delete Last Academic Year"));
         return;
     }
-    const bool deleted = Write(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
-        ApplicationDateRepository::DeleteBetween(transaction, ui_->dtpFromDate->date(),
-                                                 ui_->dtpToDate->date());
-        AcademicYearRepository::Delete(transaction, code_);
-    });
+    const bool deleted = WriteRow(
+        Conflict::DataIsInUse,
+        [this](store::Transaction& transaction) {
+            ApplicationDateRepository::DeleteBetween(transaction, ui_->dtpFromDate->date(),
+                                                     ui_->dtpToDate->date());
+            AcademicYearRepository::Delete(transaction, code_);
+        },
+        OnRefusal::Stay);
     if (!deleted)
         return;
     if (code_ == Session().gintAcademicYearCode)
@@ -127,24 +131,25 @@ void frmMasAcademicYearSetup::cmdDelete_Click()
 
 void frmMasAcademicYearSetup::cmdSave_Click()
 {
-    bool allowed = false;
-    if (!Read([&] { allowed = MayBeSaved(); }) || !allowed)
+    if (!IsComplete() || !FitsAmongYears())
         return;
     SessionContext& session = Session();
     const QDate dateBefore = session.gdtmApplicationDate;
     AcademicYear year = Entered();
-    const bool stored = Write(Conflict::MasterIsGone, [&](store::Transaction& transaction) {
-        if (editing_) {
-            AcademicYearRepository::UpdateStatus(transaction, year.code, EnteredActive());
-        } else {
-            year.code =
-                GetNextCode(QStringLiteral("ACADEMICYEARCODE"), QStringLiteral("ACADEMICYEARSETUP"), 0);
-            StoreNew(transaction, year);
-        }
-    });
+    const bool stored = WriteRow(
+        Conflict::MasterIsGone,
+        [&](store::Transaction& transaction) {
+            if (IsEditing()) {
+                AcademicYearRepository::UpdateStatus(transaction, year.code, EnteredActive());
+            } else {
+                year.code =
+                    GetNextCode(QStringLiteral("ACADEMICYEARCODE"), QStringLiteral("ACADEMICYEARSETUP"), 0);
+                StoreNew(transaction, year);
+            }
+        },
+        OnRefusal::Refill);
     if (!stored) {
         session.gdtmApplicationDate = dateBefore;
-        Read([this] { LoadGrid(); });
         return;
     }
     AfterCommit([&] {
@@ -152,8 +157,8 @@ void frmMasAcademicYearSetup::cmdSave_Click()
             if (Years().Count() == 1)
                 TakeFirstYear(year);
         });
-        Prompts::Information(editing_ ? QStringLiteral("Academic Year Updated")
-                                      : QStringLiteral("Academic Year Saved"));
+        Prompts::Information(IsEditing() ? QStringLiteral("Academic Year Updated")
+                                         : QStringLiteral("Academic Year Saved"));
         cmdCancel_Click();
     });
 }
@@ -163,7 +168,6 @@ void frmMasAcademicYearSetup::cmdCancel_Click()
     ClearControls(this);
     ShowState(MasterState::Idle);
     code_ = 0;
-    editing_ = false;
     ui_->lblAcademicYearTo->clear();
     Read([this] {
         LoadGrid();
@@ -179,15 +183,18 @@ void frmMasAcademicYearSetup::cmdOpenSchoolSetup_Click()
 
 void frmMasAcademicYearSetup::txtAcademicYearFrom_Change(const QString& text)
 {
-    Read([&] {
-        const auto startMonth = Years().StartMonth();
-        const auto dates = startMonth ? DatesOfYear(text, *startMonth) : std::nullopt;
-        if (!dates)
-            return;
-        ui_->lblAcademicYearTo->setText(QString::number(dates->yearTo));
-        ui_->dtpFromDate->setDate(dates->fromDate);
-        ui_->dtpToDate->setDate(dates->toDate);
-    });
+    const auto startMonth = Fetch([] { return Years().StartMonth(); }).value_or(std::nullopt);
+    const auto dates = startMonth ? DatesOfYear(text, *startMonth) : std::nullopt;
+    if (!dates)
+        return;
+    ui_->lblAcademicYearTo->setText(QString::number(dates->yearTo));
+    ui_->dtpFromDate->setDate(dates->fromDate);
+    ui_->dtpToDate->setDate(dates->toDate);
+}
+
+void frmMasAcademicYearSetup::RefillLists()
+{
+    Read([this] { LoadGrid(); });
 }
 
 void frmMasAcademicYearSetup::dgdDetails_DblClick(int row)
@@ -213,7 +220,7 @@ void frmMasAcademicYearSetup::LoadGrid()
 
 void frmMasAcademicYearSetup::ShowState(MasterState state)
 {
-    ShowMasterState({nullptr, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave}, state);
+    MasterScreen::ShowState(state);
     // A stored year keeps its dates; only its status can be edited.
     ui_->Frame1->setEnabled(state == MasterState::New);
     ui_->Frame3->setEnabled(state == MasterState::New || state == MasterState::Editing);
@@ -224,7 +231,7 @@ void frmMasAcademicYearSetup::ShowSchoolSetupOffer()
     ui_->fraSchoolSetupOpen->setVisible(Years().Count() == 0);
 }
 
-bool frmMasAcademicYearSetup::MayBeSaved()
+bool frmMasAcademicYearSetup::IsComplete()
 {
     const AcademicYear year = Entered();
     if (!RequireText(QStringLiteral("Enter 'Academic Year From' "), ui_->txtAcademicYearFrom))
@@ -238,10 +245,22 @@ bool frmMasAcademicYearSetup::MayBeSaved()
         ui_->txtAcademicYearFrom->setFocus();
         return false;
     }
-    if (Years().YearFromExists(year.yearFrom, code_))
+    return true;
+}
+
+bool frmMasAcademicYearSetup::FitsAmongYears()
+{
+    const AcademicYear year = Entered();
+    const auto others = Fetch([&] {
+        return std::tuple(Years().YearFromExists(year.yearFrom, code_), Years().Series(),
+                          EnteredActive() && Years().OtherIsActive(code_));
+    });
+    if (!others)
+        return false;
+    const auto& [exists, series, otherIsActive] = *others;
+    if (exists)
         return Refuse(QStringLiteral("'Academic Year From' Already Exists"), ui_->txtAcademicYearFrom);
-    if (!editing_) {
-        const auto series = Years().Series();
+    if (!IsEditing()) {
         switch (PlaceOf(year.yearFrom, series)) {
         case PlaceInSeries::Allowed: break;
         case PlaceInSeries::BeforeFirst:
@@ -254,7 +273,7 @@ bool frmMasAcademicYearSetup::MayBeSaved()
                           ui_->txtAcademicYearFrom);
         }
     }
-    if (EnteredActive() && Years().OtherIsActive(code_))
+    if (otherIsActive)
         return Refuse(QStringLiteral("Already One Academic Year Has An Active Status"), ui_->cbostatus);
     return true;
 }
@@ -280,7 +299,7 @@ void frmMasAcademicYearSetup::TakeFirstYear(const AcademicYear& year)
     session.gdtmToDate = year.toDate;
     mdiTallyboard::Instance()->ShowYearAndDate();
     // A new year has its first day by now; the only one left may have lost its days.
-    if (!editing_)
+    if (!IsEditing())
         session.gblnApplicationDateExists = true;
 }
 

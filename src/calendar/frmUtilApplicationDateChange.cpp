@@ -68,16 +68,15 @@ void frmUtilApplicationDateChange::ShowWorkingDate()
 
 void frmUtilApplicationDateChange::dtpApplicationDate_Change(const QDate& date)
 {
-    bool accepted = false;
-    const bool tested = Read([&] {
-        accepted =
-            IsWithinLimit(date, lastDay_, Days().DaysOf(Session().gintUserCode)) && Days().IsWorkingDay(date);
+    const auto accepted = Fetch([&] {
+        return IsWithinLimit(date, lastDay_, Days().DaysOf(Session().gintUserCode)) &&
+               Days().IsWorkingDay(date);
     });
-    if (accepted) {
+    if (accepted == true) {
         ui_->cmdSave->setEnabled(true);
         return;
     }
-    if (tested)
+    if (accepted)
         Prompts::Information(QStringLiteral("You Have No Privilege To Work In This Date"));
     ShowWorkingDate();
     ui_->dtpApplicationDate->setFocus();

@@ -124,10 +124,10 @@ void frmUtilApplicationDateSetup::cmdDeleteLastDay_Click()
     const QString shown = ShownDate(lastDate_);
     if (!Prompts::AskPlainly(QStringLiteral("Do You Want To Delete Application Date : %1 ?").arg(shown)))
         return;
-    int days = 0;
-    if (!Read([&] { days = Days().Count(session.gdtmFromDate, session.gdtmToDate); }))
+    const auto days = Fetch([&] { return Days().Count(session.gdtmFromDate, session.gdtmToDate); });
+    if (!days)
         return;
-    if (days <= 1) {
+    if (*days <= 1) {
         Prompts::Information(shown + QStringLiteral(" Is The First Date Of This Academic Year.\n"
                                                     "So You Cannot Delete Application Date"));
         return;

@@ -2,11 +2,12 @@
 
 #include "core/modTallyboard.h"
 #include "core/ProcessEnd.h"
-#include "core/school/PlaceRepository.h"
 #include "core/SessionContext.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
+#include "core/ui/PlaceChoice.h"
 #include "core/ui/Prompts.h"
+#include "core/ui/SideButton.h"
 #include "core/ui/TakeOnly.h"
 #include "ui_frmMasSchoolSetup.h"
 
@@ -24,25 +25,23 @@ constexpr int PinCodeWidth = 10;
 } // namespace
 
 frmMasSchoolSetup::frmMasSchoolSetup()
-    : Screen(QStringLiteral("frmMasSchoolSetup"), HelpScreenNo),
+    : MasterScreen(QStringLiteral("frmMasSchoolSetup"), HelpScreenNo),
       ui_(std::make_unique<Ui::frmMasSchoolSetup>())
 {
     ui_->setupUi(this);
     DressButtons(this);
-    for (QPushButton* button : {ui_->cmdAddStateName, ui_->cmdAddCity})
-        button->setIcon(LookIcon(QStringLiteral("add")));
     TakeOnly(ui_->txtSchoolName, KeyAllButQuote, NameWidth);
     TakeOnly(ui_->txtAddress1, KeyAllButQuote, AddressWidth);
     TakeOnly(ui_->txtAddress2, KeyAllButQuote, AddressWidth);
     TakeOnly(ui_->txtPincode, KeyAllButQuote, PinCodeWidth);
     SetExitButton(ui_->cmdExit);
-    controls_ = {ui_->fraMain, ui_->cmdNew, ui_->cmdEdit, nullptr, ui_->cmdSave};
+    SetMasterControls({ui_->fraMain, ui_->cmdNew, ui_->cmdEdit, nullptr, ui_->cmdSave});
+    places_ = new PlaceChoice(this, ui_->dbcStateName, ui_->dbcCity);
+    const auto refill = [this] { RefillLists(); };
+    new SideButton(this, ui_->cmdAddStateName, ui_->dbcStateName, QStringLiteral("frmMasStateMaster"),
+                   refill);
+    new SideButton(this, ui_->cmdAddCity, ui_->dbcCity, QStringLiteral("frmMasCityMaster"), refill);
 
-    connect(ui_->dbcStateName, &DataCombo::Chosen, this, &frmMasSchoolSetup::dbcStateName_Change);
-    connect(ui_->cmdAddStateName, &QPushButton::clicked, this,
-            [] { ShowForm(QStringLiteral("frmMasStateMaster")); });
-    connect(ui_->cmdAddCity, &QPushButton::clicked, this,
-            [] { ShowForm(QStringLiteral("frmMasCityMaster")); });
     connect(ui_->cmdNew, &QPushButton::clicked, this, &frmMasSchoolSetup::cmdNew_Click);
     connect(ui_->cmdEdit, &QPushButton::clicked, this, &frmMasSchoolSetup::cmdEdit_Click);
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmMasSchoolSetup::cmdSave_Click);
@@ -50,7 +49,7 @@ frmMasSchoolSetup::frmMasSchoolSetup()
 
     Read([this] {
         LoadAcademicYearStartMonth();
-        LoadStates();
+        places_->Load();
         LoadData();
     });
 }
@@ -61,14 +60,12 @@ void frmMasSchoolSetup::Form_Activate(bool first)
 {
     if (first)
         TakeMenus(true);
-    else
-        RefillPlaces();
 }
 
 void frmMasSchoolSetup::LoadData()
 {
     // There is one school: either it is new, or it can be edited. Until it is read neither is offered.
-    ShowMasterState(controls_, MasterState::Idle);
+    ShowState(MasterState::Idle);
     ui_->cmdNew->setEnabled(false);
     const auto school = Repository().Load();
     ui_->cmdNew->setEnabled(!school);
@@ -77,53 +74,26 @@ void frmMasSchoolSetup::LoadData()
     ui_->txtSchoolName->setText(shown.name);
     ui_->txtAddress1->setText(shown.address1);
     ui_->txtAddress2->setText(shown.address2);
-    ui_->dbcStateName->SetBoundCode(shown.stateCode);
-    LoadCities();
-    ui_->dbcCity->SetBoundCode(shown.cityCode);
+    places_->Choose(shown.stateCode, shown.cityCode);
     ui_->txtPincode->setText(shown.pinCode);
     ui_->cboAcademicYearCodeStartMonth->SetText(shown.startMonth);
 }
 
 void frmMasSchoolSetup::LoadAcademicYearStartMonth()
 {
-    DataCombo::Entries months{{0, QStringLiteral(" ")}};
-    for (const auto& month : Repository().Months())
-        months.push_back(month);
-    ui_->cboAcademicYearCodeStartMonth->SetList(months);
+    ui_->cboAcademicYearCodeStartMonth->SetListBehindBlank(Repository().Months());
 }
 
-void frmMasSchoolSetup::LoadStates()
+void frmMasSchoolSetup::RefillLists()
 {
-    ui_->dbcStateName->SetList(PlaceRepository(MainStore()).States());
-}
-
-void frmMasSchoolSetup::LoadCities()
-{
-    ui_->dbcCity->SetList(PlaceRepository(MainStore()).Cities(ui_->dbcStateName->BoundCode()));
-}
-
-void frmMasSchoolSetup::RefillPlaces()
-{
-    Read([this] {
-        const int stateCode = ui_->dbcStateName->BoundCode();
-        const int cityCode = ui_->dbcCity->BoundCode();
-        LoadStates();
-        ui_->dbcStateName->SetBoundCode(stateCode);
-        LoadCities();
-        ui_->dbcCity->SetBoundCode(cityCode);
-    });
-}
-
-void frmMasSchoolSetup::dbcStateName_Change()
-{
-    Read([this] { LoadCities(); });
+    Read([this] { places_->Refill(); });
 }
 
 void frmMasSchoolSetup::cmdNew_Click()
 {
     if (!MayUse(Right::New))
         return;
-    ShowMasterState(controls_, MasterState::New);
+    ShowState(MasterState::New);
     ui_->txtSchoolName->setFocus();
 }
 
@@ -131,8 +101,7 @@ void frmMasSchoolSetup::cmdEdit_Click()
 {
     if (!MayUse(Right::Edit))
         return;
-    editing_ = true;
-    ShowMasterState(controls_, MasterState::Editing);
+    ShowState(MasterState::Editing);
     ui_->txtSchoolName->setFocus();
 }
 
@@ -140,27 +109,19 @@ void frmMasSchoolSetup::cmdSave_Click()
 {
     if (!IsComplete() || !StartMonthFits())
         return;
-    const bool stored = Write(Conflict::MasterIsGone, [this](store::Transaction& transaction) {
-        Repository().Replace(transaction, Entered(), Session().gintUserCode);
-        Repository().GenerateMonthCode(transaction, ui_->cboAcademicYearCodeStartMonth->BoundCode());
-    });
-    if (!stored) {
-        // What another client has deleted meanwhile is not to be chosen again.
-        RefillPlaces();
-        return;
-    }
-    AfterCommit([this] {
-        Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
-        cmdCancel_Click();
-        // Only now, so that the first academic year is asked for when the school is done with.
-        Read([] { LoadSchoolDetails(); });
-    });
+    SaveRow(
+        [this](store::Transaction& transaction) {
+            Repository().Replace(transaction, Entered(), Session().gintUserCode);
+            Repository().GenerateMonthCode(transaction, ui_->cboAcademicYearCodeStartMonth->BoundCode());
+        },
+        OnRefusal::Refill,
+        // Only then, so that the first academic year is asked for when the school is done with.
+        [this] { Read([] { LoadSchoolDetails(); }); });
 }
 
 void frmMasSchoolSetup::cmdCancel_Click()
 {
     ClearControls(this);
-    editing_ = false;
     if (!Read([this] { LoadData(); }))
         ui_->cmdCancel->setFocus();
     else
@@ -169,10 +130,10 @@ void frmMasSchoolSetup::cmdCancel_Click()
 
 void frmMasSchoolSetup::cmdExit_Click()
 {
-    bool exists = false;
-    if (!Read([&] { exists = Repository().Exists(); }))
+    const auto exists = Fetch([this] { return Repository().Exists(); });
+    if (!exists)
         return;
-    if (exists) {
+    if (*exists) {
         Screen::cmdExit_Click();
         return;
     }
@@ -199,18 +160,17 @@ bool frmMasSchoolSetup::IsComplete()
 
 bool frmMasSchoolSetup::StartMonthFits()
 {
-    QDate from;
-    bool yearExists = false;
-    const bool answered = Read([&] {
-        yearExists = Repository().CheckAcademicYear();
-        if (yearExists)
-            from = Repository().FirstAcademicYearFrom();
+    const auto from = Fetch([this]() -> std::optional<QDate> {
+        if (!Repository().CheckAcademicYear())
+            return {};
+        return Repository().FirstAcademicYearFrom();
     });
-    if (!answered)
+    if (!from)
         return false;
-    const QString month = QLocale::c().toString(from, QStringLiteral("MMM"));
-    if (!yearExists ||
-        month.compare(ui_->cboAcademicYearCodeStartMonth->currentText(), Qt::CaseInsensitive) == 0)
+    if (!*from)
+        return true;
+    const QString month = QLocale::c().toString(**from, QStringLiteral("MMM"));
+    if (month.compare(ui_->cboAcademicYearCodeStartMonth->currentText(), Qt::CaseInsensitive) == 0)
         return true;
     return Refuse(QStringLiteral("Academic Year Setup Already Created. So You Cannot Change Academic Year "
                                  "Start Month"),

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "core/ui/MasterStates.h"
-#include "core/ui/Screen.h"
+#include "core/ui/MasterScreen.h"
 #include "masters/SchoolRepository.h"
 
 #include <memory>
@@ -12,9 +11,11 @@ class frmMasSchoolSetup;
 
 namespace tally {
 
+class PlaceChoice;
+
 /// "School Setup": the school's name and address, and the month in which its academic year starts. A new
 /// system goes nowhere before it is filled.
-class frmMasSchoolSetup : public Screen
+class frmMasSchoolSetup : public MasterScreen
 {
     Q_OBJECT
 
@@ -24,21 +25,18 @@ public:
 
 protected:
     void Form_Activate(bool first) override;
+    void cmdCancel_Click() override;
     void cmdExit_Click() override;
+    /// Takes in what was added to states and cities and what is gone from them.
+    void RefillLists() override;
 
 private:
     void LoadData();
     void LoadAcademicYearStartMonth();
-    void LoadStates();
-    void LoadCities();
-    /// Takes in what was added to both lists and what is gone from them, and keeps what is chosen.
-    void RefillPlaces();
 
-    void dbcStateName_Change();
     void cmdNew_Click();
     void cmdEdit_Click();
     void cmdSave_Click();
-    void cmdCancel_Click();
 
     /// Says what is missing and gives it the focus; true when nothing is.
     bool IsComplete();
@@ -48,8 +46,7 @@ private:
     SchoolRepository Repository() const;
 
     std::unique_ptr<Ui::frmMasSchoolSetup> ui_;
-    MasterControls controls_;
-    bool editing_ = false; ///< the stored school is being changed
+    PlaceChoice* places_ = nullptr;
 };
 
 } // namespace tally

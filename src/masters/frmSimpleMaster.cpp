@@ -6,7 +6,7 @@
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
-#include "core/ui/ScreenRegistry.h"
+#include "core/ui/SideButton.h"
 #include "core/ui/TakeOnly.h"
 
 #include <QBoxLayout>
@@ -59,11 +59,10 @@ QLineEdit* Box(const char* name, KeyFilter filter, int maxLength)
 } // namespace
 
 frmSimpleMaster::frmSimpleMaster(const SimpleMasterDefinition& definition)
-    : Screen(Words(definition.formName), definition.helpScreenNo), definition_(definition)
+    : MasterScreen(Words(definition.formName), definition.helpScreenNo), definition_(definition)
 {
     setWindowTitle(Words(definition.caption));
     BuildControls();
-    ShowMasterState(controls_, MasterState::Idle);
     LoadParents();
     LoadGrid();
     // Whole rows under their head, which has a height only now that it has columns.
@@ -107,25 +106,25 @@ QWidget* frmSimpleMaster::BuildSearch()
 
 QWidget* frmSimpleMaster::BuildEntry()
 {
-    auto* frame = new QGroupBox(QStringLiteral("Details"));
-    frame->setObjectName(QStringLiteral("Frame1"));
-    controls_.Frame1 = frame;
-    auto* grid = new QGridLayout(frame);
+    Frame1_ = new QGroupBox(QStringLiteral("Details"));
+    Frame1_->setObjectName(QStringLiteral("Frame1"));
+    auto* grid = new QGridLayout(Frame1_);
     grid->setColumnStretch(1, 1);
     int row = 0;
     if (const auto& parent = definition_.parent) {
         dbcParent_ = new DataCombo;
         dbcParent_->setObjectName(Words(parent->control));
-        auto* cmdAdd = new QPushButton(LookIcon(QStringLiteral("add")), Words(parent->addCaption));
+        auto* cmdAdd = new QPushButton(Words(parent->addCaption));
         cmdAdd->setObjectName(Words(parent->addControl));
-        // Enter in the list goes on to the next box; the button answers to the mouse and to its letter.
-        cmdAdd->setFocusPolicy(Qt::ClickFocus);
+        new SideButton(this, cmdAdd, dbcParent_, Words(parent->addForm), [this] {
+            LoadParents();
+            LoadGrid();
+        });
         grid->addWidget(LabelFor(dbcParent_, parent->label), row, 0);
         QBoxLayout* choice = AtLeft(dbcParent_);
         choice->insertWidget(1, cmdAdd);
         grid->addLayout(choice, row++, 1);
         connect(dbcParent_, &DataCombo::Chosen, this, &frmSimpleMaster::LoadGrid);
-        connect(cmdAdd, &QPushButton::clicked, this, &frmSimpleMaster::cmdAdd_Click);
     }
     for (const SimpleMasterField& field : definition_.fields) {
         boxes_.push_back(Box(field.control, field.filter, field.maxLength));
@@ -138,7 +137,7 @@ QWidget* frmSimpleMaster::BuildEntry()
         note->setWordWrap(true);
         grid->addWidget(note, row, 0, 1, 2);
     }
-    return frame;
+    return Frame1_;
 }
 
 QWidget* frmSimpleMaster::BuildButtons()
@@ -160,10 +159,7 @@ QWidget* frmSimpleMaster::BuildButtons()
     cmdSave_ = add("cmdSave", "&Save");
     auto* cmdCancel = add("cmdCancel", "&Cancel");
     auto* cmdExit = add("cmdExit", "E&xit");
-    controls_.cmdNew = cmdNew_;
-    controls_.cmdEdit = cmdEdit_;
-    controls_.cmdDelete = cmdDelete;
-    controls_.cmdSave = cmdSave_;
+    SetMasterControls({Frame1_, cmdNew_, cmdEdit_, cmdDelete, cmdSave_});
     SetExitButton(cmdExit);
     connect(cmdNew_, &QPushButton::clicked, this, &frmSimpleMaster::cmdNew_Click);
     connect(cmdEdit_, &QPushButton::clicked, this, &frmSimpleMaster::cmdEdit_Click);
@@ -179,13 +175,12 @@ QSize frmSimpleMaster::sizeHint() const
     return Screen::sizeHint() + QSize(0, more);
 }
 
-void frmSimpleMaster::Form_Activate(bool first)
+void frmSimpleMaster::RefillLists()
 {
-    if (first || !parentsMayHaveChanged_)
-        return;
-    // The parent's master may still be open behind this screen, and go on changing the list.
-    parentsMayHaveChanged_ = ScreenRegistry::OpenInstance(Words(definition_.parent->addForm)) != nullptr;
+    const int parentCode = dbcParent_ ? dbcParent_->BoundCode() : 0;
     LoadParents();
+    if (dbcParent_)
+        dbcParent_->SetBoundCode(parentCode);
     LoadGrid();
 }
 
@@ -220,7 +215,7 @@ void frmSimpleMaster::SelectRow(int row)
     heldName_ = name;
     for (std::size_t i = 0; i < boxes_.size(); ++i)
         boxes_[i]->setText(dgdDetails_->Text(row, Words(definition_.fields[i].gridColumn)));
-    ShowMasterState(controls_, MasterState::RowSelected);
+    ShowState(MasterState::RowSelected);
     cmdEdit_->setFocus();
     if (dbcParent_) {
         dbcParent_->SetBoundCode(dgdDetails_->Code(row, Words(definition_.parent->gridColumn)));
@@ -232,7 +227,7 @@ void frmSimpleMaster::cmdNew_Click()
 {
     if (!MayUse(Right::New))
         return;
-    ShowMasterState(controls_, MasterState::New);
+    ShowState(MasterState::New);
     txtSearch_->clear();
     QWidget* const firstField = dbcParent_ ? static_cast<QWidget*>(dbcParent_) : boxes_.front();
     firstField->setFocus();
@@ -242,8 +237,7 @@ void frmSimpleMaster::cmdEdit_Click()
 {
     if (!MayUse(Right::Edit))
         return;
-    editing_ = true;
-    ShowMasterState(controls_, MasterState::Editing);
+    ShowState(MasterState::Editing);
     cmdSave_->setFocus();
 }
 
@@ -251,15 +245,7 @@ void frmSimpleMaster::cmdDelete_Click()
 {
     if (!MayUse(Right::Delete) || !Prompts::Ask(Words(definition_.deleteQuestion)))
         return;
-    const bool deleted = Write(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
-        Repository().Delete(transaction, code_);
-    });
-    if (!deleted)
-        return;
-    AfterCommit([this] {
-        cmdCancel_Click();
-        Prompts::Information(QStringLiteral("Record Deleted"));
-    });
+    DeleteRow([this](store::Transaction& transaction) { Repository().Delete(transaction, code_); });
 }
 
 void frmSimpleMaster::cmdSave_Click()
@@ -272,25 +258,15 @@ void frmSimpleMaster::cmdSave_Click()
             boxes_[i]->setText(entry.values[static_cast<qsizetype>(i)]);
     if (IsDuplicate(entry))
         return;
-    const bool stored = Write(Conflict::MasterIsGone, [&](store::Transaction& transaction) {
-        const int userCode = Session().gintUserCode;
-        if (editing_)
-            Repository().Update(transaction, entry, userCode);
-        else
-            Repository().Insert(transaction, entry, userCode);
-    });
-    if (!stored) {
-        // What another client has deleted meanwhile is not to be chosen again.
-        LoadParents();
-        if (dbcParent_)
-            dbcParent_->SetBoundCode(entry.parentCode);
-        LoadGrid();
-        return;
-    }
-    AfterCommit([this] {
-        Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
-        cmdCancel_Click();
-    });
+    SaveRow(
+        [&](store::Transaction& transaction) {
+            const int userCode = Session().gintUserCode;
+            if (IsEditing())
+                Repository().Update(transaction, entry, userCode);
+            else
+                Repository().Insert(transaction, entry, userCode);
+        },
+        OnRefusal::Refill);
 }
 
 void frmSimpleMaster::cmdCancel_Click()
@@ -300,18 +276,11 @@ void frmSimpleMaster::cmdCancel_Click()
         const QSignalBlocker quiet(txtSearch_);
         ClearControls(this);
     }
-    editing_ = false;
     code_ = 0;
     heldName_.clear();
     LoadGrid();
-    ShowMasterState(controls_, MasterState::Idle);
+    ShowState(MasterState::Idle);
     cmdNew_->setFocus();
-}
-
-void frmSimpleMaster::cmdAdd_Click()
-{
-    ShowForm(Words(definition_.parent->addForm));
-    parentsMayHaveChanged_ = true;
 }
 
 bool frmSimpleMaster::IsComplete()
@@ -326,12 +295,12 @@ bool frmSimpleMaster::IsComplete()
 
 bool frmSimpleMaster::IsDuplicate(const SimpleMasterEntry& entry)
 {
-    const DuplicateTest* duplicate = nullptr;
-    if (!Read([&] { duplicate = Repository().Duplicate(entry); }))
-        return true;
+    const auto duplicate = Fetch([&] { return Repository().Duplicate(entry); });
     if (!duplicate)
+        return true;
+    if (!*duplicate)
         return false;
-    return !Refuse(Words(duplicate->message), boxes_[duplicate->field]);
+    return !Refuse(Words((*duplicate)->message), boxes_[(*duplicate)->field]);
 }
 
 SimpleMasterEntry frmSimpleMaster::Entry() const

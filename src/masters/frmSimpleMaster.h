@@ -1,13 +1,13 @@
 #pragma once
 
-#include "core/ui/MasterStates.h"
-#include "core/ui/Screen.h"
+#include "core/ui/MasterScreen.h"
 #include "masters/SimpleMasterRepository.h"
 
 #include <QString>
 
 #include <vector>
 
+class QGroupBox;
 class QLineEdit;
 class QPushButton;
 
@@ -17,7 +17,7 @@ class DataCombo;
 class DataGrid;
 
 /// One of the simple masters, as its definition says.
-class frmSimpleMaster : public Screen
+class frmSimpleMaster : public MasterScreen
 {
     Q_OBJECT
 
@@ -28,7 +28,9 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void Form_Activate(bool first) override;
+    void cmdCancel_Click() override;
+    /// Reads parents and rows anew and keeps the chosen parent.
+    void RefillLists() override;
     /// Only `cmdExit` leaves, so that no half-entered row is lost with a slip of the mouse.
     bool CloseBoxExits() const override { return false; }
 
@@ -45,8 +47,6 @@ private:
     void cmdEdit_Click();
     void cmdDelete_Click();
     void cmdSave_Click();
-    void cmdCancel_Click();
-    void cmdAdd_Click();
 
     /// Says what is missing and gives it the focus; true when nothing is.
     bool IsComplete();
@@ -60,15 +60,13 @@ private:
     DataGrid* dgdDetails_ = nullptr;
     DataCombo* dbcParent_ = nullptr; ///< null where the master has no parent
     std::vector<QLineEdit*> boxes_;  ///< one per field of the definition
-    MasterControls controls_;
+    QGroupBox* Frame1_ = nullptr;
     QPushButton* cmdNew_ = nullptr;
     QPushButton* cmdEdit_ = nullptr;
     QPushButton* cmdSave_ = nullptr;
 
-    bool editing_ = false; ///< a stored row is being changed
-    int code_ = 0;         ///< of the row in hand; 0 for none
-    QString heldName_;     ///< its name when it was selected
-    bool parentsMayHaveChanged_ = false;
+    int code_ = 0;     ///< of the row in hand; 0 for none
+    QString heldName_; ///< its name when it was selected
 };
 
 } // namespace tally

@@ -1,12 +1,12 @@
 #include "masters/frmTeacherMaster.h"
 
 #include "core/modTallyboard.h"
-#include "core/school/PlaceRepository.h"
 #include "core/SessionContext.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
+#include "core/ui/PlaceChoice.h"
 #include "core/ui/Prompts.h"
-#include "core/ui/ScreenRegistry.h"
+#include "core/ui/SideButton.h"
 #include "core/ui/TakeOnly.h"
 #include "masters/TeacherRepository.h"
 #include "store/StoreError.h"
@@ -36,7 +36,8 @@ bool FocusComesBack(const QEvent* event)
 } // namespace
 
 frmTeacherMaster::frmTeacherMaster()
-    : Screen(QStringLiteral("frmTeacherMaster"), HelpScreenNo), ui_(std::make_unique<Ui::frmTeacherMaster>())
+    : MasterScreen(QStringLiteral("frmTeacherMaster"), HelpScreenNo),
+      ui_(std::make_unique<Ui::frmTeacherMaster>())
 {
     ui_->setupUi(this);
     DressButtons(this);
@@ -56,20 +57,10 @@ void frmTeacherMaster::Form_Load()
     };
     for (const auto& [field, width] : widths)
         TakeOnly(field, &KeyAlphaNumeric, width);
-    const std::pair<QPushButton*, Qt::Key> sideButtons[] = {
-        {ui_->cmdAddStateName, Qt::Key_S},
-        {ui_->cmdAddCity, Qt::Key_C},
-        {ui_->cmdAddBloodGroup, Qt::Key_B},
-    };
-    for (const auto& [button, key] : sideButtons) {
-        button->setIcon(LookIcon(QStringLiteral("add")));
-        button->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | key));
-        button->installEventFilter(this);
-    }
-
+    places_ = new PlaceChoice(this, ui_->dbcStateName, ui_->dbcCityName);
     LoadLists();
     ui_->dtpWedding->setEnabled(false);
-    ShowState(MasterState::Idle);
+    SetMasterControls({ui_->fraMain, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave});
 }
 
 void frmTeacherMaster::ConnectHandlers()
@@ -80,13 +71,26 @@ void frmTeacherMaster::ConnectHandlers()
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmTeacherMaster::cmdSave_Click);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmTeacherMaster::cmdCancel_Click);
     connect(ui_->cmdSearch, &QPushButton::clicked, this, &frmTeacherMaster::cmdSearch_Click);
-    connect(ui_->cmdAddStateName, &QPushButton::clicked, this,
-            [this] { OpenMaster(ui_->cmdAddStateName, QStringLiteral("frmMasStateMaster")); });
-    connect(ui_->cmdAddCity, &QPushButton::clicked, this,
-            [this] { OpenMaster(ui_->cmdAddCity, QStringLiteral("frmMasCityMaster")); });
-    connect(ui_->cmdAddBloodGroup, &QPushButton::clicked, this,
-            [this] { OpenMaster(ui_->cmdAddBloodGroup, QStringLiteral("frmMasBloodGroupMaster")); });
-    connect(ui_->dbcStateName, &DataCombo::Chosen, this, &frmTeacherMaster::LoadCities);
+    const auto refillPlaces = [this] { Read([this] { places_->Refill(); }); };
+    new SideButton(this, ui_->cmdAddStateName, ui_->dbcStateName, QStringLiteral("frmMasStateMaster"),
+                   refillPlaces);
+    new SideButton(this, ui_->cmdAddCity, ui_->dbcStateName, QStringLiteral("frmMasCityMaster"),
+                   refillPlaces);
+    new SideButton(this, ui_->cmdAddBloodGroup, ui_->dbcBloodGroup, QStringLiteral("frmMasBloodGroupMaster"),
+                   [this] {
+                       const int chosen = ui_->dbcBloodGroup->BoundCode();
+                       LoadBloodGroups();
+                       ui_->dbcBloodGroup->SetBoundCode(chosen);
+                   });
+    const std::pair<QPushButton*, Qt::Key> sideKeys[] = {
+        {ui_->cmdAddStateName, Qt::Key_S},
+        {ui_->cmdAddCity, Qt::Key_C},
+        {ui_->cmdAddBloodGroup, Qt::Key_B},
+    };
+    for (const auto& [button, key] : sideKeys) {
+        button->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | key));
+        button->installEventFilter(this);
+    }
     connect(ui_->optMarried, &QRadioButton::clicked, this, &frmTeacherMaster::optMarried_Click);
     connect(ui_->optSingle, &QRadioButton::clicked, this, &frmTeacherMaster::optSingle_Click);
     connect(ui_->dtpJoining, &OptionalDatePicker::Changed, this, [this] {
@@ -107,21 +111,13 @@ TeacherRepository frmTeacherMaster::Teachers() const
 void frmTeacherMaster::LoadLists()
 {
     Read([this] { ui_->cboPrefix->SetListBehindBlank(Teachers().Salutations()); });
-    LoadStates();
-    LoadCities();
+    LoadPlaces();
     LoadBloodGroups();
 }
 
-void frmTeacherMaster::LoadStates()
+void frmTeacherMaster::LoadPlaces()
 {
-    Read([this] { ui_->dbcStateName->SetList(PlaceRepository(MainStore()).States()); });
-}
-
-void frmTeacherMaster::LoadCities()
-{
-    Read([this] {
-        ui_->dbcCityName->SetList(PlaceRepository(MainStore()).Cities(ui_->dbcStateName->BoundCode()));
-    });
+    Read([this] { places_->Load(); });
 }
 
 void frmTeacherMaster::LoadBloodGroups()
@@ -129,52 +125,30 @@ void frmTeacherMaster::LoadBloodGroups()
     Read([this] { ui_->dbcBloodGroup->SetList(Teachers().BloodGroups()); });
 }
 
-void frmTeacherMaster::ReloadBehind(const QPushButton* sideButton)
-{
-    if (sideButton == ui_->cmdAddBloodGroup) {
-        LoadBloodGroups();
-    } else {
-        LoadStates();
-        LoadCities();
-    }
-}
-
-void frmTeacherMaster::OpenMaster(QPushButton* sideButton, const QString& formName)
-{
-    ShowForm(formName);
-    openedBehind_ = ScreenRegistry::OpenInstance(formName) ? sideButton : nullptr;
-}
-
-void frmTeacherMaster::Form_Activate(bool first)
-{
-    if (first || !openedBehind_)
-        return;
-    const QPushButton* sideButton = std::exchange(openedBehind_, nullptr);
-    ReloadBehind(sideButton);
-    (sideButton == ui_->cmdAddBloodGroup ? ui_->dbcBloodGroup : ui_->dbcStateName)->setFocus();
-}
-
 bool frmTeacherMaster::eventFilter(QObject* receiver, QEvent* event)
 {
-    if (event->type() == QEvent::FocusOut && !FocusComesBack(event))
-        if (const auto* sideButton = qobject_cast<QPushButton*>(receiver))
-            ReloadBehind(sideButton);
-    return Screen::eventFilter(receiver, event);
+    // Who goes for a new place or blood group is going to choose that one.
+    if (event->type() == QEvent::FocusOut && !FocusComesBack(event) && qobject_cast<QPushButton*>(receiver)) {
+        if (receiver == ui_->cmdAddBloodGroup)
+            LoadBloodGroups();
+        else
+            LoadPlaces();
+    }
+    return MasterScreen::eventFilter(receiver, event);
 }
 
 bool frmTeacherMaster::LoadData(int TeacherCode)
 {
-    std::optional<Teacher> teacher;
-    if (!Read([&] { teacher = Teachers().Find(TeacherCode); }))
+    const auto teacher = Fetch([&] { return Teachers().Find(TeacherCode); });
+    if (!teacher)
         return false;
-    if (!teacher) {
+    if (!*teacher) {
         Prompts::Information(QStringLiteral("No Record Exists"));
         return false;
     }
     teacherCode_ = TeacherCode;
-    editing_ = false;
     LoadLists();
-    Show(*teacher);
+    Show(**teacher);
     ShowState(MasterState::RowSelected);
     ui_->cmdEdit->setFocus();
     return true;
@@ -193,9 +167,7 @@ void frmTeacherMaster::Show(const Teacher& teacher)
     teacher.married ? optMarried_Click() : optSingle_Click();
     ui_->txtAddress1->setText(teacher.address1);
     ui_->txtAddress2->setText(teacher.address2);
-    ui_->dbcStateName->SetBoundCode(teacher.stateCode);
-    LoadCities();
-    ui_->dbcCityName->SetBoundCode(teacher.cityCode);
+    Read([&] { places_->Choose(teacher.stateCode, teacher.cityCode); });
     ui_->txtPincode->setText(teacher.pinCode);
     ui_->txtTelephone->setText(teacher.telephone);
     ui_->dbcBloodGroup->SetBoundCode(teacher.bloodGroupCode);
@@ -236,7 +208,6 @@ void frmTeacherMaster::cmdEdit_Click()
 {
     if (!MayUse(Right::Edit))
         return;
-    editing_ = true;
     ShowState(MasterState::Editing);
     ui_->cboPrefix->setFocus();
 }
@@ -245,15 +216,9 @@ void frmTeacherMaster::cmdDelete_Click()
 {
     if (!MayUse(Right::Delete) || !Prompts::Ask(QStringLiteral("Do You Want To Delete This Teacher ?")))
         return;
-    const bool deleted = WriteOrCancel(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
-        TeacherRepository::Delete(transaction, teacherCode_);
-    });
-    if (!deleted)
-        return;
-    AfterCommit([this] {
-        cmdCancel_Click();
-        Prompts::Information(QStringLiteral("Record Deleted"));
-    });
+    DeleteRow(
+        [this](store::Transaction& transaction) { TeacherRepository::Delete(transaction, teacherCode_); },
+        OnRefusal::StartAnew);
 }
 
 void frmTeacherMaster::cmdSave_Click()
@@ -261,33 +226,18 @@ void frmTeacherMaster::cmdSave_Click()
     const Teacher teacher = Entered();
     if (!IsReady(teacher))
         return;
-    const bool saved = WriteOrCancel(Conflict::MasterIsGone, [&](store::Transaction& transaction) {
-        const int userCode = Session().gintUserCode;
-        if (!editing_) {
-            const int code = GetNextCode(QStringLiteral("TeacherCode"), QStringLiteral("TeacherMaster"), 0);
-            TeacherRepository::Insert(transaction, code, teacher, userCode);
-        } else {
-            TeacherRepository::Update(transaction, teacherCode_, teacher, userCode);
-        }
-    });
-    if (!saved)
-        return;
-    AfterCommit([this] {
-        Prompts::Information(editing_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
-        cmdCancel_Click();
-    });
-}
-
-bool frmTeacherMaster::WriteOrCancel(Conflict conflict, const std::function<void(store::Transaction&)>& work)
-{
-    const auto error = TryWrite(work);
-    if (!error)
-        return true;
-    Prompts::Critical(TextOf(*error, conflict));
-    // A file that another client holds is free again in a moment, and what has been typed can then be saved.
-    if (error->IsConflict())
-        cmdCancel_Click();
-    return false;
+    SaveRow(
+        [&](store::Transaction& transaction) {
+            const int userCode = Session().gintUserCode;
+            if (!IsEditing()) {
+                const int code =
+                    GetNextCode(QStringLiteral("TeacherCode"), QStringLiteral("TeacherMaster"), 0);
+                TeacherRepository::Insert(transaction, code, teacher, userCode);
+            } else {
+                TeacherRepository::Update(transaction, teacherCode_, teacher, userCode);
+            }
+        },
+        OnRefusal::StartAnew);
 }
 
 bool frmTeacherMaster::IsReady(const Teacher& teacher)
@@ -304,14 +254,13 @@ bool frmTeacherMaster::IsReady(const Teacher& teacher)
                    FaultAtSave(teacher.weddingDate, teacher.dateOfBirth)))
         return false;
 
-    bool nameTaken = false;
-    bool shortNameTaken = false;
-    const bool known = Read([&] {
-        nameTaken = Teachers().NameTaken(teacher.name, teacherCode_);
-        shortNameTaken = Teachers().ShortNameTaken(teacher.shortName, teacherCode_);
+    const auto taken = Fetch([&] {
+        return std::pair(Teachers().NameTaken(teacher.name, teacherCode_),
+                         Teachers().ShortNameTaken(teacher.shortName, teacherCode_));
     });
-    if (!known)
+    if (!taken)
         return false;
+    const auto [nameTaken, shortNameTaken] = *taken;
     if (nameTaken)
         return Refuse(QStringLiteral("Teacher Name Already Exists"), ui_->txtTeacherName);
     if (shortNameTaken)
@@ -335,7 +284,6 @@ void frmTeacherMaster::cmdCancel_Click()
     ClearControls(this);
     ui_->optSingle->setChecked(true);
     optSingle_Click();
-    editing_ = false;
     teacherCode_ = 0;
     LoadLists();
     ShowState(MasterState::Idle);
@@ -356,11 +304,6 @@ void frmTeacherMaster::optSingle_Click()
 {
     ui_->dtpWedding->SetTicked(false);
     ui_->dtpWedding->setEnabled(false);
-}
-
-void frmTeacherMaster::ShowState(MasterState state)
-{
-    ShowMasterState({ui_->fraMain, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave}, state);
 }
 
 } // namespace tally

@@ -67,6 +67,20 @@ TEST_F(TeacherSideButtons, AStateAddedOnTopCanBeChosenOnReturn)
     Choose("dbcStateName", QStringLiteral("Assam"));
 }
 
+TEST_F(TeacherSideButtons, EachReturnFromAnOpenMasterBringsWhatWasAddedThereAndKeepsWhatIsChosen)
+{
+    Press(Button("cmdAddBloodGroup"));
+    OpenScreen(QStringLiteral("frmTeacherMaster"));
+    Choose("dbcBloodGroup", QStringLiteral("O+"));
+    Text("txtPincode")->setFocus();
+    OpenScreen(QStringLiteral("frmMasBloodGroupMaster"));
+    Given("INSERT INTO BloodGroupMaster VALUES (9, 'AB', 1)");
+    OpenScreen(QStringLiteral("frmTeacherMaster"));
+    EXPECT_EQ(List("dbcBloodGroup")->currentText().toStdString(), "O+");
+    EXPECT_TRUE(HasFocus("txtPincode"));
+    Choose("dbcBloodGroup", QStringLiteral("AB"));
+}
+
 TEST_F(TeacherSideButtons, ACityAddedOnTopCanBeChosenOnReturn)
 {
     Press(Button("cmdAddCity"));

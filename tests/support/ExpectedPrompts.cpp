@@ -1,8 +1,19 @@
 #include "support/ExpectedPrompts.h"
 
+#include "core/SessionContext.h"
+
 #include <gtest/gtest.h>
 
 namespace tally::test {
+
+namespace {
+
+bool HoldsTransaction(const std::unique_ptr<store::Connection>& connection)
+{
+    return connection && connection->TransactionDepth() > 0;
+}
+
+} // namespace
 
 ExpectedPrompts::ExpectedPrompts()
 {
@@ -47,6 +58,8 @@ bool ExpectedPrompts::Answer(Prompts::Kind kind, const QString& text)
     const QString compared = expectation.beginOnly ? text.left(expectation.text.size()) : text;
     EXPECT_EQ(compared.toStdString(), expectation.text.toStdString());
     EXPECT_FALSE(text.isEmpty());
+    EXPECT_FALSE(HoldsTransaction(Session().gcnnMain) || HoldsTransaction(Session().gcnnTemp))
+        << "other clients wait as long as this box stands: " << qPrintable(text);
     return expectation.answer;
 }
 

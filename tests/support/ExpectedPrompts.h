@@ -9,7 +9,8 @@
 namespace tally::test {
 
 /// Takes the place of the message boxes while it lives. A box that was not expected, one with another text or
-/// of another kind, and an expectation that is not met at the end fail the test.
+/// of another kind, one that stands within a transaction, and an expectation that is not met at the end fail
+/// the test.
 class ExpectedPrompts
 {
 public:

@@ -1,7 +1,6 @@
 #include "core/ui/Screen.h"
 
 #include "core/modTallyboard.h"
-#include "core/SessionContext.h"
 #include "core/SessionRepository.h"
 #include "core/ui/FormKeys.h"
 #include "core/ui/modTallyboardForms.h"
@@ -91,6 +90,8 @@ void Screen::Activate()
     const bool first = !activated_;
     activated_ = true;
     Form_Activate(first);
+    if (!first)
+        Q_EMIT CameBack();
 }
 
 bool Screen::TakeMenus(bool amongOthers)
@@ -144,16 +145,15 @@ bool Screen::ReleaseScreen()
 
 bool Screen::MayUse(Right right, std::optional<Right> instead)
 {
-    bool allowed = false;
-    if (!Read([&] {
-            allowed =
-                (instead && CheckPrivilege(objectName(), *instead)) || CheckPrivilege(objectName(), right);
-        }))
-        return false;
-    Session().gblnPrivilege = allowed;
+    const auto allowed = Fetch([&] {
+        return (instead && CheckPrivilege(objectName(), *instead)) || CheckPrivilege(objectName(), right);
+    });
     if (!allowed)
+        return false;
+    Session().gblnPrivilege = *allowed;
+    if (!*allowed)
         Prompts::Information(Session().gstrPrivilegeMessage);
-    return allowed;
+    return *allowed;
 }
 
 std::optional<store::StoreError> Screen::TryWrite(const std::function<void(store::Transaction&)>& work)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Right.h"
+#include "core/SessionContext.h"
 #include "store/StoreError.h"
 #include "store/Transaction.h"
 
@@ -8,6 +9,7 @@
 
 #include <functional>
 #include <optional>
+#include <type_traits>
 
 class QAbstractButton;
 
@@ -34,6 +36,25 @@ public:
     /// from being released; frees the shared instance and gives the main window its picture back. The screen
     /// is out of sight at once and deleted when no handler and no box of it is at work any more.
     void Unload();
+
+    /// Runs work that only reads. False when it failed and the user has been told.
+    bool Read(const std::function<void()>& work);
+    /// What `work` reads from the main database, all of one moment; nothing when it failed and the user has
+    /// been told. No box may stand inside it: other clients would wait for its answer.
+    template <typename Work>
+    [[nodiscard]] auto Fetch(const Work& work) -> std::optional<std::invoke_result_t<const Work&>>
+    {
+        std::optional<std::invoke_result_t<const Work&>> found;
+        Read([&] {
+            const store::ReadTransaction moment(MainStore());
+            found = work();
+        });
+        return found;
+    }
+
+Q_SIGNALS:
+    /// The screen has come to the front once more, after another screen or program was there.
+    void CameBack();
 
 protected:
     /// Asks whether to leave, where the office wants to be asked, and unloads. `cmdExit` and the close box
@@ -75,15 +96,14 @@ protected:
     };
     /// Runs `work` in one transaction on the main database and commits it. False when it failed: the user has
     /// been told and nothing was stored.
-    bool Write(Conflict conflict, const std::function<void(store::Transaction&)>& work);
+    [[nodiscard]] bool Write(Conflict conflict, const std::function<void(store::Transaction&)>& work);
     /// The same for a screen that answers a failure in its own way: the failure, of which nobody has been
     /// told, or nothing when the work is stored.
-    static std::optional<store::StoreError> TryWrite(const std::function<void(store::Transaction&)>& work);
+    [[nodiscard]] static std::optional<store::StoreError> TryWrite(
+        const std::function<void(store::Transaction&)>& work);
     /// What the user is told of a failed write: the fixed text of a conflict with other data, else the
     /// failure's own description.
     static QString TextOf(const store::StoreError& error, Conflict conflict);
-    /// Runs work that only reads. False when it failed and the user has been told.
-    bool Read(const std::function<void()>& work);
     /// Runs what follows a commit: the word for its result, Cancel's steps. Where a Read of it fails, the
     /// user is told once, at the end, that the change is stored and that only the screen could not be read
     /// anew; a bare failure would make him enter everything again.

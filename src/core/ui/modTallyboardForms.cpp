@@ -92,7 +92,8 @@ void ShowForm(const QString& formName)
                           .boundedTo(window->Area()->viewport()->size()));
         CenterForm(frame);
     }
-    frame->hide();
+    if (opens)
+        frame->hide();
     screen->show();
     frame->show();
     if (opens) {

@@ -1,0 +1,167 @@
+#include "core/ui/MasterScreen.h"
+#include "support/ScreenFixture.h"
+
+#include <QPushButton>
+
+namespace tally::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A list of states and nothing else.
+class States : public MasterScreen
+{
+public:
+    States() : MasterScreen(QStringLiteral("States"), 0) {}
+
+    using MasterScreen::DeleteRow;
+    using MasterScreen::IsEditing;
+    using MasterScreen::OnRefusal;
+    using MasterScreen::SaveRow;
+    using MasterScreen::SetMasterControls;
+    using MasterScreen::ShowState;
+
+    int cancels = 0;
+    int refills = 0;
+
+protected:
+    void cmdCancel_Click() override { ++cancels; }
+    void RefillLists() override { ++refills; }
+};
+
+class ScreenTest : public ScreenFixture
+{
+protected:
+    void SetUp() override
+    {
+        ScreenFixture::SetUp();
+        Given("INSERT INTO StateMaster VALUES (1, 'Kerala', 1)");
+        Given("INSERT INTO CityMaster VALUES (1, 1, 'Kochi', 1)");
+        MainStore().SetPatience(0ms);
+    }
+
+    static void Add(store::Transaction& transaction)
+    {
+        transaction.Execute(QStringLiteral("INSERT INTO StateMaster VALUES (2, 'Goa', 1)"));
+    }
+    static void AddAgain(store::Transaction& transaction)
+    {
+        transaction.Execute(QStringLiteral("INSERT INTO StateMaster VALUES (1, 'Goa', 1)"));
+    }
+    static void Delete(store::Transaction& transaction)
+    {
+        transaction.Execute(QStringLiteral("DELETE FROM StateMaster WHERE StateCode = 1"));
+    }
+    void ExpectWay(int cancels, int refills)
+    {
+        EXPECT_EQ(screen.cancels, cancels);
+        EXPECT_EQ(screen.refills, refills);
+        screen.cancels = screen.refills = 0;
+    }
+
+    States screen;
+    const QString gone = QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data.");
+    const QString inUse =
+        QStringLiteral("This Data Is Already Used By Other Screen(s).\nYou Cannot Delete This Data.");
+};
+
+TEST_F(ScreenTest, WhatAFetchReadsIsOfOneMoment)
+{
+    const auto client = AnotherClient();
+    client->SetPatience(0ms);
+    const auto found = screen.Fetch([&] {
+        const qint64 before = Count("SELECT count(*) FROM StateMaster");
+        EXPECT_THROW(client->Execute(QStringLiteral("DELETE FROM CityMaster WHERE CityCode > 0")),
+                     store::StoreError);
+        return std::pair(before, Count("SELECT count(*) FROM CityMaster WHERE CityCode > 0"));
+    });
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->second, 1);
+    EXPECT_EQ(client->Execute(QStringLiteral("DELETE FROM CityMaster WHERE CityCode > 0")), 1)
+        << "nobody waits for a fetch that has ended";
+}
+
+TEST_F(ScreenTest, AFetchThatFailsIsToldAndGivesNothing)
+{
+    Given("DROP TABLE Options");
+    prompts.ExpectCritical(NoSuchTable("Options"));
+    EXPECT_FALSE(screen.Fetch([&] { return Count("SELECT count(*) FROM Options"); }));
+    EXPECT_EQ(MainStore().TransactionDepth(), 0);
+}
+
+TEST_F(ScreenTest, ARowThatIsStoredIsToldAndFollowedByCancelsSteps)
+{
+    prompts.ExpectInformation(QStringLiteral("Record Saved"));
+    bool then = false;
+    screen.SaveRow(Add, States::OnRefusal::Stay, [&] { then = screen.cancels == 1; });
+    EXPECT_TRUE(then);
+    EXPECT_EQ(Count("SELECT count(*) FROM StateMaster WHERE StateCode = 2"), 1);
+}
+
+TEST_F(ScreenTest, AStoredRowThatIsChangedIsToldAsUpdated)
+{
+    screen.ShowState(MasterState::Editing);
+    prompts.ExpectInformation(QStringLiteral("Record Updated"));
+    screen.SaveRow(Add, States::OnRefusal::Stay);
+    ExpectWay(1, 0);
+}
+
+TEST_F(ScreenTest, ADeletedRowLeavesAScreenThatHasStartedAnewBeforeItIsTold)
+{
+    Given("DELETE FROM CityMaster WHERE CityCode = 1");
+    prompts.ExpectInformation(QStringLiteral("Record Deleted"));
+    screen.DeleteRow(Delete);
+    ExpectWay(1, 0);
+    EXPECT_EQ(Count("SELECT count(*) FROM StateMaster WHERE StateCode = 1"), 0);
+}
+
+TEST_F(ScreenTest, ARefusedRowLeavesTheScreenAsItIsOrStartedAnewOrItsListsReadAnew)
+{
+    const std::pair<States::OnRefusal, std::pair<int, int>> ways[] = {
+        {States::OnRefusal::Stay, {0, 0}},
+        {States::OnRefusal::StartAnew, {1, 0}},
+        {States::OnRefusal::Refill, {0, 1}},
+    };
+    for (const auto& [way, expected] : ways) {
+        prompts.ExpectCritical(gone);
+        screen.SaveRow(AddAgain, way, [] { ADD_FAILURE() << "nothing was stored"; });
+        ExpectWay(expected.first, expected.second);
+        prompts.ExpectCritical(inUse);
+        screen.DeleteRow(Delete, way);
+        ExpectWay(expected.first, expected.second);
+    }
+    EXPECT_EQ(Count("SELECT count(*) FROM StateMaster WHERE StateCode > 0 AND StateName = 'Kerala'"), 1);
+}
+
+TEST_F(ScreenTest, ALockNeverTakesAwayWhatWasTyped)
+{
+    const auto client = AnotherClient();
+    store::Transaction held(*client);
+    for (const auto way : {States::OnRefusal::Stay, States::OnRefusal::StartAnew}) {
+        prompts.ExpectCritical(HeldByAnotherClient);
+        screen.SaveRow(Add, way);
+        prompts.ExpectCritical(HeldByAnotherClient);
+        screen.DeleteRow(Delete, way);
+        ExpectWay(0, 0);
+    }
+}
+
+TEST_F(ScreenTest, AMasterOpensIdleAndTellsWhetherAStoredRowIsBeingChanged)
+{
+    QPushButton cmdNew;
+    QPushButton cmdSave;
+    cmdNew.setEnabled(false);
+    screen.SetMasterControls({nullptr, &cmdNew, nullptr, nullptr, &cmdSave});
+    EXPECT_TRUE(cmdNew.isEnabled());
+    EXPECT_FALSE(cmdSave.isEnabled());
+    for (const MasterState state : {MasterState::New, MasterState::RowSelected, MasterState::Idle}) {
+        screen.ShowState(state);
+        EXPECT_FALSE(screen.IsEditing());
+    }
+    screen.ShowState(MasterState::Editing);
+    EXPECT_TRUE(screen.IsEditing());
+    EXPECT_TRUE(cmdSave.isEnabled());
+}
+
+} // namespace
+} // namespace tally::test
