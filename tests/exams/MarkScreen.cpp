@@ -36,8 +36,7 @@ void MarkScreen::GivenRelieved(int studentCode)
 
 void MarkScreen::OpenForm()
 {
-    form = Open<frmexammarkentry>("frmexammarkentry");
-    ASSERT_NE(form, nullptr);
+    FormDriver::OpenForm("frmexammarkentry");
     exam = Find<DataCombo>(form, "dbcExam");
     classes = Find<QComboBox>(form, "cboClass");
     divisions = Find<QComboBox>(form, "cboDivision");
@@ -81,15 +80,6 @@ std::string MarkScreen::Entries(const QComboBox* list)
     return texts.join(QLatin1Char('|')).toStdString();
 }
 
-void MarkScreen::Choose(QComboBox* list, const QString& text)
-{
-    list->setFocus();
-    QTest::keyClick(list, Qt::Key_Home);
-    for (int step = 0; step < list->count() && list->currentText() != text; ++step)
-        QTest::keyClick(list, Qt::Key_Down);
-    ASSERT_EQ(list->currentText().toStdString(), text.toStdString());
-}
-
 void MarkScreen::ChooseClassDivision()
 {
     Choose(exam, QStringLiteral("Term One"));
@@ -124,18 +114,6 @@ void MarkScreen::ShowStoredSubject(const QString& subject)
     prompts.ExpectQuestion(AlreadyEntered, true);
     QTest::keyClick(subjects, Qt::Key_Return);
     prompts.Verify();
-}
-
-void MarkScreen::Enter(const char* keys)
-{
-    QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(keys));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-}
-
-void MarkScreen::Click(int row, int col)
-{
-    QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::NoModifier, grid->CellRect(row, col).center());
-    Settle();
 }
 
 void MarkScreen::Paste(const QString& text)

@@ -1,19 +1,13 @@
 #pragma once
 
-#include "core/ui/controls/DataCombo.h"
-#include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/FloatingCombo.h"
 #include "core/ui/controls/FloatingEditor.h"
 #include "exams/frmexammarkentry.h"
 #include "ranks/RankSchool.h"
-#include "support/ScreenFixture.h"
+#include "support/FormDriver.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
 
 #include <string>
 
@@ -39,7 +33,7 @@ inline const std::string Found = "Frame1 dbcSubject cmdEdit cmdDelete cmdCancel 
 
 /// The mark screen over a division X A of exam "Term One". English (code 1, allowed 50 out of 100) and Maths
 /// (code 2, allowed 100 out of 100) come in the order Maths, English; Eng's teacher is 7, Maths' is 8.
-class MarkScreen : public ScreenFixture
+class MarkScreen : public FormDriver<frmexammarkentry>
 {
 protected:
     void SetUp() override;
@@ -50,8 +44,6 @@ protected:
     void OpenForm();
     /// The same, and New is pressed.
     void OpenNew();
-    QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
-    bool IsEnabled(const char* name) { return Find<QWidget>(form, name)->isEnabled(); }
     /// The object name of the control with the focus.
     std::string Focus() const;
     /// The buttons, frames and lists that are enabled, in reading order.
@@ -59,8 +51,6 @@ protected:
 
     /// The entries of a list, from the top, with bars between them.
     static std::string Entries(const QComboBox* list);
-    /// Walks down a list with the arrow key until it shows `text`.
-    void Choose(QComboBox* list, const QString& text);
     void ChooseClassDivision();
     /// New, with everything chosen; the focus is on the first mark.
     void StartSubject(const QString& subject);
@@ -68,9 +58,7 @@ protected:
     /// Chooses a subject with marks and says Yes to looking at them.
     void ShowStoredSubject(const QString& subject);
 
-    /// Types into whatever has the focus, then Enter.
-    void Enter(const char* keys);
-    void Click(int row, int col);
+    void Click(int row, int col) { FormDriver::Click(grid, row, col); }
     void Paste(const QString& text);
 
     /// The cells of the visible columns and the text of the average.
@@ -81,7 +69,6 @@ protected:
     std::string Stored();
 
     std::unique_ptr<RankSchool> school;
-    frmexammarkentry* form = nullptr;
     DataCombo* exam = nullptr;
     QComboBox* classes = nullptr;
     QComboBox* divisions = nullptr;

@@ -1,20 +1,16 @@
 #pragma once
 
-#include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/FloatingEditor.h"
 #include "masters/frmMasClassSectionEntry.h"
-#include "support/ScreenFixture.h"
+#include "support/FormDriver.h"
 
-#include <QApplication>
 #include <QFrame>
 #include <QGroupBox>
-#include <QLineEdit>
-#include <QPushButton>
 
 namespace tally::test {
 
 /// The open class screen with its controls, and classes to start from.
-class ClassSectionScreen : public ScreenFixture
+class ClassSectionScreen : public FormDriver<frmMasClassSectionEntry>
 {
 protected:
     void SetUp() override
@@ -48,8 +44,7 @@ protected:
 
     void OpenForm()
     {
-        form = Open<frmMasClassSectionEntry>("frmMasClassSectionEntry");
-        ASSERT_NE(form, nullptr);
+        FormDriver::OpenForm("frmMasClassSectionEntry");
         classes = Find<FlexGrid>(form, "msgClassDetails");
         divisions = Find<FlexGrid>(form, "msgDivisionDetails");
         txtClassName = Find<FloatingEditor>(form, "txtClassName");
@@ -58,9 +53,6 @@ protected:
         txtDivisionName = Find<FloatingEditor>(form, "txtDivisionName");
         txtDeleteSlNo = Find<QLineEdit>(form, "txtDeleteSlNo");
     }
-
-    QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
-    bool IsEnabled(const char* name) { return Find<QWidget>(form, name)->isEnabled(); }
 
     void Browse()
     {
@@ -78,20 +70,6 @@ protected:
     {
         Browse();
         Press(Button("cmdNew"));
-    }
-
-    void Click(FlexGrid* grid, int row, int col)
-    {
-        QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          grid->CellRect(row, col).center());
-        Settle();
-    }
-
-    /// Types into whatever has the focus, then Enter.
-    void Enter(const char* keys)
-    {
-        QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(keys));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     }
 
     void DeleteRow(int row)
@@ -140,7 +118,6 @@ protected:
         return all.trimmed().toStdString();
     }
 
-    frmMasClassSectionEntry* form = nullptr;
     FlexGrid* classes = nullptr;
     FlexGrid* divisions = nullptr;
     FloatingEditor* txtClassName = nullptr;

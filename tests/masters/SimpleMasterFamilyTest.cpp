@@ -107,7 +107,7 @@ TEST_P(SimpleMasterFamilyTest, ARowLivesFromNewToDelete)
     EXPECT_EQ(FocusName(), "cmdSave");
     for (const Field& field : Member().fields)
         Retype(field.control, field.second);
-    Save("Record Updated");
+    Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(Named(Member().fields.front().first), 0);
     EXPECT_EQ(Named(Member().fields.front().second), 1);
     EXPECT_EQ(Rows(), 1);
@@ -158,7 +158,7 @@ TEST_P(SimpleMasterFamilyTest, EveryEmptyBoxIsToldInItsTurn)
         Retype(field.control, field.first);
     }
     EXPECT_EQ(Rows(), 0);
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_EQ(Rows(), 1);
 }
 
@@ -169,7 +169,7 @@ TEST_P(SimpleMasterFamilyTest, ARowSavedWithItsOwnNamePasses)
     EnterAndStore(&Field::second);
     Select(1);
     Press(Button("cmdEdit"));
-    Save("Record Updated");
+    Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(Rows(), 2);
 }
 
@@ -323,7 +323,7 @@ TEST_P(SimpleMasterFamilyTest, AFileHeldByAnotherClientLosesNothing)
     EXPECT_EQ(State(), "Entry");
     EXPECT_EQ(TextOf(NameBox()), Member().fields.front().first);
     other->Rollback();
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_EQ(Named(Member().fields.front().first), 1);
 }
 
@@ -392,7 +392,7 @@ TEST_P(SimpleMasterFamilyTest, TheLongestTextsFitTheirColumns)
         Retype(field.control, QByteArray(600, number ? '9' : 'W').constData());
         EXPECT_EQ(Box(field.control)->text().size(), Box(field.control)->maxLength());
     }
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_EQ(Rows(), 1);
 }
 
@@ -473,7 +473,7 @@ TEST_P(SimpleMasterFamilyTest, TheUserIsNotedOnANewRowAndOnlyWhereItIsUsualOnACh
     Session().gintUserCode = 7;
     Select(0);
     Press(Button("cmdEdit"));
-    Save("Record Updated");
+    Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(Session().gcnnMain->Number(userOf), Member().notesUserOnUpdate ? 7 : 4);
 }
 

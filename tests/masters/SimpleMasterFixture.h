@@ -1,19 +1,16 @@
 #pragma once
 
-#include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/DataGrid.h"
 #include "masters/frmSimpleMaster.h"
 #include "masters/SimpleMasterMembers.h"
-#include "support/ScreenFixture.h"
+#include "support/FormDriver.h"
 
 #include <QGroupBox>
-#include <QLineEdit>
-#include <QPushButton>
 
 namespace tally::test {
 
 /// A simple master, driven as the clerk does.
-class SimpleMasterFixture : public ScreenFixture
+class SimpleMasterFixture : public FormDriver<frmSimpleMaster>
 {
 protected:
     void SetUp() override
@@ -24,24 +21,15 @@ protected:
 
     void OpenMaster(const char* formName)
     {
-        form = Open<frmSimpleMaster>(formName);
-        ASSERT_NE(form, nullptr) << formName;
+        OpenForm(formName);
         grid = Find<DataGrid>(form, "dgdDetails");
-    }
-
-    QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
-    QLineEdit* Box(const char* name) { return Find<QLineEdit>(form, name); }
-    std::string TextOf(const char* name) { return Box(name)->text().toStdString(); }
-    std::string FocusName() const
-    {
-        return form->focusWidget() ? form->focusWidget()->objectName().toStdString() : std::string();
     }
 
     /// "Idle", "New" and so on, by what is switched on.
     std::string State()
     {
         std::string on;
-        if (Find<QGroupBox>(form, "Frame1")->isEnabled())
+        if (IsEnabled("Frame1"))
             on += "Frame1 ";
         for (const char* name : {"cmdNew", "cmdEdit", "cmdDelete", "cmdSave"})
             if (Button(name)->isEnabled())
@@ -51,15 +39,6 @@ protected:
         if (on == "cmdEdit cmdDelete ")
             return "RowSelected";
         return on == "Frame1 cmdSave " ? "Entry" : on;
-    }
-
-    /// Empties the box and types into it.
-    void Retype(const char* name, const char* text)
-    {
-        Box(name)->setFocus();
-        QTest::keyClick(Box(name), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(Box(name), Qt::Key_Delete);
-        QTest::keyClicks(Box(name), QString::fromLatin1(text));
     }
 
     /// Walks down to row `row` of the grid and answers the question that comes on it.
@@ -83,14 +62,6 @@ protected:
     }
     std::string Shown(const char* head) const { return Column(head).join(QLatin1Char('|')).toStdString(); }
 
-    void Save(const char* word)
-    {
-        prompts.ExpectInformation(QString::fromLatin1(word));
-        Press(Button("cmdSave"));
-        prompts.Verify();
-    }
-
-    frmSimpleMaster* form = nullptr;
     DataGrid* grid = nullptr;
 };
 

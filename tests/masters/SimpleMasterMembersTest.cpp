@@ -77,7 +77,7 @@ TEST_F(SimpleMasterMembersTest, AStateStoredWithBlanksBehindIsADuplicateAndACity
 
     OpenCities();
     EnterCity(1, "Kochi");
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_EQ(Count("SELECT count(*) FROM CityMaster WHERE CityName LIKE 'Kochi%'"), 2);
 }
 
@@ -86,7 +86,7 @@ TEST_F(SimpleMasterMembersTest, NamesAreStoredWithoutBlanksAround)
     OpenMaster("frmMasStateMaster");
     Press(Button("cmdNew"));
     Retype("txtStateName", "  West  Bengal ");
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_EQ(Count("SELECT count(*) FROM StateMaster WHERE StateName = 'West  Bengal'"), 1);
 }
 
@@ -103,9 +103,9 @@ TEST_F(SimpleMasterMembersTest, TwoCitiesOfOneNameInTwoStatesAreAllowedAndInOneA
     GivenStates();
     OpenCities();
     EnterCity(1, "Salem");
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EnterCity(2, "Salem");
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EnterCity(2, "SALEM");
     prompts.ExpectInformation(QStringLiteral("City Name Already Exists For The Selected State Name"));
     Press(Button("cmdSave"));
@@ -121,7 +121,7 @@ TEST_F(SimpleMasterMembersTest, ACityMayMoveToAnotherState)
     EXPECT_EQ(states->BoundCode(), 1);
     Press(Button("cmdEdit"));
     ChooseState(2);
-    Save("Record Updated");
+    Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(Count("SELECT StateCode FROM CityMaster WHERE CityCode = 1"), 2);
     EXPECT_TRUE(states->IsBlank());
 }
@@ -167,7 +167,7 @@ TEST_F(SimpleMasterMembersTest, AStateAddedBesideTheCityIsInTheListOnReturn)
     OpenMaster("frmMasStateMaster");
     Press(Button("cmdNew"));
     Retype("txtStateName", "Assam");
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     Press(Button("cmdExit"));
     Settle();
     form = qobject_cast<frmSimpleMaster*>(cities);
@@ -212,7 +212,7 @@ TEST_F(SimpleMasterMembersTest, AStateThatAnotherClientDeletedIsNotOfferedAgain)
     EXPECT_EQ(states->findData(2), -1);
     EXPECT_EQ(states->BoundCode(), 0);
     states->SetBoundCode(1);
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_EQ(Count("SELECT StateCode FROM CityMaster WHERE CityName = 'Agra'"), 1);
 }
 
@@ -299,7 +299,7 @@ TEST_F(SimpleMasterMembersTest, ASalutationMayChangeItsOwnLettersOnly)
     SelectRow(0, "Do You Want To Edit/Delete ?");
     Press(Button("cmdEdit"));
     Retype("txtSalutationName", "MR.");
-    Save("Record Updated");
+    Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(Count("SELECT count(*) FROM SalutationMaster WHERE SalutationName = 'MR.' COLLATE BINARY"), 1);
 }
 
@@ -312,7 +312,7 @@ TEST_F(SimpleMasterMembersTest, ASalutationGoesByTheHeldNameAndNotByItsCode)
     OpenMaster("frmSalutationMaster");
     SelectRow(2, "Do You Want To Edit/Delete ?");
     Press(Button("cmdEdit"));
-    Save("Record Updated");
+    Save(QStringLiteral("Record Updated"));
 
     SelectRow(0, "Do You Want To Edit/Delete ?");
     Press(Button("cmdEdit"));
@@ -324,7 +324,7 @@ TEST_F(SimpleMasterMembersTest, ExamsAreCheckedByNameAndThenByOrder)
 {
     OpenMaster("frmexamnamemaster");
     EnterExam("Annual", "20");
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EnterExam("ANNUAL", "20");
     prompts.ExpectInformation(QStringLiteral("Exam Name Already Exists"));
     Press(Button("cmdSave"));
@@ -337,7 +337,7 @@ TEST_F(SimpleMasterMembersTest, ExamsAreCheckedByNameAndThenByOrder)
     prompts.ExpectInformation(QStringLiteral("Exam Order Already Exists"));
     Press(Button("cmdSave"));
     Retype("txtExamOrder", "5");
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_EQ(Shown("Exam Name"), "Model|Annual");
     EXPECT_EQ(Shown("Exam Order"), "5|20");
 }
@@ -378,7 +378,7 @@ TEST_F(SimpleMasterMembersTest, ASubjectsShortNameHasLettersOnlyHoweverItCameIn)
     Box("txtSubjectShort")->clear();
     Box("txtSubjectShort")->setFocus();
     PressKey(form, Qt::Key_V, Qt::ControlModifier);
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_EQ(Count("SELECT count(*) FROM SubjectMaster WHERE SubjectShortName = 'ABC'"), 1);
 }
 
@@ -389,7 +389,7 @@ TEST_F(SimpleMasterMembersTest, AStoredShortNameWithBlanksLosesThemAtTheNextSave
     SelectRow(0, "Do You Want To Edit/Delete ?");
     EXPECT_EQ(TextOf("txtSubjectShort"), "E n g");
     Press(Button("cmdEdit"));
-    Save("Record Updated");
+    Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(Count("SELECT count(*) FROM SubjectMaster WHERE SubjectShortName = 'Eng'"), 1);
 }
 
@@ -397,13 +397,13 @@ TEST_F(SimpleMasterMembersTest, SubjectsAreComparedNameWithNameAndShortWithShort
 {
     OpenMaster("frmSubjectMaster");
     EnterSubject("English", "Eng");
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EnterSubject("History", "ENG");
     prompts.ExpectInformation(QStringLiteral("Subject Name/Short Name Already Exists"));
     Press(Button("cmdSave"));
     Press(Button("cmdCancel"));
     EnterSubject("Eng", "His");
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_EQ(Shown("Short Name"), "His|Eng");
 }
 

@@ -1,20 +1,17 @@
 #pragma once
 
-#include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/DatePicker.h"
 #include "core/ui/controls/OptionalDatePicker.h"
 #include "masters/frmTeacherMaster.h"
-#include "support/ScreenFixture.h"
+#include "support/FormDriver.h"
 
 #include <QCheckBox>
-#include <QLineEdit>
-#include <QPushButton>
 
 namespace tally::test {
 
 /// The teacher screens in an office that knows two states, three cities, two blood groups and two
 /// salutations.
-class TeacherFixture : public ScreenFixture
+class TeacherFixture : public FormDriver<frmTeacherMaster>
 {
 protected:
     void SetUp() override
@@ -27,11 +24,7 @@ protected:
         Given("INSERT INTO SalutationMaster VALUES (1, 'Mrs', 1), (2, 'Mr', 1)");
     }
 
-    void OpenMaster()
-    {
-        form = Open<frmTeacherMaster>("frmTeacherMaster");
-        ASSERT_NE(form, nullptr);
-    }
+    void OpenMaster() { OpenForm("frmTeacherMaster"); }
 
     /// Opens the master and starts a new teacher.
     void StartNew()
@@ -56,22 +49,7 @@ protected:
               code, name, shortName, cityCode);
     }
 
-    QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
-    QLineEdit* Text(const char* name) { return Find<QLineEdit>(form, name); }
-    DataCombo* List(const char* name) { return Find<DataCombo>(form, name); }
     OptionalDatePicker* Date(const char* name) { return Find<OptionalDatePicker>(form, name); }
-    QAbstractButton* Option(const char* name) { return Find<QAbstractButton>(form, name); }
-
-    /// Goes through a list with the arrow keys until the text stands there.
-    void Choose(const char* name, const QString& text)
-    {
-        DataCombo* list = List(name);
-        list->setFocus();
-        QTest::keyClick(list, Qt::Key_Home);
-        for (int step = 0; step < list->count() && list->currentText() != text; ++step)
-            QTest::keyClick(list, Qt::Key_Down);
-        ASSERT_EQ(list->currentText().toStdString(), text.toStdString());
-    }
 
     /// Ticks a date and moves it, as the user does with the calendar.
     void Pick(const char* name, const QDate& date)
@@ -91,32 +69,8 @@ protected:
                        const QString& shortName = QStringLiteral("ASH"))
     {
         Choose("cboPrefix", QStringLiteral("Mrs"));
-        Type(Text("txtTeacherName"), name);
-        Type(Text("txtTeacherShortName"), shortName);
-    }
-
-    bool HasFocus(const char* name) const
-    {
-        const auto* control = Find<QWidget>(form, name);
-        const QWidget* focused = form->focusWidget();
-        return focused && (focused == control || control->isAncestorOf(focused));
-    }
-
-    /// Saves and expects to be told `message` and taken to the control.
-    void ExpectRefusal(const QString& message, const char* control)
-    {
-        prompts.ExpectInformation(message);
-        Press(Button("cmdSave"));
-        prompts.Verify();
-        EXPECT_TRUE(HasFocus(control)) << control;
-        EXPECT_TRUE(Button("cmdSave")->isEnabled());
-    }
-
-    void Save(const QString& message = QStringLiteral("Record Saved"))
-    {
-        prompts.ExpectInformation(message);
-        Press(Button("cmdSave"));
-        prompts.Verify();
+        Type(Box("txtTeacherName"), name);
+        Type(Box("txtTeacherShortName"), shortName);
     }
 
     QString Stored(const char* column, int code)
@@ -131,16 +85,11 @@ protected:
 
     void ExpectIdle()
     {
-        EXPECT_FALSE(Find<QWidget>(form, "fraMain")->isEnabled());
-        EXPECT_TRUE(Button("cmdNew")->isEnabled());
-        EXPECT_FALSE(Button("cmdEdit")->isEnabled());
-        EXPECT_FALSE(Button("cmdDelete")->isEnabled());
-        EXPECT_FALSE(Button("cmdSave")->isEnabled());
-        for (const char* always : {"cmdCancel", "cmdSearch", "cmdExit"})
-            EXPECT_TRUE(Button(always)->isEnabled()) << always;
+        for (const char* off : {"fraMain", "cmdEdit", "cmdDelete", "cmdSave"})
+            EXPECT_FALSE(IsEnabled(off)) << off;
+        for (const char* on : {"cmdNew", "cmdCancel", "cmdSearch", "cmdExit"})
+            EXPECT_TRUE(IsEnabled(on)) << on;
     }
-
-    frmTeacherMaster* form = nullptr;
 };
 
 } // namespace tally::test

@@ -29,21 +29,21 @@ TEST_F(TeacherMasterTest, AStoredTeacherIsShownReadyToEditOrDelete)
     OpenMaster();
     ASSERT_TRUE(form->LoadData(5));
     EXPECT_EQ(List("cboPrefix")->currentText().toStdString(), "Mrs");
-    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "Asha");
-    EXPECT_EQ(Text("txtTeacherShortName")->text().toStdString(), "ASH");
-    EXPECT_EQ(Text("txtFHName")->text().toStdString(), "Father");
+    EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "Asha");
+    EXPECT_EQ(Box("txtTeacherShortName")->text().toStdString(), "ASH");
+    EXPECT_EQ(Box("txtFHName")->text().toStdString(), "Father");
     EXPECT_EQ(Date("dtpDOB")->Date(), QDate(1980, 1, 2));
     EXPECT_EQ(Date("dtpWedding")->Date(), QDate(2005, 3, 4));
     EXPECT_EQ(Date("dtpJoining")->Date(), QDate(2010, 6, 7));
     EXPECT_TRUE(Option("optMarried")->isChecked());
-    EXPECT_EQ(Text("txtAddress1")->text().toStdString(), "House");
-    EXPECT_EQ(Text("txtAddress2")->text().toStdString(), "Street");
+    EXPECT_EQ(Box("txtAddress1")->text().toStdString(), "House");
+    EXPECT_EQ(Box("txtAddress2")->text().toStdString(), "Street");
     EXPECT_EQ(List("dbcStateName")->currentText().toStdString(), "Kerala");
     EXPECT_EQ(List("dbcCityName")->currentText().toStdString(), "Aluva");
-    EXPECT_EQ(Text("txtPincode")->text().toStdString(), "682001");
-    EXPECT_EQ(Text("txtTelephone")->text().toStdString(), "0484-1");
+    EXPECT_EQ(Box("txtPincode")->text().toStdString(), "682001");
+    EXPECT_EQ(Box("txtTelephone")->text().toStdString(), "0484-1");
     EXPECT_EQ(List("dbcBloodGroup")->currentText().toStdString(), "O+");
-    EXPECT_EQ(Text("txtQualification")->text().toStdString(), "B.Ed");
+    EXPECT_EQ(Box("txtQualification")->text().toStdString(), "B.Ed");
     EXPECT_FALSE(Button("cmdNew")->isEnabled());
     EXPECT_TRUE(Button("cmdEdit")->isEnabled());
     EXPECT_TRUE(Button("cmdDelete")->isEnabled());
@@ -59,7 +59,7 @@ TEST_F(TeacherMasterTest, CancelForgetsTheTeacherInHand)
     Press(Button("cmdCancel"));
     ExpectIdle();
     EXPECT_TRUE(HasFocus("cmdNew"));
-    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "");
+    EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "");
     EXPECT_TRUE(List("cboPrefix")->IsBlank());
     EXPECT_TRUE(List("dbcStateName")->IsBlank());
     EXPECT_EQ(List("dbcCityName")->count(), 0);
@@ -122,7 +122,7 @@ TEST_F(TeacherMasterTest, ATeacherInUseStaysAndTheScreenStartsOver)
     EXPECT_EQ(Count("SELECT count(*) FROM ClassSubjectTeacher WHERE TeacherCode = 5"), 1);
     EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
     ExpectIdle();
-    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "");
+    EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "");
 }
 
 TEST_F(TeacherMasterTest, NewEditAndDeleteNeedTheirRightsAndSearchNeedsNone)
@@ -154,7 +154,7 @@ TEST_F(TeacherMasterTest, FieldsTakeOnlyWhatTheyMayHoldTypedOrPasted)
         {"txtAddress2", 100},    {"txtPincode", 15},         {"txtTelephone", 20}, {"txtQualification", 50},
     };
     for (const auto& [name, width] : widths) {
-        QLineEdit* field = Text(name);
+        QLineEdit* field = Box(name);
         QApplication::clipboard()->setText(QStringLiteral("'%") + QString(150, QLatin1Char('x')));
         field->setFocus();
         field->paste();
@@ -167,9 +167,9 @@ TEST_F(TeacherMasterTest, FieldsTakeOnlyWhatTheyMayHoldTypedOrPasted)
         field->clear();
     }
     QApplication::clipboard()->setText(QStringLiteral("J\u00f6rg (2nd) O'Neil+,-./"));
-    Text("txtTeacherName")->setFocus();
-    Text("txtTeacherName")->paste();
-    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "Jrg 2nd ONeil+,-./");
+    Box("txtTeacherName")->setFocus();
+    Box("txtTeacherName")->paste();
+    EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "Jrg 2nd ONeil+,-./");
 }
 
 TEST_F(TeacherMasterTest, ATeacherIsEnteredAndSavedWithKeysAlone)

@@ -18,11 +18,11 @@ TEST_F(TeacherSaveTest, EachMandatoryFieldIsAskedForInOrder)
     EXPECT_FALSE(Button("cmdNew")->isEnabled());
     ExpectRefusal(QStringLiteral("Select Salutation"), "cboPrefix");
     Choose("cboPrefix", QStringLiteral("Mr"));
-    Type(Text("txtTeacherName"), QStringLiteral("   "));
+    Type(Box("txtTeacherName"), QStringLiteral("   "));
     ExpectRefusal(QStringLiteral("Enter Teacher Name"), "txtTeacherName");
-    Type(Text("txtTeacherName"), QStringLiteral("Asha"));
+    Type(Box("txtTeacherName"), QStringLiteral("Asha"));
     ExpectRefusal(QStringLiteral("Enter Teacher Short Name"), "txtTeacherShortName");
-    Type(Text("txtTeacherShortName"), QStringLiteral("ASH"));
+    Type(Box("txtTeacherShortName"), QStringLiteral("ASH"));
     Save();
     EXPECT_EQ(Stored("TeacherName", 1).toStdString(), "Asha");
     EXPECT_EQ(Stored("SalutationCode", 1).toStdString(), "2");
@@ -103,11 +103,11 @@ TEST_F(TeacherSaveTest, TheSameNameInAnotherCaseIsAcceptedTheSameShortNameIsNot)
     StartNew();
     FillMandatory(QStringLiteral("Asha"), QStringLiteral("ash"));
     ExpectRefusal(QStringLiteral("Teacher Name Already Exists"), "txtTeacherName");
-    Text("txtTeacherName")->clear();
-    Type(Text("txtTeacherName"), QStringLiteral("ASHA"));
+    Box("txtTeacherName")->clear();
+    Type(Box("txtTeacherName"), QStringLiteral("ASHA"));
     ExpectRefusal(QStringLiteral("Teacher Short Name Already Exists"), "txtTeacherShortName");
-    Text("txtTeacherShortName")->clear();
-    Type(Text("txtTeacherShortName"), QStringLiteral("AS2"));
+    Box("txtTeacherShortName")->clear();
+    Type(Box("txtTeacherShortName"), QStringLiteral("AS2"));
     Save();
     EXPECT_EQ(Stored("TeacherName", 2).toStdString(), "ASHA");
 }
@@ -116,16 +116,16 @@ TEST_F(TeacherSaveTest, AllThatIsEnteredIsStoredTrimmed)
 {
     StartNew();
     FillMandatory(QStringLiteral(" Asha K. "), QStringLiteral("A1"));
-    Type(Text("txtFHName"), QStringLiteral("Babu "));
+    Type(Box("txtFHName"), QStringLiteral("Babu "));
     Pick("dtpDOB", Birth);
     Pick("dtpJoining", QDate(2010, 6, 7));
-    Type(Text("txtAddress1"), QStringLiteral("12/3, Hill+Road"));
-    Type(Text("txtAddress2"), QStringLiteral("North"));
+    Type(Box("txtAddress1"), QStringLiteral("12/3, Hill+Road"));
+    Type(Box("txtAddress2"), QStringLiteral("North"));
     Choose("dbcStateName", QStringLiteral("Kerala"));
     Choose("dbcCityName", QStringLiteral("Kochi"));
-    Type(Text("txtPincode"), QStringLiteral("682001"));
-    Type(Text("txtTelephone"), QStringLiteral("0484-222"));
-    Type(Text("txtQualification"), QStringLiteral("B.Ed"));
+    Type(Box("txtPincode"), QStringLiteral("682001"));
+    Type(Box("txtTelephone"), QStringLiteral("0484-222"));
+    Type(Box("txtQualification"), QStringLiteral("B.Ed"));
     Choose("dbcBloodGroup", QStringLiteral("O+"));
     Save();
     auto row = Session().gcnnMain->Query(QStringLiteral("SELECT * FROM TeacherMaster WHERE TeacherCode = 1"));
@@ -136,7 +136,7 @@ TEST_F(TeacherSaveTest, AllThatIsEnteredIsStoredTrimmed)
     EXPECT_EQ(values.join(QLatin1Char('|')).toStdString(),
               "1|1|Asha K.|A1|1980-05-06|S|NULL|2010-06-07|Babu|12/3, Hill+Road|North|1|682001|0484-222|1|"
               "B.Ed|3");
-    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "");
+    EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "");
     EXPECT_TRUE(List("dbcBloodGroup")->IsBlank());
 }
 
@@ -163,8 +163,8 @@ TEST_F(TeacherSaveTest, AnEditChangesTheTeacherAndHisOwnNamesAreNoDuplicates)
     StartEdit(5);
     EXPECT_FALSE(Button("cmdEdit")->isEnabled());
     EXPECT_FALSE(Button("cmdDelete")->isEnabled());
-    Text("txtTelephone")->clear();
-    Type(Text("txtTelephone"), QStringLiteral("99"));
+    Box("txtTelephone")->clear();
+    Type(Box("txtTelephone"), QStringLiteral("99"));
     Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(Stored("Telephone", 5).toStdString(), "99");
     EXPECT_EQ(Stored("UserCode", 5).toStdString(), "3");
@@ -246,7 +246,7 @@ TEST_F(TeacherSaveTest, WhileTheDatabaseIsLockedNothingThatWasTypedIsLost)
     prompts.ExpectCritical(HeldByAnotherClient);
     Press(Button("cmdSave"));
     prompts.Verify();
-    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "Asha");
+    EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "Asha");
     other->Rollback();
     Save();
     EXPECT_EQ(Stored("TeacherName", 1).toStdString(), "Asha");

@@ -40,15 +40,15 @@ protected:
         grid = Find<DataGrid>(search, "dgdDetails");
     }
 
-    QLineEdit* Box(const char* name) { return Find<QLineEdit>(search, name); }
+    QLineEdit* SearchBox(const char* name) { return Find<QLineEdit>(search, name); }
     QPushButton* SearchButton(const char* name) { return Find<QPushButton>(search, name); }
 
     void Search(const QString& name, const QString& city)
     {
-        Box("txtTeacherName")->clear();
-        Box("txtCity")->clear();
-        Type(Box("txtTeacherName"), name);
-        Type(Box("txtCity"), city);
+        SearchBox("txtTeacherName")->clear();
+        SearchBox("txtCity")->clear();
+        Type(SearchBox("txtTeacherName"), name);
+        Type(SearchBox("txtCity"), city);
         Press(SearchButton("cmdSearch"));
         prompts.Verify();
     }
@@ -135,14 +135,14 @@ TEST_F(TeacherSearchTest, ADoubleClickLoadsTheTeacherAndClosesTheSearch)
     Settle();
     EXPECT_FALSE(SearchIsOpen());
     EXPECT_EQ(window->Area()->activeSubWindow()->widget(), form);
-    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "Binu");
+    EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "Binu");
     EXPECT_TRUE(Button("cmdEdit")->isEnabled());
     EXPECT_TRUE(HasFocus("cmdEdit"));
 }
 
 TEST_F(TeacherSearchTest, ATeacherIsFoundAndEditedWithKeysAlone)
 {
-    Type(Box("txtTeacherName"), QStringLiteral("a"));
+    Type(SearchBox("txtTeacherName"), QStringLiteral("a"));
     PressKey(search, Qt::Key_Return);
     PressKey(search, Qt::Key_Return);
     EXPECT_TRUE(SearchButton("cmdSearch")->hasFocus());
@@ -156,10 +156,10 @@ TEST_F(TeacherSearchTest, ATeacherIsFoundAndEditedWithKeysAlone)
     prompts.ExpectQuestion(EditOrDelete, true);
     PressKey(search, Qt::Key_Return);
     Settle();
-    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "Chandra");
+    EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "Chandra");
     PressKey(form, Qt::Key_Return);
-    Text("txtTelephone")->clear();
-    Type(Text("txtTelephone"), QStringLiteral("7"));
+    Box("txtTelephone")->clear();
+    Type(Box("txtTelephone"), QStringLiteral("7"));
     prompts.ExpectInformation(QStringLiteral("Record Updated"));
     PressKey(form, Qt::Key_S, Qt::AltModifier);
     EXPECT_EQ(Stored("Telephone", 1).toStdString(), "7");
@@ -182,7 +182,7 @@ TEST_F(TeacherSearchTest, AMasterThatWasClosedMeanwhileOpensAgain)
     Settle();
     form = qobject_cast<frmTeacherMaster*>(ScreenRegistry::OpenInstance(QStringLiteral("frmTeacherMaster")));
     ASSERT_NE(form, nullptr);
-    EXPECT_EQ(Text("txtTeacherName")->text().toStdString(), "Asha");
+    EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "Asha");
     EXPECT_EQ(window->Area()->activeSubWindow()->widget(), form);
     EXPECT_TRUE(HasFocus("cmdEdit"));
 }
@@ -206,9 +206,9 @@ TEST_F(TeacherSearchTest, CancelEmptiesBoxesAndGrid)
     ASSERT_EQ(grid->RowCount(), 1);
     Press(SearchButton("cmdCancel"));
     EXPECT_EQ(grid->RowCount(), 0);
-    EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "");
-    EXPECT_EQ(Box("txtCity")->text().toStdString(), "");
-    EXPECT_TRUE(Box("txtTeacherName")->hasFocus());
+    EXPECT_EQ(SearchBox("txtTeacherName")->text().toStdString(), "");
+    EXPECT_EQ(SearchBox("txtCity")->text().toStdString(), "");
+    EXPECT_TRUE(SearchBox("txtTeacherName")->hasFocus());
 }
 
 TEST_F(TeacherSearchTest, ClosesOnlyWhileSearchAndExitCanBePressed)
@@ -228,11 +228,11 @@ TEST_F(TeacherSearchTest, ClosesOnlyWhileSearchAndExitCanBePressed)
 TEST_F(TeacherSearchTest, BoxesTakeOnlyWhatNamesMayHold)
 {
     QApplication::clipboard()->setText(QStringLiteral("%_'K\u00f6chi"));
-    Box("txtCity")->setFocus();
-    Box("txtCity")->paste();
-    EXPECT_EQ(Box("txtCity")->text().toStdString(), "Kchi");
-    Type(Box("txtTeacherName"), QStringLiteral("a'b%1"));
-    EXPECT_EQ(Box("txtTeacherName")->text().toStdString(), "ab1");
+    SearchBox("txtCity")->setFocus();
+    SearchBox("txtCity")->paste();
+    EXPECT_EQ(SearchBox("txtCity")->text().toStdString(), "Kchi");
+    Type(SearchBox("txtTeacherName"), QStringLiteral("a'b%1"));
+    EXPECT_EQ(SearchBox("txtTeacherName")->text().toStdString(), "ab1");
 }
 
 TEST_F(TeacherSearchTest, ManyTeachersAreFoundWithOneStatement)

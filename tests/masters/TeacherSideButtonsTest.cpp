@@ -72,7 +72,7 @@ TEST_F(TeacherSideButtons, EachReturnFromAnOpenMasterBringsWhatWasAddedThereAndK
     Press(Button("cmdAddBloodGroup"));
     OpenScreen(QStringLiteral("frmTeacherMaster"));
     Choose("dbcBloodGroup", QStringLiteral("O+"));
-    Text("txtPincode")->setFocus();
+    Box("txtPincode")->setFocus();
     OpenScreen(QStringLiteral("frmMasBloodGroupMaster"));
     Given("INSERT INTO BloodGroupMaster VALUES (9, 'AB', 1)");
     OpenScreen(QStringLiteral("frmTeacherMaster"));
@@ -112,7 +112,7 @@ TEST_F(TeacherSideButtons, WhenTheFocusLeavesASideButtonItsListsAreReadAnew)
     Button("cmdAddCity")->setFocus();
     EXPECT_EQ(List("dbcCityName")->currentText().toStdString(), "Kochi");
     Given("INSERT INTO StateMaster VALUES (9, 'Assam', 1)");
-    Text("txtPincode")->setFocus();
+    Box("txtPincode")->setFocus();
     EXPECT_TRUE(List("dbcStateName")->IsBlank());
     EXPECT_TRUE(List("dbcCityName")->IsBlank());
     EXPECT_EQ(List("dbcStateName")->count(), 4);
@@ -144,7 +144,7 @@ TEST_F(TeacherSideButtons, KeysOpenTheMastersToo)
         {Qt::Key_B, "frmMasBloodGroupMaster"},
     };
     for (const auto& [key, name] : keys) {
-        Text("txtTeacherName")->setFocus();
+        Box("txtTeacherName")->setFocus();
         QTest::keyClick(window, key, Qt::AltModifier | Qt::ShiftModifier);
         QTest::qWait(150);
         OnTop(name)->Unload();

@@ -3,7 +3,7 @@
 #include "core/shell/mdiTallyboard.h"
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/ScreenRegistry.h"
-#include "support/ScreenFixture.h"
+#include "support/FormDriver.h"
 
 #include <QAction>
 #include <QApplication>
@@ -32,7 +32,7 @@ TEST(MonthCodeTest, TheAcademicYearStartsWithItsFirstMonthAndWrapsInJanuary)
     EXPECT_EQ(MonthCodeOf(1, 4), 10);
 }
 
-class frmMasSchoolSetupTest : public ScreenFixture
+class frmMasSchoolSetupTest : public FormDriver<frmMasSchoolSetup>
 {
 protected:
     void SetUp() override
@@ -55,22 +55,7 @@ protected:
         Given("INSERT INTO AcademicYearSetup VALUES (?, 2024, 2025, ?, '2025-03-31', 'Y', 'N', 1)", code,
               from);
     }
-    void OpenSetup()
-    {
-        form = Open<frmMasSchoolSetup>("frmMasSchoolSetup");
-        ASSERT_NE(form, nullptr);
-    }
-    QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
-    QLineEdit* Box(const char* name) { return Find<QLineEdit>(form, name); }
-    DataCombo* List(const char* name) { return Find<DataCombo>(form, name); }
-    std::string FocusName() const { return form->focusWidget()->objectName().toStdString(); }
-    void Retype(const char* name, const char* text)
-    {
-        Box(name)->setFocus();
-        QTest::keyClick(Box(name), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(Box(name), Qt::Key_Delete);
-        QTest::keyClicks(Box(name), QString::fromLatin1(text));
-    }
+    void OpenSetup() { OpenForm("frmMasSchoolSetup"); }
     /// Chooses the line with the arrow keys.
     void Choose(const char* name, int line)
     {
@@ -102,25 +87,10 @@ protected:
         PressKey(form, Qt::Key_Return);
         ASSERT_EQ(FocusName(), "cmdSave");
     }
-    void Refuse(const char* message, const char* focus)
-    {
-        prompts.ExpectInformation(QString::fromLatin1(message));
-        Press(Button("cmdSave"));
-        prompts.Verify();
-        EXPECT_EQ(FocusName(), focus);
-    }
-    void Save(const char* word)
-    {
-        prompts.ExpectInformation(QString::fromLatin1(word));
-        Press(Button("cmdSave"));
-        prompts.Verify();
-    }
     qint64 MonthCode(const char* month)
     {
         return Count("SELECT MonthCode FROM MonthMaster WHERE MonthShortName = ?", month);
     }
-
-    frmMasSchoolSetup* form = nullptr;
 };
 
 TEST_F(frmMasSchoolSetupTest, WithoutASchoolOnlyNewIsOffered)
@@ -176,7 +146,7 @@ TEST_F(frmMasSchoolSetupTest, ASchoolThatStartsInAprilHasAprilAsItsFirstMonthAnd
 {
     OpenSetup();
     EnterByKeys(4);
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     int code = 0;
     for (const char* month :
          {"APR", "MAY", "JUN", "JUL", "AUG", "SEP", "OCT", "NOV", "DEC", "JAN", "FEB", "MAR"})
@@ -188,20 +158,20 @@ TEST_F(frmMasSchoolSetupTest, AMissingEntryIsToldInItsTurn)
     OpenSetup();
     Press(Button("cmdNew"));
     Retype("txtSchoolName", "  ");
-    Refuse("Enter School Name", "txtSchoolName");
+    ExpectRefusal(QStringLiteral("Enter School Name"), "txtSchoolName");
     Retype("txtSchoolName", "Hill School");
-    Refuse("Enter Address", "txtAddress1");
+    ExpectRefusal(QStringLiteral("Enter Address"), "txtAddress1");
     Retype("txtAddress1", "Main Road");
-    Refuse("Select State", "dbcStateName");
+    ExpectRefusal(QStringLiteral("Select State"), "dbcStateName");
     Choose("dbcStateName", 2);
-    Refuse("Select City", "dbcCity");
+    ExpectRefusal(QStringLiteral("Select City"), "dbcCity");
     Choose("dbcCity", 1);
-    Refuse("Enter Pincode", "txtPincode");
+    ExpectRefusal(QStringLiteral("Enter Pincode"), "txtPincode");
     Retype("txtPincode", "1");
-    Refuse("Select Academic Year Start Month", "cboAcademicYearCodeStartMonth");
+    ExpectRefusal(QStringLiteral("Select Academic Year Start Month"), "cboAcademicYearCodeStartMonth");
     EXPECT_EQ(Count("SELECT count(*) FROM SchoolMaster"), 0);
     Choose("cboAcademicYearCodeStartMonth", 4);
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_EQ(Count("SELECT CCityCode FROM SchoolMaster"), 2);
 }
 
@@ -212,7 +182,7 @@ TEST_F(frmMasSchoolSetupTest, TwoSavesLeaveOneRow)
     for (const char* name : {"Hill School One", "Hill School Two"}) {
         Press(Button("cmdEdit"));
         Retype("txtSchoolName", name);
-        Save("Record Updated");
+        Save(QStringLiteral("Record Updated"));
     }
     EXPECT_EQ(Count("SELECT count(*) FROM SchoolMaster"), 1);
     EXPECT_EQ(Count("SELECT count(*) FROM SchoolMaster WHERE SchoolName = 'Hill School Two'"), 1);
@@ -224,7 +194,7 @@ TEST_F(frmMasSchoolSetupTest, TheStartMonthMayChangeWhileThereIsNoAcademicYear)
     OpenSetup();
     Press(Button("cmdEdit"));
     Choose("cboAcademicYearCodeStartMonth", 1);
-    Save("Record Updated");
+    Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(MonthCode("JAN"), 1);
     EXPECT_EQ(MonthCode("DEC"), 12);
 }
@@ -236,10 +206,11 @@ TEST_F(frmMasSchoolSetupTest, AfterTheFirstAcademicYearOnlyItsOwnMonthIsTaken)
     GivenYear(2, "2025-04-01");
     OpenSetup();
     Press(Button("cmdEdit"));
-    Refuse("Academic Year Setup Already Created. So You Cannot Change Academic Year Start Month",
-           "cboAcademicYearCodeStartMonth");
+    ExpectRefusal(
+        QStringLiteral("Academic Year Setup Already Created. So You Cannot Change Academic Year Start Month"),
+        "cboAcademicYearCodeStartMonth");
     Choose("cboAcademicYearCodeStartMonth", 6);
-    Save("Record Updated");
+    Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(MonthCode("JUN"), 1);
     EXPECT_EQ(Count("SELECT count(*) FROM SchoolMaster WHERE MonthShortName = 'JUN'"), 1);
 }
@@ -371,7 +342,7 @@ TEST_F(frmMasSchoolSetupTest, ANewSystemGoesFromItsSchoolToItsFirstYear)
         qobject_cast<frmMasSchoolSetup*>(ScreenRegistry::OpenInstance(QStringLiteral("frmMasSchoolSetup")));
     ASSERT_NE(form, nullptr);
     EnterByKeys(4);
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_TRUE(Session().gblnSchoolExists);
     EXPECT_EQ(Session().gstrSchoolName.toStdString(), "St. Mary & Co.");
     EXPECT_EQ(Session().gstrSchoolCity.toStdString(), "Amritsar,Punjab - 143001");
@@ -412,10 +383,10 @@ TEST_F(frmMasSchoolSetupTest, ARefusedSaveOffersOnlyTheStatesAndCitiesThatAreSti
     EXPECT_TRUE(List("dbcStateName")->IsBlank());
     EXPECT_EQ(List("dbcStateName")->findText(QStringLiteral("Kerala")), -1);
     EXPECT_EQ(List("dbcCity")->count(), 0);
-    Refuse("Select State", "dbcStateName");
+    ExpectRefusal(QStringLiteral("Select State"), "dbcStateName");
     Choose("dbcStateName", 1);
     Choose("dbcCity", 1);
-    Save("Record Updated");
+    Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(Count("SELECT CCityCode FROM SchoolMaster"), 2);
 }
 
@@ -458,7 +429,7 @@ TEST_F(frmMasSchoolSetupTest, AFileHeldByAnotherClientLosesNeitherSchoolNorMonth
     other->Rollback();
     EXPECT_EQ(Count("SELECT count(*) FROM SchoolMaster WHERE MonthShortName = 'APR'"), 1);
     EXPECT_EQ(MonthCode("JAN"), 1);
-    Save("Record Updated");
+    Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(MonthCode("JUN"), 1);
 }
 
@@ -476,7 +447,7 @@ TEST_F(frmMasSchoolSetupTest, LettersOfAnyScriptAreTakenAndOnlyQuotesAndLineBrea
     Choose("dbcStateName", 1);
     Choose("dbcCity", 0);
     Choose("cboAcademicYearCodeStartMonth", 1);
-    Save("Record Saved");
+    Save(QStringLiteral("Record Saved"));
     EXPECT_EQ(Count("SELECT length(SchoolName) + length(CPinCode) FROM SchoolMaster"), 110);
 }
 

@@ -1,21 +1,17 @@
 #pragma once
 
 #include "core/ui/controls/CheckList.h"
-#include "core/ui/controls/DataCombo.h"
-#include "core/ui/controls/FlexGrid.h"
 #include "core/ui/OpenDocument.h"
 #include "ranks/frmRankCardPrinting.h"
 #include "ranks/RankCardSchool.h"
-#include "support/ScreenFixture.h"
+#include "support/FormDriver.h"
 
 #include <QCheckBox>
-#include <QPushButton>
-#include <QRadioButton>
 
 namespace tally::test {
 
 /// "Rank Card" on a school whose rows a test lays down first.
-class RankCardScreen : public ScreenFixture
+class RankCardScreen : public FormDriver<frmRankCardPrinting>
 {
 protected:
     void SetUp() override
@@ -42,8 +38,7 @@ protected:
 
     void OpenForm()
     {
-        form = Open<frmRankCardPrinting>("frmRankCardPrinting");
-        ASSERT_NE(form, nullptr);
+        FormDriver::OpenForm("frmRankCardPrinting");
         exams = Find<CheckList>(form, "Lstexamnames");
         allExams = Find<QCheckBox>(form, "chkSelectExamName");
         classes = Find<DataCombo>(form, "cboClass");
@@ -51,17 +46,6 @@ protected:
         students = Find<CheckList>(form, "LstStudents");
         allStudents = Find<QCheckBox>(form, "chkSelectStudents");
         grid = Find<FlexGrid>(form, "msgDetails");
-    }
-
-    QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
-    QRadioButton* Option(const char* name) { return Find<QRadioButton>(form, name); }
-
-    /// Toggles an item with the blank key.
-    static void Tick(CheckList* list, int index)
-    {
-        list->setFocus();
-        list->setCurrentRow(index);
-        QTest::keyClick(list, Qt::Key_Space);
     }
 
     /// Chooses the next entry with the arrow key.
@@ -127,7 +111,6 @@ protected:
 
     std::unique_ptr<RankSchool> school;
     std::unique_ptr<RankCardSchool> cards;
-    frmRankCardPrinting* form = nullptr;
     CheckList* exams = nullptr;
     QCheckBox* allExams = nullptr;
     DataCombo* classes = nullptr;

@@ -1,22 +1,19 @@
 #pragma once
 
 #include "core/ui/controls/CheckList.h"
-#include "core/ui/controls/FlexGrid.h"
 #include "core/ui/OpenDocument.h"
 #include "ranks/frmRankCalculation.h"
 #include "ranks/RankSchool.h"
-#include "support/ScreenFixture.h"
+#include "support/FormDriver.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QPushButton>
-#include <QRadioButton>
 
 namespace tally::test {
 
 /// "Rank List Preparation" on a school whose rows a test lays down first.
-class RankScreen : public ScreenFixture
+class RankScreen : public FormDriver<frmRankCalculation>
 {
 protected:
     void SetUp() override
@@ -36,17 +33,13 @@ protected:
 
     void OpenForm()
     {
-        form = Open<frmRankCalculation>("frmRankCalculation");
-        ASSERT_NE(form, nullptr);
+        FormDriver::OpenForm("frmRankCalculation");
         exam = Find<QComboBox>(form, "Cboexamname");
         classes = Find<QComboBox>(form, "cboClass");
         divisions = Find<CheckList>(form, "Lstdivision");
         selectAll = Find<QCheckBox>(form, "chkSelectAll");
         grid = Find<FlexGrid>(form, "msgDisplayDetails");
     }
-
-    QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
-    QRadioButton* Option(const char* name) { return Find<QRadioButton>(form, name); }
 
     /// Chooses the exam and the class with the arrow keys.
     void ChooseExamAndClass()
@@ -65,12 +58,7 @@ protected:
     }
 
     /// Toggles a division with the blank key.
-    void Tick(int index)
-    {
-        divisions->setFocus();
-        divisions->setCurrentRow(index);
-        QTest::keyClick(divisions, Qt::Key_Space);
-    }
+    void Tick(int index) { FormDriver::Tick(divisions, index); }
 
     void OpenAndProceed()
     {
@@ -133,7 +121,6 @@ protected:
     }
 
     std::unique_ptr<RankSchool> school;
-    frmRankCalculation* form = nullptr;
     QComboBox* exam = nullptr;
     QComboBox* classes = nullptr;
     CheckList* divisions = nullptr;

@@ -2,7 +2,7 @@
 
 #include "core/ui/controls/DatePicker.h"
 #include "core/ui/ScreenRegistry.h"
-#include "support/ScreenFixture.h"
+#include "support/FormDriver.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -13,7 +13,7 @@
 namespace tally::test {
 namespace {
 
-class frmUtilOptionsTest : public ScreenFixture
+class frmUtilOptionsTest : public FormDriver<frmUtilOptions>
 {
 protected:
     void SetUp() override
@@ -23,18 +23,13 @@ protected:
         Session().gdtmApplicationDate = QDate(2024, 6, 10);
     }
 
-    void OpenOptions()
-    {
-        form = Open<frmUtilOptions>("frmUtilOptions");
-        ASSERT_NE(form, nullptr);
-    }
+    void OpenOptions() { OpenForm("frmUtilOptions"); }
     void GivenOptions()
     {
         Given("INSERT INTO Options VALUES ('N', 'Y', '2019-05-31', 'F', 'Y', 'Y')");
         Session().gcnnTemp->Execute(QStringLiteral("INSERT INTO Options VALUES ('Y', 4)"));
     }
     QCheckBox* Box(const char* name) { return Find<QCheckBox>(form, name); }
-    QPushButton* Button(const char* name) { return Find<QPushButton>(form, name); }
     QLabel* Limit() { return Find<QLabel>(form, "lblDateOfBirthSetting"); }
     QComboBox* Gender() { return Find<QComboBox>(form, "cboGender"); }
     DatePicker* Picker() { return Find<DatePicker>(form, "DTPDateOfBirthSetting"); }
@@ -52,13 +47,7 @@ protected:
         Box(name)->setFocus();
         QTest::keyClick(Box(name), Qt::Key_Space);
     }
-    void Save()
-    {
-        prompts.ExpectInformation(QStringLiteral("Settings Saved"));
-        Press(Button("cmdSave"));
-    }
-
-    frmUtilOptions* form = nullptr;
+    void Save() { FormDriver::Save(QStringLiteral("Settings Saved")); }
 };
 
 TEST_F(frmUtilOptionsTest, WithoutARowEverythingIsEmptyAndSaveIsOff)
