@@ -1,0 +1,189 @@
+// Where Tab and the letters of each screen lead. A clerk's fingers know these ways, so none changes by
+// chance.
+
+#include "core/ui/ScreenRegistry.h"
+#include "support/ScreenFixture.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+
+namespace tally::test {
+namespace {
+
+struct Ways
+{
+    const char* form;
+    const char* tab;     ///< the controls at which Tab stops while they are on, in its order
+    const char* letters; ///< each letter with its control
+    const char* chosen;  ///< the options and boxes that are on when the screen opens
+};
+
+constexpr Ways Known[] = {
+    {"AboutUs", "cmdClose", "C:cmdClose", ""},
+    {"frmMasAcademicYearChange", "txtAcademicYearFrom cmdSave cmdCancel cmdExit",
+     "C:cmdCancel F:txtAcademicYearFrom S:cmdSave X:cmdExit", ""},
+    {"frmMasAcademicYearSetup",
+     "dgdDetails txtAcademicYearFrom cbostatus cmdOpenSchoolSetup cmdNew cmdEdit cmdDelete cmdSave cmdCancel "
+     "cmdExit",
+     "A:cmdOpenSchoolSetup C:cmdCancel D:cmdDelete E:cmdEdit F:txtAcademicYearFrom N:cmdNew S:cmdSave "
+     "V:cbostatus X:cmdExit",
+     ""},
+    {"frmMasBloodGroupMaster",
+     "txtSearchBloodGroupName dgdDetails txtBloodGroupName cmdNew cmdEdit cmdDelete cmdSave cmdCancel "
+     "cmdExit",
+     "B:txtSearchBloodGroupName C:cmdCancel D:cmdDelete E:cmdEdit G:txtBloodGroupName N:cmdNew S:cmdSave "
+     "X:cmdExit",
+     ""},
+    {"frmMasCityMaster",
+     "txtSearchCityName dgdDetails dbcStateName txtCityName cmdNew cmdEdit cmdDelete cmdSave cmdCancel "
+     "cmdExit",
+     "A:cmdAddStateName C:cmdCancel D:cmdDelete E:cmdEdit I:txtCityName M:dbcStateName N:cmdNew S:cmdSave "
+     "T:txtSearchCityName X:cmdExit",
+     ""},
+    {"frmMasClassSectionEntry",
+     "cmdClose msgClassDetails txtClassName txtNoOfDivisions txtClassOrder msgDivisionDetails "
+     "txtDivisionName txtDeleteSlNo cmdDeleteRow cmdNew cmdEdit cmdSave cmdCancel cmdExit",
+     "C:cmdCancel D:cmdDeleteRow E:cmdEdit L:cmdClose N:cmdNew O:txtDeleteSlNo S:cmdSave X:cmdExit", ""},
+    {"frmMasSchoolSetup",
+     "txtSchoolName txtAddress1 txtAddress2 dbcStateName dbcCity txtPincode cboAcademicYearCodeStartMonth "
+     "cmdNew cmdEdit cmdSave cmdCancel cmdExit",
+     "A:txtAddress1 C:cmdCancel D:cmdAddStateName E:cmdEdit H:cboAcademicYearCodeStartMonth I:dbcCity "
+     "M:txtSchoolName N:cmdNew P:txtPincode R:txtAddress2 S:cmdSave T:dbcStateName X:cmdExit Y:cmdAddCity",
+     ""},
+    {"frmMasStateMaster",
+     "txtSearchStateName dgdDetails txtStateName cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
+     "C:cmdCancel D:cmdDelete E:cmdEdit M:txtStateName N:cmdNew S:cmdSave T:txtSearchStateName X:cmdExit",
+     ""},
+    {"frmRankCalculation",
+     "Cboexamname cboClass chkRankSkipping Optsubjectdisplayno Optsubjectdisplayyes chkSelectAll Lstdivision "
+     "cmdUpdate msgDisplayDetails optRankOrder optGradeOrder optAdmissionNoOrder optAlphabeticalOrder "
+     "cmdView cmdSave cmdExport cmdTotalDetails cmdCancel cmdExit msgGrade cmdClose",
+     "C:cmdCancel D:Lstdivision E:cmdExport K:cmdUpdate L:cboClass N:Cboexamname S:cmdSave X:cmdExit",
+     "Optsubjectdisplayno optRankOrder"},
+    {"frmRankCardPrinting",
+     "chkSelectExamName Lstexamnames cboClass cboDivision chkSelectStudents LstStudents Optsubjectdisplayno "
+     "Optsubjectdisplayyes cmdView msgDetails cmdExport cmdCancel cmdExit txtmarkobtained cmdPrint",
+     "C:cmdCancel D:cboDivision E:cmdExport K:cmdView L:cboClass N:Lstexamnames P:cmdPrint S:LstStudents "
+     "X:cmdExit",
+     "Optsubjectdisplayno"},
+    {"frmSalutationMaster",
+     "txtSearchSalutationName dgdDetails txtSalutationName cmdNew cmdEdit cmdDelete cmdSave cmdCancel "
+     "cmdExit",
+     "C:cmdCancel D:cmdDelete E:cmdEdit M:txtSalutationName N:cmdNew S:cmdSave T:txtSearchSalutationName "
+     "X:cmdExit",
+     ""},
+    {"frmSubjectMaster",
+     "txtSubjectNameSearch dgdDetails txtSubjectName txtSubjectShort cmdNew cmdEdit cmdDelete cmdSave "
+     "cmdCancel cmdExit",
+     "C:cmdCancel D:cmdDelete E:cmdEdit H:txtSubjectShort M:txtSubjectName N:cmdNew S:cmdSave "
+     "T:txtSubjectNameSearch X:cmdExit",
+     ""},
+    {"frmTeacherMaster",
+     "cboPrefix txtTeacherName txtTeacherShortName txtFHName dtpDOB optMarried optSingle dtpWedding "
+     "dtpJoining txtQualification dbcBloodGroup txtAddress1 txtAddress2 dbcStateName dbcCityName txtPincode "
+     "txtTelephone cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdSearch cmdExit",
+     "1:txtAddress1 2:txtAddress2 A:txtTeacherName Alt+Shift+B:cmdAddBloodGroup Alt+Shift+C:cmdAddCity "
+     "Alt+Shift+S:cmdAddStateName B:dtpDOB C:cmdCancel D:cmdDelete E:cmdEdit F:txtFHName G:dbcBloodGroup "
+     "H:txtTeacherShortName I:optMarried J:dtpJoining L:txtTelephone N:cmdNew P:txtPincode "
+     "Q:txtQualification R:cmdSearch S:cmdSave T:dbcStateName U:cboPrefix W:dtpWedding X:cmdExit "
+     "Y:dbcCityName",
+     "optSingle"},
+    {"frmTeacherSearch", "txtTeacherName txtCity cmdSearch cmdCancel dgdDetails cmdExit",
+     "C:cmdCancel S:cmdSearch T:txtTeacherName X:cmdExit Y:txtCity", ""},
+    {"frmUtilApplicationDateChange", "dtpApplicationDate cmdSave cmdCancel cmdExit",
+     "A:dtpApplicationDate C:cmdCancel S:cmdSave X:cmdExit", ""},
+    {"frmUtilApplicationDateSetup", "cmdAddOneDay cmdDeleteLastDay cmdExit", "X:cmdExit", ""},
+    {"frmUtilOptions",
+     "chkPrompt chkAutoGen DTPDateOfBirthSetting lblDateOfBirthSetting cboGender chkFractionMarks "
+     "chkRoundedMarks cmdSave cmdCancel cmdExit",
+     "C:cmdCancel S:cmdSave X:cmdExit", ""},
+    {"frmUtilUserMaster",
+     "txtSearchUserName dgdDetails txtName cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
+     "C:cmdCancel D:cmdDelete E:cmdEdit M:txtName N:cmdNew S:cmdSave U:txtSearchUserName X:cmdExit", ""},
+    {"frmexammarkentry",
+     "dbcExam cboClass cboDivision Optsubject Optstudent dbcSubject dbcStudent msgDetails txtmarkobtained "
+     "cboPresentAbsent txtpresentorabsent cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
+     "Alt+Shift+E:cmdAddExam C:cmdCancel D:cmdDelete E:cmdEdit L:cboClass M:dbcExam N:cmdNew S:cmdSave "
+     "V:cboDivision X:cmdExit",
+     "Optsubject"},
+    {"frmexamnamemaster",
+     "txtExamNameSearch dgdDetails txtExamName txtExamOrder cmdNew cmdEdit cmdDelete cmdSave cmdCancel "
+     "cmdExit",
+     "A:txtExamNameSearch C:cmdCancel D:cmdDelete E:cmdEdit M:txtExamName N:cmdNew R:txtExamOrder S:cmdSave "
+     "X:cmdExit",
+     ""},
+};
+
+QString NameOf(const QWidget* control)
+{
+    const QString name = control->objectName();
+    return name.isEmpty() ? NameOf(control->parentWidget()) : name;
+}
+
+QString TabOf(const Screen& screen)
+{
+    QStringList names;
+    const QWidget* control = screen.nextInFocusChain();
+    for (; control != &screen; control = control->nextInFocusChain())
+        if (screen.isAncestorOf(control) && (control->focusPolicy() & Qt::TabFocus) != 0 &&
+            !control->focusProxy() && !control->parentWidget()->inherits("QTabBar") &&
+            !names.contains(NameOf(control)))
+            names.append(NameOf(control));
+    return names.join(QLatin1Char(' '));
+}
+
+QString LettersOf(const Screen& screen)
+{
+    QStringList letters;
+    const auto add = [&letters](const QString& text, const QWidget* control) {
+        const QString letter = QKeySequence::mnemonic(text).toString();
+        if (!letter.isEmpty())
+            letters.append(letter.back() + QLatin1Char(':') + NameOf(control));
+    };
+    for (const auto* label : screen.findChildren<QLabel*>())
+        if (label->buddy())
+            add(label->text(), label->buddy());
+    for (const auto* button : screen.findChildren<QAbstractButton*>()) {
+        add(button->text(), button);
+        const QKeySequence shortcut = button->shortcut();
+        if (!shortcut.isEmpty() && shortcut != QKeySequence::mnemonic(button->text()))
+            letters.append(shortcut.toString() + QLatin1Char(':') + NameOf(button));
+    }
+    letters.sort();
+    return letters.join(QLatin1Char(' '));
+}
+
+QString ChosenOf(const Screen& screen)
+{
+    QStringList names;
+    for (const auto* button : screen.findChildren<QAbstractButton*>())
+        if (button->isChecked())
+            names.append(NameOf(button));
+    names.sort();
+    return names.join(QLatin1Char(' '));
+}
+
+class KeyboardTest : public ScreenFixture
+{};
+
+TEST_F(KeyboardTest, TabLettersAndPresetOptionsOfEachScreenAreThoseThatTheOfficeKnows)
+{
+    QStringList known;
+    for (const Ways& ways : Known) {
+        SCOPED_TRACE(ways.form);
+        known.append(QString::fromLatin1(ways.form));
+        const Screen* screen = OpenScreen(known.constLast());
+        ASSERT_NE(screen, nullptr);
+        EXPECT_EQ(TabOf(*screen).toStdString(), ways.tab);
+        EXPECT_EQ(LettersOf(*screen).toStdString(), ways.letters);
+        EXPECT_EQ(ChosenOf(*screen).toStdString(), ways.chosen);
+        delete screen->parentWidget();
+        Settle();
+    }
+    QStringList registered = ScreenRegistry::Names();
+    registered.sort();
+    EXPECT_EQ(known.join(QLatin1Char(' ')).toStdString(), registered.join(QLatin1Char(' ')).toStdString());
+}
+
+} // namespace
+} // namespace tally::test
