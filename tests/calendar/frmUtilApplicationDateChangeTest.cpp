@@ -80,6 +80,21 @@ TEST_F(ApplicationDateChange, AnEarlierDayWithinTheLimitBecomesTheSessionsDateOn
     EXPECT_EQ(Panel(3), "Application Date : 25/Jun/2007");
 }
 
+TEST_F(ApplicationDateChange, TheRangeIsThatOfTheRightsTheLimitThatOfTheUserAtWork)
+{
+    GivenUser(5, QStringLiteral("head"), QStringLiteral("secret"));
+    Given("UPDATE UserPrivilegeMaster SET Days = 4 WHERE UserCode = 5");
+    OpenForm(6);
+    form->Unload();
+    Settle();
+    Session().gintUserCode = 5;
+    form = Open<frmUtilApplicationDateChange>("frmUtilApplicationDateChange");
+    ExpectRange("19/Jun/2007", "25/Jun/2007");
+    Pick(QDate(2007, 6, 21));
+    EXPECT_TRUE(IsOn(form, "cmdSave"));
+    ExpectRefused(QDate(2007, 6, 20));
+}
+
 TEST_F(ApplicationDateChange, TheLimitIsCountedInDays)
 {
     OpenForm(5);
