@@ -24,11 +24,11 @@ bool IsFreeName(const QString& path);
 void RemoveOwnFolder(const QString& folder, const QStringList& files);
 /// Waits until all that was written to the open `file` lies on the disk, where no power cut takes it. False
 /// when it could not be written there.
-bool BringToDisk(QFile& file);
+[[nodiscard]] bool BringToDisk(QFile& file);
 /// Gives `file` the name `path` within its own file system. False, and `file` keeps its name, when that name
 /// is taken, or the moment another program takes it: no file is ever replaced. The new name is brought to the
 /// disk too, where the file system does so.
-bool MoveToFreeName(const QString& file, const QString& path);
+[[nodiscard]] bool MoveToFreeName(const QString& file, const QString& path);
 /// The ways in which MoveToFreeName does so, the safest first. Not every file system knows every one.
 using MoveWay = std::error_code (*)(const std::filesystem::path& from, const std::filesystem::path& to);
 const std::array<MoveWay, 3>& MoveWays();

@@ -34,7 +34,7 @@ int GetNextCode(const QString& column, const QString& table, int year);
 /// Whether the user has the right on form `formName`. Before the first login was created everything is
 /// allowed. On a refusal the text for the user is in gstrPrivilegeMessage; for Right::Open, which has none,
 /// the text of the refusal before stays.
-bool CheckPrivilege(const QString& formName, Right right);
+[[nodiscard]] bool CheckPrivilege(const QString& formName, Right right);
 
 /// How dates are shown everywhere: "05/Jun/2024"; empty for no date.
 QString ShownDate(const QDate& date);

@@ -56,7 +56,7 @@ public:
     void Clear();
     /// Takes over what the database holds, the classes in their order. False when they are more than the grid
     /// can hold: the first ones are there then, without any division.
-    bool Load(const std::vector<ClassRecord>& classes, std::vector<ClassDivision> divisions);
+    [[nodiscard]] bool Load(const std::vector<ClassRecord>& classes, std::vector<ClassDivision> divisions);
     /// The first row as it stands before anything was entered: serial number 1, class code 1.
     void StartFirstRow();
 

@@ -27,7 +27,7 @@ public:
 
     /// Shows a stored teacher, ready for Edit or Delete. False when that failed or the teacher has
     /// gone; the user has been told.
-    bool LoadData(int TeacherCode);
+    [[nodiscard]] bool LoadData(int TeacherCode);
 
 protected:
     void cmdCancel_Click() override;

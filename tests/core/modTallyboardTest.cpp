@@ -118,7 +118,7 @@ TEST_F(modTallyboardTest, EachRefusalHasItsText)
 TEST_F(modTallyboardTest, TheRightToOpenHasNoTextAndLeavesThatOfTheRefusalBefore)
 {
     GivenLogin();
-    CheckPrivilege(QStringLiteral("frmAny"), Right::Delete);
+    EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmAny"), Right::Delete));
     EXPECT_FALSE(CheckPrivilege(QStringLiteral("frmAny"), Right::Open));
     EXPECT_EQ(Session().gstrPrivilegeMessage.toStdString(), "You Have No Privilege To Delete");
 }

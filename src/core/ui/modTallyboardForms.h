@@ -21,7 +21,7 @@ void FocusActiveScreen();
 /// After a screen closed: the main picture when no other one is open, else the plain picture.
 void ShowBackground();
 /// Asks "Do You Want To Exit {caption} ?" where the office wants to be asked; else true at once.
-bool ConfirmExit(const QString& caption);
+[[nodiscard]] bool ConfirmExit(const QString& caption);
 /// Puts a form into the middle of `parent`'s inner area; of the main window's when `parent` is null.
 void CenterForm(QWidget* form, QWidget* parent = nullptr);
 
@@ -46,7 +46,7 @@ void SelectAllText(QLineEdit* control);
 /// Says what is wrong and takes the user to the field. Always false: there is nothing to go on with.
 bool Refuse(const QString& text, QWidget* field);
 /// True when something stands in the field; else refuses it with `text`. Blanks are nothing.
-bool RequireText(const QString& text, QLineEdit* field);
+[[nodiscard]] bool RequireText(const QString& text, QLineEdit* field);
 /// Cuts the last character when there are more than `decimals` behind the point; tells the user and gives
 /// true when the number is above `limit`.
 bool CheckMarkLimit(QLineEdit* control, int decimals, double limit, const QString& label);
