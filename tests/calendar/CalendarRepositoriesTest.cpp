@@ -1,6 +1,7 @@
 #include "calendar/AcademicYearRepository.h"
 #include "calendar/ApplicationDateRepository.h"
 #include "store/StoreError.h"
+#include "support/Neighbours.h"
 #include "support/TestStore.h"
 
 #include <gtest/gtest.h>
@@ -23,6 +24,14 @@ protected:
     {
         store::Transaction transaction(main);
         ApplicationDateRepository::Insert(transaction, day, 3);
+        transaction.Commit();
+    }
+
+    template <typename Work>
+    void Write(Work work)
+    {
+        store::Transaction transaction(main);
+        work(transaction);
         transaction.Commit();
     }
 
@@ -81,6 +90,7 @@ TEST_F(CalendarRepositories, AYearIsFoundByBothItsEndsAndOpenAtFirst)
     EXPECT_EQ(found->year.toDate, QDate(2008, 5, 31));
     EXPECT_FALSE(found->processed);
     EXPECT_FALSE(years.Find(2007, 2007));
+    EXPECT_FALSE(years.Find(2006, 2008));
     main.Execute(QStringLiteral("UPDATE AcademicYearSetup SET Processed = 'Y' WHERE AcademicYearCode = 1"));
     EXPECT_TRUE(years.Find(2007, 2008)->processed);
 }
@@ -92,15 +102,46 @@ TEST_F(CalendarRepositories, TheStartMonthIsTheSchools)
     EXPECT_EQ(years.StartMonth(), 6);
 }
 
+TEST_F(CalendarRepositories, AYearIsActivatedAndDeletedAlone)
+{
+    Add(1, 2007, true);
+    Add(2, 2008, false);
+    Add(3, 2009, false);
+    const AllRows before(main);
+    const AllRows::Row second{{QStringLiteral("AcademicYearCode"), QStringLiteral("2")}};
+    Write([](auto& transaction) { AcademicYearRepository::UpdateStatus(transaction, 2, true); });
+    EXPECT_EQ(years.List().rows.at(1).last().toStdString(), "YES");
+    before.ExpectTouchedOnly(main, "AcademicYearSetup", second);
+    Write([](auto& transaction) { AcademicYearRepository::Delete(transaction, 2); });
+    EXPECT_EQ(years.Count(), 2);
+    before.ExpectTouchedOnly(main, "AcademicYearSetup", second);
+}
+
 TEST_F(CalendarRepositories, WorkingDaysAreCountedWithinTheirBounds)
 {
     for (const int day : {1, 2, 30})
         AddDay(QDate(2024, 6, day));
     EXPECT_EQ(days.Count(QDate(2024, 6, 2), QDate(2024, 6, 30)), 2);
+    EXPECT_EQ(days.Count(QDate(2024, 6, 1), QDate(2024, 6, 2)), 2);
     EXPECT_EQ(days.Last(QDate(2024, 6, 1), QDate(2024, 6, 29)), QDate(2024, 6, 2));
     EXPECT_FALSE(days.Last(QDate(2024, 7, 1), QDate(2024, 7, 31)).isValid());
     EXPECT_TRUE(days.IsWorkingDay(QDate(2024, 6, 30)));
     EXPECT_FALSE(days.IsWorkingDay(QDate(2024, 6, 3)));
+}
+
+TEST_F(CalendarRepositories, WorkingDaysAreDeletedOneByOneAndWithinTheirBounds)
+{
+    for (const int day : {1, 2, 3, 29, 30})
+        AddDay(QDate(2024, 6, day));
+    Write([](auto& transaction) { ApplicationDateRepository::Delete(transaction, QDate(2024, 6, 2)); });
+    EXPECT_EQ(days.Count(QDate(2024, 6, 1), QDate(2024, 6, 30)), 4);
+    EXPECT_FALSE(days.IsWorkingDay(QDate(2024, 6, 2)));
+    Write([](auto& transaction) {
+        ApplicationDateRepository::DeleteBetween(transaction, QDate(2024, 6, 3), QDate(2024, 6, 29));
+    });
+    EXPECT_EQ(days.Count(QDate(2024, 6, 1), QDate(2024, 6, 30)), 2);
+    EXPECT_TRUE(days.IsWorkingDay(QDate(2024, 6, 1)));
+    EXPECT_TRUE(days.IsWorkingDay(QDate(2024, 6, 30)));
 }
 
 TEST_F(CalendarRepositories, ADayCanNotBeAddedTwice)
@@ -116,6 +157,9 @@ TEST_F(CalendarRepositories, ADayCanNotBeAddedTwice)
 
 TEST_F(CalendarRepositories, AUserWithoutALoginHasNoDays)
 {
+    main.Execute(QStringLiteral("INSERT INTO UserMaster VALUES (3, 'Clerk', 0)"));
+    main.Execute(QStringLiteral("INSERT INTO UserPrivilegeMaster VALUES (3, 'clerk', 'pw', 'N', 0, 7)"));
+    EXPECT_EQ(days.DaysOf(3), 7);
     EXPECT_EQ(days.DaysOf(4), 0);
 }
 

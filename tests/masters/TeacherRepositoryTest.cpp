@@ -1,6 +1,7 @@
 #include "masters/TeacherRepository.h"
 
 #include "store/StoreError.h"
+#include "support/Neighbours.h"
 #include "support/TestStore.h"
 
 #include <gtest/gtest.h>
@@ -116,8 +117,22 @@ TEST_F(TeacherRepositoryTest, NamesDifferByCaseButShortNamesDoNot)
     EXPECT_TRUE(teachers.NameTaken(QStringLiteral("Asha"), 0));
     EXPECT_FALSE(teachers.NameTaken(QStringLiteral("ASHA"), 0));
     EXPECT_FALSE(teachers.NameTaken(QStringLiteral("Asha"), 1));
+    EXPECT_FALSE(teachers.NameTaken(QStringLiteral("Binu"), 0));
     EXPECT_TRUE(teachers.ShortNameTaken(QStringLiteral("ash"), 0));
     EXPECT_FALSE(teachers.ShortNameTaken(QStringLiteral("ash"), 1));
+    EXPECT_FALSE(teachers.ShortNameTaken(QStringLiteral("BIN"), 0));
+}
+
+TEST_F(TeacherRepositoryTest, TheRowForNoTeacherIsNeitherFoundNorHasItsNamesTaken)
+{
+    Insert(1, Named("Asha", "ASH", 1));
+    Run("UPDATE TeacherMaster SET TeacherName = 'Aban', TeacherShortName = 'ABA', CityCode = 1 WHERE "
+        "TeacherCode = 0");
+    EXPECT_FALSE(teachers.NameTaken(QStringLiteral("Aban"), 1));
+    EXPECT_FALSE(teachers.ShortNameTaken(QStringLiteral("ABA"), 1));
+    for (const auto& [name, city] :
+         {std::pair{"", ""}, std::pair{"a", ""}, std::pair{"", "koch"}, std::pair{"a", "koch"}})
+        EXPECT_EQ(FoundNames(name, city), QStringList{QStringLiteral("Asha")}) << name << '/' << city;
 }
 
 TEST_F(TeacherRepositoryTest, AShortNameWithLettersOfOtherLanguagesIsTakenToo)
@@ -145,23 +160,43 @@ TEST_F(TeacherRepositoryTest, SearchFindsLettersOfOtherLanguagesAsTheyWereEntere
     EXPECT_EQ(found(QStringLiteral("Zoe"), {}), 0U);
 }
 
-TEST_F(TeacherRepositoryTest, BloodGroupsBeginBlankAndSalutationsDoNot)
+TEST_F(TeacherRepositoryTest, BloodGroupsBeginBlankAndSalutationsDoNotAndBothStandByName)
 {
-    EXPECT_EQ(teachers.BloodGroups(), (CodedTexts{{0, QStringLiteral(" ")}, {1, QStringLiteral("O+")}}));
-    EXPECT_EQ(teachers.Salutations(), (CodedTexts{{1, QStringLiteral("Mrs")}}));
+    Run("INSERT INTO BloodGroupMaster VALUES (2, 'A+', 1)");
+    Run("INSERT INTO SalutationMaster VALUES (2, 'Mr', 1)");
+    EXPECT_EQ(teachers.BloodGroups(),
+              (CodedTexts{{0, QStringLiteral(" ")}, {2, QStringLiteral("A+")}, {1, QStringLiteral("O+")}}));
+    EXPECT_EQ(teachers.Salutations(), (CodedTexts{{2, QStringLiteral("Mr")}, {1, QStringLiteral("Mrs")}}));
 }
 
-TEST_F(TeacherRepositoryTest, SearchFindsPartsOfNameAndCityWhateverTheCase)
+TEST_F(TeacherRepositoryTest, SearchFindsPartsOfNameAndCityWhateverTheCaseInTheOrderOfTheNames)
 {
+    const auto found = [this](const char* name, const char* city) {
+        return FoundNames(name, city).join(QLatin1Char(' ')).toStdString();
+    };
     Insert(1, Named("Chandra", "CHA", 1));
     Insert(2, Named("Asha", "ASH", 2));
     Insert(3, Named("Binu", "BIN"));
-    EXPECT_EQ(FoundNames("", ""),
-              (QStringList{QStringLiteral("Asha"), QStringLiteral("Binu"), QStringLiteral("Chandra")}));
-    EXPECT_EQ(FoundNames("HA", ""), (QStringList{QStringLiteral("Asha"), QStringLiteral("Chandra")}));
-    EXPECT_EQ(FoundNames("", "koch"), QStringList{QStringLiteral("Chandra")});
-    EXPECT_EQ(FoundNames("a", "panaji"), QStringList{QStringLiteral("Asha")});
-    EXPECT_TRUE(FoundNames("binu", "kochi").isEmpty());
+    Insert(4, Named("Bhama", "BHA", 1));
+    EXPECT_EQ(found("", ""), "Asha Bhama Binu Chandra");
+    EXPECT_EQ(found("HA", ""), "Asha Bhama Chandra");
+    EXPECT_EQ(found("", "koch"), "Bhama Chandra");
+    EXPECT_EQ(found("a", "panaji"), "Asha");
+    EXPECT_EQ(found("ha", "kochi"), "Bhama Chandra");
+    EXPECT_EQ(found("binu", "kochi"), "");
+}
+
+TEST_F(TeacherRepositoryTest, SearchShowsTheTeachersOwnCityAndState)
+{
+    Teacher teacher = Named("Asha", "ASH", 2);
+    teacher.telephone = QStringLiteral("0832");
+    Insert(1, teacher);
+    for (const auto& [name, city] :
+         {std::pair{"", ""}, std::pair{"asha", ""}, std::pair{"", "panaji"}, std::pair{"asha", "panaji"}}) {
+        const GridResult found = teachers.Search(QString::fromLatin1(name), QString::fromLatin1(city));
+        ASSERT_EQ(found.rows.size(), 1U) << name << '/' << city;
+        EXPECT_EQ(found.rows.front().join(QLatin1Char('|')).toStdString(), "Asha|ASH|Goa|Panaji|0832|1");
+    }
 }
 
 TEST_F(TeacherRepositoryTest, ATeacherWithoutACityIsFoundWithBlankCityAndState)
@@ -172,6 +207,58 @@ TEST_F(TeacherRepositoryTest, ATeacherWithoutACityIsFoundWithBlankCityAndState)
               "Teacher Name|Short Name|State Name|City Name|Telephone|TeacherCode");
     ASSERT_EQ(found.rows.size(), 1U);
     EXPECT_EQ(found.rows.front().join(QLatin1Char('|')).toStdString(), "Binu|BIN||||3");
+}
+
+TEST_F(TeacherRepositoryTest, AnUpdateStoresEachValueOfItsOwnTeacherAlone)
+{
+    Run("INSERT INTO SalutationMaster VALUES (2, 'Mr', 1)");
+    Insert(1, Named("Asha", "ASH", 1));
+    Insert(2, Named("Binu", "BIN", 1));
+    const AllRows before(main);
+    {
+        store::Transaction transaction(main);
+        TeacherRepository::Update(transaction, 1,
+                                  {.salutationCode = 2,
+                                   .name = QStringLiteral("Asha Rani"),
+                                   .shortName = QStringLiteral("ARA"),
+                                   .dateOfBirth = Birth,
+                                   .married = true,
+                                   .weddingDate = QDate(2004, 2, 29),
+                                   .joiningDate = QDate(2010, 6, 1),
+                                   .fatherOrSpouse = QStringLiteral("Babu"),
+                                   .address1 = QStringLiteral("House"),
+                                   .address2 = QStringLiteral("Street"),
+                                   .cityCode = 3,
+                                   .pinCode = QStringLiteral("683101"),
+                                   .telephone = QStringLiteral("0484"),
+                                   .bloodGroupCode = 1,
+                                   .qualification = QStringLiteral("B.Ed")},
+                                  9);
+        transaction.Commit();
+    }
+    before.ExpectTouchedOnly(main, "TeacherMaster", {{QStringLiteral("TeacherCode"), QStringLiteral("1")}});
+    auto row = main.Query(QStringLiteral("SELECT * FROM TeacherMaster WHERE TeacherCode = 1"));
+    ASSERT_TRUE(row.Next());
+    QStringList values;
+    for (int column = 0; column < row.ColumnCount(); ++column)
+        values.append(row.Text(column));
+    EXPECT_EQ(
+        values.join(QLatin1Char('|')).toStdString(),
+        "1|2|Asha Rani|ARA|1980-05-06|M|2004-02-29|2010-06-01|Babu|House|Street|3|683101|0484|1|B.Ed|9");
+}
+
+TEST_F(TeacherRepositoryTest, ADeleteTakesItsOwnTeacher)
+{
+    Insert(1, Named("Asha", "ASH"));
+    Insert(2, Named("Binu", "BIN"));
+    const AllRows before(main);
+    {
+        store::Transaction transaction(main);
+        TeacherRepository::Delete(transaction, 1);
+        transaction.Commit();
+    }
+    before.ExpectTouchedOnly(main, "TeacherMaster", {{QStringLiteral("TeacherCode"), QStringLiteral("1")}});
+    EXPECT_FALSE(teachers.Find(1));
 }
 
 TEST_F(TeacherRepositoryTest, AnUpdateOfATeacherWhoHasGoneSaysSo)
