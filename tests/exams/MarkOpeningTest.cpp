@@ -241,6 +241,7 @@ TEST_F(MarkOpeningOfThree, AnotherProgramInFrontIsNoReturnFromTheExamMaster)
     StartSubject(QStringLiteral("English"));
     Press(Button("cmdAddExam"));
     window->Area()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(form->parentWidget()));
+    Settle();
     Click(2, 2);
     ASSERT_EQ(Focus(), "txtmarkobtained");
     QApplication::setActiveWindow(nullptr);

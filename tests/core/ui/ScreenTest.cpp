@@ -59,7 +59,7 @@ protected:
         screen.cancels = screen.refills = 0;
     }
 
-    States screen;
+    States& screen = *new States; ///< deleted with all windows that a test leaves
     const QString gone = QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data.");
     const QString inUse =
         QStringLiteral("This Data Is Already Used By Other Screen(s).\nYou Cannot Delete This Data.");
