@@ -5,6 +5,9 @@
 #include "calendar/frmUtilApplicationDateChange.h"
 #include "calendar/frmUtilApplicationDateSetup.h"
 #include "core/shell/AboutUs.h"
+#include "core/shell/frmStartLock.h"
+#include "core/shell/mdiTallyboard.h"
+#include "core/shell/MenuCommands.h"
 #include "core/ui/ScreenRegistry.h"
 #include "exams/frmexammarkentry.h"
 #include "masters/frmMasClassSectionEntry.h"
@@ -56,6 +59,10 @@ void RegisterScreens()
     Register<frmTeacherMaster>("frmTeacherMaster");
     Register<frmTeacherSearch>("frmTeacherSearch");
     Register<frmUtilOptions>("frmUtilOptions");
+
+    // The menus in which these stand are the window's own.
+    MenuCommands::Register(QStringLiteral("Lock"), [] { frmStartLock::Lock(mdiTallyboard::Instance()); });
+    MenuCommands::Register(QStringLiteral("Close"), [] { mdiTallyboard::Instance()->mnuClose_Click(); });
 }
 
 } // namespace tally

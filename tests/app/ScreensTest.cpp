@@ -1,3 +1,4 @@
+#include "core/shell/MenuCommands.h"
 #include "core/shell/MenuTree.h"
 #include "core/ui/ScreenRegistry.h"
 
@@ -22,6 +23,25 @@ TEST(ScreensTest, EveryScreenOfTheProgramIsReachableFromTheMenus)
         "frmMasAcademicYearSetup frmMasAcademicYearChange frmexammarkentry frmRankCalculation "
         "frmRankCardPrinting frmUtilApplicationDateSetup "
         "frmUtilApplicationDateChange frmUtilUserMaster frmUtilOptions AboutUs");
+}
+
+TEST(ScreensTest, EveryCommandOfTheProgramHasAMenuEntryAndNoEntryTakesOneForTheOther)
+{
+    QStringList entries;
+    for (const MenuDefinition& line : MenuDefinitions()) {
+        const QString opens = QString::fromLatin1(line.opens);
+        if (line.kind == MenuKind::Command)
+            entries.append(opens);
+        EXPECT_EQ(opens.isEmpty(), line.kind == MenuKind::Group || line.kind == MenuKind::Separator);
+        EXPECT_FALSE(line.kind == MenuKind::Command && ScreenRegistry::Knows(opens)) << line.name;
+        EXPECT_FALSE(line.kind == MenuKind::Screen && MenuCommands::Knows(opens)) << line.name;
+    }
+    EXPECT_EQ(entries.join(QLatin1Char(' ')).toStdString(), "frmCompactDatabase Lock Close");
+    const QStringList commands = MenuCommands::Names();
+    for (const QString& command : commands)
+        EXPECT_TRUE(entries.contains(command)) << command.toStdString();
+    for (const char* own : {"Lock", "Close"})
+        EXPECT_TRUE(commands.contains(QString::fromLatin1(own))) << own;
 }
 
 TEST(ScreensTest, PicturesAreEmbeddedInTheSizesOfTheirScreens)

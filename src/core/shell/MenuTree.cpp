@@ -1,5 +1,6 @@
 #include "core/shell/MenuTree.h"
 
+#include "core/shell/MenuCommands.h"
 #include "core/ui/ScreenRegistry.h"
 
 #include <QAction>
@@ -16,7 +17,8 @@ namespace tally {
 namespace {
 
 constexpr MenuKind Group = MenuKind::Group;
-constexpr MenuKind Entry = MenuKind::Entry;
+constexpr MenuKind Entry = MenuKind::Screen;
+constexpr MenuKind Command = MenuKind::Command;
 constexpr MenuKind Line = MenuKind::Separator;
 constexpr bool On = true;
 constexpr bool Off = false;
@@ -76,15 +78,15 @@ constexpr std::array Tree{
     MenuDefinition{"mnufrmUtilUserPrivileges", "User Privileges", Entry, "mnuToolsMenu", Off, "frmUtilUserPrivileges"},
     MenuDefinition{"mnuSep5", "", Line, "mnuToolsMenu", Off, ""},
     MenuDefinition{"mnufrmUtilBackupRestore", "Database Backup / Database Restore", Entry, "mnuToolsMenu", Off, "frmUtilBackupRestore"},
-    MenuDefinition{"mnufrmCompactDatabase", "Compress Database Size", Entry, "mnuToolsMenu", Off, "frmCompactDatabase"},
+    MenuDefinition{"mnufrmCompactDatabase", "Compress Database Size", Command, "mnuToolsMenu", Off, "frmCompactDatabase"},
     MenuDefinition{"mnufrmUtilOptions", "Options", Entry, "mnuToolsMenu", Off, "frmUtilOptions"},
 
     MenuDefinition{"mnuHelp", "     Help     ", Group, "", On, ""},
     MenuDefinition{"mnuTallyboardHelp", "Tally Board Help", Entry, "mnuHelp", On, "frmHelp"},
     MenuDefinition{"frmAboutUs", " About Us     ", Entry, "mnuHelp", On, "AboutUs"},
 
-    MenuDefinition{"mnuLock", "    Loc&k", Entry, "", On, ""},
-    MenuDefinition{"mnuClose", "     Cl&ose     ", Entry, "", On, ""},
+    MenuDefinition{"mnuLock", "    Loc&k", Command, "", On, "Lock"},
+    MenuDefinition{"mnuClose", "     Cl&ose     ", Command, "", On, "Close"},
 };
 // clang-format on
 
@@ -140,6 +142,18 @@ private:
     QMenu* menu_;
 };
 
+bool LeadsSomewhere(const MenuDefinition& line)
+{
+    const QString opens = QString::fromLatin1(line.opens);
+    switch (line.kind) {
+    case MenuKind::Screen: return ScreenRegistry::Knows(opens);
+    case MenuKind::Command: return MenuCommands::Knows(opens);
+    case MenuKind::Group: return true;
+    case MenuKind::Separator: return false;
+    }
+    return false;
+}
+
 } // namespace
 
 std::span<const MenuDefinition> MenuDefinitions()
@@ -147,7 +161,8 @@ std::span<const MenuDefinition> MenuDefinitions()
     return Tree;
 }
 
-QHash<QString, QAction*> BuildMenus(QMenuBar* bar, const std::function<void(const QString& screen)>& open)
+QHash<QString, QAction*> BuildMenus(QMenuBar* bar,
+                                    const std::function<void(const MenuDefinition& entry)>& choose)
 {
     QHash<QString, QAction*> actions;
     for (const MenuDefinition& line : Tree) {
@@ -160,25 +175,26 @@ QHash<QString, QAction*> BuildMenus(QMenuBar* bar, const std::function<void(cons
             action = (group ? group->addMenu(caption) : bar->addMenu(caption))->menuAction();
             new MenuLetters(action->menu());
             break;
-        case MenuKind::Entry: action = group ? group->addAction(caption) : bar->addAction(caption); break;
+        case MenuKind::Screen:
+        case MenuKind::Command:
+            action = group ? group->addAction(caption) : bar->addAction(caption);
+            QObject::connect(action, &QAction::triggered, bar, [choose, &line] { choose(line); });
+            break;
         case MenuKind::Separator: action = group ? group->addSeparator() : bar->addSeparator(); break;
         }
-        const QString screen = QString::fromLatin1(line.opens);
         action->setObjectName(QString::fromLatin1(line.name));
-        action->setData(screen);
         if (line.kind != MenuKind::Separator)
-            action->setEnabled(line.startsOn && LeadsSomewhere(action));
-        if (!screen.isEmpty())
-            QObject::connect(action, &QAction::triggered, bar, [open, screen] { open(screen); });
+            action->setEnabled(line.startsOn && LeadsSomewhere(line));
         actions.insert(action->objectName(), action);
     }
     return actions;
 }
 
-bool LeadsSomewhere(const QAction* entry)
+bool LeadsSomewhere(const QString& name)
 {
-    const QString screen = entry->data().toString();
-    return screen.isEmpty() || ScreenRegistry::Knows(screen);
+    return std::any_of(Tree.begin(), Tree.end(), [&name](const MenuDefinition& line) {
+        return name == QLatin1String(line.name) && LeadsSomewhere(line);
+    });
 }
 
 } // namespace tally

@@ -5,7 +5,7 @@
 #include "core/ProcessEnd.h"
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
-#include "core/shell/frmStartLock.h"
+#include "core/shell/MenuCommands.h"
 #include "core/shell/MenuTree.h"
 #include "core/TempFolder.h"
 #include "core/Twips.h"
@@ -51,6 +51,18 @@ void ReadOptions()
     TakeOptionFlags(*options);
 }
 
+/// What waits for an open box would go on beside a screen or command that starts meanwhile.
+void Choose(const MenuDefinition& entry)
+{
+    if (Prompts::AreOpen())
+        return;
+    const QString opens = QString::fromLatin1(entry.opens);
+    if (entry.kind == MenuKind::Command)
+        MenuCommands::Run(opens);
+    else
+        ShowForm(opens);
+}
+
 /// While it lives, a statement on `connection` gives up at once when another client holds the file.
 class NoWaiting
 {
@@ -93,13 +105,7 @@ mdiTallyboard::mdiTallyboard() : ui_(std::make_unique<Ui::mdiTallyboard>()), tmr
     resize(screen()->availableSize());
     setWindowState(Qt::WindowMaximized);
 
-    menuItems_ = BuildMenus(ui_->MenuBar, [](const QString& screen) {
-        if (!Prompts::AreOpen())
-            ShowForm(screen);
-    });
-    connect(MenuItem(QStringLiteral("mnuLock")), &QAction::triggered, this,
-            [this] { frmStartLock::Lock(this); });
-    connect(MenuItem(QStringLiteral("mnuClose")), &QAction::triggered, this, &mdiTallyboard::mnuClose_Click);
+    menuItems_ = BuildMenus(ui_->MenuBar, &Choose);
     // On a new system the school, once entered and closed, makes way for its first year. Queued, since the
     // screen that closes is still on its way out.
     connect(
@@ -145,7 +151,7 @@ void mdiTallyboard::EnableMenuItem(const QString& name, bool enabled)
     QAction* item = MenuItem(name);
     if (!item)
         return;
-    const bool on = enabled && LeadsSomewhere(item);
+    const bool on = enabled && LeadsSomewhere(name);
     if (const auto taken = takenMenus_.find(item); taken != takenMenus_.end())
         *taken = on;
     else
@@ -280,9 +286,7 @@ void mdiTallyboard::tmrTimer_Timer()
 
 void mdiTallyboard::mnuClose_Click()
 {
-    // The work that waits for an open box would go on without its databases.
-    if (Prompts::AreOpen() ||
-        !Prompts::Ask(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?")) || !RemovePresence())
+    if (!Prompts::Ask(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?")) || !RemovePresence())
         return;
     tmrTimer_->stop();
     Session().gcnnMain.reset();

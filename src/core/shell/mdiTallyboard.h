@@ -36,7 +36,7 @@ public:
     /// The menu entry of that name, for a group the entry that opens it; null for none.
     QAction* MenuItem(const QString& name) const;
     /// Switches a menu entry; one of the work menus while they are taken, when they are given back. An entry
-    /// whose screen this program does not have stays off; an unknown name does nothing.
+    /// whose screen or command this program does not have stays off; an unknown name does nothing.
     void EnableMenuItem(const QString& name, bool enabled);
     /// What a new installation may reach before its first login exists.
     void EnableFirstRunMenus();
@@ -48,6 +48,9 @@ public:
     /// Writes the year and the working date of the session into panels 1 and 3, as each activation does.
     void ShowYearAndDate();
 
+    /// Asks whether to close the program, takes this client out of the office and ends the process.
+    void mnuClose_Click();
+
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -58,7 +61,6 @@ private:
     bool Form_Load();
     void Form_Activate();
     void tmrTimer_Timer();
-    void mnuClose_Click();
     /// False when the clerk was told that another client's save is in the way, and may try again.
     bool RemovePresence();
     void ShowBoxesOfFront();

@@ -1,5 +1,7 @@
 #include "core/shell/MenuTree.h"
 
+#include "app/Screens.h"
+#include "core/shell/MenuCommands.h"
 #include "core/ui/ScreenRegistry.h"
 
 #include <QAction>
@@ -20,8 +22,8 @@ class MenuTreeTest : public testing::Test
 protected:
     QMenuBar bar;
     QStringList opened;
-    QHash<QString, QAction*> items =
-        BuildMenus(&bar, [this](const QString& screen) { opened.append(screen); });
+    QHash<QString, QAction*> items = BuildMenus(
+        &bar, [this](const MenuDefinition& entry) { opened.append(QString::fromLatin1(entry.opens)); });
 
     QAction* Item(const char* name) { return items.value(QString::fromLatin1(name)); }
 };
@@ -160,11 +162,27 @@ TEST_F(MenuTreeTest, AllButHelpLockAndCloseStartOff)
 TEST_F(MenuTreeTest, AnEntryWhoseScreenIsMissingLeadsNowhere)
 {
     ASSERT_FALSE(ScreenRegistry::Knows(QStringLiteral("frmrptClasssubjectteacher")));
-    EXPECT_FALSE(LeadsSomewhere(Item("mnufrmrptClassSubjectteacher")));
+    EXPECT_FALSE(LeadsSomewhere(QStringLiteral("mnufrmrptClassSubjectteacher")));
     EXPECT_FALSE(Item("mnufrmrptClassSubjectteacher")->isEnabled());
-    EXPECT_TRUE(LeadsSomewhere(Item("mnufrmRankCalculation")));
-    EXPECT_TRUE(LeadsSomewhere(Item("mnuMasters")));
-    EXPECT_TRUE(LeadsSomewhere(Item("mnuLock")));
+    for (const char* name : {"mnufrmRankCalculation", "mnuMasters", "mnuLock"})
+        EXPECT_TRUE(LeadsSomewhere(QString::fromLatin1(name))) << name;
+    for (const char* name : {"mnuSep2", "mnuNothing", ""})
+        EXPECT_FALSE(LeadsSomewhere(QString::fromLatin1(name))) << name;
+}
+
+TEST_F(MenuTreeTest, AnEntryWhoseCommandIsMissingLeadsNowhere)
+{
+    const QString entry = QStringLiteral("mnuLock");
+    const auto lockOfANewBar = [&entry] {
+        QMenuBar another;
+        return BuildMenus(&another, [](const MenuDefinition&) {}).value(entry)->isEnabled();
+    };
+    EXPECT_TRUE(lockOfANewBar());
+    MenuCommands::Forget(QStringLiteral("Lock"));
+    EXPECT_FALSE(LeadsSomewhere(entry));
+    EXPECT_FALSE(lockOfANewBar());
+    RegisterScreens();
+    EXPECT_TRUE(LeadsSomewhere(entry));
 }
 
 /// An open menu of the bar, in which letters are pressed.
@@ -275,6 +293,12 @@ TEST_F(MenuTreeTest, AChosenEntryOpensItsScreen)
     Item("mnufrmRankCalculation")->trigger();
     Item("frmAboutUs")->trigger();
     EXPECT_EQ(opened, (QStringList{QStringLiteral("frmRankCalculation"), QStringLiteral("AboutUs")}));
+}
+
+TEST_F(MenuTreeTest, AChosenCommandIsHandedOverAsOne)
+{
+    Item("mnuClose")->trigger();
+    EXPECT_EQ(opened, QStringList{QStringLiteral("Close")});
 }
 
 TEST_F(MenuTreeTest, TheNameOfAnEntryIsThePrefixAndItsScreenExceptForTwoOldSpellingsAndTheHelpMenu)

@@ -2,6 +2,7 @@
 
 #include "app/Screens.h"
 #include "core/shell/mdiTallyboard.h"
+#include "core/shell/MenuCommands.h"
 #include "core/ui/controls/ImageButton.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/Screen.h"
@@ -239,6 +240,51 @@ TEST_F(frmStartLoginTest, ARightToAScreenThatIsMissingEnablesNothing)
     ScreenRegistry::Forget(states);
     LogIn(mary, secret);
     EXPECT_FALSE(On("mnufrmMasStateMaster"));
+    RegisterScreens();
+}
+
+TEST_F(frmStartLoginTest, ACommandOfTheMenusNeedsItsRightAndRunsByItsKeys)
+{
+    const QString compact = QStringLiteral("frmCompactDatabase");
+    const QString canOpen = QStringLiteral("D");
+    int runs = 0;
+    MenuCommands::Register(compact, [&runs] { ++runs; });
+    // Without a school and a year the window would force their screens, which take the menus.
+    Given("INSERT INTO SchoolMaster VALUES ('School', 'Street', '', 0, '1', 'JUN', 1)");
+    Given("INSERT INTO AcademicYearSetup VALUES (1, 2007, 2008, '2007-06-01', '2008-05-31', 'Y', 'N', 1)");
+    GivenMary({{QStringLiteral("ToolsMenu"), canOpen}, {compact, canOpen}});
+    LogIn(mary, secret);
+    ASSERT_TRUE(On("mnufrmCompactDatabase"));
+    QApplication::setActiveWindow(mdiTallyboard::Instance());
+    Settle();
+    QTest::keyClick(mdiTallyboard::Instance(), Qt::Key_U, Qt::AltModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_C);
+    EXPECT_EQ(runs, 1);
+    MenuCommands::Forget(compact);
+    RegisterScreens();
+}
+
+TEST_F(frmStartLoginTest, WithoutItsRightACommandOfTheMenusIsOff)
+{
+    const QString compact = QStringLiteral("frmCompactDatabase");
+    MenuCommands::Register(compact, [] { ADD_FAILURE(); });
+    GivenMary({{QStringLiteral("ToolsMenu"), QStringLiteral("D")}, {compact, QStringLiteral("N")}});
+    LogIn(mary, secret);
+    EXPECT_TRUE(On("mnuToolsMenu"));
+    EXPECT_FALSE(On("mnufrmCompactDatabase"));
+    mdiTallyboard::Instance()->MenuItem(QStringLiteral("mnufrmCompactDatabase"))->trigger();
+    MenuCommands::Forget(compact);
+    RegisterScreens();
+}
+
+TEST_F(frmStartLoginTest, ARightToACommandThatIsMissingEnablesNothing)
+{
+    const QString compact = QStringLiteral("frmCompactDatabase");
+    MenuCommands::Forget(compact);
+    GivenMary({{compact, QStringLiteral("D")}});
+    LogIn(mary, secret);
+    EXPECT_FALSE(On("mnufrmCompactDatabase"));
     RegisterScreens();
 }
 

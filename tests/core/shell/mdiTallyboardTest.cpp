@@ -1,5 +1,6 @@
 #include "core/shell/mdiTallyboard.h"
 
+#include "core/shell/frmStartLock.h"
 #include "core/TempFolder.h"
 #include "core/ui/controls/PictureArea.h"
 #include "core/ui/modTallyboardForms.h"
@@ -116,6 +117,22 @@ TEST_F(mdiTallyboardTest, AFailingTickShowsOneBoxAtATimeAndTheTimerGoesOn)
     Tick();
     EXPECT_EQ(boxes.size(), 2);
     EXPECT_TRUE(Find<QTimer>(window, "tmrTimer")->isActive());
+}
+
+TEST_F(mdiTallyboardTest, NoScreenAndNoCommandStartsBehindABoxThatWaits)
+{
+    int boxes = 0;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString&) {
+        for (const char* entry : {"mnuLock", "mnuClose", "frmAboutUs"})
+            window->MenuItem(QString::fromLatin1(entry))->trigger();
+        ++boxes;
+        return true;
+    });
+    Prompts::Information(QStringLiteral("Record Saved"));
+    EXPECT_EQ(boxes, 1);
+    EXPECT_EQ(window->findChild<frmStartLock*>(), nullptr);
+    EXPECT_EQ(processEnds, 0);
+    EXPECT_FALSE(AnyChildFormOpen());
 }
 
 TEST_F(mdiTallyboardTest, ThePanelsOfANewSystemHoldOnlyTheirLabels)
