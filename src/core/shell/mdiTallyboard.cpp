@@ -11,6 +11,7 @@
 #include "core/Twips.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
+#include "core/ui/PresencePause.h"
 #include "core/ui/Prompts.h"
 #include "core/ui/ScreenRegistry.h"
 #include "store/StoreError.h"
@@ -268,7 +269,7 @@ void mdiTallyboard::Force(const QString& formName)
 
 void mdiTallyboard::tmrTimer_Timer()
 {
-    if (!Session().gcnnMain)
+    if (PresencePause::Lasts() || !Session().gcnnMain)
         return;
     store::Connection& connection = MainStore();
     try {

@@ -4,6 +4,7 @@
 #include "core/TempFolder.h"
 #include "core/ui/controls/PictureArea.h"
 #include "core/ui/modTallyboardForms.h"
+#include "core/ui/PresencePause.h"
 #include "core/ui/ScreenRegistry.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScreenFixture.h"
@@ -117,6 +118,72 @@ TEST_F(mdiTallyboardTest, AFailingTickShowsOneBoxAtATimeAndTheTimerGoesOn)
     Tick();
     EXPECT_EQ(boxes.size(), 2);
     EXPECT_TRUE(Find<QTimer>(window, "tmrTimer")->isActive());
+}
+
+TEST_F(mdiTallyboardTest, APausedTickNeitherReadsNorWritesUntilTheLastPauseHasEnded)
+{
+    Given("UPDATE ExamBoardMaster SET Status = 'Z'");
+    const auto runBefore = Session().gcnnMain->StatementsRun();
+    {
+        const PresencePause backup;
+        {
+            const PresencePause within;
+            Tick();
+        }
+        Tick();
+        EXPECT_EQ(Session().gcnnMain->StatementsRun(), runBefore);
+    }
+    Tick();
+    EXPECT_EQ(Count("SELECT count(*) FROM ExamBoardMaster WHERE Status = 'A'"), 1);
+}
+
+TEST_F(mdiTallyboardTest, APausedTickTellsNoFailure)
+{
+    Given("DROP TABLE ExamBoardMaster");
+    {
+        const PresencePause pause;
+        Tick();
+    }
+    prompts.ExpectCritical(NoSuchTable("ExamBoardMaster"));
+    Tick();
+}
+
+TEST_F(mdiTallyboardTest, BehindAPauseTheTickWorksWithTheConnectionThatIsThereByThen)
+{
+    Given("UPDATE ExamBoardMaster SET Status = 'Z'");
+    {
+        const PresencePause pause;
+        Session().gcnnMain.reset();
+        Tick();
+        Session().gcnnMain = AnotherClient();
+    }
+    Tick();
+    EXPECT_EQ(Count("SELECT count(*) FROM ExamBoardMaster WHERE Status = 'A'"), 1);
+}
+
+TEST_F(mdiTallyboardTest, AfterAnExceptionThePauseHasEnded)
+{
+    Given("UPDATE ExamBoardMaster SET Status = 'Z'");
+    try {
+        const PresencePause pause;
+        throw store::StoreError(QStringLiteral("the copy failed"));
+    } catch (const store::StoreError&) {
+        Tick();
+    }
+    EXPECT_EQ(Count("SELECT count(*) FROM ExamBoardMaster WHERE Status = 'A'"), 1);
+}
+
+TEST_F(mdiTallyboardTest, WithAClosedConnectionTheTickIsSilentAndCloseStillEnds)
+{
+    Session().gcnnMain.reset();
+    Tick();
+    Tick();
+    prompts.Verify();
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?"), true);
+    prompts.ExpectCritical(QStringLiteral(
+        "All Your Work Is Saved. Only Your Leaving Could Not Be Noted.\nThe Database Is Closed"));
+    window->MenuItem(QStringLiteral("mnuClose"))->trigger();
+    EXPECT_EQ(processEnds, 1);
 }
 
 TEST_F(mdiTallyboardTest, NoScreenAndNoCommandStartsBehindABoxThatWaits)
