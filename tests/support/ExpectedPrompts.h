@@ -5,12 +5,13 @@
 #include <QString>
 
 #include <deque>
+#include <variant>
 
 namespace tally::test {
 
-/// Takes the place of the message boxes while it lives. A box that was not expected, one with another text or
-/// of another kind, one that stands within a transaction, and an expectation that is not met at the end fail
-/// the test.
+/// Takes the place of the message boxes and file dialogs while it lives. One that was not expected, one with
+/// another text or of another kind, one that stands within a transaction, and an expectation that is not met
+/// at the end fail the test.
 class ExpectedPrompts
 {
 public:
@@ -29,22 +30,36 @@ public:
     {
         Expect(Prompts::Kind::PlainQuestion, text, answer);
     }
+    void ExpectQuestionOrCancel(const QString& text, Prompts::Reply answer);
+    /// A box with OK and Cancel.
+    void ExpectConfirmation(const QString& text, bool ok);
     void ExpectCritical(const QString& text) { Expect(Prompts::Kind::Critical, text); }
-    /// Fails the test if an expected box has not come; forgets it.
+    /// The next file dialog, and the path that the user chooses; empty for none.
+    void ExpectFileDialog(const Prompts::FileDialog& dialog, const QString& chosen);
+    /// Fails the test if an expected box or dialog has not come; forgets it.
     void Verify();
 
 private:
-    struct Expectation
+    struct Box
     {
         Prompts::Kind kind;
         QString text;
         bool beginOnly; ///< the box may go on behind `text`
-        bool answer;
+        std::optional<bool> answer;
+    };
+    struct Dialog
+    {
+        Prompts::FileDialog wanted;
+        QString chosen;
     };
 
-    bool Answer(Prompts::Kind kind, const QString& text);
+    /// The next expectation, if it is one of that kind; else the test fails for what came.
+    template <typename Kind>
+    std::optional<Kind> Next(const QString& came);
+    std::optional<bool> Answer(Prompts::Kind kind, const QString& text);
+    QString Choose(const Prompts::FileDialog& dialog);
 
-    std::deque<Expectation> expected_;
+    std::deque<std::variant<Box, Dialog>> expected_;
 };
 
 } // namespace tally::test

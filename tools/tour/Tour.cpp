@@ -40,7 +40,11 @@ void Settle()
 
 Tour::Tour(const QString& folder) : folder_(folder), workbooks_(folder_.entryList({QStringLiteral("*.xlsx")}))
 {
-    Prompts::AnswerWith([this](Prompts::Kind, const QString& text) { return AnswerBox(text); });
+    Prompts::AnswerWith([this](Prompts::Kind, const QString& text) { return AnswerBox(text); },
+                        [this](const Prompts::FileDialog& dialog) {
+                            surprise_ = dialog.title;
+                            return QString();
+                        });
 }
 
 Tour::~Tour()
@@ -169,7 +173,7 @@ bool Tour::AnswerBox(const QString& text)
 void Tour::CheckBoxes() const
 {
     if (!surprise_.isEmpty())
-        throw TourError(QStringLiteral("an unexpected message box said: ") + surprise_);
+        throw TourError(QStringLiteral("an unexpected message box or file dialog said: ") + surprise_);
 }
 
 } // namespace tally

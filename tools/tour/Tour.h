@@ -75,7 +75,7 @@ private:
     QStringList workbooks_; ///< made so far
     int step_ = 1;
     std::deque<Box> expected_;
-    QString surprise_; ///< the text of a box that nobody expected
+    QString surprise_; ///< the text of a box, or the title of a dialog, that nobody expected
 };
 
 } // namespace tally

@@ -3,13 +3,14 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 namespace tally {
 
 /// The title of the program, on its windows and message boxes.
 inline const QString ApplicationTitle = QStringLiteral("KITE - Tally Board");
 
-/// The only place that shows message boxes. Each call returns when the user has answered.
+/// The only place that shows message boxes and file dialogs. Each call returns when the user has answered.
 namespace Prompts {
 
 enum class Kind
@@ -17,7 +18,16 @@ enum class Kind
     Information,
     Question,
     PlainQuestion,
+    QuestionOrCancel,
+    Confirmation,
     Critical,
+};
+
+enum class Reply
+{
+    Yes,
+    No,
+    Cancel,
 };
 
 void Information(const QString& text);
@@ -26,17 +36,49 @@ void Critical(const QString& text);
 bool Ask(const QString& text, const QString& caption = ApplicationTitle);
 /// The same in a box without an icon.
 bool AskPlainly(const QString& text);
+/// A question with a third way, to do nothing at all. Esc and the close box mean Cancel.
+Reply AskOrCancel(const QString& text);
+/// A question with OK and Cancel: true on OK. Esc and the close box mean Cancel.
+bool Confirm(const QString& text);
 
-/// True while a box waits for its answer. What lies behind it must not start anything meanwhile.
+/// What a file dialog asks for.
+struct FileDialog
+{
+    enum class Kind
+    {
+        Open,
+        SaveAs,
+        Folder,
+    };
+
+    Kind kind;
+    QString title;
+    QString folder; ///< where it starts; the user's documents where it is empty or gone
+    QString filter; ///< such as "Database Files (*.mdb)"; empty for all files
+};
+
+/// The file that the user chose, which exists; empty when he chose none.
+QString ChooseFile(const QString& title, const QString& folder, const QString& filter);
+/// The path under which something is to be saved; empty when the user chose none. A name without a suffix
+/// gets the first one of the filter. A file that exists may be chosen: whoever writes it asks first.
+QString ChooseFileToSave(const QString& title, const QString& folder, const QString& filter);
+/// The folder that the user chose, which exists; empty when he chose none.
+QString ChooseFolder(const QString& title, const QString& folder);
+
+/// True while a box or a dialog waits for its answer. What lies behind it must not start anything meanwhile.
 bool AreOpen();
 /// Runs `work` as soon as no box waits any more, before the answer to the last one reaches whoever asked; at
 /// once where none does.
 void WhenAnswered(std::function<void()> work);
 
-/// Lets `answer` take the place of the boxes: it gets each box's kind and text, and what it returns stands
-/// for Yes or No. An empty function brings the real boxes back. For tests and the guided tour.
-using Answer = std::function<bool(Kind kind, const QString& text)>;
-void AnswerWith(Answer answer);
+/// Takes the place of the boxes: it gets each box's kind and text, and what it returns stands for Yes or OK,
+/// for No, or, being nothing, for Cancel.
+using Answer = std::function<std::optional<bool>(Kind kind, const QString& text)>;
+/// Takes the place of the file dialogs: gives the path that the user chooses, empty for none.
+using FileAnswer = std::function<QString(const FileDialog& dialog)>;
+/// Lets `answer` take the place of the boxes and `fileAnswer` that of the file dialogs; without it those are
+/// cancelled. An empty `answer` brings the real ones back. For tests and the guided tour.
+void AnswerWith(Answer answer, FileAnswer fileAnswer = {});
 
 } // namespace Prompts
 } // namespace tally

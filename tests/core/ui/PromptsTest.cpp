@@ -114,6 +114,53 @@ TEST(PromptsTest, NoAndEscapeMeanNoInBothKindsOfQuestion)
     }
 }
 
+TEST(PromptsTest, AQuestionWithAThirdWayTellsTheThreeAnswersApart)
+{
+    const auto answer = [](Qt::Key key) {
+        const NextBox box(key);
+        const Prompts::Reply reply = Prompts::AskOrCancel(QStringLiteral("Replace ?"));
+        EXPECT_EQ(box.Shown().icon, QMessageBox::Question);
+        EXPECT_EQ(box.Shown().buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        EXPECT_EQ(box.Shown().caption, "KITE - Tally Board");
+        EXPECT_EQ(box.Shown().text, "Replace ?");
+        return reply;
+    };
+    EXPECT_EQ(answer(Qt::Key_Y), Prompts::Reply::Yes);
+    EXPECT_EQ(answer(Qt::Key_Return), Prompts::Reply::Yes);
+    EXPECT_EQ(answer(Qt::Key_N), Prompts::Reply::No);
+    EXPECT_EQ(answer(Qt::Key_Escape), Prompts::Reply::Cancel);
+}
+
+TEST(PromptsTest, AConfirmationGoesOnWithOkAlone)
+{
+    const auto confirmed = [](Qt::Key key) {
+        const NextBox box(key);
+        const bool ok = Prompts::Confirm(QStringLiteral("Compact ?"));
+        EXPECT_EQ(box.Shown().icon, QMessageBox::Question);
+        EXPECT_EQ(box.Shown().buttons, QMessageBox::Ok | QMessageBox::Cancel);
+        EXPECT_EQ(box.Shown().text, "Compact ?");
+        return ok;
+    };
+    EXPECT_TRUE(confirmed(Qt::Key_Return));
+    EXPECT_FALSE(confirmed(Qt::Key_Escape));
+}
+
+TEST(PromptsTest, TheCloseBoxMeansTheAnswerThatDoesNothing)
+{
+    const auto close = [] {
+        QTimer::singleShot(0, [] {
+            ASSERT_NE(QApplication::activeModalWidget(), nullptr);
+            QApplication::activeModalWidget()->close();
+        });
+    };
+    close();
+    EXPECT_EQ(Prompts::AskOrCancel(QStringLiteral("Replace ?")), Prompts::Reply::Cancel);
+    close();
+    EXPECT_FALSE(Prompts::Confirm(QStringLiteral("Compact ?")));
+    close();
+    EXPECT_FALSE(Prompts::Ask(QStringLiteral("Exit ?")));
+}
+
 TEST(PromptsTest, TheSignsAreOurOwnDrawings)
 {
     const auto drawn = [](const char* name, const QImage& sign) {
