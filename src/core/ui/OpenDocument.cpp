@@ -2,22 +2,29 @@
 
 #include <QDesktopServices>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 
-#include <algorithm>
-#include <array>
+#include <initializer_list>
 #include <optional>
 
 namespace tally {
 
 namespace {
 
-std::optional<SpreadsheetProgram>& Replacement()
+std::optional<SpreadsheetProgram>& SpreadsheetStandIn()
 {
     static std::optional<SpreadsheetProgram> program;
     return program;
+}
+
+std::function<bool(const QString& path)>& TextStandIn()
+{
+    static std::function<bool(const QString& path)> open;
+    return open;
 }
 
 QString& ChosenExportFolder()
@@ -27,27 +34,77 @@ QString& ChosenExportFolder()
 }
 
 #ifdef Q_OS_LINUX
-/// The first spreadsheet program on the path; empty when there is none.
-QString InstalledProgram()
+/// The first of the programs that is on the path; empty when none is.
+QString FirstInstalled(std::initializer_list<const char*> names)
 {
-    static const std::array Names{"localc", "libreoffice", "soffice", "gnumeric"};
-    for (const char* name : Names) {
+    for (const char* name : names) {
         QString path = QStandardPaths::findExecutable(QString::fromLatin1(name));
         if (!path.isEmpty())
             return path;
     }
     return {};
 }
+
+QString InstalledSpreadsheetProgram()
+{
+    return FirstInstalled({"localc", "libreoffice", "soffice", "gnumeric"});
+}
+
+QString InstalledEditor()
+{
+    return FirstInstalled(
+        {"gnome-text-editor", "gedit", "kate", "kwrite", "mousepad", "xed", "pluma", "featherpad"});
+}
+
+bool Start(const QString& program, const QString& path)
+{
+    return !program.isEmpty() && QProcess::startDetached(program, {QFileInfo(path).absoluteFilePath()});
+}
+
+/// Hands the file to the desktop, which knows the program that its user has for such files. False where it
+/// has none.
+bool OpenThroughDesktop(const QString& path)
+{
+    constexpr int PatienceInMs = 5000;
+    auto* desktop = new QProcess;
+    // The program inherits these, and would be stopped by what it writes once nobody reads it any more.
+    desktop->setStandardInputFile(QProcess::nullDevice());
+    desktop->setStandardOutputFile(QProcess::nullDevice());
+    desktop->setStandardErrorFile(QProcess::nullDevice());
+    QObject::connect(desktop, &QProcess::finished, desktop, &QObject::deleteLater);
+    desktop->start(QStringLiteral("gio"), {QStringLiteral("open"), QFileInfo(path).absoluteFilePath()});
+    if (!desktop->waitForStarted()) {
+        delete desktop;
+        return false;
+    }
+    // One that takes its time is starting the program.
+    return !desktop->waitForFinished(PatienceInMs) ||
+           (desktop->exitStatus() == QProcess::NormalExit && desktop->exitCode() == 0);
+}
+#else
+bool OpenThroughDesktop(const QString& path)
+{
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
 #endif
+
+/// `document` and `program` are words of the text.
+QString NotOpened(const QString& document, const QString& program, const QString& path)
+{
+    if (!QFile::exists(path))
+        return QStringLiteral("The %1 was saved as \"%2\", but it has gone meanwhile.").arg(document, path);
+    return QStringLiteral("The %1 is saved as \"%2\", but the program for %3 did not start.")
+        .arg(document, path, program);
+}
 
 } // namespace
 
 bool HasSpreadsheetProgram()
 {
-    if (Replacement())
-        return Replacement()->installed;
+    if (SpreadsheetStandIn())
+        return SpreadsheetStandIn()->installed;
 #ifdef Q_OS_LINUX
-    return !InstalledProgram().isEmpty();
+    return !InstalledSpreadsheetProgram().isEmpty();
 #else
     return true;
 #endif
@@ -55,23 +112,53 @@ bool HasSpreadsheetProgram()
 
 bool OpenSpreadsheet(const QString& path)
 {
-    if (Replacement())
-        return Replacement()->open && Replacement()->open(path);
+    if (!QFile::exists(path))
+        return false;
+    if (SpreadsheetStandIn())
+        return SpreadsheetStandIn()->open && SpreadsheetStandIn()->open(path);
 #ifdef Q_OS_LINUX
-    return QProcess::startDetached(InstalledProgram(), {path});
+    return Start(InstalledSpreadsheetProgram(), path);
 #else
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    return OpenThroughDesktop(path);
 #endif
+}
+
+bool OpenText(const QString& path)
+{
+    if (!QFile::exists(path))
+        return false;
+    if (TextStandIn())
+        return TextStandIn()(path);
+#ifdef Q_OS_LINUX
+    return OpenThroughDesktop(path) || Start(InstalledEditor(), path);
+#else
+    return OpenThroughDesktop(path);
+#endif
+}
+
+QString SpreadsheetNotOpened(const QString& path)
+{
+    return NotOpened(QStringLiteral("workbook"), QStringLiteral("spreadsheets"), path);
+}
+
+QString TextNotOpened(const QString& path)
+{
+    return NotOpened(QStringLiteral("report"), QStringLiteral("texts"), path);
 }
 
 void UseSpreadsheetProgram(SpreadsheetProgram program)
 {
-    Replacement() = std::move(program);
+    SpreadsheetStandIn() = std::move(program);
 }
 
 void UseRealSpreadsheetProgram()
 {
-    Replacement().reset();
+    SpreadsheetStandIn().reset();
+}
+
+void UseTextProgram(std::function<bool(const QString& path)> open)
+{
+    TextStandIn() = std::move(open);
 }
 
 QString ExportFolder()

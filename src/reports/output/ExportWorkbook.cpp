@@ -88,10 +88,7 @@ QString ExportWorkbook(const ExportSubject& subject, const std::function<void(Wo
 
     QString path = MoveIntoPlace(finished, folder, FileName(subject.title));
     if (!OpenSpreadsheet(path))
-        throw ExportError(
-            ExportError::Kind::NotOpened,
-            QStringLiteral("The workbook is saved as \"%1\", but the program for spreadsheets did not start.")
-                .arg(path));
+        throw ExportError(ExportError::Kind::NotOpened, SpreadsheetNotOpened(path));
     return path;
 }
 
