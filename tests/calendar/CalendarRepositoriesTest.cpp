@@ -68,8 +68,9 @@ TEST_F(CalendarRepositories, YearsAreListedInOrderWithTheirDatesInWords)
 
 TEST_F(CalendarRepositories, AYearIsAskedForWithoutItself)
 {
-    Add(1, 2007, true);
     Add(2, 2008, false);
+    EXPECT_FALSE(years.HasActive());
+    Add(1, 2007, true);
     EXPECT_TRUE(years.HasActive());
     EXPECT_FALSE(years.OtherIsActive(1));
     EXPECT_TRUE(years.OtherIsActive(2));

@@ -114,6 +114,17 @@ TEST_F(SessionRows, AUserMayOpenTheFormsOfTheOwnRightsToOpen)
     EXPECT_EQ(session.OpenableForms(3), QStringList(QStringLiteral("frmMasStateMaster")));
 }
 
+TEST_F(SessionRows, AStartIsLoggedAndLeavesNoScreenInUseAndThisClientPresent)
+{
+    Run("INSERT INTO ExamBoardMaster VALUES (2, 1, 'X')");
+    Run("INSERT INTO ScreenStatus VALUES ('frmexammarkentry')");
+    Write([this](auto& transaction) { session.WriteStartRows(transaction, QDate(2024, 6, 3)); });
+    EXPECT_EQ(Number("SELECT count(*) FROM AccessedDate WHERE AccessedDate = '2024-06-03'"), 1);
+    EXPECT_EQ(Number("SELECT count(*) FROM ScreenStatus"), 0);
+    EXPECT_EQ(Number("SELECT count(*) FROM ExamBoardMaster"), 1);
+    EXPECT_EQ(Number("SELECT count(*) FROM ExamBoardMaster WHERE BoardCode = 1 AND Status = 'A'"), 1);
+}
+
 TEST_F(SessionRows, ThePresenceIsWrittenWhereItSaysSomethingElseAndNowhereElse)
 {
     Run("INSERT INTO ExamBoardMaster VALUES (1, 1, 'A'), (2, 1, 'X')");

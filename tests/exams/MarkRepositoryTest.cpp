@@ -94,6 +94,9 @@ TEST_F(MarkRepositoryTest, SubjectsAreChosenByNameAndEnteredInTheirOrder)
 {
     school.AddSubject(2, 3, "Art", 1);
     EXPECT_EQ(ToText(marks.Subjects(scope)), "1 Subject 1; 2 Subject 2");
+    school.main.Execute(
+        QStringLiteral("UPDATE SubjectMaster SET SubjectName = 'Zoology' WHERE SubjectCode = 1"));
+    EXPECT_EQ(ToText(marks.Subjects(scope)), "2 Subject 2; 1 Zoology");
     const auto rows = marks.SubjectsToMark(scope);
     ASSERT_EQ(rows.size(), 2U);
     EXPECT_EQ(rows[0].subjectCode, 2);
@@ -115,7 +118,10 @@ TEST_F(MarkRepositoryTest, StudentsComeByNameThenByAdmissionNumber)
     school.AddStudent(1, QStringLiteral("  asha"), QStringLiteral("7"));
     school.AddStudent(1, QStringLiteral("Binu"), QStringLiteral("8"));
     school.AddStudent(2, QStringLiteral("Cara"), QStringLiteral("6"));
-    EXPECT_EQ(ToText(marks.Students(scope)), "2 asha(7); 3 Binu(8); 1 Binu(9)");
+    school.AddStudent(1, QStringLiteral("Dev"), QStringLiteral("1"));
+    const std::string inOrder = "2 asha(7); 3 Binu(8); 1 Binu(9); 5 Dev(1)";
+    EXPECT_EQ(ToText(marks.Students(scope)), inOrder);
+    EXPECT_EQ(ToText(marks.StudentsToMark(scope, true)), inOrder);
 }
 
 TEST_F(MarkRepositoryTest, ARelievedStudentStaysOnlyWithMarksInThisExamAndNeverInAnEdit)
@@ -131,6 +137,37 @@ TEST_F(MarkRepositoryTest, ARelievedStudentStaysOnlyWithMarksInThisExamAndNeverI
     EXPECT_EQ(ToText(marks.StudentsToMark({1, 2, 1, 1}, true)), "1 Asha(A1); 4 Dev(A4)");
     EXPECT_EQ(ToText(marks.StudentsToMark(scope, false)), "1 Asha(A1); 4 Dev(A4)");
     EXPECT_EQ(ToText(marks.Students(scope)), "1 Asha(A1); 4 Dev(A4)");
+}
+
+TEST_F(MarkRepositoryTest, ARelievedStudentDoesNotStayForMarksOfAnotherYearClassOrDivision)
+{
+    school.main.Execute(QStringLiteral(
+        "INSERT INTO AcademicYearSetup VALUES (2, 2025, 2026, '2025-06-01', '2026-05-31', 'N', 'N', 0)"));
+    school.main.Execute(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 1, 2, 0)"));
+    school.main.Execute(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (2, 'A', 1)"));
+    const int asha = school.AddStudent(1, QStringLiteral("Asha"));
+    Relieve(asha);
+    for (const MarkScope& other : {MarkScope{2, 1, 1, 1}, MarkScope{1, 1, 2, 1}, MarkScope{1, 1, 1, 2}}) {
+        Write([&](auto& transaction) {
+            MarkRepository::Insert(transaction, other, {{asha, 1, 40, true, 0}}, 5);
+        });
+        EXPECT_EQ(ToText(marks.StudentsToMark(scope, true)), "");
+    }
+    Write([&](auto& transaction) {
+        MarkRepository::Insert(transaction, scope, {{asha, 1, 40, true, 0}}, 5);
+    });
+    EXPECT_EQ(ToText(marks.StudentsToMark(scope, true)), "1 Asha(A1)");
+}
+
+TEST_F(MarkRepositoryTest, ARowWhoseStudentOrSubjectHasGoneCountsForNothing)
+{
+    // A damaged file can hold such rows, which the lists pass over.
+    school.AddStudent(1, QStringLiteral("Asha"));
+    school.main.Execute(QStringLiteral("PRAGMA foreign_keys = OFF"));
+    school.main.Execute(QStringLiteral("DELETE FROM StudentMaster WHERE StudentCode > 0"));
+    school.main.Execute(QStringLiteral("DELETE FROM SubjectMaster WHERE SubjectCode > 0"));
+    EXPECT_FALSE(marks.HasStudents(scope));
+    EXPECT_FALSE(marks.HasSubjects(scope));
 }
 
 TEST_F(MarkRepositoryTest, TheStudentsOfALargeClassAreReadInOneStatement)

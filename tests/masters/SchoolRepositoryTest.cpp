@@ -26,9 +26,11 @@ protected:
 TEST_F(SchoolRepositoryTest, TheSchoolStandsInItsOwnCityAndState)
 {
     EXPECT_FALSE(schools.Load());
+    EXPECT_FALSE(schools.Exists());
     Run("INSERT INTO SchoolMaster VALUES ('Hill School', 'Main Road', 'Hill', 2, '403001', 'APR', 1)");
     const auto school = schools.Load();
     ASSERT_TRUE(school);
+    EXPECT_TRUE(schools.Exists());
     EXPECT_EQ(school->name.toStdString(), "Hill School");
     EXPECT_EQ(school->cityCode, 2);
     EXPECT_EQ(school->stateCode, 2);

@@ -1,10 +1,12 @@
 #include "masters/SimpleMasterRepository.h"
 
+#include "core/SessionContext.h"
 #include "store/StoreError.h"
 #include "support/Neighbours.h"
 #include "support/TestStore.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <ostream>
 #include <stdexcept>
 
@@ -23,7 +25,8 @@ struct Rows
     const char* search;
     const char* found; ///< the grid with it
     SimpleMasterEntry changed;
-    const char* row; ///< that row in the table afterwards
+    const char* row;   ///< that row in the table afterwards
+    const char* added; ///< the row that the same entry makes when it is new
 };
 
 SimpleMasterEntry Entry(int code, const QStringList& values, int parentCode = 0, const char* held = "")
@@ -46,37 +49,39 @@ const std::vector<Rows> AllMasters{
     {"frmMasStateMaster", "StateMaster", "StateCode",
      "(1, 'Kerala', 1), (2, 'Goa', 1), (3, 'Punjab', 1)",
      "Goa|2; Kerala|1; Punjab|3", "ER", "Kerala|1",
-     Entry(2, {QStringLiteral("Sikkim")}), "2|Sikkim|9"},
+     Entry(2, {QStringLiteral("Sikkim")}), "2|Sikkim|9", "4|Sikkim|9"},
     {"frmMasCityMaster", "CityMaster", "CityCode",
      "(1, 1, 'Kochi', 1), (2, 2, 'Panaji', 1), (3, 1, 'Aluva', 1), (4, 2, 'Margao', 1)",
      "Goa|Margao|4|2; Goa|Panaji|2|2; Kerala|Aluva|3|1; Kerala|Kochi|1|1", "o", "Goa|Margao|4|2; Kerala|Kochi|1|1",
-     Entry(2, {QStringLiteral("Thrissur")}, 1), "2|1|Thrissur|9"},
+     Entry(2, {QStringLiteral("Thrissur")}, 1), "2|1|Thrissur|9", "5|1|Thrissur|9"},
     {"frmMasBloodGroupMaster", "BloodGroupMaster", "BloodGroupCode",
      "(1, 'O+', 1), (2, 'B-', 1), (3, 'AB+', 1)",
      "3|AB+; 2|B-; 1|O+", "b", "3|AB+; 2|B-",
-     Entry(2, {QStringLiteral("O-")}), "2|O-|9"},
+     Entry(2, {QStringLiteral("O-")}), "2|O-|9", "4|O-|9"},
     {"frmSalutationMaster", "SalutationMaster", "SalutationCode",
      "(1, 'Sri', 1), (2, 'Ms.', 1), (3, 'Mr.', 1)",
      "Mr.|3; Ms.|2; Sri|1", "m", "Mr.|3; Ms.|2",
-     Entry(2, {QStringLiteral("Dr.")}), "2|Dr.|1"},
+     Entry(2, {QStringLiteral("Dr.")}), "2|Dr.|1", "4|Dr.|9"},
     {"frmexamnamemaster", "ExamMaster", "ExamCode",
      "(1, 'Annual', 30, 1), (2, 'Model', 20, 1), (3, 'Half Year', 10, 1)",
      "Half Year|10|3; Model|20|2; Annual|30|1", "AL", "Half Year|10|3; Annual|30|1",
-     Entry(2, {QStringLiteral("Weekly"), QStringLiteral("40")}), "2|Weekly|40|1"},
+     Entry(2, {QStringLiteral("Weekly"), QStringLiteral("40")}), "2|Weekly|40|1", "4|Weekly|40|9"},
     {"frmSubjectMaster", "SubjectMaster", "SubjectCode",
      "(1, 'Physics', 'Phy', 1), (2, 'English', 'Eng', 1), (3, 'Art', 'Drw', 1)",
      "Art|Drw|3; English|Eng|2; Physics|Phy|1", "S", "English|Eng|2; Physics|Phy|1",
-     Entry(2, {QStringLiteral("Malayalam"), QStringLiteral("Mal")}), "2|Malayalam|Mal|1"},
+     Entry(2, {QStringLiteral("Malayalam"), QStringLiteral("Mal")}), "2|Malayalam|Mal|1", "4|Malayalam|Mal|9"},
     {"frmUtilUserMaster", "UserMaster", "UserCode",
      "(1, 'Office', 1), (2, 'Clerk', 1), (3, 'Head', 1)",
      "Office|1; Clerk|2; Head|3", "L", "Clerk|2",
-     Entry(2, {QStringLiteral("Teacher")}), "2|Teacher|1"},
+     Entry(2, {QStringLiteral("Teacher")}), "2|Teacher|1", "4|Teacher|9"},
 };
 // clang-format on
 
 class SimpleMasterRows : public testing::TestWithParam<Rows>
 {
 protected:
+    ~SimpleMasterRows() override { Session() = SessionContext(); }
+
     void SetUp() override
     {
         for (const SimpleMasterDefinition& candidate : SimpleMasterDefinitions())
@@ -120,7 +125,15 @@ protected:
         transaction.Commit();
     }
 
-    store::Connection main = DeliveredMainStore();
+    /// The next code of a table is looked up in the session's database.
+    static store::Connection& SessionStore()
+    {
+        Session() = SessionContext();
+        Session().gcnnMain = std::make_unique<store::Connection>(DeliveredMainStore());
+        return *Session().gcnnMain;
+    }
+
+    store::Connection& main = SessionStore();
     const SimpleMasterDefinition* definition = nullptr;
 };
 
@@ -137,6 +150,13 @@ TEST_P(SimpleMasterRows, AChangeTouchesItsOwnRowAndAllOfIt)
     Write([&](auto& transaction) { Master().Update(transaction, GetParam().changed, 9); });
     EXPECT_EQ(Stored(2), GetParam().row);
     before.ExpectTouchedOnly(main, GetParam().table, {{Text(GetParam().key), QStringLiteral("2")}});
+}
+
+TEST_P(SimpleMasterRows, ANewRowGetsTheNextCodeAndItsUser)
+{
+    Write([&](auto& transaction) { Master().Insert(transaction, GetParam().changed, 9); });
+    const QString added = Text(GetParam().added);
+    EXPECT_EQ(Stored(added.section(QLatin1Char('|'), 0, 0).toInt()), GetParam().added);
 }
 
 TEST_P(SimpleMasterRows, ADeleteTakesItsOwnRow)

@@ -13,6 +13,8 @@ protected:
     {
         school.AddDivision(1, "A");
         school.AddDivision(2, "B");
+        school.main.Execute(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 1, 2, 0)"));
+        school.main.Execute(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (2, 'P', 1)"));
         school.AddSubject(1, 3, "Art", 2);
         school.AddSubject(1, 1, "Eng", 2);
         school.AddSubject(2, 1, "Eng", 2);
@@ -56,6 +58,16 @@ TEST_F(RankOrders, StudentsStandByDivisionThenByCode)
     for (const RankStudent& student : repository.LoadRankInput(school.scope, {1, 2}).students)
         codes.append(QString::number(student.studentCode));
     EXPECT_EQ(codes.join(QLatin1Char(' ')).toStdString(), "2 3 1");
+}
+
+TEST_F(RankOrders, EachDivisionHasItsOwnNameAndFullMark)
+{
+    school.AddSubject(2, 3, "Art", 3, "Yes", 100, 50);
+    const RankInput input = repository.LoadRankInput(school.scope, {1, 2});
+    ASSERT_EQ(input.divisions.size(), 2U);
+    EXPECT_EQ(input.divisions[0].divisionName.toStdString(), "A");
+    EXPECT_EQ(input.divisions[1].divisionName.toStdString(), "B");
+    EXPECT_EQ(input.fullMarks, (std::vector<std::optional<double>>{200, 250}));
 }
 
 TEST_F(RankOrders, GradesStandByTheirNumberThenByNameAndEachOnce)
