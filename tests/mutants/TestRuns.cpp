@@ -1,0 +1,92 @@
+#include "mutants/TestRuns.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <stdexcept>
+
+namespace tally::mutants {
+
+namespace {
+
+constexpr int Forever = -1;
+constexpr int LongestRun = 120'000;
+
+/// The tests as the program lists them: a line for each suite, and by two blanks further in one for each
+/// test.
+QStringList NamesIn(const QString& program)
+{
+    QStringList names;
+    QString suite;
+    const QStringList lines =
+        OutputOf(program, {QStringLiteral("--gtest_list_tests")}).split(QLatin1Char('\n'));
+    for (const QString& line : lines) {
+        const QString name = line.section(QLatin1Char('#'), 0, 0).trimmed();
+        if (!line.startsWith(QLatin1String("  ")))
+            suite = name;
+        else if (!name.startsWith(QLatin1String("DISABLED_")))
+            names.append(suite + name);
+    }
+    return names;
+}
+
+} // namespace
+
+QString OutputOf(const QString& program, const QStringList& arguments, const QByteArray& input)
+{
+    QProcess process;
+    process.start(program, arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(Forever) || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0)
+        throw std::runtime_error(program.toStdString() +
+                                 " failed: " + process.readAllStandardError().toStdString());
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+std::vector<Test> TestsOf(const QString& buildFolder)
+{
+    const QString told =
+        OutputOf(QStringLiteral("ctest"),
+                 {QStringLiteral("--test-dir"), buildFolder, QStringLiteral("--show-only=json-v1"),
+                  QStringLiteral("-LE"), QStringLiteral("long|e2e")});
+    const QJsonArray entries =
+        QJsonDocument::fromJson(told.toUtf8()).object()[QLatin1String("tests")].toArray();
+    std::vector<Test> tests;
+    for (const QJsonValue entry : entries) {
+        const QJsonArray command = entry[QLatin1String("command")].toArray();
+        if (command.isEmpty())
+            throw std::runtime_error("not built: " + entry[QLatin1String("name")].toString().toStdString());
+        const QString program = command.first().toString();
+        if (command.size() > 1) {
+            tests.push_back({program, entry[QLatin1String("name")].toString(), false});
+            continue;
+        }
+        for (const QString& name : NamesIn(program))
+            tests.push_back({program, name, true});
+    }
+    return tests;
+}
+
+bool Pass(const QString& program, const QStringList& names, const QProcessEnvironment& environment)
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(program, {QStringLiteral("--gtest_fail_fast"),
+                            QStringLiteral("--gtest_filter=") + names.join(QLatin1Char(':'))});
+    if (!process.waitForStarted())
+        throw std::runtime_error(program.toStdString() + " does not start");
+    if (!process.waitForFinished(LongestRun)) {
+        process.kill();
+        process.waitForFinished();
+        return false;
+    }
+    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+} // namespace tally::mutants
