@@ -142,8 +142,8 @@ void frmMasAcademicYearSetup::cmdSave_Click()
             if (IsEditing()) {
                 AcademicYearRepository::UpdateStatus(transaction, year.code, EnteredActive());
             } else {
-                year.code =
-                    GetNextCode(QStringLiteral("ACADEMICYEARCODE"), QStringLiteral("ACADEMICYEARSETUP"), 0);
+                year.code = GetNextCode(transaction, QStringLiteral("ACADEMICYEARCODE"),
+                                        QStringLiteral("ACADEMICYEARSETUP"), 0);
                 StoreNew(transaction, year);
             }
         },

@@ -73,16 +73,18 @@ std::optional<StoredOptions> SessionRepository::Options()
     return options;
 }
 
-int SessionRepository::HighestCode(const QString& column, const QString& table, int year)
+int SessionRepository::HighestCode(store::Transaction& writing, const QString& column, const QString& table,
+                                   int year)
 {
     if (year > 0)
-        return static_cast<int>(main_.Number(
+        return static_cast<int>(writing.On().Number(
             QStringLiteral("SELECT max(%1) FROM %2 AcademicYearCode = ?").arg(column, table), year));
     static const QLatin1String Dangling(" where ");
     QString clause = table;
     if (clause.endsWith(Dangling, Qt::CaseInsensitive))
         clause.chop(Dangling.size());
-    return static_cast<int>(main_.Number(QStringLiteral("SELECT max(%1) FROM %2").arg(column, clause)));
+    return static_cast<int>(
+        writing.On().Number(QStringLiteral("SELECT max(%1) FROM %2").arg(column, clause)));
 }
 
 bool SessionRepository::IsNewInstallation()

@@ -60,9 +60,10 @@ public:
     std::optional<SchoolDetails> School();
     std::optional<SchoolDetails> ReportSchool();
     std::optional<StoredOptions> Options();
-    /// 0 in an empty table. With `year` above 0 only that academic year counts, and `table` ends in " where
-    /// "; that ending is dropped for year 0.
-    int HighestCode(const QString& column, const QString& table, int year);
+    /// Of a table in the file that is written, whichever that is; 0 in an empty table. With `year` above 0
+    /// only that academic year counts, and `table` ends in " where "; that ending is dropped for year 0.
+    static int HighestCode(store::Transaction& writing, const QString& column, const QString& table,
+                           int year);
 
     /// True until the first login has been created.
     bool IsNewInstallation();

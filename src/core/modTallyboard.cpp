@@ -122,9 +122,9 @@ void LoadOptions()
         session.gstrDefaultGender = options->genderOption;
 }
 
-int GetNextCode(const QString& column, const QString& table, int year)
+int GetNextCode(store::Transaction& saving, const QString& column, const QString& table, int year)
 {
-    return Repository().HighestCode(column, table, year) + 1;
+    return SessionRepository::HighestCode(saving, column, table, year) + 1;
 }
 
 bool CheckPrivilege(const QString& formName, Right right)

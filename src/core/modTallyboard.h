@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Right.h"
+#include "store/Transaction.h"
 
 #include <QDate>
 #include <QString>
@@ -27,9 +28,9 @@ void LoadReportSchoolDetails();
 /// Defaults for a new student: date of birth limit and gender.
 void LoadOptions();
 
-/// The highest code of `column` in `table` plus one; 1 in an empty table. With `year` above 0 only that
-/// academic year counts, and `table` then ends in " where ". Call it inside the saving transaction.
-int GetNextCode(const QString& column, const QString& table, int year);
+/// The highest code of `column` in `table` plus one, in the file that the transaction saves in; 1 in an empty
+/// table. With `year` above 0 only that academic year counts, and `table` then ends in " where ".
+int GetNextCode(store::Transaction& saving, const QString& column, const QString& table, int year);
 
 /// Whether the user has the right on form `formName`. Before the first login was created everything is
 /// allowed. On a refusal the text for the user is in gstrPrivilegeMessage; for Right::Open, which has none,

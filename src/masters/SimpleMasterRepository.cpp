@@ -35,7 +35,8 @@ void SimpleMasterRepository::Insert(store::Transaction& transaction, const Simpl
                                     int userCode)
 {
     SimpleMasterEntry numbered = entry;
-    numbered.code = GetNextCode(QLatin1String(definition_.key), QLatin1String(definition_.table), 0);
+    numbered.code =
+        GetNextCode(transaction, QLatin1String(definition_.key), QLatin1String(definition_.table), 0);
     Bound(transaction.Prepare(QLatin1String(definition_.insert)), numbered, userCode).RunBound();
 }
 

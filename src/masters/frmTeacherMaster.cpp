@@ -230,8 +230,8 @@ void frmTeacherMaster::cmdSave_Click()
         [&](store::Transaction& transaction) {
             const int userCode = Session().gintUserCode;
             if (!IsEditing()) {
-                const int code =
-                    GetNextCode(QStringLiteral("TeacherCode"), QStringLiteral("TeacherMaster"), 0);
+                const int code = GetNextCode(transaction, QStringLiteral("TeacherCode"),
+                                             QStringLiteral("TeacherMaster"), 0);
                 TeacherRepository::Insert(transaction, code, teacher, userCode);
             } else {
                 TeacherRepository::Update(transaction, teacherCode_, teacher, userCode);

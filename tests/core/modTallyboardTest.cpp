@@ -3,6 +3,7 @@
 #include "core/OptionFlags.h"
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
+#include "store/Tables.h"
 #include "support/TestStore.h"
 
 #include <gtest/gtest.h>
@@ -24,6 +25,11 @@ protected:
     void Given(const char* sql, const Values&... values)
     {
         Session().gcnnMain->Execute(QString::fromLatin1(sql), values...);
+    }
+    static int NextCode(const QString& column, const QString& table, int year)
+    {
+        store::Transaction saving(*Session().gcnnMain);
+        return GetNextCode(saving, column, table, year);
     }
     void GivenYear(int code, const char* status)
     {
@@ -49,14 +55,14 @@ protected:
 
 TEST_F(modTallyboardTest, TheFirstCodeIsOneInAnEmptyTableAndBesideTheRowZero)
 {
-    EXPECT_EQ(GetNextCode(QStringLiteral("ExamCode"), QStringLiteral("ExamMaster"), 0), 1);
-    EXPECT_EQ(GetNextCode(QStringLiteral("StateCode"), QStringLiteral("StateMaster"), 0), 1);
+    EXPECT_EQ(NextCode(QStringLiteral("ExamCode"), QStringLiteral("ExamMaster"), 0), 1);
+    EXPECT_EQ(NextCode(QStringLiteral("StateCode"), QStringLiteral("StateMaster"), 0), 1);
 }
 
 TEST_F(modTallyboardTest, TheNextCodeFollowsTheHighestWhateverGapsThereAre)
 {
     Given("INSERT INTO StateMaster VALUES (2, 'Kerala', 1), (7, 'Goa', 1)");
-    EXPECT_EQ(GetNextCode(QStringLiteral("StateCode"), QStringLiteral("StateMaster"), 0), 8);
+    EXPECT_EQ(NextCode(QStringLiteral("StateCode"), QStringLiteral("StateMaster"), 0), 8);
 }
 
 TEST_F(modTallyboardTest, TheNextCodeCountsOnlyTheYearThatIsAskedFor)
@@ -64,17 +70,39 @@ TEST_F(modTallyboardTest, TheNextCodeCountsOnlyTheYearThatIsAskedFor)
     GivenYear(1, "N");
     GivenYear(2, "Y");
     const QString column = QStringLiteral("YearFrom");
-    EXPECT_EQ(GetNextCode(QStringLiteral("AcademicYearCode"), QStringLiteral("AcademicYearSetup where "), 1),
-              2);
-    EXPECT_EQ(GetNextCode(column, QStringLiteral("AcademicYearSetup where "), 2), 2025);
-    EXPECT_EQ(GetNextCode(column, QStringLiteral("AcademicYearSetup where "), 9), 1);
+    EXPECT_EQ(NextCode(QStringLiteral("AcademicYearCode"), QStringLiteral("AcademicYearSetup where "), 1), 2);
+    EXPECT_EQ(NextCode(column, QStringLiteral("AcademicYearSetup where "), 2), 2025);
+    EXPECT_EQ(NextCode(column, QStringLiteral("AcademicYearSetup where "), 9), 1);
 }
 
 TEST_F(modTallyboardTest, ADanglingWhereIsCutWhenNoYearIsAskedFor)
 {
     GivenYear(4, "Y");
-    EXPECT_EQ(GetNextCode(QStringLiteral("AcademicYearCode"), QStringLiteral("AcademicYearSetup where "), 0),
-              5);
+    EXPECT_EQ(NextCode(QStringLiteral("AcademicYearCode"), QStringLiteral("AcademicYearSetup where "), 0), 5);
+}
+
+TEST_F(modTallyboardTest, TheNextCodeIsThatOfTheFileInWhichItIsSaved)
+{
+    Given("INSERT INTO StateMaster VALUES (9, 'Kerala', 1)");
+    store::Connection other = test::DeliveredMainStore();
+    store::Transaction saving(other);
+    const auto next = [&saving] {
+        return GetNextCode(saving, QStringLiteral("StateCode"), QStringLiteral("StateMaster"), 0);
+    };
+    EXPECT_EQ(next(), 1);
+    saving.Execute(QStringLiteral("INSERT INTO StateMaster VALUES (1, 'Goa', 1)"));
+    EXPECT_EQ(next(), 2) << "a row of the same save counts";
+}
+
+TEST_F(modTallyboardTest, TheNextCodeNeedsNoOpenMainFile)
+{
+    Session().gcnnMain.reset();
+    store::Connection log = store::Connection::InMemory();
+    store::Transaction saving(log);
+    store::CreateBackupTables(saving);
+    EXPECT_EQ(GetNextCode(saving, QStringLiteral("BackupCode"), QStringLiteral("BackupDatabase"), 0), 1);
+    saving.Execute(QStringLiteral("INSERT INTO BackupDatabase VALUES (1, '/backups/June.mdb', '')"));
+    EXPECT_EQ(GetNextCode(saving, QStringLiteral("BackupCode"), QStringLiteral("BackupDatabase"), 0), 2);
 }
 
 TEST_F(modTallyboardTest, BeforeTheFirstLoginExistsEverythingIsAllowed)
