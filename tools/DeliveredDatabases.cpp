@@ -1,7 +1,7 @@
 #include "tools/DeliveredDatabases.h"
 
-#include "core/OwnFiles.h"
 #include "store/DeliveredRows.h"
+#include "store/OwnFiles.h"
 #include "store/StoreError.h"
 #include "store/Tables.h"
 
@@ -53,7 +53,7 @@ bool MakeDatabase(const QString& path, const QString& password,
         transaction.Commit();
     }
     // No file is ever replaced, so a database that was copied here meanwhile stays.
-    if (!MoveToFreeName(unfinished, path))
+    if (!store::MoveToFreeName(unfinished, path))
         throw store::StoreError(
             QStringLiteral("The File %1 Could Not Be Made").arg(QDir::toNativeSeparators(path)));
     return true;

@@ -1,8 +1,8 @@
 #include "core/TempFolder.h"
 
-#include "core/OwnFiles.h"
 #include "core/ProgramFolder.h"
 #include "core/SessionContext.h"
+#include "store/OwnFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -46,9 +46,9 @@ void HideFolder([[maybe_unused]] const QString& folder)
     // File managers leave out what a ".hidden" list beside it names.
     const QString path = QDir(folder).filePath(QStringLiteral("../.hidden"));
     QByteArray names;
-    if (!IsFreeName(path)) {
+    if (!store::IsFreeName(path)) {
         QFile list(path);
-        if (!IsPlainFile(path) || !list.open(QIODevice::ReadOnly))
+        if (!store::IsPlainFile(path) || !list.open(QIODevice::ReadOnly))
             return;
         names = list.readAll();
         if (list.error() != QFile::NoError)
@@ -72,7 +72,7 @@ bool MakeFolder(const QString& folder)
         return false;
     if (QDir().mkdir(folder))
         HideFolder(folder);
-    return IsPlainFolder(folder);
+    return store::IsPlainFolder(folder);
 }
 
 } // namespace
@@ -86,7 +86,7 @@ void CreateTempFolder()
 
 void DeleteTempFolder()
 {
-    RemoveOwnFolder(TempFolder(), FileNames());
+    store::RemoveOwnFolder(TempFolder(), FileNames());
 }
 
 QString ExtractResource(int id, const QString& folder, const QString& extension)
@@ -95,7 +95,7 @@ QString ExtractResource(int id, const QString& folder, const QString& extension)
     if (!resource.open(QIODevice::ReadOnly) || !MakeFolder(folder))
         return {};
     QFile target(QDir(folder).filePath(FileName(id, extension)));
-    if (IsPlainFile(target.fileName()))
+    if (store::IsPlainFile(target.fileName()))
         target.remove();
     // A link that took the name since fails this opening.
     if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly))

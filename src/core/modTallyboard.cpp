@@ -4,6 +4,7 @@
 #include "core/ProgramFolder.h"
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
+#include "store/Upgrade.h"
 
 #include <QDate>
 #include <QLocale>
@@ -49,6 +50,7 @@ void OpenConnections()
     auto temp =
         std::make_unique<store::Connection>(ProgramFile(QStringLiteral("TempTallyboard.mdb")), password);
     temp->HoldsWorkingTables();
+    store::Upgrade(*main);
     session.gcnnMain = std::move(main);
     session.gcnnTemp = std::move(temp);
 }

@@ -11,8 +11,8 @@ namespace tally {
 /// The routines that every screen calls, as far as they need no window. They read and fill Session() and
 /// throw StoreError when a statement fails.
 
-/// Builds the database password and opens both shared connections in the program's folder. Throws StoreError
-/// and leaves both closed when one of them can't be opened.
+/// Builds the database password and opens both shared connections in the program's folder; a main file of an
+/// older program is upgraded first. Throws StoreError and leaves both closed when one of them can't be used.
 void OpenConnections();
 
 /// Fills the year's values from the active academic year; without one only gblnActiveYearExists changes.

@@ -1,9 +1,13 @@
 #include "store/Connection.h"
 
+#include "store/Dialect.h"
 #include "store/StoreError.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QIODevice>
+
+#include <algorithm>
 
 // The header shows the functions of the cipher only to a file that says it wants them.
 #ifndef SQLITE_HAS_CODEC
@@ -15,10 +19,8 @@ namespace tally::store {
 
 namespace {
 
-/// The password is fixed, long and built in; stretching it further guards nothing and costs the office a wait
-/// at each opening, so a token number of rounds is enough.
-constexpr int KeyDerivationRounds = 1000;
-constexpr int PageSize = 4096;
+/// In bytes.
+constexpr qint64 CopyStep = 1 << 20;
 
 } // namespace
 
@@ -76,21 +78,15 @@ void Connection::Key(const QString& password)
     const int result = sqlite3_key(engine_.get(), key.constData(), static_cast<int>(key.size()));
     if (result != SQLITE_OK)
         throw StoreError(result, QString::fromUtf8(sqlite3_errmsg(engine_.get())));
-    // The third format is the one that every engine since 3.4 can read; those before 4 ignore the first line.
-    Execute(QStringLiteral("PRAGMA cipher_compatibility = 3"));
-    Execute(QStringLiteral("PRAGMA cipher_page_size = %1").arg(PageSize));
-    Execute(QStringLiteral("PRAGMA kdf_iter = %1").arg(KeyDerivationRounds));
+    for (const QString& statement : dialect::AfterKey())
+        Execute(statement);
 }
 
 void Connection::Configure()
 {
-    // Reading the schema is the proof that the file is a database and that the password fits.
-    Execute(QStringLiteral("SELECT count(*) FROM sqlite_master"));
-    Execute(QStringLiteral("PRAGMA foreign_keys = ON"));
-    // The files may lie on a shared folder, where a write-ahead log cannot work.
-    Execute(QStringLiteral("PRAGMA journal_mode = DELETE"));
-    Execute(QStringLiteral("PRAGMA synchronous = FULL"));
-    Execute(QStringLiteral("PRAGMA temp_store = MEMORY"));
+    Execute(dialect::ReadSchema());
+    for (const QString& statement : dialect::Settings())
+        Execute(statement);
     *runs_ = 0;
 }
 
@@ -101,13 +97,12 @@ Statement Connection::Prepare(const QString& sql)
 
 void Connection::Begin()
 {
-    // Taking the write lock at once lets two clients queue; upgrading a read lock later could only fail.
-    BeginWith(QStringLiteral("BEGIN IMMEDIATE"));
+    BeginWith(dialect::BeginWriting());
 }
 
 void Connection::BeginReading()
 {
-    BeginWith(QStringLiteral("BEGIN"));
+    BeginWith(dialect::BeginReading());
 }
 
 void Connection::BeginWith(const QString& outermost)
@@ -148,12 +143,37 @@ void Connection::Rollback()
 
 void Connection::HoldsWorkingTables()
 {
-    Execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
+    Execute(dialect::WaitLessForDisk());
 }
 
 qint64 Connection::ChangesByOthers()
 {
-    return Number(QStringLiteral("PRAGMA data_version"));
+    return Number(dialect::ReadChangesByOthers());
+}
+
+int Connection::SchemaVersion()
+{
+    return static_cast<int>(Number(dialect::ReadSchemaVersion()));
+}
+
+void Connection::CopyTo(QIODevice& copy)
+{
+    // Through the engine's own handle: where a process closes a second one on the same file, it loses the
+    // locks that it holds there.
+    sqlite3_file* file = nullptr;
+    sqlite3_int64 size = 0;
+    int result = sqlite3_file_control(engine_.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (result == SQLITE_OK)
+        result = file->pMethods->xFileSize(file, &size);
+    QByteArray bytes;
+    for (qint64 done = 0; result == SQLITE_OK && done < size; done += bytes.size()) {
+        bytes.resize(std::min(CopyStep, size - done));
+        result = file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), done);
+        if (result == SQLITE_OK && copy.write(bytes) != bytes.size())
+            throw StoreError(QStringLiteral("The Copy Could Not Be Written (%1)").arg(copy.errorString()));
+    }
+    if (result != SQLITE_OK)
+        throw StoreError(result, QString::fromUtf8(sqlite3_errstr(result)));
 }
 
 void Connection::SetPatience(std::chrono::milliseconds patience)

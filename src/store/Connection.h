@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 
+class QIODevice;
 struct sqlite3;
 
 namespace tally::store {
@@ -80,6 +81,11 @@ public:
     /// anything in the file; what this one writes leaves it as it is. Within a transaction it belongs to all
     /// that the transaction reads. The numbers of two connections say nothing about each other.
     qint64 ChangesByOthers();
+    /// Of which program's time the tables are; 0 where the file does not say so. Set by Upgrade alone.
+    int SchemaVersion();
+    /// Writes the bytes of the file, as they were last committed, to `copy`. Not for a store in memory. Only
+    /// in a transaction that has changed nothing yet; it keeps other writers away meanwhile.
+    void CopyTo(QIODevice& copy);
     /// Statements run so far, for proving that an action's cost does not grow with the school.
     std::uint64_t StatementsRun() const { return *runs_; }
     /// Empty for a store in memory.

@@ -1,5 +1,7 @@
 #include "store/TableDefinition.h"
 
+#include "store/Dialect.h"
+
 #include <QStringList>
 
 namespace tally::store {
@@ -35,7 +37,7 @@ Column Column::In(const char* texts) const
 
 Column Long(const char* name)
 {
-    return {QLatin1String(name), QStringLiteral("INTEGER")};
+    return {QLatin1String(name), dialect::WholeNumber()};
 }
 
 Column Integer(const char* name)
@@ -45,25 +47,22 @@ Column Integer(const char* name)
 
 Column Double(const char* name)
 {
-    return {QLatin1String(name), QStringLiteral("DOUBLE")};
+    return {QLatin1String(name), dialect::DecimalNumber()};
 }
 
 Column Text(const char* name, int width)
 {
-    return {QLatin1String(name), QStringLiteral("VARCHAR(%1) COLLATE NOCASE").arg(width),
-            QStringLiteral("length(%1) <= %2").arg(QLatin1String(name)).arg(width)};
+    return {QLatin1String(name), dialect::ShortText(width), dialect::TextFits(QLatin1String(name), width)};
 }
 
 Column Memo(const char* name)
 {
-    return {QLatin1String(name), QStringLiteral("TEXT COLLATE NOCASE")};
+    return {QLatin1String(name), dialect::LongText()};
 }
 
 Column Date(const char* name)
 {
-    // Adding no days carries a 30th of February over into March, where it no longer equals what was written.
-    return {QLatin1String(name), QStringLiteral("VARCHAR(10)"),
-            QStringLiteral("%1 IS date(%1, '+0 days')").arg(QLatin1String(name))};
+    return {QLatin1String(name), dialect::Day(), dialect::IsDay(QLatin1String(name))};
 }
 
 void CreateTable(Transaction& transaction, const char* name, std::initializer_list<Column> columns,
@@ -79,7 +78,7 @@ void CreateTable(Transaction& transaction, const char* name, std::initializer_li
     }
     transaction.Execute(QStringLiteral("CREATE TABLE %1 (\n    %2)%3")
                             .arg(QLatin1String(name), lines.join(QLatin1String(",\n    ")),
-                                 QLatin1String(keyOverSeveralColumns ? " WITHOUT ROWID" : "")));
+                                 keyOverSeveralColumns ? dialect::InOrderOfKey() : QString()));
 }
 
 } // namespace tally::store

@@ -1,6 +1,9 @@
 #include "store/Tables.h"
 
+#include "store/Dialect.h"
 #include "store/TableDefinition.h"
+
+#include <span>
 
 namespace tally::store {
 
@@ -244,25 +247,60 @@ void CreateStudentsAndMarks(Transaction& transaction)
 
 // clang-format on
 
+void CreateIndexes(Transaction& transaction, std::span<const char* const> indexes)
+{
+    for (const char* index : indexes)
+        transaction.Execute(QStringLiteral("CREATE INDEX ") + QLatin1String(index));
+}
+
 /// The keys of the tables of marks and ranks begin with class and division, so they serve the lists of a
 /// class-division and the refusal to delete one. What is left are the ways in by class within a year, by
-/// student, and from the small masters whose deletes must look for users of the row.
-void CreateIndexes(Transaction& transaction)
+/// student and by user. What guards deletes stands below.
+void CreateListIndexes(Transaction& transaction)
 {
     const char* const indexes[] = {
         "ClassStudents ON StudentClassDivision (ClassCode, DivisionCode, AcademicYearCode, Status)",
         "ClassGrades ON RankMaster (ClassCode, DivisionCode, AcademicYearCode, ExamCode, Status)",
         "StudentMarks ON MarkMaster (StudentCode, AcademicYearCode)",
-        "StudentRanks ON TempRankTotal (StudentCode)",
         "UserRights ON UserPrivilegeDetails (UserCode, FormName, ButtonName)",
         "StateCities ON CityMaster (StateCode)",
         "CityStudents ON StudentMaster (CityCode)",
     };
-    for (const char* index : indexes)
-        transaction.Execute(QStringLiteral("CREATE INDEX ") + QLatin1String(index));
+    CreateIndexes(transaction, indexes);
 }
 
 } // namespace
+
+void CreateGuardIndexes(Transaction& transaction)
+{
+    // Where a table's own key leads to a list, a column that no list asks for stands behind the code, so that
+    // the engine keeps to the key: there the rows of a class-division lie together. The tables of the
+    // school's own details have one row and need no index.
+    const char* const indexes[] = {
+        "YearAdmissions ON StudentMaster (AcademicYearCode)",
+        "YearStudents ON StudentClassDivision (AcademicYearCode)",
+        "YearSubjects ON ClassSubjectTeacher (AcademicYearCode, TeacherCode)",
+        "YearGrades ON RankMaster (AcademicYearCode)",
+        "YearMarks ON MarkMaster (AcademicYearCode, UserCode)",
+        "YearRanks ON TempRankTotal (AcademicYearCode, Grade)",
+        "YearTransactions ON TransactionMaster (AcademicYearCode)",
+        "ExamGrades ON RankMaster (ExamCode, UserCode)",
+        "ExamMarks ON MarkMaster (ExamCode, AcademicYearCode, UserCode)",
+        "ExamRanks ON TempRankTotal (ExamCode, Grade)",
+        "SubjectClasses ON ClassSubjectTeacher (SubjectCode)",
+        "SubjectMarks ON MarkMaster (SubjectCode, UserCode)",
+        "TeacherSubjects ON ClassSubjectTeacher (TeacherCode)",
+        "TeacherMarks ON MarkMaster (TeacherCode)",
+        "StudentRanks ON TempRankTotal (StudentCode, AcademicYearCode)",
+        "StudentTransactions ON TransactionMaster (StudentCode, AcademicYearCode)",
+        "BloodGroupStudents ON StudentMaster (BloodGroupCode)",
+        "BloodGroupTeachers ON TeacherMaster (BloodGroupCode)",
+        "CityTeachers ON TeacherMaster (CityCode)",
+        "SalutationTeachers ON TeacherMaster (SalutationCode)",
+        "ClassFees ON FeesSetup (ClassCode)",
+    };
+    CreateIndexes(transaction, indexes);
+}
 
 void CreateMainTables(Transaction& transaction)
 {
@@ -270,7 +308,9 @@ void CreateMainTables(Transaction& transaction)
     CreateCalendarAndSession(transaction);
     CreateUsers(transaction);
     CreateStudentsAndMarks(transaction);
-    CreateIndexes(transaction);
+    CreateListIndexes(transaction);
+    CreateGuardIndexes(transaction);
+    transaction.Execute(dialect::WriteSchemaVersion(MainVersion));
 }
 
 // clang-format off
@@ -280,6 +320,7 @@ void CreateTempTables(Transaction& transaction)
     CreateTable(transaction, "Options", {
         Text("Options", 1).In(YesNo),
         Integer("UserCode")});
+    transaction.Execute(dialect::WriteSchemaVersion(OtherFilesVersion));
 }
 
 void CreateBackupTables(Transaction& transaction)
@@ -292,6 +333,7 @@ void CreateBackupTables(Transaction& transaction)
         Long("RestoreCode").Key(),
         Text("RestorePath", 300),
         Text("RestoreDate", 30)});
+    transaction.Execute(dialect::WriteSchemaVersion(OtherFilesVersion));
 }
 
 void CreateHelpTables(Transaction& transaction)
@@ -300,6 +342,7 @@ void CreateHelpTables(Transaction& transaction)
         Long("Scrno").Key(),
         Text("ScreenName", 100),
         Memo("Details")});
+    transaction.Execute(dialect::WriteSchemaVersion(OtherFilesVersion));
 }
 
 // clang-format on

@@ -1,11 +1,11 @@
 #include "StoreFiles.h"
+#include "support/AsOrdinaryUser.h"
 
 #include <chrono>
 #include <thread>
 
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
-#include <unistd.h>
 #endif
 
 namespace tally::test {
@@ -110,28 +110,6 @@ TEST(Faults, AReaderSeesOnlyWhatWasCommitted)
 }
 
 #ifdef Q_OS_UNIX
-
-/// The owner of the machine may write everywhere; for the length of a test we are somebody else.
-class AsOrdinaryUser
-{
-public:
-    AsOrdinaryUser()
-    {
-        constexpr uid_t Nobody = 65534;
-        if (geteuid() == 0)
-            changed_ = seteuid(Nobody) == 0;
-    }
-    AsOrdinaryUser(const AsOrdinaryUser&) = delete;
-    AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
-    ~AsOrdinaryUser()
-    {
-        if (changed_ && seteuid(0) != 0)
-            std::abort();
-    }
-
-private:
-    bool changed_ = false;
-};
 
 TEST(Faults, AReadOnlyFileCanBeReadAndRefusesASaveInPlainWords)
 {

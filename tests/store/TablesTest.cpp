@@ -148,6 +148,13 @@ TEST(Tables, HelpFileHoldsTheHelpTexts)
     EXPECT_EQ(ColumnsOf(store, "Tallyboarddetails"), QLatin1String("Scrno ScreenName/100 Details"));
 }
 
+TEST(Tables, EveryFileCarriesTheVersionOfItsTables)
+{
+    EXPECT_EQ(InMemoryWith(store::CreateMainTables).SchemaVersion(), store::MainVersion);
+    for (const auto create : {store::CreateTempTables, store::CreateBackupTables, store::CreateHelpTables})
+        EXPECT_EQ(InMemoryWith(create).SchemaVersion(), store::OtherFilesVersion);
+}
+
 TEST(Tables, EveryTextColumnComparesWithoutCase)
 {
     Connection store = InMemoryWith(store::CreateMainTables);

@@ -1,12 +1,12 @@
 #include "reports/output/ExportWorkbook.h"
 
-#include "core/OwnFiles.h"
 #include "core/SessionContext.h"
 #include "core/ui/controls/HourGlass.h"
 #include "core/ui/OpenDocument.h"
 #include "core/ui/Prompts.h"
 #include "reports/output/Workbook.h"
 #include "reports/output/WorkFolder.h"
+#include "store/OwnFiles.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -34,9 +34,9 @@ QString MoveIntoPlace(const QString& file, const QDir& folder, const QString& na
     for (int number = 1; number < MostTries; ++number) {
         const QString suffix = number > 1 ? QStringLiteral(" (%1)").arg(number) : QString();
         QString path = folder.filePath(name + suffix + QStringLiteral(".xlsx"));
-        if (MoveToFreeName(file, path))
+        if (store::MoveToFreeName(file, path))
             return path;
-        if (IsFreeName(path))
+        if (store::IsFreeName(path))
             break;
     }
     throw ExportError(

@@ -1,6 +1,6 @@
 #include "reports/output/WorkFolder.h"
 
-#include "core/OwnFiles.h"
+#include "store/OwnFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -35,7 +35,7 @@ std::unique_ptr<QLockFile> TakeLock(const QString& folder, QLockFile::LockError&
     auto lock = std::make_unique<QLockFile>(path);
     // Age says nothing, only whether the program lives does, and that only its own machine knows. A lock that
     // does not say whose it is belongs to a program that is just taking it, or died then.
-    const bool isNobodys = IsPlainFile(path) && QFileInfo(path).size() == 0;
+    const bool isNobodys = store::IsPlainFile(path) && QFileInfo(path).size() == 0;
     lock->setStaleLockTime(isNobodys ? LongestTaking : 0);
     const bool taken = lock->tryLock(0);
     error = lock->error();
@@ -47,7 +47,7 @@ void Clear(const QString& folder, QLockFile& lock)
 {
     QStringList files = Names(folder);
     files.removeIf([](const QString& name) { return name == LockName || !IsOwnName(name); });
-    RemoveOwnFolder(folder, files);
+    store::RemoveOwnFolder(folder, files);
     lock.unlock();
     QDir().rmdir(folder);
 }
@@ -85,7 +85,7 @@ void WorkFolder::ClearDead(const QDir& exports)
         exports.entryList({QStringLiteral(".export-??????")}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
     for (const QString& folder : folders) {
         const QString path = exports.filePath(folder);
-        if (!IsPlainFolder(path))
+        if (!store::IsPlainFolder(path))
             continue;
         const QStringList names = Names(path);
         if (!std::all_of(names.begin(), names.end(), IsOwnName))

@@ -1,7 +1,7 @@
 #include "reports/output/Workbook.h"
 
-#include "core/OwnFiles.h"
 #include "reports/output/WorkFolder.h"
+#include "store/OwnFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -82,7 +82,7 @@ void SaveCopy(const QString& file, const QString& path)
     if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         throw WorkbookError("The workbook could not be opened.");
     const QByteArray content = source.readAll();
-    if (copy.write(content) != content.size() || !BringToDisk(copy))
+    if (copy.write(content) != content.size() || !store::BringToDisk(copy))
         throw WorkbookError("The workbook could not be saved.");
 }
 

@@ -1,7 +1,10 @@
 #include "core/shell/frmSplash.h"
 
+#include "core/DatabasePassword.h"
 #include "core/shell/frmStartLogin.h"
 #include "core/ui/controls/MovieView.h"
+#include "store/OldMainFile.h"
+#include "store/Tables.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScreenFixture.h"
 
@@ -178,6 +181,45 @@ TEST_F(frmSplashTest, AFileThatIsNoDatabaseKeepsTheLoginAway)
     ExpectNoLoginAfterEnter("Tallyboard.mdb",
                             QStringLiteral("%1: This File Is Not A Database Of This Program, Or It Has "
                                            "Another Password (file is encrypted or is not a database)"));
+}
+
+TEST_F(frmSplashTest, ADatabaseOfANewerProgramKeepsTheLoginAway)
+{
+    AnotherClient()->Execute(QStringLiteral("PRAGMA user_version = 1000"));
+    ExpectNoLoginAfterEnter(
+        "Tallyboard.mdb", QStringLiteral("The Database File %1 Belongs To A Newer Tally Board Than This One, "
+                                         "And Is Left As It Is. Please Start The Newer Program"));
+}
+
+TEST_F(frmSplashTest, ADatabaseOfAnOlderProgramIsUpgradedOnTheWayToTheLogin)
+{
+    const QString file = Folder() + QStringLiteral("/Tallyboard.mdb");
+    ASSERT_TRUE(QFile::remove(file));
+    {
+        SessionContext session;
+        BuildDatabasePassword(session);
+        store::Connection old(file, DatabasePassword(session), store::Connection::Mode::Create);
+        store::Transaction transaction(old);
+        LayOldMainFile(transaction);
+        transaction.Commit();
+    }
+    PressKey(Show(), Qt::Key_Return);
+    EXPECT_NE(Login(), nullptr);
+    EXPECT_EQ(AnotherClient()->SchemaVersion(), store::MainVersion);
+    EXPECT_EQ(AnotherClient(QStringLiteral("Tallyboard before upgrade 2.mdb"))->SchemaVersion(), 0);
+}
+
+TEST_F(frmSplashTest, AnUpgradeThatFailedIsTriedAgainWithTheNextEnter)
+{
+    // As the indexes of today are there already, the upgrade of this file can't succeed.
+    AnotherClient()->Execute(QStringLiteral("PRAGMA user_version = 1"));
+    ExpectNoLoginAfterEnter(
+        "Tallyboard.mdb",
+        QStringLiteral("The Database File %1 Must Be Upgraded For This Program, And Could Not "
+                       "Be. It Is As It Was. index YearAdmissions already exists"));
+    AnotherClient()->Execute(QStringLiteral("PRAGMA user_version = 2"));
+    PressKey(QApplication::activeWindow(), Qt::Key_Return);
+    EXPECT_NE(Login(), nullptr);
 }
 
 TEST_F(frmSplashTest, FromEnterToTheLoginReadyToTypeTakesNoNoticeableTime)

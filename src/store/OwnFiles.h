@@ -9,7 +9,7 @@
 
 class QFile;
 
-namespace tally {
+namespace tally::store {
 
 /// How the program treats its own files in folders where other people write too: it removes and replaces
 /// nothing that it did not make, and never follows a link that somebody has put there.
@@ -33,4 +33,4 @@ void RemoveOwnFolder(const QString& folder, const QStringList& files);
 using MoveWay = std::error_code (*)(const std::filesystem::path& from, const std::filesystem::path& to);
 const std::array<MoveWay, 3>& MoveWays();
 
-} // namespace tally
+} // namespace tally::store

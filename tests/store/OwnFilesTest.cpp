@@ -1,4 +1,4 @@
-#include "core/OwnFiles.h"
+#include "store/OwnFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,6 +11,9 @@
 #include <unistd.h>
 
 namespace tally::test {
+
+using namespace store;
+
 namespace {
 
 class OwnFiles : public testing::Test

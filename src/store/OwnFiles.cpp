@@ -1,4 +1,4 @@
-#include "core/OwnFiles.h"
+#include "store/OwnFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,7 +14,7 @@
 #include <unistd.h>
 #endif
 
-namespace tally {
+namespace tally::store {
 
 namespace {
 
@@ -141,4 +141,4 @@ bool MoveToFreeName(const QString& file, const QString& path)
     return false;
 }
 
-} // namespace tally
+} // namespace tally::store
