@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/Connection.h"
+#include "store/Dialect.h"
 
 #include <QString>
 
@@ -8,24 +9,13 @@
 
 namespace tally {
 
-/// "?,?,?" for `count` values in brackets; for none "Null", which no code equals.
-inline QString Placeholders(std::size_t count)
-{
-    if (count == 0)
-        return QStringLiteral("Null");
-    QString text(static_cast<qsizetype>(2 * count - 1), QLatin1Char(','));
-    for (qsizetype position = 0; position < text.size(); position += 2)
-        text[position] = QLatin1Char('?');
-    return text;
-}
-
 /// `sql` holds one %1 where the list of codes goes, behind all other placeholders. The engine takes 999
 /// values in all, more than a school has divisions in a class.
 template <typename... Values>
 store::Statement QueryCodes(store::Connection& connection, const QString& sql, const std::vector<int>& codes,
                             const Values&... values)
 {
-    store::Statement statement = connection.Prepare(sql.arg(Placeholders(codes.size())));
+    store::Statement statement = connection.Prepare(sql.arg(store::dialect::Placeholders(codes.size())));
     int position = 0;
     (statement.BindAt(++position, static_cast<qint64>(values)), ...);
     for (const int code : codes)

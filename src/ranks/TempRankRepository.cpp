@@ -1,43 +1,28 @@
 #include "ranks/TempRankRepository.h"
 
 #include "ranks/CodesQuery.h"
-#include "store/Identifier.h"
-
-#include <QSet>
+#include "store/WorkingTable.h"
 
 namespace tally {
 
 namespace {
 
+constexpr const char* TableName = "TempRankCalculation";
+
 /// Columns of TempRankCalculation before and behind the subjects.
 constexpr int FirstSubjectField = 5;
 constexpr int FieldsBehindSubjects = 6;
 
-/// The columns of the subjects. Subjects may share a short name, so a name that is taken gets a further
-/// underscore.
-QStringList SubjectColumns(const std::vector<RankSubject>& subjects)
+store::WorkingTable TempRankCalculation(const std::vector<RankSubject>& subjects)
 {
-    QStringList columns;
-    QSet<QString> taken;
-    for (const RankSubject& subject : subjects) {
-        QString column = subject.shortName + QLatin1Char('_');
-        while (taken.contains(column.toCaseFolded()))
-            column += QLatin1Char('_');
-        taken.insert(column.toCaseFolded());
-        columns.append(column);
-    }
-    return columns;
-}
-
-QString CreateTempRankCalculation(const QStringList& subjectColumns)
-{
-    QString sql = QStringLiteral("CREATE TABLE TempRankCalculation(StudentName Text(100) COLLATE NOCASE,"
-                                 "AdmissionNo Text(15) COLLATE NOCASE, Class Text(4) COLLATE NOCASE,"
-                                 "Division Text(3) COLLATE NOCASE, DivisionCode Integer,");
-    for (const QString& column : subjectColumns)
-        sql += store::QuotedIdentifier(column) + QLatin1String(" Text(10),");
-    return sql + QLatin1String("Total Double, Average Double, Rank Integer, Grade Text(2) COLLATE NOCASE,"
-                               "RankTotal Double, StudentCode Integer)");
+    store::WorkingTable table(TableName);
+    table.Text("StudentName", 100).Text("AdmissionNo", 15).Text("Class", 4).Text("Division", 3);
+    table.Whole("DivisionCode");
+    for (const RankSubject& subject : subjects)
+        table.TextOfData(subject.shortName + QLatin1Char('_'), 10);
+    table.Decimal("Total").Decimal("Average").Whole("Rank").Text("Grade", 2).Decimal("RankTotal");
+    table.Whole("StudentCode");
+    return table;
 }
 
 void AppendRows(store::Statement& statement, TempRankTable& table)
@@ -67,14 +52,12 @@ void AppendRows(store::Statement& statement, TempRankTable& table)
 
 void TempRankRepository::FillTempRankCalculation(store::Transaction& temp, const RankList& list)
 {
-    DropTempRankCalculation(temp);
-    temp.Execute(CreateTempRankCalculation(SubjectColumns(list.subjects)));
+    const store::WorkingTable table = TempRankCalculation(list.subjects);
+    table.Create(temp);
 
     const std::size_t subjectCount = list.subjects.size();
     const int behind = FirstSubjectField + static_cast<int>(subjectCount);
-    store::Statement insert =
-        temp.Prepare(QStringLiteral("INSERT INTO TempRankCalculation VALUES(%1)")
-                         .arg(Placeholders(subjectCount + FirstSubjectField + FieldsBehindSubjects)));
+    store::Statement insert = table.Insert(temp);
     const QByteArray className = list.className.toUtf8();
     std::vector<QByteArray> divisionNames;
     for (const RankDivision& division : list.divisions)
@@ -108,7 +91,7 @@ void TempRankRepository::FillTempRankCalculation(store::Transaction& temp, const
 
 void TempRankRepository::DropTempRankCalculation(store::Transaction& temp)
 {
-    temp.Execute(QStringLiteral("DROP TABLE IF EXISTS TempRankCalculation"));
+    store::WorkingTable::Drop(temp, TableName);
 }
 
 TempRankTable TempRankRepository::LoadTempRankCalculation(RankOrder order,
