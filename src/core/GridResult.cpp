@@ -6,20 +6,32 @@
 #include <cmath>
 #include <numeric>
 #include <optional>
+#include <utility>
 
 namespace tally {
+
+int ColumnOf(const QStringList& heads, const QString& head)
+{
+    for (int column = 0; column < heads.size(); ++column)
+        if (heads.at(column).compare(head, Qt::CaseInsensitive) == 0)
+            return column;
+    return -1;
+}
 
 GridResult ReadGrid(store::Statement query, const QStringList& dateHeads)
 {
     GridResult result;
     for (int column = 0; column < query.ColumnCount(); ++column)
         result.heads.append(query.ColumnName(column));
+    std::vector<bool> isDate;
+    for (const QString& head : std::as_const(result.heads))
+        isDate.push_back(ColumnOf(dateHeads, head) >= 0);
     while (query.Next()) {
         QStringList row;
         row.reserve(result.heads.size());
         for (int column = 0; column < result.heads.size(); ++column)
-            row.append(dateHeads.contains(result.heads.at(column)) ? ShownDate(query.Date(column))
-                                                                   : query.Text(column));
+            row.append(isDate[static_cast<std::size_t>(column)] ? ShownDate(query.Date(column))
+                                                                : query.Text(column));
         result.rows.push_back(std::move(row));
     }
     return result;

@@ -16,6 +16,10 @@ struct GridResult
     std::vector<QStringList> rows; ///< each as long as `heads`
 };
 
+/// Where `head` stands among the heads, in whatever letters: a store may give back the names of columns in
+/// small ones. -1 when it is not among them.
+int ColumnOf(const QStringList& heads, const QString& head);
+
 /// All rows of a query whose column names are the heads of the grid. ISO dates become "dd/MMM/yyyy" in the
 /// columns named in `dateHeads`.
 GridResult ReadGrid(store::Statement query, const QStringList& dateHeads = {});

@@ -34,20 +34,25 @@ CodedTexts MarkRepository::Students(const MarkScope& scope)
 
 CodedTexts MarkRepository::StudentsToMark(const MarkScope& scope, bool withRelieved)
 {
-    const QString sql = QStringLiteral(
-        "SELECT a.StudentCode, trim(b.StudentName) || '(' || ifnull(b.OptionalAdmissionNo,'') "
-        "|| ')' FROM StudentClassDivision a, StudentMaster b WHERE a.StudentCode = b.StudentCode "
-        "AND a.ClassCode = ?1 AND a.DivisionCode = ?2 AND a.AcademicYearCode = ?3 AND "
-        "(b.TCNo = ''%1) ORDER BY b.StudentName, b.OptionalAdmissionNo");
-    if (!withRelieved)
-        return ReadCodedTexts(
-            main_.Query(sql.arg(QString()), scope.classCode, scope.divisionCode, scope.academicYearCode));
-    return ReadCodedTexts(
-        main_.Query(sql.arg(QLatin1String(
-                        " OR EXISTS (SELECT 1 FROM MarkMaster c WHERE c.StudentCode = a.StudentCode AND "
-                        "c.ClassCode = ?1 AND c.DivisionCode = ?2 AND c.AcademicYearCode = ?3 AND "
-                        "c.ExamCode = ?4)")),
-                    scope.classCode, scope.divisionCode, scope.academicYearCode, scope.examCode));
+    const QString orMarked =
+        withRelieved
+            ? QStringLiteral(
+                  " OR EXISTS (SELECT 1 FROM MarkMaster c WHERE c.StudentCode = a.StudentCode AND "
+                  "c.ClassCode = :Class AND c.DivisionCode = :Division AND c.AcademicYearCode = :Year AND "
+                  "c.ExamCode = :Exam)")
+            : QString();
+    store::Statement students = main_.Prepare(
+        QStringLiteral(
+            "SELECT a.StudentCode, trim(b.StudentName) || '(' || coalesce(b.OptionalAdmissionNo, '') "
+            "|| ')' FROM StudentClassDivision a, StudentMaster b WHERE a.StudentCode = b.StudentCode "
+            "AND a.ClassCode = :Class AND a.DivisionCode = :Division AND a.AcademicYearCode = :Year AND "
+            "(b.TCNo = ''%1) ORDER BY b.StudentName, b.OptionalAdmissionNo")
+            .arg(orMarked));
+    students.BindNamed(":Class", qint64{scope.classCode});
+    students.BindNamed(":Division", qint64{scope.divisionCode});
+    students.BindNamed(":Year", qint64{scope.academicYearCode});
+    students.BindNamed(":Exam", qint64{scope.examCode});
+    return ReadCodedTexts(std::move(students));
 }
 
 std::vector<MarkSubject> MarkRepository::SubjectsToMark(const MarkScope& scope)

@@ -1,5 +1,7 @@
 #include "masters/SimpleMasterDefinitions.h"
 
+#include "store/Dialect.h"
+
 namespace tally {
 
 namespace {
@@ -122,9 +124,9 @@ SimpleMasterDefinition SalutationMaster()
         .selectable = Selectable::CodeAboveZero,
         .selectQuestion = "Do You Want To Edit/Delete ?",
         .deleteQuestion = "Do You Want To Delete This Salutation Name ?",
-        .duplicates = {{"SELECT count(*) FROM SalutationMaster"
-                        " WHERE upper(SalutationName) = upper(:SalutationName)"
-                        " AND SalutationName <> :Held COLLATE BINARY",
+        .duplicates = {{QStringLiteral("SELECT count(*) FROM SalutationMaster"
+                                       " WHERE upper(SalutationName) = upper(:SalutationName)"
+                                       " AND SalutationName <> :Held") + store::dialect::RespectingCase(),
                         "Salutation Name Already Exists", 0}},
         .grid = "SELECT SalutationName AS \"Salutation Name\", SalutationCode FROM SalutationMaster"
                 " WHERE upper(SalutationName) LIKE '%' || upper(:Search) || '%' ORDER BY SalutationName",

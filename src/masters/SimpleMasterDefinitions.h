@@ -2,6 +2,8 @@
 
 #include "core/KeyFilters.h"
 
+#include <QString>
+
 #include <optional>
 #include <span>
 #include <vector>
@@ -53,7 +55,7 @@ struct SimpleMasterParent
 /// A name or number that another row must not have already.
 struct DuplicateTest
 {
-    const char* count; ///< statement: how many other rows have it
+    QString count; ///< statement: how many other rows have it
     const char* message;
     std::size_t field; ///< the box that gets the focus
 };

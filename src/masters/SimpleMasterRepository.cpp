@@ -24,7 +24,7 @@ CodedTexts SimpleMasterRepository::Parents()
 const DuplicateTest* SimpleMasterRepository::Duplicate(const SimpleMasterEntry& entry)
 {
     for (const DuplicateTest& test : definition_.duplicates) {
-        store::Statement count = Bound(main_.Prepare(QLatin1String(test.count)), entry);
+        store::Statement count = Bound(main_.Prepare(test.count), entry);
         if (count.Next() && count.Long(0) > 0)
             return &test;
     }

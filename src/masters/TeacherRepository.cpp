@@ -1,5 +1,6 @@
 #include "masters/TeacherRepository.h"
 
+#include "store/Dialect.h"
 #include "store/StoreError.h"
 
 namespace tally {
@@ -75,8 +76,9 @@ std::optional<Teacher> TeacherRepository::Find(int teacherCode)
 bool TeacherRepository::NameTaken(const QString& name, int exceptCode)
 {
     // Two teachers may differ in the case of their names alone, which the column itself does not see.
-    return main_.Number(QStringLiteral("SELECT count(*) FROM TeacherMaster WHERE TeacherName = ?"
-                                       " COLLATE BINARY AND TeacherCode <> ? AND TeacherCode > 0"),
+    return main_.Number(QStringLiteral("SELECT count(*) FROM TeacherMaster WHERE TeacherName = ?") +
+                            store::dialect::RespectingCase() +
+                            QStringLiteral(" AND TeacherCode <> ? AND TeacherCode > 0"),
                         name, exceptCode) > 0;
 }
 
@@ -91,12 +93,13 @@ bool TeacherRepository::ShortNameTaken(const QString& shortName, int exceptCode)
 
 GridResult TeacherRepository::Search(const QString& name, const QString& city)
 {
-    QString sql = QStringLiteral(
-        "SELECT a.TeacherName AS [Teacher Name], a.TeacherShortName AS [Short Name],"
-        " CASE WHEN d.StateCode = 0 THEN '' ELSE d.StateName END AS [State Name],"
-        " CASE WHEN b.CityCode = 0 THEN '' ELSE b.CityName END AS [City Name], a.Telephone, a.TeacherCode"
-        " FROM TeacherMaster a LEFT JOIN CityMaster b ON a.CityCode = b.CityCode"
-        " LEFT JOIN StateMaster d ON b.StateCode = d.StateCode WHERE a.TeacherCode > 0");
+    QString sql =
+        QStringLiteral("SELECT a.TeacherName AS \"Teacher Name\", a.TeacherShortName AS \"Short Name\","
+                       " CASE WHEN d.StateCode = 0 THEN '' ELSE d.StateName END AS \"State Name\","
+                       " CASE WHEN b.CityCode = 0 THEN '' ELSE b.CityName END AS \"City Name\", a.Telephone "
+                       "AS \"Telephone\", a.TeacherCode"
+                       " FROM TeacherMaster a LEFT JOIN CityMaster b ON a.CityCode = b.CityCode"
+                       " LEFT JOIN StateMaster d ON b.StateCode = d.StateCode WHERE a.TeacherCode > 0");
     if (!name.isEmpty())
         sql += QStringLiteral(" AND upper(a.TeacherName) LIKE '%' || upper(:Name) || '%'");
     if (!city.isEmpty())

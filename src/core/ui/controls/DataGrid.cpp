@@ -110,7 +110,7 @@ void DataGrid::Bind(GridResult result, const QStringList& hidden)
     entered_ = QPersistentModelIndex();
     TakeEnter(false);
     for (int column = 0; column < heads.size(); ++column)
-        setColumnHidden(column, hidden.contains(heads.at(column), Qt::CaseInsensitive));
+        setColumnHidden(column, ColumnOf(hidden, heads.at(column)) >= 0);
     MeasureColumns();
     ShareWidth();
 }
@@ -156,7 +156,7 @@ int DataGrid::CurrentRow() const
 
 QString DataGrid::Text(int row, const QString& head) const
 {
-    const auto column = model_->Heads().indexOf(head);
+    const int column = ColumnOf(model_->Heads(), head);
     if (row < 0 || row >= RowCount() || column < 0)
         return {};
     return model_->Row(row).value(column);
