@@ -4,6 +4,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QSet>
+#include <QVariant>
 
 #include <stdexcept>
 
@@ -32,6 +34,15 @@ QStringList NamesIn(const QString& program)
     return names;
 }
 
+QVariantList LabelsOf(const QJsonValue& test)
+{
+    const QJsonArray properties = test[QLatin1String("properties")].toArray();
+    for (const QJsonValue property : properties)
+        if (property[QLatin1String("name")].toString() == QLatin1String("LABELS"))
+            return property[QLatin1String("value")].toArray().toVariantList();
+    return {};
+}
+
 } // namespace
 
 QString OutputOf(const QString& program, const QStringList& arguments, const QByteArray& input)
@@ -56,17 +67,18 @@ std::vector<Test> TestsOf(const QString& buildFolder)
     const QJsonArray entries =
         QJsonDocument::fromJson(told.toUtf8()).object()[QLatin1String("tests")].toArray();
     std::vector<Test> tests;
+    QSet<QString> programs;
     for (const QJsonValue entry : entries) {
-        const QJsonArray command = entry[QLatin1String("command")].toArray();
-        if (command.isEmpty())
+        const QString program = entry[QLatin1String("command")][0].toString();
+        if (program.isEmpty())
             throw std::runtime_error("not built: " + entry[QLatin1String("name")].toString().toStdString());
-        const QString program = command.first().toString();
-        if (command.size() > 1) {
-            tests.push_back({program, entry[QLatin1String("name")].toString(), false});
+        // A program that is run in parts stands there once for each.
+        if (programs.contains(program))
             continue;
-        }
+        programs.insert(program);
+        const bool ofRules = LabelsOf(entry).contains(QStringLiteral("rules"));
         for (const QString& name : NamesIn(program))
-            tests.push_back({program, name, true});
+            tests.push_back({program, name, ofRules});
     }
     return tests;
 }

@@ -13,7 +13,7 @@ struct Test
 {
     QString program; ///< its path
     QString name;
-    bool ofRules; ///< shares its process with others of its program; a test of a screen has one to itself
+    bool ofRules; ///< else of a screen, which is slower by far
 };
 
 /// All tests of a build that run within minutes and without a display. Throws std::runtime_error where the
