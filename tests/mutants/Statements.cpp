@@ -8,11 +8,17 @@
 
 namespace tally::mutants {
 
+namespace {
+
+/// Whether everybody passes through the code of this file on the way to the engine. What these files prepare
+/// by themselves has no terms.
 bool IsDoor(const QString& file)
 {
     static const QRegularExpression door(QStringLiteral("^src/store/(Connection|Statement|Transaction)\\."));
     return door.match(file).hasMatch();
 }
+
+} // namespace
 
 Statements::Statements(const QString& sourceFolder, const QString& programFolder)
     : sourceFolder_(sourceFolder + QLatin1Char('/')), programFolder_(programFolder + QLatin1Char('/'))

@@ -13,10 +13,6 @@ namespace tally::mutants {
 /// A place in a program from which a statement was prepared.
 using Caller = QPair<QString, QString>; ///< the program's name and a hexadecimal address in it
 
-/// Whether everybody passes through the code of this file, named from src/ on, on the way to the engine. What
-/// these files prepare by themselves has no terms.
-bool IsDoor(const QString& file);
-
 /// One statement of the program, in all the texts that the tests have shown of it.
 struct Statement
 {
