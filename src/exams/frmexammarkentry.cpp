@@ -15,7 +15,6 @@
 #include "ui_frmexammarkentry.h"
 
 #include <QApplication>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -54,22 +53,17 @@ frmexammarkentry::~frmexammarkentry() = default;
 
 void frmexammarkentry::BuildGrid()
 {
-    FlexGrid* grid = ui_->msgDetails;
-    const QStringList heads{QStringLiteral("S.No."),         QStringLiteral("Student  Name"),
-                            QStringLiteral("Mark Obtained"), QStringLiteral("Present/Absent"),
-                            QStringLiteral("Studentcode"),   QStringLiteral("MaximumAllowed"),
-                            QStringLiteral("TeacherCode"),   QStringLiteral("MaximumMark")};
-    grid->SetCols(static_cast<int>(heads.size()));
-    for (int col = 0; col < heads.size(); ++col)
-        grid->SetTextMatrix(0, col, heads.at(col));
-    for (const int col : {CodeCol, MaximumAllowedCol, TeacherCodeCol, MaximumMarkCol})
-        grid->SetColWidth(col, 0);
-    for (const int col : {SerialCol, MarkObtainedCol})
-        grid->SetColAlignment(col, Qt::AlignRight | Qt::AlignVCenter);
-    grid->SetRows(2);
-    grid->FitColumns();
-    grid->horizontalHeader()->setSectionResizeMode(NameCol, QHeaderView::Stretch);
-    grid->setProperty(TakesEnter, true);
+    GridTable marks({{QStringLiteral("S.No."), NumberAlignment},
+                     {.head = QStringLiteral("Student  Name"), .stretched = true},
+                     {QStringLiteral("Mark Obtained"), NumberAlignment},
+                     {QStringLiteral("Present/Absent")},
+                     {.head = QStringLiteral("Studentcode"), .hidden = true},
+                     {.head = QStringLiteral("MaximumAllowed"), .hidden = true},
+                     {.head = QStringLiteral("TeacherCode"), .hidden = true},
+                     {.head = QStringLiteral("MaximumMark"), .hidden = true}});
+    marks.AddRow();
+    ui_->msgDetails->Show(std::move(marks));
+    ui_->msgDetails->setProperty(TakesEnter, true);
 }
 
 void frmexammarkentry::ConnectHandlers()

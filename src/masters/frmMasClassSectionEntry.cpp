@@ -13,8 +13,6 @@
 #include "store/StoreError.h"
 #include "ui_frmMasClassSectionEntry.h"
 
-#include <QHeaderView>
-
 #include <algorithm>
 #include <utility>
 
@@ -36,11 +34,11 @@ void SetRow(FlexGrid* grid, int row, const QStringList& texts)
         grid->SetTextMatrix(row, col, texts.at(col));
 }
 
-void SetHead(FlexGrid* grid, const QStringList& heads)
+void ShowEmpty(FlexGrid* grid, std::vector<GridColumn> columns)
 {
-    grid->SetCols(static_cast<int>(heads.size()));
-    SetRow(grid, 0, heads);
-    grid->SetRows(2);
+    GridTable table(std::move(columns));
+    table.AddRow();
+    grid->Show(std::move(table));
     grid->setProperty(TakesEnter, true);
     grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
@@ -65,25 +63,16 @@ frmMasClassSectionEntry::~frmMasClassSectionEntry() = default;
 
 void frmMasClassSectionEntry::BuildGrids()
 {
-    FlexGrid* classes = ui_->msgClassDetails;
-    SetHead(classes,
-            {QStringLiteral("S.No"), QStringLiteral("Class Name"), QStringLiteral("No. Of Divisions"),
-             QStringLiteral("Class Order"), QStringLiteral("OldNoofdivisions"), QStringLiteral("OldDivision"),
-             QStringLiteral("Classcode")});
-    for (const int col : {OldNoOfDivisionsCol, OldDivisionCol, ClassCodeCol})
-        classes->SetColWidth(col, 0);
-    for (const int col : {SerialCol, NoOfDivisionsCol, ClassOrderCol})
-        classes->SetColAlignment(col, Qt::AlignRight | Qt::AlignVCenter);
-    classes->FitColumns();
-    classes->horizontalHeader()->setSectionResizeMode(ClassNameCol, QHeaderView::Stretch);
-
-    FlexGrid* divisions = ui_->msgDivisionDetails;
-    SetHead(divisions,
-            {QStringLiteral("Sl.No."), QStringLiteral("Division Name"), QStringLiteral("ClassCode")});
-    divisions->SetColWidth(DivisionClassCol, 0);
-    divisions->SetColAlignment(DivisionCodeCol, Qt::AlignRight | Qt::AlignVCenter);
-    divisions->FitColumns();
-    divisions->horizontalHeader()->setSectionResizeMode(DivisionNameCol, QHeaderView::Stretch);
+    ShowEmpty(ui_->msgClassDetails, {{QStringLiteral("S.No"), NumberAlignment},
+                                     {.head = QStringLiteral("Class Name"), .stretched = true},
+                                     {QStringLiteral("No. Of Divisions"), NumberAlignment},
+                                     {QStringLiteral("Class Order"), NumberAlignment},
+                                     {.head = QStringLiteral("OldNoofdivisions"), .hidden = true},
+                                     {.head = QStringLiteral("OldDivision"), .hidden = true},
+                                     {.head = QStringLiteral("Classcode"), .hidden = true}});
+    ShowEmpty(ui_->msgDivisionDetails, {{QStringLiteral("Sl.No."), NumberAlignment},
+                                        {.head = QStringLiteral("Division Name"), .stretched = true},
+                                        {.head = QStringLiteral("ClassCode"), .hidden = true}});
 }
 
 void frmMasClassSectionEntry::BuildEditors()

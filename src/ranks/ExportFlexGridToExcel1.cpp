@@ -1,6 +1,5 @@
 #include "ranks/ExportFlexGridToExcel1.h"
 
-#include "core/ui/controls/FlexGrid.h"
 #include "ranks/RankCards.h"
 #include "reports/output/ExportWorkbook.h"
 #include "reports/output/SheetParts.h"
@@ -43,6 +42,9 @@ constexpr double FilledLine = 0.75;
 constexpr CellStyle ExamNameStyle{
     .align = CellStyle::Align::Center, .middle = true, .border = true, .wrap = true};
 
+constexpr int ExamColumn = static_cast<int>(CardColumn::Exam);
+constexpr int FirstSubject = static_cast<int>(CardColumn::FirstSubject);
+
 const QString Signatures =
     QStringLiteral(" Principal:                   Class Teacher:                  Parents/Guardian:");
 
@@ -50,12 +52,12 @@ const QString Signatures =
 struct StudentText
 {
     const char* label;
-    int column;
+    CardColumn column;
 };
-constexpr std::array<StudentText, 4> StudentTexts{{{" Student Name : ", 1},
-                                                   {"  Admission No : ", 2},
-                                                   {"               Class : ", 3},
-                                                   {"           Division : ", 4}}};
+constexpr std::array<StudentText, 4> StudentTexts{{{" Student Name : ", CardColumn::StudentName},
+                                                   {"  Admission No : ", CardColumn::AdmissionNo},
+                                                   {"               Class : ", CardColumn::Class},
+                                                   {"           Division : ", CardColumn::Division}}};
 
 /// The exam lines of one student in the grid.
 struct Card
@@ -64,20 +66,20 @@ struct Card
     int lines = 0;
 };
 
-bool IsExamLine(const FlexGrid& grid, int row)
+bool IsExamLine(const GridTable& grid, int row)
 {
-    for (int col = 0; col < RankCardRows::FirstSubjectColumn; ++col) {
-        if (!grid.TextMatrix(row, col).isEmpty())
+    for (int col = 0; col < FirstSubject; ++col) {
+        if (!grid.Text(row, col).isEmpty())
             return true;
     }
     return false;
 }
 
-std::vector<Card> CardsOf(const FlexGrid& grid, int lastRow)
+std::vector<Card> CardsOf(const GridTable& grid, int lastRow)
 {
     std::vector<Card> cards;
     bool within = false;
-    for (int row = RankCardRows::FirstLineRow; row <= lastRow; ++row) {
+    for (int row = RankCardGrid::FirstLineRow; row <= lastRow; ++row) {
         const bool line = IsExamLine(grid, row);
         if (line && !within)
             cards.push_back({row});
@@ -93,26 +95,26 @@ std::vector<Card> CardsOf(const FlexGrid& grid, int lastRow)
 std::vector<int> SheetColumns(int lastCol)
 {
     std::vector<int> columns;
-    for (int col = RankCardRows::FirstSubjectColumn; col <= lastCol; ++col)
+    for (int col = FirstSubject; col <= lastCol; ++col)
         columns.push_back(col);
-    columns.push_back(RankCardRows::ExamColumn);
+    columns.push_back(ExamColumn);
     return columns;
 }
 
-QString CellText(const FlexGrid& grid, int row, int col)
+QString CellText(const GridTable& grid, int row, int col)
 {
-    if (row == 0 && col == RankCardRows::ExamColumn)
+    if (row == 0 && col == ExamColumn)
         return QStringLiteral("Exam");
-    return grid.TextMatrix(row, col).trimmed();
+    return grid.Text(row, col).trimmed();
 }
 
-QString StudentLine(const FlexGrid& grid, const Card& card, const StudentText& text)
+QString StudentLine(const GridTable& grid, const Card& card, const StudentText& text)
 {
-    return QString::fromLatin1(text.label) + grid.TextMatrix(card.firstRow, text.column);
+    return QString::fromLatin1(text.label) + grid.Text(card.firstRow, text.column);
 }
 
 /// The longest of all cards for each of the lines that tell the student.
-std::vector<QString> LongestStudentLines(const FlexGrid& grid, const std::vector<Card>& cards)
+std::vector<QString> LongestStudentLines(const GridTable& grid, const std::vector<Card>& cards)
 {
     std::vector<QString> longest;
     for (const StudentText& text : StudentTexts) {
@@ -161,27 +163,27 @@ struct Page
 };
 
 /// The least widths of the sheet's columns that keep their texts apart.
-std::vector<double> NeededPoints(const FlexGrid& grid, int lastRow, const std::vector<int>& columns)
+std::vector<double> NeededPoints(const GridTable& grid, int lastRow, const std::vector<int>& columns)
 {
     std::vector<double> points;
     for (const int col : columns) {
         double letters = 1;
         for (int row = 0; row <= lastRow; ++row) {
-            if (grid.RowHeight(row) > 0)
+            if (!grid.RowHidden(row))
                 letters = std::max(letters, LettersOnPaper(CellText(grid, row, col)));
         }
         const double width = letters * Workbook::LetterPoints;
-        points.push_back(col == RankCardRows::ExamColumn ? std::min(width, WidestExam) + RoomAroundExam
-                                                         : width + RoomAroundText);
+        points.push_back(col == ExamColumn ? std::min(width, WidestExam) + RoomAroundExam
+                                           : width + RoomAroundText);
     }
     return points;
 }
 
-QString LongestExam(const FlexGrid& grid, int lastRow)
+QString LongestExam(const GridTable& grid, int lastRow)
 {
     QString longest;
-    for (int row = RankCardRows::FirstLineRow; row <= lastRow; ++row) {
-        QString exam = CellText(grid, row, RankCardRows::ExamColumn);
+    for (int row = RankCardGrid::FirstLineRow; row <= lastRow; ++row) {
+        QString exam = CellText(grid, row, ExamColumn);
         if (LettersOnPaper(exam) > LettersOnPaper(longest))
             longest = std::move(exam);
     }
@@ -251,7 +253,7 @@ Page BestPage(const CardSize& card)
 class CardWriter
 {
 public:
-    CardWriter(Workbook& workbook, const FlexGrid& grid, std::vector<int> columns, const CardSize& card,
+    CardWriter(Workbook& workbook, const GridTable& grid, std::vector<int> columns, const CardSize& card,
                const Page& page)
         : workbook_(workbook), grid_(grid), columns_(std::move(columns)), card_(card), page_(page),
           letters_(page.Letters())
@@ -306,7 +308,7 @@ private:
         for (int col = 0; col <= LastSheetColumn(); ++col) {
             const int gridCol = columns_[static_cast<std::size_t>(col)];
             const QString text = CellText(grid_, gridRow, gridCol);
-            if (gridCol == RankCardRows::ExamColumn)
+            if (gridCol == ExamColumn)
                 workbook_.WriteText(row_, col, text, examStyle);
             else if (gridRow == 0)
                 workbook_.WriteText(row_, col, text, style);
@@ -332,7 +334,7 @@ private:
     }
 
     Workbook& workbook_;
-    const FlexGrid& grid_;
+    const GridTable& grid_;
     const std::vector<int> columns_; ///< of the grid, in the sheet's order
     const CardSize& card_;
     const Page& page_;
@@ -343,7 +345,7 @@ private:
 
 } // namespace
 
-QString ExportFlexGridToExcel1(const FlexGrid& grid, int lastRow, int lastCol, const QString& title,
+QString ExportFlexGridToExcel1(const GridTable& grid, int lastRow, int lastCol, const QString& title,
                                const QString& heading, int examCount)
 {
     const std::vector<Card> cards = CardsOf(grid, lastRow);

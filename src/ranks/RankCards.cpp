@@ -33,14 +33,12 @@ public:
           exams_(NumbersOf(input.exams, [](const RankExam& exam) { return exam.examCode; })),
           subjects_(
               NumbersOf(input.subjects, [](const CardSubject& subject) { return subject.subjectCode; })),
-          columns_(static_cast<std::size_t>(RankCardRows::FirstSubjectColumn) + input.subjects.size() +
-                   RankCardRows::ColumnsBehindSubjects),
           lineOf_(input.students.size() * input.exams.size(), 0)
     {}
 
-    RankCardRows Run()
+    RankCardGrid Run()
     {
-        AddHeads();
+        AddColumns();
         AddLines();
         for (const CardMark& mark : input_.marks)
             EnterMark(mark);
@@ -50,11 +48,9 @@ public:
     }
 
 private:
-    using Row = std::vector<QString>;
-
     /// The place of a student's line in an exam; null for a student or exam that is not ticked.
     template <typename Entry>
-    std::size_t* LineOf(const Entry& entry)
+    int* LineOf(const Entry& entry)
     {
         const auto student = students_.constFind(entry.studentCode);
         const auto exam = exams_.constFind(entry.examCode);
@@ -63,73 +59,77 @@ private:
         return &lineOf_[*student * input_.exams.size() + *exam];
     }
 
-    void AddHeads()
+    void AddColumns()
     {
-        Row heads(columns_);
-        Row codes(columns_);
-        std::size_t column = RankCardRows::FirstSubjectColumn;
+        std::vector<GridColumn> columns(static_cast<std::size_t>(CardColumn::FirstSubject));
+        GridTable::Row codes(columns.size());
         for (const CardSubject& subject : input_.subjects) {
-            heads[column] = subject.shortName;
-            codes[column] = QString::number(subject.subjectCode);
-            ++column;
+            columns.push_back({subject.shortName, NumberAlignment});
+            codes.push_back({QString::number(subject.subjectCode)});
         }
-        for (const char* head : {"Total", "Average", "Rank", "Grade"})
-            heads[column++] = QString::fromLatin1(head);
-        cards_.rows.push_back(std::move(heads));
-        cards_.rows.push_back(std::move(codes));
+        for (const char* head : {"Total", "Average", "Rank"})
+            columns.push_back({QString::fromLatin1(head), NumberAlignment});
+        columns.push_back({QStringLiteral("Grade")});
+        cards_.table = GridTable(std::move(columns));
+        cards_.table.AddRow(std::move(codes));
+        cards_.table.HideRow(RankCardGrid::CodesRow);
     }
 
     void AddLines()
     {
-        constexpr std::size_t HasMarks = 1;
+        constexpr int HasMarks = 1;
         for (const CardMark& mark : input_.marks) {
-            if (std::size_t* line = LineOf(mark))
+            if (int* line = LineOf(mark))
                 *line = HasMarks;
         }
         auto line = lineOf_.begin();
         for (const CardStudent& student : input_.students) {
             for (const RankExam& exam : input_.exams) {
                 if (*line == HasMarks) {
-                    *line = cards_.rows.size();
+                    *line = cards_.table.Rows();
                     AddLine(student, exam);
                 }
                 ++line;
             }
-            cards_.rows.emplace_back();
+            cards_.table.AddRow();
         }
     }
 
     void AddLine(const CardStudent& student, const RankExam& exam)
     {
-        Row& row = cards_.rows.emplace_back(columns_);
-        row[0] = exam.examName;
-        row[1] = student.studentName;
-        row[2] = student.admissionNo;
-        row[3] = input_.className;
-        row[4] = input_.divisionName;
+        GridTable::Row cells;
+        cells.reserve(static_cast<std::size_t>(cards_.table.Cols()));
+        for (const QString& text :
+             {exam.examName, student.studentName, student.admissionNo, input_.className, input_.divisionName})
+            cells.push_back({text});
+        cells.resize(static_cast<std::size_t>(cards_.table.Cols()));
+        cards_.table.AddRow(std::move(cells));
         ++cards_.lines;
     }
 
     void EnterMark(const CardMark& mark)
     {
-        const std::size_t* line = LineOf(mark);
+        const int* line = LineOf(mark);
         const auto subject = subjects_.constFind(mark.subjectCode);
         if (line != nullptr && subject != subjects_.cend())
-            cards_.rows[*line][RankCardRows::FirstSubjectColumn + *subject] =
-                FormatMark(mark.mark, markDecimals_);
+            cards_.table.SetText(*line, ColumnOf(*subject), FormatMark(mark.mark, markDecimals_));
     }
 
     void EnterRank(const CardRank& rank)
     {
-        const std::size_t* line = LineOf(rank);
+        const int* line = LineOf(rank);
         if (line == nullptr || *line == 0)
             return;
-        Row& row = cards_.rows[*line];
-        auto cell = row.end() - RankCardRows::ColumnsBehindSubjects;
-        *cell++ = rank.total ? PlainNumber(*rank.total) : QString();
-        *cell++ = rank.average ? PlainNumber(*rank.average) : QString();
-        *cell++ = RankText(rank.rank);
-        *cell = rank.grade;
+        int column = ColumnOf(input_.subjects.size());
+        for (const QString& text :
+             {rank.total ? PlainNumber(*rank.total) : QString(),
+              rank.average ? PlainNumber(*rank.average) : QString(), RankText(rank.rank), rank.grade})
+            cards_.table.SetText(*line, column++, text);
+    }
+
+    static int ColumnOf(std::size_t subject)
+    {
+        return static_cast<int>(CardColumn::FirstSubject) + static_cast<int>(subject);
     }
 
     const RankCardInput& input_;
@@ -137,9 +137,8 @@ private:
     const QHash<int, std::size_t> students_;
     const QHash<int, std::size_t> exams_;
     const QHash<int, std::size_t> subjects_;
-    const std::size_t columns_;
-    std::vector<std::size_t> lineOf_; ///< row of each student's line, exam by exam; 0 for no line
-    RankCardRows cards_;
+    std::vector<int> lineOf_; ///< row of each student's line, exam by exam; 0 for no line
+    RankCardGrid cards_;
 };
 
 } // namespace
@@ -170,7 +169,7 @@ QString StudentRefusal(const QString& item)
     return QStringLiteral("'Classwise Mark Entry' Is Not Made For This Student - ") + item;
 }
 
-RankCardRows ComputeRankCards(const RankCardInput& input, int markDecimals)
+RankCardGrid ComputeRankCards(const RankCardInput& input, int markDecimals)
 {
     return CardBuilder(input, markDecimals).Run();
 }

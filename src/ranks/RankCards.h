@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/GridTable.h"
 #include "ranks/RankTypes.h"
 #include "ranks/TempRankTable.h"
 
@@ -94,21 +95,31 @@ struct RankCardInput
     std::vector<CardRank> ranks;
 };
 
-/// The cards in the rows and columns of the grid that shows them.
-struct RankCardRows
+/// The columns of the cards up to their subjects. Behind the subjects stand total, average, rank and grade.
+enum class CardColumn : int
 {
-    static constexpr int FirstLineRow = 2; ///< behind the heads and the subject codes
-    static constexpr int ExamColumn = 0;
-    static constexpr int FixedColumns = 2;       ///< exam and student, which stay in sight beside the ranks
-    static constexpr int FirstSubjectColumn = 5; ///< behind exam, student, admission number, class, division
-    static constexpr int ColumnsBehindSubjects = 4; ///< total, average, rank, grade
+    Exam,
+    StudentName,
+    AdmissionNo,
+    Class,
+    Division,
+    FirstSubject,
+};
 
-    std::vector<std::vector<QString>> rows; ///< each as long as the heads, but a blank one has no cells
-    int lines = 0;                          ///< exam lines of all cards
+/// The cards in the rows and columns of the grid that shows them: row 0 the heads, row 1 the subject codes
+/// (hidden), and the lines of the exams.
+struct RankCardGrid
+{
+    static constexpr int CodesRow = 1;
+    static constexpr int FirstLineRow = 2;
+    static constexpr int FixedColumns = 2; ///< exam and student, which stay in sight beside the ranks
+
+    GridTable table; ///< a blank row has no cells
+    int lines = 0;   ///< exam lines of all cards
 };
 
 /// One line for each ticked exam in which the student has a mark, and a blank line behind each student.
 /// `markDecimals` as MarkDecimals gives it.
-RankCardRows ComputeRankCards(const RankCardInput& input, int markDecimals);
+RankCardGrid ComputeRankCards(const RankCardInput& input, int markDecimals);
 
 } // namespace tally

@@ -175,9 +175,9 @@ private:
         }
         // In a subject not taken for rank neither an absence nor a low mark is held against the student.
         if (!takenForRank)
-            cell.flag = CellFlag::NotTaken;
+            cell.mark = CellMark::NotTakenForRank;
         else if (!mark.present || pass.MarkFailed(mark.mark))
-            cell.flag = CellFlag::FailedOrAbsent;
+            cell.mark = CellMark::FailedOrAbsent;
     }
 
     void AddTotals(std::size_t row)
@@ -192,7 +192,7 @@ private:
                 continue;
             ++counted;
             total += cell.value;
-            if (cell.flag != CellFlag::NotTaken)
+            if (cell.mark != CellMark::NotTakenForRank)
                 rankTotal += cell.value;
         }
         if (counted == 0)
@@ -216,7 +216,7 @@ private:
     {
         const RankCell* cells = Cells(row);
         return std::any_of(cells, cells + list_.subjects.size(),
-                           [](const RankCell& cell) { return cell.flag == CellFlag::FailedOrAbsent; });
+                           [](const RankCell& cell) { return cell.mark == CellMark::FailedOrAbsent; });
     }
 
     void GiveRanks()
@@ -259,7 +259,7 @@ private:
         double lowest = first == end ? 0 : first->value;
         // A zero counts from the second subject on.
         for (const RankCell* cell = cells + 1; cell < end; ++cell) {
-            if (cell->kind == RankCell::Kind::Mark && cell->flag != CellFlag::NotTaken)
+            if (cell->kind == RankCell::Kind::Mark && cell->mark != CellMark::NotTakenForRank)
                 lowest = std::min(lowest, cell->value);
         }
         return lowest;
@@ -292,7 +292,7 @@ bool RankList::MarkedAbsent(std::size_t row) const
 {
     for (std::size_t subject = 0; subject < subjects.size(); ++subject) {
         const RankCell& cell = Cell(row, subject);
-        if (cell.kind == RankCell::Kind::Absent && cell.flag == CellFlag::FailedOrAbsent)
+        if (cell.kind == RankCell::Kind::Absent && cell.mark == CellMark::FailedOrAbsent)
             return true;
     }
     return false;
@@ -332,7 +332,7 @@ std::string_view CellText(const RankCell& cell, int markDecimals, bool marked, C
     char* end = start;
     if (cell.kind == RankCell::Kind::Blank)
         return ""; // an empty text, which is not Null in the table
-    if (marked && cell.flag == CellFlag::FailedOrAbsent)
+    if (marked && cell.mark == CellMark::FailedOrAbsent)
         end = std::copy_n("Fail", 4, end);
     if (cell.kind == RankCell::Kind::Absent) {
         *end++ = 'A';

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/GridTable.h"
 #include "ranks/RankTypes.h"
 
 #include <array>
@@ -49,14 +50,6 @@ struct RankOptions
     bool skipRanks = false; ///< chkRankSkipping: two students on rank 1 make the next rank 3
 };
 
-/// What the office paints behind a cell.
-enum class CellFlag : std::uint8_t
-{
-    None,
-    NotTaken,       ///< a subject not taken for rank
-    FailedOrAbsent, ///< failed or absent in a subject taken for rank
-};
-
 struct RankCell
 {
     enum class Kind : std::uint8_t
@@ -68,7 +61,7 @@ struct RankCell
 
     double value = 0; ///< the number that the cell's text reads as; 0 for a blank and an absence
     Kind kind = Kind::Blank;
-    CellFlag flag = CellFlag::None;
+    CellMark mark = CellMark::None; ///< not taken for rank, or failed or absent where it is
 };
 
 struct RankSubject

@@ -8,15 +8,6 @@ namespace tally {
 
 namespace {
 
-constexpr int DivisionCodeColumn = 4;
-
-/// The columns behind the subjects, counted from the last one backwards.
-constexpr int TotalFromEnd = 5;
-constexpr int RankTotalFromEnd = 4;
-constexpr int AverageFromEnd = 3;
-constexpr int RankFromEnd = 2;
-constexpr int GradeFromEnd = 1;
-
 /// Of the numbers above 0, each with the two decimals that are written.
 class ClassAverage
 {
@@ -37,183 +28,182 @@ private:
     int count_ = 0;
 };
 
-} // namespace
+/// A mark's text as it stands in the table, taken apart.
+struct ReadMark
+{
+    QString text;
+    double value = 0;
+    bool failed = false;
+    bool absent = false;
+};
 
-RankView::RankView(std::vector<RankSubject> subjects, TempRankTable table, SubjectDisplay display,
-                   bool plainAverage)
-    : subjects_(std::move(subjects)), table_(std::move(table)), display_(display), plainAverage_(plainAverage)
+std::vector<ReadMark> ReadMarks(const TextPool& texts)
 {
     const QLatin1String failed("Fail");
-    for (std::size_t number = 0; number < table_.texts.Size(); ++number) {
-        const QString& stored = table_.texts[static_cast<std::uint32_t>(number)];
-        Mark& mark = marks_.emplace_back();
+    std::vector<ReadMark> marks(texts.Size());
+    for (std::size_t number = 0; number < marks.size(); ++number) {
+        const QString& stored = texts[static_cast<std::uint32_t>(number)];
+        ReadMark& mark = marks[number];
         mark.failed = stored.startsWith(failed);
         mark.text = mark.failed ? stored.mid(failed.size()) : stored;
         mark.absent = mark.failed && mark.text.trimmed() == QLatin1String("A");
         mark.value = AsFormat2(Val(mark.text));
     }
-    absent_.assign(table_.rows.size(), false);
-    for (std::size_t cell = 0; cell < table_.marks.size(); ++cell) {
-        if (marks_[table_.marks[cell]].absent)
-            absent_[cell / table_.subjectCount] = true;
+    return marks;
+}
+
+CellMark MarkOf(const RankSubject& subject)
+{
+    return subject.takenForRank ? CellMark::None : CellMark::NotTakenForRank;
+}
+
+/// Lays rows of TempRankCalculation out as a rank list.
+class RankListBuilder
+{
+public:
+    RankListBuilder(const std::vector<RankSubject>& subjects, const TempRankTable& table, bool plainAverage)
+        : subjects_(subjects), table_(table), marks_(ReadMarks(table.texts)), plainAverage_(plainAverage)
+    {}
+
+    GridTable Build(SubjectDisplay display) const
+    {
+        GridTable list(Columns(display));
+        const auto students = static_cast<int>(table_.rows.size());
+        list.Reserve(RankListRows::FirstStudent + students + RankListRows::BelowStudents);
+        list.AddRow(Codes());
+        list.HideRow(RankListRows::Codes);
+        for (std::size_t student = 0; student < table_.rows.size(); ++student)
+            list.AddRow(Student(student));
+        list.AddRow();
+        list.AddRow(Averages());
+        list.AddRow();
+        return list;
     }
-    ComputeAverages();
-}
 
-int RankView::Rows() const
-{
-    constexpr int RowsBelowStudents = 3;
-    return FirstStudentRow + StudentCount() + RowsBelowStudents;
-}
-
-bool RankView::IsSubject(int column) const
-{
-    return column >= FirstSubjectColumn && column < FirstSubjectColumn + SubjectCount();
-}
-
-const RankSubject& RankView::SubjectAt(int column) const
-{
-    return subjects_[static_cast<std::size_t>(column - FirstSubjectColumn)];
-}
-
-const RankView::Mark& RankView::MarkAt(int student, int column) const
-{
-    const auto subject = static_cast<std::size_t>(column - FirstSubjectColumn);
-    return marks_[table_.marks[static_cast<std::size_t>(student) * table_.subjectCount + subject]];
-}
-
-void RankView::ComputeAverages()
-{
-    for (int column = FirstSubjectColumn; column < FirstSubjectColumn + SubjectCount(); ++column) {
-        ClassAverage average;
-        for (int student = 0; student < StudentCount(); ++student)
-            average.Add(MarkAt(student, column).value);
-        averages_.push_back(average.Text());
+private:
+    std::vector<GridColumn> Columns(SubjectDisplay display) const
+    {
+        const bool all = display == SubjectDisplay::All;
+        const auto number = [](const QString& head, bool hidden = false) {
+            return GridColumn{.head = head, .alignment = NumberAlignment, .hidden = hidden};
+        };
+        std::vector<GridColumn> columns{{},
+                                        {QStringLiteral("Adm.No.")},
+                                        {QStringLiteral("Class")},
+                                        {QStringLiteral("Division")},
+                                        {.head = {}, .hidden = true}};
+        for (const RankSubject& subject : subjects_)
+            columns.push_back(number(subject.shortName, !all && !subject.takenForRank));
+        columns.push_back(number(QStringLiteral("Total"), !all));
+        columns.push_back(number(QStringLiteral("Total"), all));
+        columns.push_back(number(QStringLiteral("Average")));
+        columns.push_back(number(QStringLiteral("Rank")));
+        columns.push_back({QStringLiteral("Grade")});
+        return columns;
     }
-    ClassAverage average;
-    for (const TempRankRow& row : table_.rows)
-        average.Add(AsFormat2(row.total));
-    averages_.push_back(average.Text());
-}
 
-QString RankView::HeadText(int column) const
-{
-    if (IsSubject(column))
-        return SubjectAt(column).shortName;
-    switch (column) {
-    case 1: return QStringLiteral("Adm.No.");
-    case 2: return QStringLiteral("Class");
-    case 3: return QStringLiteral("Division");
-    default: break;
+    GridTable::Row Codes() const
+    {
+        GridTable::Row cells(static_cast<std::size_t>(RankColumn::FirstSubject));
+        for (const RankSubject& subject : subjects_)
+            cells.push_back({QString::number(subject.subjectCode), MarkOf(subject)});
+        return cells;
     }
-    switch (Cols() - column) {
-    case TotalFromEnd:
-    case RankTotalFromEnd: return QStringLiteral("Total");
-    case AverageFromEnd: return QStringLiteral("Average");
-    case RankFromEnd: return QStringLiteral("Rank");
-    case GradeFromEnd: return QStringLiteral("Grade");
-    default: return {};
+
+    const ReadMark& MarkAt(std::size_t student, std::size_t subject) const
+    {
+        return marks_[table_.marks[student * table_.subjectCount + subject]];
     }
-}
 
-QString RankView::StudentText(int student, int column) const
-{
-    if (IsSubject(column))
-        return MarkAt(student, column).text;
-    const TempRankRow& row = table_.rows[static_cast<std::size_t>(student)];
-    switch (column) {
-    case 0: return row.studentName;
-    case 1: return row.admissionNo;
-    case 2: return table_.texts[row.className];
-    case 3: return table_.texts[row.division];
-    case DivisionCodeColumn: return QString::number(row.divisionCode);
-    default: break;
+    GridTable::Row Student(std::size_t student) const
+    {
+        constexpr std::size_t CellsBesideSubjects = 10;
+        const TempRankRow& row = table_.rows[student];
+        GridTable::Row cells;
+        cells.reserve(subjects_.size() + CellsBesideSubjects);
+        cells.push_back({row.studentName});
+        cells.push_back({row.admissionNo});
+        cells.push_back({table_.texts[row.className]});
+        cells.push_back({table_.texts[row.division]});
+        cells.push_back({QString::number(row.divisionCode)});
+        bool absent = false;
+        for (std::size_t subject = 0; subject < subjects_.size(); ++subject) {
+            const ReadMark& mark = MarkAt(student, subject);
+            cells.push_back({mark.text, mark.failed ? CellMark::FailedOrAbsent : MarkOf(subjects_[subject])});
+            absent = absent || mark.absent;
+        }
+        cells.push_back({PlainNumber(row.total)});
+        cells.push_back({PlainNumber(row.rankTotal)});
+        cells.push_back({plainAverage_ ? PlainNumber(row.average) : Format2(row.average)});
+        cells.push_back({RankText(row.rank)});
+        cells.push_back({absent ? QString() : table_.texts[row.grade]});
+        return cells;
     }
-    switch (Cols() - column) {
-    case TotalFromEnd: return PlainNumber(row.total);
-    case RankTotalFromEnd: return PlainNumber(row.rankTotal);
-    case AverageFromEnd: return plainAverage_ ? PlainNumber(row.average) : Format2(row.average);
-    case RankFromEnd: return RankText(row.rank);
-    case GradeFromEnd:
-        return absent_[static_cast<std::size_t>(student)] ? QString() : table_.texts[row.grade];
-    default: return {};
+
+    GridTable::Row Averages() const
+    {
+        constexpr std::size_t CellsBehindTotal = 4;
+        GridTable::Row cells(static_cast<std::size_t>(RankColumn::FirstSubject));
+        cells.front().text = QStringLiteral("Average");
+        for (std::size_t subject = 0; subject < subjects_.size(); ++subject) {
+            ClassAverage average;
+            for (std::size_t student = 0; student < table_.rows.size(); ++student)
+                average.Add(MarkAt(student, subject).value);
+            cells.push_back({average.Text()});
+        }
+        ClassAverage ofTotals;
+        for (const TempRankRow& row : table_.rows)
+            ofTotals.Add(AsFormat2(row.total));
+        cells.push_back({ofTotals.Text()});
+        cells.resize(cells.size() + CellsBehindTotal);
+        for (GridCell& cell : cells)
+            cell.mark = CellMark::Sum;
+        return cells;
     }
-}
 
-QString RankView::Text(int row, int column) const
-{
-    if (row == 0)
-        return HeadText(column);
-    if (row == 1)
-        return IsSubject(column) ? QString::number(SubjectAt(column).subjectCode) : QString();
-    const int student = row - FirstStudentRow;
-    if (student < StudentCount())
-        return StudentText(student, column);
-    if (row != AverageRow())
-        return {};
-    if (column == 0)
-        return QStringLiteral("Average");
-    const int average = column - FirstSubjectColumn;
-    return average >= 0 && average <= SubjectCount() ? averages_[static_cast<std::size_t>(average)]
-                                                     : QString();
-}
+    const std::vector<RankSubject>& subjects_;
+    const TempRankTable& table_;
+    const std::vector<ReadMark> marks_; ///< one per different text of table_
+    const bool plainAverage_;
+};
 
-CellFlag RankView::Flag(int row, int column) const
-{
-    const int student = row - FirstStudentRow;
-    if (!IsSubject(column) || row < 1 || student >= StudentCount())
-        return CellFlag::None;
-    if (student >= 0 && MarkAt(student, column).failed)
-        return CellFlag::FailedOrAbsent;
-    return SubjectAt(column).takenForRank ? CellFlag::None : CellFlag::NotTaken;
-}
+} // namespace
 
-bool RankView::ColumnHidden(int column) const
-{
-    if (column == DivisionCodeColumn)
-        return true;
-    if (display_ == SubjectDisplay::All)
-        return column == Cols() - RankTotalFromEnd;
-    return column == Cols() - TotalFromEnd || (IsSubject(column) && !SubjectAt(column).takenForRank);
-}
-
-RankView ShowRankList(TempRankRepository& working, const std::vector<int>& divisionCodes,
-                      const std::vector<RankSubject>& subjects, RankOrder order,
-                      const std::vector<QString>& gradesInOrder, SubjectDisplay display)
+GridTable ShowRankList(TempRankRepository& working, const std::vector<int>& divisionCodes,
+                       const std::vector<RankSubject>& subjects, RankOrder order,
+                       const std::vector<QString>& gradesInOrder, SubjectDisplay display)
 {
     TempRankTable table = working.LoadTempRankCalculation(order, divisionCodes);
-    if (order != RankOrder::Grade)
-        return {subjects, std::move(table), display, false};
-
-    std::vector<std::size_t> numbers;
-    for (const QString& grade : gradesInOrder) {
-        for (std::size_t number = 0; number < table.rows.size(); ++number) {
-            if (table.texts[table.rows[number].grade].compare(grade, Qt::CaseInsensitive) == 0)
-                numbers.push_back(number);
+    if (order == RankOrder::Grade) {
+        std::vector<std::size_t> numbers;
+        for (const QString& grade : gradesInOrder) {
+            for (std::size_t number = 0; number < table.rows.size(); ++number) {
+                if (table.texts[table.rows[number].grade].compare(grade, Qt::CaseInsensitive) == 0)
+                    numbers.push_back(number);
+            }
         }
+        table = table.Picked(numbers);
+        working.AppendRowsWithoutGrade(table);
     }
-    table = table.Picked(numbers);
-    working.AppendRowsWithoutGrade(table);
-    return {subjects, std::move(table), display, true};
+    return RankListBuilder(subjects, table, order == RankOrder::Grade).Build(display);
 }
 
-std::vector<GradeSummaryRow> LoadGradeSummary(const RankView& view, const std::vector<QString>& grades,
-                                              const QString& className,
-                                              const std::vector<DivisionFullMark>& fullMarks)
+GridTable LoadGradeSummary(const GridTable& list, const std::vector<QString>& grades,
+                           const QString& className, const std::vector<DivisionFullMark>& fullMarks)
 {
     int strength = 0;
     int withoutGrade = 0;
     std::vector<int> counts(grades.size(), 0);
-    const int gradeColumn = view.Cols() - GradeFromEnd;
-    for (int row = RankView::FirstStudentRow; row < RankView::FirstStudentRow + view.StudentCount(); ++row) {
-        const QString name = view.Text(row, 0).trimmed();
+    const int gradeColumn = list.Cols() - 1;
+    for (int row = RankListRows::FirstStudent; row < list.Rows() - RankListRows::BelowStudents; ++row) {
+        const QString name = list.Text(row, RankColumn::StudentName).trimmed();
         if (name.isEmpty())
             continue;
         if (name != QLatin1String("Average"))
             ++strength;
-        if (view.Text(row, 1).trimmed().isEmpty())
+        if (list.Text(row, RankColumn::AdmissionNo).trimmed().isEmpty())
             continue;
-        const QString grade = view.Text(row, gradeColumn).trimmed();
+        const QString grade = list.Text(row, gradeColumn).trimmed();
         if (grade.isEmpty()) {
             ++withoutGrade;
             continue;
@@ -224,25 +214,28 @@ std::vector<GradeSummaryRow> LoadGradeSummary(const RankView& view, const std::v
         }
     }
 
-    std::vector<GradeSummaryRow> summary;
-    summary.push_back({QStringLiteral("TOTAL STRENGTH"), QString::number(strength), {}, {}});
+    GridTable summary({{.head = {}, .stretched = true},
+                       {.head = {}, .alignment = NumberAlignment},
+                       {.head = {}, .alignment = NumberAlignment},
+                       {.head = {}, .hidden = true}});
+    summary.HideRow(0);
+    const auto add = [&summary](const QString& text, const QString& number, const QString& count,
+                                const QString& grade = {}) {
+        summary.AddRow({{text}, {number}, {count}, {grade}});
+    };
+    add(QStringLiteral("TOTAL STRENGTH"), QString::number(strength), {});
     int graded = 0;
     for (std::size_t number = 0; number < grades.size(); ++number) {
         graded += counts[number];
-        summary.push_back({QStringLiteral("No. Of '%1' Grades").arg(grades[number]),
-                           {},
-                           QString::number(counts[number]),
-                           grades[number]});
+        add(QStringLiteral("No. Of '%1' Grades").arg(grades[number]), {}, QString::number(counts[number]),
+            grades[number]);
     }
-    summary.push_back({QStringLiteral("TOTAL"), {}, QString::number(graded), {}});
-    summary.push_back({QStringLiteral("ABSENTEE"), {}, QString::number(withoutGrade), {}});
-    summary.push_back({QString(), {}, QString::number(graded + withoutGrade), {}});
-    for (const DivisionFullMark& division : fullMarks) {
-        summary.push_back({QStringLiteral("Full Mark For ") + className + division.divisionItem,
-                           division.fullMark ? PlainNumber(*division.fullMark) : QString(),
-                           {},
-                           {}});
-    }
+    add(QStringLiteral("TOTAL"), {}, QString::number(graded));
+    add(QStringLiteral("ABSENTEE"), {}, QString::number(withoutGrade));
+    add({}, {}, QString::number(graded + withoutGrade));
+    for (const DivisionFullMark& division : fullMarks)
+        add(QStringLiteral("Full Mark For ") + className + division.divisionItem,
+            division.fullMark ? PlainNumber(*division.fullMark) : QString(), {});
     return summary;
 }
 

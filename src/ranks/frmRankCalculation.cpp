@@ -7,14 +7,17 @@
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/HourGlass.h"
 #include "core/ui/FormKeys.h"
+#include "core/ui/look/CellPaint.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
+#include "ranks/GradeSummaryPanel.h"
 #include "ranks/RankViews.h"
+#include "reports/output/ExportGridToExcel.h"
 #include "store/StoreError.h"
 #include "ui_frmRankCalculation.h"
 
-#include <QFrame>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -32,9 +35,10 @@ frmRankCalculation::frmRankCalculation()
 {
     ui_->setupUi(this);
     DressButtons(this);
-    BuildSummaryPanel();
+    Frame5_ = new GradeSummaryPanel(this);
     ShowDivisionKey();
-    ui_->msgDisplayDetails->SetFixedCols(RankView::FixedColumns);
+    // The name stays in sight beside the ranks.
+    ui_->msgDisplayDetails->SetFixedCols(1);
     ConnectHandlers();
     SetExitButton(ui_->cmdExit);
     Form_Load();
@@ -65,7 +69,7 @@ void frmRankCalculation::ConnectHandlers()
         connect(order, &QRadioButton::clicked, this, &frmRankCalculation::cmdView_Click);
     connect(ui_->cmdView, &QPushButton::clicked, this, &frmRankCalculation::cmdView_Click);
     connect(ui_->cmdTotalDetails, &QPushButton::clicked, this, &frmRankCalculation::cmdTotalDetails_Click);
-    connect(cmdClose_, &QPushButton::clicked, this, &frmRankCalculation::cmdClose_Click);
+    connect(Frame5_, &GradeSummaryPanel::CloseClicked, this, &frmRankCalculation::cmdClose_Click);
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmRankCalculation::cmdSave_Click);
     connect(ui_->cmdExport, &QPushButton::clicked, this, &frmRankCalculation::cmdExport_Click);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmRankCalculation::cmdCancel_Click);
@@ -269,9 +273,9 @@ void frmRankCalculation::cmdUpdate_Click()
             input, {session.gblnFractionMarks, session.gblnRoundedMarks, ui_->chkRankSkipping->isChecked()}));
         ui_->Frame2->setEnabled(false);
         ui_->optRankOrder->setChecked(true);
-        const RankView view = ReadView();
-        ShowView(view);
-        LoadGradeSummary(view, input);
+        GridTable list = ReadList();
+        LoadGradeSummary(list, input);
+        ShowList(std::move(list));
     } catch (const store::StoreError& error) {
         table_.Drop();
         ui_->Frame2->setEnabled(true);
@@ -286,6 +290,98 @@ void frmRankCalculation::cmdUpdate_Click()
         button->setEnabled(true);
     // The keyboard was on a button that is closed now.
     ui_->msgDisplayDetails->setFocus();
+}
+
+void frmRankCalculation::cmdView_Click()
+{
+    if (!table_.IsPrepared())
+        return;
+    Read([this] {
+        const HourGlass hourGlass;
+        ShowList(ReadList());
+    });
+}
+
+GridTable frmRankCalculation::ReadList()
+{
+    const std::vector<int> divisionCodes = ui_->Lstdivision->TickedData();
+    const RankOrder order = Order();
+    std::vector<QString> grades;
+    if (order == RankOrder::Grade)
+        grades = Repository().LoadGradesInOrder(Scope(), divisionCodes);
+    return table_.Read([&](TempRankRepository& working) {
+        return ShowRankList(working, divisionCodes, table_.List().subjects, order, grades, Display());
+    });
+}
+
+void frmRankCalculation::ShowList(GridTable list)
+{
+    // A list in another order is read from its top, in the columns that the user was looking at.
+    FlexGrid* grid = ui_->msgDisplayDetails;
+    const int currentCol = grid->CurrentCol();
+    const int across = grid->horizontalScrollBar()->value();
+    grid->Show(std::move(list));
+    grid->SetCurrentCell(RankListRows::FirstStudent, currentCol);
+    grid->horizontalScrollBar()->setValue(across);
+}
+
+void frmRankCalculation::LoadGradeSummary(const GridTable& list, const RankInput& input)
+{
+    std::vector<DivisionFullMark> fullMarks;
+    const QStringList divisions = TickedDivisions();
+    for (std::size_t i = 0; i < input.fullMarks.size(); ++i)
+        fullMarks.push_back({divisions[static_cast<qsizetype>(i)], input.fullMarks[i]});
+    Frame5_->ShowSummary(
+        tally::LoadGradeSummary(list, input.grades, ui_->cboClass->currentText(), fullMarks));
+}
+
+QStringList frmRankCalculation::TickedDivisions() const
+{
+    QStringList divisions;
+    for (const int index : ui_->Lstdivision->TickedIndexes())
+        divisions.append(ui_->Lstdivision->item(index)->text());
+    return divisions;
+}
+
+void frmRankCalculation::cmdTotalDetails_Click()
+{
+    for (QWidget* behind : std::initializer_list<QWidget*>{ui_->fraMain, ui_->Frame4, ui_->cmdTotalDetails})
+        behind->setEnabled(false);
+    Frame5_->Open();
+}
+
+void frmRankCalculation::cmdClose_Click()
+{
+    Frame5_->hide();
+    for (QWidget* behind : std::initializer_list<QWidget*>{ui_->fraMain, ui_->Frame4, ui_->cmdTotalDetails})
+        behind->setEnabled(true);
+    ui_->cmdTotalDetails->setFocus();
+}
+
+void frmRankCalculation::cmdSave_Click()
+{
+    std::vector<RankTotal> totals;
+    const bool saved =
+        Read([&] {
+            totals = table_.Read([](TempRankRepository& working) { return working.LoadRankTotals(); });
+        }) &&
+        Write(Conflict::Describe, [&](store::Transaction& transaction) {
+            RankRepository::ReplaceRankTotals(transaction, Scope(), ui_->Lstdivision->TickedData(), totals);
+        });
+    if (!saved)
+        return;
+    Prompts::Information(QStringLiteral("Record Saved"));
+    ui_->cmdSave->setEnabled(false);
+}
+
+void frmRankCalculation::cmdExport_Click()
+{
+    if (!MayUse(Right::Print))
+        return;
+    ExportReport(ui_->msgDisplayDetails->Table(), QStringLiteral("Rank List"),
+                 QStringLiteral("Exam Name :") + ui_->Cboexamname->currentText().trimmed() +
+                     QStringLiteral("  Class :") + ui_->cboClass->currentText().trimmed() +
+                     QStringLiteral(" Division :") + TickedDivisions().join(QLatin1Char(',')));
 }
 
 void frmRankCalculation::cmdCancel_Click()
@@ -310,11 +406,10 @@ void frmRankCalculation::cmdCancel_Click()
 
 void frmRankCalculation::ResetGrid()
 {
-    FlexGrid* grid = ui_->msgDisplayDetails;
-    grid->SetContent(std::vector<FlexGrid::Row>(2, FlexGrid::Row(4)));
-    for (int col = 0; col < grid->Cols(); ++col)
-        grid->SetColHidden(col, false);
-    grid->SetRowHeight(1, 0);
+    GridTable empty(std::vector<GridColumn>(4));
+    empty.AddRow();
+    empty.HideRow(RankListRows::Codes);
+    ui_->msgDisplayDetails->Show(std::move(empty));
 }
 
 QSize frmRankCalculation::sizeHint() const

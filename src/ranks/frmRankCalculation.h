@@ -7,17 +7,13 @@
 
 #include <memory>
 
-class QFrame;
-class QPushButton;
-
 namespace Ui {
 class frmRankCalculation;
 }
 
 namespace tally {
 
-class FlexGrid;
-class RankView;
+class GradeSummaryPanel;
 
 /// "Rank List Preparation": chooses an exam, a class and divisions, computes their joint rank list, shows it
 /// in four orders with a summary by grade, and saves and exports it.
@@ -34,13 +30,10 @@ public:
 protected:
     QString ExitCaption() const override;
     void Form_Unload() override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void Form_Load();
     void ConnectHandlers();
-    void BuildSummaryPanel();
-    void PlaceSummaryPanel();
     void ShowDivisionKey();
 
     void LoadExam();
@@ -74,15 +67,15 @@ private:
     RankOrder Order() const;
 
     /// The own list in the order picked.
-    RankView ReadView();
-    void ShowView(const RankView& view);
-    void LoadGradeSummary(const RankView& view, const RankInput& input);
+    GridTable ReadList();
+    void ShowList(GridTable list);
+    void LoadGradeSummary(const GridTable& list, const RankInput& input);
+    /// The items of the ticked divisions, their marks included.
+    QStringList TickedDivisions() const;
     void ResetGrid();
 
     std::unique_ptr<Ui::frmRankCalculation> ui_;
-    QFrame* Frame5_ = nullptr; ///< the summary panel, over the list
-    FlexGrid* msgGrade_ = nullptr;
-    QPushButton* cmdClose_ = nullptr;
+    GradeSummaryPanel* Frame5_ = nullptr;
 
     OwnRankTable table_;
     MatchBase subjectBase_; ///< BaseSubjectSet and BaseSubjectDivision

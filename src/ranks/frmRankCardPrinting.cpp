@@ -31,7 +31,7 @@ frmRankCardPrinting::frmRankCardPrinting()
     ui_->setupUi(this);
     DressButtons(this);
     ShowStudentKey();
-    ui_->msgDetails->SetFixedCols(RankCardRows::FixedColumns);
+    ui_->msgDetails->SetFixedCols(RankCardGrid::FixedColumns);
     ConnectHandlers();
     SetExitButton(ui_->cmdExit);
     Form_Load();
@@ -181,13 +181,13 @@ void frmRankCardPrinting::LoadRankCard()
     Read([&] {
         const HourGlass hourGlass;
         const SessionContext& session = Session();
-        RankCardRows cards = ComputeRankCards(
+        RankCardGrid cards = ComputeRankCards(
             RankCardRepository(MainStore())
                 .LoadRankCards(Scope(), ui_->LstStudents->TickedData(), ui_->Lstexamnames->TickedData(),
                                ChosenDisplay(ui_->Optsubjectdisplayyes->isChecked())),
             MarkDecimals(session.gblnFractionMarks, session.gblnRoundedMarks));
         empty = cards.lines == 0;
-        ShowCards(std::move(cards));
+        ui_->msgDetails->Show(std::move(cards.table));
         ui_->cmdExport->setEnabled(!empty);
     });
     if (empty)
@@ -201,32 +201,14 @@ void frmRankCardPrinting::ClearCards()
     ui_->cmdExport->setEnabled(false);
 }
 
-void frmRankCardPrinting::ShowCards(RankCardRows cards)
-{
-    std::vector<FlexGrid::Row> rows(cards.rows.size());
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        rows[row].reserve(cards.rows[row].size());
-        for (QString& text : cards.rows[row])
-            rows[row].push_back({std::move(text)});
-    }
-    FlexGrid* grid = ui_->msgDetails;
-    grid->SetContent(std::move(rows));
-    grid->SetRowHeight(1, 0);
-    for (int col = 0; col < grid->Cols(); ++col) {
-        const bool number = col >= RankCardRows::FirstSubjectColumn && col < grid->Cols() - 1;
-        grid->SetColAlignment(col, (number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-    }
-    grid->FitColumns();
-}
-
 void frmRankCardPrinting::cmdExport_Click()
 {
     if (!MayUse(Right::Print))
         return;
-    const FlexGrid* grid = ui_->msgDetails;
+    const GridTable& cards = ui_->msgDetails->Table();
     RunExport([&] {
         const int examCount = static_cast<int>(ui_->Lstexamnames->TickedIndexes().size());
-        ExportFlexGridToExcel1(*grid, grid->Rows() - 1, grid->Cols() - 1, {}, {}, examCount);
+        ExportFlexGridToExcel1(cards, cards.Rows() - 1, cards.Cols() - 1, {}, {}, examCount);
     });
 }
 

@@ -47,7 +47,6 @@ private:
     bool SelectionComplete();
     /// What is chosen has changed, so the cards shown are no longer those of the selection.
     void ClearCards();
-    void ShowCards(RankCardRows cards);
 
     RankCardScope Scope() const;
 

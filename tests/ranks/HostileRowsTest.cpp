@@ -122,26 +122,28 @@ std::vector<int> Codes(int count)
 void ExpectBounded(RankSchool& school, const RankList& list, RankOrder order)
 {
     const auto before = school.main.StatementsRun() + school.temp.StatementsRun();
-    const RankView view = school.Show(list, order, SubjectDisplay::All);
+    const GridTable view = school.Show(list, order, SubjectDisplay::All);
     EXPECT_LE(school.main.StatementsRun() + school.temp.StatementsRun() - before, 3U);
     // Grade by grade a student comes as often as the grade stands in the tables.
     const int bands = static_cast<int>(school.Input(Codes(Divisions)).gradeTable.size());
-    EXPECT_LE(view.StudentCount(), Divisions * Students * (order == RankOrder::Grade ? bands : 1));
-    for (int row = RankView::FirstStudentRow; row < view.Rows(); ++row)
-        for (int column = RankView::FirstSubjectColumn; column < view.Cols() - 1; ++column)
+    EXPECT_LE(StudentCount(view), Divisions * Students * (order == RankOrder::Grade ? bands : 1));
+    for (int row = RankListRows::FirstStudent; row < view.Rows(); ++row)
+        for (auto column = static_cast<int>(RankColumn::FirstSubject); column < view.Cols() - 1; ++column)
             EXPECT_LE(view.Text(row, column).size(), LongestNumber) << view.Text(row, column).toStdString();
 }
 
 void ExpectBoundedCards(RankSchool& school)
 {
     const auto students = Codes(Divisions * Students);
-    const auto cards = ComputeRankCards(
-        RankCardRepository(school.main).LoadRankCards({1, 1, 1}, students, {1}, SubjectDisplay::All),
-        MarkDecimals(school.options.fractionMarks, school.options.roundedMarks));
-    EXPECT_LE(cards.rows.size(), RankCardRows::FirstLineRow + 2 * students.size());
-    for (const std::vector<QString>& row : cards.rows)
-        for (std::size_t column = RankCardRows::FirstSubjectColumn; column < row.size(); ++column)
-            EXPECT_LE(row[column].size(), LongestNumber) << row[column].toStdString();
+    const GridTable cards =
+        ComputeRankCards(
+            RankCardRepository(school.main).LoadRankCards({1, 1, 1}, students, {1}, SubjectDisplay::All),
+            MarkDecimals(school.options.fractionMarks, school.options.roundedMarks))
+            .table;
+    EXPECT_LE(cards.Rows(), RankCardGrid::FirstLineRow + 2 * static_cast<int>(students.size()));
+    for (int row = 0; row < cards.Rows(); ++row)
+        for (auto column = static_cast<int>(CardColumn::FirstSubject); column < cards.Cols(); ++column)
+            EXPECT_LE(cards.Text(row, column).size(), LongestNumber) << cards.Text(row, column).toStdString();
 }
 
 } // namespace
@@ -182,10 +184,10 @@ TEST(HostileRows, AMarkBeyondAllMarksIsWrittenWithAnExponent)
         school.AddUsualDivision(2);
         school.AddMarkedStudent("Anil", {1e300, 50});
         school.AddMarkedStudent("Bina", {-1e300, 50});
-        const RankView view = school.Show(school.Prepare(), RankOrder::Alphabetical);
+        const GridTable view = school.Show(school.Prepare(), RankOrder::Alphabetical);
         EXPECT_EQ(view.Text(2, 5), "1e+300");
         EXPECT_EQ(view.Text(3, 5), "-1e+300");
-        EXPECT_EQ(view.Flag(3, 5), CellFlag::FailedOrAbsent);
+        EXPECT_EQ(view.Mark(3, 5), CellMark::FailedOrAbsent);
         EXPECT_EQ(view.Text(2, 7), "1e+300");
     }
 }

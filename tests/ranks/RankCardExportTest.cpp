@@ -1,12 +1,13 @@
 #include "core/SessionContext.h"
-#include "core/ui/controls/FlexGrid.h"
 #include "core/ui/OpenDocument.h"
 #include "ranks/ExportFlexGridToExcel1.h"
+#include "ranks/RankCards.h"
 #include "reports/output/ExportWorkbook.h"
 #include "reports/output/Workbook.h"
 #include "reports/output/WorkbookReader.h"
 #include "support/FileSizeLimit.h"
 #include "support/OpenFiles.h"
+#include "support/TableOf.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -43,17 +44,17 @@ protected:
     /// line behind a card.
     void Fill(const QStringList& texts)
     {
-        std::vector<FlexGrid::Row> rows;
+        std::vector<GridTable::Row> rows;
         for (const QString& text : texts) {
-            FlexGrid::Row cells;
+            GridTable::Row cells;
             for (const QString& cell : text.split(u'|'))
                 cells.push_back({cell});
-            rows.push_back(text.isEmpty() ? FlexGrid::Row() : cells);
+            rows.push_back(text.isEmpty() ? GridTable::Row() : cells);
             if (rows.size() == 1)
                 rows.push_back({{}, {}, {}, {}, {}, {QStringLiteral("1234567890123")}});
         }
-        grid_.SetContent(rows);
-        grid_.SetRowHeight(1, 0);
+        grid_ = TableOf(rows);
+        grid_.HideRow(RankCardGrid::CodesRow);
     }
 
     /// Asha with two exams, Binu with one.
@@ -123,7 +124,7 @@ protected:
     }
 
     QTemporaryDir home_;
-    FlexGrid grid_;
+    GridTable grid_;
 };
 
 TEST_F(RankCardExport, ACardBeginsWithTheSchoolOverItsWholeWidthAndTwoBlankLines)

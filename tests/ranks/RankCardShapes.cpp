@@ -2,9 +2,9 @@
 // so that ./test --full can print them with the fonts that offices have.
 
 #include "core/SessionContext.h"
-#include "core/ui/controls/FlexGrid.h"
 #include "core/ui/OpenDocument.h"
 #include "ranks/ExportFlexGridToExcel1.h"
+#include "ranks/RankCards.h"
 
 #include <QApplication>
 #include <QFile>
@@ -34,32 +34,32 @@ constexpr std::array Exams{"Unit Test 1", "Quarterly Examination", "Unit Test 2"
 constexpr std::array Subjects{"LANG", "Eng", "MATHS",  "Phy",  "Chem",   "BIO",  "Hist", "GEOGR",
                               "Civ",  "CS",  "COMMER", "Econ", "MUSIC.", "Draw", "PE"};
 
-FlexGrid::Row Line(const QStringList& texts)
+GridTable Cards(int exams, int subjects)
 {
-    FlexGrid::Row row;
-    for (const QString& text : texts)
-        row.push_back({text});
-    return row;
-}
-
-void Fill(FlexGrid& grid, int exams, int subjects)
-{
-    QStringList heads(QStringList::fromVector(QVector<QString>(5)));
+    std::vector<GridColumn> columns(static_cast<std::size_t>(CardColumn::FirstSubject));
     QStringList marks;
     for (int subject = 0; subject < subjects; ++subject) {
-        heads << QString::fromLatin1(Subjects[static_cast<std::size_t>(subject)]);
+        columns.push_back({QString::fromLatin1(Subjects[static_cast<std::size_t>(subject)])});
         marks << QStringLiteral("100.00");
     }
-    std::vector<FlexGrid::Row> rows{Line(heads + QStringList{"Total", "Average", "Rank", "Grade"}), {}};
+    for (const char* head : {"Total", "Average", "Rank", "Grade"})
+        columns.push_back({QString::fromLatin1(head)});
+    GridTable cards(std::move(columns));
+    cards.AddRow();
+    cards.HideRow(RankCardGrid::CodesRow);
     for (const Student& student : Students) {
-        for (int exam = 0; exam < exams; ++exam)
-            rows.push_back(Line(QStringList{Exams[static_cast<std::size_t>(exam)], student.name,
-                                            student.admissionNo, "XII", "A"} +
-                                marks + QStringList{QString::number(subjects * 100), "100.00", "12", "A+"}));
-        rows.emplace_back();
+        for (int exam = 0; exam < exams; ++exam) {
+            GridTable::Row line;
+            for (const QString& text : QStringList{Exams[static_cast<std::size_t>(exam)], student.name,
+                                                   student.admissionNo, "XII", "A"} +
+                                           marks +
+                                           QStringList{QString::number(subjects * 100), "100.00", "12", "A+"})
+                line.push_back({text});
+            cards.AddRow(std::move(line));
+        }
+        cards.AddRow();
     }
-    grid.SetContent(std::move(rows));
-    grid.SetRowHeight(1, 0);
+    return cards;
 }
 
 } // namespace
@@ -77,10 +77,9 @@ int main(int argc, char** argv)
     UseSpreadsheetProgram({true, [](const QString&) { return true; }});
     for (const int exams : {1, 4, 8}) {
         for (const int subjects : {3, 8, 15}) {
-            FlexGrid grid;
-            Fill(grid, exams, subjects);
+            const GridTable cards = Cards(exams, subjects);
             const QString path =
-                ExportFlexGridToExcel1(grid, grid.Rows() - 1, grid.Cols() - 1, {}, {}, exams);
+                ExportFlexGridToExcel1(cards, cards.Rows() - 1, cards.Cols() - 1, {}, {}, exams);
             QFile::rename(path, QStringLiteral("%1/Rank Card of %2 exams and %3 subjects.xlsx")
                                     .arg(folder)
                                     .arg(exams)

@@ -9,7 +9,7 @@
 namespace tally::test {
 namespace {
 
-constexpr int FirstLine = RankCardRows::FirstLineRow;
+constexpr int FirstLine = RankCardGrid::FirstLineRow;
 
 /// Class X, division A, with the exams First, Second and Third in this order, whatever their codes.
 class RankCards : public testing::Test
@@ -22,7 +22,7 @@ protected:
         cards.AddExam(3, "Third", 3);
     }
 
-    RankCardRows Show(const std::vector<int>& students, const std::vector<int>& exams,
+    RankCardGrid Show(const std::vector<int>& students, const std::vector<int>& exams,
                       SubjectDisplay display = SubjectDisplay::TakenForRankOnly, int decimals = 0)
     {
         return ComputeRankCards(
@@ -76,15 +76,17 @@ protected:
     }
 
     /// The texts of one row, from `first` on, parted by "|".
-    static QString Texts(const RankCardRows& shown, int row, qsizetype first = 0)
+    static QString Texts(const RankCardGrid& shown, int row, GridCol first = CardColumn::Exam)
     {
-        const auto& cells = shown.rows.at(static_cast<std::size_t>(row));
-        return QStringList(cells.begin(), cells.end()).mid(first).join(QLatin1Char('|'));
+        QStringList texts;
+        for (int col = first; col < shown.table.Cols(); ++col)
+            texts.append(shown.table.Text(row, col));
+        return texts.join(QLatin1Char('|'));
     }
 
-    static QString Marks(const RankCardRows& shown, int row)
+    static QString Marks(const RankCardGrid& shown, int row)
     {
-        return Texts(shown, row, RankCardRows::FirstSubjectColumn);
+        return Texts(shown, row, CardColumn::FirstSubject);
     }
 
     RankSchool school;
@@ -98,8 +100,8 @@ TEST_F(RankCards, AStudentWithMarksInTheFirstAndThirdExamHasTwoLinesInExamOrder)
     const int asha = school.AddStudent(1, QStringLiteral("Asha"), QStringLiteral("0042"));
     cards.EnterMark(3, asha, 1, 70);
     cards.EnterMark(1, asha, 1, 60);
-    const RankCardRows shown = Show({asha}, {3, 1, 7});
-    ASSERT_EQ(shown.rows.size(), 5U);
+    const RankCardGrid shown = Show({asha}, {3, 1, 7});
+    ASSERT_EQ(shown.table.Rows(), 5);
     EXPECT_EQ(shown.lines, 2);
     EXPECT_EQ(Texts(shown, FirstLine), QStringLiteral("First|Asha|0042|X|A|60||||"));
     EXPECT_EQ(Texts(shown, FirstLine + 1), QStringLiteral("Third|Asha|0042|X|A|70||||"));
@@ -111,10 +113,10 @@ TEST_F(RankCards, LinesFollowTheOrderOfTheExamsWhereTheirCodesRunAgainstIt)
     const int asha = school.AddMarkedStudent(QStringLiteral("Asha"), {60});
     cards.EnterMark(3, asha, 1, 70);
     cards.EnterMark(7, asha, 1, 80);
-    const RankCardRows shown = Show({asha}, {1, 3, 7});
+    const RankCardGrid shown = Show({asha}, {1, 3, 7});
     QStringList names;
     for (int row = FirstLine; row < FirstLine + shown.lines; ++row)
-        names.append(shown.rows.at(static_cast<std::size_t>(row)).front());
+        names.append(shown.table.Text(row, CardColumn::Exam));
     EXPECT_EQ(names.join(QLatin1Char(' ')), QStringLiteral("First Second Third"));
 }
 
@@ -123,9 +125,9 @@ TEST_F(RankCards, ASavedRankForAnExamWithoutMarksMakesNoLineAndLeavesTheHeadsAlo
     school.AddUsualDivision(1);
     const int asha = school.AddMarkedStudent(QStringLiteral("Asha"), {60});
     cards.SaveRank(7, asha, 60, 60, 1, "B");
-    const RankCardRows shown = Show({asha}, {1, 7});
+    const RankCardGrid shown = Show({asha}, {1, 7});
     EXPECT_EQ(shown.lines, 1);
-    ASSERT_EQ(shown.rows.size(), 4U);
+    ASSERT_EQ(shown.table.Rows(), 4);
     EXPECT_EQ(Marks(shown, 0), QStringLiteral("Eng|Total|Average|Rank|Grade"));
     EXPECT_EQ(Marks(shown, FirstLine), QStringLiteral("60||||"));
 }
@@ -154,7 +156,7 @@ TEST_F(RankCards, ACardTakesItsNamesAndSubjectsFromItsOwnDivisionAndYear)
     const int asha = school.AddMarkedStudent(QStringLiteral("Asha"), {60});
     AddNeighbours(asha);
     ForgetTheLaterYear();
-    const RankCardRows shown = Show({asha}, {1});
+    const RankCardGrid shown = Show({asha}, {1});
     EXPECT_EQ(Marks(shown, 0), QStringLiteral("Eng|Total|Average|Rank|Grade"));
     EXPECT_EQ(Texts(shown, FirstLine), QStringLiteral("First|Asha|A1|X|A|60||||"));
     scope = {1, 1, 2};
@@ -169,7 +171,7 @@ TEST_F(RankCards, MarksAndRanksOfOtherClassesAndDivisionsAreNotOnTheCard)
     const int asha = school.AddMarkedStudent(QStringLiteral("Asha"), {60});
     AddNeighbours(asha);
     ForgetTheLaterYear();
-    const RankCardRows shown = Show({asha}, {1, 7});
+    const RankCardGrid shown = Show({asha}, {1, 7});
     EXPECT_EQ(shown.lines, 1);
     EXPECT_EQ(Marks(shown, FirstLine), QStringLiteral("60||||"));
 }
@@ -194,7 +196,7 @@ TEST_F(RankCards, TheHeadsAreTheShortNamesInTheirOrderAndTheCodesStandBelow)
     school.AddDivision(1, "A");
     school.AddSubject(1, 4, "Mat", 2);
     school.AddSubject(1, 9, "Eng", 1);
-    const RankCardRows shown = Show({}, {1});
+    const RankCardGrid shown = Show({}, {1});
     EXPECT_EQ(Texts(shown, 0), QStringLiteral("|||||Eng|Mat|Total|Average|Rank|Grade"));
     EXPECT_EQ(Texts(shown, 1), QStringLiteral("|||||9|4||||"));
 }
@@ -205,7 +207,7 @@ TEST_F(RankCards, ARankListThatWasNotSavedLeavesItsValuesBlankWhileTheMarksStand
     const int asha = school.AddMarkedStudent(QStringLiteral("Asha"), {60, 70});
     cards.EnterMarks(7, asha, {80, 90});
     cards.SaveRank(7, asha, 170, 85, 1, "A");
-    const RankCardRows shown = Show({asha}, {1, 7});
+    const RankCardGrid shown = Show({asha}, {1, 7});
     EXPECT_EQ(Marks(shown, FirstLine), QStringLiteral("60|70||||"));
     EXPECT_EQ(Marks(shown, FirstLine + 1), QStringLiteral("80|90|170|85|1|A"));
 }
@@ -217,7 +219,7 @@ TEST_F(RankCards, AFailedStudentOfASavedListHasAGradeAndABlankRank)
     const int binu = school.AddMarkedStudent(QStringLiteral("Binu"), {20, 71});
     school.Prepare();
     school.Save();
-    const RankCardRows shown = Show({asha, binu}, {1});
+    const RankCardGrid shown = Show({asha, binu}, {1});
     EXPECT_EQ(Marks(shown, FirstLine), QStringLiteral("90|80|170|85|1|A"));
     EXPECT_EQ(Marks(shown, FirstLine + 2), QStringLiteral("20|71|91|45.5||C"));
 }
@@ -238,10 +240,10 @@ TEST_F(RankCards, SubjectsNotTakenForRankAreLeftOutOrShownAndTheTotalIsTheSavedO
     const int asha = school.AddMarkedStudent(QStringLiteral("Asha"), {60, 40});
     school.Prepare();
     school.Save();
-    const RankCardRows some = Show({asha}, {1});
+    const RankCardGrid some = Show({asha}, {1});
     EXPECT_EQ(Marks(some, 0), QStringLiteral("Eng|Total|Average|Rank|Grade"));
     EXPECT_EQ(Marks(some, FirstLine), QStringLiteral("60|60|60|1|B"));
-    const RankCardRows all = Show({asha}, {1}, SubjectDisplay::All);
+    const RankCardGrid all = Show({asha}, {1}, SubjectDisplay::All);
     EXPECT_EQ(Marks(all, 0), QStringLiteral("Eng|Mor|Total|Average|Rank|Grade"));
     EXPECT_EQ(Marks(all, FirstLine), QStringLiteral("60|40|60|60|1|B"));
 }
@@ -284,11 +286,11 @@ TEST_F(RankCards, ABlankLineFollowsEachStudentEvenOneWithoutMarks)
     const int asha = school.AddMarkedStudent(QStringLiteral("Asha"), {60});
     const int binu = school.AddStudent(1, QStringLiteral("Binu"));
     const int cara = school.AddMarkedStudent(QStringLiteral("Cara"), {70});
-    const RankCardRows shown = Show({asha, binu, cara}, {1});
-    ASSERT_EQ(shown.rows.size(), 7U);
+    const RankCardGrid shown = Show({asha, binu, cara}, {1});
+    ASSERT_EQ(shown.table.Rows(), 7);
     EXPECT_EQ(shown.lines, 2);
     for (const int blank : {3, 4, 6})
-        EXPECT_EQ(Texts(shown, blank), QString()) << blank;
+        EXPECT_EQ(Texts(shown, blank).remove(QLatin1Char('|')), QString()) << blank;
     EXPECT_TRUE(Texts(shown, 5).startsWith(QStringLiteral("First|Cara")));
 }
 
@@ -313,7 +315,7 @@ TEST_F(RankCards, OfAStudentWhoRepeatsTheClassTheLaterYearStands)
     cards.EnterMark(1, asha, 1, 30);
     cards.SaveRank(1, asha, 80, 80, 2, "A", 5);
     cards.SaveRank(1, asha, 30, 30, NoRank, "D");
-    const RankCardRows shown = Show({asha}, {1});
+    const RankCardGrid shown = Show({asha}, {1});
     EXPECT_EQ(shown.lines, 1);
     EXPECT_EQ(Marks(shown, FirstLine), QStringLiteral("80|80|80|2|A"));
 }
@@ -323,7 +325,7 @@ TEST_F(RankCards, NamesKeepTheirApostrophesAndLettersOfAllScripts)
     school.AddUsualDivision(1);
     const QString name = QString::fromUtf8("Zoë D'Souza-Núñez അഞ്ജലി");
     const int zoe = school.AddMarkedStudent(name, {60});
-    EXPECT_EQ(Show({zoe}, {1}).rows.at(FirstLine).at(1), name);
+    EXPECT_EQ(Show({zoe}, {1}).table.Text(FirstLine, CardColumn::StudentName), name);
     EXPECT_EQ(List().students.at(0).studentName, name);
 }
 
@@ -381,7 +383,7 @@ TEST_F(RankCards, ADivisionWithoutSubjectsHasCompleteStudentsAndNoCards)
     school.AddDivision(1, "A");
     const int asha = school.AddStudent(1, QStringLiteral("Asha"));
     EXPECT_EQ(Complete({1}), std::vector<bool>{true});
-    const RankCardRows shown = Show({asha}, {1});
+    const RankCardGrid shown = Show({asha}, {1});
     EXPECT_EQ(shown.lines, 0);
     EXPECT_EQ(Marks(shown, 0), QStringLiteral("Total|Average|Rank|Grade"));
 }

@@ -127,7 +127,7 @@ TEST(RankNumbers, ATotalOfZeroGetsNoneEvenWithoutAFailedSubject)
     school.AddUsualBands(1);
     school.EnterMark(school.AddStudent(1, "No English mark"), 2, 70);
     const RankList list = school.Compute();
-    EXPECT_EQ(CellOf(list, "No English mark", 0).flag, CellFlag::None);
+    EXPECT_EQ(CellOf(list, "No English mark", 0).mark, CellMark::None);
     EXPECT_EQ(RankOf(list, "No English mark"), 0);
 }
 
@@ -140,7 +140,7 @@ TEST(Absence, InASubjectNotTakenForRankStopsNeitherRankNorGrade)
     school.EnterMark(student, 1, 90);
     school.EnterAbsence(student, 2);
     const RankList list = school.Compute();
-    EXPECT_EQ(CellOf(list, "Anil", 1).flag, CellFlag::NotTaken);
+    EXPECT_EQ(CellOf(list, "Anil", 1).mark, CellMark::NotTakenForRank);
     EXPECT_EQ(StoredCell(list, "Anil", 1), "A");
     EXPECT_EQ(RankOf(list, "Anil"), 1);
     EXPECT_EQ(GradeOf(list, "Anil"), "A");
@@ -157,7 +157,7 @@ TEST(Absence, InASubjectTakenForRankCostsRankAndGrade)
     school.AddMarkedStudent("Bina", {40, 40});
     const RankList list = school.Compute();
     EXPECT_EQ(StoredCell(list, "Anil", 1), "FailA");
-    EXPECT_EQ(CellOf(list, "Anil", 1).flag, CellFlag::FailedOrAbsent);
+    EXPECT_EQ(CellOf(list, "Anil", 1).mark, CellMark::FailedOrAbsent);
     EXPECT_EQ(RankOf(list, "Anil"), 0);
     EXPECT_EQ(RankOf(list, "Bina"), 1);
     EXPECT_TRUE(list.MarkedAbsent(0));
@@ -172,7 +172,7 @@ TEST(BlankCell, IsNoFailureAndLeavesTheStudentARank)
     school.EnterMark(school.AddStudent(1, "Anil"), 1, 90);
     const RankList list = school.Compute();
     EXPECT_EQ(CellOf(list, "Anil", 1).kind, RankCell::Kind::Blank);
-    EXPECT_EQ(CellOf(list, "Anil", 1).flag, CellFlag::None);
+    EXPECT_EQ(CellOf(list, "Anil", 1).mark, CellMark::None);
     EXPECT_EQ(StoredCell(list, "Anil", 1), "");
     EXPECT_EQ(RankOf(list, "Anil"), 1);
     EXPECT_EQ(RowOf(list, "Anil").average, 45);
@@ -184,7 +184,7 @@ TEST(BlankCell, InASubjectNotTakenForRankCarriesNoFlagEither)
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Anil", {90});
-    EXPECT_EQ(CellOf(school.Compute(), "Anil", 1).flag, CellFlag::None);
+    EXPECT_EQ(CellOf(school.Compute(), "Anil", 1).mark, CellMark::None);
 }
 
 TEST(Students, WithoutAnyMarkOfTheExamAreLeftOut)
@@ -229,7 +229,7 @@ TEST_P(PassMark, IsTheTotalAverageOfTheSecondLowestBand)
     school.AddUsualDivision(1);
     school.AddMarkedStudent("Anil", {GetParam().mark});
     const RankCell cell = CellOf(school.Compute(), "Anil", 0);
-    EXPECT_EQ(cell.flag, GetParam().failed ? CellFlag::FailedOrAbsent : CellFlag::None) << GetParam().mark;
+    EXPECT_EQ(cell.mark, GetParam().failed ? CellMark::FailedOrAbsent : CellMark::None) << GetParam().mark;
 }
 
 // A mark is held against the pass mark as a whole number, a half going to the even neighbour.
@@ -246,7 +246,7 @@ TEST(PassMarks, AreRawMarksWhateverTheMaximumOfTheSubject)
     school.AddSubject(1, 1, "Eng", 1, "Yes", 40, 40);
     school.AddMarkedStudent("Anil", {34});
     const RankList list = school.Compute();
-    EXPECT_EQ(CellOf(list, "Anil", 0).flag, CellFlag::FailedOrAbsent);
+    EXPECT_EQ(CellOf(list, "Anil", 0).mark, CellMark::FailedOrAbsent);
     EXPECT_EQ(RowOf(list, "Anil").average, 85);
 }
 
@@ -261,8 +261,8 @@ TEST(PassMarks, ComeFromTheFirstDivisionForAllDivisions)
     school.AddSubject(2, 1, "Eng", 1);
     school.EnterMark(school.AddStudent(2, "Bina"), 1, 40);
     school.AddMarkedStudent("Anil", {40});
-    EXPECT_EQ(CellOf(school.Compute({1, 2}), "Bina", 0).flag, CellFlag::None);
-    EXPECT_EQ(CellOf(school.Compute({2, 1}), "Anil", 0).flag, CellFlag::FailedOrAbsent);
+    EXPECT_EQ(CellOf(school.Compute({1, 2}), "Bina", 0).mark, CellMark::None);
+    EXPECT_EQ(CellOf(school.Compute({2, 1}), "Anil", 0).mark, CellMark::FailedOrAbsent);
 }
 
 TEST(PassMarks, FailNobodyInASubjectNotTakenForRank)
@@ -272,7 +272,7 @@ TEST(PassMarks, FailNobodyInASubjectNotTakenForRank)
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Anil", {90, 10});
     const RankList list = school.Compute();
-    EXPECT_EQ(CellOf(list, "Anil", 1).flag, CellFlag::NotTaken);
+    EXPECT_EQ(CellOf(list, "Anil", 1).mark, CellMark::NotTakenForRank);
     EXPECT_EQ(StoredCell(list, "Anil", 1), "10");
     EXPECT_EQ(RankOf(list, "Anil"), 1);
 }
@@ -285,8 +285,8 @@ TEST(GradeTable, WithoutRowsFailsOnlyAZeroAndGivesNoGrade)
     school.AddMarkedStudent("Zero", {0});
     school.AddMarkedStudent("One", {1});
     const RankList list = school.Compute();
-    EXPECT_EQ(CellOf(list, "Zero", 0).flag, CellFlag::FailedOrAbsent);
-    EXPECT_EQ(CellOf(list, "One", 0).flag, CellFlag::None);
+    EXPECT_EQ(CellOf(list, "Zero", 0).mark, CellMark::FailedOrAbsent);
+    EXPECT_EQ(CellOf(list, "One", 0).mark, CellMark::None);
     EXPECT_EQ(GradeOf(list, "One"), "");
 }
 
@@ -299,8 +299,8 @@ TEST(GradeTable, OfOneRowFailsOnlyAMarkEqualToIt)
     school.AddMarkedStudent("Equal", {35});
     school.AddMarkedStudent("Below", {34});
     const RankList list = school.Compute();
-    EXPECT_EQ(CellOf(list, "Equal", 0).flag, CellFlag::FailedOrAbsent);
-    EXPECT_EQ(CellOf(list, "Below", 0).flag, CellFlag::None);
+    EXPECT_EQ(CellOf(list, "Equal", 0).mark, CellMark::FailedOrAbsent);
+    EXPECT_EQ(CellOf(list, "Below", 0).mark, CellMark::None);
 }
 
 TEST(GradeTable, StandsInRisingSubjectAveragesDivisionByDivision)
@@ -337,7 +337,7 @@ TEST(GradeTable, WithOneSubjectAverageForAllStillGivesTheHighestGradeReached)
     EXPECT_EQ(GradeOf(list, "High"), "A");
     EXPECT_EQ(GradeOf(list, "Middle"), "B");
     EXPECT_EQ(GradeOf(list, "Low"), "D");
-    EXPECT_EQ(CellOf(list, "Low", 0).flag, CellFlag::FailedOrAbsent);
+    EXPECT_EQ(CellOf(list, "Low", 0).mark, CellMark::FailedOrAbsent);
 }
 
 TEST(Grades, NeedBothAveragesAndEqualIsEnough)

@@ -123,7 +123,7 @@ TEST(TempRankCalculation, TakesNamesWithAnySigns)
     school.AddUsualDivision(1);
     for (const QString& name : names)
         school.AddMarkedStudent(name, {50});
-    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
     EXPECT_EQ(NamesOf(view), names);
 }
 
@@ -138,7 +138,7 @@ TEST(TempRankCalculation, TakesShortNamesThatAreAlikeOrQuoted)
     school.AddSubject(1, 4, "a\"b,", 4);
     school.AddSubject(1, 5, "Total", 5);
     school.AddMarkedStudent("Anil", {51, 52, 53, 54, 55});
-    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
     QStringList marks;
     for (int column = 5; column < 10; ++column)
         marks.append(view.Text(2, column));
@@ -152,9 +152,9 @@ TEST(TempRankCalculation, WritesFractionsWithTwoDecimals)
     school.options.fractionMarks = true;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Anil", {34.4, 80.125});
-    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
     EXPECT_EQ(view.Text(2, 5), "34.40");
-    EXPECT_EQ(view.Flag(2, 5), CellFlag::FailedOrAbsent);
+    EXPECT_EQ(view.Mark(2, 5), CellMark::FailedOrAbsent);
     EXPECT_EQ(view.Text(2, 6), "80.12");
     EXPECT_EQ(view.Text(2, 7), "114.52");
 }

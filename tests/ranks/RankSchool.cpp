@@ -122,7 +122,7 @@ RankList RankSchool::Prepare(const std::vector<int>& divisions)
     return list;
 }
 
-RankView RankSchool::Show(const RankList& list, RankOrder order, SubjectDisplay display)
+GridTable RankSchool::Show(const RankList& list, RankOrder order, SubjectDisplay display)
 {
     std::vector<int> divisions;
     for (const RankDivision& division : list.divisions)
@@ -156,18 +156,28 @@ QString StoredCell(const RankList& list, const QString& name, std::size_t subjec
     return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-QStringList NamesOf(const RankView& view)
+int StudentCount(const GridTable& view)
+{
+    return view.Rows() - RankListRows::FirstStudent - RankListRows::BelowStudents;
+}
+
+int AverageRow(const GridTable& view)
+{
+    return view.Rows() - 2;
+}
+
+QStringList NamesOf(const GridTable& view)
 {
     QStringList names;
-    for (int student = 0; student < view.StudentCount(); ++student)
-        names.append(view.Text(RankView::FirstStudentRow + student, 0));
+    for (int student = 0; student < StudentCount(view); ++student)
+        names.append(view.Text(RankListRows::FirstStudent + student, 0));
     return names;
 }
 
-int RowOf(const RankView& view, const QString& name)
+int RowOf(const GridTable& view, const QString& name)
 {
     const auto student = NamesOf(view).indexOf(name);
-    return student < 0 ? -1 : RankView::FirstStudentRow + static_cast<int>(student);
+    return student < 0 ? -1 : RankListRows::FirstStudent + static_cast<int>(student);
 }
 
 } // namespace tally::test

@@ -47,8 +47,8 @@ public:
     }
     /// Computes the list and writes TempRankCalculation.
     RankList Prepare(const std::vector<int>& divisions = {1});
-    RankView Show(const RankList& list, RankOrder order,
-                  SubjectDisplay display = SubjectDisplay::TakenForRankOnly);
+    GridTable Show(const RankList& list, RankOrder order,
+                   SubjectDisplay display = SubjectDisplay::TakenForRankOnly);
     void Save(const std::vector<int>& divisions = {1});
 
     RankRepository Repository() { return RankRepository(main); }
@@ -76,9 +76,12 @@ const RankRow& RowOf(const RankList& list, const QString& name);
 const RankCell& CellOf(const RankList& list, const QString& name, std::size_t subject);
 /// The cell as it stands in TempRankCalculation.
 QString StoredCell(const RankList& list, const QString& name, std::size_t subject);
+/// How many rows of the view are students.
+int StudentCount(const GridTable& view);
+int AverageRow(const GridTable& view);
 /// The students' names from top to bottom.
-QStringList NamesOf(const RankView& view);
+QStringList NamesOf(const GridTable& view);
 /// The row of the view that shows `name`; -1 when none does.
-int RowOf(const RankView& view, const QString& name);
+int RowOf(const GridTable& view, const QString& name);
 
 } // namespace tally::test

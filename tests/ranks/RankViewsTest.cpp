@@ -9,16 +9,20 @@ namespace {
 
 /// The text of the student's cell in the column with this head, counted from the right: 1 the grade, 5 the
 /// total.
-QString FromRight(const RankView& view, const char* name, int fromRight)
+QString FromRight(const GridTable& view, const char* name, int fromRight)
 {
     return view.Text(RowOf(view, QLatin1String(name)), view.Cols() - fromRight);
 }
 
-QString Summary(const std::vector<GradeSummaryRow>& summary)
+QString Summary(const GridTable& summary)
 {
     QStringList lines;
-    for (const GradeSummaryRow& row : summary)
-        lines.append(QStringList(row.begin(), row.end()).join('|'));
+    for (int row = 1; row < summary.Rows(); ++row) {
+        QStringList texts;
+        for (int column = 0; column < summary.Cols(); ++column)
+            texts.append(summary.Text(row, column));
+        lines.append(texts.join('|'));
+    }
     return lines.join('\n');
 }
 
@@ -34,7 +38,7 @@ TEST(RankOrderView, PutsTheSmallerTotalOfAllSubjectsFirstWithinARank)
     school.AddMarkedStudent("Failed high", {30, 99});
     school.AddMarkedStudent("Failed low", {20, 1});
     school.AddMarkedStudent("Second", {70, 50});
-    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
     EXPECT_EQ(NamesOf(view), QStringList({"Little art", "Much art", "Second", "Failed low", "Failed high"}));
     EXPECT_EQ(FromRight(view, "Little art", 2), "1");
     EXPECT_EQ(FromRight(view, "Much art", 2), "1");
@@ -48,16 +52,16 @@ TEST(RankOrderView, SortsTenBehindNine)
     school.AddUsualDivision(1);
     for (int student = 1; student <= 11; ++student)
         school.AddMarkedStudent(QStringLiteral("Student %1").arg(student), {100.0 - student});
-    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
     EXPECT_EQ(NamesOf(view).mid(7), QStringList({"Student 8", "Student 9", "Student 10", "Student 11"}));
 }
 
-TEST(RankView, LaysOutHeadsCodesStudentsAndAverage)
+TEST(RankList, LaysOutHeadsCodesStudentsAndAverage)
 {
     RankSchool school;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Anil", {90, 80});
-    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
     ASSERT_EQ(view.Cols(), 12);
     QStringList heads;
     QStringList codes;
@@ -67,7 +71,7 @@ TEST(RankView, LaysOutHeadsCodesStudentsAndAverage)
         heads.append(view.Text(0, column));
         codes.append(view.Text(1, column));
         student.append(view.Text(2, column));
-        average.append(view.Text(view.AverageRow(), column));
+        average.append(view.Text(AverageRow(view), column));
     }
     EXPECT_EQ(heads, QStringList({"", "Adm.No.", "Class", "Division", "", "Eng", "Mat", "Total", "Total",
                                   "Average", "Rank", "Grade"}));
@@ -76,61 +80,61 @@ TEST(RankView, LaysOutHeadsCodesStudentsAndAverage)
               QStringList({"Anil", "A1", "X", "A", "1", "90", "80", "170", "170", "85.00", "1", "A"}));
     EXPECT_EQ(average, QStringList({"Average", "", "", "", "", "90.00", "80.00", "170.00", "", "", "", ""}));
     EXPECT_EQ(view.Text(view.Rows() - 1, 0), "");
-    EXPECT_TRUE(RankView::RowHidden(1));
-    EXPECT_TRUE(view.ColumnHidden(4));
+    EXPECT_TRUE(view.RowHidden(1));
+    EXPECT_TRUE(view.Column(4).hidden);
 }
 
-TEST(RankView, ShowsAFailedStudentWithGradeAndPaintedMarkButWithoutRank)
+TEST(RankList, ShowsAFailedStudentWithGradeAndPaintedMarkButWithoutRank)
 {
     RankSchool school;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Anil", {34, 90});
-    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
     EXPECT_EQ(view.Text(2, 5), "34");
-    EXPECT_EQ(view.Flag(2, 5), CellFlag::FailedOrAbsent);
-    EXPECT_EQ(view.Flag(2, 6), CellFlag::None);
+    EXPECT_EQ(view.Mark(2, 5), CellMark::FailedOrAbsent);
+    EXPECT_EQ(view.Mark(2, 6), CellMark::None);
     EXPECT_EQ(FromRight(view, "Anil", 2), "");
     EXPECT_EQ(FromRight(view, "Anil", 1), "C");
 }
 
-TEST(RankView, ShowsAnAbsentStudentWithoutRankAndGrade)
+TEST(RankList, ShowsAnAbsentStudentWithoutRankAndGrade)
 {
     RankSchool school;
     school.AddUsualDivision(2);
     const int anil = school.AddStudent(1, "Anil");
     school.EnterMark(anil, 1, 90);
     school.EnterAbsence(anil, 2);
-    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
     EXPECT_EQ(view.Text(2, 6), "A");
-    EXPECT_EQ(view.Flag(2, 6), CellFlag::FailedOrAbsent);
+    EXPECT_EQ(view.Mark(2, 6), CellMark::FailedOrAbsent);
     EXPECT_EQ(FromRight(view, "Anil", 2), "");
     EXPECT_EQ(FromRight(view, "Anil", 1), "");
 }
 
-TEST(RankView, HidesSubjectsNotTakenForRankAndTheTotalOfAllUnlessAllAreShown)
+TEST(RankList, HidesSubjectsNotTakenForRankAndTheTotalOfAllUnlessAllAreShown)
 {
     RankSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Anil", {80, 90});
     const RankList list = school.Prepare();
-    const RankView taken = school.Show(list, RankOrder::Rank, SubjectDisplay::TakenForRankOnly);
-    EXPECT_FALSE(taken.ColumnHidden(5));
-    EXPECT_TRUE(taken.ColumnHidden(6));
-    EXPECT_TRUE(taken.ColumnHidden(7));
-    EXPECT_FALSE(taken.ColumnHidden(8));
+    const GridTable taken = school.Show(list, RankOrder::Rank, SubjectDisplay::TakenForRankOnly);
+    EXPECT_FALSE(taken.Column(5).hidden);
+    EXPECT_TRUE(taken.Column(6).hidden);
+    EXPECT_TRUE(taken.Column(7).hidden);
+    EXPECT_FALSE(taken.Column(8).hidden);
     EXPECT_EQ(taken.Text(2, 8), "80");
 
-    const RankView all = school.Show(list, RankOrder::Rank, SubjectDisplay::All);
-    EXPECT_FALSE(all.ColumnHidden(6));
-    EXPECT_FALSE(all.ColumnHidden(7));
-    EXPECT_TRUE(all.ColumnHidden(8));
+    const GridTable all = school.Show(list, RankOrder::Rank, SubjectDisplay::All);
+    EXPECT_FALSE(all.Column(6).hidden);
+    EXPECT_FALSE(all.Column(7).hidden);
+    EXPECT_TRUE(all.Column(8).hidden);
     EXPECT_EQ(all.Text(2, 7), "170");
-    EXPECT_EQ(all.Flag(1, 6), CellFlag::NotTaken);
-    EXPECT_EQ(all.Flag(2, 6), CellFlag::NotTaken);
-    EXPECT_EQ(all.Flag(all.AverageRow(), 6), CellFlag::None);
+    EXPECT_EQ(all.Mark(1, 6), CellMark::NotTakenForRank);
+    EXPECT_EQ(all.Mark(2, 6), CellMark::NotTakenForRank);
+    EXPECT_EQ(all.Mark(AverageRow(all), 6), CellMark::Sum);
     for (int column = 9; column < all.Cols(); ++column)
-        EXPECT_FALSE(all.ColumnHidden(column));
+        EXPECT_FALSE(all.Column(column).hidden);
 }
 
 TEST(AverageRow, LeavesOutAbsencesZerosAndBlanks)
@@ -143,13 +147,13 @@ TEST(AverageRow, LeavesOutAbsencesZerosAndBlanks)
     school.EnterMark(chand, 1, 45);
     school.EnterAbsence(chand, 2);
     school.EnterMark(chand, 3, 0);
-    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
-    EXPECT_EQ(view.Text(view.AverageRow(), 5), "67.50");
-    EXPECT_EQ(view.Text(view.AverageRow(), 6), "41.00");
-    EXPECT_EQ(view.Text(view.AverageRow(), 7), "");
-    EXPECT_EQ(view.Text(view.AverageRow(), 8), "");
-    EXPECT_EQ(view.Text(view.AverageRow(), 9), "58.67");
-    EXPECT_EQ(view.Text(view.AverageRow(), 10), "");
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
+    EXPECT_EQ(view.Text(AverageRow(view), 5), "67.50");
+    EXPECT_EQ(view.Text(AverageRow(view), 6), "41.00");
+    EXPECT_EQ(view.Text(AverageRow(view), 7), "");
+    EXPECT_EQ(view.Text(AverageRow(view), 8), "");
+    EXPECT_EQ(view.Text(AverageRow(view), 9), "58.67");
+    EXPECT_EQ(view.Text(AverageRow(view), 10), "");
 }
 
 struct AverageOnAHalf
@@ -181,9 +185,9 @@ TEST_P(AverageOnAHalfTest, IsCountedUpInALongListToo)
         left -= mark;
     }
     school.AddMarkedStudent("Last", {static_cast<double>(left) / 100});
-    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
-    EXPECT_EQ(view.Text(view.AverageRow(), 5).toStdString(), list.average);
-    EXPECT_EQ(view.Text(view.AverageRow(), 6).toStdString(), list.average) << "the column of the totals";
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
+    EXPECT_EQ(view.Text(AverageRow(view), 5).toStdString(), list.average);
+    EXPECT_EQ(view.Text(AverageRow(view), 6).toStdString(), list.average) << "the column of the totals";
 }
 
 INSTANTIATE_TEST_SUITE_P(Lists, AverageOnAHalfTest,
@@ -198,7 +202,7 @@ TEST(AlphabeticView, MixesSmallAndCapitalLetters)
     school.AddMarkedStudent("bina", {50});
     school.AddMarkedStudent("Anil", {60});
     school.AddMarkedStudent("Chand", {70});
-    const RankView view = school.Show(school.Prepare(), RankOrder::Alphabetical);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Alphabetical);
     EXPECT_EQ(NamesOf(view), QStringList({"Anil", "bina", "Chand"}));
 }
 
@@ -210,7 +214,7 @@ TEST(AdmissionNoView, SortsTheNumbersAsTexts)
         const int student = school.AddStudent(1, number, number);
         school.EnterMark(student, 1, 50);
     }
-    const RankView view = school.Show(school.Prepare(), RankOrder::AdmissionNo);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::AdmissionNo);
     EXPECT_EQ(NamesOf(view), QStringList({"10", "9", "B1", "b2"}));
 }
 
@@ -226,7 +230,7 @@ TEST(GradeOrderView, FollowsTheGradeTableAndLeavesAbsentStudentsOut)
     school.EnterMark(absent, 1, 99);
     school.EnterAbsence(absent, 2);
     const RankList list = school.Prepare();
-    const RankView view = school.Show(list, RankOrder::Grade);
+    const GridTable view = school.Show(list, RankOrder::Grade);
     EXPECT_EQ(NamesOf(view), QStringList({"First", "Second", "Low"}));
     EXPECT_EQ(FromRight(view, "Second", 3), "80.5");
     EXPECT_EQ(FromRight(school.Show(list, RankOrder::Rank), "Second", 3), "80.50");
@@ -242,7 +246,7 @@ TEST(GradeOrderView, ListsAGradeAtTwoPositionsTwice)
     school.AddBand(2, 0, 0, "D", 2);
     school.AddMarkedStudent("Anil", {40});
     school.AddMarkedStudent("Bina", {90});
-    const RankView view = school.Show(school.Prepare({1, 2}), RankOrder::Grade);
+    const GridTable view = school.Show(school.Prepare({1, 2}), RankOrder::Grade);
     EXPECT_EQ(NamesOf(view), QStringList({"Bina", "Anil", "Anil"}));
 }
 
@@ -258,7 +262,7 @@ TEST(GradeOrderView, AddsRowsWhoseGradeIsNullButNotThoseWithoutAGrade)
     const RankList list = school.Prepare();
     school.temp.Execute("Update TempRankCalculation set Grade=Null where StudentName='Null grade'");
     EXPECT_EQ(NamesOf(school.Show(list, RankOrder::Grade)), QStringList({"Graded", "Null grade"}));
-    EXPECT_EQ(school.Show(list, RankOrder::Rank).StudentCount(), 3);
+    EXPECT_EQ(StudentCount(school.Show(list, RankOrder::Rank)), 3);
 }
 
 TEST(Views, RunAsManyStatementsForFiveHundredStudentsAsForTen)
@@ -270,7 +274,7 @@ TEST(Views, RunAsManyStatementsForFiveHundredStudentsAsForTen)
             school.AddMarkedStudent(QStringLiteral("Student %1").arg(student), {50, 60});
         const RankList list = school.Prepare();
         const auto before = school.main.StatementsRun() + school.temp.StatementsRun();
-        EXPECT_EQ(school.Show(list, order).StudentCount(), students);
+        EXPECT_EQ(StudentCount(school.Show(list, order)), students);
         return school.main.StatementsRun() + school.temp.StatementsRun() - before;
     };
     for (const RankOrder order :
@@ -289,7 +293,7 @@ TEST(GradeSummary, CountsGradesAbsenteesAndFullMarks)
     school.EnterAbsence(school.AddStudent(1, "Devi"), 1);
     school.AddDivision(2, "B");
     school.AddSubject(2, 2, "Art", 1, "No");
-    const RankView view = school.Show(school.Prepare(), RankOrder::Rank);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
     const RankInput input = school.Input({1, 2});
     const auto summary = LoadGradeSummary(view, input.grades, "X",
                                           {{"  A", input.fullMarks.at(0)}, {"  B", input.fullMarks.at(1)}});

@@ -100,7 +100,7 @@ TEST_F(RankListOutput, AnotherOrderStartsAtItsTopInTheSameColumns)
     Settle();
     EXPECT_EQ(grid->verticalScrollBar()->value(), 0);
     EXPECT_EQ(across->value(), place);
-    EXPECT_EQ(grid->CurrentRow(), RankView::FirstStudentRow);
+    EXPECT_EQ(grid->CurrentRow(), RankListRows::FirstStudent);
     EXPECT_EQ(grid->CurrentCol(), 9);
 }
 
@@ -111,7 +111,8 @@ TEST_F(RankListOutput, TheNamesStayInSightBesideTheRanks)
     const QImage names = LeftEdge(grid, grid->ColWidth(0));
     grid->horizontalScrollBar()->setValue(grid->horizontalScrollBar()->maximum());
     EXPECT_TRUE(LeftEdge(grid, grid->ColWidth(0)) == names);
-    EXPECT_LT(grid->CellRect(RankView::FirstStudentRow, grid->Cols() - 1).right(), grid->viewport()->width());
+    EXPECT_LT(grid->CellRect(RankListRows::FirstStudent, grid->Cols() - 1).right(),
+              grid->viewport()->width());
 }
 
 TEST_F(RankListOutput, TheWholeListCanBeCopiedIntoASpreadsheetAsItIsSeen)

@@ -120,8 +120,8 @@ TEST_F(RankCardOutput, NumbersStandAtTheRightAndTextsAtTheLeft)
     OpenAndProceed();
     const int gradeColumn = grid->Cols() - 1;
     for (int col = 0; col < grid->Cols(); ++col) {
-        const bool text = col < RankCardRows::FirstSubjectColumn || col == gradeColumn;
-        EXPECT_EQ(grid->ColAlignment(col), (text ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter) << col;
+        const bool text = col < static_cast<int>(CardColumn::FirstSubject) || col == gradeColumn;
+        EXPECT_EQ(grid->Table().Column(col).alignment, text ? TextAlignment : NumberAlignment) << col;
     }
 }
 

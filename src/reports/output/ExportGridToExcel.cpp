@@ -1,8 +1,9 @@
 #include "reports/output/ExportGridToExcel.h"
 
+#include "core/GridTable.h"
 #include "core/modTallyboard.h"
 #include "core/SessionContext.h"
-#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/look/CellPaint.h"
 #include "reports/output/ExportWorkbook.h"
 #include "reports/output/SheetParts.h"
 #include "reports/output/Workbook.h"
@@ -38,32 +39,30 @@ struct Column
     double Width() const { return longest > 0 ? longest + WidthReserve : Workbook::StandardColumnWidth; }
 };
 
-CellStyle::Align AlignmentOf(const FlexGrid& grid, int col, bool numbers)
+CellStyle::Align AlignmentOf(Qt::Alignment shown, bool numbers)
 {
-    const auto shown =
-        Qt::Alignment::fromInt(grid.model()->headerData(col, Qt::Horizontal, Qt::TextAlignmentRole).toInt());
     if (shown.testFlag(Qt::AlignHCenter))
         return CellStyle::Align::Center;
     return numbers || shown.testFlag(Qt::AlignRight) ? CellStyle::Align::Right : CellStyle::Align::Left;
 }
 
-std::vector<Column> VisibleColumns(const FlexGrid& grid, int lastRow, int lastCol)
+std::vector<Column> VisibleColumns(const GridTable& grid, int lastRow, int lastCol)
 {
     std::vector<Column> columns;
     for (int col = 0; col <= lastCol; ++col) {
-        if (grid.ColWidth(col) == 0)
+        if (grid.Column(col).hidden)
             continue;
         Column column{.source = col};
         bool numbers = false;
         for (int row = 0; row <= lastRow; ++row) {
-            if (grid.RowHeight(row) <= 0)
+            if (grid.RowHidden(row))
                 continue;
-            const QString text = grid.TextMatrix(row, col).trimmed();
+            const QString text = grid.Text(row, col).trimmed();
             column.longest = std::max(column.longest, static_cast<int>(text.size()));
             column.identities = column.identities || (row > 0 && IsIdentity(text));
             numbers = numbers || (row > 0 && IsNumber(text));
         }
-        column.align = AlignmentOf(grid, col, numbers && !column.identities);
+        column.align = AlignmentOf(grid.Column(col).alignment, numbers && !column.identities);
         columns.push_back(column);
     }
     return columns;
@@ -104,11 +103,11 @@ void WriteTitles(Workbook& workbook, const std::array<QString, TitleRows>& texts
     }
 }
 
-void WriteGrid(Workbook& workbook, const FlexGrid& grid, int lastRow, const std::vector<Column>& columns)
+void WriteGrid(Workbook& workbook, const GridTable& grid, int lastRow, const std::vector<Column>& columns)
 {
     const int count = static_cast<int>(columns.size());
     for (int row = 0; row <= lastRow; ++row) {
-        const bool hidden = grid.RowHeight(row) <= 0;
+        const bool hidden = grid.RowHidden(row);
         for (int col = 0; col < count; ++col) {
             const Column& column = columns[static_cast<std::size_t>(col)];
             CellStyle style{.align = column.align, .middle = true, .bold = row == 0, .border = true};
@@ -118,7 +117,7 @@ void WriteGrid(Workbook& workbook, const FlexGrid& grid, int lastRow, const std:
                 const QColor fill = CellColor(mark);
                 style.bold = style.bold || mark == CellMark::Sum;
                 style.fill = fill.isValid() ? fill.rgb() : 0;
-                text = grid.TextMatrix(row, column.source).trimmed();
+                text = grid.Text(row, column.source).trimmed();
             }
             if (row > 0 && !column.identities)
                 WriteTyped(workbook, FirstGridRow + row, col, text, style);
@@ -130,7 +129,7 @@ void WriteGrid(Workbook& workbook, const FlexGrid& grid, int lastRow, const std:
     }
 }
 
-void WriteSheet(Workbook& workbook, const FlexGrid& grid, int lastRow, int lastCol, const QString& title,
+void WriteSheet(Workbook& workbook, const GridTable& grid, int lastRow, int lastCol, const QString& title,
                 const QString& subTitle)
 {
     const std::vector<Column> columns = VisibleColumns(grid, lastRow, lastCol);
@@ -158,7 +157,7 @@ void WriteSheet(Workbook& workbook, const FlexGrid& grid, int lastRow, int lastC
 
 } // namespace
 
-QString ExportGridToExcel(const FlexGrid& grid, int lastRow, int lastCol, const QString& title,
+QString ExportGridToExcel(const GridTable& grid, int lastRow, int lastCol, const QString& title,
                           const QString& subTitle)
 {
     return ExportWorkbook({title, subTitle}, [&](Workbook& workbook) {
@@ -166,7 +165,7 @@ QString ExportGridToExcel(const FlexGrid& grid, int lastRow, int lastCol, const 
     });
 }
 
-void ExportReport(const FlexGrid& grid, const QString& title, const QString& subTitle)
+void ExportReport(const GridTable& grid, const QString& title, const QString& subTitle)
 {
     RunExport([&] { ExportGridToExcel(grid, grid.Rows() - 1, grid.Cols() - 1, title, subTitle); });
 }

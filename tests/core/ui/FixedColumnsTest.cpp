@@ -1,5 +1,6 @@
 #include "core/ui/controls/FlexGrid.h"
 #include "support/ScreenFixture.h"
+#include "support/TableOf.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -33,7 +34,7 @@ protected:
 
     void Fill(const QString& names)
     {
-        std::vector<FlexGrid::Row> rows(52, FlexGrid::Row(13));
+        std::vector<GridTable::Row> rows(52, GridTable::Row(13));
         rows[0][0].text = QStringLiteral("Name");
         for (int row = 2; row < 52; ++row)
             rows[static_cast<std::size_t>(row)][0].text = names.arg(row);
@@ -41,7 +42,7 @@ protected:
             for (int col = 1; col < 13; ++col)
                 rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)].text =
                     QStringLiteral("%1/%2").arg(row).arg(col);
-        grid->SetContent(std::move(rows));
+        grid->Show(TableOf(std::move(rows)));
         grid->SetRowHeight(1, 0);
         grid->SetColWidth(0, NameWidth);
         for (int col = 1; col < 13; ++col)

@@ -4,6 +4,7 @@
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/modTallyboardForms.h"
 #include "support/ScreenFixture.h"
+#include "support/TableOf.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -149,16 +150,15 @@ TEST_F(FormRoutinesTest, AClearedGridKeepsOneEmptyRowAndOneColumn)
 TEST_F(FormRoutinesTest, TheHeadOfALoneColumnSpansTheGrid)
 {
     auto* grid = Add<FlexGrid>();
-    grid->SetContent({{{QStringLiteral("Name")}, {QStringLiteral("Mark")}}, {}});
+    grid->Show(TableOf({{{QStringLiteral("Name")}, {QStringLiteral("Mark")}}, {}}));
     Show();
-    const int width = grid->ColWidth(0);
+    const std::pair widths{grid->ColWidth(0), grid->ColWidth(1)};
     const int span = grid->viewport()->width();
-    ASSERT_LT(2 * width, span);
+    ASSERT_LT(widths.first + widths.second, span);
     ClearMSGrid(grid);
     EXPECT_EQ(grid->ColWidth(0), span);
-    grid->SetContent({{{QStringLiteral("Name")}, {QStringLiteral("Mark")}}, {}});
-    EXPECT_EQ(grid->ColWidth(0), width);
-    EXPECT_EQ(grid->ColWidth(1), width);
+    grid->Show(TableOf({{{QStringLiteral("Name")}, {QStringLiteral("Mark")}}, {}}));
+    EXPECT_EQ(std::pair(grid->ColWidth(0), grid->ColWidth(1)), widths);
 }
 
 TEST_F(FormRoutinesTest, ACheckListShowsByThePaintOfItsItemWhetherTheKeysGoThere)

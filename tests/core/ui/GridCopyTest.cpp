@@ -1,6 +1,7 @@
 #include "core/ui/controls/DataGrid.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "support/ScreenFixture.h"
+#include "support/TableOf.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -41,12 +42,12 @@ protected:
     /// Three columns of four rows below the head: "11", "12" and so on.
     void FillGrid(QAbstractItemView::SelectionMode selection)
     {
-        std::vector<FlexGrid::Row> content(5, FlexGrid::Row(3));
+        std::vector<GridTable::Row> content(5, GridTable::Row(3));
         for (int row = 0; row < 5; ++row)
             for (int col = 0; col < 3; ++col)
                 content[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)].text =
                     QStringLiteral("%1%2").arg(row).arg(col + 1);
-        grid->SetContent(std::move(content));
+        grid->Show(TableOf(std::move(content)));
         grid->setSelectionMode(selection);
     }
 

@@ -3,6 +3,7 @@
 #include "core/ui/controls/DataGrid.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "support/ScreenFixture.h"
+#include "support/TableOf.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -65,12 +66,12 @@ protected:
 
     static void Fill(FlexGrid* grid, int rows)
     {
-        std::vector<FlexGrid::Row> content(static_cast<std::size_t>(rows) + 1, FlexGrid::Row(5));
+        std::vector<GridTable::Row> content(static_cast<std::size_t>(rows) + 1, GridTable::Row(5));
         for (int row = 0; row <= rows; ++row)
             for (int col = 0; col < 5; ++col)
                 content[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)].text =
                     QStringLiteral("K%1/%2").arg(row).arg(col);
-        grid->SetContent(std::move(content));
+        grid->Show(TableOf(std::move(content)));
     }
 
     /// Each key alone, from the state that `prepare` makes, and then all of them one after the other.

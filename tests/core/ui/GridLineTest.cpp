@@ -1,7 +1,9 @@
 #include "core/ui/controls/DataGrid.h"
 #include "core/ui/controls/FlexGrid.h"
+#include "core/ui/look/CellPaint.h"
 #include "core/ui/look/Look.h"
 #include "support/ScreenFixture.h"
+#include "support/TableOf.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -50,7 +52,7 @@ protected:
         auto* rows = new QVBoxLayout(form);
         rows->addWidget(grid);
         rows->addWidget(field);
-        grid->SetContent(std::vector<FlexGrid::Row>(9, FlexGrid::Row(12)));
+        grid->Show(TableOf(std::vector<GridTable::Row>(9, GridTable::Row(12))));
         for (int col = 0; col < 12; ++col)
             grid->SetColWidth(col, 60);
         for (int row = 1; row < 9; ++row) {

@@ -1,8 +1,10 @@
 #include "core/ui/controls/DataGrid.h"
 #include "core/ui/controls/FlexGrid.h"
+#include "support/TableOf.h"
 
 #include <QAbstractItemModelTester>
 #include <QAccessible>
+#include <QSignalSpy>
 
 namespace tally::test {
 namespace {
@@ -93,22 +95,23 @@ TEST(GridModelTest, AGridStandsTheRulesWhileItIsFilledGrowsAndShrinks)
         AskForAll(*grid.model());
     }
     EXPECT_EQ(grid.Rows(), 1);
-    grid.SetContent(std::vector<FlexGrid::Row>(4, FlexGrid::Row(3, {QStringLiteral("x"), CellMark::Sum})));
+    grid.Show(
+        TableOf(std::vector<GridTable::Row>(4, GridTable::Row(3, {QStringLiteral("x"), CellMark::Sum}))));
     AskForAll(*grid.model());
-    grid.SetContent({FlexGrid::Row(3), FlexGrid::Row(1), {}});
+    grid.Show(TableOf({GridTable::Row(3), GridTable::Row(1), {}}));
     AskForAll(*grid.model());
-    grid.SetContent({});
+    grid.Show({});
     AskForAll(*grid.model());
 }
 
 TEST(GridModelTest, AScreenReaderHearsWhatAMarkMeansBehindItsText)
 {
     FlexGrid grid;
-    grid.SetContent({FlexGrid::Row(4),
-                     {{QStringLiteral("34"), CellMark::FailedOrAbsent},
-                      {{}, CellMark::NotTakenForRank},
-                      {QStringLiteral("61.50"), CellMark::Sum},
-                      {QStringLiteral("90")}}});
+    grid.Show(TableOf({GridTable::Row(4),
+                       {{QStringLiteral("34"), CellMark::FailedOrAbsent},
+                        {{}, CellMark::NotTakenForRank},
+                        {QStringLiteral("61.50"), CellMark::Sum},
+                        {QStringLiteral("90")}}}));
     const auto heard = [&grid](int col) {
         QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&grid);
         return table->tableInterface()->cellAt(0, col)->text(QAccessible::Name).toStdString();
@@ -119,15 +122,72 @@ TEST(GridModelTest, AScreenReaderHearsWhatAMarkMeansBehindItsText)
     EXPECT_EQ(heard(3), "90");
 }
 
-TEST(GridModelTest, AnAlignmentMayBeStatedBeforeThereIsAColumn)
+/// Three columns, the second one hidden, and rows that are called by their numbers; one of them hidden.
+GridTable Numbered(int rows, int hiddenRow)
+{
+    GridTable table({{QStringLiteral("Name")},
+                     {.head = QStringLiteral("Code"), .hidden = true},
+                     {QStringLiteral("Mark"), NumberAlignment}});
+    for (int row = 1; row < rows; ++row)
+        table.AddRow({{QStringLiteral("Row %1").arg(row)}, {}, {QString::number(row)}});
+    table.HideRow(hiddenRow);
+    return table;
+}
+
+TEST(GridModelTest, AGridShowsATableAndLeavesNothingOfTheOneBefore)
 {
     FlexGrid grid;
     const Watched watched(grid);
-    for (const int col : {-1, 0, 7})
-        grid.SetColAlignment(col, Qt::AlignRight);
-    grid.SetCols(8);
-    EXPECT_EQ(grid.ColAlignment(7), Qt::AlignRight);
-    EXPECT_EQ(grid.ColAlignment(6), Qt::AlignLeft | Qt::AlignVCenter);
+    for (const int hidden : {2, 4, 0, 3}) {
+        grid.Show(Numbered(6, hidden));
+        AskForAll(*grid.model());
+        for (int row = 0; row < 6; ++row)
+            EXPECT_EQ(grid.RowHeight(row) == 0, row == hidden) << row;
+        EXPECT_EQ(grid.ColWidth(1), 0);
+        EXPECT_GT(grid.ColWidth(0), grid.ColWidth(2)) << "a longer text takes a wider column";
+        EXPECT_EQ(grid.TextMatrix(5, 0).toStdString(), "Row 5");
+        const QVariant alignment = grid.model()->headerData(2, Qt::Horizontal, Qt::TextAlignmentRole);
+        EXPECT_EQ(alignment.toInt(), static_cast<int>(NumberAlignment));
+    }
+    grid.Show({});
+    AskForAll(*grid.model());
+    EXPECT_EQ(grid.Rows(), 1);
+    EXPECT_EQ(grid.Cols(), 0);
+}
+
+TEST(GridModelTest, OtherRowsUnderTheSameColumnsKeepTheCurrentCellAndTheWidths)
+{
+    FlexGrid grid;
+    const Watched watched(grid);
+    grid.Show(Numbered(4, -1));
+    grid.SetColWidth(0, 77);
+    grid.SetCurrentCell(2, 2);
+    for (const int rows : {9, 3, 3}) {
+        grid.ShowRows(Numbered(rows, -1));
+        AskForAll(*grid.model());
+        EXPECT_EQ(grid.Rows(), rows);
+        EXPECT_EQ(grid.TextMatrix(rows - 1, 2).toInt(), rows - 1);
+        EXPECT_EQ(grid.CurrentRow(), 2);
+        EXPECT_EQ(grid.ColWidth(0), 77);
+    }
+    grid.ShowRows(Numbered(1, -1));
+    EXPECT_EQ(grid.CurrentRow(), 0);
+}
+
+TEST(GridModelTest, OneRowIsShownAnewAndNoneThatIsNotThere)
+{
+    FlexGrid grid;
+    const Watched watched(grid);
+    grid.Show(Numbered(3, -1));
+    const QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);
+    for (const int row : {-1, 0, 3})
+        grid.ShowRow(row, {{QStringLiteral("nowhere")}});
+    EXPECT_EQ(changes.count(), 0);
+    grid.ShowRow(2, {{QStringLiteral("Asha")}});
+    AskForAll(*grid.model());
+    EXPECT_EQ(grid.TextMatrix(2, 0).toStdString(), "Asha");
+    EXPECT_EQ(grid.TextMatrix(2, 2).toStdString(), "");
+    EXPECT_EQ(changes.count(), 1);
 }
 
 } // namespace

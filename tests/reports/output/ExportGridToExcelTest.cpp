@@ -1,7 +1,6 @@
 #include "reports/output/ExportGridToExcel.h"
 
 #include "core/SessionContext.h"
-#include "core/ui/controls/FlexGrid.h"
 #include "core/ui/OpenDocument.h"
 #include "core/ui/Prompts.h"
 #include "reports/output/ExportWorkbook.h"
@@ -9,6 +8,7 @@
 #include "reports/output/WorkbookReader.h"
 #include "support/FileSizeLimit.h"
 #include "support/OpenFiles.h"
+#include "support/TableOf.h"
 
 #include <QDate>
 #include <QDir>
@@ -96,26 +96,26 @@ protected:
     /// Fills the grid with rows of texts; "|" parts the cells.
     void Fill(const std::vector<const char*>& rows)
     {
-        std::vector<FlexGrid::Row> content;
+        std::vector<GridTable::Row> content;
         for (const char* row : rows) {
-            FlexGrid::Row cells;
+            GridTable::Row cells;
             for (const QString& text : Latin(row).split(u'|'))
                 cells.push_back({text});
             content.push_back(cells);
         }
-        grid_.SetContent(content);
+        grid_ = TableOf(content);
     }
 
     /// Names of students and their marks, each cell different.
     void FillLargeList()
     {
         constexpr int Students = 1000;
-        std::vector<FlexGrid::Row> rows{{{Latin("Name")}, {Latin("Maths")}, {Latin("Total")}}};
+        std::vector<GridTable::Row> rows{{{Latin("Name")}, {Latin("Maths")}, {Latin("Total")}}};
         for (int student = 0; student < Students; ++student)
             rows.push_back({{Latin("Student %1").arg(student)},
                             {QString::number(student * 1.25)},
                             {QString::number(student)}});
-        grid_.SetContent(rows);
+        grid_ = TableOf(rows);
     }
 
     /// The last export left either a workbook with the cells of `whole` from the list's head on, and no
@@ -160,7 +160,7 @@ protected:
     };
 
     QTemporaryDir home_;
-    FlexGrid grid_;
+    GridTable grid_;
     std::vector<QString> opened_;
     std::vector<Box> boxes_;
     int toldOfFullDisk_ = 0;
@@ -239,7 +239,7 @@ TEST_F(Export, CopiesTheTrimmedGridFromRowSevenOn)
 TEST_F(Export, LeavesNoGapForAHiddenColumn)
 {
     Fill({"Name|Code|Grade", "Asha|17|A+"});
-    grid_.SetColWidth(1, 0);
+    grid_.Column(1).hidden = true;
     const WorkbookReader sheet = Exported();
     EXPECT_EQ(sheet.At("B7").value, Latin("Grade"));
     EXPECT_EQ(sheet.At("B8").value, Latin("A+"));
@@ -249,7 +249,7 @@ TEST_F(Export, LeavesNoGapForAHiddenColumn)
 TEST_F(Export, LeavesAnEmptyRowForAHiddenRow)
 {
     Fill({"Name|Maths", "secret|12", "Asha|90"});
-    grid_.SetRowHeight(1, 0);
+    grid_.HideRow(1);
     const WorkbookReader sheet = Exported();
     EXPECT_EQ(sheet.At("A8").value, QString());
     EXPECT_EQ(sheet.At("B8").value, QString());
@@ -261,7 +261,7 @@ TEST_F(Export, LeavesAnEmptyRowForAHiddenRow)
 TEST_F(Export, MakesEachColumnAsWideAsItsLongestShownTextAndAReserve)
 {
     Fill({"Name|Tot", "a very long hidden text|1", "Asha Menon|251.50"});
-    grid_.SetRowHeight(1, 0);
+    grid_.HideRow(1);
     const WorkbookReader sheet = Exported();
     const double pixelRounding = 1.0;
     EXPECT_NEAR(sheet.ColumnWidth(1), 10 + 3.5, pixelRounding);
@@ -313,7 +313,7 @@ TEST_F(Export, KeepsTextsThatOnlyLookLikeNumbers)
     for (int row = 8; row <= 17; ++row) {
         const WorkbookReader::Cell cell = sheet.At(Latin("A%1").arg(row));
         EXPECT_FALSE(cell.isNumber) << row;
-        EXPECT_EQ(cell.value, grid_.TextMatrix(row - 7, 0)) << row;
+        EXPECT_EQ(cell.value, grid_.Text(row - 7, 0)) << row;
     }
 }
 
@@ -349,7 +349,7 @@ TEST_F(Export, LinesUpAnAbsenceWithTheMarksOfItsColumn)
 TEST_F(Export, FollowsTheGridInCenteringAColumn)
 {
     Fill({"Name|Grade", "Asha|A"});
-    grid_.SetColAlignment(1, Qt::AlignCenter);
+    grid_.Column(1).alignment = Qt::AlignCenter;
     EXPECT_EQ(Exported().At("B8").style.horizontal, Latin("center"));
 }
 
@@ -435,12 +435,12 @@ TEST_F(Export, GivesTwoExportsOfOneSecondDifferentNames)
 
 TEST_F(Export, HoldsTenThousandRowsWithoutLosingOne)
 {
-    std::vector<FlexGrid::Row> rows(10001, FlexGrid::Row(27));
+    std::vector<GridTable::Row> rows(10001, GridTable::Row(27));
     for (std::size_t row = 0; row < rows.size(); ++row) {
-        for (FlexGrid::Cell& cell : rows[row])
+        for (GridCell& cell : rows[row])
             cell.text = QString::number(row);
     }
-    grid_.SetContent(rows);
+    grid_ = TableOf(rows);
     const WorkbookReader sheet = Exported();
     EXPECT_EQ(sheet.At("A8").value, Latin("1"));
     EXPECT_EQ(sheet.At("AA10007").value, Latin("10000"));
@@ -554,7 +554,7 @@ TEST_F(Export, IsWholeOrToldAndGoneWhenTheDiskFillsAndFreesAgain)
                     if (row == full + 40)
                         noRoom.reset();
                     for (int col = 0; col < grid_.Cols(); ++col)
-                        workbook.WriteText(6 + row, col, grid_.TextMatrix(row, col), {});
+                        workbook.WriteText(6 + row, col, grid_.Text(row, col), {});
                 }
             });
         });
@@ -605,10 +605,10 @@ TEST_F(Export, KeepsNoFileOpenWhenItIsGivenUpOrHasNothingToWrite)
 TEST_F(Export, TurnsSignsThatNoSheetCanHoldIntoBlanks)
 {
     const QString lonely = QString(QChar(0xD83D)) + u'x';
-    grid_.SetContent({{{Latin("Name")}},
-                      {{Latin("As\x01ha\x1b\tMenon\r")}},
-                      {{lonely}},
-                      {{QString::fromUcs4(U"\U0001F600 \uFFFF")}}});
+    grid_ = TableOf({{{Latin("Name")}},
+                     {{Latin("As\x01ha\x1b\tMenon\r")}},
+                     {{lonely}},
+                     {{QString::fromUcs4(U"\U0001F600 \uFFFF")}}});
     const WorkbookReader sheet = Exported();
     EXPECT_EQ(sheet.At("A8").value, Latin("As ha \tMenon"));
     EXPECT_EQ(sheet.At("A9").value, Latin(" x"));

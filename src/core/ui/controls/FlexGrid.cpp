@@ -1,6 +1,7 @@
 #include "core/ui/controls/FlexGrid.h"
 
 #include "core/ui/controls/FixedColumns.h"
+#include "core/ui/look/CellPaint.h"
 #include "core/ui/look/Look.h"
 
 #include <QAbstractTableModel>
@@ -15,108 +16,92 @@ namespace tally {
 namespace {
 
 constexpr int CellPadding = 14;
-
-/// A mark shows in the letters too, for those whom its colour does not reach.
-QVariant MarkFont(CellMark mark)
-{
-    if (mark == CellMark::None)
-        return {};
-    QFont font;
-    if (mark == CellMark::NotTakenForRank)
-        font.setItalic(true);
-    else
-        font.setBold(true);
-    return font;
-}
+/// However long a text is, other columns are to be seen beside it.
+constexpr int WidestColumn = 260;
 
 } // namespace
-
-QColor CellColor(CellMark mark)
-{
-    switch (mark) {
-    case CellMark::NotTakenForRank: return {255, 255, 176};
-    case CellMark::FailedOrAbsent: return {255, 216, 176};
-    case CellMark::None:
-    case CellMark::Sum: break;
-    }
-    return {};
-}
-
-QString CellWords(CellMark mark)
-{
-    switch (mark) {
-    case CellMark::NotTakenForRank: return QStringLiteral("Not Taken For Rank");
-    case CellMark::FailedOrAbsent: return QStringLiteral("Failed Or Absent");
-    case CellMark::Sum: return QStringLiteral("Sum");
-    case CellMark::None: break;
-    }
-    return {};
-}
 
 class FlexGrid::Model : public QAbstractTableModel
 {
 public:
-    explicit Model(QObject* parent) : QAbstractTableModel(parent), rows_(1) {}
+    using QAbstractTableModel::QAbstractTableModel;
+
+    const GridTable& Table() const { return table_; }
 
     int rowCount(const QModelIndex& parent = {}) const override
     {
-        return parent.isValid() ? 0 : static_cast<int>(rows_.size()) - 1;
+        return parent.isValid() ? 0 : table_.Rows() - 1;
     }
 
-    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : cols_; }
+    int columnCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : table_.Cols();
+    }
 
     QVariant data(const QModelIndex& index, int role) const override
     {
         if (!checkIndex(index, CheckIndexOption::IndexIsValid))
             return {};
-        const Cell& cell = At(index.row() + 1, index.column());
+        const QString& text = table_.Text(index.row() + 1, index.column());
+        const CellMark mark = table_.Mark(index.row() + 1, index.column());
         switch (role) {
         case Qt::DisplayRole:
-        case Qt::EditRole: return cell.text;
-        case Qt::TextAlignmentRole: return static_cast<int>(Alignment(index.column()));
+        case Qt::EditRole: return text;
+        case Qt::TextAlignmentRole: return static_cast<int>(table_.Column(index.column()).alignment);
         case Qt::BackgroundRole: {
-            const QColor color = CellColor(cell.mark);
+            const QColor color = CellColor(mark);
             return color.isValid() ? QVariant(color) : QVariant();
         }
         case Qt::ForegroundRole:
             // The marked cells keep their light paint in a dark look too, so their text stays dark.
-            return CellColor(cell.mark).isValid() ? QVariant(QColor(Qt::black)) : QVariant();
-        case Qt::FontRole: return MarkFont(cell.mark);
-        case Qt::AccessibleTextRole: return cell.mark == CellMark::None ? QVariant() : Spoken(cell);
+            return CellColor(mark).isValid() ? QVariant(QColor(Qt::black)) : QVariant();
+        case Qt::FontRole: return mark == CellMark::None ? QVariant() : CellFont(mark);
+        case Qt::AccessibleTextRole: return mark == CellMark::None ? QVariant() : Spoken(text, mark);
         default: return {};
         }
     }
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override
     {
-        if (orientation == Qt::Vertical)
+        if (orientation == Qt::Vertical || !table_.HasCol(section))
             return {};
+        const GridColumn& column = table_.Column(section);
         if (role == Qt::DisplayRole)
-            return At(0, section).text;
+            return column.head;
         if (role == Qt::TextAlignmentRole)
-            return static_cast<int>(Alignment(section));
+            return static_cast<int>(column.alignment);
         return {};
     }
 
-    const Cell& At(int row, int col) const
+    void Reset(GridTable table)
     {
-        static const Cell Empty;
-        const auto r = static_cast<std::size_t>(row);
-        const auto c = static_cast<std::size_t>(col);
-        return row >= 0 && r < rows_.size() && col >= 0 && c < rows_[r].size() ? rows_[r][c] : Empty;
+        beginResetModel();
+        table_ = std::move(table);
+        endResetModel();
+    }
+
+    void TakeRows(GridTable table)
+    {
+        SetRows(table.Rows());
+        table_ = std::move(table);
+        if (table_.Cols() == 0)
+            return;
+        Q_EMIT headerDataChanged(Qt::Horizontal, 0, table_.Cols() - 1);
+        if (table_.Rows() > 1)
+            RowsChanged(1, table_.Rows() - 1);
     }
 
     void SetRows(int rows)
     {
         const int wanted = std::max(1, rows);
-        const int have = static_cast<int>(rows_.size());
+        const int have = table_.Rows();
         if (wanted > have) {
             beginInsertRows({}, have - 1, wanted - 2);
-            rows_.resize(static_cast<std::size_t>(wanted));
+            table_.SetRows(wanted);
             endInsertRows();
         } else if (wanted < have) {
             beginRemoveRows({}, wanted - 1, have - 2);
-            rows_.resize(static_cast<std::size_t>(wanted));
+            table_.SetRows(wanted);
             endRemoveRows();
         }
     }
@@ -124,74 +109,62 @@ public:
     void SetCols(int cols)
     {
         beginResetModel();
-        cols_ = std::max(0, cols);
-        for (Row& row : rows_)
-            row.resize(std::min(row.size(), static_cast<std::size_t>(cols_)));
+        table_.SetCols(cols);
         endResetModel();
     }
 
-    void SetContent(std::vector<Row> rows)
+    void SetRow(int row, GridTable::Row cells)
     {
-        beginResetModel();
-        rows_ = std::move(rows);
-        if (rows_.empty())
-            rows_.resize(1);
-        cols_ = static_cast<int>(rows_.front().size());
-        endResetModel();
+        if (row < 1 || row >= table_.Rows() || table_.Cols() == 0)
+            return;
+        table_.SetRow(row, std::move(cells));
+        RowsChanged(row, row);
     }
 
+    /// For a change of one cell, of the head also.
     template <typename Change>
     void ChangeCell(int row, int col, Change change)
     {
-        if (row < 0 || static_cast<std::size_t>(row) >= rows_.size() || col < 0 || col >= cols_)
+        if (row < 0 || row >= table_.Rows() || !table_.HasCol(col))
             return;
-        Row& cells = rows_[static_cast<std::size_t>(row)];
-        if (cells.size() <= static_cast<std::size_t>(col))
-            cells.resize(static_cast<std::size_t>(cols_));
-        change(cells[static_cast<std::size_t>(col)]);
+        change(table_);
         if (row == 0)
             Q_EMIT headerDataChanged(Qt::Horizontal, col, col);
         else
             Q_EMIT dataChanged(index(row - 1, col), index(row - 1, col));
     }
 
-    void SetAlignment(int col, Qt::Alignment alignment)
-    {
-        if (col < 0)
-            return;
-        if (alignments_.size() <= static_cast<std::size_t>(col))
-            alignments_.resize(static_cast<std::size_t>(col) + 1, Qt::AlignLeft | Qt::AlignVCenter);
-        alignments_[static_cast<std::size_t>(col)] = alignment;
-        if (col < cols_)
-            Q_EMIT headerDataChanged(Qt::Horizontal, col, col);
-    }
-
     void Remove(int row)
     {
-        if (row < 1 || static_cast<std::size_t>(row) >= rows_.size())
+        if (row < 1 || row >= table_.Rows())
             return;
         beginRemoveRows({}, row - 1, row - 1);
-        rows_.erase(rows_.begin() + row);
+        table_.RemoveRow(row);
         endRemoveRows();
     }
 
-    Qt::Alignment Alignment(int col) const
+    void HideRow(int row, bool hidden) { table_.HideRow(row, hidden); }
+
+    void HideCol(int col, bool hidden)
     {
-        const auto c = static_cast<std::size_t>(col);
-        return c < alignments_.size() ? alignments_[c] : Qt::AlignLeft | Qt::AlignVCenter;
+        if (table_.HasCol(col))
+            table_.Column(col).hidden = hidden;
     }
 
 private:
     /// The text first, as it is what the clerk waits for.
-    static QString Spoken(const Cell& cell)
+    static QString Spoken(const QString& text, CellMark mark)
     {
-        const QString words = CellWords(cell.mark);
-        return cell.text.isEmpty() ? words : cell.text + QStringLiteral(", ") + words;
+        const QString words = CellWords(mark);
+        return text.isEmpty() ? words : text + QStringLiteral(", ") + words;
     }
 
-    std::vector<Row> rows_; ///< the head first; a row may be shorter than cols_, its missing cells are empty
-    int cols_ = 0;
-    std::vector<Qt::Alignment> alignments_;
+    void RowsChanged(int first, int last)
+    {
+        Q_EMIT dataChanged(index(first - 1, 0), index(last - 1, table_.Cols() - 1));
+    }
+
+    GridTable table_;
 };
 
 FlexGrid::FlexGrid(QWidget* parent) : Grid(parent), model_(new Model(this))
@@ -213,9 +186,36 @@ FlexGrid::FlexGrid(QWidget* parent) : Grid(parent), model_(new Model(this))
 
 FlexGrid::~FlexGrid() = default;
 
-int FlexGrid::Rows() const
+const GridTable& FlexGrid::Table() const
 {
-    return model_->rowCount() + 1;
+    return model_->Table();
+}
+
+void FlexGrid::Show(GridTable table)
+{
+    // The views keep what is hidden as long as the number of rows and columns stays.
+    for (const int row : Table().HiddenRows())
+        ShowRowHidden(row, false);
+    model_->Reset(std::move(table));
+    for (const int row : Table().HiddenRows())
+        ShowRowHidden(row, true);
+    for (int col = 0; col < Cols(); ++col) {
+        const GridColumn& column = Table().Column(col);
+        setColumnHidden(col, column.hidden);
+        horizontalHeader()->setSectionResizeMode(col, column.stretched ? QHeaderView::Stretch
+                                                                       : QHeaderView::Interactive);
+    }
+    FitColumns();
+}
+
+void FlexGrid::ShowRows(GridTable table)
+{
+    model_->TakeRows(std::move(table));
+}
+
+void FlexGrid::ShowRow(int row, GridTable::Row cells)
+{
+    model_->SetRow(row, std::move(cells));
 }
 
 void FlexGrid::SetRows(int rows)
@@ -223,63 +223,54 @@ void FlexGrid::SetRows(int rows)
     model_->SetRows(rows);
 }
 
-int FlexGrid::Cols() const
-{
-    return model_->columnCount();
-}
-
 void FlexGrid::SetCols(int cols)
 {
     model_->SetCols(cols);
 }
 
-QString FlexGrid::TextMatrix(int row, int col) const
+void FlexGrid::SetTextMatrix(int row, GridCol col, const QString& text)
 {
-    return model_->At(row, col).text;
+    model_->ChangeCell(row, col, [&](GridTable& table) { table.SetText(row, col, text); });
 }
 
-void FlexGrid::SetTextMatrix(int row, int col, const QString& text)
+void FlexGrid::SetMark(int row, GridCol col, CellMark mark)
 {
-    model_->ChangeCell(row, col, [&](Cell& cell) { cell.text = text; });
+    model_->ChangeCell(row, col, [&](GridTable& table) { table.SetMark(row, col, mark); });
 }
 
-CellMark FlexGrid::Mark(int row, int col) const
+void FlexGrid::SetColWidth(GridCol col, int width)
 {
-    return model_->At(row, col).mark;
-}
-
-void FlexGrid::SetMark(int row, int col, CellMark mark)
-{
-    model_->ChangeCell(row, col, [&](Cell& cell) { cell.mark = mark; });
-}
-
-void FlexGrid::SetContent(std::vector<Row> rows)
-{
-    model_->SetContent(std::move(rows));
-}
-
-void FlexGrid::SetColWidth(int col, int width)
-{
-    setColumnHidden(col, width <= 0);
+    SetColHidden(col, width <= 0);
     if (width > 0)
         setColumnWidth(col, width);
 }
 
-int FlexGrid::ColWidth(int col) const
+void FlexGrid::SetColHidden(GridCol col, bool hidden)
+{
+    model_->HideCol(col, hidden);
+    setColumnHidden(col, hidden);
+}
+
+int FlexGrid::ColWidth(GridCol col) const
 {
     return isColumnHidden(col) ? 0 : columnWidth(col);
 }
 
 void FlexGrid::SetRowHeight(int row, int height)
 {
-    if (row == 0) {
-        horizontalHeader()->setVisible(height > 0);
-        return;
-    }
-    setRowHidden(row - 1, height <= 0);
-    if (height > 0)
+    model_->HideRow(row, height <= 0);
+    ShowRowHidden(row, height <= 0);
+    if (row > 0 && height > 0)
         setRowHeight(row - 1, height);
     DropFixedColumns();
+}
+
+void FlexGrid::ShowRowHidden(int row, bool hidden)
+{
+    if (row == 0)
+        horizontalHeader()->setVisible(!hidden);
+    else
+        setRowHidden(row - 1, hidden);
 }
 
 int FlexGrid::RowHeight(int row) const
@@ -287,16 +278,6 @@ int FlexGrid::RowHeight(int row) const
     if (row == 0)
         return horizontalHeader()->isHidden() ? 0 : horizontalHeader()->sizeHint().height();
     return isRowHidden(row - 1) ? 0 : rowHeight(row - 1);
-}
-
-void FlexGrid::SetColAlignment(int col, Qt::Alignment alignment)
-{
-    model_->SetAlignment(col, alignment);
-}
-
-Qt::Alignment FlexGrid::ColAlignment(int col) const
-{
-    return model_->Alignment(col);
 }
 
 void FlexGrid::RemoveItem(int row)
@@ -314,14 +295,14 @@ int FlexGrid::CurrentCol() const
     return currentIndex().isValid() ? currentIndex().column() : 0;
 }
 
-void FlexGrid::SetCurrentCell(int row, int col)
+void FlexGrid::SetCurrentCell(int row, GridCol col)
 {
     const QModelIndex index = model_->index(row - 1, col);
     setCurrentIndex(index);
     scrollTo(index);
 }
 
-QRect FlexGrid::CellRect(int row, int col) const
+QRect FlexGrid::CellRect(int row, GridCol col) const
 {
     return visualRect(model_->index(row - 1, col));
 }
@@ -383,22 +364,23 @@ void FlexGrid::keyPressEvent(QKeyEvent* event)
         Grid::keyPressEvent(event);
 }
 
-void FlexGrid::FitColumns(int most)
+void FlexGrid::FitColumns()
 {
     QFont bold = font();
     bold.setBold(true);
     const QFontMetrics metrics(bold);
     for (int col = 0; col < Cols(); ++col) {
-        if (isColumnHidden(col))
+        if (Table().Column(col).hidden || Table().Column(col).stretched)
             continue;
         // Measuring ten thousand texts would be slow; the longest one by letters is wide enough.
-        QString longest = TextMatrix(0, col);
+        const QString* longest = &Table().Text(0, col);
         for (int row = 1; row < Rows(); ++row) {
-            const QString& text = model_->At(row, col).text;
-            if (!isRowHidden(row - 1) && text.size() > longest.size())
-                longest = text;
+            const QString& text = Table().Text(row, col);
+            if (text.size() > longest->size() && !Table().RowHidden(row))
+                longest = &text;
         }
-        setColumnWidth(col, std::min(most, metrics.horizontalAdvance(longest) + CellPadding));
+        if (!longest->isEmpty())
+            setColumnWidth(col, std::min(WidestColumn, metrics.horizontalAdvance(*longest) + CellPadding));
     }
 }
 

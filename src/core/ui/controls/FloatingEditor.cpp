@@ -19,7 +19,7 @@ void FloatingEditor::OpenAt(int row, int col)
 {
     opened_ = Grid()->TextMatrix(row, col);
     setText(opened_);
-    setAlignment(Grid()->ColAlignment(col));
+    setAlignment(Grid()->Table().Column(col).alignment);
     follower_.OpenAt(row, col);
     selectAll();
 }
