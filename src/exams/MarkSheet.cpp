@@ -30,6 +30,46 @@ bool MarkRow::IsAbsent() const
     return presence.startsWith(QLatin1Char('A'));
 }
 
+GridTable MarkSheet::Table() const
+{
+    GridTable table({{QStringLiteral("S.No."), NumberAlignment},
+                     {.head = nameHead_, .stretched = true},
+                     {QStringLiteral("Mark Obtained"), NumberAlignment},
+                     {QStringLiteral("Present/Absent")},
+                     {.head = QStringLiteral("Studentcode"), .hidden = true},
+                     {.head = QStringLiteral("MaximumAllowed"), .hidden = true},
+                     {.head = QStringLiteral("TeacherCode"), .hidden = true},
+                     {.head = QStringLiteral("MaximumMark"), .hidden = true}});
+    table.Reserve(RowCount() + 1);
+    for (int row = 1; row <= RowCount(); ++row)
+        table.AddRow(Cells(row));
+    table.AddRow();
+    return table;
+}
+
+GridTable::Row MarkSheet::Cells(int row) const
+{
+    const MarkRow& entry = Row(row);
+    const CellMark mark = entry.IsAbsent() ? CellMark::FailedOrAbsent : CellMark::None;
+    const auto limit = [this](double number) {
+        return mode_ == MarkMode::Student ? PlainNumber(number) : QString();
+    };
+    return {{QString::number(row)},
+            {entry.name},
+            {entry.mark, mark},
+            {entry.presence, mark},
+            {QString::number(entry.code)},
+            {limit(entry.maximumAllowed)},
+            {QString::number(entry.teacherCode)},
+            {limit(entry.maximumMark)}};
+}
+
+void MarkSheet::UseMode(MarkMode mode)
+{
+    mode_ = mode;
+    nameHead_ = mode == MarkMode::Subject ? QStringLiteral("Student Name") : QStringLiteral("Subject Name");
+}
+
 void MarkSheet::Clear()
 {
     rows_.clear();
@@ -143,7 +183,7 @@ MarkStep MarkSheet::EnterMark(int row, const QString& text)
 {
     SetMark(row, text);
     if (Row(row).Mark() == 0)
-        return {MarkField::Presence, row, {}};
+        return {MarkColumn::Presence, row, {}};
     At(row).presence = PresentText;
     return Behind(row);
 }
@@ -151,16 +191,16 @@ MarkStep MarkSheet::EnterMark(int row, const QString& text)
 MarkStep MarkSheet::EnterPresence(int row, const QString& text)
 {
     if (PresenceOf(text).isEmpty())
-        return {MarkField::Presence, row, QStringLiteral("Select Present/Absent ")};
+        return {MarkColumn::Presence, row, QStringLiteral("Select Present/Absent ")};
     SetPresence(row, text);
     if (Row(row).IsAbsent() && Row(row).Mark() != 0)
-        return {MarkField::Mark, row, MarkOfAbsent};
+        return {MarkColumn::Mark, row, MarkOfAbsent};
     return Behind(row);
 }
 
 MarkStep MarkSheet::Behind(int row) const
 {
-    return row < RowCount() ? MarkStep{MarkField::Mark, row + 1, {}} : MarkStep{MarkField::Save, 0, {}};
+    return row < RowCount() ? MarkStep{MarkColumn::Mark, row + 1, {}} : MarkStep{MarkColumn::Mark, 0, {}};
 }
 
 QString MarkSheet::Average() const
@@ -184,12 +224,12 @@ std::optional<MarkStep> MarkSheet::FindFault() const
 {
     for (int row = 1; row <= RowCount(); ++row)
         if (Row(row).IsAbsent() && Row(row).Mark() != 0)
-            return MarkStep{MarkField::Mark, row, MarkOfAbsent};
+            return MarkStep{MarkColumn::Mark, row, MarkOfAbsent};
     for (int row = 1; row <= RowCount(); ++row) {
         if (Row(row).presence.isEmpty())
-            return MarkStep{MarkField::Presence, row, QStringLiteral("Select Present/Absent")};
+            return MarkStep{MarkColumn::Presence, row, QStringLiteral("Select Present/Absent")};
         if (Row(row).mark.isEmpty())
-            return MarkStep{MarkField::Mark, row, QStringLiteral("Enter Mark")};
+            return MarkStep{MarkColumn::Mark, row, QStringLiteral("Enter Mark")};
     }
     return {};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/CodedTexts.h"
+#include "core/GridTable.h"
 #include "exams/MarkTypes.h"
 
 #include <optional>
@@ -27,19 +28,24 @@ struct MarkRow
     bool IsAbsent() const;
 };
 
-/// What of a row is entered, or the button that ends the entry.
-enum class MarkField
+/// The columns of the sheet. Those behind the presence are hidden.
+enum class MarkColumn : int
 {
+    Serial,
+    Name,
     Mark,
     Presence,
-    Save,
+    Code,
+    MaximumAllowed,
+    TeacherCode,
+    MaximumMark,
 };
 
 /// Where the entry goes on, and what the clerk is told before. An empty message: nothing.
 struct MarkStep
 {
-    MarkField field = MarkField::Mark;
-    int row = 0; ///< from 1; 0 with MarkField::Save
+    MarkColumn column = MarkColumn::Mark; ///< or the presence
+    int row = 0;                          ///< from 1; 0: every row is entered, and Save comes next
     QString message;
 };
 
@@ -57,9 +63,13 @@ public:
     double MaximumAllowed() const { return maximumAllowed_; }
     double MaximumMark() const { return maximumMark_; }
 
+    /// The sheet as its grid shows it, with one blank row behind the rows.
+    GridTable Table() const;
+    GridTable::Row Cells(int row) const;
+
     /// No rows.
     void Clear();
-    void UseMode(MarkMode mode) { mode_ = mode; }
+    void UseMode(MarkMode mode);
     /// A row per student, everybody present.
     void ListStudents(const CodedTexts& students);
     /// The same for a list that was shown before: whoever was in it keeps the teacher.
@@ -103,6 +113,7 @@ private:
     MarkStep Behind(int row) const;
 
     MarkMode mode_ = MarkMode::Subject;
+    QString nameHead_ = QStringLiteral("Student  Name"); ///< until a mode is used
     std::vector<MarkRow> rows_;
     double maximumAllowed_ = 0;
     double maximumMark_ = 0;

@@ -3,21 +3,17 @@
 #include "core/Numbers.h"
 #include "core/SessionContext.h"
 #include "core/ui/controls/FlexGrid.h"
-#include "core/ui/controls/FloatingCombo.h"
-#include "core/ui/controls/FloatingEditor.h"
 #include "core/ui/FormKeys.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
-#include "exams/MarkEntryColumns.h"
-#include "exams/MarkEntryTexts.h"
+#include "core/ui/ScreenRegistry.h"
+#include "exams/MarkGrid.h"
 #include "store/StoreError.h"
 #include "ui_frmexammarkentry.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
-#include <QWheelEvent>
 
 namespace tally {
 
@@ -25,46 +21,39 @@ namespace {
 
 constexpr int HelpScreenNo = 19;
 
+const QString ExamMaster = QStringLiteral("frmexamnamemaster");
+
+QString NameOf(MarkMode mode)
+{
+    return mode == MarkMode::Subject ? QStringLiteral("Subject") : QStringLiteral("Student");
+}
+
 /// Two clients entered the first marks at once, and the other one was faster.
 QString EnteredMeanwhile(MarkMode mode)
 {
     return QStringLiteral(
                "Marks Of This %1 Were Entered By Another User Meanwhile.\nYou Cannot Save This Data.")
-        .arg(mode == MarkMode::Student ? QStringLiteral("Student") : QStringLiteral("Subject"));
+        .arg(NameOf(mode));
 }
 
 } // namespace
 
 frmexammarkentry::frmexammarkentry()
-    : Screen(QStringLiteral("frmexammarkentry"), HelpScreenNo), ui_(std::make_unique<Ui::frmexammarkentry>())
+    : Screen(QStringLiteral("frmexammarkentry"), HelpScreenNo), ui_(std::make_unique<Ui::frmexammarkentry>()),
+      entry_(MainStore())
 {
     ui_->setupUi(this);
     DressButtons(this);
     ui_->cmdAddExam->setIcon(LookIcon(QStringLiteral("add")));
     ui_->cmdAddExam->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_E));
-    BuildGrid();
-    BuildBoxes();
+    ui_->msgDetails->SetReadableWhileClosed();
+    marks_ = new MarkGrid(ui_->msgDetails, entry_.Sheet(), this);
     ConnectHandlers();
     SetExitButton(ui_->cmdExit);
     Form_Load();
 }
 
 frmexammarkentry::~frmexammarkentry() = default;
-
-void frmexammarkentry::BuildGrid()
-{
-    GridTable marks({{QStringLiteral("S.No."), NumberAlignment},
-                     {.head = QStringLiteral("Student  Name"), .stretched = true},
-                     {QStringLiteral("Mark Obtained"), NumberAlignment},
-                     {QStringLiteral("Present/Absent")},
-                     {.head = QStringLiteral("Studentcode"), .hidden = true},
-                     {.head = QStringLiteral("MaximumAllowed"), .hidden = true},
-                     {.head = QStringLiteral("TeacherCode"), .hidden = true},
-                     {.head = QStringLiteral("MaximumMark"), .hidden = true}});
-    marks.AddRow();
-    ui_->msgDetails->Show(std::move(marks));
-    ui_->msgDetails->setProperty(TakesEnter, true);
-}
 
 void frmexammarkentry::ConnectHandlers()
 {
@@ -80,6 +69,8 @@ void frmexammarkentry::ConnectHandlers()
         list->SetValidate([this, list] { return list != List() || List_Validate(); });
     }
     connect(ui_->msgDetails, &FlexGrid::CellClicked, this, &Form::msgDetails_Click);
+    connect(marks_, &MarkGrid::MarkEntered, this, &Form::ShowAverage);
+    connect(marks_, &MarkGrid::AllEntered, ui_->cmdSave, [this] { ui_->cmdSave->setFocus(); });
     connect(ui_->cmdNew, &QPushButton::clicked, this, &Form::cmdNew_Click);
     connect(ui_->cmdEdit, &QPushButton::clicked, this, &Form::cmdEdit_Click);
     connect(ui_->cmdDelete, &QPushButton::clicked, this, &Form::cmdDelete_Click);
@@ -90,7 +81,6 @@ void frmexammarkentry::ConnectHandlers()
         combo->setProperty(EnterNeedsText, true);
     ui_->cboDivision->setProperty(TakesEnter, true);
     ui_->cboDivision->installEventFilter(this);
-    ui_->msgDetails->viewport()->installEventFilter(this);
 }
 
 void frmexammarkentry::Form_Load()
@@ -101,14 +91,19 @@ void frmexammarkentry::Form_Load()
     ui_->cmdNew->setFocus();
 }
 
+void frmexammarkentry::Form_Activate(bool)
+{
+    if (!examsOpened_)
+        return;
+    LoadExam();
+    ui_->dbcExam->setFocus();
+    // Until it is closed, the exam master may be gone back to for one more exam.
+    NoteOpenExamMaster();
+}
+
 SchoolListRepository frmexammarkentry::Lists() const
 {
     return SchoolListRepository(MainStore());
-}
-
-MarkRepository frmexammarkentry::Marks() const
-{
-    return MarkRepository(MainStore());
 }
 
 MarkScope frmexammarkentry::Scope() const
@@ -119,7 +114,187 @@ MarkScope frmexammarkentry::Scope() const
 
 DataCombo* frmexammarkentry::List() const
 {
-    return sheet_.Mode() == MarkMode::Subject ? ui_->dbcSubject : ui_->dbcStudent;
+    return Mode() == MarkMode::Subject ? ui_->dbcSubject : ui_->dbcStudent;
+}
+
+void frmexammarkentry::LoadExam()
+{
+    const int chosen = ui_->dbcExam->BoundCode();
+    Read([this] { ui_->dbcExam->SetList(Lists().ExamsBehindBlank()); });
+    ui_->dbcExam->SetBoundCode(chosen);
+}
+
+void frmexammarkentry::LoadClass()
+{
+    Read([this] { ui_->cboClass->SetListBehindBlank(Lists().Classes()); });
+}
+
+void frmexammarkentry::LoadDivision()
+{
+    ui_->cboDivision->SetListBehindBlank({});
+    const int classCode = Scope().classCode;
+    if (classCode != 0)
+        Read([&] { ui_->cboDivision->SetListBehindBlank(Lists().DivisionsByName(classCode)); });
+}
+
+void frmexammarkentry::cmdAddExam_Click()
+{
+    ShowForm(ExamMaster);
+    NoteOpenExamMaster();
+}
+
+void frmexammarkentry::NoteOpenExamMaster()
+{
+    examsOpened_ = ScreenRegistry::OpenInstance(ExamMaster) != nullptr;
+}
+
+void frmexammarkentry::dbcExam_Change()
+{
+    // What is on the screen belongs to the exam before.
+    ResetGrid();
+    ListMode(Mode());
+}
+
+void frmexammarkentry::cboClass_Click()
+{
+    EmptyLists();
+    ResetGrid();
+    LoadDivision();
+}
+
+void frmexammarkentry::cboDivision_Click()
+{
+    ResetGrid();
+    if (Scope().divisionCode == 0)
+        EmptyLists();
+    Optsubject_Click();
+}
+
+bool frmexammarkentry::cboDivision_KeyPress(int key)
+{
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return false;
+    if (Scope().divisionCode != 0) {
+        Optsubject_Click();
+        focusNextChild();
+    }
+    return true;
+}
+
+void frmexammarkentry::UseMode(MarkMode mode)
+{
+    const bool bySubject = mode == MarkMode::Subject;
+    if (mode != Mode())
+        ResetGrid();
+    entry_.Sheet().UseMode(mode);
+    (bySubject ? ui_->Optsubject : ui_->Optstudent)->setChecked(true);
+    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent}) {
+        list->SetBoundCode(0);
+        list->setEnabled(list == List());
+        list->setVisible(list == List());
+    }
+    EmptyMarks();
+    ui_->Label4->setText(NameOf(mode) + QStringLiteral(" Name :"));
+    ui_->Label4->setBuddy(List());
+    ui_->Label2->setText(bySubject ? QStringLiteral("Class Average For The Selected Subject :")
+                                   : QStringLiteral("Average :"));
+    for (QWidget* limit : std::initializer_list<QWidget*>{ui_->lblMaximumAllowed, ui_->txtmaximumallowed})
+        limit->setVisible(bySubject);
+}
+
+void frmexammarkentry::ListMode(MarkMode mode)
+{
+    UseMode(mode);
+    if (!Scope().IsComplete())
+        return;
+    MarkChoices choices;
+    if (!Read([&] { choices = entry_.List(Scope()); })) {
+        // Whoever could be chosen without his rows would lose his marks with the next save.
+        EmptyLists();
+        ResetGrid();
+        return;
+    }
+    List()->SetList(choices.entries);
+    if (!choices.noEntry.isEmpty())
+        Prompts::Information(choices.noEntry);
+    ShowRows();
+    if (!choices.noRow.isEmpty())
+        Prompts::Information(choices.noRow);
+}
+
+void frmexammarkentry::EmptyLists()
+{
+    for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent})
+        list->SetList({});
+}
+
+void frmexammarkentry::EmptyList()
+{
+    List()->SetBoundCode(0);
+    EmptyMarks();
+}
+
+void frmexammarkentry::EmptyMarks()
+{
+    entry_.Sheet().EmptyMarks();
+    ShowRows();
+}
+
+void frmexammarkentry::List_Change()
+{
+    marks_->Close();
+    const int chosen = List()->BoundCode();
+    if (!Scope().IsComplete() || chosen == 0) {
+        EmptyMarks();
+        return;
+    }
+    const bool known = Read([&] {
+        if (entry_.Choose(Scope(), chosen))
+            ShowRows();
+    });
+    if (known)
+        return;
+    // The rows are those of the choice before.
+    EmptyList();
+    entry_.ForgetMarks();
+}
+
+bool frmexammarkentry::List_Validate()
+{
+    if (!ui_->fraMain->isEnabled() || !Scope().IsComplete() || List()->IsBlank())
+        return true;
+    if (!entry_.MarksExist()) {
+        marks_->Open(1, MarkColumn::Mark);
+        return true;
+    }
+    if (!Prompts::Ask(QStringLiteral("Marks Are Already Entered For This %1. Do You Want To "
+                                     "View/Edit/Delete The Details ?")
+                          .arg(NameOf(Mode())))) {
+        EmptyList();
+        entry_.ForgetMarks();
+        return false;
+    }
+    marks_->Close();
+    ui_->fraMain->setEnabled(false);
+    ui_->cmdEdit->setEnabled(true);
+    ui_->cmdDelete->setEnabled(true);
+    ui_->cmdSave->setEnabled(false);
+    ui_->cmdEdit->setFocus();
+    return true;
+}
+
+bool frmexammarkentry::IsChosen()
+{
+    return !List()->IsBlank() || Refuse(QStringLiteral("Select %1 Name").arg(NameOf(Mode())), List());
+}
+
+void frmexammarkentry::msgDetails_Click(int row, int col)
+{
+    if (!ui_->cmdSave->isEnabled())
+        return;
+    marks_->Close();
+    if (IsChosen())
+        marks_->Open(row, col);
 }
 
 void frmexammarkentry::cmdNew_Click()
@@ -130,7 +305,7 @@ void frmexammarkentry::cmdNew_Click()
     ui_->Frame1->setEnabled(true);
     ui_->dbcSubject->setEnabled(true);
     ui_->dbcStudent->setEnabled(false);
-    ui_->msgDetails->SetTextMatrix(1, SerialCol, QStringLiteral("1"));
+    ui_->msgDetails->SetTextMatrix(1, MarkColumn::Serial, QStringLiteral("1"));
     ui_->cmdSave->setEnabled(true);
     const std::initializer_list<DataCombo*> selections{ui_->dbcExam, ui_->cboClass, ui_->cboDivision};
     QWidget* next = List()->isEnabled() ? static_cast<QWidget*>(List()) : ui_->Optstudent;
@@ -148,7 +323,7 @@ void frmexammarkentry::cmdEdit_Click()
 {
     if (!MayUse(Right::Edit) || !IsChosen())
         return;
-    if (sheet_.Mode() == MarkMode::Subject && !ListStudentsForEdit())
+    if (Mode() == MarkMode::Subject && !ListStudentsForEdit())
         return;
     EditMode_ = true;
     ui_->cmdSave->setEnabled(true);
@@ -159,13 +334,23 @@ void frmexammarkentry::cmdEdit_Click()
     ui_->cmdDelete->setEnabled(false);
 }
 
+bool frmexammarkentry::ListStudentsForEdit()
+{
+    if (!Read([this] { entry_.ListForEdit(Scope(), List()->BoundCode()); }))
+        return false;
+    ShowRows();
+    if (entry_.Sheet().RowCount() == 0)
+        Prompts::Information(NoStudents);
+    return true;
+}
+
 void frmexammarkentry::cmdDelete_Click()
 {
     if (!MayUse(Right::Delete) || !IsChosen() ||
         !Prompts::Ask(QStringLiteral("Do You Want To Delete This 'Classwise Mark Entry' ?")))
         return;
     const bool deleted = Write(Conflict::DataIsInUse, [this](store::Transaction& transaction) {
-        MarkRepository::Delete(transaction, Scope(), sheet_.Mode(), List()->BoundCode());
+        MarkRepository::Delete(transaction, Scope(), Mode(), List()->BoundCode());
     });
     if (!deleted)
         return;
@@ -183,27 +368,17 @@ bool frmexammarkentry::IsReady()
         return Refuse(QStringLiteral("Select Class"), ui_->cboClass);
     if (ui_->cboDivision->BoundCode() == 0)
         return Refuse(QStringLiteral("Select Division"), ui_->cboDivision);
-    if (!IsChosen())
+    QString missing;
+    if (!IsChosen() || !Read([&] { missing = entry_.Missing(Scope()); }))
         return false;
-    bool students = false;
-    bool subjects = false;
-    const bool known = Read([&] {
-        students = Marks().HasStudents(Scope());
-        subjects = Marks().HasSubjects(Scope());
-    });
-    if (!known)
-        return false;
-    if (!students) {
+    if (missing == NoStudents)
         ui_->dbcStudent->SetBoundCode(0);
-        Prompts::Information(NoStudents);
+    if (!missing.isEmpty()) {
+        Prompts::Information(missing);
         return false;
     }
-    if (!subjects) {
-        Prompts::Information(NoSubjects);
-        return false;
-    }
-    if (const auto fault = sheet_.FindFault()) {
-        Take(*fault);
+    if (const auto fault = entry_.Sheet().FindFault()) {
+        marks_->Take(*fault);
         return false;
     }
     return true;
@@ -216,13 +391,13 @@ void frmexammarkentry::cmdSave_Click()
     const int chosen = List()->BoundCode();
     const auto error = TryWrite([&](store::Transaction& transaction) {
         if (EditMode_)
-            MarkRepository::Delete(transaction, Scope(), sheet_.Mode(), chosen);
-        MarkRepository::Insert(transaction, Scope(), sheet_.Records(chosen), Session().gintUserCode);
+            MarkRepository::Delete(transaction, Scope(), Mode(), chosen);
+        MarkRepository::Insert(transaction, Scope(), entry_.Sheet().Records(chosen), Session().gintUserCode);
     });
     if (error) {
         // What was typed stays, for a second try or to be compared with what another client has entered. Only
         // where its student or subject has gone there is no use for it.
-        Prompts::Critical(error->IsDuplicate() ? EnteredMeanwhile(sheet_.Mode())
+        Prompts::Critical(error->IsDuplicate() ? EnteredMeanwhile(Mode())
                                                : TextOf(*error, Conflict::MasterIsGone));
         if (error->IsConflict() && !error->IsDuplicate())
             cmdCancel_Click();
@@ -258,77 +433,28 @@ void frmexammarkentry::cmdCancel_Click()
 
 void frmexammarkentry::ResetGrid()
 {
-    sheet_.Clear();
+    entry_.Sheet().Clear();
     ShowRows();
-}
-
-void frmexammarkentry::ShowRow(int row)
-{
-    FlexGrid* grid = ui_->msgDetails;
-    const MarkRow& entry = sheet_.Row(row);
-    grid->SetTextMatrix(row, MarkObtainedCol, entry.mark);
-    grid->SetTextMatrix(row, PresentAbsentCol, entry.presence);
-    for (const int col : {MarkObtainedCol, PresentAbsentCol})
-        grid->SetMark(row, col, entry.IsAbsent() ? CellMark::FailedOrAbsent : CellMark::None);
 }
 
 void frmexammarkentry::ShowRows()
 {
-    // A box would stand over a row that is no longer the one it was opened for.
-    HideEntryControls();
-    FlexGrid* grid = ui_->msgDetails;
-    // One blank row stands behind the rows.
-    grid->SetRows(1);
-    grid->SetRows(sheet_.RowCount() + 2);
-    for (int row = 1; row <= sheet_.RowCount(); ++row) {
-        const MarkRow& entry = sheet_.Row(row);
-        grid->SetTextMatrix(row, SerialCol, QString::number(row));
-        grid->SetTextMatrix(row, NameCol, entry.name);
-        grid->SetTextMatrix(row, CodeCol, QString::number(entry.code));
-        grid->SetTextMatrix(row, TeacherCodeCol, QString::number(entry.teacherCode));
-        if (sheet_.Mode() == MarkMode::Student) {
-            grid->SetTextMatrix(row, MaximumAllowedCol, PlainNumber(entry.maximumAllowed));
-            grid->SetTextMatrix(row, MaximumMarkCol, PlainNumber(entry.maximumMark));
-        }
-        ShowRow(row);
-    }
-    const bool limited = sheet_.Mode() == MarkMode::Subject && !List()->IsBlank();
-    ui_->txtmaximumallowed->setText(limited ? PlainNumber(sheet_.MaximumAllowed()) : QString());
+    marks_->ShowRows();
+    const bool limited = Mode() == MarkMode::Subject && !List()->IsBlank();
+    ui_->txtmaximumallowed->setText(limited ? PlainNumber(entry_.Sheet().MaximumAllowed()) : QString());
     ShowAverage();
 }
 
 void frmexammarkentry::ShowAverage()
 {
-    ui_->txtaverageMark->setText(sheet_.Average());
+    ui_->txtaverageMark->setText(entry_.Sheet().Average());
 }
 
 bool frmexammarkentry::eventFilter(QObject* receiver, QEvent* event)
 {
-    if (receiver == ui_->cboDivision && event->type() == QEvent::KeyPress)
-        return cboDivision_KeyPress(static_cast<QKeyEvent*>(event)->key());
-    if (receiver == ui_->msgDetails->viewport())
-        return event->type() == QEvent::Wheel && msgDetails_Wheel(static_cast<QWheelEvent*>(event));
-    // What is left are the two parts of the presence: the list and its text.
-    const bool onPresence = receiver != ui_->cboDivision;
-    if (onPresence && event->type() == QEvent::MouseButtonPress)
-        cboPresentAbsent_MouseDown();
-    return false;
-}
-
-bool frmexammarkentry::msgDetails_Wheel(const QWheelEvent* event)
-{
-    // A long class can be looked through while its marks may not be entered.
-    if (ui_->fraMain->isEnabled())
-        return false;
-    QScrollBar* bar = ui_->msgDetails->verticalScrollBar();
-    const int turn = event->angleDelta().y();
-    if ((turn < 0) != (wheelTurned_ < 0))
-        wheelTurned_ = 0;
-    wheelTurned_ += turn;
-    const int notches = wheelTurned_ / QWheelEvent::DefaultDeltasPerStep;
-    wheelTurned_ -= notches * QWheelEvent::DefaultDeltasPerStep;
-    bar->setValue(bar->value() - notches * QApplication::wheelScrollLines() * bar->singleStep());
-    return true;
+    return receiver == ui_->cboDivision && event->type() == QEvent::KeyPress
+               ? cboDivision_KeyPress(static_cast<QKeyEvent*>(event)->key())
+               : Screen::eventFilter(receiver, event);
 }
 
 void frmexammarkentry::keyPressEvent(QKeyEvent* event)

@@ -2,13 +2,9 @@
 
 #include "core/school/SchoolListRepository.h"
 #include "core/ui/Screen.h"
-#include "exams/MarkRepository.h"
-#include "exams/MarkSheet.h"
+#include "exams/MarkEntry.h"
 
-#include <functional>
 #include <memory>
-#include <optional>
-#include <vector>
 
 namespace Ui {
 class frmexammarkentry;
@@ -17,8 +13,7 @@ class frmexammarkentry;
 namespace tally {
 
 class DataCombo;
-class FloatingCombo;
-class FloatingEditor;
+class MarkGrid;
 
 /// "Classwise Mark Entry": the marks of one exam in one class-division, typed either for one subject student
 /// by student, or for one student subject by subject.
@@ -40,15 +35,11 @@ protected:
 
 private:
     void Form_Load();
-    void BuildGrid();
-    void BuildBoxes();
     void ConnectHandlers();
 
     void LoadExam();
     void LoadClass();
     void LoadDivision();
-    void LoadSubject();
-    void LoadStudent();
     void cmdAddExam_Click();
     void NoteOpenExamMaster();
     void dbcExam_Change();
@@ -56,8 +47,8 @@ private:
     void cboDivision_Click();
     /// True for a key that the list itself does not get.
     bool cboDivision_KeyPress(int key);
-    void Optsubject_Click();
-    void Optstudent_Click();
+    void Optsubject_Click() { ListMode(MarkMode::Subject); }
+    void Optstudent_Click() { ListMode(MarkMode::Student); }
     void List_Change();
     bool List_Validate();
     void cmdNew_Click();
@@ -65,25 +56,11 @@ private:
     void cmdDelete_Click();
     void cmdSave_Click();
     void cmdCancel_Click();
-
     void msgDetails_Click(int row, int col);
-    bool msgDetails_Wheel(const QWheelEvent* event);
-    void txtmarkobtained_Change(const QString& text);
-    void txtmarkobtained_Enter();
-    void cboPresentAbsent_MouseDown();
-    void cboPresentAbsent_Click();
-    void cboPresentAbsent_Enter();
-    void ShowEntryControl(MarkField field, int row);
-    /// The row gets what it held before a box was opened over it.
-    void TakeBack(int row);
-    void HideEntryControls();
-    /// Tells what the step has to tell and goes where it leads.
-    void Take(const MarkStep& step);
-    void ShowAverage();
 
     SchoolListRepository Lists() const;
-    MarkRepository Marks() const;
     MarkScope Scope() const;
+    MarkMode Mode() const { return entry_.Sheet().Mode(); }
     /// The list of the mode in which marks are entered.
     DataCombo* List() const;
     /// Chooses nothing in the list of the mode.
@@ -91,36 +68,25 @@ private:
     void EmptyMarks();
     /// Nothing to choose from in either list.
     void EmptyLists();
-    /// Reads a list and its rows, both or none. Tells why it can't.
-    void ReadList(const std::function<void()>& work);
     /// Both lists without a choice; only that of `mode` can be used.
     void UseMode(MarkMode mode);
-    void ListStudents();
-    /// The rows of the chosen subject anew, without the relieved students; all as it was on false.
+    /// The same, and what the class-division has to choose from and to list in it.
+    void ListMode(MarkMode mode);
+    /// The rows of the chosen subject anew; all as it was on false.
     bool ListStudentsForEdit();
-    /// Shows what is stored for the choice. `subject` brings its limits and its teacher; none in student
-    /// mode, and for a subject that the class has given up, where those shown before stay.
-    void TakeStored(const std::optional<MarkSubject>& subject, const std::vector<StoredMark>& stored);
     void ResetGrid();
-    void ShowRow(int row);
-    /// All rows for another choice. Closes the boxes, so it is nothing for while a mark is typed.
     void ShowRows();
+    void ShowAverage();
     /// A subject or a student is chosen in the list. Asks for it where none is.
     bool IsChosen();
     /// Everything that a save asks for is there. Says what is missing and takes the user to it.
     bool IsReady();
 
     std::unique_ptr<Ui::frmexammarkentry> ui_;
-    FloatingEditor* txtmarkobtained_ = nullptr;
-    FloatingEditor* txtpresentorabsent_ = nullptr;
-    FloatingCombo* cboPresentAbsent_ = nullptr;
-
-    MarkSheet sheet_;
-    MarkRow opened_; ///< the row as it was when a box was opened over it
+    MarkEntry entry_;
+    MarkGrid* marks_ = nullptr;
     bool EditMode_ = false;
-    bool MarksExist_ = false;  ///< the subject or student that was chosen last has marks in this exam
     bool examsOpened_ = false; ///< the exam master was opened from here, and exams may have been added
-    int wheelTurned_ = 0; ///< the part of a notch that has not moved the rows yet, in eighths of a degree
 };
 
 } // namespace tally

@@ -42,8 +42,10 @@ void Declare(MarkSheet& sheet, int row, const char* mark, const char* presence)
 
 std::string ToText(const MarkStep& step)
 {
-    const char* const fields[] = {"mark ", "presence ", "save "};
-    return fields[static_cast<int>(step.field)] + std::to_string(step.row) +
+    const char* const field = step.row == 0                         ? "save "
+                              : step.column == MarkColumn::Presence ? "presence "
+                                                                    : "mark ";
+    return field + std::to_string(step.row) +
            (step.message.isEmpty() ? "" : ": " + step.message.toStdString());
 }
 

@@ -74,6 +74,19 @@ TEST_F(FloatingBoxes, BoxesFollowTheirCellsWhenTheGridScrollsOrAColumnGrows)
     EXPECT_EQ(combo->width(), grid->CellRect(1, 1).width());
 }
 
+TEST_F(FloatingBoxes, ABoxStaysOverItsCellWhenTheFormGrowsAndAColumnTakesTheRoom)
+{
+    GridTable table({{QStringLiteral("S.No.")}, {.head = QStringLiteral("Name"), .stretched = true}, {}});
+    table.AddRow();
+    grid->Show(std::move(table));
+    editor->OpenAt(1, 2);
+    const int before = editor->x();
+    form->resize(900, 300);
+    Settle();
+    EXPECT_GT(editor->x(), before);
+    EXPECT_EQ(editor->geometry(), grid->CellRect(1, 2));
+}
+
 TEST_F(FloatingBoxes, EscGivesABoxTheTextWithWhichItWasOpened)
 {
     int takenBack = 0;

@@ -34,6 +34,9 @@ public:
     /// True while nothing has been chosen.
     bool IsBlank() const { return currentText().trimmed().isEmpty(); }
 
+    /// True from a refused leave until the focus is back.
+    bool KeepsFocus() const { return guard_.KeepsFocus(); }
+
     /// Asked once when the focus is about to leave the list; on false the list keeps it, and the click that
     /// was to take it away has no effect. Empty lets everything pass.
     void SetValidate(std::function<bool()> validate) { guard_.SetValidate(std::move(validate)); }

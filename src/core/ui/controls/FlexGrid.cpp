@@ -5,9 +5,11 @@
 #include "core/ui/look/Look.h"
 
 #include <QAbstractTableModel>
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -362,6 +364,25 @@ void FlexGrid::keyPressEvent(QKeyEvent* event)
         Q_EMIT CellClicked(CurrentRow(), CurrentCol());
     else
         Grid::keyPressEvent(event);
+}
+
+bool FlexGrid::viewportEvent(QEvent* event)
+{
+    if (!readableWhileClosed_ || isEnabled() || event->type() != QEvent::Wheel)
+        return Grid::viewportEvent(event);
+    TurnWheel(static_cast<QWheelEvent*>(event)->angleDelta().y());
+    return true;
+}
+
+void FlexGrid::TurnWheel(int turn)
+{
+    if ((turn < 0) != (wheelTurned_ < 0))
+        wheelTurned_ = 0;
+    wheelTurned_ += turn;
+    const int notches = wheelTurned_ / QWheelEvent::DefaultDeltasPerStep;
+    wheelTurned_ -= notches * QWheelEvent::DefaultDeltasPerStep;
+    QScrollBar* bar = verticalScrollBar();
+    bar->setValue(bar->value() - notches * QApplication::wheelScrollLines() * bar->singleStep());
 }
 
 void FlexGrid::FitColumns()

@@ -61,6 +61,10 @@ public:
     /// that would take more than half of the grid scroll too, since the rest could not be read beside them.
     void SetFixedCols(int cols);
 
+    /// The wheel turns the rows also while the grid is switched off, so that a list can be looked through
+    /// that may not be entered.
+    void SetReadableWhileClosed() { readableWhileClosed_ = true; }
+
     /// Brings a cell into sight, beside the columns that stay.
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
@@ -71,17 +75,21 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void updateGeometries() override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
     class Model;
 
     void ShowRowHidden(int row, bool hidden);
     void FitColumns();
+    void TurnWheel(int turn);
     void PlaceFixedColumns();
     void DropFixedColumns();
 
     Model* model_;
     int fixedCols_ = 0;
+    bool readableWhileClosed_ = false;
+    int wheelTurned_ = 0; ///< the part of a notch that has not moved the rows yet, in eighths of a degree
     FixedColumns* fixedColumns_ = nullptr; ///< only while the grid is scrolled to the right
 };
 

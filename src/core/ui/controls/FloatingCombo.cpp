@@ -8,7 +8,7 @@
 
 namespace tally {
 
-FloatingCombo::FloatingCombo(FlexGrid* grid) : DataCombo(grid->viewport()), follower_(grid, this)
+FloatingCombo::FloatingCombo(FlexGrid* grid) : DataCombo(grid->viewport()), CellBox(grid, this)
 {
     setProperty(TakesEnter, true);
     setEditable(true);
@@ -17,15 +17,20 @@ FloatingCombo::FloatingCombo(FlexGrid* grid) : DataCombo(grid->viewport()), foll
 
 void FloatingCombo::OpenAt(int row, int col)
 {
-    opened_ = follower_.Grid()->TextMatrix(row, col).trimmed();
+    opened_ = Grid()->TextMatrix(row, col).trimmed();
     Show(opened_);
-    follower_.OpenAt(row, col);
+    Follow(row, col);
 }
 
 void FloatingCombo::Show(const QString& text)
 {
     SetText(text);
     setEditText(text);
+    SelectText();
+}
+
+void FloatingCombo::SelectText()
+{
     lineEdit()->selectAll();
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "core/ui/controls/CellFollower.h"
+#include "core/ui/controls/CellBox.h"
 #include "core/ui/controls/DataCombo.h"
 
 namespace tally {
 
 /// A list that floats over a cell of a grid, the counterpart of FloatingEditor. Its text can be typed or
 /// chosen, and Esc takes it back. Enter is its own: the screen says where it leads.
-class FloatingCombo : public DataCombo
+class FloatingCombo : public DataCombo, public CellBox
 {
     Q_OBJECT
 
@@ -15,13 +15,12 @@ public:
     /// Hidden until it is opened. Lives inside the grid.
     explicit FloatingCombo(FlexGrid* grid);
 
-    /// Opens over a cell of the grid, which becomes the current one, with the cell's text without the blanks
-    /// around it, all of it selected, and takes the focus. Scrolls the cell into sight.
-    void OpenAt(int row, int col);
-    /// Puts the box away without asking anything.
-    void Close();
-    /// The cell it stands over, or stood over last; 0 before it was opened.
-    int Row() const { return follower_.Row(); }
+    /// Without the blanks around the cell's text.
+    void OpenAt(int row, int col) override;
+    void Close() override;
+    QString Text() const override { return currentText(); }
+    void SelectText() override;
+    bool KeepsFocus() const override { return DataCombo::KeepsFocus(); }
 
 Q_SIGNALS:
     void EnterPressed();
@@ -36,7 +35,6 @@ private:
     /// All of the text is selected.
     void Show(const QString& text);
 
-    CellFollower follower_;
     QString opened_; ///< the text with which it was opened
 };
 

@@ -8,7 +8,7 @@
 namespace tally {
 
 FloatingEditor::FloatingEditor(FlexGrid* grid)
-    : QLineEdit(grid->viewport()), follower_(grid, this), guard_(this)
+    : QLineEdit(grid->viewport()), CellBox(grid, this), guard_(this)
 {
     setProperty(TakesEnter, true);
     setFrame(true);
@@ -20,7 +20,7 @@ void FloatingEditor::OpenAt(int row, int col)
     opened_ = Grid()->TextMatrix(row, col);
     setText(opened_);
     setAlignment(Grid()->Table().Column(col).alignment);
-    follower_.OpenAt(row, col);
+    Follow(row, col);
     selectAll();
 }
 
@@ -47,8 +47,7 @@ void FloatingEditor::keyPressEvent(QKeyEvent* event)
 void FloatingEditor::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
-    if (guard_.Leaves(event))
-        Q_EMIT Left();
+    guard_.Leaves(event);
 }
 
 } // namespace tally

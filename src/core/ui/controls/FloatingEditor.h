@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ui/controls/CellFollower.h"
+#include "core/ui/controls/CellBox.h"
 #include "core/ui/controls/LeaveGuard.h"
 
 #include <QLineEdit>
@@ -9,7 +9,7 @@ namespace tally {
 
 /// An entry box that floats over a cell of a grid. What is typed goes to the cell at once, and Esc takes it
 /// back. It follows the cell when the grid scrolls, and Enter is its own: the screen says where it leads.
-class FloatingEditor : public QLineEdit
+class FloatingEditor : public QLineEdit, public CellBox
 {
     Q_OBJECT
 
@@ -17,20 +17,15 @@ public:
     /// Hidden until it is opened. Lives inside the grid.
     explicit FloatingEditor(FlexGrid* grid);
 
-    /// Opens over a cell of the grid, which becomes the current one, with the cell's text, all of it
-    /// selected, and takes the focus. Scrolls the cell into sight.
-    void OpenAt(int row, int col);
-    /// Puts the box away without asking anything.
-    void Close();
-    /// The cell it stands over, or stood over last; 0 before it was opened.
-    int Row() const { return follower_.Row(); }
-    FlexGrid* Grid() const { return follower_.Grid(); }
+    void OpenAt(int row, int col) override;
+    void Close() override;
+    QString Text() const override { return text(); }
+    void SelectText() override { selectAll(); }
+    bool KeepsFocus() const override { return guard_.KeepsFocus(); }
 
     /// Asked when the focus is about to leave; on false the box keeps it, and the click that was to take it
     /// away has no effect. Empty lets everything pass.
     void SetValidate(std::function<bool()> validate) { guard_.SetValidate(std::move(validate)); }
-    /// True from a refused leave until the focus is back: what a key wanted to start must not start.
-    bool KeepsFocus() const { return guard_.KeepsFocus(); }
 
 Q_SIGNALS:
     /// The user changed the text.
@@ -39,15 +34,12 @@ Q_SIGNALS:
     /// Esc was pressed: the box has the text again with which it was opened, and the screen gives the cell
     /// what it held then.
     void TakenBack();
-    /// The focus has left, after it was validated.
-    void Left();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    CellFollower follower_;
     QString opened_; ///< the text with which it was opened
     LeaveGuard guard_;
 };

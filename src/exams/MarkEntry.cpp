@@ -1,0 +1,70 @@
+#include "exams/MarkEntry.h"
+
+namespace tally {
+
+MarkChoices MarkEntry::List(const MarkScope& scope)
+{
+    MarkRepository marks(main_);
+    MarkChoices choices;
+    if (sheet_.Mode() == MarkMode::Subject) {
+        choices.entries = marks.Subjects(scope);
+        choices.noEntry = choices.entries.empty() ? NoSubjects : QString();
+        const CodedTexts students = marks.StudentsToMark(scope, true);
+        choices.noRow = students.empty() && !marks.HasStudents(scope) ? NoStudents : QString();
+        sheet_.ListStudents(students);
+    } else {
+        choices.entries = marks.Students(scope);
+        choices.noEntry = choices.entries.empty() ? NoStudents : QString();
+        const std::vector<MarkSubject> subjects = marks.SubjectsToMark(scope);
+        choices.noRow = subjects.empty() ? NoSubjects : QString();
+        sheet_.ListSubjects(subjects);
+    }
+    return choices;
+}
+
+bool MarkEntry::Choose(const MarkScope& scope, int code)
+{
+    const store::ReadTransaction reading(main_);
+    MarkRepository marks(main_);
+    std::optional<MarkSubject> subject;
+    if (sheet_.Mode() == MarkMode::Subject) {
+        subject = marks.FindSubject(scope, code);
+        if (!subject) {
+            marksExist_ = false;
+            return false;
+        }
+    }
+    Take(subject, marks.StoredMarks(scope, sheet_.Mode(), code));
+    return true;
+}
+
+void MarkEntry::ListForEdit(const MarkScope& scope, int subjectCode)
+{
+    const store::ReadTransaction reading(main_);
+    MarkRepository marks(main_);
+    const CodedTexts students = marks.StudentsToMark(scope, false);
+    const std::optional<MarkSubject> subject = marks.FindSubject(scope, subjectCode);
+    const std::vector<StoredMark> stored = marks.StoredMarks(scope, sheet_.Mode(), subjectCode);
+    sheet_.ListStudentsAgain(students);
+    Take(subject, stored);
+}
+
+void MarkEntry::Take(const std::optional<MarkSubject>& subject, const std::vector<StoredMark>& stored)
+{
+    if (subject)
+        sheet_.StartSubject(*subject);
+    else
+        sheet_.StartStudent();
+    sheet_.TakeMarks(stored);
+    marksExist_ = !stored.empty();
+}
+
+QString MarkEntry::Missing(const MarkScope& scope)
+{
+    MarkRepository marks(main_);
+    if (!marks.HasStudents(scope))
+        return NoStudents;
+    return marks.HasSubjects(scope) ? QString() : NoSubjects;
+}
+
+} // namespace tally
