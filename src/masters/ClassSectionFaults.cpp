@@ -8,11 +8,11 @@ using Fault = std::optional<ClassSectionFault>;
 
 /// The first row that `faulty` finds wrong.
 template <typename Faulty>
-Fault FirstRow(const ClassSectionGrid& grid, const QString& message, ClassField field, Faulty faulty)
+Fault FirstRow(const ClassSectionGrid& grid, const QString& message, ClassColumn column, Faulty faulty)
 {
     for (int row = 1; row <= grid.RowCount(); ++row)
         if (faulty(grid.Row(row)))
-            return ClassSectionFault{message, field, row};
+            return ClassSectionFault{message, column, row};
     return {};
 }
 
@@ -33,7 +33,7 @@ Fault SameName(const ClassSectionGrid& grid)
     };
     for (int row = 1; row <= grid.RowCount(); ++row)
         if (const int later = LaterOfPair(grid, row, alike))
-            return ClassSectionFault{QStringLiteral("Class Name Already Exists"), ClassField::ClassName,
+            return ClassSectionFault{QStringLiteral("Class Name Already Exists"), ClassColumn::ClassName,
                                      later};
     return {};
 }
@@ -49,9 +49,9 @@ Fault OrderMissingOrDouble(const ClassSectionGrid& grid)
             continue;
         if (grid.Row(row).Order() == 0)
             return ClassSectionFault{QStringLiteral("Class Order Should Not Be Empty"),
-                                     ClassField::ClassOrder, row};
+                                     ClassColumn::ClassOrder, row};
         if (const int later = LaterOfPair(grid, row, alike))
-            return ClassSectionFault{QStringLiteral("Class Order Already Exists"), ClassField::ClassOrder,
+            return ClassSectionFault{QStringLiteral("Class Order Already Exists"), ClassColumn::ClassOrder,
                                      later};
     }
     return {};
@@ -60,14 +60,14 @@ Fault OrderMissingOrDouble(const ClassSectionGrid& grid)
 Fault NamelessDivision(const ClassSectionGrid& grid)
 {
     if (grid.Divisions().empty())
-        return ClassSectionFault{QStringLiteral("Enter Class-Division Details"), ClassField::ClassName, 1};
+        return ClassSectionFault{QStringLiteral("Enter Class-Division Details"), ClassColumn::ClassName, 1};
     for (const ClassDivision& division : grid.Divisions()) {
         if (!division.divisionName.trimmed().isEmpty() || division.classCode <= 0)
             continue;
         const int row = grid.FindClassRow(division.classCode);
         const QString className = row ? grid.Row(row).className : QString();
         return ClassSectionFault{QStringLiteral("Enter Division Name To Class ") + className,
-                                 ClassField::NoOfDivisions, row};
+                                 ClassColumn::NoOfDivisions, row};
     }
     return {};
 }
@@ -78,17 +78,17 @@ std::optional<ClassSectionFault> FindFault(const ClassSectionGrid& grid)
 {
     if (Fault fault = SameName(grid))
         return fault;
-    if (Fault fault = FirstRow(grid, QStringLiteral("Class Name Should Not Be Empty"), ClassField::ClassName,
+    if (Fault fault = FirstRow(grid, QStringLiteral("Class Name Should Not Be Empty"), ClassColumn::ClassName,
                                [](const ClassRow& row) { return !row.IsNamed() && row.Divisions() > 0; }))
         return fault;
     if (Fault fault = FirstRow(grid, QStringLiteral("Each Class Should Have Atleast One Division"),
-                               ClassField::NoOfDivisions,
+                               ClassColumn::NoOfDivisions,
                                [](const ClassRow& row) { return row.IsNamed() && row.Divisions() == 0; }))
         return fault;
     if (Fault fault = OrderMissingOrDouble(grid))
         return fault;
     if (Fault fault = FirstRow(grid, QStringLiteral("Class Order Should Not Be Blank. Enter Class Order"),
-                               ClassField::ClassOrder,
+                               ClassColumn::ClassOrder,
                                [](const ClassRow& row) { return row.IsNamed() && row.Order() == 0; }))
         return fault;
     return NamelessDivision(grid);

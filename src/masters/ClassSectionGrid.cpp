@@ -8,6 +8,12 @@ namespace {
 
 constexpr int Letters = 26;
 
+/// Numbers that stand for nothing show as nothing.
+QString Shown(int number)
+{
+    return number == 0 ? QString() : QString::number(number);
+}
+
 } // namespace
 
 QString DefaultDivisionName(int divisionCode)
@@ -49,6 +55,38 @@ void ClassSectionGrid::StartFirstRow()
         rows_.emplace_back();
     rows_.front().serial = 1;
     rows_.front().classCode = 1;
+}
+
+GridTable ClassSectionGrid::ClassTable() const
+{
+    GridTable table({{QStringLiteral("S.No"), NumberAlignment},
+                     {.head = QStringLiteral("Class Name"), .stretched = true},
+                     {QStringLiteral("No. Of Divisions"), NumberAlignment},
+                     {QStringLiteral("Class Order"), NumberAlignment},
+                     {.head = QStringLiteral("OldNoofdivisions"), .hidden = true},
+                     {.head = QStringLiteral("OldDivision"), .hidden = true},
+                     {.head = QStringLiteral("Classcode"), .hidden = true}});
+    for (const ClassRow& row : rows_)
+        table.AddRow({{Shown(row.serial)},
+                      {row.className},
+                      {row.noOfDivisions},
+                      {row.classOrder},
+                      {QString::number(row.oldNoOfDivisions)},
+                      {QString::number(row.oldDivision)},
+                      {Shown(row.classCode)}});
+    return table;
+}
+
+GridTable ClassSectionGrid::DivisionTable(int classCode) const
+{
+    GridTable table({{QStringLiteral("Sl.No."), NumberAlignment},
+                     {.head = QStringLiteral("Division Name"), .stretched = true},
+                     {.head = QStringLiteral("ClassCode"), .hidden = true}});
+    for (const ClassDivision& division : DivisionsOf(classCode))
+        table.AddRow({{QString::number(division.divisionCode)},
+                      {division.divisionName},
+                      {QString::number(division.classCode)}});
+    return table;
 }
 
 void ClassSectionGrid::AddRow()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/GridTable.h"
+
 #include <QString>
 
 #include <optional>
@@ -40,6 +42,26 @@ struct ClassRow
     int Order() const { return classOrder.toInt(); }
 };
 
+/// The columns of a class. The last three are hidden.
+enum class ClassColumn : int
+{
+    Serial,
+    ClassName,
+    NoOfDivisions,
+    ClassOrder,
+    OldNoOfDivisions,
+    OldDivision,
+    ClassCode,
+};
+
+/// The columns of a division. The last one is hidden.
+enum class DivisionColumn : int
+{
+    DivisionCode,
+    DivisionName,
+    ClassCode,
+};
+
 /// The name that the division with this code gets by itself: A to Z, then AA to AZ, BA to BZ, CA to CU
 /// for 99.
 QString DefaultDivisionName(int divisionCode);
@@ -67,6 +89,10 @@ public:
     const ClassRow& Row(int row) const { return rows_[static_cast<std::size_t>(row - 1)]; }
     /// The divisions of all classes, those of one class with the highest code first.
     const std::vector<ClassDivision>& Divisions() const { return divisions_; }
+
+    /// All classes, and the divisions of one of them, as their grids show them.
+    GridTable ClassTable() const;
+    GridTable DivisionTable(int classCode) const;
 
     /// A blank row at the end with the next serial number and class code.
     void AddRow();
@@ -108,20 +134,12 @@ private:
     std::vector<ClassDivision> divisions_;
 };
 
-/// The field of a class that a message is about.
-enum class ClassField
-{
-    ClassName,
-    NoOfDivisions,
-    ClassOrder,
-};
-
 /// Why the grid can't be saved as it stands.
 struct ClassSectionFault
 {
     QString message;
-    ClassField field = ClassField::ClassName;
-    int row = 0; ///< 0 when the class is not on the grid
+    ClassColumn column = ClassColumn::ClassName; ///< the field of the class that the message is about
+    int row = 0;                                 ///< 0 when the class is not on the grid
 };
 
 /// The first fault of the grid in the order in which the office is told; none when it may be saved.

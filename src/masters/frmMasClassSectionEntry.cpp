@@ -1,14 +1,13 @@
 #include "masters/frmMasClassSectionEntry.h"
 
 #include "core/SessionContext.h"
+#include "core/ui/controls/CellEditors.h"
 #include "core/ui/controls/FlexGrid.h"
-#include "core/ui/controls/FloatingEditor.h"
+#include "core/ui/controls/RowDelete.h"
 #include "core/ui/FormKeys.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
-#include "core/ui/TakeOnly.h"
-#include "masters/ClassSectionColumns.h"
 #include "masters/ClassSectionSave.h"
 #include "store/StoreError.h"
 #include "ui_frmMasClassSectionEntry.h"
@@ -21,27 +20,6 @@ namespace tally {
 namespace {
 
 constexpr int HelpScreenNo = 4;
-
-/// Hidden numbers that stand for nothing show as nothing.
-QString Shown(int number)
-{
-    return number == 0 ? QString() : QString::number(number);
-}
-
-void SetRow(FlexGrid* grid, int row, const QStringList& texts)
-{
-    for (int col = 0; col < texts.size(); ++col)
-        grid->SetTextMatrix(row, col, texts.at(col));
-}
-
-void ShowEmpty(FlexGrid* grid, std::vector<GridColumn> columns)
-{
-    GridTable table(std::move(columns));
-    table.AddRow();
-    grid->Show(std::move(table));
-    grid->setProperty(TakesEnter, true);
-    grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-}
 
 } // namespace
 
@@ -63,42 +41,60 @@ frmMasClassSectionEntry::~frmMasClassSectionEntry() = default;
 
 void frmMasClassSectionEntry::BuildGrids()
 {
-    ShowEmpty(ui_->msgClassDetails, {{QStringLiteral("S.No"), NumberAlignment},
-                                     {.head = QStringLiteral("Class Name"), .stretched = true},
-                                     {QStringLiteral("No. Of Divisions"), NumberAlignment},
-                                     {QStringLiteral("Class Order"), NumberAlignment},
-                                     {.head = QStringLiteral("OldNoofdivisions"), .hidden = true},
-                                     {.head = QStringLiteral("OldDivision"), .hidden = true},
-                                     {.head = QStringLiteral("Classcode"), .hidden = true}});
-    ShowEmpty(ui_->msgDivisionDetails, {{QStringLiteral("Sl.No."), NumberAlignment},
-                                        {.head = QStringLiteral("Division Name"), .stretched = true},
-                                        {.head = QStringLiteral("ClassCode"), .hidden = true}});
+    classes_.Clear();
+    ui_->msgClassDetails->Show(classes_.ClassTable());
+    ui_->msgDivisionDetails->Show(classes_.DivisionTable(0));
+    ui_->msgDivisionDetails->SetRows(2);
+    for (FlexGrid* grid : {ui_->msgClassDetails, ui_->msgDivisionDetails}) {
+        grid->setProperty(TakesEnter, true);
+        grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
 }
 
 void frmMasClassSectionEntry::BuildEditors()
 {
-    const auto make = [this](FlexGrid* grid, const char* name, KeyFilter filter, int maxLength) {
-        auto* editor = new FloatingEditor(grid);
-        editor->setObjectName(QString::fromLatin1(name));
-        TakeOnly(editor, filter, maxLength);
-        connect(editor, &FloatingEditor::TakenBack, this, &frmMasClassSectionEntry::TakeBack);
-        return editor;
-    };
-    txtClassName_ = make(ui_->msgClassDetails, "txtClassName", &KeyAllButQuote, 4);
-    txtNoOfDivisions_ = make(ui_->msgClassDetails, "txtNoOfDivisions", &KeyNumeric, 2);
-    txtClassOrder_ = make(ui_->msgClassDetails, "txtClassOrder", &KeyNumeric, 2);
-    txtDivisionName_ = make(ui_->msgDivisionDetails, "txtDivisionName", &KeyAllButQuote, 3);
-    TakeOnly(ui_->txtDeleteSlNo, &KeyNumeric, 2);
-    txtNoOfDivisions_->installEventFilter(this);
-    txtClassOrder_->installEventFilter(this);
-
-    QWidget* before = ui_->msgClassDetails;
-    for (QWidget* next : std::initializer_list<QWidget*>{
-             txtClassName_, txtNoOfDivisions_, txtClassOrder_, ui_->msgDivisionDetails, txtDivisionName_,
-             ui_->txtDeleteSlNo, ui_->cmdDeleteRow, ui_->cmdNew}) {
-        setTabOrder(before, next);
-        before = next;
-    }
+    using Form = frmMasClassSectionEntry;
+    boxes_ = new CellEditors(this);
+    boxes_->AddText(ui_->msgClassDetails, {.column = ClassColumn::ClassName,
+                                           .name = "txtClassName",
+                                           .filter = &KeyAllButQuote,
+                                           .maxLength = 4,
+                                           .typed = std::bind_front(&Form::txtClassName_Change, this),
+                                           .enter = std::bind_front(&Form::txtClassName_Enter, this),
+                                           .leave = std::bind_front(&Form::txtClassName_Validate, this)});
+    boxes_->AddText(ui_->msgClassDetails, {.column = ClassColumn::NoOfDivisions,
+                                           .name = "txtNoOfDivisions",
+                                           .filter = &KeyNumeric,
+                                           .maxLength = 2,
+                                           .typed = std::bind_front(&Form::txtNoOfDivisions_Change, this),
+                                           .enter = std::bind_front(&Form::txtNoOfDivisions_Enter, this),
+                                           .leave = std::bind_front(&Form::txtNoOfDivisions_Validate, this),
+                                           .mayType = std::bind_front(&Form::IsNamed, this)});
+    boxes_->AddText(ui_->msgClassDetails, {.column = ClassColumn::ClassOrder,
+                                           .name = "txtClassOrder",
+                                           .filter = &KeyNumeric,
+                                           .maxLength = 2,
+                                           .typed = std::bind_front(&Form::txtClassOrder_Change, this),
+                                           .enter = std::bind_front(&Form::txtClassOrder_Enter, this),
+                                           .leave = std::bind_front(&Form::txtClassOrder_Validate, this),
+                                           .mayType = std::bind_front(&Form::IsNamed, this)});
+    boxes_->AddText(ui_->msgDivisionDetails,
+                    {.column = DivisionColumn::DivisionName,
+                     .name = "txtDivisionName",
+                     .filter = &KeyAllButQuote,
+                     .maxLength = 3,
+                     .typed = std::bind_front(&Form::txtDivisionName_Change, this),
+                     .leave = std::bind_front(&Form::txtDivisionName_Validate, this)});
+    boxes_->SetTakeBack([this](int) {
+        return [this, before = classes_] {
+            classes_ = before;
+            ShowClasses();
+            LoadOldDetails();
+        };
+    });
+    deleteRow_ = new RowDelete(ui_->txtDeleteSlNo, ui_->cmdDeleteRow, boxes_,
+                               {.lastRow = [this] { return IsEntering() ? classes_.RowCount() : 0; },
+                                .takeOut = std::bind_front(&Form::DeleteRow, this)});
 }
 
 void frmMasClassSectionEntry::ConnectHandlers()
@@ -109,13 +105,12 @@ void frmMasClassSectionEntry::ConnectHandlers()
     connect(ui_->cmdEdit, &QPushButton::clicked, this, &Form::cmdEdit_Click);
     const auto onClick = [this](const QPushButton* button, void (Form::*handler)()) {
         connect(button, &QPushButton::clicked, this, [this, handler] {
-            if (!IsRefused())
+            if (!boxes_->KeepsFocus())
                 (this->*handler)();
         });
     };
     onClick(ui_->cmdSave, &Form::cmdSave_Click);
     onClick(ui_->cmdCancel, &Form::cmdCancel_Click);
-    onClick(ui_->cmdDeleteRow, &Form::cmdDeleteRow_Click);
 
     connect(ui_->msgClassDetails, &FlexGrid::CellClicked, this, &Form::msgClassDetails_Click);
     // The arrows choose a class as a click does; the boxes that go from row to row do not.
@@ -124,27 +119,10 @@ void frmMasClassSectionEntry::ConnectHandlers()
             LoadOldDetails();
     });
     connect(ui_->msgDivisionDetails, &FlexGrid::CellClicked, this, &Form::msgDivisionDetails_Click);
-
-    connect(txtClassName_, &FloatingEditor::Typed, this, &Form::txtClassName_Change);
-    connect(txtClassName_, &FloatingEditor::EnterPressed, this, &Form::txtClassName_Enter);
-    txtClassName_->SetValidate([this] { return txtClassName_Validate(); });
-    connect(txtNoOfDivisions_, &FloatingEditor::Typed, this, &Form::txtNoOfDivisions_Change);
-    connect(txtNoOfDivisions_, &FloatingEditor::EnterPressed, this, &Form::txtNoOfDivisions_Enter);
-    connect(txtNoOfDivisions_, &FloatingEditor::Left, this, &Form::LoadOldDetails);
-    txtNoOfDivisions_->SetValidate([this] { return txtNoOfDivisions_Validate(); });
-    connect(txtClassOrder_, &FloatingEditor::Typed, this, &Form::txtClassOrder_Change);
-    connect(txtClassOrder_, &FloatingEditor::EnterPressed, this, &Form::txtClassOrder_Enter);
-    txtClassOrder_->SetValidate([this] { return txtClassOrder_Validate(); });
-    connect(txtDivisionName_, &FloatingEditor::Typed, this, &Form::txtDivisionName_Change);
-    connect(txtDivisionName_, &FloatingEditor::EnterPressed, this, &Form::txtDivisionName_Enter);
-    txtDivisionName_->SetValidate([this] { return txtDivisionName_Validate(); });
-    connect(ui_->txtDeleteSlNo, &QLineEdit::textChanged, this, &Form::txtDeleteSlNo_Change);
 }
 
 void frmMasClassSectionEntry::Form_Load()
 {
-    classes_.Clear();
-    txtDeleteSlNo_Change();
     SetEntering(false);
     // The note about the order of the classes is to be read before anything else.
     ui_->fraButtons->setEnabled(false);
@@ -158,8 +136,8 @@ void frmMasClassSectionEntry::cmdClose_Click()
     ui_->fraButtons->setEnabled(true);
     classes_.StartFirstRow();
     ShowClasses();
-    ui_->msgDivisionDetails->SetTextMatrix(1, DivisionCodeCol, QStringLiteral("1"));
-    HideControls();
+    ui_->msgDivisionDetails->SetTextMatrix(1, DivisionColumn::DivisionCode, QStringLiteral("1"));
+    boxes_->Close();
     ui_->cmdNew->setFocus();
     ReadClasses();
 }
@@ -172,7 +150,7 @@ void frmMasClassSectionEntry::cmdNew_Click()
     ui_->cmdNew->setEnabled(false);
     classes_.StartFirstRow();
     ShowClasses();
-    OpenClass(ClassField::ClassName, 1);
+    boxes_->Open(ui_->msgClassDetails, 1, ClassColumn::ClassName);
 }
 
 void frmMasClassSectionEntry::cmdEdit_Click()
@@ -182,17 +160,17 @@ void frmMasClassSectionEntry::cmdEdit_Click()
     SetEntering(true);
     ui_->cmdEdit->setEnabled(false);
     editing_ = true;
-    ui_->msgClassDetails->SetCurrentCell(1, ClassNameCol);
+    ui_->msgClassDetails->SetCurrentCell(1, ClassColumn::ClassName);
     LoadOldDetails();
     ui_->cmdSave->setFocus();
 }
 
 void frmMasClassSectionEntry::cmdSave_Click()
 {
-    HideControls();
+    boxes_->Close();
     if (const auto fault = FindFault(classes_)) {
         Prompts::Information(fault->message);
-        OpenClass(fault->field, fault->row);
+        boxes_->Open(ui_->msgClassDetails, fault->row, fault->column);
         return;
     }
     QStringList kept;
@@ -226,7 +204,7 @@ void frmMasClassSectionEntry::cmdSave_Click()
 
 void frmMasClassSectionEntry::cmdCancel_Click()
 {
-    HideControls();
+    boxes_->Close();
     ClearControls(this);
     classes_.Clear();
     ShowClasses();
@@ -240,30 +218,15 @@ void frmMasClassSectionEntry::cmdCancel_Click()
 
 void frmMasClassSectionEntry::cmdExit_Click()
 {
-    if (!IsRefused())
+    if (!boxes_->KeepsFocus())
         Screen::cmdExit_Click();
 }
 
-void frmMasClassSectionEntry::cmdDeleteRow_Click()
+void frmMasClassSectionEntry::DeleteRow(int row)
 {
-    const int row = ui_->txtDeleteSlNo->text().toInt();
-    if (!Prompts::Ask(QStringLiteral("Do You Want To Delete S.No. %1 ?").arg(row)))
-        return;
-    HideControls();
     classes_.DeleteRow(row);
     ShowClasses();
     LoadOldDetails();
-    ui_->txtDeleteSlNo->clear();
-    ui_->txtDeleteSlNo->setFocus();
-}
-
-void frmMasClassSectionEntry::txtDeleteSlNo_Change()
-{
-    const int row = ui_->txtDeleteSlNo->text().toInt();
-    const bool mayDelete = IsEntering() && row >= 1 && row <= classes_.RowCount();
-    ui_->cmdDeleteRow->setEnabled(mayDelete);
-    // Enter leads to the button, and nowhere while there is nothing to delete.
-    ui_->txtDeleteSlNo->setProperty(TakesEnter, !mayDelete);
 }
 
 void frmMasClassSectionEntry::ReadClasses()
@@ -302,16 +265,9 @@ void frmMasClassSectionEntry::LoadData()
 
 void frmMasClassSectionEntry::LoadOldDetails()
 {
-    FlexGrid* grid = ui_->msgDivisionDetails;
     const int row = ui_->msgClassDetails->CurrentRow();
     const int classCode = row >= 1 && row <= classes_.RowCount() ? classes_.Row(row).classCode : 0;
-    const std::vector<ClassDivision> divisions = classes_.DivisionsOf(classCode);
-    grid->SetRows(static_cast<int>(divisions.size()) + 1);
-    int next = 0;
-    for (const ClassDivision& division : divisions)
-        SetRow(grid, ++next,
-               {QString::number(division.divisionCode), division.divisionName,
-                QString::number(division.classCode)});
+    ui_->msgDivisionDetails->ShowRows(classes_.DivisionTable(classCode));
 }
 
 void frmMasClassSectionEntry::ReArrangeClassOrder()
@@ -330,15 +286,125 @@ void frmMasClassSectionEntry::ReArrangeClassOrder()
 
 void frmMasClassSectionEntry::ShowClasses()
 {
-    FlexGrid* grid = ui_->msgClassDetails;
-    grid->SetRows(classes_.RowCount() + 1);
-    for (int row = 1; row <= classes_.RowCount(); ++row) {
-        const ClassRow& entry = classes_.Row(row);
-        SetRow(grid, row,
-               {Shown(entry.serial), entry.className, entry.noOfDivisions, entry.classOrder,
-                QString::number(entry.oldNoOfDivisions), QString::number(entry.oldDivision),
-                Shown(entry.classCode)});
+    ui_->msgClassDetails->ShowRows(classes_.ClassTable());
+}
+
+void frmMasClassSectionEntry::msgClassDetails_Click(int row, int col)
+{
+    boxes_->Close();
+    LoadOldDetails();
+    boxes_->Open(ui_->msgClassDetails, row, col);
+}
+
+void frmMasClassSectionEntry::msgDivisionDetails_Click(int row)
+{
+    boxes_->Open(ui_->msgDivisionDetails, row, DivisionColumn::DivisionName);
+}
+
+bool frmMasClassSectionEntry::IsNamed(int row)
+{
+    if (classes_.Row(row).IsNamed())
+        return true;
+    // A class gets its name before its numbers.
+    Prompts::Information(QStringLiteral("Enter Class Name"));
+    boxes_->Open(ui_->msgClassDetails, row, ClassColumn::ClassName);
+    return false;
+}
+
+void frmMasClassSectionEntry::txtClassName_Change(int row, const QString& text)
+{
+    if (text.trimmed().isEmpty())
+        return;
+    classes_.Row(row).className = text.trimmed();
+    ShowClasses();
+}
+
+void frmMasClassSectionEntry::txtClassName_Enter(int, const QString& text)
+{
+    if (!text.isEmpty() && boxes_->MayLeave())
+        boxes_->OpenNext();
+}
+
+QString frmMasClassSectionEntry::txtClassName_Validate(int row, const QString& text)
+{
+    if (!classes_.ClassNameTaken(row, text.trimmed()))
+        return {};
+    classes_.Row(row).className = text.trimmed();
+    ShowClasses();
+    return QStringLiteral("Class Name Already Exists");
+}
+
+void frmMasClassSectionEntry::txtNoOfDivisions_Change(int row, const QString& text)
+{
+    classes_.SetNoOfDivisions(row, text);
+    ShowClasses();
+    LoadOldDetails();
+}
+
+void frmMasClassSectionEntry::txtNoOfDivisions_Enter(int row, const QString& text)
+{
+    ClassRow& entry = classes_.Row(row);
+    if (entry.Divisions() == 0)
+        return;
+    if (entry.Order() == 0)
+        entry.classOrder = QString::number(classes_.NextClassOrder());
+    txtNoOfDivisions_Validate(row, text);
+    boxes_->OpenNext();
+}
+
+QString frmMasClassSectionEntry::txtNoOfDivisions_Validate(int row, const QString&)
+{
+    classes_.Row(row).oldNoOfDivisions = classes_.Row(row).Divisions();
+    ShowClasses();
+    LoadOldDetails();
+    return {};
+}
+
+void frmMasClassSectionEntry::txtClassOrder_Change(int row, const QString& text)
+{
+    classes_.Row(row).classOrder = text;
+    ShowClasses();
+}
+
+void frmMasClassSectionEntry::txtClassOrder_Enter(int row, const QString& text)
+{
+    txtClassOrder_Validate(row, text);
+    if (row == classes_.RowCount()) {
+        if (classes_.IsFull()) {
+            Prompts::Information(QStringLiteral("You Cannot Create More Than 99 Classes"));
+            return;
+        }
+        classes_.AddRow();
+        ShowClasses();
+        deleteRow_->Refresh();
     }
+    boxes_->OpenNext();
+}
+
+QString frmMasClassSectionEntry::txtClassOrder_Validate(int row, const QString&)
+{
+    classes_.ShiftClassOrders(row);
+    ShowClasses();
+    return {};
+}
+
+void frmMasClassSectionEntry::txtDivisionName_Change(int row, const QString& text)
+{
+    FlexGrid* grid = ui_->msgDivisionDetails;
+    const int classCode = grid->TextMatrix(row, DivisionColumn::ClassCode).toInt();
+    const QString name = text.trimmed();
+    if (classes_.DivisionNameTaken(classCode, row, name, false))
+        boxes_->Refuse(QStringLiteral("Division Name Already Exists"));
+    grid->SetTextMatrix(row, DivisionColumn::DivisionName, name);
+    classes_.NameDivision(classCode, row, name);
+}
+
+QString frmMasClassSectionEntry::txtDivisionName_Validate(int row, const QString& text)
+{
+    const int classCode = ui_->msgDivisionDetails->TextMatrix(row, DivisionColumn::ClassCode).toInt();
+    return classes_.DivisionNameTaken(classCode, row, text.trimmed(), true)
+               ? QStringLiteral("Division Name Already Exists")
+               : QString();
 }
 
 bool frmMasClassSectionEntry::IsEntering() const

@@ -282,7 +282,7 @@ struct FaultCase
     const char* what;
     void (*spoil)(ClassSectionGrid&);
     const char* message;
-    ClassField field;
+    ClassColumn column;
     int row;
 
     friend void PrintTo(const FaultCase& row, std::ostream* out) { *out << row.what; }
@@ -299,7 +299,7 @@ TEST_P(FindFaultTest, NamesTheFirstFaultAndWhereItStands)
     const auto fault = FindFault(grid);
     ASSERT_TRUE(fault) << GetParam().what;
     EXPECT_EQ(fault->message.toStdString(), GetParam().message);
-    EXPECT_EQ(fault->field, GetParam().field) << GetParam().what;
+    EXPECT_EQ(fault->column, GetParam().column) << GetParam().what;
     EXPECT_EQ(fault->row, GetParam().row) << GetParam().what;
 }
 
@@ -307,40 +307,40 @@ INSTANTIATE_TEST_SUITE_P(
     EachCheck, FindFaultTest,
     testing::Values(
         FaultCase{"two classes with one name", [](ClassSectionGrid& grid) { grid.Row(3).className = "XII"; },
-                  "Class Name Already Exists", ClassField::ClassName, 3},
+                  "Class Name Already Exists", ClassColumn::ClassName, 3},
         FaultCase{"divisions of a nameless class",
                   [](ClassSectionGrid& grid) { grid.Row(2).className = " "; },
-                  "Class Name Should Not Be Empty", ClassField::ClassName, 2},
+                  "Class Name Should Not Be Empty", ClassColumn::ClassName, 2},
         FaultCase{"a class without divisions",
                   [](ClassSectionGrid& grid) { grid.SetNoOfDivisions(2, QStringLiteral("0")); },
-                  "Each Class Should Have Atleast One Division", ClassField::NoOfDivisions, 2},
+                  "Each Class Should Have Atleast One Division", ClassColumn::NoOfDivisions, 2},
         FaultCase{"a class without an order", [](ClassSectionGrid& grid) { grid.Row(1).classOrder.clear(); },
-                  "Class Order Should Not Be Empty", ClassField::ClassOrder, 1},
+                  "Class Order Should Not Be Empty", ClassColumn::ClassOrder, 1},
         FaultCase{"order 0", [](ClassSectionGrid& grid) { grid.Row(2).classOrder = "00"; },
-                  "Class Order Should Not Be Empty", ClassField::ClassOrder, 2},
+                  "Class Order Should Not Be Empty", ClassColumn::ClassOrder, 2},
         FaultCase{"two classes at one order", [](ClassSectionGrid& grid) { grid.Row(3).classOrder = "1"; },
-                  "Class Order Already Exists", ClassField::ClassOrder, 3},
+                  "Class Order Already Exists", ClassColumn::ClassOrder, 3},
         FaultCase{"a double order above a missing one",
                   [](ClassSectionGrid& grid) {
                       grid.Row(2).classOrder = "1";
                       grid.Row(3).classOrder.clear();
                   },
-                  "Class Order Already Exists", ClassField::ClassOrder, 2},
+                  "Class Order Already Exists", ClassColumn::ClassOrder, 2},
         FaultCase{"a nameless division",
                   [](ClassSectionGrid& grid) { grid.NameDivision(5, 2, QStringLiteral(" ")); },
-                  "Enter Division Name To Class XI", ClassField::NoOfDivisions, 2},
+                  "Enter Division Name To Class XI", ClassColumn::NoOfDivisions, 2},
         FaultCase{"a name fault goes before an order fault",
                   [](ClassSectionGrid& grid) {
                       grid.Row(1).classOrder.clear();
                       grid.Row(2).className.clear();
                   },
-                  "Class Name Should Not Be Empty", ClassField::ClassName, 2},
+                  "Class Name Should Not Be Empty", ClassColumn::ClassName, 2},
         FaultCase{"nothing entered at all",
                   [](ClassSectionGrid& grid) {
                       grid.Clear();
                       grid.StartFirstRow();
                   },
-                  "Enter Class-Division Details", ClassField::ClassName, 1}));
+                  "Enter Class-Division Details", ClassColumn::ClassName, 1}));
 
 TEST(ClassSectionGridTest, NamesThatDifferOnlyInCasePassEveryCheck)
 {
