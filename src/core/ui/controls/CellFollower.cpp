@@ -12,7 +12,10 @@ CellFollower::CellFollower(FlexGrid* grid, QWidget* box) : QObject(box), grid_(g
     box->hide();
     for (const QScrollBar* bar : {grid->verticalScrollBar(), grid->horizontalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, &CellFollower::Follow);
-    connect(grid->horizontalHeader(), &QHeaderView::sectionResized, this, &CellFollower::Follow);
+    const QHeaderView* head = grid->horizontalHeader();
+    connect(head, &QHeaderView::sectionResized, this, &CellFollower::Follow);
+    // A column that takes the room of a larger form tells its width before those behind it have moved.
+    connect(head, &QHeaderView::sectionResized, this, &CellFollower::Follow, Qt::QueuedConnection);
 }
 
 void CellFollower::OpenAt(int row, int col)
