@@ -7,7 +7,7 @@
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
-#include "core/ui/ScreenRegistry.h"
+#include "core/ui/SideButton.h"
 #include "exams/MarkGrid.h"
 #include "store/StoreError.h"
 #include "ui_frmexammarkentry.h"
@@ -20,8 +20,6 @@ namespace tally {
 namespace {
 
 constexpr int HelpScreenNo = 19;
-
-const QString ExamMaster = QStringLiteral("frmexamnamemaster");
 
 QString NameOf(MarkMode mode)
 {
@@ -44,7 +42,6 @@ frmexammarkentry::frmexammarkentry()
 {
     ui_->setupUi(this);
     DressButtons(this);
-    ui_->cmdAddExam->setIcon(LookIcon(QStringLiteral("add")));
     ui_->cmdAddExam->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_E));
     ui_->msgDetails->SetReadableWhileClosed();
     marks_ = new MarkGrid(ui_->msgDetails, entry_.Sheet(), this);
@@ -58,7 +55,8 @@ frmexammarkentry::~frmexammarkentry() = default;
 void frmexammarkentry::ConnectHandlers()
 {
     using Form = frmexammarkentry;
-    connect(ui_->cmdAddExam, &QPushButton::clicked, this, &Form::cmdAddExam_Click);
+    new SideButton(this, ui_->cmdAddExam, ui_->dbcExam, QStringLiteral("frmexamnamemaster"),
+                   [this] { LoadExam(); });
     connect(ui_->dbcExam, &DataCombo::Chosen, this, &Form::dbcExam_Change);
     connect(ui_->cboClass, &DataCombo::Chosen, this, &Form::cboClass_Click);
     connect(ui_->cboDivision, &DataCombo::Chosen, this, &Form::cboDivision_Click);
@@ -89,16 +87,6 @@ void frmexammarkentry::Form_Load()
     LoadClass();
     LoadDivision();
     ui_->cmdNew->setFocus();
-}
-
-void frmexammarkentry::Form_Activate(bool)
-{
-    if (!examsOpened_)
-        return;
-    LoadExam();
-    ui_->dbcExam->setFocus();
-    // Until it is closed, the exam master may be gone back to for one more exam.
-    NoteOpenExamMaster();
 }
 
 SchoolListRepository frmexammarkentry::Lists() const
@@ -135,17 +123,6 @@ void frmexammarkentry::LoadDivision()
     const int classCode = Scope().classCode;
     if (classCode != 0)
         Read([&] { ui_->cboDivision->SetListBehindBlank(Lists().DivisionsByName(classCode)); });
-}
-
-void frmexammarkentry::cmdAddExam_Click()
-{
-    ShowForm(ExamMaster);
-    NoteOpenExamMaster();
-}
-
-void frmexammarkentry::NoteOpenExamMaster()
-{
-    examsOpened_ = ScreenRegistry::OpenInstance(ExamMaster) != nullptr;
 }
 
 void frmexammarkentry::dbcExam_Change()

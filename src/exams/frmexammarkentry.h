@@ -29,7 +29,6 @@ public:
 
 protected:
     QString ExitCaption() const override;
-    void Form_Activate(bool first) override;
     bool eventFilter(QObject* receiver, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -40,8 +39,6 @@ private:
     void LoadExam();
     void LoadClass();
     void LoadDivision();
-    void cmdAddExam_Click();
-    void NoteOpenExamMaster();
     void dbcExam_Change();
     void cboClass_Click();
     void cboDivision_Click();
@@ -86,7 +83,6 @@ private:
     MarkEntry entry_;
     MarkGrid* marks_ = nullptr;
     bool EditMode_ = false;
-    bool examsOpened_ = false; ///< the exam master was opened from here, and exams may have been added
 };
 
 } // namespace tally
