@@ -44,16 +44,9 @@ struct DivisionFullMark
     std::optional<double> fullMark;
 };
 
-/// The columns of the summary of a rank list. Its head is hidden.
-enum class SummaryColumn : int
-{
-    Text,
-    Number, ///< of all students, or of the marks
-    Count,  ///< of the students with a grade, or without one
-    Grade,  ///< hidden
-};
-
 /// Counts the students of a rank list by grade, those without one, and the full marks, from row 1 on.
+/// Columns: the text, a number of students or marks, a count by grade, the grade (hidden). The head is
+/// hidden.
 GridTable LoadGradeSummary(const GridTable& list, const std::vector<QString>& grades,
                            const QString& className, const std::vector<DivisionFullMark>& fullMarks);
 
