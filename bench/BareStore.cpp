@@ -53,7 +53,7 @@ private:
 
 QByteArray ScopeCondition()
 {
-    const RankScope scope = BenchSchool::Scope();
+    const SchoolScope scope = BenchSchool::Scope();
     return QStringLiteral("AcademicYearCode=%1 and ExamCode=%2 and ClassCode=%3")
         .arg(scope.academicYearCode)
         .arg(scope.examCode)
@@ -103,7 +103,7 @@ double BareStore::SumByStudent()
 
 std::vector<BareStore::Student> BareStore::Students()
 {
-    const RankScope scope = BenchSchool::Scope();
+    const SchoolScope scope = BenchSchool::Scope();
     Rows rows(engine_.get(), QStringLiteral("Select StudentCode,DivisionCode from StudentClassDivision where "
                                             "AcademicYearCode=%1 and ClassCode=%2")
                                  .arg(scope.academicYearCode)

@@ -25,7 +25,7 @@ BenchSchool::BenchSchool(int students)
                            [&](store::Transaction& transaction) { FillSampleSchool(transaction, options); });
 }
 
-RankScope BenchSchool::Scope()
+SchoolScope BenchSchool::Scope()
 {
     return {.academicYearCode = 1, .examCode = 1, .classCode = 1};
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ranks/RankTypes.h"
+#include "core/school/SchoolTypes.h"
 
 #include <QString>
 #include <QTemporaryDir>
@@ -19,7 +19,7 @@ public:
 
     QString Folder() const { return folder_.path(); }
     /// The class in the exam whose marks are complete.
-    static RankScope Scope();
+    static SchoolScope Scope();
     static std::vector<int> DivisionCodes() { return {1, 2, 3, 4}; }
     static QString Password();
 

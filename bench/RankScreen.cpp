@@ -27,7 +27,7 @@ void Choose(QWidget* screen, const char* combo, int code)
 
 void ChooseAll(QWidget* screen)
 {
-    const RankScope scope = BenchSchool::Scope();
+    const SchoolScope scope = BenchSchool::Scope();
     Choose(screen, "Cboexamname", scope.examCode);
     Choose(screen, "cboClass", scope.classCode);
     Find<QCheckBox>(screen, "chkSelectAll")->click();

@@ -2,7 +2,7 @@
 
 namespace tally {
 
-MarkChoices MarkEntry::List(const MarkScope& scope)
+MarkChoices MarkEntry::List(const SchoolScope& scope)
 {
     MarkRepository marks(main_);
     MarkChoices choices;
@@ -22,7 +22,7 @@ MarkChoices MarkEntry::List(const MarkScope& scope)
     return choices;
 }
 
-bool MarkEntry::Choose(const MarkScope& scope, int code)
+bool MarkEntry::Choose(const SchoolScope& scope, int code)
 {
     const store::ReadTransaction reading(main_);
     MarkRepository marks(main_);
@@ -38,7 +38,7 @@ bool MarkEntry::Choose(const MarkScope& scope, int code)
     return true;
 }
 
-void MarkEntry::ListForEdit(const MarkScope& scope, int subjectCode)
+void MarkEntry::ListForEdit(const SchoolScope& scope, int subjectCode)
 {
     const store::ReadTransaction reading(main_);
     MarkRepository marks(main_);
@@ -59,7 +59,7 @@ void MarkEntry::Take(const std::optional<MarkSubject>& subject, const std::vecto
     marksExist_ = !stored.empty();
 }
 
-QString MarkEntry::Missing(const MarkScope& scope)
+QString MarkEntry::Missing(const SchoolScope& scope)
 {
     MarkRepository marks(main_);
     if (!marks.HasStudents(scope))

@@ -33,16 +33,16 @@ public:
     void ForgetMarks() { marksExist_ = false; }
 
     /// The rows of the mode, nothing entered, and what they can be entered for.
-    MarkChoices List(const MarkScope& scope);
+    MarkChoices List(const SchoolScope& scope);
     /// The stored marks of the subject or student come into the rows. False for a subject that the class has
     /// given up meanwhile: the rows stay to be looked at, but their marks are not those of this subject, and
     /// an edit must not replace its marks by them.
-    bool Choose(const MarkScope& scope, int code);
+    bool Choose(const SchoolScope& scope, int code);
     /// The rows of the subject anew, without the relieved students: who was relieved has no place in a list
     /// that is edited, and his marks go with the next save.
-    void ListForEdit(const MarkScope& scope, int subjectCode);
+    void ListForEdit(const SchoolScope& scope, int subjectCode);
     /// What the class-division lacks for a save; empty for nothing.
-    QString Missing(const MarkScope& scope);
+    QString Missing(const SchoolScope& scope);
 
 private:
     /// `subject` brings its limits and its teacher; none in student mode, and for a subject that the class

@@ -17,7 +17,7 @@ QString RowColumn(MarkMode mode)
 
 } // namespace
 
-CodedTexts MarkRepository::Subjects(const MarkScope& scope)
+CodedTexts MarkRepository::Subjects(const SchoolScope& scope)
 {
     return ReadCodedTexts(main_.Query(
         QStringLiteral(
@@ -27,12 +27,12 @@ CodedTexts MarkRepository::Subjects(const MarkScope& scope)
         scope.classCode, scope.divisionCode, scope.academicYearCode));
 }
 
-CodedTexts MarkRepository::Students(const MarkScope& scope)
+CodedTexts MarkRepository::Students(const SchoolScope& scope)
 {
     return StudentsToMark(scope, false);
 }
 
-CodedTexts MarkRepository::StudentsToMark(const MarkScope& scope, bool withRelieved)
+CodedTexts MarkRepository::StudentsToMark(const SchoolScope& scope, bool withRelieved)
 {
     const QString orMarked =
         withRelieved
@@ -55,7 +55,7 @@ CodedTexts MarkRepository::StudentsToMark(const MarkScope& scope, bool withRelie
     return ReadCodedTexts(std::move(students));
 }
 
-std::vector<MarkSubject> MarkRepository::SubjectsToMark(const MarkScope& scope)
+std::vector<MarkSubject> MarkRepository::SubjectsToMark(const SchoolScope& scope)
 {
     std::vector<MarkSubject> subjects;
     store::Statement rows = main_.Query(
@@ -69,7 +69,7 @@ std::vector<MarkSubject> MarkRepository::SubjectsToMark(const MarkScope& scope)
     return subjects;
 }
 
-std::optional<MarkSubject> MarkRepository::FindSubject(const MarkScope& scope, int subjectCode)
+std::optional<MarkSubject> MarkRepository::FindSubject(const SchoolScope& scope, int subjectCode)
 {
     store::Statement rows = main_.Query(
         QStringLiteral("SELECT TeacherCode, MaximumAllowed, MaximumMark FROM ClassSubjectTeacher WHERE "
@@ -80,7 +80,7 @@ std::optional<MarkSubject> MarkRepository::FindSubject(const MarkScope& scope, i
     return MarkSubject{subjectCode, {}, rows.Int(0), rows.Double(1), rows.Double(2)};
 }
 
-std::vector<StoredMark> MarkRepository::StoredMarks(const MarkScope& scope, MarkMode mode, int code)
+std::vector<StoredMark> MarkRepository::StoredMarks(const SchoolScope& scope, MarkMode mode, int code)
 {
     std::vector<StoredMark> marks;
     store::Statement rows = main_.Query(
@@ -93,19 +93,19 @@ std::vector<StoredMark> MarkRepository::StoredMarks(const MarkScope& scope, Mark
     return marks;
 }
 
-bool MarkRepository::HasStudents(const MarkScope& scope)
+bool MarkRepository::HasStudents(const SchoolScope& scope)
 {
     return HasRows(
         QStringLiteral("StudentClassDivision a, StudentMaster b WHERE a.StudentCode = b.StudentCode"), scope);
 }
 
-bool MarkRepository::HasSubjects(const MarkScope& scope)
+bool MarkRepository::HasSubjects(const SchoolScope& scope)
 {
     return HasRows(
         QStringLiteral("ClassSubjectTeacher a, SubjectMaster b WHERE a.SubjectCode = b.SubjectCode"), scope);
 }
 
-bool MarkRepository::HasRows(const QString& tables, const MarkScope& scope)
+bool MarkRepository::HasRows(const QString& tables, const SchoolScope& scope)
 {
     return main_.Number(
                QStringLiteral("SELECT count(*) FROM %1 AND a.ClassCode = ? AND a.DivisionCode = ? AND "
@@ -114,7 +114,8 @@ bool MarkRepository::HasRows(const QString& tables, const MarkScope& scope)
                scope.classCode, scope.divisionCode, scope.academicYearCode) > 0;
 }
 
-void MarkRepository::Delete(store::Transaction& transaction, const MarkScope& scope, MarkMode mode, int code)
+void MarkRepository::Delete(store::Transaction& transaction, const SchoolScope& scope, MarkMode mode,
+                            int code)
 {
     transaction.Execute(QStringLiteral("DELETE FROM MarkMaster WHERE ClassCode = ? AND DivisionCode = ? AND "
                                        "ExamCode = ? AND AcademicYearCode = ? AND %1 = ?")
@@ -122,7 +123,7 @@ void MarkRepository::Delete(store::Transaction& transaction, const MarkScope& sc
                         scope.classCode, scope.divisionCode, scope.examCode, scope.academicYearCode, code);
 }
 
-void MarkRepository::Insert(store::Transaction& transaction, const MarkScope& scope,
+void MarkRepository::Insert(store::Transaction& transaction, const SchoolScope& scope,
                             const std::vector<MarkRecord>& marks, int userCode)
 {
     store::Statement insert = transaction.Prepare(QStringLiteral(

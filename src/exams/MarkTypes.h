@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/school/SchoolTypes.h"
+
 #include <QString>
 
 namespace tally {
@@ -11,16 +13,11 @@ enum class MarkMode
     Student,
 };
 
-/// One exam of one class-division in one academic year. A code of 0 stands for nothing chosen.
-struct MarkScope
+/// Whether exam, class and division are chosen, for which marks are entered.
+inline bool IsComplete(const SchoolScope& scope)
 {
-    int academicYearCode = 0;
-    int examCode = 0;
-    int classCode = 0;
-    int divisionCode = 0;
-
-    bool IsComplete() const { return examCode != 0 && classCode != 0 && divisionCode != 0; }
-};
+    return scope.examCode != 0 && scope.classCode != 0 && scope.divisionCode != 0;
+}
 
 /// A subject as the class-division takes it.
 struct MarkSubject

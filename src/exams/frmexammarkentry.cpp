@@ -1,8 +1,10 @@
 #include "exams/frmexammarkentry.h"
 
 #include "core/Numbers.h"
+#include "core/school/SchoolListRepository.h"
 #include "core/SessionContext.h"
 #include "core/ui/controls/FlexGrid.h"
+#include "core/ui/DivisionChoice.h"
 #include "core/ui/FormKeys.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
@@ -58,6 +60,7 @@ void frmexammarkentry::ConnectHandlers()
     new SideButton(this, ui_->cmdAddExam, ui_->dbcExam, QStringLiteral("frmexamnamemaster"),
                    [this] { LoadExam(); });
     connect(ui_->dbcExam, &DataCombo::Chosen, this, &Form::dbcExam_Change);
+    classDivision_ = new DivisionChoice(this, ui_->cboClass, ui_->cboDivision, DivisionChoice::Order::ByName);
     connect(ui_->cboClass, &DataCombo::Chosen, this, &Form::cboClass_Click);
     connect(ui_->cboDivision, &DataCombo::Chosen, this, &Form::cboDivision_Click);
     connect(ui_->Optsubject, &QRadioButton::clicked, this, &Form::Optsubject_Click);
@@ -84,17 +87,11 @@ void frmexammarkentry::ConnectHandlers()
 void frmexammarkentry::Form_Load()
 {
     LoadExam();
-    LoadClass();
-    LoadDivision();
+    classDivision_->Load();
     ui_->cmdNew->setFocus();
 }
 
-SchoolListRepository frmexammarkentry::Lists() const
-{
-    return SchoolListRepository(MainStore());
-}
-
-MarkScope frmexammarkentry::Scope() const
+SchoolScope frmexammarkentry::Scope() const
 {
     return {Session().gintAcademicYearCode, ui_->dbcExam->BoundCode(), ui_->cboClass->BoundCode(),
             ui_->cboDivision->BoundCode()};
@@ -108,21 +105,8 @@ DataCombo* frmexammarkentry::List() const
 void frmexammarkentry::LoadExam()
 {
     const int chosen = ui_->dbcExam->BoundCode();
-    Read([this] { ui_->dbcExam->SetList(Lists().ExamsBehindBlank()); });
+    Read([this] { ui_->dbcExam->SetList(SchoolListRepository(MainStore()).ExamsBehindBlank()); });
     ui_->dbcExam->SetBoundCode(chosen);
-}
-
-void frmexammarkentry::LoadClass()
-{
-    Read([this] { ui_->cboClass->SetListBehindBlank(Lists().Classes()); });
-}
-
-void frmexammarkentry::LoadDivision()
-{
-    ui_->cboDivision->SetListBehindBlank({});
-    const int classCode = Scope().classCode;
-    if (classCode != 0)
-        Read([&] { ui_->cboDivision->SetListBehindBlank(Lists().DivisionsByName(classCode)); });
 }
 
 void frmexammarkentry::dbcExam_Change()
@@ -136,7 +120,6 @@ void frmexammarkentry::cboClass_Click()
 {
     EmptyLists();
     ResetGrid();
-    LoadDivision();
 }
 
 void frmexammarkentry::cboDivision_Click()
@@ -182,21 +165,21 @@ void frmexammarkentry::UseMode(MarkMode mode)
 void frmexammarkentry::ListMode(MarkMode mode)
 {
     UseMode(mode);
-    if (!Scope().IsComplete())
+    if (!IsComplete(Scope()))
         return;
-    MarkChoices choices;
-    if (!Read([&] { choices = entry_.List(Scope()); })) {
+    const auto choices = Fetch([this] { return entry_.List(Scope()); });
+    if (!choices) {
         // Whoever could be chosen without his rows would lose his marks with the next save.
         EmptyLists();
         ResetGrid();
         return;
     }
-    List()->SetList(choices.entries);
-    if (!choices.noEntry.isEmpty())
-        Prompts::Information(choices.noEntry);
+    List()->SetList(choices->entries);
+    if (!choices->noEntry.isEmpty())
+        Prompts::Information(choices->noEntry);
     ShowRows();
-    if (!choices.noRow.isEmpty())
-        Prompts::Information(choices.noRow);
+    if (!choices->noRow.isEmpty())
+        Prompts::Information(choices->noRow);
 }
 
 void frmexammarkentry::EmptyLists()
@@ -221,7 +204,7 @@ void frmexammarkentry::List_Change()
 {
     marks_->Close();
     const int chosen = List()->BoundCode();
-    if (!Scope().IsComplete() || chosen == 0) {
+    if (!IsComplete(Scope()) || chosen == 0) {
         EmptyMarks();
         return;
     }
@@ -238,7 +221,7 @@ void frmexammarkentry::List_Change()
 
 bool frmexammarkentry::List_Validate()
 {
-    if (!ui_->fraMain->isEnabled() || !Scope().IsComplete() || List()->IsBlank())
+    if (!ui_->fraMain->isEnabled() || !IsComplete(Scope()) || List()->IsBlank())
         return true;
     if (!entry_.MarksExist()) {
         marks_->Open(1, MarkColumn::Mark);
@@ -345,13 +328,15 @@ bool frmexammarkentry::IsReady()
         return Refuse(QStringLiteral("Select Class"), ui_->cboClass);
     if (ui_->cboDivision->BoundCode() == 0)
         return Refuse(QStringLiteral("Select Division"), ui_->cboDivision);
-    QString missing;
-    if (!IsChosen() || !Read([&] { missing = entry_.Missing(Scope()); }))
+    if (!IsChosen())
         return false;
-    if (missing == NoStudents)
+    const auto missing = Fetch([this] { return entry_.Missing(Scope()); });
+    if (!missing)
+        return false;
+    if (*missing == NoStudents)
         ui_->dbcStudent->SetBoundCode(0);
-    if (!missing.isEmpty()) {
-        Prompts::Information(missing);
+    if (!missing->isEmpty()) {
+        Prompts::Information(*missing);
         return false;
     }
     if (const auto fault = entry_.Sheet().FindFault()) {
@@ -393,9 +378,8 @@ void frmexammarkentry::cmdSave_Click()
 void frmexammarkentry::cmdCancel_Click()
 {
     LoadExam();
-    LoadClass();
     ClearControls(this);
-    // No class is chosen any more, and so nothing below it.
+    classDivision_->Load();
     cboClass_Click();
     Optsubject_Click();
     ui_->cmdNew->setEnabled(true);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/school/SchoolListRepository.h"
 #include "core/ui/Screen.h"
 #include "exams/MarkEntry.h"
 
@@ -13,6 +12,7 @@ class frmexammarkentry;
 namespace tally {
 
 class DataCombo;
+class DivisionChoice;
 class MarkGrid;
 
 /// "Classwise Mark Entry": the marks of one exam in one class-division, typed either for one subject student
@@ -37,8 +37,6 @@ private:
     void ConnectHandlers();
 
     void LoadExam();
-    void LoadClass();
-    void LoadDivision();
     void dbcExam_Change();
     void cboClass_Click();
     void cboDivision_Click();
@@ -55,8 +53,7 @@ private:
     void cmdCancel_Click();
     void msgDetails_Click(int row, int col);
 
-    SchoolListRepository Lists() const;
-    MarkScope Scope() const;
+    SchoolScope Scope() const;
     MarkMode Mode() const { return entry_.Sheet().Mode(); }
     /// The list of the mode in which marks are entered.
     DataCombo* List() const;
@@ -80,6 +77,7 @@ private:
     bool IsReady();
 
     std::unique_ptr<Ui::frmexammarkentry> ui_;
+    DivisionChoice* classDivision_ = nullptr;
     MarkEntry entry_;
     MarkGrid* marks_ = nullptr;
     bool EditMode_ = false;

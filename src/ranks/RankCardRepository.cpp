@@ -1,6 +1,6 @@
 #include "ranks/RankCardRepository.h"
 
-#include "ranks/CodesQuery.h"
+#include "core/school/CodesQuery.h"
 #include "store/Transaction.h"
 
 #include <QHash>
@@ -16,7 +16,7 @@ std::optional<double> Value(const store::Statement& row, int column)
 
 } // namespace
 
-StudentListInput RankCardRepository::LoadStudentList(const RankCardScope& scope)
+StudentListInput RankCardRepository::LoadStudentList(const SchoolScope& scope)
 {
     const store::ReadTransaction reading(main_);
     StudentListInput input;
@@ -45,7 +45,7 @@ StudentListInput RankCardRepository::LoadStudentList(const RankCardScope& scope)
     return input;
 }
 
-RankCardInput RankCardRepository::LoadRankCards(const RankCardScope& scope,
+RankCardInput RankCardRepository::LoadRankCards(const SchoolScope& scope,
                                                 const std::vector<int>& studentCodes,
                                                 const std::vector<int>& examCodes, SubjectDisplay display)
 {
@@ -60,7 +60,7 @@ RankCardInput RankCardRepository::LoadRankCards(const RankCardScope& scope,
     return input;
 }
 
-void RankCardRepository::LoadNames(const RankCardScope& scope, RankCardInput& input)
+void RankCardRepository::LoadNames(const SchoolScope& scope, RankCardInput& input)
 {
     store::Statement rows = main_.Query(
         QStringLiteral("SELECT c.ClassName, d.DivisionName FROM ClassDivisionMaster c INNER JOIN "
@@ -73,7 +73,7 @@ void RankCardRepository::LoadNames(const RankCardScope& scope, RankCardInput& in
     }
 }
 
-void RankCardRepository::LoadStudents(const RankCardScope& scope, const std::vector<int>& studentCodes,
+void RankCardRepository::LoadStudents(const SchoolScope& scope, const std::vector<int>& studentCodes,
                                       RankCardInput& input)
 {
     QHash<int, CardStudent> marked;
@@ -99,8 +99,7 @@ void RankCardRepository::LoadExams(const std::vector<int>& examCodes, RankCardIn
         input.exams.push_back({rows.Int(0), rows.Text(1)});
 }
 
-void RankCardRepository::LoadSubjects(const RankCardScope& scope, SubjectDisplay display,
-                                      RankCardInput& input)
+void RankCardRepository::LoadSubjects(const SchoolScope& scope, SubjectDisplay display, RankCardInput& input)
 {
     QString sql = QStringLiteral("SELECT a.SubjectShortName, a.SubjectCode FROM SubjectMaster a INNER JOIN "
                                  "ClassSubjectTeacher b ON a.SubjectCode = b.SubjectCode WHERE "
@@ -113,7 +112,7 @@ void RankCardRepository::LoadSubjects(const RankCardScope& scope, SubjectDisplay
         input.subjects.push_back({rows.Int(1), rows.Text(0).trimmed()});
 }
 
-void RankCardRepository::LoadMarks(const RankCardScope& scope, const std::vector<int>& examCodes,
+void RankCardRepository::LoadMarks(const SchoolScope& scope, const std::vector<int>& examCodes,
                                    RankCardInput& input)
 {
     // A student who repeats the class has marks of two years in it; the later ones are read last and stand.
@@ -128,7 +127,7 @@ void RankCardRepository::LoadMarks(const RankCardScope& scope, const std::vector
         input.marks.push_back({rows.Int(0), rows.Int(1), rows.Int(2), rows.Double(3)});
 }
 
-void RankCardRepository::LoadRanks(const RankCardScope& scope, const std::vector<int>& examCodes,
+void RankCardRepository::LoadRanks(const SchoolScope& scope, const std::vector<int>& examCodes,
                                    RankCardInput& input)
 {
     store::Statement rows = QueryCodes(

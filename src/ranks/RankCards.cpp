@@ -30,7 +30,7 @@ public:
         : input_(input), markDecimals_(markDecimals),
           students_(
               NumbersOf(input.students, [](const CardStudent& student) { return student.studentCode; })),
-          exams_(NumbersOf(input.exams, [](const RankExam& exam) { return exam.examCode; })),
+          exams_(NumbersOf(input.exams, [](const SchoolExam& exam) { return exam.examCode; })),
           subjects_(
               NumbersOf(input.subjects, [](const CardSubject& subject) { return subject.subjectCode; })),
           lineOf_(input.students.size() * input.exams.size(), 0)
@@ -84,7 +84,7 @@ private:
         }
         auto line = lineOf_.begin();
         for (const CardStudent& student : input_.students) {
-            for (const RankExam& exam : input_.exams) {
+            for (const SchoolExam& exam : input_.exams) {
                 if (*line == HasMarks) {
                     *line = cards_.table.Rows();
                     AddLine(student, exam);
@@ -95,7 +95,7 @@ private:
         }
     }
 
-    void AddLine(const CardStudent& student, const RankExam& exam)
+    void AddLine(const CardStudent& student, const SchoolExam& exam)
     {
         GridTable::Row cells;
         cells.reserve(static_cast<std::size_t>(cards_.table.Cols()));
@@ -157,16 +157,13 @@ std::vector<bool> MarksComplete(const StudentListInput& input, const std::vector
     return complete;
 }
 
-QString StudentItem(const QString& studentName, bool complete)
+ListItem StudentItem(const ListedStudent& student, bool complete)
 {
-    return (complete ? CompleteMark : IncompleteMark) + studentName;
-}
-
-QString StudentRefusal(const QString& item)
-{
-    if (!item.startsWith(IncompleteMark.front()))
-        return {};
-    return QStringLiteral("'Classwise Mark Entry' Is Not Made For This Student - ") + item;
+    const QString text = (complete ? CompleteMark : IncompleteMark) + student.studentName;
+    if (complete)
+        return {student.studentCode, text, {}};
+    return {student.studentCode, text,
+            QStringLiteral("'Classwise Mark Entry' Is Not Made For This Student - ") + text};
 }
 
 RankCardGrid ComputeRankCards(const RankCardInput& input, int markDecimals)

@@ -1,21 +1,14 @@
 #pragma once
 
 #include "core/GridTable.h"
-#include "ranks/RankTypes.h"
+#include "core/school/ListItem.h"
+#include "core/school/SchoolTypes.h"
 #include "ranks/TempRankTable.h"
 
 #include <optional>
 #include <vector>
 
 namespace tally {
-
-/// The class-division whose rank cards are made, and the year whose students and subjects they take.
-struct RankCardScope
-{
-    int academicYearCode = 0;
-    int classCode = 0;
-    int divisionCode = 0;
-};
 
 /// A student of the list from which the cards are chosen.
 struct ListedStudent
@@ -44,11 +37,9 @@ struct StudentListInput
 /// input; without exams every student is complete.
 std::vector<bool> MarksComplete(const StudentListInput& input, const std::vector<int>& examCodes);
 
-/// The text of a student's item: a two-character mark, which is blank when the marks are complete, and the
-/// name.
-QString StudentItem(const QString& studentName, bool complete);
-/// Why a student with this item cannot be ticked; empty for one whose marks are complete.
-QString StudentRefusal(const QString& item);
+/// The student's line in the list: a two-character mark, which is blank when the marks are complete, and the
+/// name. Without them he cannot be ticked.
+ListItem StudentItem(const ListedStudent& student, bool complete);
 
 struct CardStudent
 {
@@ -88,7 +79,7 @@ struct RankCardInput
 {
     QString className;
     QString divisionName;
-    std::vector<RankExam> exams;       ///< the ticked ones in the order of a card's lines
+    std::vector<SchoolExam> exams;     ///< the ticked ones in the order of a card's lines
     std::vector<CardStudent> students; ///< the ticked ones in the order of the cards
     std::vector<CardSubject> subjects; ///< the columns
     std::vector<CardMark> marks;

@@ -45,9 +45,9 @@ struct TempTotal
     bool mayRank = false;
 };
 
-std::size_t DivisionIndex(const std::vector<RankDivision>& divisions, int divisionCode)
+std::size_t DivisionIndex(const std::vector<SchoolDivision>& divisions, int divisionCode)
 {
-    const auto found = std::find_if(divisions.begin(), divisions.end(), [&](const RankDivision& division) {
+    const auto found = std::find_if(divisions.begin(), divisions.end(), [&](const SchoolDivision& division) {
         return division.divisionCode == divisionCode;
     });
     return found == divisions.end() ? NotListed : static_cast<std::size_t>(found - divisions.begin());

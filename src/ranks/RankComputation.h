@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/GridTable.h"
-#include "ranks/RankTypes.h"
+#include "core/school/SchoolTypes.h"
 
 #include <array>
 #include <exception>
@@ -32,7 +32,7 @@ struct StudentMark
 struct RankInput
 {
     QString className;
-    std::vector<RankDivision> divisions; ///< the selected ones, in list order
+    std::vector<SchoolDivision> divisions; ///< the selected ones, in list order
     std::vector<RankStudent>
         students; ///< of these divisions; those without any mark are left out of the list
     std::vector<SubjectSetup> subjects; ///< of these divisions, in SlNo order
@@ -89,7 +89,7 @@ struct RankRow
 struct RankList
 {
     QString className;
-    std::vector<RankDivision> divisions;
+    std::vector<SchoolDivision> divisions;
     std::vector<RankSubject> subjects;
     std::vector<RankRow> rows;
     std::vector<RankCell> cells; ///< row after row, subjects.size() of each

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ranks/RankComputation.h"
-#include "ranks/RankSelection.h"
 #include "ranks/TempRankTable.h"
 #include "store/Transaction.h"
 
@@ -10,35 +9,29 @@
 
 namespace tally {
 
-/// All statements of the rank list on the school's own tables but for those of SchoolListRepository. Each
-/// function runs a fixed number of them, whatever the size of the class. Throws StoreError.
+/// All statements of the rank list on the school's own tables but for those of SchoolListRepository and
+/// DivisionRepository. Each function runs a fixed number of them, whatever the size of the class. Throws
+/// StoreError.
 class RankRepository
 {
 public:
     /// `main` must outlive the repository.
     explicit RankRepository(store::Connection& main) : main_(main) {}
 
-    /// The divisions of the class by code, with what their marks in the list depend on, as of one moment.
-    std::vector<DivisionFacts> LoadDivisionFacts(const RankScope& scope);
-    /// The subjects of the class, all divisions, by SlNo.
-    std::vector<SubjectSetup> LoadSubjectSetup(const RankScope& scope);
-    /// The grade tables of the class for the exam, all divisions, each in its own order.
-    std::vector<GradeBand> LoadGradeBands(const RankScope& scope);
-
     /// All that a list of the divisions needs, which are given in list order, as of one moment.
-    RankInput LoadRankInput(const RankScope& scope, const std::vector<int>& divisionCodes);
+    RankInput LoadRankInput(const SchoolScope& scope, const std::vector<int>& divisionCodes);
 
     /// The grades of the divisions in the order of their tables; a grade at two positions comes twice.
-    std::vector<QString> LoadGradesInOrder(const RankScope& scope, const std::vector<int>& divisionCodes);
+    std::vector<QString> LoadGradesInOrder(const SchoolScope& scope, const std::vector<int>& divisionCodes);
 
     /// Replaces the saved result of the divisions by these totals.
-    static void ReplaceRankTotals(store::Transaction& main, const RankScope& scope,
+    static void ReplaceRankTotals(store::Transaction& main, const SchoolScope& scope,
                                   const std::vector<int>& divisionCodes,
                                   const std::vector<RankTotal>& totals);
 
 private:
-    std::vector<QString> LoadDistinctGrades(const RankScope& scope, const std::vector<int>& divisionCodes);
-    std::vector<std::optional<double>> LoadFullMarks(const RankScope& scope,
+    std::vector<QString> LoadDistinctGrades(const SchoolScope& scope, const std::vector<int>& divisionCodes);
+    std::vector<std::optional<double>> LoadFullMarks(const SchoolScope& scope,
                                                      const std::vector<int>& divisionCodes);
 
     store::Connection& main_;

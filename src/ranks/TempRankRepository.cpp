@@ -1,6 +1,6 @@
 #include "ranks/TempRankRepository.h"
 
-#include "ranks/CodesQuery.h"
+#include "core/school/CodesQuery.h"
 #include "store/WorkingTable.h"
 
 namespace tally {
@@ -60,7 +60,7 @@ void TempRankRepository::FillTempRankCalculation(store::Transaction& temp, const
     store::Statement insert = table.Insert(temp);
     const QByteArray className = list.className.toUtf8();
     std::vector<QByteArray> divisionNames;
-    for (const RankDivision& division : list.divisions)
+    for (const SchoolDivision& division : list.divisions)
         divisionNames.push_back(division.divisionName.toUtf8());
     std::vector<CellBuffer> texts(subjectCount);
 

@@ -1,5 +1,6 @@
 #include "ranks/frmRankCalculation.h"
 
+#include "core/school/DivisionRepository.h"
 #include "core/school/SchoolListRepository.h"
 #include "core/SessionContext.h"
 #include "core/ui/controls/CheckList.h"
@@ -95,7 +96,7 @@ RankRepository frmRankCalculation::Repository() const
     return RankRepository(MainStore());
 }
 
-RankScope frmRankCalculation::Scope() const
+SchoolScope frmRankCalculation::Scope() const
 {
     return {Session().gintAcademicYearCode, ui_->Cboexamname->BoundCode(), ui_->cboClass->BoundCode()};
 }
@@ -140,10 +141,10 @@ void frmRankCalculation::cboClass_Click()
     ui_->Lstdivision->clear();
     bool allReady = true;
     Read([&] {
-        for (const DivisionFacts& facts : Repository().LoadDivisionFacts(Scope())) {
-            const QString mark = DivisionMark(facts, Display());
-            ui_->Lstdivision->AddItem(mark + facts.division.divisionName, facts.division.divisionCode);
-            allReady = allReady && mark.trimmed().isEmpty();
+        for (const DivisionFacts& facts : DivisionRepository(MainStore()).LoadDivisionFacts(Scope())) {
+            const ListItem item = DivisionItem(facts, Display());
+            ui_->Lstdivision->AddItem(item);
+            allReady = allReady && item.refusal.isEmpty();
         }
     });
     ui_->chkSelectAll->setEnabled(allReady);
@@ -155,7 +156,7 @@ void frmRankCalculation::Lstdivision_ItemCheck(int index, bool ticked)
         Untick({ui_->Lstdivision->ItemData(index)});
         return;
     }
-    const QString refusal = DivisionRefusal(ui_->Lstdivision->item(index)->text());
+    const QString refusal = ui_->Lstdivision->Refusal(index);
     if (!refusal.isEmpty()) {
         Prompts::Information(refusal);
         Untick({ui_->Lstdivision->ItemData(index)});
@@ -190,9 +191,7 @@ void frmRankCalculation::chkSelectAll_Click(bool ticked)
         ClearBases();
         return;
     }
-    CheckList* list = ui_->Lstdivision;
-    for (int index = 0; index < list->count(); ++index)
-        list->SetTicked(index, ticked && list->item(index)->text().startsWith(QLatin1Char(' ')));
+    ui_->Lstdivision->SetAllTicked(ticked);
     if (!ticked) {
         ClearBases();
         return;
@@ -237,7 +236,7 @@ bool frmRankCalculation::CheckSubjectMatch()
         return false;
     MatchResult result;
     Read([&] {
-        result = tally::CheckSubjectMatch(Repository().LoadSubjectSetup(Scope()),
+        result = tally::CheckSubjectMatch(DivisionRepository(MainStore()).LoadSubjectSetup(Scope()),
                                           ui_->Lstdivision->TickedData(), Display(), subjectBase_);
     });
     Untick(result.untick);
@@ -248,8 +247,8 @@ bool frmRankCalculation::CheckGradeMatch()
 {
     MatchResult result;
     Read([&] {
-        result = tally::CheckGradeMatch(Repository().LoadGradeBands(Scope()), ui_->Lstdivision->TickedData(),
-                                        gradeBase_);
+        result = tally::CheckGradeMatch(DivisionRepository(MainStore()).LoadGradeBands(Scope()),
+                                        ui_->Lstdivision->TickedData(), gradeBase_);
     });
     Untick(result.untick);
     return result.mismatch;

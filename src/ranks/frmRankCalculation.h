@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/school/DivisionSelection.h"
 #include "core/ui/Screen.h"
 #include "ranks/OwnRankTable.h"
 #include "ranks/RankRepository.h"
-#include "ranks/RankSelection.h"
 
 #include <memory>
 
@@ -62,7 +62,7 @@ private:
     void CheckAgreement(const QString& subjectMessage, const QString& gradeMessage);
 
     RankRepository Repository() const;
-    RankScope Scope() const;
+    SchoolScope Scope() const;
     SubjectDisplay Display() const;
     RankOrder Order() const;
 

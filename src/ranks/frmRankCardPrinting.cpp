@@ -7,6 +7,7 @@
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/HourGlass.h"
+#include "core/ui/DivisionChoice.h"
 #include "core/ui/FormKeys.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
@@ -42,14 +43,15 @@ frmRankCardPrinting::~frmRankCardPrinting() = default;
 void frmRankCardPrinting::Form_Load()
 {
     LoadExams();
-    LoadClasses();
-    cboClass_Click();
+    classDivision_->Load();
+    LoadStudentList();
     ui_->Lstexamnames->setFocus();
 }
 
 void frmRankCardPrinting::ConnectHandlers()
 {
-    connect(ui_->cboClass, &DataCombo::Chosen, this, &frmRankCardPrinting::cboClass_Click);
+    classDivision_ = new DivisionChoice(this, ui_->cboClass, ui_->cboDivision, DivisionChoice::Order::ByCode);
+    connect(ui_->cboClass, &DataCombo::Chosen, this, &frmRankCardPrinting::LoadStudentList);
     connect(ui_->cboDivision, &DataCombo::Chosen, this, &frmRankCardPrinting::LoadStudentList);
     connect(ui_->Lstexamnames, &CheckList::Ticked, this,
             [this](int, bool ticked) { Lstexamnames_ItemCheck(ticked); });
@@ -70,9 +72,9 @@ void frmRankCardPrinting::ShowStudentKey()
     ui_->Label5->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("[   ]")));
 }
 
-RankCardScope frmRankCardPrinting::Scope() const
+SchoolScope frmRankCardPrinting::Scope() const
 {
-    return {Session().gintAcademicYearCode, ui_->cboClass->BoundCode(), ui_->cboDivision->BoundCode()};
+    return {Session().gintAcademicYearCode, 0, ui_->cboClass->BoundCode(), ui_->cboDivision->BoundCode()};
 }
 
 void frmRankCardPrinting::LoadExams()
@@ -80,24 +82,8 @@ void frmRankCardPrinting::LoadExams()
     ui_->Lstexamnames->clear();
     Read([this] {
         for (const auto& [code, name] : SchoolListRepository(MainStore()).Exams())
-            ui_->Lstexamnames->AddItem(name, code);
+            ui_->Lstexamnames->AddItem({code, name, {}});
     });
-}
-
-void frmRankCardPrinting::LoadClasses()
-{
-    ui_->cboClass->SetListBehindBlank({});
-    Read([this] { ui_->cboClass->SetListBehindBlank(SchoolListRepository(MainStore()).Classes()); });
-}
-
-void frmRankCardPrinting::cboClass_Click()
-{
-    ui_->cboDivision->SetListBehindBlank({});
-    Read([this] {
-        SchoolListRepository lists(MainStore());
-        ui_->cboDivision->SetListBehindBlank(lists.DivisionsByCode(ui_->cboClass->BoundCode()));
-    });
-    LoadStudentList();
 }
 
 void frmRankCardPrinting::Lstexamnames_ItemCheck(bool ticked)
@@ -109,8 +95,7 @@ void frmRankCardPrinting::Lstexamnames_ItemCheck(bool ticked)
 
 void frmRankCardPrinting::chkSelectExamName_Click(bool ticked)
 {
-    for (int index = 0; index < ui_->Lstexamnames->count(); ++index)
-        ui_->Lstexamnames->SetTicked(index, ticked);
+    ui_->Lstexamnames->SetAllTicked(ticked);
     LoadStudentList();
 }
 
@@ -119,7 +104,7 @@ void frmRankCardPrinting::LoadStudentList()
     ClearCards();
     ui_->LstStudents->clear();
     ui_->chkSelectStudents->setChecked(false);
-    const RankCardScope scope = Scope();
+    const SchoolScope scope = Scope();
     if (scope.classCode == 0 || scope.divisionCode == 0)
         return;
     Read([&] {
@@ -127,16 +112,14 @@ void frmRankCardPrinting::LoadStudentList()
         const StudentListInput input = RankCardRepository(MainStore()).LoadStudentList(scope);
         const std::vector<bool> complete = MarksComplete(input, ui_->Lstexamnames->TickedData());
         for (std::size_t number = 0; number < input.students.size(); ++number) {
-            const ListedStudent& student = input.students[number];
-            ui_->LstStudents->AddItem(StudentItem(student.studentName, complete[number]),
-                                      student.studentCode);
+            ui_->LstStudents->AddItem(StudentItem(input.students[number], complete[number]));
         }
     });
 }
 
 void frmRankCardPrinting::LstStudents_ItemCheck(int index, bool ticked)
 {
-    const QString refusal = ticked ? StudentRefusal(ui_->LstStudents->item(index)->text()) : QString();
+    const QString refusal = ticked ? ui_->LstStudents->Refusal(index) : QString();
     if (!refusal.isEmpty()) {
         Prompts::Information(refusal);
         ui_->LstStudents->SetTicked(index, false);
@@ -150,9 +133,7 @@ void frmRankCardPrinting::LstStudents_ItemCheck(int index, bool ticked)
 void frmRankCardPrinting::chkSelectStudents_Click(bool ticked)
 {
     ClearCards();
-    CheckList* list = ui_->LstStudents;
-    for (int index = 0; index < list->count(); ++index)
-        list->SetTicked(index, ticked && StudentRefusal(list->item(index)->text()).isEmpty());
+    ui_->LstStudents->SetAllTicked(ticked);
 }
 
 bool frmRankCardPrinting::SelectionComplete()

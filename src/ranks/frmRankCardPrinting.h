@@ -11,6 +11,8 @@ class frmRankCardPrinting;
 
 namespace tally {
 
+class DivisionChoice;
+
 /// "Rank Card": shows for chosen students of a division a card with the marks and the saved rank of each
 /// chosen exam, and exports the cards for printing.
 class frmRankCardPrinting : public Screen
@@ -29,12 +31,10 @@ private:
     void ShowStudentKey();
 
     void LoadExams();
-    void LoadClasses();
     /// Lists the students of the chosen division, each with the mark of incomplete marks in a ticked exam.
     void LoadStudentList();
     void LoadRankCard();
 
-    void cboClass_Click();
     void Lstexamnames_ItemCheck(bool ticked);
     void chkSelectExamName_Click(bool ticked);
     void LstStudents_ItemCheck(int index, bool ticked);
@@ -48,9 +48,10 @@ private:
     /// What is chosen has changed, so the cards shown are no longer those of the selection.
     void ClearCards();
 
-    RankCardScope Scope() const;
+    SchoolScope Scope() const;
 
     std::unique_ptr<Ui::frmRankCardPrinting> ui_;
+    DivisionChoice* classDivision_ = nullptr;
 };
 
 } // namespace tally

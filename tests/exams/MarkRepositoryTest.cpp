@@ -1,8 +1,8 @@
 #include "exams/MarkRepository.h"
 
-#include "ranks/RankSchool.h"
 #include "store/StoreError.h"
 #include "support/Neighbours.h"
+#include "support/TestSchool.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -57,7 +57,7 @@ protected:
             .arg(subject.maximumMark);
     }
     /// All that the repository tells of one exam of one class-division.
-    std::string AllOf(const MarkScope& asked)
+    std::string AllOf(const SchoolScope& asked)
     {
         QString text =
             QString::fromStdString(ToText(marks.Subjects(asked)) + '|' + ToText(marks.Students(asked)) + '|' +
@@ -85,9 +85,9 @@ protected:
         transaction.Commit();
     }
 
-    RankSchool school;
+    TestSchool school;
     MarkRepository marks{school.main};
-    MarkScope scope{1, 1, 1, 1};
+    SchoolScope scope{1, 1, 1, 1};
 };
 
 TEST_F(MarkRepositoryTest, SubjectsAreChosenByNameAndEnteredInTheirOrder)
@@ -147,7 +147,8 @@ TEST_F(MarkRepositoryTest, ARelievedStudentDoesNotStayForMarksOfAnotherYearClass
     school.main.Execute(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (2, 'A', 1)"));
     const int asha = school.AddStudent(1, QStringLiteral("Asha"));
     Relieve(asha);
-    for (const MarkScope& other : {MarkScope{2, 1, 1, 1}, MarkScope{1, 1, 2, 1}, MarkScope{1, 1, 1, 2}}) {
+    for (const SchoolScope& other :
+         {SchoolScope{2, 1, 1, 1}, SchoolScope{1, 1, 2, 1}, SchoolScope{1, 1, 1, 2}}) {
         Write([&](auto& transaction) {
             MarkRepository::Insert(transaction, other, {{asha, 1, 40, true, 0}}, 5);
         });

@@ -8,7 +8,7 @@ void MarkScreen::SetUp()
 {
     ScreenFixture::SetUp();
     StopPresence();
-    school = std::make_unique<RankSchool>(*Session().gcnnMain, *Session().gcnnTemp);
+    school = std::make_unique<TestSchool>(*Session().gcnnMain, *Session().gcnnTemp);
     Session().gintAcademicYearCode = 1;
     Session().gintUserCode = 5;
     school->AddDivision(1, "A");

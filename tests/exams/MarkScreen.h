@@ -3,8 +3,8 @@
 #include "core/ui/controls/FloatingCombo.h"
 #include "core/ui/controls/FloatingEditor.h"
 #include "exams/frmexammarkentry.h"
-#include "ranks/RankSchool.h"
 #include "support/FormDriver.h"
+#include "support/TestSchool.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -68,7 +68,7 @@ protected:
     /// "student subject mark P teacher user" of each stored row.
     std::string Stored();
 
-    std::unique_ptr<RankSchool> school;
+    std::unique_ptr<TestSchool> school;
     DataCombo* exam = nullptr;
     QComboBox* classes = nullptr;
     QComboBox* divisions = nullptr;

@@ -1,6 +1,6 @@
 #include "core/Numbers.h"
 #include "ranks/RankCardRepository.h"
-#include "ranks/RankSchool.h"
+#include "support/TestSchool.h"
 
 #include <QRandomGenerator>
 
@@ -64,7 +64,7 @@ public:
             Spoil();
     }
 
-    RankSchool school;
+    TestSchool school;
     QStringList spoilt; ///< what was done to it
 
 private:
@@ -119,7 +119,7 @@ std::vector<int> Codes(int count)
     return codes;
 }
 
-void ExpectBounded(RankSchool& school, const RankList& list, RankOrder order)
+void ExpectBounded(TestSchool& school, const RankList& list, RankOrder order)
 {
     const auto before = school.main.StatementsRun() + school.temp.StatementsRun();
     const GridTable view = school.Show(list, order, SubjectDisplay::All);
@@ -132,7 +132,7 @@ void ExpectBounded(RankSchool& school, const RankList& list, RankOrder order)
             EXPECT_LE(view.Text(row, column).size(), LongestNumber) << view.Text(row, column).toStdString();
 }
 
-void ExpectBoundedCards(RankSchool& school)
+void ExpectBoundedCards(TestSchool& school)
 {
     const auto students = Codes(Divisions * Students);
     const GridTable cards =
@@ -153,7 +153,7 @@ TEST(HostileRows, GiveAListAndCardsAsLargeAsTheSchoolWithNumbersThatFitTheirColu
     QString spoilt;
     for (quint32 seed = 0; seed < 300; ++seed) {
         HostileSchool hostile(seed);
-        RankSchool& school = hostile.school;
+        TestSchool& school = hostile.school;
         spoilt += hostile.spoilt.join(QLatin1Char('\n'));
         SCOPED_TRACE(hostile.spoilt.join(QLatin1Char('\n')).toStdString());
         try {
@@ -179,7 +179,7 @@ TEST(HostileRows, GiveAListAndCardsAsLargeAsTheSchoolWithNumbersThatFitTheirColu
 TEST(HostileRows, AMarkBeyondAllMarksIsWrittenWithAnExponent)
 {
     for (const bool fractions : {false, true}) {
-        RankSchool school;
+        TestSchool school;
         school.options.fractionMarks = fractions;
         school.AddUsualDivision(2);
         school.AddMarkedStudent("Anil", {1e300, 50});

@@ -53,7 +53,7 @@ protected:
 
     RankCardRepository Cards() { return RankCardRepository(*Session().gcnnMain); }
 
-    const RankCardScope division{1, 1, 1};
+    const SchoolScope division{1, 0, 1, 1};
 };
 
 TEST_F(RanksOfOneMoment, TheListIsComputedFromOneMoment)
@@ -73,7 +73,7 @@ TEST_F(RanksOfOneMoment, TheListIsComputedFromOneMoment)
 TEST_F(RanksOfOneMoment, TheDivisionsAreListedAsOfOneMoment)
 {
     Expect([&] {
-        const DivisionFacts facts = school->Repository().LoadDivisionFacts(school->scope).front();
+        const DivisionFacts facts = school->Divisions().LoadDivisionFacts(school->scope).front();
         return QStringList{facts.division.divisionName, QString::number(facts.gradeBands - 4),
                            QString::number(facts.completeSubjects - 1),
                            QString::number(facts.subjectsTakenForRank - 1)};

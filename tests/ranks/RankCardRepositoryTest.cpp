@@ -63,7 +63,7 @@ protected:
 
     void Run(const char* sql) { school.main.Execute(QString::fromLatin1(sql)); }
 
-    RankCardInput Cards(const RankCardScope& scope, const std::vector<int>& students = {},
+    RankCardInput Cards(const SchoolScope& scope, const std::vector<int>& students = {},
                         const std::vector<int>& exams = {},
                         SubjectDisplay display = SubjectDisplay::TakenForRankOnly)
     {
@@ -79,10 +79,10 @@ protected:
         return texts.join(QLatin1String("; ")).toStdString();
     }
 
-    RankSchool school;
+    TestSchool school;
     RankCardSchool cards{school};
     RankCardRepository repository{school.main};
-    const RankCardScope own{1, 1, 1};
+    const SchoolScope own{1, 0, 1, 1};
 };
 
 TEST_F(RankCardSets, TheStudentsOfADivisionAndYearStandByNameThenByCode)
@@ -106,13 +106,13 @@ TEST_F(RankCardSets, MarksAreCountedByExamAndStudentWithinTheDivisionAndYear)
 
 TEST_F(RankCardSets, TheNamesAreThoseOfTheClassAndDivision)
 {
-    const auto names = [this](const RankCardScope& scope) {
+    const auto names = [this](const SchoolScope& scope) {
         const RankCardInput input = Cards(scope);
         return (input.className + QLatin1Char(' ') + input.divisionName).toStdString();
     };
-    EXPECT_EQ(names({1, 1, 1}), "X A");
-    EXPECT_EQ(names({1, 1, 2}), "X B");
-    EXPECT_EQ(names({1, 2, 1}), "IX P");
+    EXPECT_EQ(names({1, 0, 1, 1}), "X A");
+    EXPECT_EQ(names({1, 0, 1, 2}), "X B");
+    EXPECT_EQ(names({1, 0, 2, 1}), "IX P");
 }
 
 TEST_F(RankCardSets, AStudentWithoutAMarkInTheDivisionHasNoName)
@@ -129,7 +129,7 @@ TEST_F(RankCardSets, TheExamsAreThoseAskedForInTheOrderOfTheSchoolThenByCode)
 {
     Run("INSERT INTO ExamMaster VALUES (9, 'Ninth', NULL, 0), (8, 'Eighth', NULL, 0)");
     QStringList names;
-    for (const RankExam& exam : Cards(own, {}, {1, 2, 8, 9}).exams)
+    for (const SchoolExam& exam : Cards(own, {}, {1, 2, 8, 9}).exams)
         names.append(exam.examName);
     EXPECT_EQ(names.join(QLatin1Char(' ')).toStdString(), "Eighth Ninth Annual Term One");
 }

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "ranks/RankSchool.h"
+#include "support/TestSchool.h"
 
 namespace tally::test {
 
-/// Lays down what rank cards are made from, on the class of a RankSchool.
+/// Lays down what rank cards are made from, on the class of a TestSchool.
 class RankCardSchool
 {
 public:
-    explicit RankCardSchool(RankSchool& school) : school_(school) {}
+    explicit RankCardSchool(TestSchool& school) : school_(school) {}
 
     void AddExam(int examCode, const char* name, int order)
     {
@@ -52,7 +52,7 @@ private:
         school_.main.Execute(QString::fromLatin1(sql), values...);
     }
 
-    RankSchool& school_;
+    TestSchool& school_;
 };
 
 } // namespace tally::test

@@ -17,7 +17,7 @@ protected:
     void SetUp() override
     {
         ScreenFixture::SetUp();
-        school = std::make_unique<RankSchool>(*Session().gcnnMain, *Session().gcnnTemp);
+        school = std::make_unique<TestSchool>(*Session().gcnnMain, *Session().gcnnTemp);
         cards = std::make_unique<RankCardSchool>(*school);
         Session().gintAcademicYearCode = 1;
         SetExportFolder(Folder() + QStringLiteral("/exports"));
@@ -109,7 +109,7 @@ protected:
         EXPECT_FALSE(Button("cmdExport")->isEnabled());
     }
 
-    std::unique_ptr<RankSchool> school;
+    std::unique_ptr<TestSchool> school;
     std::unique_ptr<RankCardSchool> cards;
     CheckList* exams = nullptr;
     QCheckBox* allExams = nullptr;

@@ -44,7 +44,7 @@ protected:
         school.AddDivision(2, "B");
         Run("Insert into SubjectMaster values(9,'Strange','Str',0)");
         int stranger = 100; // far from the codes that a test's own students get
-        for (const RankCardScope& place : {RankCardScope{5, 1, 1}, {1, 1, 2}, {1, 2, 1}}) {
+        for (const SchoolScope& place : {SchoolScope{5, 0, 1, 1}, {1, 0, 1, 2}, {1, 0, 2, 1}}) {
             Run("Insert into StudentMaster(StudentCode,AdmissionNo,OptionalAdmissionNo,StudentName,"
                 "AcademicYearCode,CityCode,BloodGroupCode,TCNo) values(?,?,?,'Stranger',1,0,0,'')",
                 stranger, stranger, stranger);
@@ -89,9 +89,9 @@ protected:
         return Texts(shown, row, CardColumn::FirstSubject);
     }
 
-    RankSchool school;
+    TestSchool school;
     RankCardSchool cards{school};
-    RankCardScope scope{1, 1, 1};
+    SchoolScope scope{1, 0, 1, 1};
 };
 
 TEST_F(RankCards, AStudentWithMarksInTheFirstAndThirdExamHasTwoLinesInExamOrder)
@@ -159,9 +159,9 @@ TEST_F(RankCards, ACardTakesItsNamesAndSubjectsFromItsOwnDivisionAndYear)
     const RankCardGrid shown = Show({asha}, {1});
     EXPECT_EQ(Marks(shown, 0), QStringLiteral("Eng|Total|Average|Rank|Grade"));
     EXPECT_EQ(Texts(shown, FirstLine), QStringLiteral("First|Asha|A1|X|A|60||||"));
-    scope = {1, 1, 2};
+    scope = {1, 0, 1, 2};
     EXPECT_EQ(Texts(Show({asha}, {7}), FirstLine), QStringLiteral("Second|Asha|A1|X|B||99|99|9|Z"));
-    scope = {1, 2, 1};
+    scope = {1, 0, 2, 1};
     EXPECT_EQ(Texts(Show({asha}, {7}), FirstLine), QStringLiteral("Second|Asha|A1|IX|P||99|99|9|Z"));
 }
 
@@ -390,10 +390,13 @@ TEST_F(RankCards, ADivisionWithoutSubjectsHasCompleteStudentsAndNoCards)
 
 TEST_F(RankCards, TheItemOfAnIncompleteStudentSaysSoAndIsRefusedWithItsWholeText)
 {
-    EXPECT_EQ(StudentItem(QStringLiteral(".Asha"), true), QStringLiteral("  .Asha"));
-    EXPECT_EQ(StudentRefusal(QStringLiteral("  .Asha")), QString());
-    EXPECT_EQ(StudentItem(QStringLiteral("Asha"), false), QStringLiteral(". Asha"));
-    EXPECT_EQ(StudentRefusal(QStringLiteral(". Asha")),
+    const ListItem complete = StudentItem({3, QStringLiteral(".Asha")}, true);
+    EXPECT_EQ(complete.code, 3);
+    EXPECT_EQ(complete.text, QStringLiteral("  .Asha"));
+    EXPECT_EQ(complete.refusal, QString());
+    const ListItem incomplete = StudentItem({3, QStringLiteral("Asha")}, false);
+    EXPECT_EQ(incomplete.text, QStringLiteral(". Asha"));
+    EXPECT_EQ(incomplete.refusal,
               QStringLiteral("'Classwise Mark Entry' Is Not Made For This Student - . Asha"));
 }
 

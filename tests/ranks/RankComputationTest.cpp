@@ -1,4 +1,4 @@
-#include "ranks/RankSchool.h"
+#include "support/TestSchool.h"
 
 #include <gtest/gtest.h>
 #include <ostream>
@@ -22,7 +22,7 @@ QString GradeOf(const RankList& list, const char* name)
 
 TEST(RankNumbers, TwoStudentsOnOneTotalShareTheRankAndTheNextIsTwo)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Anil", {90, 80});
     school.AddMarkedStudent("Bina", {80, 90});
@@ -35,7 +35,7 @@ TEST(RankNumbers, TwoStudentsOnOneTotalShareTheRankAndTheNextIsTwo)
 
 TEST(RankNumbers, WithSkippingTheRankAfterTwoFirstsIsThree)
 {
-    RankSchool school;
+    TestSchool school;
     school.options.skipRanks = true;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Anil", {90, 80});
@@ -54,7 +54,7 @@ class FailedSharers : public testing::TestWithParam<bool>
 
 TEST_P(FailedSharers, TakeNoPlaceFromTheOneWhoPassed)
 {
-    RankSchool school;
+    TestSchool school;
     school.options.skipRanks = GetParam();
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Failed one", {34, 86});
@@ -70,7 +70,7 @@ TEST_P(FailedSharers, TakeNoPlaceFromTheOneWhoPassed)
 
 TEST_P(FailedSharers, OnTheirOwnTotalSpendNoRank)
 {
-    RankSchool school;
+    TestSchool school;
     school.options.skipRanks = GetParam();
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Failed one", {30, 90});
@@ -86,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(WithAndWithoutSkipping, FailedSharers, testing::Bool())
 
 TEST(RankNumbers, RunAcrossAllDivisionsTogether)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddDivision(2, "B");
     school.AddUsualBands(2);
@@ -104,7 +104,7 @@ TEST(RankNumbers, RunAcrossAllDivisionsTogether)
 
 TEST(RankNumbers, ATotalOfZeroGetsNone)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Only art", {0, 70});
@@ -120,7 +120,7 @@ TEST(RankNumbers, ATotalOfZeroGetsNone)
 
 TEST(RankNumbers, ATotalOfZeroGetsNoneEvenWithoutAFailedSubject)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddDivision(1, "A");
     school.AddSubject(1, 1, "Eng", 1);
     school.AddSubject(1, 2, "Art", 2, "No");
@@ -133,7 +133,7 @@ TEST(RankNumbers, ATotalOfZeroGetsNoneEvenWithoutAFailedSubject)
 
 TEST(Absence, InASubjectNotTakenForRankStopsNeitherRankNorGrade)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     const int student = school.AddStudent(1, "Anil");
@@ -149,7 +149,7 @@ TEST(Absence, InASubjectNotTakenForRankStopsNeitherRankNorGrade)
 
 TEST(Absence, InASubjectTakenForRankCostsRankAndGrade)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(2);
     const int student = school.AddStudent(1, "Anil");
     school.EnterMark(student, 1, 90);
@@ -167,7 +167,7 @@ TEST(Absence, InASubjectTakenForRankCostsRankAndGrade)
 
 TEST(BlankCell, IsNoFailureAndLeavesTheStudentARank)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(2);
     school.EnterMark(school.AddStudent(1, "Anil"), 1, 90);
     const RankList list = school.Compute();
@@ -180,7 +180,7 @@ TEST(BlankCell, IsNoFailureAndLeavesTheStudentARank)
 
 TEST(BlankCell, InASubjectNotTakenForRankCarriesNoFlagEither)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Anil", {90});
@@ -189,7 +189,7 @@ TEST(BlankCell, InASubjectNotTakenForRankCarriesNoFlagEither)
 
 TEST(Students, WithoutAnyMarkOfTheExamAreLeftOut)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddStudent(1, "No marks");
     school.AddMarkedStudent("Anil", {50});
@@ -200,7 +200,7 @@ TEST(Students, WithoutAnyMarkOfTheExamAreLeftOut)
 
 TEST(Students, WhoChangedDivisionKeepNoMarksOfTheOldOne)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddDivision(2, "B");
     school.AddUsualBands(2);
@@ -225,7 +225,7 @@ class PassMark : public testing::TestWithParam<PassCase>
 
 TEST_P(PassMark, IsTheTotalAverageOfTheSecondLowestBand)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddMarkedStudent("Anil", {GetParam().mark});
     const RankCell cell = CellOf(school.Compute(), "Anil", 0);
@@ -240,7 +240,7 @@ INSTANTIATE_TEST_SUITE_P(Marks, PassMark,
 
 TEST(PassMarks, AreRawMarksWhateverTheMaximumOfTheSubject)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddDivision(1, "A");
     school.AddUsualBands(1);
     school.AddSubject(1, 1, "Eng", 1, "Yes", 40, 40);
@@ -252,7 +252,7 @@ TEST(PassMarks, AreRawMarksWhateverTheMaximumOfTheSubject)
 
 TEST(PassMarks, ComeFromTheFirstDivisionForAllDivisions)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddDivision(2, "B");
     school.AddBand(2, 90, 60, "A", 1);
@@ -267,7 +267,7 @@ TEST(PassMarks, ComeFromTheFirstDivisionForAllDivisions)
 
 TEST(PassMarks, FailNobodyInASubjectNotTakenForRank)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Anil", {90, 10});
@@ -279,7 +279,7 @@ TEST(PassMarks, FailNobodyInASubjectNotTakenForRank)
 
 TEST(GradeTable, WithoutRowsFailsOnlyAZeroAndGivesNoGrade)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddDivision(1, "A");
     school.AddSubject(1, 1, "Eng", 1);
     school.AddMarkedStudent("Zero", {0});
@@ -292,7 +292,7 @@ TEST(GradeTable, WithoutRowsFailsOnlyAZeroAndGivesNoGrade)
 
 TEST(GradeTable, OfOneRowFailsOnlyAMarkEqualToIt)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddDivision(1, "A");
     school.AddSubject(1, 1, "Eng", 1);
     school.AddBand(1, 35, 0, "P", 1);
@@ -305,7 +305,7 @@ TEST(GradeTable, OfOneRowFailsOnlyAMarkEqualToIt)
 
 TEST(GradeTable, StandsInRisingSubjectAveragesDivisionByDivision)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddDivision(2, "B");
     school.AddBand(2, 40, 30, "P", 1);
@@ -323,7 +323,7 @@ TEST(GradeTable, StandsInRisingSubjectAveragesDivisionByDivision)
 
 TEST(GradeTable, WithOneSubjectAverageForAllStillGivesTheHighestGradeReached)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddDivision(1, "A");
     school.AddSubject(1, 1, "Eng", 1);
     school.AddBand(1, 80, 35, "A", 1);
@@ -342,7 +342,7 @@ TEST(GradeTable, WithOneSubjectAverageForAllStillGivesTheHighestGradeReached)
 
 TEST(Grades, NeedBothAveragesAndEqualIsEnough)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Both reached", {100, 60});
     school.AddMarkedStudent("Both just reached", {50, 110});
@@ -359,7 +359,7 @@ TEST(Grades, NeedBothAveragesAndEqualIsEnough)
 
 TEST(Grades, FollowTheTableOfTheStudentsOwnDivision)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddDivision(2, "B");
     school.AddBand(2, 50, 50, "P", 1);
@@ -378,7 +378,7 @@ TEST(Grades, FollowTheTableOfTheStudentsOwnDivision)
 
 TEST(LowestMark, OpensWithASubjectNotTakenForRank)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddDivision(1, "A");
     school.AddUsualBands(1);
     school.AddSubject(1, 1, "Art", 1, "No");
@@ -391,7 +391,7 @@ TEST(LowestMark, OpensWithASubjectNotTakenForRank)
 
 TEST(LowestMark, IgnoresASubjectNotTakenForRankOnceItIsOpen)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Low art", {90, 15});
@@ -414,7 +414,7 @@ class LowestMarks : public testing::TestWithParam<LowestCase>
 
 TEST_P(LowestMarks, TakeAPresentZeroFromTheSecondSubjectOnOnly)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(3);
     school.AddMarkedStudent("Anil", GetParam().marks);
     EXPECT_EQ(RowOf(school.Compute(), "Anil").minMarks, GetParam().lowest);
@@ -427,7 +427,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, LowestMarks,
 
 TEST(LowestMark, LeavesAbsencesAndBlanksOut)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(4);
     const int student = school.AddStudent(1, "Anil");
     school.EnterAbsence(student, 1);
@@ -438,7 +438,7 @@ TEST(LowestMark, LeavesAbsencesAndBlanksOut)
 
 TEST(Columns, FollowTheSerialNumbersAsFirstSeenAndMarksGoByCode)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(2);
     school.AddDivision(2, "B");
     school.AddUsualBands(2);
@@ -461,7 +461,7 @@ TEST(Columns, FollowTheSerialNumbersAsFirstSeenAndMarksGoByCode)
 
 TEST(MaximumTotal, CountsEachSubjectOnceFromTheFirstDivisionThatHasIt)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddDivision(2, "B");
     school.AddUsualBands(2);
@@ -473,7 +473,7 @@ TEST(MaximumTotal, CountsEachSubjectOnceFromTheFirstDivisionThatHasIt)
 
 TEST(MaximumTotal, OfZeroIsADivisionByZeroAsSoonAsSomebodyHasMarks)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddDivision(1, "A");
     school.AddUsualBands(1);
     school.AddSubject(1, 1, "Art", 1, "No");
@@ -507,7 +507,7 @@ class MarkFormats : public testing::TestWithParam<FormatCase>
 
 TEST_P(MarkFormats, DecideHowManyDecimalsCount)
 {
-    RankSchool school;
+    TestSchool school;
     school.options.fractionMarks = GetParam().fraction;
     school.options.roundedMarks = GetParam().rounded;
     school.AddUsualDivision(3);
@@ -531,7 +531,7 @@ TEST(Averages, AreWholeWhenMarksAreRoundedAndHaveTwoDecimalsOtherwise)
 {
     for (const auto& [fraction, rounded, expected] :
          {std::tuple{true, true, 67.0}, std::tuple{true, false, 66.67}, std::tuple{false, false, 66.67}}) {
-        RankSchool school;
+        TestSchool school;
         school.options.fractionMarks = fraction;
         school.options.roundedMarks = rounded;
         school.AddUsualDivision(3);
@@ -542,7 +542,7 @@ TEST(Averages, AreWholeWhenMarksAreRoundedAndHaveTwoDecimalsOtherwise)
 
 TEST(Averages, OnAHalfGoToTheEvenNeighbourOnlyWhereMarksAreRounded)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddDivision(1, "A");
     school.AddUsualBands(1);
     school.AddSubject(1, 1, "Eng", 1, "Yes", 800, 800);
@@ -558,7 +558,7 @@ TEST(Averages, OnAHalfGoToTheEvenNeighbourOnlyWhereMarksAreRounded)
 
 TEST(Ties, CompareTheTotalsAsTheyAreWritten)
 {
-    RankSchool school;
+    TestSchool school;
     school.options.fractionMarks = true;
     school.options.roundedMarks = true;
     school.AddUsualDivision(1);
@@ -578,7 +578,7 @@ TEST(Ties, CompareTheTotalsAsTheyAreWritten)
 
 TEST(Ties, OfFractionsDoNotDependOnTheOrderOfAdding)
 {
-    RankSchool school;
+    TestSchool school;
     school.options.fractionMarks = true;
     school.AddUsualDivision(3);
     school.AddMarkedStudent("Anil", {50.1, 50.2, 50.3});
@@ -592,7 +592,7 @@ TEST(Ties, OfFractionsDoNotDependOnTheOrderOfAdding)
 
 TEST(Ties, OfTheRankTotalIgnoreSubjectsNotTakenForRank)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Anil", {80, 20});
@@ -607,7 +607,7 @@ TEST(Ties, OfTheRankTotalIgnoreSubjectsNotTakenForRank)
 TEST(Reading, RunsAsManyStatementsForFiveHundredStudentsAsForTen)
 {
     const auto statements = [](int students) {
-        RankSchool school;
+        TestSchool school;
         school.AddUsualDivision(4);
         for (int student = 0; student < students; ++student)
             school.AddMarkedStudent(QStringLiteral("Student %1").arg(student), {50, 60, 70, 80});

@@ -1,5 +1,5 @@
-#include "ranks/RankSchool.h"
 #include "support/Neighbours.h"
+#include "support/TestSchool.h"
 
 #include <gtest/gtest.h>
 
@@ -24,10 +24,10 @@ protected:
     }
 
     /// What is told of the whole class, all divisions.
-    std::string OfTheClass(const RankScope& scope)
+    std::string OfTheClass(const SchoolScope& scope)
     {
         QString text;
-        for (const DivisionFacts& facts : repository.LoadDivisionFacts(scope))
+        for (const DivisionFacts& facts : ofTheClass.LoadDivisionFacts(scope))
             text += QStringLiteral("%1 %2: %3 %4 %5 %6 %7 %8; ")
                         .arg(facts.division.divisionCode)
                         .arg(facts.division.divisionName)
@@ -38,20 +38,20 @@ protected:
                         .arg(facts.completeSubjects)
                         .arg(facts.completeSubjectsTakenForRank);
         text += QLatin1Char('|');
-        for (const SubjectSetup& subject : repository.LoadSubjectSetup(scope))
+        for (const SubjectSetup& subject : ofTheClass.LoadSubjectSetup(scope))
             text += Line(subject);
         text += QLatin1Char('|');
-        for (const GradeBand& band : repository.LoadGradeBands(scope))
+        for (const GradeBand& band : ofTheClass.LoadGradeBands(scope))
             text += Line(band);
         return text.toStdString();
     }
 
     /// What a list of these divisions is made from.
-    std::string OfTheList(const RankScope& scope, const std::vector<int>& divisions)
+    std::string OfTheList(const SchoolScope& scope, const std::vector<int>& divisions)
     {
         const RankInput input = repository.LoadRankInput(scope, divisions);
         QString text = input.className + QLatin1Char('|');
-        for (const RankDivision& division : input.divisions)
+        for (const SchoolDivision& division : input.divisions)
             text += QStringLiteral("%1 %2; ").arg(division.divisionCode).arg(division.divisionName);
         text += QLatin1Char('|');
         for (const RankStudent& student : input.students)
@@ -104,8 +104,9 @@ protected:
             .arg(band.grade);
     }
 
-    RankSchool school;
+    TestSchool school;
     RankRepository repository{school.main};
+    DivisionRepository ofTheClass{school.main};
 };
 
 TEST_F(RankNeighbours, AListIsMadeOfItsOwnYearExamClassAndDivisions)

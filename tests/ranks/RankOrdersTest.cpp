@@ -1,4 +1,4 @@
-#include "ranks/RankSchool.h"
+#include "support/TestSchool.h"
 
 #include <gtest/gtest.h>
 
@@ -30,14 +30,14 @@ protected:
             QStringLiteral("UPDATE StudentClassDivision SET Status = 'N' WHERE StudentCode = 3"));
     }
 
-    RankSchool school;
+    TestSchool school;
     RankRepository repository{school.main};
 };
 
 TEST_F(RankOrders, SubjectsStandByTheirNumberThenByDivisionThenByCode)
 {
     QStringList texts;
-    for (const SubjectSetup& subject : repository.LoadSubjectSetup(school.scope))
+    for (const SubjectSetup& subject : school.Divisions().LoadSubjectSetup(school.scope))
         texts.append(QStringLiteral("%1 %2").arg(subject.divisionCode).arg(subject.subjectCode));
     EXPECT_EQ(texts.join(QLatin1String("; ")).toStdString(), "2 4; 1 1; 1 3; 2 1");
 }
@@ -45,7 +45,7 @@ TEST_F(RankOrders, SubjectsStandByTheirNumberThenByDivisionThenByCode)
 TEST_F(RankOrders, BandsStandByDivisionThenByTheirNumber)
 {
     QStringList texts;
-    for (const GradeBand& band : repository.LoadGradeBands(school.scope))
+    for (const GradeBand& band : school.Divisions().LoadGradeBands(school.scope))
         texts.append(
             QStringLiteral("%1 %2 %3")
                 .arg(QString::number(band.divisionCode), band.grade, QString::number(band.totalAverage)));

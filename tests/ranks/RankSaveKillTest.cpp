@@ -1,5 +1,5 @@
-#include "ranks/RankSchool.h"
 #include "support/ScreenFixture.h"
+#include "support/TestSchool.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -18,7 +18,7 @@ protected:
     {
         ProgramFixture::SetUp();
         OpenConnections();
-        RankSchool school(*Session().gcnnMain, *Session().gcnnTemp);
+        TestSchool school(*Session().gcnnMain, *Session().gcnnTemp);
         school.AddUsualDivision(2);
         store::Transaction transaction(*Session().gcnnMain);
         for (int student = 0; student < Students; ++student)

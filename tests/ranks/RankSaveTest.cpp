@@ -1,5 +1,5 @@
-#include "ranks/RankSchool.h"
 #include "store/StoreError.h"
+#include "support/TestSchool.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ QStringList Rows(store::Connection& connection, const char* sql)
     return rows;
 }
 
-QStringList Saved(RankSchool& school)
+QStringList Saved(TestSchool& school)
 {
     return Rows(school.main,
                 "Select StudentCode,DivisionCode,cast(Total as integer),Rank,Grade from TempRankTotal "
@@ -32,7 +32,7 @@ QStringList Saved(RankSchool& school)
 
 TEST(TempRankCalculation, HoldsTheMarksBehindFailAndNoRankAsAllNines)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(2);
     school.AddSubject(1, 3, "Art", 3, "No");
     school.AddMarkedStudent(" Anil ", {35, 80, 20});
@@ -58,7 +58,7 @@ TEST(TempRankCalculation, HoldsTheMarksBehindFailAndNoRankAsAllNines)
 
 TEST(TempRankCalculation, KeepsTheColumnsInTheirPlaces)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Anil", {50, 60});
     school.Prepare();
@@ -72,7 +72,7 @@ TEST(TempRankCalculation, KeepsTheColumnsInTheirPlaces)
 
 TEST(TempRankCalculation, LeftByAnEarlierRunIsMadeAnew)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.temp.Execute("Create Table TempRankCalculation(Leftover Text(5))");
     school.AddMarkedStudent("Anil", {50});
@@ -86,7 +86,7 @@ TEST(TempRankCalculation, LeftByAnEarlierRunIsMadeAnew)
 
 TEST(TempRankCalculation, StaysAsItWasWhenAFillIsNotFinished)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddMarkedStudent("Anil", {50});
     const RankList list = school.Prepare();
@@ -100,7 +100,7 @@ TEST(TempRankCalculation, StaysAsItWasWhenAFillIsNotFinished)
 
 TEST(TempRankCalculation, IsGoneAfterTheDrop)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddMarkedStudent("Anil", {50});
     const RankList list = school.Prepare();
@@ -119,7 +119,7 @@ TEST(TempRankCalculation, TakesNamesWithAnySigns)
 {
     const QStringList names{QStringLiteral("D'Souza"), QStringLiteral("100% [Anil] \"x\""),
                             QString::fromUtf8("\xC3\x89lo\xC3\xAFse \xE0\xAE\x85"), QStringLiteral("a;--")};
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     for (const QString& name : names)
         school.AddMarkedStudent(name, {50});
@@ -129,7 +129,7 @@ TEST(TempRankCalculation, TakesNamesWithAnySigns)
 
 TEST(TempRankCalculation, TakesShortNamesThatAreAlikeOrQuoted)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddDivision(1, "A");
     school.AddUsualBands(1);
     school.AddSubject(1, 1, "Mat", 1);
@@ -148,7 +148,7 @@ TEST(TempRankCalculation, TakesShortNamesThatAreAlikeOrQuoted)
 
 TEST(TempRankCalculation, WritesFractionsWithTwoDecimals)
 {
-    RankSchool school;
+    TestSchool school;
     school.options.fractionMarks = true;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Anil", {34.4, 80.125});
@@ -161,7 +161,7 @@ TEST(TempRankCalculation, WritesFractionsWithTwoDecimals)
 
 TEST(Saving, WritesTheRankTotalAsTotalAndAllNinesForNoRank)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Anil", {80, 90});
@@ -174,7 +174,7 @@ TEST(Saving, WritesTheRankTotalAsTotalAndAllNinesForNoRank)
 
 TEST(Saving, TwiceReplacesTheRows)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddMarkedStudent("Anil", {80});
     school.Prepare();
@@ -187,7 +187,7 @@ TEST(Saving, TwiceReplacesTheRows)
 
 TEST(Saving, OneDivisionLeavesTheOthersWithTheRanksOfTheJointList)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddDivision(2, "B");
     school.AddUsualBands(2);
@@ -205,7 +205,7 @@ TEST(Saving, OneDivisionLeavesTheOthersWithTheRanksOfTheJointList)
 
 TEST(Saving, LeavesOtherExamsAlone)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     const int anil = school.AddMarkedStudent("Anil", {80});
     school.main.Execute("Insert into ExamMaster values(2,'Term Two',2,0)");
@@ -219,7 +219,7 @@ TEST(Saving, LeavesOtherExamsAlone)
 
 TEST(Saving, PassesOnARankThatIsNullAndWritesNoGradeForNull)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddMarkedStudent("Anil", {80});
     school.Prepare();
@@ -230,7 +230,7 @@ TEST(Saving, PassesOnARankThatIsNullAndWritesNoGradeForNull)
 
 TEST(Saving, ThatFailsHalfwayLeavesTheOldRows)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddMarkedStudent("Anil", {80});
     const int gone = school.AddMarkedStudent("Gone", {70});

@@ -3,8 +3,8 @@
 #include "core/ui/controls/CheckList.h"
 #include "core/ui/OpenDocument.h"
 #include "ranks/frmRankCalculation.h"
-#include "ranks/RankSchool.h"
 #include "support/FormDriver.h"
+#include "support/TestSchool.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -19,7 +19,7 @@ protected:
     void SetUp() override
     {
         ScreenFixture::SetUp();
-        school = std::make_unique<RankSchool>(*Session().gcnnMain, *Session().gcnnTemp);
+        school = std::make_unique<TestSchool>(*Session().gcnnMain, *Session().gcnnTemp);
         Session().gintAcademicYearCode = 1;
     }
 
@@ -120,7 +120,7 @@ protected:
         school->EnterAbsence(esa, 2);
     }
 
-    std::unique_ptr<RankSchool> school;
+    std::unique_ptr<TestSchool> school;
     QComboBox* exam = nullptr;
     QComboBox* classes = nullptr;
     CheckList* divisions = nullptr;

@@ -1,4 +1,4 @@
-#include "ranks/RankSchool.h"
+#include "support/TestSchool.h"
 
 #include <gtest/gtest.h>
 #include <ostream>
@@ -30,7 +30,7 @@ QString Summary(const GridTable& summary)
 
 TEST(RankOrderView, PutsTheSmallerTotalOfAllSubjectsFirstWithinARank)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Much art", {80, 90});
@@ -48,7 +48,7 @@ TEST(RankOrderView, PutsTheSmallerTotalOfAllSubjectsFirstWithinARank)
 
 TEST(RankOrderView, SortsTenBehindNine)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     for (int student = 1; student <= 11; ++student)
         school.AddMarkedStudent(QStringLiteral("Student %1").arg(student), {100.0 - student});
@@ -58,7 +58,7 @@ TEST(RankOrderView, SortsTenBehindNine)
 
 TEST(RankList, LaysOutHeadsCodesStudentsAndAverage)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Anil", {90, 80});
     const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
@@ -86,7 +86,7 @@ TEST(RankList, LaysOutHeadsCodesStudentsAndAverage)
 
 TEST(RankList, ShowsAFailedStudentWithGradeAndPaintedMarkButWithoutRank)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Anil", {34, 90});
     const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
@@ -99,7 +99,7 @@ TEST(RankList, ShowsAFailedStudentWithGradeAndPaintedMarkButWithoutRank)
 
 TEST(RankList, ShowsAnAbsentStudentWithoutRankAndGrade)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(2);
     const int anil = school.AddStudent(1, "Anil");
     school.EnterMark(anil, 1, 90);
@@ -113,7 +113,7 @@ TEST(RankList, ShowsAnAbsentStudentWithoutRankAndGrade)
 
 TEST(RankList, HidesSubjectsNotTakenForRankAndTheTotalOfAllUnlessAllAreShown)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Anil", {80, 90});
@@ -139,7 +139,7 @@ TEST(RankList, HidesSubjectsNotTakenForRankAndTheTotalOfAllUnlessAllAreShown)
 
 TEST(AverageRow, LeavesOutAbsencesZerosAndBlanks)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(4);
     school.AddMarkedStudent("Anil", {90, 0, 0});
     school.AddMarkedStudent("Bina", {0, 41, 0});
@@ -174,7 +174,7 @@ class AverageOnAHalfTest : public testing::TestWithParam<AverageOnAHalf>
 TEST_P(AverageOnAHalfTest, IsCountedUpInALongListToo)
 {
     const AverageOnAHalf& list = GetParam();
-    RankSchool school;
+    TestSchool school;
     school.options.fractionMarks = true;
     school.AddUsualDivision(1);
     std::int64_t left = list.hundredths;
@@ -197,7 +197,7 @@ INSTANTIATE_TEST_SUITE_P(Lists, AverageOnAHalfTest,
 
 TEST(AlphabeticView, MixesSmallAndCapitalLetters)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddMarkedStudent("bina", {50});
     school.AddMarkedStudent("Anil", {60});
@@ -208,7 +208,7 @@ TEST(AlphabeticView, MixesSmallAndCapitalLetters)
 
 TEST(AdmissionNoView, SortsTheNumbersAsTexts)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     for (const char* number : {"9", "10", "b2", "B1"}) {
         const int student = school.AddStudent(1, number, number);
@@ -220,7 +220,7 @@ TEST(AdmissionNoView, SortsTheNumbersAsTexts)
 
 TEST(GradeOrderView, FollowsTheGradeTableAndLeavesAbsentStudentsOut)
 {
-    RankSchool school;
+    TestSchool school;
     school.options.fractionMarks = true;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Low", {10, 10});
@@ -238,7 +238,7 @@ TEST(GradeOrderView, FollowsTheGradeTableAndLeavesAbsentStudentsOut)
 
 TEST(GradeOrderView, ListsAGradeAtTwoPositionsTwice)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddDivision(2, "B");
     school.AddSubject(2, 1, "Eng", 1);
@@ -252,7 +252,7 @@ TEST(GradeOrderView, ListsAGradeAtTwoPositionsTwice)
 
 TEST(GradeOrderView, AddsRowsWhoseGradeIsNullButNotThoseWithoutAGrade)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddDivision(1, "A");
     school.AddSubject(1, 1, "Eng", 1);
     school.AddBand(1, 50, 50, "A", 1);
@@ -268,7 +268,7 @@ TEST(GradeOrderView, AddsRowsWhoseGradeIsNullButNotThoseWithoutAGrade)
 TEST(Views, RunAsManyStatementsForFiveHundredStudentsAsForTen)
 {
     const auto statements = [](int students, RankOrder order) {
-        RankSchool school;
+        TestSchool school;
         school.AddUsualDivision(2);
         for (int student = 0; student < students; ++student)
             school.AddMarkedStudent(QStringLiteral("Student %1").arg(student), {50, 60});
@@ -284,7 +284,7 @@ TEST(Views, RunAsManyStatementsForFiveHundredStudentsAsForTen)
 
 TEST(GradeSummary, CountsGradesAbsenteesAndFullMarks)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No", 100, 70);
     school.AddMarkedStudent("Anil", {90, 10});

@@ -164,7 +164,7 @@ TEST_F(FormRoutinesTest, TheHeadOfALoneColumnSpansTheGrid)
 TEST_F(FormRoutinesTest, ACheckListShowsByThePaintOfItsItemWhetherTheKeysGoThere)
 {
     auto* list = Add<CheckList>();
-    list->AddItem(QStringLiteral("A"), 1);
+    list->AddItem({1, QStringLiteral("A"), {}});
     list->setCurrentRow(0);
     Show();
     const auto isPaintedLike = [&](QPalette::ColorRole role) {
@@ -200,7 +200,7 @@ TEST_F(FormRoutinesTest, ClearingAFormEmptiesTextsBoxesListsAndGrids)
     auto* grid = Add<FlexGrid>();
     other->setText(QStringLiteral("Asha"));
     box->setChecked(true);
-    list->AddItem(QStringLiteral("A"), 1);
+    list->AddItem({1, QStringLiteral("A"), {}});
     grid->SetRows(9);
     grid->SetCols(3);
     grid->SetTextMatrix(1, 2, QStringLiteral("7"));

@@ -191,7 +191,7 @@ TEST_F(GridKeys, AListOfTicksAndAListToChooseFromStandEveryKey)
         PressAll(ticks, [&] {
             ticks->clear();
             for (int item = 0; item < items; ++item)
-                ticks->AddItem(QStringLiteral("K %1").arg(item), item);
+                ticks->AddItem({item, QStringLiteral("K %1").arg(item), {}});
         });
     auto* combo = Show(new DataCombo);
     for (const bool filled : {false, true})

@@ -306,7 +306,7 @@ TEST_P(Look, TheCalendarOfADateFieldCanBeReadAndHasAnEdge)
 TEST_P(Look, TheTickOfAListIsSeen)
 {
     auto* list = Show(new CheckList);
-    list->AddItem(QString(), 1);
+    list->AddItem({1, {}, {}});
     const QRect item = list->visualItemRect(list->item(0)).adjusted(0, 0, -100, 0);
     EXPECT_GE(Strongest(Picture(list->viewport(), item)), OfEdges);
 }
@@ -314,7 +314,7 @@ TEST_P(Look, TheTickOfAListIsSeen)
 TEST_P(Look, WhatIsChosenInASwitchedOffListOrFieldCanBeRead)
 {
     auto* list = Show(new CheckList);
-    list->AddItem(QStringLiteral("XII A"), 1);
+    list->AddItem({1, QStringLiteral("XII A"), {}});
     list->SetTicked(0, true);
     list->setCurrentRow(0);
     list->setEnabled(false);

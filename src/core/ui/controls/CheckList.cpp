@@ -7,6 +7,7 @@ namespace tally {
 namespace {
 
 constexpr int CodeRole = Qt::UserRole;
+constexpr int RefusalRole = Qt::UserRole + 1;
 
 } // namespace
 
@@ -18,18 +19,24 @@ CheckList::CheckList(QWidget* parent) : QListWidget(parent)
             [this](QListWidgetItem* item) { Q_EMIT Ticked(row(item), item->checkState() == Qt::Checked); });
 }
 
-void CheckList::AddItem(const QString& text, int itemData)
+void CheckList::AddItem(const ListItem& item)
 {
     const QSignalBlocker quiet(this);
-    auto* entry = new QListWidgetItem(text, this);
+    auto* entry = new QListWidgetItem(item.text, this);
     entry->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
     entry->setCheckState(Qt::Unchecked);
-    entry->setData(CodeRole, itemData);
+    entry->setData(CodeRole, item.code);
+    entry->setData(RefusalRole, item.refusal);
 }
 
 int CheckList::ItemData(int index) const
 {
     return item(index)->data(CodeRole).toInt();
+}
+
+QString CheckList::Refusal(int index) const
+{
+    return item(index)->data(RefusalRole).toString();
 }
 
 bool CheckList::IsTicked(int index) const
@@ -42,6 +49,12 @@ void CheckList::SetTicked(int index, bool ticked)
     const QSignalBlocker quiet(this);
     item(index)->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
     viewport()->update();
+}
+
+void CheckList::SetAllTicked(bool ticked)
+{
+    for (int index = 0; index < count(); ++index)
+        SetTicked(index, ticked && Refusal(index).isEmpty());
 }
 
 QList<int> CheckList::TickedIndexes() const

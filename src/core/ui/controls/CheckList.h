@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/school/ListItem.h"
+
 #include <QListWidget>
 
 #include <vector>
@@ -14,11 +16,16 @@ class CheckList : public QListWidget
 public:
     explicit CheckList(QWidget* parent = nullptr);
 
-    void AddItem(const QString& text, int itemData);
+    void AddItem(const ListItem& item);
     int ItemData(int index) const;
+    /// Why the item cannot be ticked; empty where it can. The list takes the user's tick all the same, for
+    /// the screen to tell and take back.
+    QString Refusal(int index) const;
     bool IsTicked(int index) const;
     /// Ticks without telling anybody; Ticked is for what the user does.
     void SetTicked(int index, bool ticked);
+    /// The same for all items, but that none is ticked that cannot be.
+    void SetAllTicked(bool ticked);
     QList<int> TickedIndexes() const;
     /// The codes of the ticked items, in the order of the list.
     std::vector<int> TickedData() const;

@@ -1,4 +1,4 @@
-#include "ranks/RankSelection.h"
+#include "core/school/DivisionSelection.h"
 
 #include <algorithm>
 
@@ -120,30 +120,23 @@ bool CheckMarksComplete(const DivisionFacts& facts, SubjectDisplay display)
                                           : facts.completeSubjectsTakenForRank == facts.subjectsTakenForRank;
 }
 
-QString DivisionMark(const DivisionFacts& facts, SubjectDisplay display)
+ListItem DivisionItem(const DivisionFacts& facts, SubjectDisplay display)
 {
+    const auto line = [&facts](const char* mark, const QString& refusal) {
+        return ListItem{facts.division.divisionCode, QLatin1String(mark) + facts.division.divisionName,
+                        refusal};
+    };
     if (!CheckStudentsExist(facts))
-        return QStringLiteral(". ");
+        return line(". ", QStringLiteral("Student Admission Entry Is Not Made In This Division"));
     if (!CheckSubjectsExist(facts))
-        return QStringLiteral("* ");
+        return line("* ",
+                    QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For This Division"));
     if (!CheckGradesExist(facts))
-        return QStringLiteral("# ");
+        return line("# ", QStringLiteral("'Classwise Rank-Grade Setup' Is Not Made For This Division"));
     if (!CheckMarksComplete(facts, display))
-        return QStringLiteral("$ ");
-    return QStringLiteral("  ");
-}
-
-QString DivisionRefusal(const QString& item)
-{
-    switch (item.isEmpty() ? u' ' : item.front().unicode()) {
-    case u'.': return QStringLiteral("Student Admission Entry Is Not Made In This Division");
-    case u'$':
-        return QStringLiteral(
-            "'Classwise Mark Entry' Is Not Fully Completed For Student(s) In This Division");
-    case u'*': return QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For This Division");
-    case u'#': return QStringLiteral("'Classwise Rank-Grade Setup' Is Not Made For This Division");
-    default: return {};
-    }
+        return line("$ ", QStringLiteral("'Classwise Mark Entry' Is Not Fully Completed For Student(s) In "
+                                         "This Division"));
+    return line("  ", {});
 }
 
 MatchResult CheckSubjectMatch(const std::vector<SubjectSetup>& setup, const std::vector<int>& ticked,

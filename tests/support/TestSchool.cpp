@@ -1,4 +1,4 @@
-#include "ranks/RankSchool.h"
+#include "support/TestSchool.h"
 
 #include <stdexcept>
 
@@ -17,19 +17,19 @@ std::size_t NumberOf(const RankList& list, const QString& name)
 
 } // namespace
 
-RankSchool::RankSchool()
+TestSchool::TestSchool()
     : ownMain_(std::make_unique<store::Connection>(DeliveredMainStore())),
       ownTemp_(std::make_unique<store::Connection>(DeliveredTempStore())), main(*ownMain_), temp(*ownTemp_)
 {
     OpenYear();
 }
 
-RankSchool::RankSchool(store::Connection& onMain, store::Connection& onTemp) : main(onMain), temp(onTemp)
+TestSchool::TestSchool(store::Connection& onMain, store::Connection& onTemp) : main(onMain), temp(onTemp)
 {
     OpenYear();
 }
 
-void RankSchool::OpenYear()
+void TestSchool::OpenYear()
 {
     main.Execute(QStringLiteral(
         "Insert into AcademicYearSetup values(1,2024,2025,'2024-06-01','2025-05-31','Y','N',0)"));
@@ -37,12 +37,12 @@ void RankSchool::OpenYear()
     main.Execute(QStringLiteral("Insert into ClassDivisionMaster values(1,'X',9,1,0)"));
 }
 
-void RankSchool::AddDivision(int divisionCode, const char* name)
+void TestSchool::AddDivision(int divisionCode, const char* name)
 {
     main.Execute(QStringLiteral("Insert into ClassDivisionDetails values(1,?,?)"), name, divisionCode);
 }
 
-void RankSchool::AddSubject(int divisionCode, int subjectCode, const char* shortName, int slNo,
+void TestSchool::AddSubject(int divisionCode, int subjectCode, const char* shortName, int slNo,
                             const char* takenForRank, double maximumMark, double maximumAllowed)
 {
     main.Execute(QStringLiteral("Insert or ignore into SubjectMaster values(?,?,?,0)"), subjectCode,
@@ -51,14 +51,14 @@ void RankSchool::AddSubject(int divisionCode, int subjectCode, const char* short
                  subjectCode, maximumMark, maximumAllowed, takenForRank, slNo);
 }
 
-void RankSchool::AddBand(int divisionCode, double totalAverage, double subjectAverage, const char* grade,
+void TestSchool::AddBand(int divisionCode, double totalAverage, double subjectAverage, const char* grade,
                          int status)
 {
     main.Execute(QStringLiteral("Insert into RankMaster values(1,1,1,?,?,?,?,?,0)"), divisionCode,
                  totalAverage, subjectAverage, grade, status);
 }
 
-void RankSchool::AddUsualBands(int divisionCode)
+void TestSchool::AddUsualBands(int divisionCode)
 {
     AddBand(divisionCode, 80, 50, "A", 1);
     AddBand(divisionCode, 60, 40, "B", 2);
@@ -66,7 +66,7 @@ void RankSchool::AddUsualBands(int divisionCode)
     AddBand(divisionCode, 0, 0, "D", 4);
 }
 
-void RankSchool::AddUsualDivision(int subjectCount)
+void TestSchool::AddUsualDivision(int subjectCount)
 {
     static const char* const shortNames[] = {"Eng", "Mat", "Sci", "Art"};
     AddDivision(1, "A");
@@ -75,7 +75,7 @@ void RankSchool::AddUsualDivision(int subjectCount)
         AddSubject(1, subject, shortNames[subject - 1], subject);
 }
 
-int RankSchool::AddStudent(int divisionCode, const QString& name, const QString& admissionNo)
+int TestSchool::AddStudent(int divisionCode, const QString& name, const QString& admissionNo)
 {
     const int code = static_cast<int>(divisionOf_.size()) + 1;
     divisionOf_[code] = divisionCode;
@@ -88,23 +88,23 @@ int RankSchool::AddStudent(int divisionCode, const QString& name, const QString&
     return code;
 }
 
-void RankSchool::InsertMark(int studentCode, int subjectCode, double mark, const char* leaveOrPresent)
+void TestSchool::InsertMark(int studentCode, int subjectCode, double mark, const char* leaveOrPresent)
 {
     main.Execute(QStringLiteral("Insert into MarkMaster values(1,?,1,1,?,?,?,?,0,0)"), studentCode,
                  divisionOf_.at(studentCode), subjectCode, mark, leaveOrPresent);
 }
 
-void RankSchool::EnterMark(int studentCode, int subjectCode, double mark)
+void TestSchool::EnterMark(int studentCode, int subjectCode, double mark)
 {
     InsertMark(studentCode, subjectCode, mark, "P");
 }
 
-void RankSchool::EnterAbsence(int studentCode, int subjectCode)
+void TestSchool::EnterAbsence(int studentCode, int subjectCode)
 {
     InsertMark(studentCode, subjectCode, 0, "A");
 }
 
-int RankSchool::AddMarkedStudent(const QString& name, const std::vector<double>& marks)
+int TestSchool::AddMarkedStudent(const QString& name, const std::vector<double>& marks)
 {
     const int student = AddStudent(1, name);
     int subject = 0;
@@ -113,7 +113,7 @@ int RankSchool::AddMarkedStudent(const QString& name, const std::vector<double>&
     return student;
 }
 
-RankList RankSchool::Prepare(const std::vector<int>& divisions)
+RankList TestSchool::Prepare(const std::vector<int>& divisions)
 {
     RankList list = Compute(divisions);
     store::Transaction transaction(temp);
@@ -122,17 +122,17 @@ RankList RankSchool::Prepare(const std::vector<int>& divisions)
     return list;
 }
 
-GridTable RankSchool::Show(const RankList& list, RankOrder order, SubjectDisplay display)
+GridTable TestSchool::Show(const RankList& list, RankOrder order, SubjectDisplay display)
 {
     std::vector<int> divisions;
-    for (const RankDivision& division : list.divisions)
+    for (const SchoolDivision& division : list.divisions)
         divisions.push_back(division.divisionCode);
     TempRankRepository working = WorkingTable();
     return ShowRankList(working, divisions, list.subjects, order,
                         Repository().LoadGradesInOrder(scope, divisions), display);
 }
 
-void RankSchool::Save(const std::vector<int>& divisions)
+void TestSchool::Save(const std::vector<int>& divisions)
 {
     store::Transaction transaction(main);
     RankRepository::ReplaceRankTotals(transaction, scope, divisions, WorkingTable().LoadRankTotals());

@@ -7,12 +7,13 @@
 
 namespace tally {
 
-/// The year, exam and class that a rank list is made for. 0 stands for nothing chosen.
-struct RankScope
+/// What a screen has chosen of the school. 0 stands for nothing chosen, or for what the screen does not ask.
+struct SchoolScope
 {
     int academicYearCode = 0;
     int examCode = 0;
     int classCode = 0;
+    int divisionCode = 0; ///< unique only within its class
 };
 
 /// Which subjects a rank list shows, and by which its marks count as complete.
@@ -28,13 +29,13 @@ inline SubjectDisplay ChosenDisplay(bool displayAll)
     return displayAll ? SubjectDisplay::All : SubjectDisplay::TakenForRankOnly;
 }
 
-struct RankExam
+struct SchoolExam
 {
     int examCode = 0;
     QString examName;
 };
 
-struct RankDivision
+struct SchoolDivision
 {
     int divisionCode = 0; ///< unique only within its class
     QString divisionName;

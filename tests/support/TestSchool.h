@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/school/DivisionRepository.h"
 #include "ranks/RankRepository.h"
 #include "ranks/RankViews.h"
 #include "support/TestStore.h"
@@ -12,13 +13,13 @@ namespace tally::test {
 
 /// One class of a small school, with as many divisions, subjects and students as a test asks for. Everything
 /// belongs to year 1, exam 1 and class 1 ("X"). Codes that a test does not give count from 1.
-class RankSchool
+class TestSchool
 {
 public:
     /// On stores of its own, in memory.
-    RankSchool();
+    TestSchool();
     /// On the stores of a running program.
-    RankSchool(store::Connection& onMain, store::Connection& onTemp);
+    TestSchool(store::Connection& onMain, store::Connection& onTemp);
 
     void AddDivision(int divisionCode, const char* name);
     /// Out of 100 unless said otherwise.
@@ -52,6 +53,7 @@ public:
     void Save(const std::vector<int>& divisions = {1});
 
     RankRepository Repository() { return RankRepository(main); }
+    DivisionRepository Divisions() { return DivisionRepository(main); }
     TempRankRepository WorkingTable() { return TempRankRepository(temp); }
 
 private:
@@ -61,7 +63,7 @@ private:
 public:
     store::Connection& main;
     store::Connection& temp;
-    RankScope scope{1, 1, 1};
+    SchoolScope scope{1, 1, 1};
     RankOptions options;
 
 private:

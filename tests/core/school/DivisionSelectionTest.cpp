@@ -1,4 +1,4 @@
-#include "ranks/RankSchool.h"
+#include "support/TestSchool.h"
 
 #include <array>
 #include <gtest/gtest.h>
@@ -10,11 +10,11 @@ namespace {
 constexpr auto Taken = SubjectDisplay::TakenForRankOnly;
 constexpr auto All = SubjectDisplay::All;
 
-QStringList Marks(RankSchool& school, SubjectDisplay display = Taken)
+QStringList Marks(TestSchool& school, SubjectDisplay display = Taken)
 {
     QStringList marks;
-    for (const DivisionFacts& facts : school.Repository().LoadDivisionFacts(school.scope))
-        marks.append(DivisionMark(facts, display) + facts.division.divisionName);
+    for (const DivisionFacts& facts : school.Divisions().LoadDivisionFacts(school.scope))
+        marks.append(DivisionItem(facts, display).text);
     return marks;
 }
 
@@ -29,7 +29,7 @@ using Codes = std::vector<int>;
 
 TEST(DivisionMarks, NameTheFirstThingThatIsMissing)
 {
-    RankSchool school;
+    TestSchool school;
     for (int division = 1; division <= 5; ++division)
         school.AddDivision(division,
                            std::array{"A", "B", "C", "D", "E"}[static_cast<std::size_t>(division - 1)]);
@@ -45,7 +45,7 @@ TEST(DivisionMarks, NameTheFirstThingThatIsMissing)
 
 TEST(DivisionMarks, LookAtTheChosenExamOnly)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddMarkedStudent("Anil", {50});
     school.main.Execute("Insert into ExamMaster values(2,'Term Two',2,0)");
@@ -58,7 +58,7 @@ TEST(DivisionMarks, LookAtTheChosenExamOnly)
 
 TEST(DivisionMarks, CountOneStudentWithoutMarksAsIncomplete)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(2);
     school.AddMarkedStudent("Anil", {50, 60});
     EXPECT_EQ(Marks(school), QStringList({"  A"}));
@@ -68,7 +68,7 @@ TEST(DivisionMarks, CountOneStudentWithoutMarksAsIncomplete)
 
 TEST(DivisionMarks, CountMoreMarksThanStudentsAsIncomplete)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddMarkedStudent("Anil", {50});
     const int gone = school.AddMarkedStudent("Gone", {50});
@@ -78,7 +78,7 @@ TEST(DivisionMarks, CountMoreMarksThanStudentsAsIncomplete)
 
 TEST(DivisionMarks, CountStudentsOfALaterYearToo)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     const int promoted = school.AddMarkedStudent("Promoted", {50});
     school.main.Execute("Update StudentClassDivision set Status='N' where StudentCode=?", promoted);
@@ -87,7 +87,7 @@ TEST(DivisionMarks, CountStudentsOfALaterYearToo)
 
 TEST(DivisionMarks, AskOnlyForTheSubjectsThatTheOptionShows)
 {
-    RankSchool school;
+    TestSchool school;
     school.AddUsualDivision(1);
     school.AddSubject(1, 2, "Art", 2, "No");
     school.AddMarkedStudent("Anil", {50});
@@ -98,7 +98,7 @@ TEST(DivisionMarks, AskOnlyForTheSubjectsThatTheOptionShows)
 TEST(DivisionMarks, CostTheSameStatementsForOneDivisionAndForTwenty)
 {
     const auto statements = [](int divisions) {
-        RankSchool school;
+        TestSchool school;
         for (int division = 1; division <= divisions; ++division) {
             school.AddDivision(division, QByteArray::number(division).constData());
             school.AddUsualBands(division);
@@ -114,12 +114,21 @@ TEST(DivisionMarks, CostTheSameStatementsForOneDivisionAndForTwenty)
 
 TEST(DivisionRefusals, SayWhatIsMissing)
 {
-    EXPECT_EQ(DivisionRefusal(". A"), "Student Admission Entry Is Not Made In This Division");
-    EXPECT_EQ(DivisionRefusal("* A"), "'Classwise Subject-Teacher-Mark Entry' Is Not Made For This Division");
-    EXPECT_EQ(DivisionRefusal("# A"), "'Classwise Rank-Grade Setup' Is Not Made For This Division");
-    EXPECT_EQ(DivisionRefusal("$ A"),
+    const auto refusal = [](const DivisionFacts& facts) {
+        return DivisionItem(facts, SubjectDisplay::TakenForRankOnly).refusal.toStdString();
+    };
+    DivisionFacts facts{{3, QStringLiteral("A")}};
+    EXPECT_EQ(refusal(facts), "Student Admission Entry Is Not Made In This Division");
+    facts.students = 1;
+    EXPECT_EQ(refusal(facts), "'Classwise Subject-Teacher-Mark Entry' Is Not Made For This Division");
+    facts.subjects = facts.subjectsTakenForRank = 2;
+    EXPECT_EQ(refusal(facts), "'Classwise Rank-Grade Setup' Is Not Made For This Division");
+    facts.gradeBands = 1;
+    EXPECT_EQ(refusal(facts),
               "'Classwise Mark Entry' Is Not Fully Completed For Student(s) In This Division");
-    EXPECT_EQ(DivisionRefusal("  A"), QString());
+    facts.completeSubjectsTakenForRank = 2;
+    EXPECT_EQ(refusal(facts), "");
+    EXPECT_EQ(DivisionItem(facts, SubjectDisplay::TakenForRankOnly).code, 3);
 }
 
 TEST(SubjectMatch, PassesDivisionsWithTheSameSubjectsAndMaximumMarks)

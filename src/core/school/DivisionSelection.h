@@ -1,6 +1,7 @@
 #pragma once
 
-#include "ranks/RankTypes.h"
+#include "core/school/ListItem.h"
+#include "core/school/SchoolTypes.h"
 
 #include <vector>
 
@@ -9,7 +10,7 @@ namespace tally {
 /// What has been entered for one division of the chosen class, as far as its mark in the list depends on it.
 struct DivisionFacts
 {
-    RankDivision division;
+    SchoolDivision division;
     int students = 0; ///< in the year, relieved ones too
     int subjects = 0; ///< set up for the division
     int subjectsTakenForRank = 0;
@@ -24,12 +25,9 @@ bool CheckGradesExist(const DivisionFacts& facts);
 /// Every subject that counts under `display` has exactly as many marks as the division has students.
 bool CheckMarksComplete(const DivisionFacts& facts, SubjectDisplay display);
 
-/// The two characters that stand before the division's name: ". ", "* ", "# ", "$ ", or two blanks when
-/// ready.
-QString DivisionMark(const DivisionFacts& facts, SubjectDisplay display);
-/// Why a division with this mark cannot be ticked; empty for a ready one. `item` is the list item's whole
-/// text.
-QString DivisionRefusal(const QString& item);
+/// The division's line in the list: its name behind two characters that tell the first thing that is missing,
+/// ". ", "* ", "# " or "$ ", and why it cannot be ticked; behind two blanks when it is ready.
+ListItem DivisionItem(const DivisionFacts& facts, SubjectDisplay display);
 
 /// The division that the others are compared with. It stays between two checks until the selection starts
 /// anew.
