@@ -1,5 +1,6 @@
 #include "masters/TeacherRepository.h"
 
+#include "core/SearchConditions.h"
 #include "store/Dialect.h"
 #include "store/StoreError.h"
 
@@ -93,23 +94,18 @@ bool TeacherRepository::ShortNameTaken(const QString& shortName, int exceptCode)
 
 GridResult TeacherRepository::Search(const QString& name, const QString& city)
 {
-    QString sql =
+    SearchConditions conditions;
+    conditions.Add(QStringLiteral("upper(a.TeacherName) LIKE '%' || upper(?) || '%'"), name);
+    conditions.Add(QStringLiteral("upper(b.CityName) LIKE '%' || upper(?) || '%'"), city);
+    return ReadGrid(conditions.Query(
+        main_,
         QStringLiteral("SELECT a.TeacherName AS \"Teacher Name\", a.TeacherShortName AS \"Short Name\","
                        " CASE WHEN d.StateCode = 0 THEN '' ELSE d.StateName END AS \"State Name\","
                        " CASE WHEN b.CityCode = 0 THEN '' ELSE b.CityName END AS \"City Name\", a.Telephone "
                        "AS \"Telephone\", a.TeacherCode"
                        " FROM TeacherMaster a LEFT JOIN CityMaster b ON a.CityCode = b.CityCode"
-                       " LEFT JOIN StateMaster d ON b.StateCode = d.StateCode WHERE a.TeacherCode > 0");
-    if (!name.isEmpty())
-        sql += QStringLiteral(" AND upper(a.TeacherName) LIKE '%' || upper(:Name) || '%'");
-    if (!city.isEmpty())
-        sql += QStringLiteral(" AND upper(b.CityName) LIKE '%' || upper(:City) || '%'");
-    sql += QStringLiteral(" ORDER BY a.TeacherName");
-
-    auto rows = main_.Prepare(sql);
-    rows.BindNamed(":Name", name);
-    rows.BindNamed(":City", city);
-    return ReadGrid(std::move(rows));
+                       " LEFT JOIN StateMaster d ON b.StateCode = d.StateCode WHERE a.TeacherCode > 0"),
+        QStringLiteral(" ORDER BY a.TeacherName")));
 }
 
 void TeacherRepository::Insert(store::Transaction& transaction, int teacherCode, const Teacher& teacher,

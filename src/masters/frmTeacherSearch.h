@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ui/Screen.h"
+#include "core/ui/SearchScreen.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ class frmTeacherSearch;
 namespace tally {
 
 /// Finds teachers by name and city and hands one to frmTeacherMaster.
-class frmTeacherSearch : public Screen
+class frmTeacherSearch : public SearchScreen
 {
     Q_OBJECT
 
@@ -19,17 +19,9 @@ public:
     frmTeacherSearch();
     ~frmTeacherSearch() override;
 
-    QSize sizeHint() const override;
-
-protected:
-    bool Form_QueryUnload() override;
-
 private:
     void cmdSearch_Click();
-    void cmdCancel_Click();
     void dgdDetails_DblClick(int row);
-    void FormQuery(const QString& name, const QString& city);
-    void EmptyGrid();
 
     std::unique_ptr<Ui::frmTeacherSearch> ui_;
 };

@@ -200,6 +200,16 @@ TEST_F(TeacherSearchTest, ATeacherWhomAnotherClientDeletedIsNotLoadedAndTheSearc
     EXPECT_FALSE(Button("cmdEdit")->isEnabled());
 }
 
+TEST_F(TeacherSearchTest, ASearchThatFailsIsToldAndLeavesTheList)
+{
+    ShowAll();
+    Given("ALTER TABLE TeacherMaster RENAME TO Gone");
+    prompts.ExpectCritical(NoSuchTable("TeacherMaster"));
+    Search(QStringLiteral("binu"), {});
+    EXPECT_EQ(grid->RowCount(), 3);
+    EXPECT_EQ(SearchBox("txtTeacherName")->text().toStdString(), "binu");
+}
+
 TEST_F(TeacherSearchTest, CancelEmptiesBoxesAndGrid)
 {
     Search(QStringLiteral("a"), QStringLiteral("k"));
