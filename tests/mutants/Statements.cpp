@@ -14,7 +14,8 @@ namespace {
 /// by themselves has no terms.
 bool IsDoor(const QString& file)
 {
-    static const QRegularExpression door(QStringLiteral("^src/store/(Connection|Statement|Transaction)\\."));
+    static const QRegularExpression door(
+        QStringLiteral("^src/(store/(Connection|Statement|Transaction)|core/SearchConditions)\\."));
     return door.match(file).hasMatch();
 }
 
