@@ -13,10 +13,7 @@ class MarkKill : public KilledSchool
 protected:
     void SetUp() override
     {
-        Lay([](TestSchool& school, store::Transaction& transaction) {
-            school.AddUsualDivision(2);
-            for (int student = 0; student < Students; ++student)
-                school.AddStudent(1, QStringLiteral("Student %1").arg(student));
+        Lay(Students, [](store::Transaction& transaction) {
             MarkRepository::Insert(transaction, Division, Marks(transaction.On(), 10), 1);
         });
     }

@@ -12,10 +12,7 @@ class RankKill : public KilledSchool
 protected:
     void SetUp() override
     {
-        Lay([](TestSchool& school, store::Transaction& transaction) {
-            school.AddUsualDivision(2);
-            for (int student = 0; student < Students; ++student)
-                school.AddStudent(1, QStringLiteral("Student %1").arg(student));
+        Lay(Students, [](store::Transaction& transaction) {
             RankRepository::ReplaceRankTotals(transaction, Class, {1}, Totals(transaction.On(), 1));
         });
     }

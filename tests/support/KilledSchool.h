@@ -16,8 +16,9 @@ class KilledSchool : public testing::Test
 protected:
     using Work = std::function<void(store::Transaction&)>;
 
-    /// Makes the file; `lay` puts the rows there that the clients will meet.
-    void Lay(const std::function<void(TestSchool&, store::Transaction&)>& lay)
+    /// Makes the file with a division of two subjects and so many students; `lay` puts the rows there that
+    /// the clients will meet.
+    void Lay(int students, const Work& lay)
     {
         {
             store::Connection main(files_.Path(), Password, store::Connection::Mode::Create);
@@ -26,7 +27,10 @@ protected:
             store::CreateMainTables(transaction);
             store::InsertDeliveredMainRows(transaction);
             TestSchool school(main, temp);
-            lay(school, transaction);
+            school.AddUsualDivision(2);
+            for (int student = 0; student < students; ++student)
+                school.AddStudent(1, QStringLiteral("Student %1").arg(student));
+            lay(transaction);
             transaction.Commit();
         }
         laid_ = files_.Bytes();
