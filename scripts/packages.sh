@@ -10,8 +10,9 @@ packages_build=(
 # To run it, and the guided tour, on a machine without a desktop: the platform has no font of its own.
 packages_run=(fonts-dejavu-core)
 
-# To run ./test: the test library, the two checks of the code, a display of its own for the end-to-end tests.
-packages_test=(libgtest-dev clang-format clang-tidy unzip xvfb xauth xdotool)
+# To run ./test: the test library, the two checks of the code, the quicker linker, a display of its own for the
+# end-to-end tests.
+packages_test=(libgtest-dev clang-format clang-tidy lld unzip xvfb xauth xdotool)
 
 # For ./test --full: the benchmarks, the rendering of exported workbooks (with the letters of their standard font, and
 # without), and the Debian package.

@@ -43,7 +43,7 @@ frmMasAcademicYearSetup::frmMasAcademicYearSetup()
 
     ui_->cbostatus->setCurrentIndex(-1);
     SetMasterControls({nullptr, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave});
-    RefillLists();
+    frmMasAcademicYearSetup::RefillLists();
 
     connect(ui_->cmdNew, &QPushButton::clicked, this, &frmMasAcademicYearSetup::cmdNew_Click);
     connect(ui_->cmdEdit, &QPushButton::clicked, this, &frmMasAcademicYearSetup::cmdEdit_Click);
