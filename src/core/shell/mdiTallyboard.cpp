@@ -20,6 +20,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QMdiSubWindow>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
