@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <functional>
+#include <gtest/gtest.h>
 #include <optional>
 
 namespace tally::test {

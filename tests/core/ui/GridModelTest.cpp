@@ -6,6 +6,8 @@
 #include <QAccessible>
 #include <QSignalSpy>
 
+#include <gtest/gtest.h>
+
 namespace tally::test {
 namespace {
 

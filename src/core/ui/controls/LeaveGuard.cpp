@@ -4,6 +4,7 @@
 #include <QFocusEvent>
 #include <QScopedValueRollback>
 #include <QTimer>
+#include <QWidget>
 
 namespace tally {
 
