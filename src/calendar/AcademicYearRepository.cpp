@@ -1,5 +1,7 @@
 #include "calendar/AcademicYearRepository.h"
 
+#include "store/StoreError.h"
+
 namespace tally {
 
 namespace {
@@ -95,8 +97,10 @@ void AcademicYearRepository::Insert(store::Transaction& transaction, const Acade
 
 void AcademicYearRepository::UpdateStatus(store::Transaction& transaction, int code, bool active)
 {
-    transaction.Execute(QStringLiteral("UPDATE AcademicYearSetup SET Status = ? WHERE AcademicYearCode = ?"),
-                        StatusOf(active), code);
+    const QString update =
+        QStringLiteral("UPDATE AcademicYearSetup SET Status = ? WHERE AcademicYearCode = ?");
+    if (transaction.Execute(update, StatusOf(active), code) == 0)
+        throw store::StoreError::RowIsGone(update);
 }
 
 void AcademicYearRepository::Delete(store::Transaction& transaction, int code)

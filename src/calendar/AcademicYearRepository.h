@@ -38,6 +38,7 @@ public:
 
     /// Adds a year that is open for work.
     static void Insert(store::Transaction& transaction, const AcademicYear& year, bool active, int userCode);
+    /// A general failure when the year is no longer there.
     static void UpdateStatus(store::Transaction& transaction, int code, bool active);
     /// A general failure while other rows belong to the year.
     static void Delete(store::Transaction& transaction, int code);

@@ -118,6 +118,20 @@ TEST_F(CalendarRepositories, AYearIsActivatedAndDeletedAlone)
     before.ExpectTouchedOnly(main, "AcademicYearSetup", second);
 }
 
+TEST_F(CalendarRepositories, AChangeOfAYearThatHasGoneIsToldAndTouchesNothing)
+{
+    Add(1, 2007, false);
+    const AllRows before(main);
+    try {
+        Write([](auto& transaction) { AcademicYearRepository::UpdateStatus(transaction, 2, true); });
+        FAIL();
+    } catch (const store::StoreError& error) {
+        EXPECT_TRUE(error.IsConflict());
+    }
+    before.ExpectTouchedOnly(main, "AcademicYearSetup",
+                             {{QStringLiteral("AcademicYearCode"), QStringLiteral("2")}});
+}
+
 TEST_F(CalendarRepositories, WorkingDaysAreCountedWithinTheirBounds)
 {
     for (const int day : {1, 2, 30})

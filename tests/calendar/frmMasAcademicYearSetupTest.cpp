@@ -312,6 +312,23 @@ TEST_F(AcademicYearSetup, AnEditIsToldWhenItIsStored)
     EXPECT_EQ(boxes, QStringList(QStringLiteral("Academic Year Updated")));
 }
 
+TEST_F(AcademicYearSetup, AnEditOfAYearThatAnotherClientDeletedIsNotCalledSaved)
+{
+    GivenYear(1, 2007, "Y");
+    GivenYear(2, 2008, "N");
+    OpenForm();
+    Select(1);
+    Click(form, "cmdEdit");
+    AnotherClient()->Execute(QStringLiteral("DELETE FROM AcademicYearSetup WHERE AcademicYearCode = 2"));
+    prompts.ExpectCritical(QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data."));
+    Click(form, "cmdSave");
+    prompts.Verify();
+    EXPECT_EQ(Find<DataGrid>(form, "dgdDetails")->RowCount(), 1);
+    EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
+    Click(form, "cmdCancel");
+    ExpectIdle();
+}
+
 TEST_F(AcademicYearSetup, AYearMayStayActiveInAnEdit)
 {
     GivenYear(1, 2007, "Y");
