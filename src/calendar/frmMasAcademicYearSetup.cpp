@@ -63,6 +63,9 @@ frmMasAcademicYearSetup::~frmMasAcademicYearSetup() = default;
 void frmMasAcademicYearSetup::Form_Activate(bool first)
 {
     Read([this] { ShowSchoolSetupOffer(); });
+    // School Setup may have moved the beginning of the year that is being entered.
+    if (ui_->Frame1->isEnabled())
+        txtAcademicYearFrom_Change(ui_->txtAcademicYearFrom->text());
     // The other screens must not meet a year that is being changed, whether or not some are open already.
     if (first && TakeMenus(true))
         TakeScreen(QStringLiteral("AcademicYearSetup"));

@@ -640,6 +640,38 @@ TEST_F(AcademicYearSetup, SchoolSetupOpenedFromHereAndClosedLeavesTheMenusAsThey
     }
 }
 
+TEST_F(AcademicYearSetup, ANewStartMonthMovesTheYearThatIsBeingEntered)
+{
+    OpenForm();
+    Enter(QStringLiteral("2007"), QStringLiteral("YES"));
+    ASSERT_EQ(Text(form, "lblAcademicYearTo"), "2008");
+    Click(form, "cmdOpenSchoolSetup");
+    Settle();
+    GivenStartMonth("JAN");
+    Click(ScreenRegistry::OpenInstance(QStringLiteral("frmMasSchoolSetup")), "cmdExit");
+    Settle();
+    EXPECT_EQ(Text(form, "lblAcademicYearTo"), "2007");
+    EXPECT_EQ(DateIn(form, "dtpFromDate"), QDate(2007, 1, 1));
+    EXPECT_EQ(DateIn(form, "dtpToDate"), QDate(2007, 12, 31));
+    EXPECT_EQ(Text(form, "cbostatus"), "YES");
+    SaveExpecting(QStringLiteral("Academic Year Saved"));
+    EXPECT_EQ(Count("SELECT count(*) FROM AcademicYearSetup WHERE YearTo = 2007 AND FromDate = '2007-01-01'"
+                    " AND ToDate = '2007-12-31'"),
+              1);
+}
+
+TEST_F(AcademicYearSetup, ANewStartMonthLeavesAStoredYearAsItIs)
+{
+    GivenYear(1, 2007, "Y");
+    OpenForm();
+    Select(0);
+    GivenStartMonth("JAN");
+    OpenScreen(QStringLiteral("frmUtilOptions"));
+    OpenScreen(QStringLiteral("frmMasAcademicYearSetup"));
+    EXPECT_EQ(Text(form, "lblAcademicYearTo"), "2008");
+    EXPECT_EQ(DateIn(form, "dtpFromDate"), QDate(2007, 6, 1));
+}
+
 TEST_F(AcademicYearSetup, OpensAmongOtherScreens)
 {
     GivenYear(1, 2007, "Y");
