@@ -53,9 +53,9 @@ void frmUtilApplicationDateChange::Form_Activate(bool first)
 void frmUtilApplicationDateChange::ShowRange()
 {
     const SessionContext& session = Session();
+    const int days = Days().DaysOf(session.gintPrivilegeUserCode);
     lastDay_ = Days().Last(session.gdtmFromDate, session.gdtmToDate);
-    const WorkableRange range =
-        RangeFor(lastDay_, Days().DaysOf(session.gintPrivilegeUserCode), session.gdtmFromDate);
+    const WorkableRange range = RangeFor(lastDay_, days, session.gdtmFromDate);
     ui_->lblFrom->setText(ShownDate(range.from));
     ui_->lblTo->setText(ShownDate(range.to));
 }
@@ -69,6 +69,8 @@ void frmUtilApplicationDateChange::ShowWorkingDate()
 void frmUtilApplicationDateChange::dtpApplicationDate_Change(const QDate& date)
 {
     const auto accepted = Fetch([&] {
+        if (!lastDay_.isValid())
+            ShowRange();
         return IsWithinLimit(date, lastDay_, Days().DaysOf(Session().gintUserCode)) &&
                Days().IsWorkingDay(date);
     });

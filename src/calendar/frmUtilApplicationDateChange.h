@@ -34,7 +34,7 @@ private:
     void ShowWorkingDate();
 
     std::unique_ptr<Ui::frmUtilApplicationDateChange> ui_;
-    QDate lastDay_; ///< the last working day of the year in use
+    QDate lastDay_; ///< the last working day of the year in use; invalid where it has none, or none was read
 };
 
 } // namespace tally

@@ -87,13 +87,17 @@ void frmUtilApplicationDateSetup::cmdAddOneDay_Click()
         return;
     }
     ShowDate(next);
-    const bool added =
-        Prompts::Ask(QStringLiteral("Do You Want To Add Application Date : %1 ?").arg(ShownDate(next))) &&
-        Write(Conflict::MasterIsGone, [&](store::Transaction& transaction) {
-            ApplicationDateRepository::Insert(transaction, next, session.gintUserCode);
-        });
+    if (!Prompts::Ask(QStringLiteral("Do You Want To Add Application Date : %1 ?").arg(ShownDate(next)))) {
+        ShowDate(lastDate_);
+        return;
+    }
+    const bool added = Write(Conflict::MasterIsGone, [&](store::Transaction& transaction) {
+        ApplicationDateRepository::Insert(transaction, next, session.gintUserCode);
+    });
     if (!added) {
         ShowDate(lastDate_);
+        // Another client may have added the day.
+        Read([this] { LoadLastDate(); });
         return;
     }
     lastDate_ = next;

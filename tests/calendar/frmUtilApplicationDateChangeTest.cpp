@@ -63,6 +63,22 @@ TEST_F(ApplicationDateChange, OpensOnTheWorkingDateWithSaveOff)
     EXPECT_EQ(form->windowTitle().toStdString(), "Application Date Change");
 }
 
+TEST_F(ApplicationDateChange, ARangeThatCouldNotBeReadIsReadBeforeADayIsTested)
+{
+    GivenDays({QDate(2007, 6, 21), QDate(2007, 6, 25)});
+    GivenSessionUser(5, {{QStringLiteral("frmUtilApplicationDateChange"), QStringLiteral("M")}});
+    Start();
+    Given("ALTER TABLE ApplicationDate RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("ApplicationDate"));
+    form = Open<frmUtilApplicationDateChange>("frmUtilApplicationDateChange");
+    ASSERT_NE(form, nullptr);
+    ExpectRange("", "");
+    Given("ALTER TABLE Away RENAME TO ApplicationDate");
+    Pick(QDate(2007, 6, 21));
+    EXPECT_TRUE(IsOn(form, "cmdSave"));
+    ExpectRange("20/Jun/2007", "25/Jun/2007");
+}
+
 TEST_F(ApplicationDateChange, AnEarlierDayWithinTheLimitBecomesTheSessionsDateOnly)
 {
     OpenForm(5);

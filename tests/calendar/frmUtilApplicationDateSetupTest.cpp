@@ -266,6 +266,21 @@ TEST_F(ApplicationDateSetup, AFailedWriteLeavesTheCalendarAndTheSession)
     Given("PRAGMA query_only = OFF");
 }
 
+TEST_F(ApplicationDateSetup, ADayThatAnotherClientAddedMeanwhileIsShownAndTheNextOneFollowsIt)
+{
+    OpenForm({QDate(2007, 6, 4)});
+    AnotherClient()->Execute(QStringLiteral("INSERT INTO ApplicationDate VALUES ('2007-06-05', 1)"));
+    ExpectAddQuestion("05/Jun/2007", true);
+    prompts.ExpectCritical(QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data."));
+    Click(form, "cmdAddOneDay");
+    EXPECT_EQ(Picker(), QDate(2007, 6, 5));
+    EXPECT_EQ(Days(), 2);
+    ExpectAddQuestion("06/Jun/2007", true);
+    prompts.ExpectInformation(QStringLiteral("Application Date Added"));
+    Click(form, "cmdAddOneDay");
+    EXPECT_EQ(Session().gdtmApplicationDate, QDate(2007, 6, 6));
+}
+
 TEST_F(ApplicationDateSetup, WhileAnotherClientSavesItSaysThatTheDataIsInUse)
 {
     OpenForm({QDate(2007, 6, 4)});
