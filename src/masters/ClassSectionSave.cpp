@@ -1,6 +1,7 @@
 #include "masters/ClassSectionSave.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tally {
 
@@ -206,11 +207,13 @@ void SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, in
     MissingRows missing;
     {
         store::Transaction transaction(connection);
-        const ClassSectionPlan plan = Reconcile(grid, ClassSectionRepository(connection).Read());
+        ClassSectionGrid reconciled = grid;
+        const ClassSectionPlan plan = Reconcile(reconciled, ClassSectionRepository(connection).Read());
         Carry(transaction, plan, userCode);
         // Read before the commit: a failure to read must not come when the work is stored already.
-        missing = FindMissing(connection, grid);
+        missing = FindMissing(connection, reconciled);
         transaction.Commit();
+        grid = std::move(reconciled);
         kept += Kept(plan);
     }
     if (missing.classes.empty() && missing.divisions.empty())

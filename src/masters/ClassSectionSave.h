@@ -32,8 +32,8 @@ void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid,
 /// Makes the database agree with the grid as far as nothing else refers to what would go, and puts what is
 /// missing then back in a second transaction. Adds to `kept` what stayed for that reason, in sentences that
 /// the user is to be told; mostly none. Throws StoreError: when the second transaction fails, what the first
-/// one stored stays and `kept` tells of it; when the first one fails, nothing is stored and `kept` is as it
-/// was. Nothing is read once something is stored.
+/// one stored stays and `kept` tells of it; when the first one fails, nothing is stored, and `grid` and
+/// `kept` are as they were. Nothing is read once something is stored.
 void SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode,
                        QStringList& kept);
 

@@ -275,6 +275,8 @@ TEST_F(ClassSectionEntry, ACommitThatIsRefusedTellsNothingAsKept)
     prompts.ExpectCritical(HeldByAnotherClient);
     Press(Button("cmdSave"));
     EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
+    EXPECT_EQ(ClassRowText(2), "2|XI|2|2") << "what was typed stands, as nothing is stored";
+    EXPECT_EQ(ClassRowText(3), "3|X|1|3");
 }
 
 TEST_F(ClassSectionEntry, WhatOtherTablesHoldFailsTheSaveWholeAndCancels)
