@@ -130,7 +130,13 @@ void frmMasSchoolSetup::cmdCancel_Click()
 
 void frmMasSchoolSetup::cmdExit_Click()
 {
-    const auto exists = Fetch([this] { return Repository().Exists(); });
+    const auto exists = Fetch([this] {
+        const bool stored = Repository().Exists();
+        // Another client may have entered it, and the way on is open here too.
+        if (stored && !Session().gblnSchoolExists)
+            LoadSchoolDetails();
+        return stored;
+    });
     if (!exists)
         return;
     if (*exists) {

@@ -352,6 +352,21 @@ TEST_F(frmMasSchoolSetupTest, ANewSystemGoesFromItsSchoolToItsFirstYear)
     EXPECT_NE(ScreenRegistry::OpenInstance(QStringLiteral("frmMasAcademicYearSetup")), nullptr);
 }
 
+TEST_F(frmMasSchoolSetupTest, ASchoolThatAnotherClientEnteredLeadsOutOfTheScreenToo)
+{
+    Session().gblnSchoolExists = false;
+    Session().gblnActiveYearExists = false;
+    OpenSetup();
+    AnotherClient()->Execute(QStringLiteral(
+        "INSERT INTO SchoolMaster VALUES ('Hill School', 'Main Road', 'Hill', 3, '143001', 'APR', 1)"));
+    Press(Button("cmdExit"));
+    Settle();
+    EXPECT_TRUE(Session().gblnSchoolExists);
+    EXPECT_EQ(Session().gstrSchoolName.toStdString(), "Hill School");
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmMasSchoolSetup")), nullptr);
+    EXPECT_NE(ScreenRegistry::OpenInstance(QStringLiteral("frmMasAcademicYearSetup")), nullptr);
+}
+
 TEST_F(frmMasSchoolSetupTest, ACityThatAnotherClientDeletedIsNotSavedAndNothingIsLost)
 {
     GivenSchool();
