@@ -47,11 +47,7 @@ frmMasSchoolSetup::frmMasSchoolSetup()
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmMasSchoolSetup::cmdSave_Click);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmMasSchoolSetup::cmdCancel_Click);
 
-    Read([this] {
-        LoadAcademicYearStartMonth();
-        places_->Load();
-        LoadData();
-    });
+    Read([this] { LoadData(); });
 }
 
 frmMasSchoolSetup::~frmMasSchoolSetup() = default;
@@ -67,14 +63,16 @@ void frmMasSchoolSetup::LoadData()
     // There is one school: either it is new, or it can be edited. Until it is read neither is offered.
     ShowState(MasterState::Idle);
     ui_->cmdNew->setEnabled(false);
+    const store::ReadTransaction moment(MainStore());
+    LoadAcademicYearStartMonth();
     const auto school = Repository().Load();
+    const School shown = school.value_or(School());
+    places_->Choose(shown.stateCode, shown.cityCode);
     ui_->cmdNew->setEnabled(!school);
     ui_->cmdEdit->setEnabled(school.has_value());
-    const School shown = school.value_or(School());
     ui_->txtSchoolName->setText(shown.name);
     ui_->txtAddress1->setText(shown.address1);
     ui_->txtAddress2->setText(shown.address2);
-    places_->Choose(shown.stateCode, shown.cityCode);
     ui_->txtPincode->setText(shown.pinCode);
     ui_->cboAcademicYearCodeStartMonth->SetText(shown.startMonth);
 }

@@ -110,9 +110,16 @@ TeacherRepository frmTeacherMaster::Teachers() const
 
 void frmTeacherMaster::LoadLists()
 {
-    Read([this] { ui_->cboPrefix->SetListBehindBlank(Teachers().Salutations()); });
-    LoadPlaces();
-    LoadBloodGroups();
+    Read([this] { ReadLists(0, 0); });
+}
+
+void frmTeacherMaster::ReadLists(int stateCode, int cityCode)
+{
+    const CodedTexts salutations = Teachers().Salutations();
+    const CodedTexts bloodGroups = Teachers().BloodGroups();
+    places_->Choose(stateCode, cityCode);
+    ui_->cboPrefix->SetListBehindBlank(salutations);
+    ui_->dbcBloodGroup->SetList(bloodGroups);
 }
 
 void frmTeacherMaster::LoadPlaces()
@@ -139,7 +146,13 @@ bool frmTeacherMaster::eventFilter(QObject* receiver, QEvent* event)
 
 bool frmTeacherMaster::LoadData(int TeacherCode)
 {
-    const auto teacher = Fetch([&] { return Teachers().Find(TeacherCode); });
+    // A list that could not be read would show what is stored as blank, and the next save would store that.
+    const auto teacher = Fetch([&] {
+        const auto stored = Teachers().Find(TeacherCode);
+        if (stored)
+            ReadLists(stored->stateCode, stored->cityCode);
+        return stored;
+    });
     if (!teacher)
         return false;
     if (!*teacher) {
@@ -147,7 +160,6 @@ bool frmTeacherMaster::LoadData(int TeacherCode)
         return false;
     }
     teacherCode_ = TeacherCode;
-    LoadLists();
     Show(**teacher);
     ShowState(MasterState::RowSelected);
     ui_->cmdEdit->setFocus();
@@ -167,7 +179,6 @@ void frmTeacherMaster::Show(const Teacher& teacher)
     teacher.married ? optMarried_Click() : optSingle_Click();
     ui_->txtAddress1->setText(teacher.address1);
     ui_->txtAddress2->setText(teacher.address2);
-    Read([&] { places_->Choose(teacher.stateCode, teacher.cityCode); });
     ui_->txtPincode->setText(teacher.pinCode);
     ui_->txtTelephone->setText(teacher.telephone);
     ui_->dbcBloodGroup->SetBoundCode(teacher.bloodGroupCode);

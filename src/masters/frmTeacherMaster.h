@@ -37,6 +37,9 @@ private:
     void Form_Load();
     void ConnectHandlers();
     void LoadLists();
+    /// Reads all lists and chooses a place; what else was chosen is blank then. Throws StoreError; then all
+    /// stay as they are.
+    void ReadLists(int stateCode, int cityCode);
     void LoadPlaces();
     void LoadBloodGroups();
 
@@ -52,6 +55,7 @@ private:
     /// Says what is wrong with a date and takes the user there. True when the date is refused.
     bool RefuseDate(OptionalDatePicker* date, const QString& name, DateFault fault);
     Teacher Entered() const;
+    /// All but the place, which ReadLists has chosen.
     void Show(const Teacher& teacher);
     TeacherRepository Teachers() const;
 

@@ -52,6 +52,32 @@ TEST_F(TeacherMasterTest, AStoredTeacherIsShownReadyToEditOrDelete)
     EXPECT_TRUE(HasFocus("cmdEdit"));
 }
 
+TEST_F(TeacherMasterTest, ATeacherWhoseListsCannotBeReadIsNotShownAndTheFormStaysAsItWas)
+{
+    GivenTeacher(5, QStringLiteral("Asha"), QStringLiteral("ASH"), 3);
+    for (const char* list : {"SalutationMaster", "StateMaster", "BloodGroupMaster"}) {
+        StartNew();
+        FillMandatory(QStringLiteral("Binu"), QStringLiteral("BIN"));
+        Choose("dbcStateName", QStringLiteral("Goa"));
+        Choose("dbcCityName", QStringLiteral("Panaji"));
+        Choose("dbcBloodGroup", QStringLiteral("A-"));
+        const QString rename = QStringLiteral("ALTER TABLE %1 RENAME TO %2");
+        const QString name = QString::fromLatin1(list);
+        Session().gcnnMain->Execute(rename.arg(name, QStringLiteral("Away")));
+        prompts.ExpectCritical(NoSuchTable(list));
+        EXPECT_FALSE(form->LoadData(5)) << list;
+        prompts.Verify();
+        Session().gcnnMain->Execute(rename.arg(QStringLiteral("Away"), name));
+        EXPECT_EQ(TextOf("txtTeacherName"), "Binu") << list;
+        EXPECT_EQ(List("cboPrefix")->currentText().toStdString(), "Mrs") << list;
+        EXPECT_EQ(List("dbcStateName")->currentText().toStdString(), "Goa") << list;
+        EXPECT_EQ(List("dbcCityName")->currentText().toStdString(), "Panaji") << list;
+        EXPECT_EQ(List("dbcBloodGroup")->currentText().toStdString(), "A-") << list;
+        EXPECT_TRUE(IsEnabled("cmdSave")) << list;
+        Press(Button("cmdCancel"));
+    }
+}
+
 TEST_F(TeacherMasterTest, CancelForgetsTheTeacherInHand)
 {
     GivenTeacher(5, QStringLiteral("Asha"), QStringLiteral("ASH"), 3);

@@ -367,6 +367,50 @@ TEST_F(frmMasSchoolSetupTest, ASchoolThatAnotherClientEnteredLeadsOutOfTheScreen
     EXPECT_NE(ScreenRegistry::OpenInstance(QStringLiteral("frmMasAcademicYearSetup")), nullptr);
 }
 
+TEST_F(frmMasSchoolSetupTest, CancelShowsASchoolThatAnotherClientMovedToANewState)
+{
+    GivenSchool();
+    OpenSetup();
+    const auto other = AnotherClient();
+    other->Execute(QStringLiteral("INSERT INTO StateMaster VALUES (3, 'Assam', 1)"));
+    other->Execute(QStringLiteral("INSERT INTO CityMaster VALUES (4, 3, 'Tezpur', 1)"));
+    other->Execute(QStringLiteral("UPDATE SchoolMaster SET CCityCode = 4"));
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(List("dbcStateName")->currentText().toStdString(), "Assam");
+    EXPECT_EQ(List("dbcCity")->currentText().toStdString(), "Tezpur");
+}
+
+TEST_F(frmMasSchoolSetupTest, MonthsThatCouldNotBeReadComeWithTheNextCancel)
+{
+    GivenSchool();
+    Given("ALTER TABLE MonthMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("MonthMaster"));
+    OpenSetup();
+    prompts.Verify();
+    for (const char* button : {"cmdNew", "cmdEdit", "cmdSave"})
+        EXPECT_FALSE(Button(button)->isEnabled()) << button;
+    Given("ALTER TABLE Away RENAME TO MonthMaster");
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(List("cboAcademicYearCodeStartMonth")->count(), 13);
+    EXPECT_EQ(List("cboAcademicYearCodeStartMonth")->currentText().toStdString(), "APR");
+    EXPECT_TRUE(Button("cmdEdit")->isEnabled());
+}
+
+TEST_F(frmMasSchoolSetupTest, WhereTheCitiesCannotBeReadNoneOfAnotherStateStaysChosen)
+{
+    GivenSchool();
+    OpenSetup();
+    Press(Button("cmdEdit"));
+    List("dbcStateName")->setFocus();
+    Given("ALTER TABLE CityMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("CityMaster"));
+    QTest::keyClick(List("dbcStateName"), Qt::Key_Up);
+    prompts.Verify();
+    ASSERT_EQ(List("dbcStateName")->currentText().toStdString(), "Kerala");
+    EXPECT_TRUE(List("dbcCity")->IsBlank());
+    EXPECT_EQ(List("dbcCity")->count(), 0);
+}
+
 TEST_F(frmMasSchoolSetupTest, ACityThatAnotherClientDeletedIsNotSavedAndNothingIsLost)
 {
     GivenSchool();

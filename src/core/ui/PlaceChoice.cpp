@@ -10,33 +10,27 @@ namespace tally {
 PlaceChoice::PlaceChoice(Screen* screen, DataCombo* states, DataCombo* cities)
     : QObject(screen), states_(states), cities_(cities)
 {
-    connect(states, &DataCombo::Chosen, this, [this, screen] { screen->Read([this] { LoadCities(); }); });
-}
-
-void PlaceChoice::Load()
-{
-    states_->SetList(PlaceRepository(MainStore()).States());
-    LoadCities();
+    connect(states, &DataCombo::Chosen, this, [this, screen] {
+        // Those of the state before are none of this one, also where its own cannot be read.
+        cities_->SetList({});
+        screen->Read([this] { cities_->SetList(PlaceRepository(MainStore()).Cities(states_->BoundCode())); });
+    });
 }
 
 void PlaceChoice::Refill()
 {
-    const int stateCode = states_->BoundCode();
-    const int cityCode = cities_->BoundCode();
-    states_->SetList(PlaceRepository(MainStore()).States());
-    Choose(stateCode, cityCode);
+    Choose(states_->BoundCode(), cities_->BoundCode());
 }
 
 void PlaceChoice::Choose(int stateCode, int cityCode)
 {
+    PlaceRepository places(MainStore());
+    const CodedTexts states = places.States();
+    const CodedTexts cities = places.Cities(stateCode);
+    states_->SetList(states);
     states_->SetBoundCode(stateCode);
-    LoadCities();
+    cities_->SetList(cities);
     cities_->SetBoundCode(cityCode);
-}
-
-void PlaceChoice::LoadCities()
-{
-    cities_->SetList(PlaceRepository(MainStore()).Cities(states_->BoundCode()));
 }
 
 } // namespace tally

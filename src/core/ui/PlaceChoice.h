@@ -16,15 +16,14 @@ public:
     PlaceChoice(Screen* screen, DataCombo* states, DataCombo* cities);
 
     /// Reads the states; nothing is chosen then, and no city offered.
-    void Load();
-    /// The same, and keeps what is chosen as far as it still exists.
+    void Load() { Choose(0, 0); }
+    /// Reads both lists, and keeps what is chosen as far as it still exists.
     void Refill();
-    /// Chooses among what is listed. 0 chooses nothing.
+    /// Reads both lists and chooses in them. 0 chooses nothing. Where one cannot be read, both stay as they
+    /// are.
     void Choose(int stateCode, int cityCode);
 
 private:
-    void LoadCities();
-
     DataCombo* states_;
     DataCombo* cities_;
 };
