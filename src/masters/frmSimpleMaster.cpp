@@ -64,8 +64,7 @@ frmSimpleMaster::frmSimpleMaster(const SimpleMasterDefinition& definition)
 {
     setWindowTitle(Words(definition.caption));
     BuildControls();
-    LoadParents();
-    LoadGrid();
+    LoadLists(0);
     // Whole rows under their head, which has a height only now that it has columns.
     dgdDetails_->setMinimumHeight(LeastRowsShown * dgdDetails_->verticalHeader()->defaultSectionSize() +
                                   dgdDetails_->horizontalHeader()->sizeHint().height() +
@@ -117,10 +116,7 @@ QWidget* frmSimpleMaster::BuildEntry()
         dbcParent_->setObjectName(Words(parent->control));
         auto* cmdAdd = new QPushButton(Words(parent->addCaption));
         cmdAdd->setObjectName(Words(parent->addControl));
-        new SideButton(this, cmdAdd, dbcParent_, Words(parent->addForm), [this] {
-            LoadParents();
-            LoadGrid();
-        });
+        new SideButton(this, cmdAdd, dbcParent_, Words(parent->addForm), [this] { LoadLists(0); });
         grid->addWidget(LabelFor(dbcParent_, parent->label), row, 0);
         QBoxLayout* choice = AtLeft(dbcParent_);
         choice->insertWidget(1, cmdAdd);
@@ -178,29 +174,37 @@ QSize frmSimpleMaster::sizeHint() const
 
 void frmSimpleMaster::RefillLists()
 {
-    const int parentCode = dbcParent_ ? dbcParent_->BoundCode() : 0;
-    LoadParents();
-    if (dbcParent_)
-        dbcParent_->SetBoundCode(parentCode);
-    LoadGrid();
+    LoadLists(ParentCode());
+}
+
+void frmSimpleMaster::LoadLists(int parentCode)
+{
+    Read([&] {
+        const store::ReadTransaction moment(MainStore());
+        if (dbcParent_) {
+            dbcParent_->SetList(Repository().Parents());
+            dbcParent_->SetBoundCode(parentCode);
+        }
+        ShowRows();
+    });
 }
 
 void frmSimpleMaster::LoadGrid()
 {
-    Read([this] {
-        QStringList hidden{Words(definition_.codeColumn)};
-        if (definition_.parent)
-            hidden.append(Words(definition_.parent->gridColumn));
-        dgdDetails_->Bind(
-            Repository().Rows(txtSearch_->text().trimmed(), dbcParent_ ? dbcParent_->BoundCode() : 0),
-            hidden);
-    });
+    Read([this] { ShowRows(); });
 }
 
-void frmSimpleMaster::LoadParents()
+void frmSimpleMaster::ShowRows()
 {
-    if (dbcParent_)
-        Read([this] { dbcParent_->SetList(Repository().Parents()); });
+    QStringList hidden{Words(definition_.codeColumn)};
+    if (definition_.parent)
+        hidden.append(Words(definition_.parent->gridColumn));
+    dgdDetails_->Bind(Repository().Rows(txtSearch_->text().trimmed(), ParentCode()), hidden);
+}
+
+int frmSimpleMaster::ParentCode() const
+{
+    return dbcParent_ ? dbcParent_->BoundCode() : 0;
 }
 
 void frmSimpleMaster::SelectRow(int row)
@@ -219,8 +223,10 @@ void frmSimpleMaster::SelectRow(int row)
     ShowState(MasterState::RowSelected);
     cmdEdit_->setFocus();
     if (dbcParent_) {
-        dbcParent_->SetBoundCode(dgdDetails_->Code(row, Words(definition_.parent->gridColumn)));
-        LoadGrid();
+        const int parentCode = dgdDetails_->Code(row, Words(definition_.parent->gridColumn));
+        dbcParent_->SetBoundCode(parentCode);
+        // Another client may have added the parent since the list was read.
+        LoadLists(parentCode);
     }
 }
 
@@ -279,7 +285,7 @@ void frmSimpleMaster::cmdCancel_Click()
     }
     code_ = 0;
     heldName_.clear();
-    LoadGrid();
+    LoadLists(0);
     ShowState(MasterState::Idle);
     cmdNew_->setFocus();
 }
@@ -308,7 +314,7 @@ SimpleMasterEntry frmSimpleMaster::Entry() const
 {
     SimpleMasterEntry entry;
     entry.code = code_;
-    entry.parentCode = dbcParent_ ? dbcParent_->BoundCode() : 0;
+    entry.parentCode = ParentCode();
     entry.heldName = heldName_;
     for (std::size_t i = 0; i < boxes_.size(); ++i) {
         QString value = boxes_[i]->text().trimmed();

@@ -29,7 +29,6 @@ public:
 
 protected:
     void cmdCancel_Click() override;
-    /// Reads parents and rows anew and keeps the chosen parent.
     void RefillLists() override;
     /// Only `cmdExit` leaves, so that no half-entered row is lost with a slip of the mouse.
     bool CloseBoxExits() const override { return false; }
@@ -40,8 +39,12 @@ private:
     QWidget* BuildEntry();
     QWidget* BuildButtons();
 
+    /// Reads parents and rows anew and chooses the parent; 0 for none.
+    void LoadLists(int parentCode);
     void LoadGrid();
-    void LoadParents();
+    void ShowRows();
+    /// 0 where none is chosen, or the master has no parent.
+    int ParentCode() const;
     void SelectRow(int row);
     void cmdNew_Click();
     void cmdEdit_Click();

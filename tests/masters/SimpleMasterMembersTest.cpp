@@ -229,6 +229,35 @@ TEST_F(SimpleMasterMembersTest, ARefusedSaveLeavesTheStateChosen)
     EXPECT_EQ(states->BoundCode(), 2);
 }
 
+TEST_F(SimpleMasterMembersTest, CancelOffersTheStatesThatThereAreByThen)
+{
+    GivenStates();
+    OpenCities();
+    const auto other = AnotherClient();
+    other->Execute(QStringLiteral("INSERT INTO StateMaster VALUES (3, 'Assam', 1)"));
+    other->Execute(QStringLiteral("DELETE FROM StateMaster WHERE StateCode = 2"));
+    Press(Button("cmdCancel"));
+    EXPECT_GT(states->findData(3), 0);
+    EXPECT_EQ(states->findData(2), -1);
+    EXPECT_EQ(states->currentText().toStdString(), " ");
+}
+
+TEST_F(SimpleMasterMembersTest, ACityOfAStateThatAnotherClientAddedIsSelectedWithItsState)
+{
+    GivenStates();
+    OpenCities();
+    const auto other = AnotherClient();
+    other->Execute(QStringLiteral("INSERT INTO StateMaster VALUES (3, 'Assam', 1)"));
+    other->Execute(QStringLiteral("INSERT INTO CityMaster VALUES (1, 3, 'Tezpur', 1)"));
+    Retype("txtSearchCityName", "tez");
+    SelectRow(0, "Do You Want To Edit/Delete ?");
+    EXPECT_EQ(states->currentText().toStdString(), "Assam");
+    Press(Button("cmdEdit"));
+    Retype("txtCityName", "Tezpur Town");
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Count("SELECT StateCode FROM CityMaster WHERE CityName = 'Tezpur Town'"), 3);
+}
+
 TEST_F(SimpleMasterMembersTest, AStateWithACityStays)
 {
     GivenStates();
