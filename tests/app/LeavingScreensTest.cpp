@@ -30,7 +30,7 @@ QPoint CloseBoxOf(const QMdiSubWindow* frame)
     QStyleOptionTitleBar bar;
     bar.initFrom(frame);
     bar.titleBarFlags = frame->windowFlags();
-    bar.titleBarState = frame->windowState().toInt();
+    bar.titleBarState = static_cast<int>(frame->windowState().toInt());
     bar.subControls = QStyle::SC_All;
     bar.rect = QRect(Border, Border, frame->width() - 2 * Border,
                      frame->style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, frame) - Border);
