@@ -20,7 +20,11 @@ public:
     }
     MarkClient(const MarkClient&) = delete;
     MarkClient& operator=(const MarkClient&) = delete;
-    ~MarkClient() { Kill(); }
+    ~MarkClient()
+    {
+        process_.kill();
+        process_.waitForFinished();
+    }
 
     void Tell(const char* line)
     {
@@ -35,11 +39,6 @@ public:
             if (!process_.waitForReadyRead(60000))
                 return process_.readAllStandardError().toStdString();
         return process_.readLine().trimmed().toStdString();
-    }
-    void Kill()
-    {
-        process_.kill();
-        process_.waitForFinished();
     }
 
 private:

@@ -1,16 +1,12 @@
 #include "exams/MarkClient.h"
 #include "exams/MarkScreen.h"
 
-#include <QRandomGenerator>
-
-#include <set>
-
 namespace tally::test {
 namespace {
 
 constexpr int Students = 60;
 
-/// Two clerks, or one that is killed, over a division of sixty students.
+/// Two clerks over a division of sixty students.
 class MarkClients : public MarkScreen
 {
 protected:
@@ -59,33 +55,6 @@ protected:
     {
         first.Tell("save");
         second.Tell("save");
-    }
-
-    /// Lets a client write for ever as it is told by `order` and kills it, `kills` times. Only what `whole`
-    /// names may be found then.
-    void KillWhileWriting(const char* order, const std::set<std::string>& whole, int kills)
-    {
-        QRandomGenerator random(20260614);
-        for (int kill = 0; kill < kills; ++kill) {
-            MarkClient client(Folder());
-            ASSERT_EQ(client.Says(), "ready");
-            Given("DELETE FROM MarkMaster");
-            client.Tell(order);
-            ASSERT_EQ(client.Says(), "saved");
-            QTest::qSleep(static_cast<int>(random.bounded(120)));
-            client.Kill();
-            const std::string marks = MarksOf(1);
-            ASSERT_TRUE(whole.contains(marks)) << "kill " << kill << " left " << marks;
-        }
-    }
-
-    void KillWhileEditing(int kills)
-    {
-        KillWhileWriting("edits", {"60 of 10 to 10", "60 of 20 to 20"}, kills);
-    }
-    void KillWhileDeleting(int kills)
-    {
-        KillWhileWriting("deletes", {"60 of 10 to 10", "60 of 20 to 20", "none"}, kills);
     }
 };
 
@@ -146,22 +115,6 @@ TEST_F(MarkClients, OfTwoEditsOfASubjectSavedAtOnceOneIsStoredWhole)
     EXPECT_EQ(second.Says(), "Record Updated");
     const std::string marks = MarksOf(1);
     EXPECT_TRUE(marks == "60 of 10 to 10" || marks == "60 of 20 to 20") << marks;
-}
-
-TEST_F(MarkClients, AClientKilledDuringASaveLeavesTheOldMarksOrTheNewOnesWhole)
-{
-    KillWhileEditing(4);
-}
-
-TEST_F(MarkClients, AClientKilledDuringADeleteLeavesAllMarksOrNone)
-{
-    KillWhileDeleting(4);
-}
-
-TEST_F(MarkClients, DISABLED_TwoHundredClientsKilledWhileWritingLeaveWholeMarks)
-{
-    KillWhileEditing(100);
-    KillWhileDeleting(100);
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 // A client of the school in a process of its own that works at the mark screen as it is told, line by line:
 // "enter SUBJECT MARK" types a first entry, "edit SUBJECT MARK" types over what is stored, and it says
-// "typed"; "save" saves and it says the last box that came. At "edits" it enters English and edits it over
-// and over until it is killed, at "deletes" it also deletes it and enters it anew, and says "saved" after
-// each save of an edit.
+// "typed"; "save" saves and it says the last box that came.
 
 #include "app/Screens.h"
 #include "core/modTallyboard.h"
@@ -67,12 +65,6 @@ public:
         return lastBox_;
     }
 
-    void Delete(const QString& subject)
-    {
-        Start(subject);
-        Press("cmdDelete");
-    }
-
 private:
     /// New, with everything chosen and the list of subjects left.
     void Start(const QString& subject)
@@ -113,28 +105,6 @@ void Say(const QString& text)
     std::fflush(stdout);
 }
 
-/// Everybody's mark in English is 10 or 20 after each save.
-void WriteForEver(Clerk& clerk, bool deleting)
-{
-    const QString english = QStringLiteral("English");
-    const auto enter = [&] {
-        clerk.Prepare(english, QStringLiteral("10"), false);
-        clerk.Save();
-    };
-    enter();
-    for (;;) {
-        for (const char* mark : {"20", "10"}) {
-            clerk.Prepare(english, QString::fromLatin1(mark), true);
-            clerk.Save();
-            Say(QStringLiteral("saved"));
-        }
-        if (deleting) {
-            clerk.Delete(english);
-            enter();
-        }
-    }
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -156,11 +126,9 @@ int main(int argc, char** argv)
     for (std::string line; std::getline(std::cin, line);) {
         const QStringList words = QString::fromStdString(line).split(QLatin1Char(' '));
         const QString& order = words.first();
-        if (order == QLatin1String("edits") || order == QLatin1String("deletes"))
-            WriteForEver(clerk, order == QLatin1String("deletes"));
-        else if (order == QLatin1String("save"))
+        if (order == QLatin1String("save")) {
             Say(clerk.Save());
-        else {
+        } else {
             clerk.Prepare(words.at(1), words.at(2), order == QLatin1String("edit"));
             Say(QStringLiteral("typed"));
         }

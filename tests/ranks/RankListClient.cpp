@@ -1,6 +1,7 @@
-// One of several clients, each with a class of its own: prepares, views and saves its rank list over and over
-// until it is killed, and looks whether all of it is its own. Says "round" after each round, "lock" for each
-// box that told of a lock, and "fault: ..." for whatever must not be.
+// One of several clients, each with a class of its own: prepares, views and saves its rank list over and
+// over, and looks whether all of it is its own. Says "round" after each round, "lock" for each box that told
+// of a lock, and "fault: ..." for whatever must not be. It goes on until it is killed, or, given a number of
+// rounds, says "done" behind the last one and waits.
 
 #include "app/Screens.h"
 #include "core/modTallyboard.h"
@@ -20,7 +21,11 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <climits>
 #include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string>
 
 namespace {
 
@@ -45,7 +50,8 @@ public:
                          "c.StudentCode=a.StudentCode where a.ClassCode=? group by c.StudentName");
     }
 
-    void Round(bool exits)
+    /// False when a lock cut it short.
+    bool Round(bool exits)
     {
         ShowForm(QStringLiteral("frmRankCalculation"));
         form_ = ScreenRegistry::OpenInstance(QStringLiteral("frmRankCalculation"));
@@ -53,20 +59,25 @@ public:
         for (int step = 0; step < classCode_; ++step)
             QTest::keyClick(form_->findChild<QComboBox*>(QStringLiteral("cboClass")), Qt::Key_Down);
         Press("chkSelectAll");
-        if (!Press("cmdUpdate"))
-            return Leave(exits);
+        if (!Press("cmdUpdate")) {
+            Leave(exits);
+            return false;
+        }
         ExpectShown("cmdUpdate");
         for (const char* order :
              {"optAlphabeticalOrder", "optGradeOrder", "optAdmissionNoOrder", "optRankOrder", "cmdView"}) {
             Press(order);
             ExpectShown(order);
         }
-        if (Press("cmdSave"))
+        const bool saved = Press("cmdSave");
+        if (saved)
             Expect("saved",
                    Read("Select c.StudentName,a.Total from TempRankTotal a inner join StudentMaster c "
                         "on c.StudentCode=a.StudentCode where a.ClassCode=?"));
         Leave(exits);
-        Say(QStringLiteral("round"));
+        if (saved)
+            Say(QStringLiteral("round"));
+        return saved;
     }
 
 private:
@@ -139,13 +150,18 @@ private:
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
-    if (argc != 3)
+    if (argc != 3 && argc != 4)
         return 2;
     SetProgramFolder(QString::fromLocal8Bit(argv[1]));
     RegisterScreens();
     OpenConnections();
     mdiTallyboard::Load()->show();
     Client client(std::atoi(argv[2]));
-    for (bool exits = false;; exits = !exits)
-        client.Round(exits);
+    const int rounds = argc == 4 ? std::atoi(argv[3]) : INT_MAX;
+    bool exits = false;
+    for (int round = 0; round < rounds; exits = !exits)
+        round += client.Round(exits) ? 1 : 0;
+    Say(QStringLiteral("done"));
+    std::string line;
+    std::getline(std::cin, line);
 }
