@@ -78,6 +78,7 @@ QList<SourceFile> SourceFiles()
         const QString path = each.next();
         files.append({QDir(SourceFolder).relativeFilePath(path), IncludesOf(path)});
     }
+    EXPECT_GT(files.size(), 100);
     return files;
 }
 

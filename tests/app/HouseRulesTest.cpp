@@ -28,6 +28,7 @@ QVector<SourceFile> SourceFiles()
         const QString path = root.relativeFilePath(file.fileName());
         files.push_back({path, QString::fromUtf8(file.readAll())});
     }
+    EXPECT_GT(files.size(), 100);
     return files;
 }
 

@@ -124,6 +124,12 @@ protected:
         });
     }
 
+    static QStringList AllScreens()
+    {
+        EXPECT_GE(ScreenRegistry::Names().size(), 20);
+        return ScreenRegistry::Names();
+    }
+
     /// Those whose close box is no way out.
     static bool OnlyExitLeaves(const QString& name)
     {
@@ -187,7 +193,7 @@ TEST_F(LeavingScreens, TheCloseBoxTakesTheWholeScreenAway)
     Session().gblnPromptOnExit = true;
     Prompts::AnswerWith([](Prompts::Kind, const QString&) { return true; });
     int left = 0;
-    for (const QString& name : ScreenRegistry::Names())
+    for (const QString& name : AllScreens())
         if (!OnlyExitLeaves(name)) {
             ExpectGone(name, &ClickCloseBox);
             ++left;
@@ -199,7 +205,7 @@ TEST_F(LeavingScreens, TheCloseBoxInTheMenuBarTakesAScreenThatFillsTheWindowAway
 {
     Session().gblnPromptOnExit = true;
     int filled = 0;
-    for (const QString& name : ScreenRegistry::Names()) {
+    for (const QString& name : AllScreens()) {
         if (OnlyExitLeaves(name) || !MayFillTheWindow(OpenOne(name))) {
             if (Screen* fixed = ScreenRegistry::OpenInstance(name))
                 fixed->Unload();
@@ -219,20 +225,20 @@ TEST_F(LeavingScreens, TheCloseBoxInTheMenuBarTakesAScreenThatFillsTheWindowAway
 
 TEST_F(LeavingScreens, TheSystemMenuTakesTheWholeScreenAway)
 {
-    for (const QString& name : ScreenRegistry::Names())
+    for (const QString& name : AllScreens())
         if (!OnlyExitLeaves(name))
             ExpectGone(name, &CloseBySystemMenu);
 }
 
 TEST_F(LeavingScreens, ExitTakesTheWholeScreenAway)
 {
-    for (const QString& name : ScreenRegistry::Names())
+    for (const QString& name : AllScreens())
         ExpectGone(name, &ClickExit);
 }
 
 TEST_F(LeavingScreens, AScreenThatLeftOpensAnew)
 {
-    for (const QString& name : ScreenRegistry::Names()) {
+    for (const QString& name : AllScreens()) {
         ExpectGone(name, &ClickExit);
         ExpectGone(name, OnlyExitLeaves(name) ? Way(&ClickExit) : Way(&ClickCloseBox));
     }
@@ -248,7 +254,7 @@ TEST_F(LeavingScreens, WhoAnswersNoStaysInAnUntouchedScreen)
         return false;
     });
     int asked = 0;
-    for (const QString& name : ScreenRegistry::Names()) {
+    for (const QString& name : AllScreens()) {
         if (name == QLatin1String("AboutUs"))
             continue;
         ExpectAlive(name, &ClickExit);
@@ -263,17 +269,20 @@ TEST_F(LeavingScreens, WhoAnswersNoStaysInAnUntouchedScreen)
 TEST_F(LeavingScreens, WhereOnlyExitLeavesTheCloseBoxAsksNothingAndChangesNothing)
 {
     Session().gblnPromptOnExit = true;
-    for (const QString& name : ScreenRegistry::Names())
+    int left = 0;
+    for (const QString& name : AllScreens())
         if (OnlyExitLeaves(name)) {
             ExpectAlive(name, &ClickCloseBox);
             ExpectAlive(name, &CloseBySystemMenu);
+            ++left;
         }
+    EXPECT_EQ(left, 8);
 }
 
 TEST_F(LeavingScreens, WhileAScreensQuestionIsOpenNothingAsksAgain)
 {
     Session().gblnPromptOnExit = true;
-    for (const QString& name : ScreenRegistry::Names()) {
+    for (const QString& name : AllScreens()) {
         if (name == QLatin1String("AboutUs"))
             continue;
         SCOPED_TRACE(name.toStdString());
@@ -299,7 +308,7 @@ TEST_F(LeavingScreens, WhileAScreensQuestionIsOpenNothingAsksAgain)
 TEST_F(LeavingScreens, AScreenThatGoesUnderItsOwnBoxIsOutOfSightAtOnceAndLivesUntilItsHandlerIsDone)
 {
     Session().gblnPromptOnExit = true;
-    for (const QString& name : ScreenRegistry::Names()) {
+    for (const QString& name : AllScreens()) {
         if (name == QLatin1String("AboutUs"))
             continue;
         SCOPED_TRACE(name.toStdString());
@@ -367,17 +376,27 @@ protected:
     }
 
     static QDialog* Box() { return qobject_cast<QDialog*>(QApplication::activeModalWidget()); }
-    /// Runs `work` as soon as a box is open, waits longer than a button's delay, and answers what is open.
+    /// A button that was pressed by its letter stays down for a moment before it does its work.
+    static bool NoButtonIsDown()
+    {
+        const QWidgetList widgets = QApplication::allWidgets();
+        return std::none_of(widgets.begin(), widgets.end(), [](const QWidget* widget) {
+            const auto* button = qobject_cast<const QAbstractButton*>(widget);
+            return button && button->isDown();
+        });
+    }
+    /// Runs `work` as soon as a box is open, lets all buttons do theirs, and answers what is open.
     static void WhileABoxIsOpen(int answer, const std::function<void()>& work)
     {
         QTimer::singleShot(0, [answer, work] {
             ASSERT_NE(Box(), nullptr);
             work();
-            QTest::qWait(200);
+            EXPECT_TRUE(QTest::qWaitFor(&NoButtonIsDown));
+            Settle();
             // The box on top first; there should be one only.
             while (Box()) {
                 Box()->done(answer);
-                QTest::qWait(1);
+                Settle();
             }
         });
     }
@@ -392,7 +411,8 @@ TEST_F(LeavingUnderRealBoxes, AnExitThatWasPressedJustBeforeABoxCameAsksNothing)
         QApplication::setActiveWindow(window);
         QTest::keyClick(window->windowHandle(), Qt::Key_X, Qt::AltModifier);
         Find<QAbstractButton>(screen, "cmdExit")->animateClick();
-        QTest::qWait(200);
+        EXPECT_TRUE(QTest::qWaitFor(&NoButtonIsDown));
+        Settle();
         for (const QWidget* widget : QApplication::topLevelWidgets())
             boxes += widget->inherits("QMessageBox") && widget->isVisible() ? 1 : 0;
     });
@@ -400,7 +420,7 @@ TEST_F(LeavingUnderRealBoxes, AnExitThatWasPressedJustBeforeABoxCameAsksNothing)
     EXPECT_EQ(boxes, 1);
     ASSERT_FALSE(screen.isNull());
     EXPECT_TRUE(screen->isVisible());
-    QTest::qWait(200);
+    Settle();
     EXPECT_TRUE(screen->isVisible()) << "and nothing comes afterwards";
 }
 
@@ -416,7 +436,7 @@ TEST_F(LeavingUnderRealBoxes, ASaveThatWasPressedJustBeforeABoxCameDoesNothing)
         QTest::keyClick(window->windowHandle(), Qt::Key_S, Qt::AltModifier);
     });
     EXPECT_FALSE(Prompts::Ask(QStringLiteral("Do You Want To Edit/Delete ?")));
-    QTest::qWait(200);
+    Settle();
     EXPECT_EQ(saves, 0);
 }
 
@@ -425,7 +445,7 @@ TEST_F(LeavingUnderRealBoxes, TheScreenOutlivesTheBoxThatItsHandlerWaitsFor)
     const QPointer<Screen> screen = OpenOne(QStringLiteral("frmSubjectMaster"));
     WhileABoxIsOpen(QMessageBox::Yes, [&] {
         screen->Unload();
-        QTest::qWait(50);
+        Settle();
         EXPECT_FALSE(screen.isNull());
     });
     ClickExit(screen);
@@ -443,7 +463,7 @@ TEST_F(LeavingUnderRealBoxes, OneBoxOverAnotherKeepsTheLowerOnesScreen)
             upper->Unload();
         });
         Prompts::Critical(QStringLiteral("The disk is full"));
-        QTest::qWait(50);
+        Settle();
         EXPECT_FALSE(lower.isNull());
         EXPECT_FALSE(upper.isNull());
     });

@@ -77,7 +77,8 @@ TEST_P(CalendarClients, AKilledClientsScreenStaysShutUntilAnyClientStartsAnew)
 }
 
 INSTANTIATE_TEST_SUITE_P(Screens, CalendarClients,
-                         testing::Values("frmMasAcademicYearSetup", "frmUtilApplicationDateSetup"));
+                         testing::Values("frmMasAcademicYearSetup", "frmUtilApplicationDateSetup"),
+                         [](const auto& form) { return std::string(form.param); });
 
 } // namespace
 } // namespace tally::test

@@ -5,6 +5,7 @@
 #include "core/ui/controls/DataGrid.h"
 #include "core/ui/ScreenRegistry.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
@@ -217,8 +218,8 @@ TEST_F(AcademicYearSetup, AFirstYearThatBecomesActiveOnlyLaterLeadsOutOfTheScree
     Session().gblnActiveYearExists = false;
     Enter(QStringLiteral("2007"), QStringLiteral("NO"));
     SaveExpecting(QStringLiteral("Academic Year Saved"));
-    // A list takes letters typed close together as the beginning of one word.
-    QTest::qWait(QApplication::keyboardInputInterval() + 50);
+    // A list takes letters typed close together as the beginning of one word; an empty one begins anew.
+    Find<QComboBox>(form, "cbostatus")->view()->keyboardSearch({});
     Enter(QStringLiteral("2008"), QStringLiteral("YES"));
     SaveExpecting(QStringLiteral("Academic Year Saved"));
     Click(form, "cmdExit");
@@ -784,8 +785,7 @@ TEST_F(AcademicYearSetup, ARefusalStandsOverAWindowThatIsDrawn)
     bool drawn = false;
     Prompts::AnswerWith([&](Prompts::Kind, const QString&) {
         const PaintCounter painted(window->Area()->subWindowList().constLast());
-        QTest::qWait(1);
-        drawn = painted.Count() > 0;
+        drawn = QTest::qWaitFor([&painted] { return painted.Count() > 0; });
         return true;
     });
     EXPECT_EQ(OpenScreen(QStringLiteral("frmMasAcademicYearSetup")), nullptr);

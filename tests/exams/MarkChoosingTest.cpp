@@ -1,5 +1,5 @@
 #include "exams/MarkScreen.h"
-#include "support/BusyClient.h"
+#include "support/OneMoment.h"
 
 namespace tally::test {
 namespace {
@@ -338,16 +338,15 @@ TEST_F(MarkChoosing, TheLimitAndTheMarksOfASubjectAreOfOneMoment)
 {
     school->EnterMark(1, 1, 0);
     Given("UPDATE ClassSubjectTeacher SET MaximumAllowed = 0 WHERE SubjectCode = 1");
-    ReadSlowly(*Session().gcnnMain, QStringLiteral("ClassSubjectTeacher"));
     OpenNew();
     ChooseClassDivision();
     const auto change = [](store::Transaction& transaction, int state) {
         transaction.Execute(
-            QStringLiteral("UPDATE ClassSubjectTeacherRows SET MaximumAllowed = ? WHERE SubjectCode = 1"),
+            QStringLiteral("UPDATE ClassSubjectTeacher SET MaximumAllowed = ? WHERE SubjectCode = 1"),
             state);
         transaction.Execute(QStringLiteral("UPDATE MarkMaster SET Mark = ?"), state);
     };
-    ExpectOneMoment(AnotherClient(), change, [this] {
+    ExpectOneMoment(*AnotherClient(), change, [this] {
         Choose(subjects, QStringLiteral("Maths"));
         Choose(subjects, QStringLiteral("English"));
         return QStringList{QString::fromStdString(AllowedMark()), grid->TextMatrix(1, 2)};

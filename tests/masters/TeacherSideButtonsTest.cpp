@@ -146,7 +146,9 @@ TEST_F(TeacherSideButtons, KeysOpenTheMastersToo)
     for (const auto& [key, name] : keys) {
         Box("txtTeacherName")->setFocus();
         QTest::keyClick(window, key, Qt::AltModifier | Qt::ShiftModifier);
-        QTest::qWait(150);
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return ScreenRegistry::OpenInstance(QString::fromLatin1(name)) != nullptr; }));
+        Settle();
         OnTop(name)->Unload();
         Settle();
     }

@@ -1,7 +1,8 @@
+#include "support/OneMoment.h"
+
 #include "core/Numbers.h"
 #include "ranks/RankCardRepository.h"
 #include "ranks/RankScreen.h"
-#include "support/BusyClient.h"
 
 namespace tally::test {
 namespace {
@@ -49,7 +50,7 @@ protected:
     }
 
     /// `load` on the session's connection.
-    void Expect(const std::function<QStringList()>& load) { ExpectOneMoment(AnotherClient(), Lay, load); }
+    void Expect(const std::function<QStringList()>& load) { ExpectOneMoment(*AnotherClient(), Lay, load); }
 
     RankCardRepository Cards() { return RankCardRepository(*Session().gcnnMain); }
 

@@ -1,7 +1,9 @@
 #include "StoreFiles.h"
 #include "support/AsOrdinaryUser.h"
+#include "support/EngineWaits.h"
 
 #include <chrono>
+#include <optional>
 #include <thread>
 
 #ifdef Q_OS_UNIX
@@ -69,15 +71,14 @@ TEST(Faults, ASecondWriterGivesUpAfterItsPatienceWithALockError)
     Connection second(files.Path(), Password);
     second.SetPatience(60ms);
     const Transaction holding(first);
-    const auto start = std::chrono::steady_clock::now();
+    const std::size_t before = EngineWaits();
     const auto error = ErrorOf([&] { AddName(second, QStringLiteral("Balu")); });
-    const auto waited = std::chrono::steady_clock::now() - start;
     ASSERT_TRUE(error);
     EXPECT_TRUE(error->IsLocked());
     EXPECT_EQ(error->Kind(), ErrorKind::GeneralFailure);
     EXPECT_TRUE(error->Description().startsWith(QLatin1String("The Data Is In Use By Another Client")))
         << error->what();
-    EXPECT_GE(waited, 50ms);
+    EXPECT_GT(EngineWaits(), before);
     EXPECT_EQ(second.TransactionDepth(), 0);
 }
 
@@ -86,13 +87,12 @@ TEST(Faults, ASecondWriterQueuesBehindAShortSave)
     const StoreFiles files;
     Connection first = files.MakeNameList();
     Connection second(files.Path(), Password);
+    std::optional<Transaction> saving(first);
+    const std::size_t before = EngineWaits();
     std::thread other([&] { AddName(second, QStringLiteral("Balu")); });
-    {
-        Transaction transaction(first);
-        std::this_thread::sleep_for(80ms);
-        transaction.Execute(QStringLiteral("INSERT INTO NameList VALUES ('Chitra')"));
-        transaction.Commit();
-    }
+    AwaitEngineWait(before);
+    saving->Execute(QStringLiteral("INSERT INTO NameList VALUES ('Chitra')"));
+    saving->Commit();
     other.join();
     EXPECT_EQ(Names(first), 3);
 }

@@ -3,6 +3,7 @@
 #include "OldMainFile.h"
 #include "store/Tables.h"
 #include "support/AsOrdinaryUser.h"
+#include "support/EngineWaits.h"
 #include "support/FileSizeLimit.h"
 #include "support/TestStore.h"
 
@@ -223,12 +224,12 @@ TEST_F(UpgradeTest, AfterwardsAClientWaitsForASaveAsBefore)
     Upgrade(main, 0ms);
     Connection other = Open();
     std::optional<Transaction> saving(other);
-    std::thread saved([&saving] {
-        std::this_thread::sleep_for(300ms);
-        saving.reset();
-    });
-    EXPECT_FALSE(ErrorOf([&] { Transaction second(main); }).has_value());
-    saved.join();
+    const std::size_t before = EngineWaits();
+    std::thread waiting(
+        [&main] { EXPECT_FALSE(ErrorOf([&main] { Transaction second(main); }).has_value()); });
+    AwaitEngineWait(before);
+    saving.reset();
+    waiting.join();
 }
 
 TEST_F(UpgradeTest, AClientThatWaitedForAnothersUpgradeFindsItDone)
@@ -236,8 +237,9 @@ TEST_F(UpgradeTest, AClientThatWaitedForAnothersUpgradeFindsItDone)
     Connection first = Open();
     Connection second = Open();
     Transaction upgrading(first);
+    const std::size_t before = EngineWaits();
     std::thread waiting([&second] { Upgrade(second); });
-    std::this_thread::sleep_for(200ms);
+    AwaitEngineWait(before);
     upgrading.Execute(QStringLiteral("DROP INDEX StudentRanks"));
     store::CreateGuardIndexes(upgrading);
     upgrading.Execute(QStringLiteral("PRAGMA user_version = 2"));
@@ -252,8 +254,9 @@ TEST_F(UpgradeTest, AClientThatWaitedForANewersUpgradeIsRefused)
     Connection second = Open();
     Transaction upgrading(first);
     std::optional<store::StoreError> error;
+    const std::size_t before = EngineWaits();
     std::thread waiting([&] { error = ErrorOf([&second] { Upgrade(second); }); });
-    std::this_thread::sleep_for(200ms);
+    AwaitEngineWait(before);
     upgrading.Execute(QStringLiteral("PRAGMA user_version = 3"));
     upgrading.Commit();
     waiting.join();

@@ -70,6 +70,7 @@ TEST(DeliveredDatabases, AnExistingFileIsKeptByteForByteAndTheOthersAreMade)
     const QString main = folder.filePath(QStringLiteral("Tallyboard.mdb"));
     Write(main, "ten years of marks");
     const auto files = MakeDeliveredDatabases(folder.path(), Password);
+    ASSERT_EQ(files.size(), 4);
     for (const DeliveredFile& file : files)
         EXPECT_EQ(file.made, file.name != QLatin1String("Tallyboard.mdb")) << qPrintable(file.name);
     EXPECT_EQ(Read(main), QByteArray("ten years of marks"));
@@ -81,7 +82,9 @@ TEST(DeliveredDatabases, ASecondRunChangesNothing)
     const QTemporaryDir folder;
     MakeDeliveredDatabases(folder.path(), Password);
     const QByteArray before = Read(folder.filePath(QStringLiteral("Tallyboard.mdb")));
-    for (const DeliveredFile& file : MakeDeliveredDatabases(folder.path(), Password))
+    const auto files = MakeDeliveredDatabases(folder.path(), Password);
+    EXPECT_EQ(files.size(), 4);
+    for (const DeliveredFile& file : files)
         EXPECT_FALSE(file.made) << qPrintable(file.name);
     EXPECT_EQ(Read(folder.filePath(QStringLiteral("Tallyboard.mdb"))), before);
 }

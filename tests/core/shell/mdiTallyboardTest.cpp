@@ -92,10 +92,9 @@ TEST_F(mdiTallyboardTest, ATickThatMeetsAnotherClientsLockIsSkippedWithoutWaitin
     const auto other = AnotherClient();
     other->Begin();
     other->Execute(QStringLiteral("UPDATE ExamBoardMaster SET BoardNo = 1"));
-    QElapsedTimer timer;
-    timer.start();
+    // A tick that waits would not come back before the tests are given up.
+    Session().gcnnMain->SetPatience(std::chrono::hours(1));
     Tick();
-    EXPECT_LT(timer.elapsed(), 2000);
     other->Rollback();
     EXPECT_EQ(Count("SELECT count(*) FROM ExamBoardMaster WHERE Status = 'Z'"), 1);
     Tick();
@@ -230,6 +229,7 @@ TEST_F(mdiTallyboardTest, EachActivationWritesThePanelsAnew)
 TEST_F(mdiTallyboardTest, EachPanelTakesAThirdOfTheWidthWithoutTheFreePart)
 {
     window->resize(1024, 700);
+    EXPECT_EQ(Panels().size(), 3);
     for (const QLabel* panel : Panels())
         EXPECT_EQ(panel->width(), (1024 - 183) / 3);
 }

@@ -134,8 +134,11 @@ TEST_F(OpenDocumentTest, AFileThatHasGoneIsGivenToNoProgramAndToldAsGone)
 
 TEST_F(OpenDocumentTest, TheProgramLivesOnWhateverItWritesOnceTheDesktopHasStartedIt)
 {
-    Install(gio, "( /bin/sleep 0.3; echo a warning; echo another >&2; printf lives > \"$0.called\" ) &");
+    Install(gio, "( while [ -e \"$0\" ] && [ ! -e \"$0.started\" ]; do /bin/sleep 0.01; done; echo a "
+                 "warning; echo another >&2;"
+                 " printf lives > \"$0.called\" ) &");
     EXPECT_TRUE(OpenText(Given(QStringLiteral("Summary.txt"))));
+    EXPECT_TRUE(QFile(machine.filePath(QStringLiteral("gio.started"))).open(QIODevice::WriteOnly));
     ExpectCalled(gio, QStringLiteral("lives"));
 }
 

@@ -6,7 +6,6 @@
 #include "reports/output/Workbook.h"
 
 #include <QCoreApplication>
-#include <QThread>
 
 #include <cstdio>
 
@@ -22,6 +21,6 @@ int main(int argc, char** argv)
         workbook.WriteText(0, 0, QStringLiteral("Asha"), {});
         std::puts("writing");
         std::fflush(stdout);
-        QThread::sleep(600);
+        std::getchar();
     });
 }
