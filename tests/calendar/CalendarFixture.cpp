@@ -26,6 +26,8 @@ constexpr std::array WorkMenus{"mnuMasters", "mnuTransactions", "mnuReports", "m
 void CalendarFixture::SetUp()
 {
     ScreenFixture::SetUp();
+    Given("INSERT INTO ApplicationDate VALUES ('1990-06-01', -1)");
+    GuardOthers();
     GivenStartMonth("JUN");
 }
 
@@ -47,6 +49,16 @@ void CalendarFixture::GivenDays(const QList<QDate>& days)
         Given("INSERT INTO ApplicationDate VALUES (?, 1)", day);
 }
 
+qint64 CalendarFixture::Days()
+{
+    return Count("SELECT count(*) FROM ApplicationDate WHERE UserCode > 0");
+}
+
+qint64 CalendarFixture::ScreensTaken()
+{
+    return Count("SELECT count(*) FROM ScreenStatus WHERE Screen <> 'Next door'");
+}
+
 void CalendarFixture::GivenSessionUser(int days, const QList<std::pair<QString, QString>>& rights)
 {
     GivenUser(4, QStringLiteral("clerk"), QStringLiteral("secret"), rights);
@@ -64,6 +76,9 @@ void CalendarFixture::Start()
     CreateTempFolder();
     window = mdiTallyboard::Load();
     ASSERT_NE(window, nullptr);
+    // The start has forgotten all screens; this one another client has opened since.
+    Given("INSERT INTO ScreenStatus VALUES ('Next door')");
+    GuardOthers();
     EnableMenus(true);
     window->show();
     QApplication::setActiveWindow(window);

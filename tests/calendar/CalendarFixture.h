@@ -17,6 +17,9 @@ protected:
     /// A year from June to May with the code, its first calendar year and whether it is active.
     void GivenYear(int code, int yearFrom, const char* status);
     void GivenDays(const QList<QDate>& days);
+    /// How many working days there are, and how many screens are taken, without those of others.
+    qint64 Days();
+    qint64 ScreensTaken();
     /// The login of the session, with the limit of days and pairs of form name and right.
     void GivenSessionUser(int days, const QList<std::pair<QString, QString>>& rights);
     /// Starts the program on the rows given so far; the work menus are open.

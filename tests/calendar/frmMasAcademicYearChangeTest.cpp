@@ -122,7 +122,7 @@ TEST_F(AcademicYearChange, AProcessedYearCanNotBeEnteredAndItsTextStays)
 
 TEST_F(AcademicYearChange, AYearWithoutAWorkingDateKeepsTheOldOne)
 {
-    Given("DELETE FROM ApplicationDate WHERE ApplicationDate < '2007-01-01'");
+    Given("DELETE FROM ApplicationDate WHERE ApplicationDate BETWEEN '2000-01-01' AND '2007-01-01'");
     OpenForm();
     ASSERT_TRUE(Session().gblnApplicationDateExists);
     Retype(QStringLiteral("2006"));

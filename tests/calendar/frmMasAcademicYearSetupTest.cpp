@@ -445,7 +445,7 @@ TEST_F(AcademicYearSetup, DeletingAnotherYearThanTheOneInUseLeavesTheSession)
     prompts.ExpectInformation(QStringLiteral("Record Deleted"));
     Click(form, "cmdDelete");
     EXPECT_EQ(Years(), 1);
-    EXPECT_EQ(Count("SELECT count(*) FROM ApplicationDate"), 2);
+    EXPECT_EQ(Days(), 2);
     EXPECT_EQ(Session().gintYearFrom, 2007);
     EXPECT_EQ(Session().gdtmApplicationDate, QDate(2008, 5, 31));
     EXPECT_EQ(Panel(1), "Academic Year : 2007-2008");
@@ -468,7 +468,7 @@ TEST_F(AcademicYearSetup, DeletingTheOnlyYearLeavesTheSessionWithoutOne)
     EXPECT_FALSE(Session().gdtmApplicationDate.isValid());
     EXPECT_EQ(Panel(1), "Academic Year : ");
     EXPECT_EQ(Panel(3), "Application Date : ");
-    EXPECT_EQ(Count("SELECT count(*) FROM ApplicationDate"), 0);
+    EXPECT_EQ(Days(), 0);
     EXPECT_TRUE(OffersSchoolSetup());
     prompts.ExpectInformation(NoActiveYear);
     Click(form, "cmdExit");
@@ -582,7 +582,7 @@ TEST_F(AcademicYearSetup, AYearWithClassesStaysAndSoDoItsDays)
         QStringLiteral("This Data Is Already Used By Other Screen(s).\nYou Cannot Delete This Data."));
     Click(form, "cmdDelete");
     EXPECT_EQ(Years(), 1);
-    EXPECT_EQ(Count("SELECT count(*) FROM ApplicationDate"), 1);
+    EXPECT_EQ(Days(), 1);
     EXPECT_EQ(Session().gintYearFrom, 2007);
     EXPECT_EQ(Panel(1), "Academic Year : 2007-2008");
     ExpectButtons(false, true, true, false);
@@ -637,7 +637,7 @@ TEST_F(AcademicYearSetup, SchoolSetupOpenedFromHereAndClosedLeavesTheMenusAsThey
         EXPECT_TRUE(MenusAre(menusOn));
         EXPECT_FALSE(Session().gblnMenusLocked);
         Given("DELETE FROM AcademicYearSetup WHERE AcademicYearCode > 0");
-        Given("DELETE FROM ApplicationDate");
+        Given("DELETE FROM ApplicationDate WHERE UserCode > 0");
     }
 }
 
@@ -725,7 +725,7 @@ TEST_F(AcademicYearSetup, HoldsItsRowFromTheFirstActivationToTheExit)
         EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus WHERE Screen = 'AcademicYearSetup'"), 1);
         Click(form, "cmdExit");
         Settle();
-        EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus"), 0);
+        EXPECT_EQ(ScreensTaken(), 0);
     }
 }
 
@@ -747,7 +747,7 @@ TEST_F(AcademicYearSetup, AnotherClientsSaveKeepsItOpenUntilItsRowCanGo)
     Click(form, "cmdExit");
     Settle();
     EXPECT_FALSE(IsOpen("frmMasAcademicYearSetup"));
-    EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus"), 0);
+    EXPECT_EQ(ScreensTaken(), 0);
     EXPECT_TRUE(MenusAre(true));
 }
 
@@ -772,7 +772,7 @@ TEST_F(AcademicYearSetup, AnotherClientThatHoldsTheRowKeepsItShut)
     AnotherClient()->Execute(QStringLiteral("INSERT INTO ScreenStatus VALUES ('AcademicYearSetup')"));
     prompts.ExpectInformation(OpenedByAnother);
     EXPECT_EQ(OpenScreen(QStringLiteral("frmMasAcademicYearSetup")), nullptr);
-    EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus"), 1);
+    EXPECT_EQ(ScreensTaken(), 1);
     EXPECT_TRUE(MenusAre(true));
     EXPECT_FALSE(Session().gblnMenusLocked);
 }

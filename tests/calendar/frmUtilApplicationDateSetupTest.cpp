@@ -36,7 +36,6 @@ protected:
             QStringLiteral("Do You Want To Delete Application Date : %1 ?").arg(QString::fromLatin1(date)),
             answer);
     }
-    qint64 Days() { return Count("SELECT count(*) FROM ApplicationDate"); }
 
     frmUtilApplicationDateSetup* form = nullptr;
 };
@@ -302,7 +301,7 @@ TEST_F(ApplicationDateSetup, MustBeAloneOnThisClient)
                                              "Are Opened. First Close Other Forms"));
     EXPECT_EQ(OpenScreen(QStringLiteral("frmUtilApplicationDateSetup")), nullptr);
     EXPECT_TRUE(MenusAre(true));
-    EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus"), 0);
+    EXPECT_EQ(ScreensTaken(), 0);
 }
 
 TEST_F(ApplicationDateSetup, AnotherClientThatHoldsTheRowKeepsItShut)
@@ -314,7 +313,7 @@ TEST_F(ApplicationDateSetup, AnotherClientThatHoldsTheRowKeepsItShut)
     EXPECT_EQ(OpenScreen(QStringLiteral("frmUtilApplicationDateSetup")), nullptr);
     EXPECT_TRUE(MenusAre(true));
     EXPECT_FALSE(Session().gblnMenusLocked);
-    EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus"), 1);
+    EXPECT_EQ(ScreensTaken(), 1);
 }
 
 TEST_F(ApplicationDateSetup, HoldsItsRowAndTheMenusUntilItCloses)
@@ -326,7 +325,7 @@ TEST_F(ApplicationDateSetup, HoldsItsRowAndTheMenusUntilItCloses)
     prompts.ExpectQuestion(QStringLiteral("Do You Want To Exit Application Date Setup ?"), true);
     Click(form, "cmdExit");
     Settle();
-    EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus"), 0);
+    EXPECT_EQ(ScreensTaken(), 0);
     EXPECT_TRUE(MenusAre(true));
 }
 

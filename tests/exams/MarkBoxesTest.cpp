@@ -89,7 +89,8 @@ TEST_P(OpenBoxes, CloseWhenTheSubjectIsPutBackOnNo)
 
 TEST_P(OpenBoxes, CloseWhenTheSubjectIsNoLongerTaken)
 {
-    Given("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 2");
+    Given("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 2 AND ClassCode = 1 "
+          "AND DivisionCode = 1 AND AcademicYearCode = 1");
     Choose(subjects, QStringLiteral("Maths"));
     EXPECT_FALSE(mark->isVisible());
     EXPECT_FALSE(presence->isVisible());

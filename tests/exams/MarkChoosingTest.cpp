@@ -280,7 +280,8 @@ TEST_F(MarkChoosing, ASubjectThatTheDivisionNoLongerTakesLeavesTheGridAndTheLimi
     Given("UPDATE ClassSubjectTeacher SET MaximumMark = 200 WHERE SubjectCode = 2");
     StartSubject(QStringLiteral("English"));
     Enter("45");
-    Given("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 2");
+    Given("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 2 AND ClassCode = 1 "
+          "AND DivisionCode = 1 AND AcademicYearCode = 1");
     Choose(subjects, QStringLiteral("Maths"));
     EXPECT_EQ(RowText(1), "1|Asha(A1)|45|Present");
     EXPECT_EQ(Average(), "15");
@@ -299,7 +300,8 @@ TEST_F(MarkChoosing, ASubjectThatTheDivisionNoLongerTakesHasNoneOfTheMarksShownB
     ChooseClassDivision();
     Choose(subjects, QStringLiteral("English"));
     ASSERT_EQ(RowText(1), "1|Asha(A1)|45|Present");
-    Given("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 2");
+    Given("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 2 AND ClassCode = 1 "
+          "AND DivisionCode = 1 AND AcademicYearCode = 1");
     Choose(subjects, QStringLiteral("Maths"));
     // No question whether to edit or delete marks that are those of English.
     PressKey(form, Qt::Key_Return);
@@ -340,10 +342,11 @@ TEST_F(MarkChoosing, TheLimitAndTheMarksOfASubjectAreOfOneMoment)
     Given("UPDATE ClassSubjectTeacher SET MaximumAllowed = 0 WHERE SubjectCode = 1");
     OpenNew();
     ChooseClassDivision();
+    // What the other client changes is all that the store holds of the subject.
+    LeaveOthersUnguarded();
     const auto change = [](store::Transaction& transaction, int state) {
         transaction.Execute(
-            QStringLiteral("UPDATE ClassSubjectTeacher SET MaximumAllowed = ? WHERE SubjectCode = 1"),
-            state);
+            QStringLiteral("UPDATE ClassSubjectTeacher SET MaximumAllowed = ? WHERE SubjectCode = 1"), state);
         transaction.Execute(QStringLiteral("UPDATE MarkMaster SET Mark = ?"), state);
     };
     ExpectOneMoment(*AnotherClient(), change, [this] {

@@ -97,8 +97,8 @@ TEST_F(MarkKeys, AClassIsEnteredWithOneKeyBesidesTheDigitsOfEachMarkAndNoStateme
     prompts.ExpectInformation(QStringLiteral("Record Saved"));
     prompts.ExpectQuestion(SameAgain, false);
     PressKey(form, Qt::Key_Return);
-    EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster WHERE LeaveOrPresent = 'P'"), 40);
-    EXPECT_EQ(Count("SELECT sum(Mark) FROM MarkMaster"), 40 * 29 + 20);
+    EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster WHERE LeaveOrPresent = 'P' AND UserCode = 5"), 40);
+    EXPECT_EQ(Count("SELECT sum(Mark) FROM MarkMaster WHERE UserCode = 5"), 40 * 29 + 20);
 }
 
 TEST_F(MarkKeys, NoStatementRunsForAZeroAnAbsenceOrARefusal)

@@ -120,7 +120,7 @@ TEST_F(MarkSave, OnYesTheNextSubjectOfTheSameClassIsChosen)
     PressKey(form, Qt::Key_Return);
     EnterThree("90", "80", "70");
     SaveAndStop();
-    EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster"), 6);
+    EXPECT_EQ(Marks(), 6);
     EXPECT_EQ(EnabledControls(), Browse);
     EXPECT_TRUE(exam->IsBlank());
     EXPECT_EQ(grid->Rows(), 2);
@@ -173,7 +173,7 @@ TEST_F(MarkSave, ADeleteTakesTheSubjectOnYesOnly)
     ShowStoredSubject(QStringLiteral("English"));
     prompts.ExpectQuestion(DeleteQuestion, false);
     Press(Button("cmdDelete"));
-    EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster"), 4);
+    EXPECT_EQ(Marks(), 4);
     EXPECT_TRUE(IsEnabled("cmdDelete"));
     prompts.ExpectQuestion(DeleteQuestion, true);
     prompts.ExpectInformation(QStringLiteral("Record Deleted"));
@@ -215,7 +215,7 @@ TEST_F(MarkSave, NewEditAndDeleteNeedTheirRights)
     Press(Button("cmdEdit"));
     prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Delete"));
     Press(Button("cmdDelete"));
-    EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster"), 3);
+    EXPECT_EQ(Marks(), 3);
     Press(Button("cmdCancel"));
     Given("DELETE FROM UserPrivilegeDetails");
     prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Create New Entry"));
@@ -243,7 +243,7 @@ TEST_F(MarkSave, ASaveRunsOneInsertPerStudentAndNothingElseGrowsWithTheClass)
         school->AddStudent(1, QStringLiteral("Student %1").arg(student));
     EXPECT_EQ(statementsOfSave(QStringLiteral("Maths")) - few, 57U);
     EXPECT_LE(few, 3U + 6U);
-    EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster"), 63);
+    EXPECT_EQ(Marks(), 63);
 }
 
 } // namespace

@@ -34,8 +34,16 @@ void MarkScreen::GivenRelieved(int studentCode)
     Given("UPDATE StudentMaster SET TCNo = 'TC1' WHERE StudentCode = ?", studentCode);
 }
 
+qint64 MarkScreen::Marks()
+{
+    return Count("SELECT count(*) FROM MarkMaster WHERE ExamCode = 1 AND ClassCode = 1 AND DivisionCode = 1 "
+                 "AND AcademicYearCode = 1");
+}
+
 void MarkScreen::OpenForm()
 {
+    if (!form)
+        SurroundSchool();
     FormDriver::OpenForm("frmexammarkentry");
     exam = Find<DataCombo>(form, "dbcExam");
     classes = Find<QComboBox>(form, "cboClass");

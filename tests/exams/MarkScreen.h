@@ -40,7 +40,10 @@ protected:
     void TearDown() override;
 
     void GivenRelieved(int studentCode);
+    /// How many marks of the division are stored.
+    qint64 Marks();
 
+    /// With neighbours on all sides of what the test has laid down by then.
     void OpenForm();
     /// The same, and New is pressed.
     void OpenNew();

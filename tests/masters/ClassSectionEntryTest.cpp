@@ -191,7 +191,8 @@ INSTANTIATE_TEST_SUITE_P(
                 "Class Order Should Not Be Empty", "txtClassOrder", 1},
         Refusal{"5", "UPDATE ClassDivisionMaster SET ClassOrder = 2 WHERE ClassCode = 3",
                 "Class Order Already Exists", "txtClassOrder", 3},
-        Refusal{"7", "DELETE FROM ClassDivisionDetails", "Enter Class-Division Details", "txtClassName", 1},
+        Refusal{"7", "DELETE FROM ClassDivisionDetails WHERE ClassCode > 0", "Enter Class-Division Details",
+                "txtClassName", 1},
         Refusal{"8",
                 "UPDATE ClassDivisionDetails SET DivisionName = '' WHERE ClassCode = 2 AND DivisionCode = 3",
                 "Enter Division Name To Class XI", "txtNoOfDivisions", 2}));

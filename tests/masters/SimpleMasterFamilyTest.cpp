@@ -136,6 +136,28 @@ TEST_P(SimpleMasterFamilyTest, ASecondRowGetsTheNextCode)
     EXPECT_EQ(grid->RowCount(), 2);
 }
 
+TEST_P(SimpleMasterFamilyTest, OnlyTheRowInHandIsChangedAndDeleted)
+{
+    OpenMember();
+    EnterAndStore(&Field::first);
+    EnterAndStore(&Field::second);
+    store::Connection& main = *Session().gcnnMain;
+    const AllRows::Row inHand{{QString::fromLatin1(Member().key), QStringLiteral("2")}};
+    const AllRows before(main);
+    Select(1);
+    Press(Button("cmdEdit"));
+    Retype(NameBox(), "Zz");
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Named("Zz"), 1);
+    before.ExpectTouchedOnly(main, Member().table, inHand);
+    Select(1);
+    prompts.ExpectQuestion(QString::fromLatin1(Member().deleteQuestion), true);
+    prompts.ExpectInformation(QStringLiteral("Record Deleted"));
+    Press(Button("cmdDelete"));
+    EXPECT_EQ(Rows(), 1);
+    before.ExpectTouchedOnly(main, Member().table, inHand);
+}
+
 TEST_P(SimpleMasterFamilyTest, EveryEmptyBoxIsToldInItsTurn)
 {
     OpenMember();

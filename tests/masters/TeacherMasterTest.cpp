@@ -128,7 +128,7 @@ TEST_F(TeacherMasterTest, DeleteAsksAndDeletes)
     prompts.ExpectQuestion(QStringLiteral("Do You Want To Delete This Teacher ?"), true);
     prompts.ExpectInformation(QStringLiteral("Record Deleted"));
     Press(Button("cmdDelete"));
-    EXPECT_EQ(Count("SELECT count(*) FROM TeacherMaster"), 1);
+    EXPECT_EQ(Count("SELECT count(*) FROM TeacherMaster WHERE TeacherCode > 0"), 0);
     ExpectIdle();
 }
 

@@ -36,8 +36,12 @@ protected:
         ScreenFixture::TearDown();
     }
 
+    /// With neighbours beside what the test has laid down by then, but for other years: a card shows on
+    /// purpose what the same division has in those.
     void OpenForm()
     {
+        if (!form)
+            SurroundSchool({Side::Exam, Side::Class, Side::Division});
         FormDriver::OpenForm("frmRankCardPrinting");
         exams = Find<CheckList>(form, "Lstexamnames");
         allExams = Find<QCheckBox>(form, "chkSelectExamName");

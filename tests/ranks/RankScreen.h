@@ -31,8 +31,11 @@ protected:
         ScreenFixture::TearDown();
     }
 
+    /// With neighbours on all sides of what the test has laid down by then.
     void OpenForm()
     {
+        if (!form)
+            SurroundSchool();
         FormDriver::OpenForm("frmRankCalculation");
         exam = Find<QComboBox>(form, "Cboexamname");
         classes = Find<QComboBox>(form, "cboClass");
@@ -67,6 +70,15 @@ protected:
         Press(selectAll);
         Press(Button("cmdUpdate"));
         ASSERT_FALSE(Find<QGroupBox>(form, "Frame2")->isEnabled());
+    }
+
+    /// How many rank totals of the exam and the class are saved, with this condition on them.
+    qint64 SavedTotals(const char* condition = "Rank > 0")
+    {
+        const QByteArray own =
+            "SELECT count(*) FROM TempRankTotal WHERE AcademicYearCode = 1 AND ExamCode = 1"
+            " AND ClassCode = 1 AND DivisionCode < 10 AND ";
+        return Count((own + condition).constData());
     }
 
     int GridRowOf(const QString& name) const

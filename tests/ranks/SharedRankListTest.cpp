@@ -59,9 +59,12 @@ protected:
 
     void ExpectOwnRowsSaved()
     {
-        EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal WHERE StudentCode BETWEEN 1 AND 5"), 5);
-        EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal"), 5);
-        EXPECT_EQ(Count("SELECT Total FROM TempRankTotal WHERE StudentCode = 1"), 170);
+        EXPECT_EQ(SavedTotals("StudentCode BETWEEN 1 AND 5"), 5);
+        EXPECT_EQ(SavedTotals(), 5);
+        EXPECT_EQ(Count("SELECT Total FROM TempRankTotal WHERE StudentCode = 1 AND AcademicYearCode = 1 AND "
+                        "ExamCode = 1 AND "
+                        "ClassCode = 1 AND DivisionCode = 1"),
+                  170);
     }
 
     std::unique_ptr<store::Connection> other;
@@ -188,7 +191,7 @@ TEST_F(SharedRankList, ALockIsToldInPlainWordsAndTheListStaysToBeShownAndSaved)
     Press(Button("cmdSave"));
     prompts.Verify();
     EXPECT_TRUE(Button("cmdSave")->isEnabled());
-    EXPECT_EQ(Count("SELECT count(*) FROM TempRankTotal"), 0);
+    EXPECT_EQ(SavedTotals(), 0);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 
     other->Rollback();

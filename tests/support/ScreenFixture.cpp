@@ -8,6 +8,7 @@
 #include "core/TempFolder.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/ScreenRegistry.h"
+#include "store/StoreError.h"
 #include "tools/DeliveredDatabases.h"
 
 #include <QAbstractButton>
@@ -30,14 +31,36 @@ QString Password()
     return DatabasePassword(session);
 }
 
-/// The four delivered files, made once for all tests of the program.
-const QDir& DeliveredFolder()
+constexpr auto MainFile = "Tallyboard.mdb";
+constexpr auto TempFile = "TempTallyboard.mdb";
+
+/// The four delivered files, made once for all tests of the program, with rows of others.
+class Delivered
 {
-    static const QTemporaryDir folder;
-    static const QDir delivered = [] {
-        MakeDeliveredDatabases(folder.path(), Password());
-        return QDir(folder.path());
-    }();
+public:
+    Delivered()
+    {
+        MakeDeliveredDatabases(folder_.path(), Password());
+        store::Connection main(Path(MainFile), Password());
+        store::Connection temp(Path(TempFile), Password());
+        AddOthers(main, temp);
+        inMain.emplace(main);
+        inTemp.emplace(temp);
+    }
+    QString Path(const char* file) const { return folder_.filePath(QLatin1String(file)); }
+    QStringList Files() const { return QDir(folder_.path()).entryList(QDir::Files); }
+    QString Path(const QString& file) const { return folder_.filePath(file); }
+
+    std::optional<RowsOfOthers> inMain;
+    std::optional<RowsOfOthers> inTemp;
+
+private:
+    QTemporaryDir folder_;
+};
+
+const Delivered& TheDelivered()
+{
+    static const Delivered delivered;
     return delivered;
 }
 
@@ -46,9 +69,8 @@ const QDir& DeliveredFolder()
 void ProgramFixture::SetUp()
 {
     ASSERT_TRUE(folder_.isValid());
-    const QStringList files = DeliveredFolder().entryList(QDir::Files);
-    for (const QString& file : files)
-        ASSERT_TRUE(QFile::copy(DeliveredFolder().filePath(file), folder_.filePath(file)));
+    for (const QString& file : TheDelivered().Files())
+        ASSERT_TRUE(QFile::copy(TheDelivered().Path(file), folder_.filePath(file)));
     SetProgramFolder(folder_.path());
     Session() = SessionContext();
     EndProcessWith([this] { ++processEnds; });
@@ -64,9 +86,32 @@ void ProgramFixture::TearDown()
     for (const QPointer<QWidget>& widget : left)
         if (widget && !widget->parent())
             delete widget;
+    if (guarded_) {
+        ExpectUntouched(others_ ? *others_ : *TheDelivered().inMain, Session().gcnnMain.get(), MainFile);
+        ExpectUntouched(*TheDelivered().inTemp, Session().gcnnTemp.get(), TempFile);
+    }
     Session() = SessionContext();
     EndProcessWith({});
     SetProgramFolder({});
+}
+
+void ProgramFixture::ExpectUntouched(const RowsOfOthers& others, store::Connection* session,
+                                     const char* file) const
+{
+    try {
+        if (session)
+            others.ExpectUntouched(*session);
+        else
+            others.ExpectUntouched(*AnotherClient(QLatin1String(file)));
+    } catch (const store::StoreError& error) {
+        ADD_FAILURE() << file << ": " << error.what();
+    }
+}
+
+void ProgramFixture::SurroundSchool(const std::set<Side>& sides)
+{
+    AddNeighbours(*Session().gcnnMain, sides, Listed::No);
+    GuardOthers();
 }
 
 void ProgramFixture::OpenConnections()

@@ -3,6 +3,7 @@
 #include "core/SessionContext.h"
 #include "core/ui/Screen.h"
 #include "support/ExpectedPrompts.h"
+#include "support/Neighbours.h"
 #include "support/StoreWords.h"
 
 #include <QTemporaryDir>
@@ -10,6 +11,7 @@
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <optional>
 
 class QAbstractButton;
 class QMdiSubWindow;
@@ -21,7 +23,8 @@ class mdiTallyboard;
 namespace tally::test {
 
 /// A program folder of its own with freshly delivered, encrypted databases, and a session that starts clean.
-/// Ending the process is only counted.
+/// The databases hold rows of others too, which a test finds in no list and must leave as they are. Ending
+/// the process is only counted.
 class ProgramFixture : public testing::Test
 {
 protected:
@@ -46,6 +49,13 @@ protected:
     {
         return Session().gcnnMain->Number(QString::fromLatin1(sql), values...);
     }
+    /// Lays neighbours beside all that the session's main database holds of the school, on these sides. They
+    /// stand in no list, and a test must leave them as they are too.
+    void SurroundSchool(const std::set<Side>& sides = {Side::Year, Side::Exam, Side::Class, Side::Division});
+    /// Takes what the main database holds of others by now for what must stay as it is.
+    void GuardOthers() { others_ = RowsOfOthers(*Session().gcnnMain); }
+    /// For a test in which the files themselves, or rows of others, are to go.
+    void LeaveOthersUnguarded() { guarded_ = false; }
     /// A user who may log in, with rights given as pairs of form name and code.
     void GivenUser(int code, const QString& loginId, const QString& password,
                    const QList<std::pair<QString, QString>>& rights = {},
@@ -55,7 +65,12 @@ protected:
     int processEnds = 0;
 
 private:
+    /// On the session's own connection where it has one still.
+    void ExpectUntouched(const RowsOfOthers& others, store::Connection* session, const char* file) const;
+
     QTemporaryDir folder_;
+    std::optional<RowsOfOthers> others_; ///< of the main database, where they are more than was delivered
+    bool guarded_ = true;
 };
 
 /// The same with both connections open and the main window shown.

@@ -257,7 +257,8 @@ TEST_F(frmUtilOptionsTest, SavingTwiceLeavesOneRowForTheSchoolAndOnePerUser)
         Settle();
     }
     EXPECT_EQ(Count("SELECT count(*) FROM Options"), 1);
-    EXPECT_EQ(Session().gcnnTemp->Number(QStringLiteral("SELECT count(*) FROM Options")), 2);
+    EXPECT_EQ(Session().gcnnTemp->Number(QStringLiteral("SELECT count(*) FROM Options WHERE UserCode > 0")),
+              2);
 }
 
 TEST_F(frmUtilOptionsTest, AFailedSaveChangesNeitherFileNorTheSession)

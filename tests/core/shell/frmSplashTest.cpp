@@ -157,6 +157,7 @@ TEST_F(frmSplashTest, ClosingTheSplashEndsTheProcess)
 
 TEST_F(frmSplashTest, AMissingMainDatabaseKeepsTheLoginAwayAndIsNotCreated)
 {
+    LeaveOthersUnguarded();
     const QString file = Folder() + QStringLiteral("/Tallyboard.mdb");
     ASSERT_TRUE(QFile::remove(file));
     ExpectNoLoginAfterEnter("Tallyboard.mdb", QStringLiteral("The Database File %1 Is Missing"));
@@ -165,18 +166,21 @@ TEST_F(frmSplashTest, AMissingMainDatabaseKeepsTheLoginAwayAndIsNotCreated)
 
 TEST_F(frmSplashTest, AMissingTemporaryDatabaseKeepsTheLoginAway)
 {
+    LeaveOthersUnguarded();
     ASSERT_TRUE(QFile::remove(Folder() + QStringLiteral("/TempTallyboard.mdb")));
     ExpectNoLoginAfterEnter("TempTallyboard.mdb", QStringLiteral("The Database File %1 Is Missing"));
 }
 
 TEST_F(frmSplashTest, AnEmptyDatabaseKeepsTheLoginAway)
 {
+    LeaveOthersUnguarded();
     Spoil("Tallyboard.mdb", {});
     ExpectNoLoginAfterEnter("Tallyboard.mdb", QStringLiteral("The Database File %1 Is Empty"));
 }
 
 TEST_F(frmSplashTest, AFileThatIsNoDatabaseKeepsTheLoginAway)
 {
+    LeaveOthersUnguarded();
     Spoil("Tallyboard.mdb", QByteArray(8192, 'x'));
     ExpectNoLoginAfterEnter("Tallyboard.mdb",
                             QStringLiteral("%1: This File Is Not A Database Of This Program, Or It Has "
@@ -193,6 +197,7 @@ TEST_F(frmSplashTest, ADatabaseOfANewerProgramKeepsTheLoginAway)
 
 TEST_F(frmSplashTest, ADatabaseOfAnOlderProgramIsUpgradedOnTheWayToTheLogin)
 {
+    LeaveOthersUnguarded();
     const QString file = Folder() + QStringLiteral("/Tallyboard.mdb");
     ASSERT_TRUE(QFile::remove(file));
     {
