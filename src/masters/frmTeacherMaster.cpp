@@ -148,7 +148,7 @@ bool frmTeacherMaster::LoadData(int TeacherCode)
 {
     // A list that could not be read would show what is stored as blank, and the next save would store that.
     const auto teacher = Fetch([&] {
-        const auto stored = Teachers().Find(TeacherCode);
+        auto stored = Teachers().Find(TeacherCode);
         if (stored)
             ReadLists(stored->stateCode, stored->cityCode);
         return stored;
