@@ -148,13 +148,13 @@ void AddOthers(store::Connection& main, store::Connection& temp)
     for (const char* row :
          {"StateMaster VALUES (-1, ?1, 0)", "CityMaster VALUES (-1, -1, ?1, 0)",
           "BloodGroupMaster VALUES (-1, 'Next', 0)", "SubjectMaster VALUES (-1, ?1, 'Next', 0)",
-          "TeacherMaster (TeacherCode, TeacherName, TeacherShortName, CityCode, BloodGroupCode) "
-          "VALUES (-1, ?1, 'Nxt', -1, -1)",
+          ("TeacherMaster (TeacherCode, TeacherName, TeacherShortName, CityCode, BloodGroupCode) "
+           "VALUES (-1, ?1, 'Nxt', -1, -1)"),
           "UserMaster VALUES (-1, ?1, 0)", "ClassDivisionMaster VALUES (-1, 'Next', 2, 7, 0)",
           "ClassDivisionDetails VALUES (-1, 'N1', 1)", "ClassDivisionDetails VALUES (-1, 'N2', 2)",
           "AcademicYearSetup VALUES (-1, 1990, 1991, '1990-06-01', '1991-05-31', 'N', 'N', 0)",
-          "StudentMaster (StudentCode, AdmissionNo, OptionalAdmissionNo, AcademicYearCode, StudentName, "
-          "CityCode, BloodGroupCode, TCNo) VALUES (-1, NULL, ?1, -1, ?1, -1, -1, '')",
+          ("StudentMaster (StudentCode, AdmissionNo, OptionalAdmissionNo, AcademicYearCode, StudentName, "
+           "CityCode, BloodGroupCode, TCNo) VALUES (-1, NULL, ?1, -1, ?1, -1, -1, '')"),
           "TransactionMaster VALUES (-1, '1990-06-01', -1, -1, 0, 'N', 0)",
           "FeesSetup VALUES (-1, -1, ?1, 0, 0)"}) {
         const QString insert = QLatin1String("INSERT INTO ") + QLatin1String(row);
