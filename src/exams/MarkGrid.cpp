@@ -135,7 +135,8 @@ void MarkGrid::cboPresentAbsent_MouseDown()
 
 void MarkGrid::cboPresentAbsent_Click(int row, const QString& text)
 {
-    if (!sheet_.HasRow(row))
+    // A word that is none is refused by Enter; until then the row keeps what it has.
+    if (!sheet_.HasRow(row) || !MarkSheet::IsPresence(text))
         return;
     sheet_.SetPresence(row, text);
     ShowRow(row);

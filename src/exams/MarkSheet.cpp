@@ -168,6 +168,11 @@ void MarkSheet::SetMark(int row, const QString& text)
     At(row).mark = PlainNumber(Val(text));
 }
 
+bool MarkSheet::IsPresence(const QString& text)
+{
+    return !PresenceOf(text).isEmpty();
+}
+
 void MarkSheet::SetPresence(int row, const QString& text)
 {
     At(row).presence = PresenceOf(text);
@@ -190,7 +195,7 @@ MarkStep MarkSheet::EnterMark(int row, const QString& text)
 
 MarkStep MarkSheet::EnterPresence(int row, const QString& text)
 {
-    if (PresenceOf(text).isEmpty())
+    if (!IsPresence(text))
         return {MarkColumn::Presence, row, QStringLiteral("Select Present/Absent ")};
     SetPresence(row, text);
     if (Row(row).IsAbsent() && Row(row).Mark() != 0)

@@ -90,7 +90,9 @@ public:
     QString RefusalWhileTyping(int row, const QString& text) const;
     /// The number that the text begins with, 0 for none, becomes the mark.
     void SetMark(int row, const QString& text);
-    /// "P..." is present, "A..." absent, small letters too; any other text is kept as nothing entered.
+    /// "P..." is present, "A..." absent, small letters too.
+    static bool IsPresence(const QString& text);
+    /// Any other text is kept as nothing entered.
     void SetPresence(int row, const QString& text);
     /// Mark and presence of a row as they were in `before`.
     void PutBack(int row, const MarkRow& before);

@@ -240,6 +240,17 @@ TEST_F(MarkTyping, APresenceTakesLettersOnlyAndAnEmptyOneLeadsNowhere)
     EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
 }
 
+TEST_F(MarkTyping, APresenceTypedByItsFirstLetterIsInItsCellAtOnce)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("0");
+    QTest::keyClick(presence, Qt::Key_A);
+    QTest::keyClick(presence, Qt::Key_Delete);
+    ASSERT_EQ(presence->currentText().toStdString(), "a") << "without the letters that the list adds";
+    Click(2, 2);
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Absent");
+}
+
 TEST_F(MarkTyping, TheArrowChoosesThePresenceAndTheCellHasItAtOnce)
 {
     StartSubject(QStringLiteral("English"));

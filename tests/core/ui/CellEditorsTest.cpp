@@ -162,6 +162,9 @@ TEST_F(Editors, WhatIsTypedOrChosenIsToldWithItsRow)
     boxes->Open(grid, 1, Col::Rank);
     QTest::keyClick(rank, Qt::Key_Down);
     EXPECT_EQ(Noted(), "1 Yes");
+    boxes->Open(grid, 2, Col::Rank);
+    QTest::keyClick(rank, Qt::Key_N);
+    EXPECT_EQ(Noted(), "2 n") << "the letters that the list adds are no more than an offer";
 }
 
 TEST_F(Editors, WhatWasPastedIsToldOnceItIsClean)

@@ -7,6 +7,7 @@
 #include "core/ui/TakeOnly.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 
 #include <algorithm>
 
@@ -57,6 +58,7 @@ FloatingCombo* CellEditors::AddList(FlexGrid* grid, const QStringList& texts, co
     auto* box = new FloatingCombo(grid);
     box->addItems(texts);
     const Entry& entry = Add(grid, box, box, box->lineEdit(), column);
+    connect(box->lineEdit(), &QLineEdit::textEdited, this, [this, &entry] { Typed(entry); });
     connect(box, &DataCombo::Chosen, this, [this, &entry] { Typed(entry); });
     connect(box, &FloatingCombo::EnterPressed, this, [this, &entry] { Enter(entry); });
     connect(box, &FloatingCombo::TakenBack, this, [this, &entry] { TakeBack(entry); });
