@@ -55,8 +55,8 @@ std::uint8_t AsAlignment(CellStyle::Align align)
     return LXW_ALIGN_NONE;
 }
 
-/// The text as a cell can hold it.
-QString CellText(const QString& text)
+/// The text as a workbook can hold it.
+QString HeldText(const QString& text)
 {
     QString held = text.left(LongestText);
     for (qsizetype i = 0; i < held.size(); ++i) {
@@ -97,10 +97,10 @@ Workbook::Workbook(const QString& workFolder, const Properties& properties) : wo
     book_.reset(workbook_new_opt(QFile::encodeName(WorkFile(WorkFolder::Draft)).constData(), &options));
     NewSheet();
 
-    QByteArray title = properties.title.toUtf8();
-    QByteArray subject = properties.subject.toUtf8();
-    QByteArray author = properties.author.toUtf8();
-    QByteArray company = properties.company.toUtf8();
+    QByteArray title = HeldText(properties.title).toUtf8();
+    QByteArray subject = HeldText(properties.subject).toUtf8();
+    QByteArray author = HeldText(properties.author).toUtf8();
+    QByteArray company = HeldText(properties.company).toUtf8();
     lxw_doc_properties document{};
     document.title = title.data();
     document.subject = subject.data();
@@ -155,7 +155,7 @@ void Workbook::SetRowHeight(int row, double height)
 
 void Workbook::WriteText(int row, int column, const QString& text, const CellStyle& style)
 {
-    const QString held = CellText(text);
+    const QString held = HeldText(text);
     tallies_.back().AddText(row, column, held);
     if (held.isEmpty())
         Check(worksheet_write_blank(sheet_, AsRow(row), AsColumn(column), Format(style)));
@@ -173,7 +173,7 @@ void Workbook::WriteNumber(int row, int column, double number, const CellStyle& 
 void Workbook::WriteMerged(int row, int firstColumn, int lastColumn, const QString& text,
                            const CellStyle& style)
 {
-    const QString held = CellText(text);
+    const QString held = HeldText(text);
     tallies_.back().AddText(row, firstColumn, held);
     for (int column = firstColumn + 1; column <= lastColumn; ++column)
         tallies_.back().AddText(row, column, {});
@@ -210,7 +210,7 @@ void Workbook::SetUpPrint(const PrintSetup& setup)
     if (setup.headRow >= 0)
         Check(worksheet_repeat_rows(sheet_, AsRow(setup.headRow), AsRow(setup.headRow)));
     if (!setup.footer.isEmpty()) {
-        QString text = setup.footer.left(LongestFooter / 2);
+        QString text = HeldText(setup.footer).left(LongestFooter / 2);
         text.replace(u'&', QStringLiteral("&&"));
         Check(worksheet_set_footer(sheet_,
                                    QStringLiteral("&L%1&RPage &P of &N").arg(text).toUtf8().constData()));

@@ -616,6 +616,18 @@ TEST_F(Export, TurnsSignsThatNoSheetCanHoldIntoBlanks)
     EXPECT_TRUE(boxes_.empty());
 }
 
+TEST_F(Export, TurnsSuchSignsIntoBlanksInWhatTheFileSaysOfItselfToo)
+{
+    Session().gstrSchoolName = Latin("Hill\x1bSchool");
+    Session().gstrUserName = Latin("An\x02u");
+    Fill({"Name", "Asha"});
+    const WorkbookReader sheet = Exported("Rank\x01List", "Exam Name :Term\x03One");
+    EXPECT_EQ(sheet.Property("title"), Latin("Rank List"));
+    EXPECT_EQ(sheet.Property("subject"), Latin("Exam Name :Term One"));
+    EXPECT_EQ(sheet.Property("creator"), Latin("An u"));
+    EXPECT_EQ(sheet.At("A1").value, Latin("Hill School"));
+}
+
 TEST_F(Export, KeepsTheWorkbookWhenItsProgramDoesNotStart)
 {
     UseSpreadsheetProgram({true, [](const QString&) { return false; }});
