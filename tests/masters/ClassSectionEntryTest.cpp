@@ -158,7 +158,7 @@ struct Refusal
     const char* focus;
     int row;
 
-    friend void PrintTo(const Refusal& row, std::ostream* out) { *out << "check " << row.what; }
+    friend void PrintTo(const Refusal& refusal, std::ostream* out) { *out << "check " << refusal.what; }
 };
 
 class ClassSectionRefusal : public ClassSectionScreen, public testing::WithParamInterface<Refusal>

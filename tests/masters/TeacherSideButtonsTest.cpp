@@ -144,10 +144,10 @@ TEST_F(TeacherSideButtons, KeysOpenTheMastersToo)
         {Qt::Key_B, "frmMasBloodGroupMaster"},
     };
     for (const auto& [key, name] : keys) {
+        const QString opened = QString::fromLatin1(name);
         Box("txtTeacherName")->setFocus();
         QTest::keyClick(window, key, Qt::AltModifier | Qt::ShiftModifier);
-        ASSERT_TRUE(QTest::qWaitFor(
-            [&] { return ScreenRegistry::OpenInstance(QString::fromLatin1(name)) != nullptr; }));
+        ASSERT_TRUE(QTest::qWaitFor([&opened] { return ScreenRegistry::OpenInstance(opened) != nullptr; }));
         Settle();
         OnTop(name)->Unload();
         Settle();

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QSysInfo>
+#include <QTemporaryDir>
 
 #include <array>
 #include <atomic>
