@@ -177,7 +177,8 @@ QString PlainWords(int engineCode)
     case SQLITE_FULL: return QStringLiteral("The Disk Is Full. This Was Not Saved");
     case SQLITE_READONLY:
         return QStringLiteral("The Database Can Only Be Read, Not Written. This Was Not Saved");
-    case SQLITE_CANTOPEN: return QStringLiteral("The Database File Could Not Be Opened");
+    case SQLITE_CANTOPEN:
+        return QStringLiteral("The Database File Could Not Be Opened, Or Its Folder Can Only Be Read");
     case SQLITE_NOTADB:
         return QStringLiteral("This File Is Not A Database Of This Program, Or It Has Another Password");
     case SQLITE_CORRUPT: return QStringLiteral("The Database File Is Damaged");
