@@ -1,5 +1,6 @@
 #include "utilities/frmUtilOptions.h"
 
+#include "core/shell/mdiTallyboard.h"
 #include "core/ui/controls/DatePicker.h"
 #include "core/ui/ScreenRegistry.h"
 #include "support/FormDriver.h"
@@ -144,6 +145,37 @@ TEST_F(frmUtilOptionsTest, ATypedDateThatIsRefusedStoresNothingAndStaysToBeCorre
     prompts.Verify();
     EXPECT_TRUE(Picker()->hasFocus());
     EXPECT_EQ(Count("SELECT count(*) FROM Options"), 0);
+}
+
+TEST_F(frmUtilOptionsTest, AScreenThatGoesTellsNothingOfADateTypedByHalf)
+{
+    OpenOptions();
+    TypeDay("11");
+    form->parentWidget()->close();
+    Settle();
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmUtilOptions")), nullptr);
+}
+
+TEST_F(frmUtilOptionsTest, ADateTypedByHalfIsJudgedWhenItsFieldIsLeftAndNotBeneathABox)
+{
+    OpenOptions();
+    Session().gblnPromptOnExit = true;
+    TypeDay("11");
+    QStringList boxes;
+    Prompts::AnswerWith([&boxes](Prompts::Kind, const QString& text) {
+        boxes.append(text);
+        // The box has the keyboard.
+        QApplication::setActiveWindow(nullptr);
+        return false;
+    });
+    form->parentWidget()->close();
+    EXPECT_EQ(boxes, QStringList(QStringLiteral("Do You Want To Exit Options ?")));
+    QApplication::setActiveWindow(window);
+    Settle();
+    ASSERT_TRUE(Picker()->hasFocus());
+    QTest::keyClick(Picker(), 's', Qt::AltModifier);
+    ASSERT_EQ(boxes.size(), 2);
+    EXPECT_EQ(boxes.at(1).toStdString(), "Date Of Birth Should be Less than Application Date");
 }
 
 TEST_F(frmUtilOptionsTest, ADateThatWasClearedOrCancelledCanBeTypedAgain)

@@ -14,6 +14,7 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 
 #include <utility>
 
@@ -62,9 +63,12 @@ void Screen::LeaveArea()
 {
     auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
     QWidget* outermost = frame ? static_cast<QWidget*>(frame) : this;
-    // Hiding leads the keyboard to the next field, which asks the one it leaves; nobody is to be asked here.
-    if (QWidget* field = QApplication::focusWidget(); field && isAncestorOf(field))
+    // Hiding leads the keyboard to the next field, which asks the one it leaves; nobody is to be asked here,
+    // and what was typed by half is not to be judged.
+    if (QWidget* field = QApplication::focusWidget(); field && isAncestorOf(field)) {
+        const QSignalBlocker unheard(field);
         field->clearFocus();
+    }
     outermost->hide();
     // The frame is not asked to close: it may be in the middle of that, and would stay.
     if (frame && frame->mdiArea())

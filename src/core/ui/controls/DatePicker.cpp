@@ -50,4 +50,16 @@ bool DatePicker::focusNextPrevChild(bool next)
     return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
+void DatePicker::focusOutEvent(QFocusEvent* event)
+{
+    if (event->reason() != Qt::ActiveWindowFocusReason || !lineEdit()->isModified()) {
+        QDateEdit::focusOutEvent(event);
+        return;
+    }
+    // A box or another program has the keyboard, and it comes back to this field. What is typed by half is
+    // not taken yet, nor told to be wrong beneath a box that waits for its answer.
+    lineEdit()->event(event);
+    QWidget::focusOutEvent(event); // NOLINT(bugprone-parent-virtual-call)
+}
+
 } // namespace tally

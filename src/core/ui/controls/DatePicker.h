@@ -23,6 +23,7 @@ Q_SIGNALS:
 protected:
     /// Tab leaves the field; the left and right arrows go from day to month to year.
     bool focusNextPrevChild(bool next) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };
 
