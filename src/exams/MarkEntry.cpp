@@ -2,9 +2,9 @@
 
 namespace tally {
 
-MarkChoices MarkEntry::List(const SchoolScope& scope)
+MarkChoices MarkEntry::List(store::Connection& main, const SchoolScope& scope)
 {
-    MarkRepository marks(main_);
+    MarkRepository marks(main);
     MarkChoices choices;
     if (sheet_.Mode() == MarkMode::Subject) {
         choices.entries = marks.Subjects(scope);
@@ -22,10 +22,10 @@ MarkChoices MarkEntry::List(const SchoolScope& scope)
     return choices;
 }
 
-bool MarkEntry::Choose(const SchoolScope& scope, int code)
+bool MarkEntry::Choose(store::Connection& main, const SchoolScope& scope, int code)
 {
-    const store::ReadTransaction reading(main_);
-    MarkRepository marks(main_);
+    const store::ReadTransaction reading(main);
+    MarkRepository marks(main);
     std::optional<MarkSubject> subject;
     if (sheet_.Mode() == MarkMode::Subject) {
         subject = marks.FindSubject(scope, code);
@@ -38,10 +38,10 @@ bool MarkEntry::Choose(const SchoolScope& scope, int code)
     return true;
 }
 
-void MarkEntry::ListForEdit(const SchoolScope& scope, int subjectCode)
+void MarkEntry::ListForEdit(store::Connection& main, const SchoolScope& scope, int subjectCode)
 {
-    const store::ReadTransaction reading(main_);
-    MarkRepository marks(main_);
+    const store::ReadTransaction reading(main);
+    MarkRepository marks(main);
     const CodedTexts students = marks.StudentsToMark(scope, false);
     const std::optional<MarkSubject> subject = marks.FindSubject(scope, subjectCode);
     const std::vector<StoredMark> stored = marks.StoredMarks(scope, sheet_.Mode(), subjectCode);
@@ -59,9 +59,9 @@ void MarkEntry::Take(const std::optional<MarkSubject>& subject, const std::vecto
     marksExist_ = !stored.empty();
 }
 
-QString MarkEntry::Missing(const SchoolScope& scope)
+QString MarkEntry::Missing(store::Connection& main, const SchoolScope& scope)
 {
-    MarkRepository marks(main_);
+    MarkRepository marks(main);
     if (!marks.HasStudents(scope))
         return NoStudents;
     return marks.HasSubjects(scope) ? QString() : NoSubjects;

@@ -19,13 +19,11 @@ struct MarkChoices
     QString noRow;      ///< the same of the rows of the sheet
 };
 
-/// The sheet of the mark screen with what is read for it. Throws StoreError; then all is as it was.
+/// The sheet of the mark screen with what is read for it. It keeps no connection: the main file may be closed
+/// and opened anew while marks are being entered. Throws StoreError; then all is as it was.
 class MarkEntry
 {
 public:
-    /// `main` must outlive the entry.
-    explicit MarkEntry(store::Connection& main) : main_(main) {}
-
     MarkSheet& Sheet() { return sheet_; }
     const MarkSheet& Sheet() const { return sheet_; }
     /// The subject or student that was chosen last has marks in this exam.
@@ -33,23 +31,22 @@ public:
     void ForgetMarks() { marksExist_ = false; }
 
     /// The rows of the mode, nothing entered, and what they can be entered for.
-    MarkChoices List(const SchoolScope& scope);
+    MarkChoices List(store::Connection& main, const SchoolScope& scope);
     /// The stored marks of the subject or student come into the rows. False for a subject that the class has
     /// given up meanwhile: the rows stay to be looked at, but their marks are not those of this subject, and
     /// an edit must not replace its marks by them.
-    bool Choose(const SchoolScope& scope, int code);
+    bool Choose(store::Connection& main, const SchoolScope& scope, int code);
     /// The rows of the subject anew, without the relieved students: who was relieved has no place in a list
     /// that is edited, and his marks go with the next save.
-    void ListForEdit(const SchoolScope& scope, int subjectCode);
+    void ListForEdit(store::Connection& main, const SchoolScope& scope, int subjectCode);
     /// What the class-division lacks for a save; empty for nothing.
-    QString Missing(const SchoolScope& scope);
+    static QString Missing(store::Connection& main, const SchoolScope& scope);
 
 private:
     /// `subject` brings its limits and its teacher; none in student mode, and for a subject that the class
     /// has given up, where those shown before stay.
     void Take(const std::optional<MarkSubject>& subject, const std::vector<StoredMark>& stored);
 
-    store::Connection& main_;
     MarkSheet sheet_;
     bool marksExist_ = false;
 };

@@ -39,8 +39,7 @@ QString EnteredMeanwhile(MarkMode mode)
 } // namespace
 
 frmexammarkentry::frmexammarkentry()
-    : Screen(QStringLiteral("frmexammarkentry"), HelpScreenNo), ui_(std::make_unique<Ui::frmexammarkentry>()),
-      entry_(MainStore())
+    : Screen(QStringLiteral("frmexammarkentry"), HelpScreenNo), ui_(std::make_unique<Ui::frmexammarkentry>())
 {
     ui_->setupUi(this);
     DressButtons(this);
@@ -167,7 +166,7 @@ void frmexammarkentry::ListMode(MarkMode mode)
     UseMode(mode);
     if (!IsComplete(Scope()))
         return;
-    const auto choices = Fetch([this] { return entry_.List(Scope()); });
+    const auto choices = Fetch([this] { return entry_.List(MainStore(), Scope()); });
     if (!choices) {
         // Whoever could be chosen without his rows would lose his marks with the next save.
         EmptyLists();
@@ -209,7 +208,7 @@ void frmexammarkentry::List_Change()
         return;
     }
     const bool known = Read([&] {
-        if (entry_.Choose(Scope(), chosen))
+        if (entry_.Choose(MainStore(), Scope(), chosen))
             ShowRows();
     });
     if (known)
@@ -296,7 +295,7 @@ void frmexammarkentry::cmdEdit_Click()
 
 bool frmexammarkentry::ListStudentsForEdit()
 {
-    if (!Read([this] { entry_.ListForEdit(Scope(), List()->BoundCode()); }))
+    if (!Read([this] { entry_.ListForEdit(MainStore(), Scope(), List()->BoundCode()); }))
         return false;
     ShowRows();
     if (entry_.Sheet().RowCount() == 0)
@@ -330,7 +329,7 @@ bool frmexammarkentry::IsReady()
         return Refuse(QStringLiteral("Select Division"), ui_->cboDivision);
     if (!IsChosen())
         return false;
-    const auto missing = Fetch([this] { return entry_.Missing(Scope()); });
+    const auto missing = Fetch([this] { return MarkEntry::Missing(MainStore(), Scope()); });
     if (!missing)
         return false;
     if (*missing == NoStudents)

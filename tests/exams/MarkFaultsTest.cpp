@@ -282,6 +282,27 @@ TEST_F(MarkFaults, MarksThatCannotBeReadLeaveNoStudentChosenSoThatNothingIsSaved
     EXPECT_EQ(Stored(), "");
 }
 
+TEST_F(MarkFaults, AFileThatWasClosedAndOpenedAnewMeanwhileTakesTheMarks)
+{
+    OpenForm();
+    auto reopened = AnotherClient();
+    Session().gcnnMain = std::move(reopened);
+    EnterEnglish();
+    SavesAsTyped();
+}
+
+TEST_F(MarkFaults, AFileThatIsClosedIsToldWhileChoosing)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("45");
+    Session().gcnnMain.reset();
+    prompts.ExpectCritical(QStringLiteral("The Database Is Closed"));
+    subjects->setFocus();
+    QTest::keyClick(subjects, Qt::Key_Down);
+    prompts.Verify();
+    EXPECT_TRUE(subjects->IsBlank());
+}
+
 TEST_F(MarkFaults, WithoutItsRowsAListOffersNothingToChoose)
 {
     OpenForm();
