@@ -162,12 +162,15 @@ void frmRankCalculation::Lstdivision_ItemCheck(int index, bool ticked)
         Untick({ui_->Lstdivision->ItemData(index)});
         return;
     }
-    if (!ui_->chkSelectAll->isChecked())
-        CheckAgreement(
+    if (ui_->chkSelectAll->isChecked())
+        return;
+    // What could not be compared is not ranked together.
+    if (!CheckAgreement(
             QStringLiteral("Selected Division's 'Subjects Taken For Rank' Does Not Match With Already "
                            "Selected Division(s)"),
             QStringLiteral("Selected Division's 'Classwise Rank-Grade Setup' Does Not Match With Already "
-                           "Selected Division(s)"));
+                           "Selected Division(s)")))
+        Untick({ui_->Lstdivision->ItemData(index)});
 }
 
 void frmRankCalculation::Untick(const std::vector<int>& divisionCodes)
@@ -196,27 +199,38 @@ void frmRankCalculation::chkSelectAll_Click(bool ticked)
         ClearBases();
         return;
     }
-    CheckAgreement(
-        QStringLiteral("Selected Divisions' 'Subject(s) Taken For Rank' Does Not Match With The Non "
-                       "Selected Division(s)"),
-        QStringLiteral("Selected Divisions' 'Classwise Rank-Grade Setup' Does Not Match With The Non "
-                       "Selected Division(s)"));
+    if (!CheckAgreement(
+            QStringLiteral("Selected Divisions' 'Subject(s) Taken For Rank' Does Not Match With The Non "
+                           "Selected Division(s)"),
+            QStringLiteral("Selected Divisions' 'Classwise Rank-Grade Setup' Does Not Match With The Non "
+                           "Selected Division(s)")))
+        Untick(ui_->Lstdivision->TickedData());
 }
 
 void frmRankCalculation::Optsubjectdisplayyes_Click(bool on)
 {
-    if (on && CheckSubjectMatch())
+    if (!on)
+        return;
+    const std::optional<bool> mismatch = CheckSubjectMatch();
+    if (!mismatch)
+        Untick(ui_->Lstdivision->TickedData());
+    else if (*mismatch)
         Prompts::Information(
             QStringLiteral("Selected Divisions' 'Subject(s) Taken For Rank' Does Not Match With "
                            "The Non Selected Division(s)"));
 }
 
-void frmRankCalculation::CheckAgreement(const QString& subjectMessage, const QString& gradeMessage)
+bool frmRankCalculation::CheckAgreement(const QString& subjectMessage, const QString& gradeMessage)
 {
-    if (CheckSubjectMatch())
+    const std::optional<bool> subjects = CheckSubjectMatch();
+    if (subjects == true) {
         Prompts::Information(subjectMessage);
-    else if (CheckGradeMatch())
+        return true;
+    }
+    const std::optional<bool> grades = subjects ? CheckGradeMatch() : std::nullopt;
+    if (grades == true)
         Prompts::Information(gradeMessage);
+    return grades.has_value();
 }
 
 bool frmRankCalculation::SelectionComplete()
@@ -230,26 +244,25 @@ bool frmRankCalculation::SelectionComplete()
     return true;
 }
 
-bool frmRankCalculation::CheckSubjectMatch()
+std::optional<bool> frmRankCalculation::CheckSubjectMatch()
 {
     if (!SelectionComplete())
         return false;
-    MatchResult result;
-    Read([&] {
-        result = tally::CheckSubjectMatch(DivisionRepository(MainStore()).LoadSubjectSetup(Scope()),
-                                          ui_->Lstdivision->TickedData(), Display(), subjectBase_);
-    });
+    const auto setup = Fetch([this] { return DivisionRepository(MainStore()).LoadSubjectSetup(Scope()); });
+    if (!setup)
+        return std::nullopt;
+    const MatchResult result =
+        tally::CheckSubjectMatch(*setup, ui_->Lstdivision->TickedData(), Display(), subjectBase_);
     Untick(result.untick);
     return result.mismatch;
 }
 
-bool frmRankCalculation::CheckGradeMatch()
+std::optional<bool> frmRankCalculation::CheckGradeMatch()
 {
-    MatchResult result;
-    Read([&] {
-        result = tally::CheckGradeMatch(DivisionRepository(MainStore()).LoadGradeBands(Scope()),
-                                        ui_->Lstdivision->TickedData(), gradeBase_);
-    });
+    const auto bands = Fetch([this] { return DivisionRepository(MainStore()).LoadGradeBands(Scope()); });
+    if (!bands)
+        return std::nullopt;
+    const MatchResult result = tally::CheckGradeMatch(*bands, ui_->Lstdivision->TickedData(), gradeBase_);
     Untick(result.untick);
     return result.mismatch;
 }

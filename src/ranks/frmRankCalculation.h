@@ -53,13 +53,15 @@ private:
 
     /// Exam, class and a division must be chosen. Says which is missing and gives it the focus.
     bool SelectionComplete();
-    /// True when a ticked division does not agree with the base; those that do not are unticked.
-    bool CheckSubjectMatch();
-    bool CheckGradeMatch();
+    /// True when a ticked division does not agree with the base; those that do not are unticked. Nothing when
+    /// they could not be compared, of which the user has been told.
+    std::optional<bool> CheckSubjectMatch();
+    std::optional<bool> CheckGradeMatch();
     void Untick(const std::vector<int>& divisionCodes);
     void ClearBases();
     /// The two checks of divisions ranked together, each with its own words; only the first mismatch is told.
-    void CheckAgreement(const QString& subjectMessage, const QString& gradeMessage);
+    /// False when the divisions could not be compared.
+    [[nodiscard]] bool CheckAgreement(const QString& subjectMessage, const QString& gradeMessage);
 
     RankRepository Repository() const;
     SchoolScope Scope() const;

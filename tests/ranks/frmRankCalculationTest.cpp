@@ -239,6 +239,39 @@ TEST_F(RankListSelection, ADivisionWithAnotherGradeTableIsUntickedWithOneMessage
     EXPECT_FALSE(divisions->IsTicked(1));
 }
 
+TEST_F(RankListSelection, DivisionsThatCannotBeComparedAreNotTickedTogether)
+{
+    GivenDivision(1, "A");
+    GivenDivision(2, "B");
+    OpenForm();
+    ChooseExamAndClass();
+    Tick(0);
+    for (const char* table : {"ClassSubjectTeacher", "RankMaster"}) {
+        SCOPED_TRACE(table);
+        const QString name = QString::fromLatin1(table);
+        Session().gcnnMain->Execute(QStringLiteral("ALTER TABLE %1 RENAME TO Lost").arg(name));
+        prompts.ExpectCritical(NoSuchTable(table));
+        Tick(1);
+        prompts.Verify();
+        EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
+
+        prompts.ExpectCritical(NoSuchTable(table));
+        Press(selectAll);
+        prompts.Verify();
+        EXPECT_EQ(divisions->TickedIndexes(), QList<int>());
+        EXPECT_FALSE(selectAll->isChecked());
+
+        Session().gcnnMain->Execute(QStringLiteral("ALTER TABLE Lost RENAME TO %1").arg(name));
+        Tick(0);
+        EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
+    }
+
+    Given("ALTER TABLE ClassSubjectTeacher RENAME TO Lost");
+    prompts.ExpectCritical(NoSuchTable("ClassSubjectTeacher"));
+    DisplayAllSubjects();
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>());
+}
+
 TEST_F(RankListSelection, DisplayingAllSubjectsUnticksADivisionThatDiffersInASubjectNotTakenForRank)
 {
     GivenDivision(1, "A");
