@@ -53,7 +53,7 @@ public:
     }
 
 Q_SIGNALS:
-    /// The screen has come to the front once more, after another screen or program was there.
+    /// The screen has come to the front once more, after another screen was there.
     void CameBack();
 
 protected:
