@@ -196,7 +196,7 @@ struct Shift
     int typed;
     std::vector<int> shifted;
 
-    friend void PrintTo(const Shift& row, std::ostream* out) { *out << row.what; }
+    friend void PrintTo(const Shift& shift, std::ostream* out) { *out << shift.what; }
 };
 
 class ShiftClassOrdersTest : public testing::TestWithParam<Shift>
@@ -285,7 +285,7 @@ struct FaultCase
     ClassColumn column;
     int row;
 
-    friend void PrintTo(const FaultCase& row, std::ostream* out) { *out << row.what; }
+    friend void PrintTo(const FaultCase& fault, std::ostream* out) { *out << fault.what; }
 };
 
 class FindFaultTest : public testing::TestWithParam<FaultCase>
