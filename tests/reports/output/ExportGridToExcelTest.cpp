@@ -10,6 +10,7 @@
 #include "support/OpenFiles.h"
 #include "support/TableOf.h"
 
+#include <QCursor>
 #include <QDate>
 #include <QDir>
 #include <QFileInfo>
