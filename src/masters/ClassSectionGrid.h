@@ -16,6 +16,8 @@ struct ClassRecord
     QString className;
     int noOfDivisions = 0;
     int classOrder = 0; ///< 1 is the top class
+
+    bool operator==(const ClassRecord&) const = default;
 };
 
 /// A division of a class. Its code is unique within the class only.
@@ -24,6 +26,8 @@ struct ClassDivision
     int classCode = 0;
     QString divisionName;
     int divisionCode = 0;
+
+    bool operator==(const ClassDivision&) const = default;
 };
 
 /// One line of the class grid. What the user types stays text; a text without a number counts as 0.

@@ -16,7 +16,7 @@ bool Holds(const std::set<DivisionKey>& keys, int classCode, int divisionCode)
 
 } // namespace
 
-const ClassRecord* StoredClassSections::FindClass(int classCode) const
+const ClassRecord* ClassSections::FindClass(int classCode) const
 {
     const auto found = std::find_if(classes.begin(), classes.end(), [classCode](const ClassRecord& record) {
         return record.classCode == classCode;
@@ -24,7 +24,7 @@ const ClassRecord* StoredClassSections::FindClass(int classCode) const
     return found == classes.end() ? nullptr : &*found;
 }
 
-const ClassDivision* StoredClassSections::FindDivision(int classCode, int divisionCode) const
+const ClassDivision* ClassSections::FindDivision(int classCode, int divisionCode) const
 {
     const auto found = std::find_if(divisions.begin(), divisions.end(), [&](const ClassDivision& division) {
         return division.classCode == classCode && division.divisionCode == divisionCode;

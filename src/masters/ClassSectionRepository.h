@@ -11,15 +11,11 @@ namespace tally {
 /// Class code and division code.
 using DivisionKey = std::pair<int, int>;
 
-/// What the database holds about classes and who refers to them, read at one moment.
-struct StoredClassSections
+/// The classes of the school with their divisions, as they were read at one moment.
+struct ClassSections
 {
     std::vector<ClassRecord> classes;     ///< in their order
     std::vector<ClassDivision> divisions; ///< by class, within it the highest code first
-    std::set<DivisionKey> withStudents;
-    std::set<DivisionKey> withMarks;
-    std::set<DivisionKey> withRanks;
-    std::set<DivisionKey> withSetup;
 
     const ClassRecord* FindClass(int classCode) const;
     const ClassDivision* FindDivision(int classCode, int divisionCode) const;
@@ -28,6 +24,16 @@ struct StoredClassSections
     {
         return FindDivision(classCode, divisionCode) != nullptr;
     }
+};
+
+/// What the database holds about classes and who refers to them, read at one moment.
+struct StoredClassSections : ClassSections
+{
+    std::set<DivisionKey> withStudents;
+    std::set<DivisionKey> withMarks;
+    std::set<DivisionKey> withRanks;
+    std::set<DivisionKey> withSetup;
+
     /// With division code 0: any division of the class.
     bool ClassDivisionUsedInStudents(int classCode, int divisionCode) const;
     bool ClassDivisionUsedInMarks(int classCode, int divisionCode) const;

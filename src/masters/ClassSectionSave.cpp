@@ -7,11 +7,6 @@ namespace tally {
 
 namespace {
 
-bool SameRecord(const ClassRecord& a, const ClassRecord& b)
-{
-    return a.className == b.className && a.noOfDivisions == b.noOfDivisions && a.classOrder == b.classOrder;
-}
-
 /// The database as it will look while the rows of the grid are written one after the other.
 class Reconciliation
 {
@@ -80,7 +75,7 @@ private:
         if (known == state_.classes.end()) {
             plan_.insertClasses.push_back(record);
             state_.classes.push_back(record);
-        } else if (!SameRecord(*known, record)) {
+        } else if (*known != record) {
             plan_.updateClasses.push_back(record);
             *known = record;
         }
@@ -157,12 +152,8 @@ struct MissingRows
     std::vector<ClassDivision> divisions;
 };
 
-MissingRows FindMissing(store::Connection& connection, const ClassSectionGrid& grid)
+MissingRows FindMissing(const ClassSectionGrid& grid, ClassSections stored)
 {
-    ClassSectionRepository repository(connection);
-    StoredClassSections stored;
-    stored.classes = repository.Classes();
-    stored.divisions = repository.Divisions();
     MissingRows missing;
     for (int row = 1; row <= grid.RowCount(); ++row) {
         const ClassRecord record = RecordOf(grid.Row(row));
@@ -202,28 +193,46 @@ void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid,
     transaction.Commit();
 }
 
-void SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode, QStringList& kept)
+bool HoldsWorkOfOthers(const ClassSections& stored, const ClassSections& loaded)
 {
+    const auto holdsOther = [](const auto& now, const auto& then) {
+        return std::any_of(now.begin(), now.end(), [&then](const auto& row) {
+            return std::find(then.begin(), then.end(), row) == then.end();
+        });
+    };
+    return holdsOther(stored.classes, loaded.classes) || holdsOther(stored.divisions, loaded.divisions);
+}
+
+bool SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, ClassSections& loaded,
+                       int userCode, QStringList& kept)
+{
+    ClassSectionRepository repository(connection);
     MissingRows missing;
     {
         store::Transaction transaction(connection);
+        const StoredClassSections stored = repository.Read();
+        if (HoldsWorkOfOthers(stored, loaded))
+            return false;
         ClassSectionGrid reconciled = grid;
-        const ClassSectionPlan plan = Reconcile(reconciled, ClassSectionRepository(connection).Read());
+        const ClassSectionPlan plan = Reconcile(reconciled, stored);
         Carry(transaction, plan, userCode);
         // Read before the commit: a failure to read must not come when the work is stored already.
-        missing = FindMissing(connection, reconciled);
+        ClassSections written{repository.Classes(), repository.Divisions()};
+        missing = FindMissing(reconciled, written);
         transaction.Commit();
         grid = std::move(reconciled);
+        loaded = std::move(written);
         kept += Kept(plan);
     }
     if (missing.classes.empty() && missing.divisions.empty())
-        return;
+        return true;
     store::Transaction transaction(connection);
     for (const ClassRecord& record : missing.classes)
         ClassSectionRepository::InsertClass(transaction, record, userCode);
     for (const ClassDivision& division : missing.divisions)
         ClassSectionRepository::InsertDivision(transaction, division);
     transaction.Commit();
+    return true;
 }
 
 } // namespace tally

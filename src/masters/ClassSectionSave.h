@@ -29,12 +29,17 @@ ClassRecord RecordOf(const ClassRow& row);
 /// Stores the first classes of a school. Throws StoreError; then nothing is stored.
 void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid, int userCode);
 
+/// True when somebody else added or changed a class or a division after `loaded` was read.
+bool HoldsWorkOfOthers(const ClassSections& stored, const ClassSections& loaded);
+
 /// Makes the database agree with the grid as far as nothing else refers to what would go, and puts what is
-/// missing then back in a second transaction. Adds to `kept` what stayed for that reason, in sentences that
-/// the user is to be told; mostly none. Throws StoreError: when the second transaction fails, what the first
-/// one stored stays and `kept` tells of it; when the first one fails, nothing is stored, and `grid` and
+/// missing then back in a second transaction. `loaded` is what the grid was filled with. False, and nothing
+/// is stored, when the database holds work of others since then: the grid does not show it, so the save would
+/// wipe it out. Adds to `kept` what stayed because of its uses, in sentences that the user is to be told;
+/// mostly none. Throws StoreError: when the second transaction fails, what the first one stored stays, and
+/// `kept` and `loaded` tell of it; when the first one fails, nothing is stored, and `grid`, `loaded` and
 /// `kept` are as they were. Nothing is read once something is stored.
-void SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, int userCode,
-                       QStringList& kept);
+[[nodiscard]] bool SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid,
+                                     ClassSections& loaded, int userCode, QStringList& kept);
 
 } // namespace tally

@@ -180,10 +180,14 @@ void frmMasClassSectionEntry::cmdSave_Click()
     };
     try {
         const int userCode = Session().gintUserCode;
-        if (editing_)
-            SaveEditedClasses(MainStore(), classes_, userCode, kept);
-        else
+        if (!editing_) {
             SaveNewClasses(MainStore(), classes_, userCode);
+        } else if (!SaveEditedClasses(MainStore(), classes_, loaded_, userCode, kept)) {
+            Prompts::Critical(QStringLiteral(
+                "The Classes Were Changed By Another User Meanwhile.\nYou Cannot Save This Data."));
+            cmdCancel_Click();
+            return;
+        }
     } catch (const store::StoreError& error) {
         ShowClasses();
         tellKept();
@@ -241,20 +245,17 @@ void frmMasClassSectionEntry::ReadClasses()
 void frmMasClassSectionEntry::LoadData()
 {
     ClassSectionRepository repository(MainStore());
-    std::vector<ClassRecord> classes;
-    std::vector<ClassDivision> divisions;
     {
         const store::ReadTransaction reading(MainStore());
-        classes = repository.Classes();
-        divisions = repository.Divisions();
+        loaded_ = {repository.Classes(), repository.Divisions()};
     }
-    const bool fits = classes_.Load(classes, divisions);
+    const bool fits = classes_.Load(loaded_.classes, loaded_.divisions);
     ShowClasses();
     if (!fits) {
         Prompts::Information(QStringLiteral("You Cannot Create More Than 99 Classes"));
         return;
     }
-    if (!classes.empty()) {
+    if (!loaded_.classes.empty()) {
         ui_->cmdEdit->setEnabled(true);
         SetEntering(false);
         ui_->cmdNew->setEnabled(false);

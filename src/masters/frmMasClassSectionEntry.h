@@ -75,6 +75,7 @@ private:
     CellEditors* boxes_ = nullptr;
     RowDelete* deleteRow_ = nullptr;
     ClassSectionGrid classes_;
+    ClassSections loaded_; ///< what the grid was filled with
     bool editing_ = false;
 };
 

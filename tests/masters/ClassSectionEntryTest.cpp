@@ -363,6 +363,37 @@ TEST_F(ClassSectionEntry, AClassThatAnotherClientDeletedMeanwhileIsStoredAgain)
     EXPECT_EQ(StoredDivisions(2), "1A 2B 3C");
 }
 
+TEST_F(ClassSectionEntry, AClassThatAnotherClientAddedMeanwhileIsToldAndShownInsteadOfDeleted)
+{
+    GivenThreeClasses();
+    Edit();
+    Click(classes, 1, 1);
+    Enter("12");
+    AnotherClient()->Execute(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (4, 'IX', 1, 4, 1)"));
+    AnotherClient()->Execute(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (4, 'A', 1)"));
+    prompts.ExpectCritical(
+        QStringLiteral("The Classes Were Changed By Another User Meanwhile.\nYou Cannot Save This Data."));
+    Press(Button("cmdSave"));
+    EXPECT_EQ(StoredClasses(), "1 XII 2 1; 2 XI 3 2; 3 X 1 3; 4 IX 1 4;");
+    EXPECT_EQ(ClassRowText(1), "1|XII|2|1");
+    EXPECT_EQ(ClassRowText(4), "4|IX|1|4");
+    EXPECT_TRUE(IsEnabled("cmdEdit"));
+    EXPECT_FALSE(IsEnabled("cmdSave"));
+}
+
+TEST_F(ClassSectionEntry, AClassThatAnotherClientAddedBeforeTheEditIsNotDeletedEither)
+{
+    GivenThreeClasses();
+    Browse();
+    AnotherClient()->Execute(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (4, 'IX', 1, 4, 1)"));
+    AnotherClient()->Execute(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (4, 'A', 1)"));
+    Press(Button("cmdEdit"));
+    prompts.ExpectCritical(
+        QStringLiteral("The Classes Were Changed By Another User Meanwhile.\nYou Cannot Save This Data."));
+    Press(Button("cmdSave"));
+    EXPECT_EQ(StoredClasses(), "1 XII 2 1; 2 XI 3 2; 3 X 1 3; 4 IX 1 4;");
+}
+
 TEST_F(ClassSectionEntry, ATieThatIsLeftAfterTheSaveRenumbersAllClassesByCode)
 {
     GivenClass(1, QStringLiteral("XII"), 1, 3);

@@ -4,6 +4,7 @@
 #include "support/TestStore.h"
 
 #include <gtest/gtest.h>
+#include <ostream>
 
 namespace tally::test {
 namespace {
@@ -41,7 +42,8 @@ protected:
     void Load()
     {
         ClassSectionRepository repository(store);
-        ASSERT_TRUE(grid.Load(repository.Classes(), repository.Divisions()));
+        loaded = {repository.Classes(), repository.Divisions()};
+        ASSERT_TRUE(grid.Load(loaded.classes, loaded.divisions));
     }
 
     void Tie(const char* table, int classCode, int divisionCode)
@@ -63,7 +65,7 @@ protected:
                       divisionCode);
     }
 
-    void Save() { SaveEditedClasses(store, grid, Clerk, told); }
+    void Save() { ASSERT_TRUE(SaveEditedClasses(store, grid, loaded, Clerk, told)); }
 
     /// "code name count order" of each class in its order.
     std::string Classes()
@@ -87,6 +89,7 @@ protected:
     }
 
     store::Connection store = DeliveredMainStore();
+    ClassSections loaded;
     ClassSectionGrid grid;
     QStringList told;
 };
@@ -317,18 +320,49 @@ TEST_F(ClassSectionSaveTest, AClassThatAnotherClientDeletedMeanwhileIsThereAgain
     EXPECT_EQ(Divisions(2), "1A 2B");
 }
 
-TEST_F(ClassSectionSaveTest, AClassThatAnotherClientAddedMeanwhileGoesUnlessItHasStudents)
+struct WorkOfOthers
 {
-    GivenClasses({{1, "XII", 1, 1}});
-    Run("INSERT INTO ClassDivisionMaster VALUES (8, 'VIII', 1, 5, 1)");
-    Run("INSERT INTO ClassDivisionMaster VALUES (9, 'IX', 1, 4, 1)");
-    Run("INSERT INTO ClassDivisionDetails VALUES (9, 'A', 1)");
-    Tie("StudentClassDivision", 9, 1);
-    Save();
-    EXPECT_EQ(Classes(), "1 XII 1 1; 9 IX 1 4;");
-    ASSERT_EQ(told.size(), 1);
-    EXPECT_EQ(told[0].toStdString(), "The Class IX Is Used In Other Entry Screen(s). So You Cannot Delete");
+    const char* name;
+    const char* sql;
+};
+
+void PrintTo(const WorkOfOthers& work, std::ostream* out)
+{
+    *out << work.name;
 }
+
+class WorkOfOthersTest : public ClassSectionSaveTest, public testing::WithParamInterface<WorkOfOthers>
+{};
+
+TEST_P(WorkOfOthersTest, WhatAnotherClientAddedOrChangedMeanwhileIsNotWipedOut)
+{
+    GivenClasses({{1, "XII", 2, 1}, {2, "XI", 1, 2}});
+    grid.Row(1).className = QStringLiteral("12");
+    Run(GetParam().sql);
+    const std::string classes = Classes();
+    const std::string divisions = Divisions(1) + Divisions(2);
+    EXPECT_FALSE(SaveEditedClasses(store, grid, loaded, Clerk, told));
+    EXPECT_EQ(Classes(), classes);
+    EXPECT_EQ(Divisions(1) + Divisions(2), divisions);
+    EXPECT_EQ(told, QStringList());
+    EXPECT_EQ(store.TransactionDepth(), 0);
+    Load();
+    Save();
+    EXPECT_EQ(Classes(), classes) << "what is on the screen anew may be saved";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, WorkOfOthersTest,
+    testing::Values(
+        WorkOfOthers{"AClass", "INSERT INTO ClassDivisionMaster VALUES (8, 'VIII', 1, 5, 1)"},
+        WorkOfOthers{"ADivision", "INSERT INTO ClassDivisionDetails VALUES (2, 'B', 2)"},
+        WorkOfOthers{"AClassName", "UPDATE ClassDivisionMaster SET ClassName = '11' WHERE ClassCode = 2"},
+        WorkOfOthers{"TheNumberOfDivisions",
+                     "UPDATE ClassDivisionMaster SET NoOfDivisions = 4 WHERE ClassCode = 2"},
+        WorkOfOthers{"AnOrder", "UPDATE ClassDivisionMaster SET ClassOrder = 7 WHERE ClassCode = 2"},
+        WorkOfOthers{"ADivisionName", "UPDATE ClassDivisionDetails SET DivisionName = 'Red'"
+                                      " WHERE ClassCode = 2"}),
+    [](const auto& work) { return std::string(work.param.name); });
 
 TEST_F(ClassSectionSaveTest, WhenTheSecondTransactionFailsTheFirstOneStays)
 {
@@ -339,6 +373,8 @@ TEST_F(ClassSectionSaveTest, WhenTheSecondTransactionFailsTheFirstOneStays)
     EXPECT_EQ(Classes(), "1 XI 1 2;");
     EXPECT_EQ(store.TransactionDepth(), 0);
     EXPECT_EQ(told, QStringList());
+    EXPECT_FALSE(HoldsWorkOfOthers(ClassSectionRepository(store).Read(), loaded))
+        << "what this client stored itself does not refuse its next try";
 }
 
 TEST_F(ClassSectionSaveTest, WhatWasKeptIsToldAlsoWhenTheSecondTransactionFails)

@@ -97,14 +97,15 @@ TEST_F(MasterKill, EditedClassesKilledAtAnyFileOperationAreTheOldOnesOrTheNewOne
     const Work renameOneAndAddOne = [](store::Connection& main) {
         ClassSectionRepository repository(main);
         ClassSectionGrid grid;
-        ASSERT_TRUE(grid.Load(repository.Classes(), repository.Divisions()));
+        ClassSections loaded{repository.Classes(), repository.Divisions()};
+        ASSERT_TRUE(grid.Load(loaded.classes, loaded.divisions));
         grid.Row(1).className = QStringLiteral("XII");
         grid.AddRow();
         grid.Row(2).className = QStringLiteral("XI");
         grid.SetNoOfDivisions(2, QStringLiteral("99"));
         grid.Row(2).classOrder = QStringLiteral("10");
         QStringList kept;
-        SaveEditedClasses(main, grid, 1, kept);
+        ASSERT_TRUE(SaveEditedClasses(main, grid, loaded, 1, kept));
     };
     ExpectWhole(renameOneAndAddOne, StoredClasses());
 }
