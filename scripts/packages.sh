@@ -17,3 +17,6 @@ packages_test=(libgtest-dev clang-format clang-tidy lld unzip xvfb xauth xdotool
 # For ./test --full: the benchmarks, the rendering of exported workbooks (with the letters of their standard font, and
 # without), and the Debian package.
 packages_full=(libbenchmark-dev libreoffice-calc-nogui fonts-crosextra-carlito poppler-utils dpkg-dev)
+
+# For ./test --mutants: the parser that finds what can be changed in the code.
+packages_mutants=(python3-clang)

@@ -1,5 +1,7 @@
 #include "mutants/TestRuns.h"
 
+#include <QDir>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -7,14 +9,20 @@
 #include <QSet>
 #include <QVariant>
 
+#include <csignal>
+#include <cstdio>
 #include <stdexcept>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace tally::mutants {
 
 namespace {
 
 constexpr int Forever = -1;
-constexpr int LongestRun = 120'000;
+/// What a mutant may take at most, so that one that never stops asking does not take the machine along.
+constexpr rlim_t MostMemory = rlim_t{8} << 30;
+constexpr rlim_t LargestFile = rlim_t{1} << 30;
 
 /// The tests as the program lists them: a line for each suite, and by two blanks further in one for each
 /// test.
@@ -83,22 +91,51 @@ std::vector<Test> TestsOf(const QString& buildFolder)
     return tests;
 }
 
-bool Pass(const QString& program, const QStringList& names, const QProcessEnvironment& environment)
+Outcome RunTests(const QString& program, const QStringList& names, const QProcessEnvironment& environment,
+                 int longest)
 {
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.setStandardOutputFile(QProcess::nullDevice());
+    // A mutant may have lost the folder of a name that it writes.
+    process.setWorkingDirectory(environment.value(QStringLiteral("TMPDIR"), QDir::tempPath()));
     process.setStandardErrorFile(QProcess::nullDevice());
+    process.setChildProcessModifier([] {
+        setpgid(0, 0);
+        const rlimit memory{MostMemory, MostMemory};
+        setrlimit(RLIMIT_AS, &memory);
+        const rlimit file{LargestFile, RLIM_INFINITY};
+        setrlimit(RLIMIT_FSIZE, &file);
+        const rlimit core{0, 0};
+        setrlimit(RLIMIT_CORE, &core);
+    });
     process.start(program, {QStringLiteral("--gtest_fail_fast"),
                             QStringLiteral("--gtest_filter=") + names.join(QLatin1Char(':'))});
     if (!process.waitForStarted())
         throw std::runtime_error(program.toStdString() + " does not start");
-    if (!process.waitForFinished(LongestRun)) {
-        process.kill();
-        process.waitForFinished();
-        return false;
-    }
-    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    const auto group = static_cast<pid_t>(process.processId());
+    const bool ended = process.waitForFinished(longest);
+    if (group > 0)
+        kill(-group, SIGKILL);
+    process.waitForFinished(Forever);
+
+    static const QByteArray begins = "[ RUN      ] ";
+    const QByteArray told = process.readAllStandardOutput();
+    const qsizetype last = told.lastIndexOf(begins);
+    const qsizetype name = last + begins.size();
+    return {ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0,
+            last < 0 ? QString() : QString::fromUtf8(told.mid(name, told.indexOf('\n', name) - name))};
+}
+
+QByteArray ReadAll(const QString& path)
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void Say(const QString& line)
+{
+    std::printf("%s\n", qUtf8Printable(line));
+    std::fflush(stdout);
 }
 
 } // namespace tally::mutants

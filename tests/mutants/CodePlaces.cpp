@@ -1,0 +1,34 @@
+#include "mutants/CodePlaces.h"
+
+#include <QStringList>
+
+#include <stdexcept>
+
+namespace tally::mutants {
+
+std::vector<CodePlace> CodePlacesIn(const QString& list)
+{
+    std::vector<CodePlace> places;
+    const QStringList lines = list.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString& line : lines) {
+        const QStringList fields = line.split(QLatin1Char('\t'));
+        bool numbers = false;
+        const std::uint32_t number = fields.value(0).toUInt(&numbers);
+        if (fields.size() != 5 || !numbers)
+            throw std::runtime_error("line " + std::to_string(places.size() + 1) + ": no change");
+        places.push_back({number, fields[1], fields[2].toInt(), fields[3], fields[4]});
+    }
+    return places;
+}
+
+std::vector<CodePlace> EvenlyFrom(const std::vector<CodePlace>& places, std::size_t count)
+{
+    if (count >= places.size())
+        return places;
+    std::vector<CodePlace> sample;
+    for (std::size_t number = 0; number < count; ++number)
+        sample.push_back(places[(2 * number + 1) * places.size() / (2 * count)]);
+    return sample;
+}
+
+} // namespace tally::mutants

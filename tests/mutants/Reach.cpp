@@ -1,0 +1,97 @@
+#include "mutants/Reach.h"
+
+#include <QList>
+
+#include <algorithm>
+#include <set>
+#include <tuple>
+#include <utility>
+
+namespace tally::mutants {
+
+namespace {
+
+/// The tests that stand together in a suite look at one thing from many sides.
+QString SuiteOf(const Test& test)
+{
+    return test.name.section(QLatin1Char('.'), 0, 0);
+}
+
+} // namespace
+
+Reach::Reach(const std::vector<Test>& tests)
+    : tests_(tests), milliseconds_(tests.size(), 0), reached_(tests.size(), 0)
+{}
+
+void Reach::Add(std::size_t test, const QByteArray& record, int milliseconds)
+{
+    milliseconds_[test] = milliseconds;
+    QList<QByteArray> lines = record.split('\n');
+    // Programs that the test started wrote their own.
+    std::sort(lines.begin(), lines.end());
+    lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
+    for (const QByteArray& line : lines) {
+        if (line.isEmpty())
+            continue;
+        testsOf_[line.toUInt()].push_back(test);
+        ++reached_[test];
+    }
+}
+
+std::vector<std::size_t> Reach::TestsOf(std::uint32_t number, const std::vector<std::size_t>& noticers,
+                                        std::size_t most) const
+{
+    std::vector<std::size_t> tests = testsOf_.value(number);
+    const auto rank = [&](std::size_t test) {
+        const auto noticer = std::find(noticers.begin(), noticers.end(), test);
+        return std::tuple(noticer - noticers.begin(),
+                          static_cast<double>(milliseconds_[test]) * static_cast<double>(reached_[test]),
+                          test);
+    };
+    std::sort(tests.begin(), tests.end(),
+              [&](std::size_t left, std::size_t right) { return rank(left) < rank(right); });
+    if (tests.size() <= most)
+        return tests;
+    std::vector<std::pair<std::size_t, std::size_t>> turns; // of each test in its suite, and the test
+    QHash<QString, std::size_t> taken;
+    for (const std::size_t test : tests) {
+        const bool noticed = std::find(noticers.begin(), noticers.end(), test) != noticers.end();
+        turns.emplace_back(noticed ? 0 : taken[SuiteOf(tests_[test])]++, test);
+    }
+    std::stable_sort(turns.begin(), turns.end(),
+                     [](const auto& left, const auto& right) { return left.first < right.first; });
+    turns.resize(most);
+    std::set<std::size_t> kept;
+    for (const auto& [turn, test] : turns)
+        kept.insert(test);
+    std::erase_if(tests, [&](std::size_t test) { return kept.count(test) == 0; });
+    return tests;
+}
+
+std::vector<Batch> Reach::Batches(const std::vector<std::size_t>& order) const
+{
+    std::vector<Batch> batches;
+    std::vector<bool> taken(order.size(), false);
+    int spent = 0;
+    for (std::size_t first = 0; first < order.size(); ++first) {
+        if (taken[first])
+            continue;
+        Batch batch{tests_[order[first]].program, {}, 0};
+        for (std::size_t next = first; next < order.size(); ++next) {
+            const Test& test = tests_[order[next]];
+            const int longer = batch.milliseconds + milliseconds_[order[next]];
+            if (taken[next] || test.program != batch.program)
+                continue;
+            if (next != first && longer > spent)
+                break;
+            taken[next] = true;
+            batch.names.append(test.name);
+            batch.milliseconds = longer;
+        }
+        spent += batch.milliseconds;
+        batches.push_back(batch);
+    }
+    return batches;
+}
+
+} // namespace tally::mutants

@@ -1,0 +1,81 @@
+#include "mutants/Reach.h"
+
+#include <gtest/gtest.h>
+
+namespace tally::mutants {
+namespace {
+
+constexpr std::size_t All = 100;
+
+std::string Told(const std::vector<Batch>& batches)
+{
+    QStringList told;
+    for (const Batch& batch : batches)
+        told.append(QStringLiteral("%1 %2 %3")
+                        .arg(batch.program, batch.names.join(QLatin1Char(':')))
+                        .arg(batch.milliseconds));
+    return told.join(QLatin1String("; ")).toStdString();
+}
+
+class ReachTest : public testing::Test
+{
+protected:
+    ReachTest()
+    {
+        reach.Add(0, "1\n2\n3\n4\n", 10);
+        reach.Add(1, "1\n", 20);
+        reach.Add(2, "1\n2\n1\n", 20);
+        reach.Add(3, "1\n2\n3\n", 10);
+    }
+
+    std::vector<mutants::Test> tests{
+        {QStringLiteral("p"), QStringLiteral("A"), true},
+        {QStringLiteral("q"), QStringLiteral("B"), true},
+        {QStringLiteral("p"), QStringLiteral("C"), true},
+        {QStringLiteral("p"), QStringLiteral("D"), true},
+    };
+    Reach reach{tests};
+};
+
+TEST_F(ReachTest, OnlyTestsThatReachAChangeAreTried)
+{
+    EXPECT_EQ(reach.TestsOf(4, {}, All), std::vector<std::size_t>{0});
+    EXPECT_TRUE(reach.TestsOf(5, {}, All).empty());
+}
+
+TEST_F(ReachTest, TestsThatAreQuickAndReachLittleComeFirst)
+{
+    EXPECT_EQ(reach.TestsOf(1, {}, All), (std::vector<std::size_t>{1, 3, 0, 2}));
+}
+
+TEST_F(ReachTest, TestsThatNoticedAChangeNearByComeBeforeAllOthers)
+{
+    EXPECT_EQ(reach.TestsOf(1, {2, 0}, All), (std::vector<std::size_t>{2, 0, 1, 3}));
+    EXPECT_EQ(reach.TestsOf(3, {2, 0}, All), (std::vector<std::size_t>{0, 3})) << "and only if they reach it";
+}
+
+TEST_F(ReachTest, BatchesGrowWithWhatHasPassed)
+{
+    EXPECT_EQ(Told(reach.Batches({0, 1, 2, 3})), "p A 10; q B 20; p C:D 30");
+    EXPECT_EQ(Told(reach.Batches({0, 2, 3, 1})), "p A 10; p C 20; p D 10; q B 20");
+}
+
+TEST_F(ReachTest, NoMoreTestsAreTriedThanAskedFor)
+{
+    EXPECT_EQ(reach.TestsOf(1, {2}, 2), (std::vector<std::size_t>{2, 1}));
+    EXPECT_EQ(reach.TestsOf(4, {}, 2), std::vector<std::size_t>{0});
+}
+
+TEST_F(ReachTest, OfTooManyTestsEachSuiteKeepsSome)
+{
+    std::vector<mutants::Test> many(6, {QStringLiteral("p"), QStringLiteral("Marks.A"), true});
+    many.push_back({QStringLiteral("p"), QStringLiteral("Keyboard.A"), true});
+    Reach wide{many};
+    for (std::size_t test = 0; test < many.size(); ++test)
+        wide.Add(test, "1\n", static_cast<int>(test));
+    EXPECT_EQ(wide.TestsOf(1, {}, 3), (std::vector<std::size_t>{0, 1, 6}));
+    EXPECT_EQ(wide.TestsOf(1, {5}, 3), (std::vector<std::size_t>{5, 0, 6}));
+}
+
+} // namespace
+} // namespace tally::mutants
