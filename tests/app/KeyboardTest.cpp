@@ -1,21 +1,23 @@
-// Where Tab and the letters of each screen lead. A clerk's fingers know these ways, so none changes by
+// Where Tab and the letters of each window lead. A clerk's fingers know these ways, so none changes by
 // chance.
 
-#include "core/ui/ScreenRegistry.h"
-#include "support/ScreenFixture.h"
+#include "WindowsFixture.h"
 
 #include <QAbstractButton>
 #include <QLabel>
+
+#include <algorithm>
+#include <iterator>
 
 namespace tally::test {
 namespace {
 
 struct Ways
 {
-    const char* form;
+    const char* window;
     const char* tab;     ///< the controls at which Tab stops while they are on, in its order
     const char* letters; ///< each letter with its control
-    const char* chosen;  ///< the options and boxes that are on when the screen opens
+    const char* chosen;  ///< the options and boxes that are on when the window opens
 };
 
 constexpr Ways Known[] = {
@@ -112,6 +114,11 @@ constexpr Ways Known[] = {
      "A:txtExamNameSearch C:cmdCancel D:cmdDelete E:cmdEdit M:txtExamName N:cmdNew R:txtExamOrder S:cmdSave "
      "X:cmdExit",
      ""},
+    {"frmStartLock", "", "", ""},
+    {"frmStartLogin", "txtLoginID txtPassword ImgOK ImgCancel cmdExit",
+     "L:txtLoginID P:txtPassword X:cmdExit", ""},
+    {"frmStartUnlock", "txtLoginID txtPassword cmdOK cmdCancel",
+     "C:cmdCancel L:txtLoginID O:cmdOK P:txtPassword", ""},
 };
 
 QString NameOf(const QWidget* control)
@@ -120,19 +127,19 @@ QString NameOf(const QWidget* control)
     return name.isEmpty() ? NameOf(control->parentWidget()) : name;
 }
 
-QString TabOf(const Screen& screen)
+QString TabOf(const QWidget& window)
 {
     QStringList names;
-    const QWidget* control = screen.nextInFocusChain();
-    for (; control != &screen; control = control->nextInFocusChain())
-        if (screen.isAncestorOf(control) && (control->focusPolicy() & Qt::TabFocus) != 0 &&
+    const QWidget* control = window.nextInFocusChain();
+    for (; control != &window; control = control->nextInFocusChain())
+        if (window.isAncestorOf(control) && (control->focusPolicy() & Qt::TabFocus) != 0 &&
             !control->focusProxy() && !control->parentWidget()->inherits("QTabBar") &&
             !names.contains(NameOf(control)))
             names.append(NameOf(control));
     return names.join(QLatin1Char(' '));
 }
 
-QString LettersOf(const Screen& screen)
+QString LettersOf(const QWidget& window)
 {
     QStringList letters;
     const auto add = [&letters](const QString& text, const QWidget* control) {
@@ -140,10 +147,10 @@ QString LettersOf(const Screen& screen)
         if (!letter.isEmpty())
             letters.append(letter.back() + QLatin1Char(':') + NameOf(control));
     };
-    for (const auto* label : screen.findChildren<QLabel*>())
+    for (const auto* label : window.findChildren<QLabel*>())
         if (label->buddy())
             add(label->text(), label->buddy());
-    for (const auto* button : screen.findChildren<QAbstractButton*>()) {
+    for (const auto* button : window.findChildren<QAbstractButton*>()) {
         add(button->text(), button);
         const QKeySequence shortcut = button->shortcut();
         if (!shortcut.isEmpty() && shortcut != QKeySequence::mnemonic(button->text()))
@@ -153,36 +160,39 @@ QString LettersOf(const Screen& screen)
     return letters.join(QLatin1Char(' '));
 }
 
-QString ChosenOf(const Screen& screen)
+QString ChosenOf(const QWidget& window)
 {
     QStringList names;
-    for (const auto* button : screen.findChildren<QAbstractButton*>())
+    for (const auto* button : window.findChildren<QAbstractButton*>())
         if (button->isChecked())
             names.append(NameOf(button));
     names.sort();
     return names.join(QLatin1Char(' '));
 }
 
-class KeyboardTest : public ScreenFixture
+const Ways* WaysOf(const QString& window)
+{
+    const auto* ways = std::find_if(std::begin(Known), std::end(Known),
+                                    [&](const Ways& one) { return window == QLatin1String(one.window); });
+    return ways == std::end(Known) ? nullptr : ways;
+}
+
+class KeyboardTest : public WindowsFixture
 {};
 
-TEST_F(KeyboardTest, TabLettersAndPresetOptionsOfEachScreenAreThoseThatTheOfficeKnows)
+TEST_F(KeyboardTest, TabLettersAndPresetOptionsOfEachWindowAreThoseThatTheOfficeKnows)
 {
-    QStringList known;
-    for (const Ways& ways : Known) {
-        SCOPED_TRACE(ways.form);
-        known.append(QString::fromLatin1(ways.form));
-        const Screen* screen = OpenScreen(known.constLast());
-        ASSERT_NE(screen, nullptr);
-        EXPECT_EQ(TabOf(*screen).toStdString(), ways.tab);
-        EXPECT_EQ(LettersOf(*screen).toStdString(), ways.letters);
-        EXPECT_EQ(ChosenOf(*screen).toStdString(), ways.chosen);
-        delete screen->parentWidget();
-        Settle();
-    }
-    QStringList registered = ScreenRegistry::Names();
-    registered.sort();
-    EXPECT_EQ(known.join(QLatin1Char(' ')).toStdString(), registered.join(QLatin1Char(' ')).toStdString());
+    std::size_t looked = 0;
+    ForEachWindow([&](const QString& name, const QWidget& shown) {
+        SCOPED_TRACE(name.toStdString());
+        const Ways* ways = WaysOf(name);
+        ASSERT_NE(ways, nullptr);
+        ++looked;
+        EXPECT_EQ(TabOf(shown).toStdString(), ways->tab);
+        EXPECT_EQ(LettersOf(shown).toStdString(), ways->letters);
+        EXPECT_EQ(ChosenOf(shown).toStdString(), ways->chosen);
+    });
+    EXPECT_EQ(looked, std::size(Known));
 }
 
 } // namespace
