@@ -6,6 +6,7 @@
 #include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
+#include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QComboBox>
 #include <QGroupBox>
@@ -44,6 +45,20 @@ protected:
         }
     }
 
+    /// Neither a part of a control nor of a list.
+    static bool IsOurs(const QWidget* control)
+    {
+        return !control->objectName().startsWith(QLatin1String("qt_")) &&
+               !qobject_cast<const QAbstractScrollArea*>(control->parentWidget()) &&
+               !control->parentWidget()->inherits("QTabWidget");
+    }
+
+    /// A sign may stand between the brackets of its note.
+    static bool LiesOver(const QRect& one, const QRect& other)
+    {
+        return one.intersects(other) && !one.contains(other) && !other.contains(one);
+    }
+
     static std::string Called(QWidget* control)
     {
         // On some platforms Qt lets a list's choice take the place of its name, and leads to its label
@@ -64,6 +79,23 @@ TEST_F(EveryScreen, CallsEachControlThatTakesTheKeyboardByAName)
                 continue;
             EXPECT_NE(Called(control), "")
                 << control->metaObject()->className() << ' ' << control->objectName().toStdString();
+        }
+    });
+}
+
+TEST_F(EveryScreen, ShowsNoControlOverAnother)
+{
+    ForEach([](const Screen& screen, const QMdiSubWindow&) {
+        for (const QWidget* parent : screen.findChildren<QWidget*>()) {
+            QList<const QWidget*> shown;
+            for (const auto* control : parent->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+                if (control->isVisible() && !control->isWindow() && IsOurs(control))
+                    shown.append(control);
+            for (qsizetype one = 0; one < shown.size(); ++one)
+                for (qsizetype other = 0; other < one; ++other)
+                    EXPECT_FALSE(LiesOver(shown[one]->geometry(), shown[other]->geometry()))
+                        << shown[one]->objectName().toStdString() << " lies over "
+                        << shown[other]->objectName().toStdString();
         }
     });
 }

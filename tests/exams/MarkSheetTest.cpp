@@ -248,6 +248,14 @@ TEST(MarkSheet, EveryRowNeedsAMarkAndTheFirstFaultIsToldFirst)
     EXPECT_FALSE(sheet.FindFault());
 }
 
+TEST(MarkSheet, MarksAreEnteredForAnExamAClassAndADivisionTogether)
+{
+    EXPECT_TRUE(IsComplete({.academicYearCode = 1, .examCode = 2, .classCode = 3, .divisionCode = 4}));
+    EXPECT_FALSE(IsComplete({.academicYearCode = 1, .classCode = 3, .divisionCode = 4}));
+    EXPECT_FALSE(IsComplete({.academicYearCode = 1, .examCode = 2, .divisionCode = 4}));
+    EXPECT_FALSE(IsComplete({.academicYearCode = 1, .examCode = 2, .classCode = 3}));
+}
+
 TEST(MarkSheet, AStudentNeedsAMarkInEachSubjectOfTheClass)
 {
     MarkSheet sheet = StudentSheet();

@@ -83,6 +83,27 @@ TEST_F(frmStartLockTest, ItsPadlockFollowsTheSystemIntoTheDark)
     EXPECT_EQ(picture(), light);
 }
 
+TEST_F(frmStartLockTest, ItStandsOutByItsRoundCornersItsOutlineAndItsPadlock)
+{
+    EXPECT_TRUE(lock->mask().contains(lock->rect().center()));
+    EXPECT_FALSE(lock->mask().contains(QPoint(0, 0)));
+    const QPalette palette = lock->palette();
+    const QImage seen = lock->grab().toImage();
+    EXPECT_EQ(seen.pixelColor(seen.width() / 2, 0), palette.color(QPalette::Highlight));
+    const QImage padlock = Find<QLabel>(lock, "Image1")->pixmap(Qt::ReturnByValue).toImage();
+    EXPECT_EQ(padlock.pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(padlock.pixelColor(20, 4), palette.color(QPalette::WindowText)) << "its shackle";
+    EXPECT_EQ(padlock.pixelColor(9, 27), palette.color(QPalette::Highlight)) << "its body";
+    EXPECT_EQ(padlock.pixelColor(20, 25), palette.color(QPalette::HighlightedText)) << "its keyhole";
+    EXPECT_EQ(padlock.pixelColor(20, 31), palette.color(QPalette::HighlightedText));
+}
+
+TEST_F(frmStartLockTest, ItStandsInTheMiddleOfTheWindow)
+{
+    const QPoint apart = lock->geometry().center() - window->geometry().center();
+    EXPECT_LE(apart.manhattanLength(), 2);
+}
+
 TEST_F(frmStartLockTest, OtherKeysAndClosingDoNothing)
 {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_F4, Qt::Key_F9, Qt::Key_A})

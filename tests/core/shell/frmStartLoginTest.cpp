@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 
 namespace tally::test {
 namespace {
@@ -80,6 +81,12 @@ TEST_F(frmStartLoginTest, ItsPicturesFollowTheSystemIntoTheDark)
     EXPECT_LT(brightness(), 90);
     UseDarkLook(false);
     EXPECT_GT(brightness(), 180);
+}
+
+TEST_F(frmStartLoginTest, ItStandsInTheMiddleOfTheScreen)
+{
+    const QPoint apart = form->frameGeometry().center() - form->screen()->availableGeometry().center();
+    EXPECT_LE(apart.manhattanLength(), 8) << "but for its frame";
 }
 
 TEST_F(frmStartLoginTest, AnIdOfBlanksIsNoId)

@@ -234,6 +234,16 @@ TEST_F(mdiTallyboardTest, EachPanelTakesAThirdOfTheWidthWithoutTheFreePart)
         EXPECT_EQ(panel->width(), (1024 - 183) / 3);
 }
 
+TEST_F(mdiTallyboardTest, ThePanelsStandBesideOneAnotherAndNoNameIsCutOff)
+{
+    window->SetPanel(2, QStringLiteral("User Name : ") + QString(100, QLatin1Char('W')));
+    Settle();
+    const QList<QLabel*> panels = Panels();
+    EXPECT_GE(panels[1]->width(), panels[1]->sizeHint().width());
+    EXPECT_GT(panels[1]->x(), panels[0]->geometry().right());
+    EXPECT_GT(panels[2]->x(), panels[1]->geometry().right());
+}
+
 TEST_F(mdiTallyboardTest, TheTitleEndsInARunOfBlanks)
 {
     EXPECT_TRUE(window->windowTitle().startsWith(QStringLiteral("KITE - Tally Board   ")));

@@ -55,6 +55,8 @@ TEST(GridModelTest, WhereThereIsNoCellAListHoldsNothing)
         grid.Bind(Teachers(rows), {});
         const Watched watched(grid);
         EXPECT_FALSE(grid.model()->data(QModelIndex(), Qt::DisplayRole).isValid()) << rows << " rows";
+        for (const int row : {-1, rows})
+            EXPECT_EQ(grid.Text(row, QStringLiteral("Code")), QString());
         AskForAll(*grid.model());
     }
 }
@@ -104,6 +106,30 @@ TEST(GridModelTest, AGridStandsTheRulesWhileItIsFilledGrowsAndShrinks)
     AskForAll(*grid.model());
     grid.Show({});
     AskForAll(*grid.model());
+}
+
+TEST(GridModelTest, ACellHoldsNoCellsOfItsOwn)
+{
+    DataGrid list;
+    list.Bind(Teachers(2), {});
+    FlexGrid grid;
+    grid.Show(TableOf({GridTable::Row(3), GridTable::Row(3)}));
+    for (const QAbstractItemModel* model : {list.model(), grid.model()}) {
+        EXPECT_EQ(model->rowCount(model->index(0, 0)), 0);
+        EXPECT_EQ(model->columnCount(model->index(0, 0)), 0);
+    }
+}
+
+TEST(GridModelTest, AHiddenColumnIsHiddenForWhoeverTakesTheTable)
+{
+    FlexGrid grid;
+    grid.Show(TableOf({GridTable::Row(3), GridTable::Row(3)}));
+    grid.SetColHidden(1, true);
+    EXPECT_TRUE(grid.Table().Column(1).hidden);
+    EXPECT_TRUE(grid.isColumnHidden(1));
+    grid.SetColHidden(1, false);
+    EXPECT_FALSE(grid.Table().Column(1).hidden);
+    EXPECT_FALSE(grid.isColumnHidden(1));
 }
 
 TEST(GridModelTest, AScreenReaderHearsWhatAMarkMeansBehindItsText)

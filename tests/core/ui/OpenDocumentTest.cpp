@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -56,6 +57,16 @@ protected:
     const QString first = QStringLiteral("gedit");
     const QString later = QStringLiteral("featherpad");
 };
+
+TEST_F(OpenDocumentTest, WorkbooksAndReportsLieAmongTheDocumentsOfTheUser)
+{
+    const QString before = ExportFolder();
+    SetExportFolder({});
+    EXPECT_EQ(ExportFolder().toStdString(),
+              QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString() +
+                  "/Tally Board");
+    SetExportFolder(before);
+}
 
 TEST_F(OpenDocumentTest, ATextIsHandedToTheDesktopWithWhateverItsPathHolds)
 {

@@ -278,6 +278,18 @@ TEST_F(TakeOnlyTest, WhatAnInputMethodBringsIsCleanedAndToldAsWell)
     EXPECT_EQ(FieldHintAt(first), QString::fromUtf8("Left Out : ë\n") + AlphaOnly);
 }
 
+TEST_F(TakeOnlyTest, TypingGoesOnBehindWhatAnInputMethodBroughtIntoTheMiddle)
+{
+    TakeOnly(first, KeyAlpha, 30);
+    first->setText(QStringLiteral("Annabel"));
+    first->setCursorPosition(3);
+    QInputMethodEvent event;
+    event.setCommitString(QString::fromUtf8("ëoë"));
+    QApplication::sendEvent(first, &event);
+    QTest::keyClicks(first, QStringLiteral("x"));
+    EXPECT_EQ(first->text().toStdString(), "Annoxabel");
+}
+
 TEST_F(TakeOnlyTest, APasswordIsNeverReadOutInAHint)
 {
     TakeOnly(first, KeyAlphaNumeric, 6);
