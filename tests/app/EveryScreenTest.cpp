@@ -83,6 +83,19 @@ TEST_F(EveryScreen, CallsEachControlThatTakesTheKeyboardByAName)
     });
 }
 
+TEST_F(EveryScreen, LeadsTheKeyboardToControlsThatTakeItAlsoBackwards)
+{
+    constexpr int Steps = 30;
+    ForEach([](const Screen& screen, const QMdiSubWindow&) {
+        for (int step = 0; step < Steps; ++step) {
+            QWidget* reached = screen.focusWidget();
+            ASSERT_NE(reached, nullptr);
+            EXPECT_NE(reached->focusPolicy() & Qt::TabFocus, 0) << reached->objectName().toStdString();
+            QTest::keyClick(reached, Qt::Key_Backtab, Qt::ShiftModifier);
+        }
+    });
+}
+
 TEST_F(EveryScreen, ShowsNoControlOverAnother)
 {
     ForEach([](const Screen& screen, const QMdiSubWindow&) {

@@ -45,6 +45,13 @@ void DatePicker::keyPressEvent(QKeyEvent* event)
     QDateEdit::keyPressEvent(event);
 }
 
+void DatePicker::showEvent(QShowEvent* event)
+{
+    // A date that is only looked at must not get the keyboard by way of its line when its screen opens.
+    lineEdit()->setFocusPolicy(focusPolicy());
+    QDateEdit::showEvent(event);
+}
+
 bool DatePicker::focusNextPrevChild(bool next)
 {
     return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)

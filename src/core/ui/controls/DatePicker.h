@@ -25,6 +25,7 @@ protected:
     bool focusNextPrevChild(bool next) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 };
 
 } // namespace tally
