@@ -137,7 +137,9 @@ TEST_F(RankCardExport, ACardBeginsWithTheSchoolOverItsWholeWidthAndTwoBlankLines
     for (const char* cell : {"A1", "A2", "A3"}) {
         EXPECT_EQ(sheet.At(cell).style.horizontal, QStringLiteral("center")) << cell;
         EXPECT_TRUE(sheet.At(cell).style.bold) << cell;
+        EXPECT_EQ(sheet.At(cell).style.vertical, QStringLiteral("center")) << cell;
     }
+    EXPECT_GT(sheet.At("A1").style.points, sheet.At("A2").style.points);
     for (const char* cell : {"A4", "A5", "A6"})
         EXPECT_EQ(sheet.At(cell).value, QString()) << cell;
     EXPECT_EQ(sheet.Merges().mid(0, 5), QStringList({"A1:G1", "A2:G2", "A3:G3", "A4:G4", "A5:G5"}));

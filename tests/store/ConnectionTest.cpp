@@ -168,6 +168,10 @@ TEST(Connection, CountsTheStatementsItHasRun)
     while (rows.Next()) {
     }
     EXPECT_EQ(connection.StatementsRun(), 2U);
+    auto insert = connection.Prepare(QStringLiteral("INSERT INTO NameList VALUES (?)"));
+    for (const char* name : {"Asha", "Binu", "Chitra"})
+        insert.Run(name);
+    EXPECT_EQ(connection.StatementsRun(), 5U) << "one that runs again counts again";
 }
 
 TEST(Connection, CreatingATableTwiceAndReadingNoneAreTheirOwnKinds)

@@ -158,10 +158,12 @@ TEST_F(GridCopy, TabsAndLineBreaksWithinATextDoNotBreakTheTable)
 {
     FillGrid(QAbstractItemView::ExtendedSelection);
     grid->SetTextMatrix(1, 0, QStringLiteral("St.\tMary's\r\nHigh School"));
-    grid->SetTextMatrix(1, 1, QStringLiteral("one") + QChar(QChar::LineSeparator) + QStringLiteral("two"));
+    grid->SetTextMatrix(1, 1,
+                        QStringLiteral("one") + QChar(QChar::LineSeparator) + QStringLiteral("two") +
+                            QChar(QChar::ParagraphSeparator) + QStringLiteral("three"));
     grid->SetCurrentCell(1, 0);
     QTest::keyClick(grid, Qt::Key_Right, Qt::ShiftModifier);
-    EXPECT_EQ(Copied(grid), "St. Mary's  High School\tone two");
+    EXPECT_EQ(Copied(grid), "St. Mary's  High School\tone two three");
 }
 
 TEST_F(GridCopy, CellsOfTheHeldColumnAreCopiedAsWell)

@@ -123,6 +123,20 @@ TEST_P(GridLine, AMarkKeepsItsPaintInTheCurrentRowAndWhereItIsSelected)
     }
 }
 
+TEST_P(GridLine, TheTextOfAMarkAndAnyOtherIsReadOnItsGround)
+{
+    for (const int col : {Failed, NotTaken, Plain}) {
+        grid->SetTextMatrix(Current + 1, col, QStringLiteral("WWW"));
+        const QImage cell = Cell(Current + 1, col);
+        const QColor ground = cell.pixelColor(1, 1);
+        double best = 0;
+        for (int x = 0; x < cell.width(); ++x)
+            for (int y = 0; y < cell.height(); ++y)
+                best = std::max(best, Contrast(cell.pixelColor(x, y), ground));
+        EXPECT_GE(best, ForText) << col;
+    }
+}
+
 /// What was painted of a widget.
 class Painted : public QObject
 {

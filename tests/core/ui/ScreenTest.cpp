@@ -14,12 +14,14 @@ class States : public MasterScreen
 public:
     States() : MasterScreen(QStringLiteral("States"), 0) {}
 
+    using MasterScreen::Conflict;
     using MasterScreen::DeleteRow;
     using MasterScreen::IsEditing;
     using MasterScreen::OnRefusal;
     using MasterScreen::SaveRow;
     using MasterScreen::SetMasterControls;
     using MasterScreen::ShowState;
+    using MasterScreen::Write;
 
     int cancels = 0;
     int refills = 0;
@@ -131,6 +133,14 @@ TEST_F(ScreenTest, ARefusedRowLeavesTheScreenAsItIsOrStartedAnewOrItsListsReadAn
         ExpectWay(expected.first, expected.second);
     }
     EXPECT_EQ(Count("SELECT count(*) FROM StateMaster WHERE StateCode > 0 AND StateName = 'Kerala'"), 1);
+}
+
+TEST_F(ScreenTest, AConflictForWhichThereIsNoTextIsDescribedAsItIs)
+{
+    prompts.ExpectCritical(
+        QStringLiteral("The Data Contradicts Other Data That Is Already Stored (UNIQUE constraint failed: "
+                       "StateMaster.StateCode)"));
+    EXPECT_FALSE(screen.Write(States::Conflict::Describe, AddAgain));
 }
 
 TEST_F(ScreenTest, ALockNeverTakesAwayWhatWasTyped)

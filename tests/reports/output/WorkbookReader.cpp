@@ -46,6 +46,7 @@ WorkbookReader::WorkbookReader(const QString& path, int sheet)
 void WorkbookReader::ReadStyles(const QString& path)
 {
     std::vector<bool> bolds;
+    std::vector<double> sizes;
     std::vector<QString> fills;
     std::vector<int> borderLines;
     QHash<int, QString> formats{
@@ -57,12 +58,13 @@ void WorkbookReader::ReadStyles(const QString& path)
             formats[Value(xml, "numFmtId").toInt()] = Value(xml, "formatCode");
         } else if (name == u"font") {
             bolds.push_back(false);
+            sizes.push_back(0);
         } else if (name == u"b") {
             bolds.back() = true;
-        } else if (name == u"sz" && bolds.size() == 1) {
-            columnFont_ = Value(xml, "val");
+        } else if (name == u"sz") {
+            sizes.back() = Value(xml, "val").toDouble();
         } else if (name == u"name" && bolds.size() == 1) {
-            columnFont_.prepend(Value(xml, "val") + u' ');
+            columnFont_ = QStringLiteral("%1 %2").arg(Value(xml, "val")).arg(sizes.back());
         } else if (name == u"fill") {
             fills.emplace_back();
         } else if (name == u"fgColor") {
@@ -78,6 +80,7 @@ void WorkbookReader::ReadStyles(const QString& path)
         } else if (inCells && name == u"xf") {
             Style style;
             style.bold = bolds.at(Value(xml, "fontId").toUInt());
+            style.points = sizes.at(Value(xml, "fontId").toUInt());
             style.fill = fills.at(Value(xml, "fillId").toUInt());
             style.border = borderLines.at(Value(xml, "borderId").toUInt()) == 4;
             style.numberFormat = formats.value(Value(xml, "numFmtId").toInt());

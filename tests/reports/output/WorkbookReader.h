@@ -22,6 +22,7 @@ public:
         QString horizontal;
         QString vertical;
         QString numberFormat;
+        double points = 0; ///< the size of the letters
 
         bool operator==(const Style&) const = default;
     };
