@@ -2,10 +2,12 @@
 // fields take, and what is off or out of sight. Clerks find their way by these words, and paper forms and
 // notes in the office quote them, so none changes by chance.
 
+#include "core/ui/look/Look.h"
 #include "WindowsFixture.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
@@ -14,6 +16,8 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTableView>
+
+#include <algorithm>
 
 namespace tally::test {
 namespace {
@@ -89,6 +93,21 @@ QStringList ContentOf(const QWidget* control)
     return content;
 }
 
+/// The drawing on a button; empty for none.
+QString PictureOf(const QAbstractButton* button)
+{
+    constexpr QSize Size(16, 16);
+    const QImage picture = button->icon().pixmap(Size).toImage();
+    if (picture.isNull())
+        return {};
+    const QStringList drawings =
+        QDir(QStringLiteral(":/tallyboard/icons")).entryList({QStringLiteral("*.svg")});
+    for (const QString& drawing : drawings)
+        if (const QString name = drawing.chopped(4); picture == LookIcon(name).pixmap(Size).toImage())
+            return name;
+    return QStringLiteral("of its own");
+}
+
 /// A line for a control that says something or is not as controls are: its name, its text, and what is
 /// special.
 QString FaceOf(const QWidget& window, const QWidget* control)
@@ -97,6 +116,9 @@ QString FaceOf(const QWidget& window, const QWidget* control)
     if (const QString text = TextOf(control); !text.isEmpty())
         face.append(Quoted(text));
     face += ContentOf(control);
+    if (const auto* button = qobject_cast<const QAbstractButton*>(control))
+        if (const QString picture = PictureOf(button); !picture.isEmpty())
+            face.append(QStringLiteral("picture ") + picture);
     if (!control->accessibleName().isEmpty())
         face.append(QStringLiteral("called ") + Quoted(control->accessibleName()));
     if (!control->toolTip().isEmpty())
@@ -125,6 +147,21 @@ QString FaceOf(const QWidget& window)
     return lines.join(QLatin1Char('\n'));
 }
 
+/// What is another on the later face.
+QString Changed(const QString& before, const QString& after)
+{
+    const QStringList known = before.split(QLatin1Char('\n'));
+    QStringList lines = after.split(QLatin1Char('\n'));
+    for (const QString& line : known) {
+        const QString control = line.section(QLatin1String(": "), 0, 0) + QLatin1String(": ");
+        const auto isOfIt = [&](const QString& other) { return other.startsWith(control); };
+        if (isOfIt(line) && std::none_of(lines.begin(), lines.end(), isOfIt))
+            lines.append(control + QLatin1String("as others"));
+    }
+    lines.removeIf([&](const QString& line) { return known.contains(line); });
+    return lines.join(QLatin1Char('\n'));
+}
+
 /// The faces as the table has them: the name of a screen at the beginning of a line, its face further in
 /// below.
 QMap<QString, QString> Known()
@@ -147,14 +184,29 @@ QMap<QString, QString> Known()
 }
 
 class ScreenFacesTest : public WindowsFixture
-{};
+{
+protected:
+    void SetUp() override
+    {
+        WindowsFixture::SetUp();
+        Session().gintUserCode = 1;
+    }
+};
 
 TEST_F(ScreenFacesTest, EachWindowOpensWithTheWordsAndStatesThatTheOfficeKnows)
 {
     QMap<QString, QString> known = Known();
-    ForEachWindow([&](const QString& name, const QWidget& shown) {
+    const auto expect = [&](const QString& name, const QString& face) {
         SCOPED_TRACE(name.toStdString());
-        EXPECT_EQ(FaceOf(shown).toStdString(), known.take(name).toStdString());
+        EXPECT_EQ(face.toStdString(), known.take(name).toStdString());
+    };
+    ForEachWindow([&](const QString& name, const QWidget& shown) {
+        const QString opened = FaceOf(shown);
+        expect(name, opened);
+        if (auto* cmdNew = shown.findChild<QAbstractButton*>(QStringLiteral("cmdNew"))) {
+            Press(cmdNew);
+            expect(name + QStringLiteral(" after New"), Changed(opened, FaceOf(shown)));
+        }
     });
     EXPECT_EQ(QStringList(known.keys()), QStringList());
 }
