@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QHash>
+#include <QSet>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -22,12 +23,16 @@ namespace tally::mutants {
 
 namespace {
 
+constexpr auto Fates = "/fates.tsv";
+constexpr auto Lives = "lives";
+constexpr auto NotReached = "not reached";
+
 /// What the tests have to notice of all changes that are not equivalent.
 constexpr double Aim = 0.95;
 
 /// So many of the tests that reach a change are tried on it. What they do not notice counts as living: a
 /// change that hundreds of tests pass by is none that a test is there for.
-constexpr std::size_t MostTests = 150;
+constexpr std::size_t MostTests = 200;
 
 /// A change that makes a test so much slower has been noticed. The machine may have other work to do.
 constexpr int Patience = 5'000;
@@ -68,14 +73,22 @@ class CodeCampaign
 {
 public:
     CodeCampaign(const QString& folder, const CodeChoice& choice)
-        : folder_(folder), whole_(!choice.files && !choice.sample)
+        : folder_(folder), whole_(!choice.files && !choice.sample && !choice.again)
     {
         timer_.start();
         std::vector<CodePlace> places =
             CodePlacesIn(QString::fromUtf8(ReadAll(folder + QStringLiteral("/places.tsv"))));
+        QHash<std::uint32_t, QString> folders;
+        for (const CodePlace& place : places)
+            folders.insert(place.number, FolderOf(place.file));
+        reach_.emplace(tests_, folders);
         if (choice.files)
             std::erase_if(places,
                           [&](const CodePlace& place) { return !choice.files->contains(place.file); });
+        if (choice.again)
+            std::erase_if(places, [living = LivingBefore()](const CodePlace& place) {
+                return !living.contains(place.number);
+            });
         if (choice.sample)
             places = EvenlyFrom(places, static_cast<std::size_t>(*choice.sample));
         for (const CodePlace& place : places)
@@ -96,6 +109,16 @@ public:
     }
 
 private:
+    QSet<std::uint32_t> LivingBefore() const
+    {
+        QSet<std::uint32_t> living;
+        const QList<QByteArray> fates = ReadAll(folder_ + QLatin1String(Fates)).split('\n');
+        for (const QByteArray& fate : fates)
+            if (fate.endsWith(QByteArray("\t") + Lives) || fate.endsWith(QByteArray("\t") + NotReached))
+                living.insert(fate.left(fate.indexOf('\t')).toUInt());
+        return living;
+    }
+
     QString FolderOfWorker(unsigned worker) const { return scratch_.filePath(QString::number(worker)); }
 
     /// A mutant may leave behind, and take away, what it likes in there. Some tests run as an ordinary user.
@@ -158,7 +181,7 @@ private:
             const auto seen = Look(test, kept.filePath(name), worker);
             const std::lock_guard lock(guard);
             if (seen)
-                reach_.Add(number, seen->record, seen->milliseconds);
+                reach_->Add(number, seen->record, seen->milliseconds);
             else
                 failing_.append(test.name);
             old.removeAll(name);
@@ -230,7 +253,7 @@ private:
         std::vector<std::size_t> noticers = noticers_[place.file];
         const std::vector<std::size_t>& alike = noticers_[KindOf(place.file)];
         noticers.insert(noticers.end(), alike.begin(), alike.end());
-        return reach_.TestsOf(place.number, noticers, MostTests);
+        return reach_->TestsOf(place.number, noticers, MostTests);
     }
 
     void PutFirst(const QString& file, std::size_t noticer)
@@ -249,7 +272,7 @@ private:
         one.reached = !order.empty();
         QProcessEnvironment environment = EnvironmentOf(worker);
         environment.insert(QStringLiteral("TALLY_MUTANT"), QString::number(one.place.number));
-        for (const Batch& batch : reach_.Batches(order)) {
+        for (const Batch& batch : reach_->Batches(order)) {
             const Outcome outcome = RunTests(batch.program, batch.names, environment,
                                              Patience + TimesSlower * batch.milliseconds);
             if (outcome.passed)
@@ -270,17 +293,16 @@ private:
     {
         QString told;
         for (const Case& one : cases_)
-            told +=
-                QStringList{QString::number(one.place.number),
-                            one.place.file,
-                            QString::number(one.place.line),
-                            one.place.change,
-                            one.place.text,
-                            one.noticed.isEmpty() ? QString::fromLatin1(one.reached ? "lives" : "not reached")
-                                                  : one.noticed}
-                    .join(QLatin1Char('\t')) +
-                QLatin1Char('\n');
-        Write(folder_ + QStringLiteral("/fates.tsv"), told.toUtf8());
+            told += QStringList{QString::number(one.place.number),
+                                one.place.file,
+                                QString::number(one.place.line),
+                                one.place.change,
+                                one.place.text,
+                                one.noticed.isEmpty() ? QString::fromLatin1(one.reached ? Lives : NotReached)
+                                                      : one.noticed}
+                        .join(QLatin1Char('\t')) +
+                    QLatin1Char('\n');
+        Write(folder_ + QLatin1String(Fates), told.toUtf8());
     }
 
     bool Report()
@@ -347,7 +369,7 @@ private:
     QString folder_;
     bool whole_;
     std::vector<Test> tests_ = TestsOf(folder_ + QStringLiteral("/build"));
-    Reach reach_{tests_};
+    std::optional<Reach> reach_;
     Equivalents equivalents_ =
         Equivalents::FromText(QString::fromUtf8(ReadAll(QStringLiteral(TALLY_CODE_EQUIVALENTS))));
     std::vector<Case> cases_;

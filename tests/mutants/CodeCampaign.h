@@ -11,6 +11,7 @@ struct CodeChoice
 {
     std::optional<QStringList> files; ///< those of these files
     std::optional<int> sample;        ///< so many, evenly over all
+    bool again = false;               ///< those that lived in the last run
 };
 
 /// Tries the changes that are compiled into the copy of the program in this folder, each on the tests that

@@ -19,8 +19,9 @@ QString SuiteOf(const Test& test)
 
 } // namespace
 
-Reach::Reach(const std::vector<Test>& tests)
-    : tests_(tests), milliseconds_(tests.size(), 0), reached_(tests.size(), 0)
+Reach::Reach(const std::vector<Test>& tests, QHash<std::uint32_t, QString> folders)
+    : tests_(tests), milliseconds_(tests.size(), 0), folders_(std::move(folders)), reached_(tests.size()),
+      reachedInAll_(tests.size(), 0)
 {}
 
 void Reach::Add(std::size_t test, const QByteArray& record, int milliseconds)
@@ -33,8 +34,10 @@ void Reach::Add(std::size_t test, const QByteArray& record, int milliseconds)
     for (const QByteArray& line : lines) {
         if (line.isEmpty())
             continue;
-        testsOf_[line.toUInt()].push_back(test);
-        ++reached_[test];
+        const std::uint32_t number = line.toUInt();
+        testsOf_[number].push_back(test);
+        ++reached_[test][folders_.value(number)];
+        ++reachedInAll_[test];
     }
 }
 
@@ -42,26 +45,25 @@ std::vector<std::size_t> Reach::TestsOf(std::uint32_t number, const std::vector<
                                         std::size_t most) const
 {
     std::vector<std::size_t> tests = testsOf_.value(number);
+    const QString folder = folders_.value(number);
     const auto rank = [&](std::size_t test) {
         const auto noticer = std::find(noticers.begin(), noticers.end(), test);
-        return std::tuple(noticer - noticers.begin(),
-                          static_cast<double>(milliseconds_[test]) * static_cast<double>(reached_[test]),
-                          test);
+        const double partInFolder = static_cast<double>(reached_[test].value(folder)) / reachedInAll_[test];
+        return std::tuple(noticer - noticers.begin(), milliseconds_[test] / partInFolder, test);
     };
     std::sort(tests.begin(), tests.end(),
               [&](std::size_t left, std::size_t right) { return rank(left) < rank(right); });
     if (tests.size() <= most)
         return tests;
-    std::vector<std::pair<std::size_t, std::size_t>> turns; // of each test in its suite, and the test
+    const auto nearest = static_cast<std::ptrdiff_t>(most / 2);
+    std::set<std::size_t> kept(tests.begin(), tests.begin() + nearest);
+    std::vector<std::pair<std::size_t, std::size_t>> turns; // of each other test in its suite, and the test
     QHash<QString, std::size_t> taken;
-    for (const std::size_t test : tests) {
-        const bool noticed = std::find(noticers.begin(), noticers.end(), test) != noticers.end();
-        turns.emplace_back(noticed ? 0 : taken[SuiteOf(tests_[test])]++, test);
-    }
+    for (auto test = tests.begin() + nearest; test != tests.end(); ++test)
+        turns.emplace_back(taken[SuiteOf(tests_[*test])]++, *test);
     std::stable_sort(turns.begin(), turns.end(),
                      [](const auto& left, const auto& right) { return left.first < right.first; });
-    turns.resize(most);
-    std::set<std::size_t> kept;
+    turns.resize(most - kept.size());
     for (const auto& [turn, test] : turns)
         kept.insert(test);
     std::erase_if(tests, [&](std::size_t test) { return kept.count(test) == 0; });

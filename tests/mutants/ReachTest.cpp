@@ -34,7 +34,11 @@ protected:
         {QStringLiteral("p"), QStringLiteral("C"), true},
         {QStringLiteral("p"), QStringLiteral("D"), true},
     };
-    Reach reach{tests};
+    Reach reach{tests,
+                {{1, QStringLiteral("core")},
+                 {2, QStringLiteral("marks")},
+                 {3, QStringLiteral("ranks")},
+                 {4, QStringLiteral("ranks")}}};
 };
 
 TEST_F(ReachTest, OnlyTestsThatReachAChangeAreTried)
@@ -43,9 +47,11 @@ TEST_F(ReachTest, OnlyTestsThatReachAChangeAreTried)
     EXPECT_TRUE(reach.TestsOf(5, {}, All).empty());
 }
 
-TEST_F(ReachTest, TestsThatAreQuickAndReachLittleComeFirst)
+TEST_F(ReachTest, TestsThatAreQuickAndReachLittleInOtherFoldersComeFirst)
 {
     EXPECT_EQ(reach.TestsOf(1, {}, All), (std::vector<std::size_t>{1, 3, 0, 2}));
+    EXPECT_EQ(reach.TestsOf(3, {}, All), (std::vector<std::size_t>{0, 3}))
+        << "half of what 0 reaches is near";
 }
 
 TEST_F(ReachTest, TestsThatNoticedAChangeNearByComeBeforeAllOthers)
@@ -70,11 +76,11 @@ TEST_F(ReachTest, OfTooManyTestsEachSuiteKeepsSome)
 {
     std::vector<mutants::Test> many(6, {QStringLiteral("p"), QStringLiteral("Marks.A"), true});
     many.push_back({QStringLiteral("p"), QStringLiteral("Keyboard.A"), true});
-    Reach wide{many};
+    Reach wide{many, {}};
     for (std::size_t test = 0; test < many.size(); ++test)
         wide.Add(test, "1\n", static_cast<int>(test));
-    EXPECT_EQ(wide.TestsOf(1, {}, 3), (std::vector<std::size_t>{0, 1, 6}));
-    EXPECT_EQ(wide.TestsOf(1, {5}, 3), (std::vector<std::size_t>{5, 0, 6}));
+    EXPECT_EQ(wide.TestsOf(1, {}, 4), (std::vector<std::size_t>{0, 1, 2, 6}));
+    EXPECT_EQ(wide.TestsOf(1, {5}, 4), (std::vector<std::size_t>{5, 0, 1, 6}));
 }
 
 } // namespace

@@ -7,7 +7,7 @@ from edits import Spot
 ORDER = re.compile(r"\bsetTabOrder\((\w+), (\w+)\);")
 TEXT = re.compile(r'QCoreApplication::translate\("\w+", "((?:[^"\\]|\\.)+)", nullptr\)')
 CALL = re.compile(
-    r"^[ \t]*(\w+->(?:setBuddy|setMaxLength|setEnabled|setVisible|setChecked|setDefault|setAutoDefault|setReadOnly|"
+    r"^[ \t]*(\w+->(?:setBuddy|setMaxLength|setEnabled|setVisible|setChecked|setDefault|setReadOnly|"
     r"setEchoMode|setFocusPolicy|setTabChangesFocus|setMinimum|setMaximum|setCheckable|setWordWrap|setTextFormat)"
     r"\(.*\));$",
     re.M,

@@ -41,11 +41,13 @@ LAYOUT = re.compile(
     r"RenderHints?|SizeAdjustPolicy)|"
     r"resize(Section)?|reserve|squeeze|shrink_to_fit)$"
 )
+# What braces in a call become by themselves.
+LISTS = ("", "initializer_list", "vector", "QList")
 # Numbers in there are measures, colours or times.
 MEASURES = re.compile(
     r"(Q(Size|Point|Rect|Margins|Line|Polygon|Transform)F?|QColor|QPen|QBrush|QFont|qRgba?|from(Rgb|Hsl|Hsv)F?|"
     r"(set)?(Alpha|Hsl|Hsv|Rgb|AlphaF|PenWidth)|adjusted|adjust|translated?|scaled?|moved?|lighter|darker|draw\w+|"
-    r"fillRect|setInterval|singleShot|start|msleep|sleep|processEvents|waitFor\w*|FromTwips|Twips)$"
+    r"fillRect|(add|insert)(Widget|Layout)|setInterval|singleShot|start|msleep|sleep|processEvents|waitFor\w*|FromTwips|Twips)$"
 )
 
 LITERALS = re.compile(
@@ -293,7 +295,7 @@ class Finder:
             self.operator(cursor, span, *operation, role, of)
             return
         if kind == Kind.CXX_BOOL_LITERAL_EXPR:
-            if role is None and self.part(span) in ("true", "false"):
+            if role is None and self.part(span) in ("true", "false") and not self.is_measure(of):
                 self.turn(span, f"turned: {self.part(span)}")
         elif kind == Kind.INTEGER_LITERAL:
             if role is None and re.fullmatch(r"\d[\dA-Za-z']*", self.part(span)) and not self.is_measure(of):
@@ -309,7 +311,7 @@ class Finder:
             for child in self.children(cursor):
                 self.code(child, "operand")
         else:
-            called = cursor.spelling if kind == Kind.CALL_EXPR and cursor.spelling else of
+            called = cursor.spelling if kind == Kind.CALL_EXPR and cursor.spelling not in LISTS else of
             literals_of_type = kind == Kind.MEMBER_REF_EXPR
             for child in self.children(cursor):
                 if not (literals_of_type and self.bare(child).kind == Kind.INTEGER_LITERAL):

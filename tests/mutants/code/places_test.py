@@ -201,8 +201,11 @@ class PlacesTest(unittest.TestCase):
         self.assertEqual(changed.outputs["one more than 7"], "10 12 14 8")
 
     def test_numbers_that_measure_stay(self):
-        changed = calls("resize(7); return 0;", "void resize(int n) {}")
-        self.assertEqual(list(changed.outputs), ["one more than 0"])
+        changed = calls(
+            "resize(7); setBold(true); drawLine({{1, 2}, {3, 4}}); return 0;",
+            "void resize(int n) {} void setBold(bool on) {} struct Point { int x, y; }; void drawLine(std::vector<Point>) {}",
+        )
+        self.assertEqual(list(changed.outputs), ["left out: drawLine({{1, 2}, {3, 4}})", "one more than 0"])
 
     def test_what_is_settled_when_the_program_is_built_stays(self):
         changed = calls(
