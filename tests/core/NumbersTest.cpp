@@ -173,6 +173,8 @@ TEST(NumbersTest, ValReadsTheNumberThatATextBeginsWith)
     EXPECT_DOUBLE_EQ(Val(QStringLiteral("Absent")), 0);
     EXPECT_DOUBLE_EQ(Val(QString()), 0);
     EXPECT_DOUBLE_EQ(Val(QStringLiteral("12,5")), 12);
+    for (const char* word : {"inf", "Infinity", "nan"})
+        EXPECT_DOUBLE_EQ(Val(QString::fromLatin1(word)), 0) << word;
 }
 
 TEST(NumbersTest, PlainNumberHasNoTrailingZeros)

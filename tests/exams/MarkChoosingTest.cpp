@@ -124,6 +124,16 @@ TEST_F(MarkChoosing, AnotherExamStartsWithoutChoiceAndWithItsOwnStudents)
     EXPECT_EQ(Average(), "");
 }
 
+TEST_F(MarkChoosing, WithoutAnExamASubjectHasNoMarks)
+{
+    school->EnterMark(1, 1, 45);
+    ShowStoredSubject(QStringLiteral("English"));
+    Choose(exam, QStringLiteral(" "));
+    Choose(subjects, QStringLiteral("English"));
+    EXPECT_EQ(Rows().find("45"), std::string::npos) << Rows();
+    EXPECT_EQ(Average(), "");
+}
+
 TEST_F(MarkChoosing, AnotherExamListsTheSubjectsOfAStudentAgain)
 {
     Given("INSERT INTO ExamMaster VALUES (2, 'Term Two', 2, 1)");

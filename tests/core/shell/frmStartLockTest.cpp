@@ -150,6 +150,17 @@ TEST_F(frmStartLockTest, AnotherUserCanNotUnlock)
     EXPECT_TRUE(Find<QLineEdit>(unlock, "txtLoginID")->hasFocus());
 }
 
+TEST_F(frmStartLockTest, OnesOwnPasswordUnderAnotherNameAndAnothersUnderOnesOwnDoNotUnlock)
+{
+    prompts.ExpectInformation(QStringLiteral("Enter Correct Login ID / Password"));
+    Unlock(QStringLiteral("john"), QStringLiteral("secret"));
+    ASSERT_FALSE(lock.isNull());
+    delete lock->findChild<frmStartUnlock*>();
+    prompts.ExpectInformation(QStringLiteral("Enter Correct Login ID / Password"));
+    Unlock(QStringLiteral("mary"), QStringLiteral("other"));
+    EXPECT_FALSE(lock.isNull());
+}
+
 TEST_F(frmStartLockTest, EmptyFieldsAreAskedForInTheirOrder)
 {
     prompts.ExpectInformation(QStringLiteral("Enter Login ID"));

@@ -234,6 +234,11 @@ TEST_F(mdiTallyboardTest, EachPanelTakesAThirdOfTheWidthWithoutTheFreePart)
         EXPECT_EQ(panel->width(), (1024 - 183) / 3);
 }
 
+TEST_F(mdiTallyboardTest, TheWindowFillsTheScreenFromTheStart)
+{
+    EXPECT_TRUE(window->isMaximized());
+}
+
 TEST_F(mdiTallyboardTest, ThePanelsStandBesideOneAnotherAndNoNameIsCutOff)
 {
     window->SetPanel(2, QStringLiteral("User Name : ") + QString(100, QLatin1Char('W')));

@@ -7,6 +7,7 @@
 #include "support/TableOf.h"
 
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QSize>
@@ -237,6 +238,17 @@ TEST_F(FormRoutinesTest, ClearingAFormPutsADateToTheMachinesDateAndNotTheWorking
     date->setDate(QDate(2020, 2, 29));
     ClearControls(form);
     EXPECT_EQ(date->date(), QDate::currentDate());
+}
+
+TEST_F(FormRoutinesTest, ADateNamesItsMonthInEnglishOnEveryMachine)
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German));
+    DatePicker date;
+    date.setDate(QDate(2024, 10, 9));
+    EXPECT_EQ(date.text().toStdString(), "09/Oct/2024");
+    EXPECT_EQ(date.calendarWidget()->locale().monthName(10).toStdString(), "October");
+    QLocale::setDefault(before);
 }
 
 TEST_F(FormRoutinesTest, SelectingAllTextTakesAllOfIt)

@@ -237,6 +237,18 @@ TEST_F(Export, CopiesTheTrimmedGridFromRowSevenOn)
     EXPECT_FALSE(sheet.At("A10").exists);
 }
 
+TEST_F(Export, OfAReportHoldsTheListToItsLastLineAndColumn)
+{
+    Fill({"Name|Maths|Total", "Asha|40|251", "Binu|30|198"});
+    ExportReport(grid_, Latin("Rank List"), Latin("Exam Name :Annual"));
+    ASSERT_EQ(opened_.size(), 1U);
+    const WorkbookReader sheet(opened_[0]);
+    EXPECT_EQ(sheet.At("C9").value, Latin("198"));
+    EXPECT_FALSE(sheet.At("A10").exists);
+    EXPECT_FALSE(sheet.At("D8").exists);
+    EXPECT_EQ(sheet.At("A6").value, Latin("Exam Name :Annual"));
+}
+
 TEST_F(Export, LeavesNoGapForAHiddenColumn)
 {
     Fill({"Name|Code|Grade", "Asha|17|A+"});
