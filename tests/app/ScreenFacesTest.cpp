@@ -103,7 +103,7 @@ QString PictureOf(const QAbstractButton* button)
     const QStringList drawings =
         QDir(QStringLiteral(":/tallyboard/icons")).entryList({QStringLiteral("*.svg")});
     for (const QString& drawing : drawings)
-        if (const QString name = drawing.chopped(4); picture == LookIcon(name).pixmap(Size).toImage())
+        if (QString name = drawing.chopped(4); picture == LookIcon(name).pixmap(Size).toImage())
             return name;
     return QStringLiteral("of its own");
 }
