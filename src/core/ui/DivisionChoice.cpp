@@ -20,6 +20,21 @@ void DivisionChoice::Load()
     screen_->Read([this] { classes_->SetListBehindBlank(SchoolListRepository(MainStore()).Classes()); });
 }
 
+void DivisionChoice::Refill()
+{
+    const int classCode = classes_->BoundCode();
+    const int divisionCode = divisions_->BoundCode();
+    Load();
+    Choose(classCode, divisionCode);
+}
+
+void DivisionChoice::Choose(int classCode, int divisionCode)
+{
+    classes_->SetBoundCode(classCode);
+    LoadDivisions();
+    divisions_->SetBoundCode(divisionCode);
+}
+
 void DivisionChoice::LoadDivisions()
 {
     divisions_->SetListBehindBlank({});

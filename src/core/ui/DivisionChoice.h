@@ -26,6 +26,10 @@ public:
     /// Reads the classes; nothing is chosen then, and no division offered. What cannot be read is told and
     /// left out.
     void Load();
+    /// The same, and keeps what is chosen as far as it still exists.
+    void Refill();
+    /// Chooses among what is listed. 0 chooses nothing.
+    void Choose(int classCode, int divisionCode);
 
 private:
     void LoadDivisions();

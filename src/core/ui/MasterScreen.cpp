@@ -32,8 +32,12 @@ bool MasterScreen::WriteRow(Conflict conflict, const Work& work, OnRefusal next)
 
 void MasterScreen::SaveRow(const Work& work, OnRefusal next, const std::function<void()>& then)
 {
-    if (!WriteRow(Conflict::MasterIsGone, work, next))
-        return;
+    if (WriteRow(Conflict::MasterIsGone, work, next))
+        RowIsSaved(then);
+}
+
+void MasterScreen::RowIsSaved(const std::function<void()>& then)
+{
     AfterCommit([&] {
         Prompts::Information(IsEditing() ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
         cmdCancel_Click();

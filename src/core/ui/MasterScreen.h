@@ -34,12 +34,15 @@ protected:
     virtual void ShowState(MasterState state);
     /// True while a stored row is being changed.
     bool IsEditing() const { return state_ == MasterState::Editing; }
+    MasterState State() const { return state_; }
 
     /// Runs `work` in one transaction. False when it failed: the user has been told, nothing was stored, and
     /// the screen has gone on as `next` says.
     [[nodiscard]] bool WriteRow(Conflict conflict, const Work& work, OnRefusal next);
     /// Stores the row in hand, tells so and goes on with Cancel's steps, and with `then` behind them.
     void SaveRow(const Work& work, OnRefusal next, const std::function<void()>& then = {});
+    /// What follows the commit of a save: the word for its result, Cancel's steps, and `then` behind them.
+    void RowIsSaved(const std::function<void()>& then = {});
     /// Deletes the row in hand, goes on with Cancel's steps and tells that it is gone.
     void DeleteRow(const Work& work, OnRefusal next = OnRefusal::Stay);
 

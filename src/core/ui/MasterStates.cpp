@@ -13,12 +13,13 @@ struct Switches
     bool Frame1, cmdNew, cmdEdit, cmdDelete, cmdSave;
 };
 
-constexpr std::array<Switches, 4> SwitchesOf{{
+constexpr std::array<Switches, 5> SwitchesOf{{
     // Frame1, New,   Edit,  Delete, Save
-    {false, true, false, false, false}, // Idle
-    {true, false, false, false, true},  // New
-    {false, false, true, true, false},  // RowSelected
-    {true, false, false, false, true},  // Editing
+    {false, true, false, false, false},  // Idle
+    {true, false, false, false, true},   // New
+    {false, false, true, true, false},   // RowSelected
+    {true, false, false, false, true},   // Editing
+    {false, false, false, false, false}, // Viewing
 }};
 
 void Switch(QWidget* control, bool on)

@@ -12,6 +12,7 @@ enum class MasterState
     New,         ///< a row is being entered
     RowSelected, ///< a stored row is shown and may be edited or deleted
     Editing,     ///< a stored row is being changed
+    Viewing,     ///< a stored row is shown that may not be changed
 };
 
 /// The controls that follow the state. A screen without one of the buttons leaves it null.
