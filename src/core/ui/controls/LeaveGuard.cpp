@@ -27,21 +27,7 @@ bool LeaveGuard::Leaves(const QFocusEvent* event)
     const bool looksAway = event->reason() == Qt::ActiveWindowFocusReason ||
                            event->reason() == Qt::PopupFocusReason ||
                            event->reason() == Qt::MenuBarFocusReason;
-    return !looksAway && Ask();
-}
-
-void LeaveGuard::Watch(const QList<QWidget*>& free)
-{
-    connect(qApp, &QApplication::focusChanged, this, [this, free](const QWidget* from, QWidget* to) {
-        // A control that is switched off loses its focus without having been left.
-        if (from == control_ && control_->isEnabled() && !free.contains(to))
-            Ask();
-    });
-}
-
-bool LeaveGuard::Ask()
-{
-    if (asking_ || !IsWithinForm())
+    if (asking_ || looksAway || !IsWithinForm())
         return false;
     bool accepted = true;
     Unasked([&] { accepted = !validate_ || validate_(); });

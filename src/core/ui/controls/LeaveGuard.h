@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QList>
 #include <QObject>
 
 #include <functional>
@@ -11,7 +10,7 @@ class QWidget;
 namespace tally {
 
 /// Asks before the focus leaves an entry control for another one of its form, and brings it back on a
-/// refusal. The control owns its guard. It hands it every focus event that it gets, or has it watch.
+/// refusal. The control owns its guard and hands it every focus event that it gets.
 class LeaveGuard : public QObject
 {
     Q_OBJECT
@@ -21,9 +20,6 @@ public:
 
     /// Asked once for each leaving; false refuses it. Empty lets everything pass.
     void SetValidate(std::function<bool()> validate) { validate_ = std::move(validate); }
-    /// For a control that hands over no events: asks when it has given its focus to another one than `free`,
-    /// which may be reached whatever stands in the control, such as Cancel.
-    void Watch(const QList<QWidget*>& free);
     /// Takes a focus-out event of the control. True when the focus has left with consent; false when it was
     /// refused, or when the user only looks at a menu, a list or another window and will be back.
     bool Leaves(const QFocusEvent* event);
@@ -36,7 +32,6 @@ protected:
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
-    bool Ask();
     bool IsWithinForm() const;
     void KeepFocus();
 
