@@ -35,14 +35,6 @@ CodedTexts TeacherRepository::Salutations()
         "SELECT SalutationCode, SalutationName FROM SalutationMaster ORDER BY SalutationName")));
 }
 
-CodedTexts TeacherRepository::BloodGroups()
-{
-    return ReadCodedTexts(
-        main_.Query(QStringLiteral("SELECT 0 AS BloodGroupCode, ' ' AS BloodGroupName FROM BloodGroupMaster"
-                                   " UNION SELECT BloodGroupCode, BloodGroupName FROM BloodGroupMaster"
-                                   " WHERE BloodGroupCode > 0 ORDER BY BloodGroupName")));
-}
-
 std::optional<Teacher> TeacherRepository::Find(int teacherCode)
 {
     auto row = main_.Query(

@@ -45,15 +45,14 @@ DateFault FaultWhileChoosing(const QDate& date, const QDate& birth);
 /// At the save: the date must lie after the day of birth. An invalid `date` has no fault.
 DateFault FaultAtSave(const QDate& date, const QDate& birth);
 
-/// Every statement of the teachers and of the lists that a teacher is put together from.
+/// Every statement of the teachers and of their salutations.
 class TeacherRepository
 {
 public:
     explicit TeacherRepository(store::Connection& main) : main_(main) {}
 
-    /// Both lists stand in the order of the names; the blood groups begin with a blank line, code 0.
+    /// By name.
     CodedTexts Salutations();
-    CodedTexts BloodGroups();
 
     std::optional<Teacher> Find(int teacherCode);
     /// Another teacher has exactly this name, capital and small letters told apart.

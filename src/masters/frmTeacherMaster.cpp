@@ -1,6 +1,7 @@
 #include "masters/frmTeacherMaster.h"
 
 #include "core/modTallyboard.h"
+#include "core/school/SchoolListRepository.h"
 #include "core/SessionContext.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
@@ -129,7 +130,7 @@ void frmTeacherMaster::LoadPlaces()
 
 void frmTeacherMaster::LoadBloodGroups()
 {
-    Read([this] { ui_->dbcBloodGroup->SetList(Teachers().BloodGroups()); });
+    Read([this] { ui_->dbcBloodGroup->SetList(SchoolListRepository(MainStore()).BloodGroups()); });
 }
 
 bool frmTeacherMaster::eventFilter(QObject* receiver, QEvent* event)

@@ -160,12 +160,9 @@ TEST_F(TeacherRepositoryTest, SearchFindsLettersOfOtherLanguagesAsTheyWereEntere
     EXPECT_EQ(found(QStringLiteral("Zoe"), {}), 0U);
 }
 
-TEST_F(TeacherRepositoryTest, BloodGroupsBeginBlankAndSalutationsDoNotAndBothStandByName)
+TEST_F(TeacherRepositoryTest, SalutationsStandByNameWithoutABlankLine)
 {
-    Run("INSERT INTO BloodGroupMaster VALUES (2, 'A+', 1)");
     Run("INSERT INTO SalutationMaster VALUES (2, 'Mr', 1)");
-    EXPECT_EQ(teachers.BloodGroups(),
-              (CodedTexts{{0, QStringLiteral(" ")}, {2, QStringLiteral("A+")}, {1, QStringLiteral("O+")}}));
     EXPECT_EQ(teachers.Salutations(), (CodedTexts{{2, QStringLiteral("Mr")}, {1, QStringLiteral("Mrs")}}));
 }
 

@@ -38,4 +38,12 @@ CodedTexts SchoolListRepository::DivisionsByCode(int classCode)
                     classCode));
 }
 
+CodedTexts SchoolListRepository::BloodGroups()
+{
+    return ReadCodedTexts(
+        main_.Query(QStringLiteral("SELECT 0 AS BloodGroupCode, ' ' AS BloodGroupName FROM BloodGroupMaster"
+                                   " UNION SELECT BloodGroupCode, BloodGroupName FROM BloodGroupMaster"
+                                   " WHERE BloodGroupCode > 0 ORDER BY BloodGroupName")));
+}
+
 } // namespace tally

@@ -5,7 +5,7 @@
 
 namespace tally {
 
-/// The lists from which screens choose their exam, class and division. Throws StoreError.
+/// The lists from which screens choose exam, class, division and blood group. Throws StoreError.
 class SchoolListRepository
 {
 public:
@@ -21,6 +21,8 @@ public:
     /// The divisions of a class; none for the class 0.
     CodedTexts DivisionsByName(int classCode);
     CodedTexts DivisionsByCode(int classCode);
+    /// By name, behind a blank line with the code 0.
+    CodedTexts BloodGroups();
 
 private:
     store::Connection& main_;

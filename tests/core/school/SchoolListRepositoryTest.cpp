@@ -49,5 +49,13 @@ TEST_F(SchoolListRepositoryTest, TheDivisionsAreThoseOfTheClassByNameOrByCode)
     EXPECT_TRUE(lists.DivisionsByName(3).empty());
 }
 
+TEST_F(SchoolListRepositoryTest, BloodGroupsStandByNameBehindABlankLine)
+{
+    const std::pair blank{0, QStringLiteral(" ")};
+    EXPECT_EQ(lists.BloodGroups(), CodedTexts{blank});
+    Run("INSERT INTO BloodGroupMaster VALUES (1, 'O+', 1), (2, 'A+', 1)");
+    EXPECT_EQ(lists.BloodGroups(), (CodedTexts{blank, {2, QStringLiteral("A+")}, {1, QStringLiteral("O+")}}));
+}
+
 } // namespace
 } // namespace tally::test
