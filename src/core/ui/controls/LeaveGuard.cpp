@@ -18,6 +18,31 @@ const QWidget* FormOf(const QWidget* control)
     return control;
 }
 
+/// Hands a field's focus events to a guard, which belongs to the field.
+class FieldGuard : public QObject
+{
+public:
+    FieldGuard(QWidget* field, std::function<bool()> validate) : QObject(field), guard_(field)
+    {
+        guard_.SetValidate(std::move(validate));
+        field->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        if (event->type() != QEvent::FocusOut)
+            return QObject::eventFilter(receiver, event);
+        // The field ends its own work first: what has been typed into it counts when the guard asks.
+        receiver->event(event);
+        guard_.Leaves(static_cast<QFocusEvent*>(event));
+        return true;
+    }
+
+private:
+    LeaveGuard guard_;
+};
+
 } // namespace
 
 LeaveGuard::LeaveGuard(QWidget* control) : QObject(control), control_(control) {}
@@ -68,6 +93,11 @@ bool LeaveGuard::eventFilter(QObject* receiver, QEvent* event)
                        event->type() == QEvent::MouseButtonRelease ||
                        event->type() == QEvent::MouseButtonDblClick;
     return (keepsFocus_ && mouse) || QObject::eventFilter(receiver, event);
+}
+
+void AskBeforeLeaving(QWidget* field, std::function<bool()> validate)
+{
+    new FieldGuard(field, std::move(validate));
 }
 
 } // namespace tally

@@ -41,4 +41,8 @@ private:
     bool keepsFocus_ = false;
 };
 
+/// Guards an entry control that has no guard of its own for as long as it lives: `validate` is asked before
+/// the focus leaves it for another control of its form, and false keeps it there.
+void AskBeforeLeaving(QWidget* field, std::function<bool()> validate);
+
 } // namespace tally

@@ -1,0 +1,77 @@
+#include "core/ui/controls/DateLabel.h"
+
+#include "core/modTallyboard.h"
+#include "core/ui/Prompts.h"
+
+#include <QKeyEvent>
+
+namespace tally {
+
+namespace {
+
+constexpr QColor Awaiting{255, 255, 174};
+
+} // namespace
+
+DateLabel::DateLabel(QWidget* parent) : QLabel(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setFrameShape(QFrame::StyledPanel);
+    setAlignment(Qt::AlignCenter);
+    setAutoFillBackground(true);
+    setToolTip(QStringLiteral("The date chosen. Click to clear it."));
+    setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("88/MMM/8888")) +
+                    2 * fontMetrics().averageCharWidth());
+    SetAwaiting(false);
+    SetDate({});
+}
+
+QDate DateLabel::Date() const
+{
+    return DateShown(text());
+}
+
+void DateLabel::SetDate(const QDate& date)
+{
+    setText(ShownDate(date));
+    // A label is called by its text, and this one takes the keyboard without one too.
+    setAccessibleName(date.isValid() ? QStringLiteral("Date chosen: ") + text()
+                                     : QStringLiteral("No date chosen"));
+}
+
+void DateLabel::SetAwaiting(bool awaiting)
+{
+    QPalette colors;
+    if (awaiting) {
+        colors.setColor(QPalette::Base, Awaiting);
+        // The yellow is pale in the dark look too, where texts are.
+        colors.setColor(QPalette::Text, Qt::black);
+    }
+    setPalette(colors);
+    setBackgroundRole(QPalette::Base);
+    setForegroundRole(QPalette::Text);
+}
+
+void DateLabel::mouseReleaseEvent(QMouseEvent* event)
+{
+    QLabel::mouseReleaseEvent(event);
+    Click();
+}
+
+void DateLabel::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Space)
+        Click();
+    else
+        QLabel::keyPressEvent(event);
+}
+
+void DateLabel::Click()
+{
+    if (text().isEmpty() || !Prompts::Ask(QStringLiteral("Do You Want To Clear This Date ?")))
+        return;
+    SetDate({});
+    Q_EMIT Cleared();
+}
+
+} // namespace tally
