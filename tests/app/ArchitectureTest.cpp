@@ -15,16 +15,16 @@ const QString SourceFolder = QStringLiteral(TALLY_SOURCE_FOLDER);
 
 /// The floors of the house, from below. A file may use what lies on the floors under its own; folders on the
 /// same floor keep to themselves.
-const QList<QStringList> Floors{{QStringLiteral("store")},
-                                {QStringLiteral("core")},
-                                {QStringLiteral("core/school")},
-                                {QStringLiteral("core/ui")},
-                                {QStringLiteral("reports/output")},
-                                {QStringLiteral("core/shell")},
-                                {QStringLiteral("calendar"), QStringLiteral("exams"),
-                                 QStringLiteral("masters"), QStringLiteral("ranks"),
-                                 QStringLiteral("reports"), QStringLiteral("utilities")},
-                                {QStringLiteral("app")}};
+const QList<QStringList> Floors{
+    {QStringLiteral("store")},
+    {QStringLiteral("core")},
+    {QStringLiteral("core/school")},
+    {QStringLiteral("core/ui")},
+    {QStringLiteral("reports/output")},
+    {QStringLiteral("core/shell")},
+    {QStringLiteral("calendar"), QStringLiteral("exams"), QStringLiteral("masters"), QStringLiteral("ranks"),
+     QStringLiteral("reports"), QStringLiteral("students"), QStringLiteral("utilities")},
+    {QStringLiteral("app")}};
 
 /// The folders of rules, of screens, and of both, which is what an area has.
 const QStringList RuleFolders{QStringLiteral("core"), QStringLiteral("core/school")};
