@@ -66,8 +66,8 @@ GridResult AdmissionRepository::Search(int academicYearCode, const PlacementFilt
                        " AND c.DivisionCode = d.DivisionCode WHERE a.StudentCode > 0");
     if (filter.onRollOnly)
         select += QStringLiteral(" AND a.TCNo = '' AND d.Status = 'Y'");
-    return ReadGrid(conditions.Query(main_, select,
-                                     QStringLiteral(" ORDER BY b.ClassOrder, d.DivisionCode, a.StudentName")));
+    return ReadGrid(conditions.Query(
+        main_, select, QStringLiteral(" ORDER BY b.ClassOrder, d.DivisionCode, a.StudentName")));
 }
 
 void AdmissionRepository::Insert(store::Transaction& transaction, int studentCode, int academicYearCode,

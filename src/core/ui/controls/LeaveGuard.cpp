@@ -22,7 +22,8 @@ const QWidget* FormOf(const QWidget* control)
 class FieldGuard : public QObject
 {
 public:
-    FieldGuard(QWidget* field, std::function<bool()> validate) : QObject(field), guard_(field)
+    FieldGuard(QWidget* field, std::function<bool()> validate, const QList<QWidget*>& free)
+        : QObject(field), guard_(field), free_(free)
     {
         guard_.SetValidate(std::move(validate));
         field->installEventFilter(this);
@@ -35,12 +36,14 @@ protected:
             return QObject::eventFilter(receiver, event);
         // The field ends its own work first: what has been typed into it counts when the guard asks.
         receiver->event(event);
-        guard_.Leaves(static_cast<QFocusEvent*>(event));
+        if (!free_.contains(QApplication::focusWidget()))
+            guard_.Leaves(static_cast<QFocusEvent*>(event));
         return true;
     }
 
 private:
     LeaveGuard guard_;
+    QList<QWidget*> free_;
 };
 
 } // namespace
@@ -95,9 +98,9 @@ bool LeaveGuard::eventFilter(QObject* receiver, QEvent* event)
     return (keepsFocus_ && mouse) || QObject::eventFilter(receiver, event);
 }
 
-void AskBeforeLeaving(QWidget* field, std::function<bool()> validate)
+void AskBeforeLeaving(QWidget* field, std::function<bool()> validate, const QList<QWidget*>& free)
 {
-    new FieldGuard(field, std::move(validate));
+    new FieldGuard(field, std::move(validate), free);
 }
 
 } // namespace tally

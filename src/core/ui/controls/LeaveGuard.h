@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 
 #include <functional>
@@ -42,7 +43,8 @@ private:
 };
 
 /// Guards an entry control that has no guard of its own for as long as it lives: `validate` is asked before
-/// the focus leaves it for another control of its form, and false keeps it there.
-void AskBeforeLeaving(QWidget* field, std::function<bool()> validate);
+/// the focus leaves it for another control of its form, and false keeps it there. Those in `free` are reached
+/// unasked: who gives up, or looks something up, must not be kept in a field that is not filled yet.
+void AskBeforeLeaving(QWidget* field, std::function<bool()> validate, const QList<QWidget*>& free = {});
 
 } // namespace tally
