@@ -3,6 +3,7 @@
 #include "core/CodedTexts.h"
 #include "core/GridResult.h"
 #include "store/Transaction.h"
+#include "students/Placement.h"
 #include "students/PlacementRules.h"
 
 #include <QString>
@@ -10,13 +11,6 @@
 #include <optional>
 
 namespace tally {
-
-/// The class-division in which a student sits in one year.
-struct Placement
-{
-    int classCode = 0;
-    int divisionCode = 0;
-};
 
 /// By what the placements of a year are searched; an empty text and code 0 filter nothing.
 struct PlacementFilter
