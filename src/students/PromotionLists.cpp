@@ -72,9 +72,12 @@ std::vector<ListItem> PromotionLists::ToItems() const
 {
     std::vector<ListItem> items;
     items.reserve(to_.size());
-    for (const PromotionStudent& student : to_)
-        items.push_back(
-            {student.studentCode, Line(TakeBackMark(student), student), TakeBackRefusal(student)});
+    for (const PromotionStudent& student : to_) {
+        // What is not stored yet can always be undone.
+        const bool moved = IsMoved(student.studentCode);
+        items.push_back({student.studentCode, Line(moved ? "   " : TakeBackMark(student), student),
+                         moved ? QString() : TakeBackRefusal(student)});
+    }
     return items;
 }
 
