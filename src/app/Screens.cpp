@@ -17,6 +17,8 @@
 #include "masters/frmTeacherSearch.h"
 #include "ranks/frmRankCalculation.h"
 #include "ranks/frmRankCardPrinting.h"
+#include "students/frmMasStudentMaster.h"
+#include "students/frmMasStudentMasterSearch.h"
 #include "utilities/frmUtilOptions.h"
 
 #include <QDir>
@@ -54,6 +56,8 @@ void RegisterScreens()
                                  [&definition] { return new frmSimpleMaster(definition); });
     Register<frmMasClassSectionEntry>("frmMasClassSectionEntry");
     Register<frmMasSchoolSetup>("frmMasSchoolSetup");
+    Register<frmMasStudentMaster>("frmMasStudentMaster");
+    Register<frmMasStudentMasterSearch>("frmMasStudentMasterSearch");
     Register<frmRankCalculation>("frmRankCalculation");
     Register<frmRankCardPrinting>("frmRankCardPrinting");
     Register<frmTeacherMaster>("frmTeacherMaster");

@@ -71,17 +71,14 @@ std::optional<Student> StudentRepository::Find(int studentCode)
     return FindWhere(QStringLiteral("a.StudentCode = ?"), studentCode);
 }
 
+std::optional<Student> StudentRepository::FindByAdmissionNo(int number)
+{
+    return FindWhere(QStringLiteral("a.AdmissionNo = ?"), number);
+}
+
 std::optional<Student> StudentRepository::FindByOptionalAdmissionNo(const QString& number)
 {
     return FindWhere(QStringLiteral("a.OptionalAdmissionNo = ?"), number);
-}
-
-int StudentRepository::HolderOf(int admissionNo, int exceptCode)
-{
-    return static_cast<int>(
-        main_.Number(QStringLiteral("SELECT StudentCode FROM StudentMaster"
-                                    " WHERE AdmissionNo = ? AND StudentCode <> ? AND StudentCode > 0"),
-                     admissionNo, exceptCode));
 }
 
 bool StudentRepository::IsRelieved(int studentCode)

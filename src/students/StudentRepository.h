@@ -55,10 +55,9 @@ public:
     explicit StudentRepository(store::Connection& main) : main_(main) {}
 
     std::optional<Student> Find(int studentCode);
+    std::optional<Student> FindByAdmissionNo(int number);
     /// By the number that screens show. Small letters and capitals count alike.
     std::optional<Student> FindByOptionalAdmissionNo(const QString& number);
-    /// Who has this number; 0 for nobody but the student `exceptCode`.
-    int HolderOf(int admissionNo, int exceptCode);
     /// False for a student who is on roll, and for none.
     bool IsRelieved(int studentCode);
 

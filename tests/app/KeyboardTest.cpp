@@ -56,6 +56,21 @@ constexpr Ways Known[] = {
      "txtSearchStateName dgdDetails txtStateName cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
      "C:cmdCancel D:cmdDelete E:cmdEdit M:txtStateName N:cmdNew S:cmdSave T:txtSearchStateName X:cmdExit",
      ""},
+    {"frmMasStudentMaster",
+     "txtAdmissionNumber txtOptionalAdmissionNo dtpAdmissiondate txtstudentName txtFGName cboSex dtpDOB "
+     "dbcBloodGroup txtTelephone txtEmail txtAddress1 txtAddress2 dbcStateName dbcCity txtPincode cmdNew "
+     "cmdEdit cmdDelete cmdSave cmdCancel cmdSearch cmdExit",
+     "1:txtAddress1 2:txtAddress2 A:dtpAdmissiondate Alt+Shift+B:cmdAddBloodGroup Alt+Shift+C:cmdAddCity "
+     "Alt+Shift+S:cmdAddStateName B:dtpDOB C:cmdCancel D:cmdDelete E:cmdEdit F:txtFGName G:cboSex "
+     "H:txtTelephone I:txtPincode L:txtEmail M:txtstudentName N:cmdNew O:txtAdmissionNumber "
+     "P:txtOptionalAdmissionNo R:cmdSearch S:cmdSave T:dbcStateName U:dbcBloodGroup X:cmdExit Y:dbcCity",
+     ""},
+    {"frmMasStudentMasterSearch",
+     "txtAdmissionNo txtstudentName dbcStateName dbcCityName dtpAdmissionFrom lblAdmissionFrom "
+     "dtpAdmissionTo lblAdmissionTo cmdSearch cmdCancel dgdDetails cmdExit",
+     "A:txtAdmissionNo C:cmdCancel F:dtpAdmissionFrom N:txtstudentName O:dtpAdmissionTo S:cmdSearch "
+     "T:dbcStateName X:cmdExit Y:dbcCityName",
+     ""},
     {"frmRankCalculation",
      "Cboexamname cboClass chkRankSkipping Optsubjectdisplayno Optsubjectdisplayyes chkSelectAll Lstdivision "
      "cmdUpdate msgDisplayDetails optRankOrder optGradeOrder optAdmissionNoOrder optAlphabeticalOrder "

@@ -19,7 +19,7 @@ TEST(ScreensTest, EveryScreenOfTheProgramIsReachableFromTheMenus)
     EXPECT_EQ(
         reachable.join(QLatin1Char(' ')).toStdString(),
         "frmMasStateMaster frmMasCityMaster frmMasSchoolSetup frmMasClassSectionEntry frmexamnamemaster "
-        "frmSubjectMaster frmMasBloodGroupMaster frmSalutationMaster frmTeacherMaster "
+        "frmSubjectMaster frmMasBloodGroupMaster frmSalutationMaster frmTeacherMaster frmMasStudentMaster "
         "frmMasAcademicYearSetup frmMasAcademicYearChange frmexammarkentry frmRankCalculation "
         "frmRankCardPrinting frmUtilApplicationDateSetup "
         "frmUtilApplicationDateChange frmUtilUserMaster frmUtilOptions AboutUs");

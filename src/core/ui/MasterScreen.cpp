@@ -30,13 +30,7 @@ bool MasterScreen::WriteRow(Conflict conflict, const Work& work, OnRefusal next)
     return false;
 }
 
-void MasterScreen::SaveRow(const Work& work, OnRefusal next, const std::function<void()>& then)
-{
-    if (WriteRow(Conflict::MasterIsGone, work, next))
-        RowIsSaved(then);
-}
-
-void MasterScreen::RowIsSaved(const std::function<void()>& then)
+void MasterScreen::TellSaved(const std::function<void()>& then)
 {
     AfterCommit([&] {
         Prompts::Information(IsEditing() ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));
@@ -44,6 +38,12 @@ void MasterScreen::RowIsSaved(const std::function<void()>& then)
         if (then)
             then();
     });
+}
+
+void MasterScreen::SaveRow(const Work& work, OnRefusal next, const std::function<void()>& then)
+{
+    if (WriteRow(Conflict::MasterIsGone, work, next))
+        TellSaved(then);
 }
 
 void MasterScreen::DeleteRow(const Work& work, OnRefusal next)

@@ -32,6 +32,8 @@ protected:
     /// Says which controls follow the state, which is Idle then.
     void SetMasterControls(const MasterControls& controls);
     virtual void ShowState(MasterState state);
+    /// True while a row is being entered that is not stored yet.
+    bool IsNew() const { return state_ == MasterState::New; }
     /// True while a stored row is being changed.
     bool IsEditing() const { return state_ == MasterState::Editing; }
     MasterState State() const { return state_; }
@@ -39,7 +41,9 @@ protected:
     /// Runs `work` in one transaction. False when it failed: the user has been told, nothing was stored, and
     /// the screen has gone on as `next` says.
     [[nodiscard]] bool WriteRow(Conflict conflict, const Work& work, OnRefusal next);
-    /// Stores the row in hand, tells so and goes on with Cancel's steps, and with `then` behind them.
+    /// Tells that the row in hand is stored and goes on with Cancel's steps, and with `then` behind them.
+    void TellSaved(const std::function<void()>& then = {});
+    /// Stores the row in hand and tells so.
     void SaveRow(const Work& work, OnRefusal next, const std::function<void()>& then = {});
     /// What follows the commit of a save: the word for its result, Cancel's steps, and `then` behind them.
     void RowIsSaved(const std::function<void()>& then = {});
