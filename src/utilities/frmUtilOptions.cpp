@@ -11,7 +11,6 @@
 #include "ui_frmUtilOptions.h"
 #include "utilities/OptionsRepository.h"
 
-#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QTabBar>
 
@@ -42,7 +41,6 @@ frmUtilOptions::frmUtilOptions()
     SetExitButton(ui_->cmdExit);
     // A date counts when it is complete, not at each of its digits.
     ui_->DTPDateOfBirthSetting->setKeyboardTracking(false);
-    ui_->lblDateOfBirthSetting->installEventFilter(this);
     // There is but one tab, so the keyboard has no use for it.
     ui_->SSTab1->setFocusPolicy(Qt::NoFocus);
     ui_->SSTab1->tabBar()->setFocusPolicy(Qt::NoFocus);
@@ -57,6 +55,8 @@ frmUtilOptions::frmUtilOptions()
     connect(ui_->DTPDateOfBirthSetting, &QDateEdit::dateChanged, this,
             &frmUtilOptions::DTPDateOfBirthSetting_Change);
     connect(ui_->DTPDateOfBirthSetting, &DatePicker::Typed, this, &frmUtilOptions::Changed);
+    connect(ui_->lblDateOfBirthSetting, &DateLabel::Cleared, this,
+            &frmUtilOptions::lblDateOfBirthSetting_Cleared);
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmUtilOptions::cmdSave_Click);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmUtilOptions::cmdCancel_Click);
 }
@@ -77,7 +77,7 @@ void frmUtilOptions::LoadSettings()
 
     ui_->chkPrompt->setChecked(prompt);
     ui_->chkAutoGen->setChecked(stored && session.gblnAutoGenerate);
-    ShowDateOfBirthSetting(stored ? session.gvarDefaultDOB : QString());
+    ui_->lblDateOfBirthSetting->SetDate(stored ? DateShown(session.gvarDefaultDOB) : QDate());
     ui_->cboGender->setCurrentIndex(GenderIndex(options.genderOption));
     ui_->chkFractionMarks->setChecked(stored && session.gblnFractionMarks);
     ui_->chkRoundedMarks->setChecked(stored && session.gblnRoundedMarks);
@@ -101,23 +101,11 @@ void frmUtilOptions::DTPDateOfBirthSetting_Change(const QDate& date)
         Refuse(QStringLiteral("Date Of Birth Should be Less than Application Date"),
                ui_->DTPDateOfBirthSetting);
     else
-        ShowDateOfBirthSetting(ShownDate(date));
+        ui_->lblDateOfBirthSetting->SetDate(date);
 }
 
-void frmUtilOptions::ShowDateOfBirthSetting(const QString& date)
+void frmUtilOptions::lblDateOfBirthSetting_Cleared()
 {
-    ui_->lblDateOfBirthSetting->setText(date);
-    // A label is called by its text, and this one takes the keyboard without one too.
-    ui_->lblDateOfBirthSetting->setAccessibleName(date.isEmpty() ? QStringLiteral("No date chosen")
-                                                                 : QStringLiteral("Date chosen: ") + date);
-}
-
-void frmUtilOptions::lblDateOfBirthSetting_Click()
-{
-    if (ui_->lblDateOfBirthSetting->text().isEmpty() ||
-        !Prompts::Ask(QStringLiteral("Do You Want To Clear This Date ?")))
-        return;
-    ShowDateOfBirthSetting({});
     // From the working date on, the date just cleared is a change again.
     ResetDatePicker();
     Changed();
@@ -172,22 +160,12 @@ OptionSettings frmUtilOptions::Settings() const
     return {
         .exitPrompt = ui_->chkPrompt->isChecked(),
         .autoGenerate = ui_->chkAutoGen->isChecked(),
-        .dateOfBirthLimit = DateShown(ui_->lblDateOfBirthSetting->text()),
+        .dateOfBirthLimit = ui_->lblDateOfBirthSetting->Date(),
         .gender = gender < 0 ? QStringLiteral("")
                              : QString::fromLatin1(Genders.at(static_cast<std::size_t>(gender))),
         .fractionMarks = ui_->chkFractionMarks->isChecked(),
         .roundedMarks = ui_->chkRoundedMarks->isChecked(),
     };
-}
-
-bool frmUtilOptions::eventFilter(QObject* receiver, QEvent* event)
-{
-    const bool clicked =
-        event->type() == QEvent::MouseButtonRelease ||
-        (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space);
-    if (receiver == ui_->lblDateOfBirthSetting && clicked)
-        lblDateOfBirthSetting_Click();
-    return Screen::eventFilter(receiver, event);
 }
 
 } // namespace tally

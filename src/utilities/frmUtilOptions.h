@@ -23,17 +23,12 @@ public:
     frmUtilOptions();
     ~frmUtilOptions() override;
 
-protected:
-    bool eventFilter(QObject* receiver, QEvent* event) override;
-
 private:
     void LoadSettings();
     /// Back to the working date. Tells nobody.
     void ResetDatePicker();
     void DTPDateOfBirthSetting_Change(const QDate& date);
-    void lblDateOfBirthSetting_Click();
-    /// Empty for no date.
-    void ShowDateOfBirthSetting(const QString& date);
+    void lblDateOfBirthSetting_Cleared();
     void chkFractionMarks_Click(bool ticked);
     void cmdSave_Click();
     void cmdCancel_Click();

@@ -4,6 +4,7 @@
 #include "core/ui/Prompts.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 
 namespace tally {
 
@@ -64,6 +65,17 @@ void DateLabel::keyPressEvent(QKeyEvent* event)
         Click();
     else
         QLabel::keyPressEvent(event);
+}
+
+void DateLabel::paintEvent(QPaintEvent* event)
+{
+    QLabel::paintEvent(event);
+    if (!hasFocus())
+        return;
+    constexpr int Width = 2;
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), Width));
+    painter.drawRect(rect().adjusted(Width / 2, Width / 2, -Width / 2, -Width / 2));
 }
 
 void DateLabel::Click()
