@@ -17,8 +17,12 @@
 #include "masters/frmTeacherSearch.h"
 #include "ranks/frmRankCalculation.h"
 #include "ranks/frmRankCardPrinting.h"
+#include "students/frmMasStudentAdmissionEntry.h"
+#include "students/frmMasStudentAdmissionSearch.h"
 #include "students/frmMasStudentMaster.h"
 #include "students/frmMasStudentMasterSearch.h"
+#include "students/frmMasStudentRelievingMaster.h"
+#include "students/frmMasStudentRelievingSearch.h"
 #include "utilities/frmUtilOptions.h"
 
 #include <QDir>
@@ -56,8 +60,12 @@ void RegisterScreens()
                                  [&definition] { return new frmSimpleMaster(definition); });
     Register<frmMasClassSectionEntry>("frmMasClassSectionEntry");
     Register<frmMasSchoolSetup>("frmMasSchoolSetup");
+    Register<frmMasStudentAdmissionEntry>("frmMasStudentAdmissionEntry");
+    Register<frmMasStudentAdmissionSearch>("frmMasStudentAdmissionSearch");
     Register<frmMasStudentMaster>("frmMasStudentMaster");
     Register<frmMasStudentMasterSearch>("frmMasStudentMasterSearch");
+    Register<frmMasStudentRelievingMaster>("frmMasStudentRelievingMaster");
+    Register<frmMasStudentRelievingSearch>("frmMasStudentRelievingSearch");
     Register<frmRankCalculation>("frmRankCalculation");
     Register<frmRankCardPrinting>("frmRankCardPrinting");
     Register<frmTeacherMaster>("frmTeacherMaster");

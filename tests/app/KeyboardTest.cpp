@@ -56,6 +56,15 @@ constexpr Ways Known[] = {
      "txtSearchStateName dgdDetails txtStateName cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
      "C:cmdCancel D:cmdDelete E:cmdEdit M:txtStateName N:cmdNew S:cmdSave T:txtSearchStateName X:cmdExit",
      ""},
+    {"frmMasStudentAdmissionEntry",
+     "dbcAdmissionNo dbcClass dbcDivision cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdSearch cmdExit",
+     "A:dbcAdmissionNo Alt+Shift+C:cmdAddClass C:cmdCancel D:cmdDelete E:cmdEdit L:dbcClass N:cmdNew "
+     "R:cmdSearch S:cmdSave V:dbcDivision X:cmdExit",
+     ""},
+    {"frmMasStudentAdmissionSearch",
+     "txtAdmissionNo txtSearchStudentName dbcClass dbcDivision cmdSearch cmdCancel dgdDetails cmdExit",
+     "A:txtAdmissionNo C:cmdCancel L:dbcClass N:txtSearchStudentName S:cmdSearch V:dbcDivision X:cmdExit",
+     ""},
     {"frmMasStudentMaster",
      "txtAdmissionNumber txtOptionalAdmissionNo dtpAdmissiondate txtstudentName txtFGName cboSex dtpDOB "
      "dbcBloodGroup txtTelephone txtEmail txtAddress1 txtAddress2 dbcStateName dbcCity txtPincode cmdNew "
@@ -70,6 +79,20 @@ constexpr Ways Known[] = {
      "dtpAdmissionTo lblAdmissionTo cmdSearch cmdCancel dgdDetails cmdExit",
      "A:txtAdmissionNo C:cmdCancel F:dtpAdmissionFrom N:txtstudentName O:dtpAdmissionTo S:cmdSearch "
      "T:dbcStateName X:cmdExit Y:dbcCityName",
+     ""},
+    {"frmMasStudentRelievingMaster",
+     "txtOptionalAdmissionNo dtpRelievingDate txtRelievingReason txtTCNo dtpTCDate cmdNew cmdEdit cmdDelete "
+     "cmdSave cmdCancel cmdSearch cmdExit",
+     "A:txtOptionalAdmissionNo Alt+Shift+A:cmdSearchAdmissionNo C:cmdCancel D:cmdDelete E:cmdEdit "
+     "L:dtpRelievingDate N:cmdNew O:txtTCNo R:cmdSearch S:cmdSave T:dtpTCDate V:txtRelievingReason "
+     "X:cmdExit",
+     ""},
+    {"frmMasStudentRelievingSearch",
+     "txtAdmissionNo txtstudentName dtpAdmissionFrom lblAdmissionFrom dtpAdmissionTo lblAdmissionTo "
+     "dtpRelievingDateFrom lblRelievingDateFrom dtpRelievingDateTo lblRelievingDateTo cmdSearch cmdCancel "
+     "dgdDetails cmdExit",
+     "A:txtAdmissionNo C:cmdCancel F:dtpAdmissionFrom N:txtstudentName O:dtpRelievingDateTo "
+     "R:dtpRelievingDateFrom S:cmdSearch T:dtpAdmissionTo X:cmdExit",
      ""},
     {"frmRankCalculation",
      "Cboexamname cboClass chkRankSkipping Optsubjectdisplayno Optsubjectdisplayyes chkSelectAll Lstdivision "

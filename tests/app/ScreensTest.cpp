@@ -20,7 +20,8 @@ TEST(ScreensTest, EveryScreenOfTheProgramIsReachableFromTheMenus)
         reachable.join(QLatin1Char(' ')).toStdString(),
         "frmMasStateMaster frmMasCityMaster frmMasSchoolSetup frmMasClassSectionEntry frmexamnamemaster "
         "frmSubjectMaster frmMasBloodGroupMaster frmSalutationMaster frmTeacherMaster frmMasStudentMaster "
-        "frmMasAcademicYearSetup frmMasAcademicYearChange frmexammarkentry frmRankCalculation "
+        "frmMasStudentAdmissionEntry frmMasStudentRelievingMaster frmMasAcademicYearSetup "
+        "frmMasAcademicYearChange frmexammarkentry frmRankCalculation "
         "frmRankCardPrinting frmUtilApplicationDateSetup "
         "frmUtilApplicationDateChange frmUtilUserMaster frmUtilOptions AboutUs");
 }
