@@ -36,10 +36,7 @@ frmMasStudentAdmissionSearch::frmMasStudentAdmissionSearch()
     classDivision_ = new DivisionChoice(this, ui_->dbcClass, ui_->dbcDivision, DivisionChoice::Order::ByName);
     classDivision_->Load();
     connect(ui_->cmdSearch, &QPushButton::clicked, this, &frmMasStudentAdmissionSearch::cmdSearch_Click);
-    connect(ui_->cmdCancel, &QPushButton::clicked, this, [this] {
-        cmdCancel_Click();
-        classDivision_->Load();
-    });
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmMasStudentAdmissionSearch::cmdCancel_Click);
     connect(ui_->dgdDetails, &DataGrid::RowDoubleClicked, this,
             &frmMasStudentAdmissionSearch::dgdDetails_DblClick);
 }
@@ -63,6 +60,12 @@ void frmMasStudentAdmissionSearch::cmdSearch_Click()
     }
     ShowFound([&] { return AdmissionRepository(MainStore()).Search(Session().gintAcademicYearCode, filter); },
               HiddenHeads);
+}
+
+void frmMasStudentAdmissionSearch::cmdCancel_Click()
+{
+    SearchScreen::cmdCancel_Click();
+    classDivision_->Load();
 }
 
 void frmMasStudentAdmissionSearch::dgdDetails_DblClick(int row)

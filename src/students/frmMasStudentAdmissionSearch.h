@@ -24,6 +24,7 @@ public:
 
 private:
     void cmdSearch_Click();
+    void cmdCancel_Click();
     void dgdDetails_DblClick(int row);
     void LoadForRelieving(const QString& admissionNo);
     void LoadForAdmission(int studentCode, const QString& admissionNo);

@@ -2,7 +2,6 @@
 
 #include "core/SessionContext.h"
 #include "core/ui/controls/DataGrid.h"
-#include "core/ui/controls/DateFilter.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/Prompts.h"
 #include "core/ui/TakeOnly.h"
@@ -18,16 +17,14 @@ const QString CodeHead = QStringLiteral("StudentCode");
 const QStringList HiddenHeads{CodeHead, QStringLiteral("RelievingReason"),
                               QStringLiteral("AcademicYearCode")};
 
-/// The texts of two dates of one kind.
+/// Two dates of one kind, whose texts name it.
 DateRange RangeOf(DateFilter* from, DateFilter* to, const QString& kind)
 {
-    return {
-        .from = from,
-        .to = to,
-        .toBeforeFrom = QStringLiteral("%1 'To Date' Should Be Greater Than %1 'From Date'").arg(kind),
-        .fromMissing = QStringLiteral("Select %1 'From Date'").arg(kind),
-        .toMissing = QStringLiteral("Select %1 'To Date'").arg(kind),
-    };
+    return {.from = from,
+            .to = to,
+            .toBeforeFrom = QStringLiteral("%1 'To Date' Should Be Greater Than %1 'From Date'").arg(kind),
+            .fromMissing = QStringLiteral("Select %1 'From Date'").arg(kind),
+            .toMissing = QStringLiteral("Select %1 'To Date'").arg(kind)};
 }
 
 } // namespace
@@ -41,20 +38,17 @@ frmMasStudentRelievingSearch::frmMasStudentRelievingSearch()
     SetSearchControls(ui_->cmdSearch, ui_->cmdExit, ui_->dgdDetails, ui_->txtAdmissionNo);
     TakeOnly(ui_->txtAdmissionNo, &KeyAlphaNumeric, 15);
     TakeOnly(ui_->txtstudentName, &KeyAlphaNumeric, 100);
-    admissionFrom_ = new DateFilter(ui_->dtpAdmissionFrom, ui_->lblAdmissionFrom);
-    admissionTo_ = new DateFilter(ui_->dtpAdmissionTo, ui_->lblAdmissionTo);
-    relievingFrom_ = new DateFilter(ui_->dtpRelievingDateFrom, ui_->lblRelievingDateFrom);
-    relievingTo_ = new DateFilter(ui_->dtpRelievingDateTo, ui_->lblRelievingDateTo);
+    admitted_ =
+        RangeOf(new DateFilter(ui_->dtpAdmissionFrom, ui_->lblAdmissionFrom),
+                new DateFilter(ui_->dtpAdmissionTo, ui_->lblAdmissionTo), QStringLiteral("Admission"));
+    relieved_ = RangeOf(new DateFilter(ui_->dtpRelievingDateFrom, ui_->lblRelievingDateFrom),
+                        new DateFilter(ui_->dtpRelievingDateTo, ui_->lblRelievingDateTo),
+                        QStringLiteral("Relieving"));
     ResetDates();
-    connect(admissionTo_, &DateFilter::Chosen, this,
-            [this] { static_cast<void>(RefuseOrder(AdmissionDates())); });
-    connect(relievingTo_, &DateFilter::Chosen, this,
-            [this] { static_cast<void>(RefuseOrder(RelievingDates())); });
+    for (const DateRange* range : {&admitted_, &relieved_})
+        connect(range->to, &DateFilter::Chosen, this, [range] { static_cast<void>(RefuseOrder(*range)); });
     connect(ui_->cmdSearch, &QPushButton::clicked, this, &frmMasStudentRelievingSearch::cmdSearch_Click);
-    connect(ui_->cmdCancel, &QPushButton::clicked, this, [this] {
-        cmdCancel_Click();
-        ResetDates();
-    });
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmMasStudentRelievingSearch::cmdCancel_Click);
     connect(ui_->dgdDetails, &DataGrid::RowDoubleClicked, this,
             &frmMasStudentRelievingSearch::dgdDetails_DblClick);
 }
@@ -63,32 +57,27 @@ frmMasStudentRelievingSearch::~frmMasStudentRelievingSearch() = default;
 
 void frmMasStudentRelievingSearch::ResetDates()
 {
-    for (DateFilter* date : {admissionFrom_, admissionTo_, relievingFrom_, relievingTo_})
+    for (DateFilter* date : {admitted_.from, admitted_.to, relieved_.from, relieved_.to})
         date->Reset(Session().gdtmApplicationDate);
 }
 
-DateRange frmMasStudentRelievingSearch::AdmissionDates() const
+void frmMasStudentRelievingSearch::cmdCancel_Click()
 {
-    return RangeOf(admissionFrom_, admissionTo_, QStringLiteral("Admission"));
-}
-
-DateRange frmMasStudentRelievingSearch::RelievingDates() const
-{
-    return RangeOf(relievingFrom_, relievingTo_, QStringLiteral("Relieving"));
+    SearchScreen::cmdCancel_Click();
+    ResetDates();
 }
 
 void frmMasStudentRelievingSearch::cmdSearch_Click()
 {
-    if (RefuseOrder(AdmissionDates()) || RefuseOrder(RelievingDates()) || RefuseHalf(AdmissionDates()) ||
-        RefuseHalf(RelievingDates()))
+    if (RefuseOrder(admitted_) || RefuseOrder(relieved_) || RefuseHalf(admitted_) || RefuseHalf(relieved_))
         return;
     const RelievedFilter filter{
         .admissionNo = ui_->txtAdmissionNo->text().trimmed(),
         .studentName = ui_->txtstudentName->text().trimmed(),
-        .admissionFrom = admissionFrom_->Date(),
-        .admissionTo = admissionTo_->Date(),
-        .relievingFrom = relievingFrom_->Date(),
-        .relievingTo = relievingTo_->Date(),
+        .admissionFrom = admitted_.from->Date(),
+        .admissionTo = admitted_.to->Date(),
+        .relievingFrom = relieved_.from->Date(),
+        .relievingTo = relieved_.to->Date(),
     };
     const bool filtered = !filter.admissionNo.isEmpty() || !filter.studentName.isEmpty() ||
                           filter.admissionFrom.isValid() || filter.relievingFrom.isValid();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ui/controls/DateFilter.h"
 #include "core/ui/SearchScreen.h"
 
 #include <memory>
@@ -9,9 +10,6 @@ class frmMasStudentRelievingSearch;
 }
 
 namespace tally {
-
-class DateFilter;
-struct DateRange;
 
 /// Finds students who have left the school and hands one to frmMasStudentRelievingMaster.
 class frmMasStudentRelievingSearch : public SearchScreen
@@ -24,17 +22,14 @@ public:
 
 private:
     void cmdSearch_Click();
+    void cmdCancel_Click();
     void dgdDetails_DblClick(int row);
     /// The dates by which nothing is searched yet, and their pickers at the working date.
     void ResetDates();
-    DateRange AdmissionDates() const;
-    DateRange RelievingDates() const;
 
     std::unique_ptr<Ui::frmMasStudentRelievingSearch> ui_;
-    DateFilter* admissionFrom_;
-    DateFilter* admissionTo_;
-    DateFilter* relievingFrom_;
-    DateFilter* relievingTo_;
+    DateRange admitted_{};
+    DateRange relieved_{};
 };
 
 } // namespace tally
