@@ -237,7 +237,7 @@ void frmMasStudentAdmissionEntry::cmdSave_Click()
     if (!done)
         return;
     if (fault == PlacementFault::None)
-        RowIsSaved();
+        TellSaved();
     else
         Explain(fault);
 }

@@ -330,7 +330,7 @@ void frmMasStudentRelievingMaster::cmdSave_Click()
     if (!done)
         return;
     if (Accepts(fault))
-        RowIsSaved();
+        TellSaved();
     else
         FieldOf(fault)->setFocus();
 }

@@ -45,8 +45,6 @@ protected:
     void TellSaved(const std::function<void()>& then = {});
     /// Stores the row in hand and tells so.
     void SaveRow(const Work& work, OnRefusal next, const std::function<void()>& then = {});
-    /// What follows the commit of a save: the word for its result, Cancel's steps, and `then` behind them.
-    void RowIsSaved(const std::function<void()>& then = {});
     /// Deletes the row in hand, goes on with Cancel's steps and tells that it is gone.
     void DeleteRow(const Work& work, OnRefusal next = OnRefusal::Stay);
 
