@@ -55,7 +55,7 @@ bool LeaveGuard::Leaves(const QFocusEvent* event)
     const bool looksAway = event->reason() == Qt::ActiveWindowFocusReason ||
                            event->reason() == Qt::PopupFocusReason ||
                            event->reason() == Qt::MenuBarFocusReason;
-    if (asking_ || looksAway || !IsWithinForm())
+    if (asking_ || takingBack_ || looksAway || !IsWithinForm())
         return false;
     bool accepted = true;
     Unasked([&] { accepted = !validate_ || validate_(); });
@@ -79,15 +79,21 @@ bool LeaveGuard::IsWithinForm() const
 void LeaveGuard::KeepFocus()
 {
     keepsFocus_ = true;
-    control_->setFocus();
+    TakeFocusBack();
     // The click that was to take the focus away must not act on what it hits.
     qApp->installEventFilter(this);
     QTimer::singleShot(0, this, [this] {
         qApp->removeEventFilter(this);
         keepsFocus_ = false;
         if (control_->isVisible())
-            control_->setFocus();
+            TakeFocusBack();
     });
+}
+
+void LeaveGuard::TakeFocusBack()
+{
+    const QScopedValueRollback takingBack(takingBack_, true);
+    control_->setFocus();
 }
 
 bool LeaveGuard::eventFilter(QObject* receiver, QEvent* event)

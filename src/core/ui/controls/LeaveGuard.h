@@ -35,6 +35,10 @@ protected:
 private:
     bool IsWithinForm() const;
     void KeepFocus();
+    void TakeFocusBack();
+
+    /// A field gets the keyboard back. The one that has had it meanwhile has not been left.
+    inline static bool takingBack_ = false;
 
     QWidget* control_;
     std::function<bool()> validate_;

@@ -1,0 +1,66 @@
+#include "core/ui/controls/DetailLabel.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
+
+#include <gtest/gtest.h>
+
+namespace tally::test {
+namespace {
+
+class DetailLabelTest : public testing::Test
+{
+protected:
+    DetailLabelTest()
+    {
+        label.resize(120, label.minimumSizeHint().height());
+        label.show();
+    }
+    ~DetailLabelTest() override { QToolTip::hideText(); }
+
+    std::string ToolTip()
+    {
+        QToolTip::hideText();
+        QHelpEvent ask(QEvent::ToolTip, QPoint(1, 1), label.mapToGlobal(QPoint(1, 1)));
+        QCoreApplication::sendEvent(&label, &ask);
+        return QToolTip::text().toStdString();
+    }
+
+    DetailLabel label;
+};
+
+TEST_F(DetailLabelTest, KeepsItsSizeWhateverItShows)
+{
+    const QSize before = label.sizeHint();
+    label.setText(QString(300, QLatin1Char('x')));
+    EXPECT_EQ(label.sizeHint(), before);
+    EXPECT_EQ(label.minimumSizeHint(), before);
+    label.SetLines(2);
+    EXPECT_EQ(label.sizeHint().width(), before.width());
+    EXPECT_GT(label.sizeHint().height(), before.height());
+}
+
+TEST_F(DetailLabelTest, TellsTheWholeOnlyWhereItHasNoRoomForIt)
+{
+    label.setText(QStringLiteral("Anu"));
+    EXPECT_EQ(ToolTip(), "");
+    label.setText(QStringLiteral("<b>") + QString(60, QLatin1Char('x')));
+    EXPECT_EQ(ToolTip(), "<p>&lt;b&gt;" + std::string(60, 'x') + "</p>");
+    label.setText(QStringLiteral("House\nStreet"));
+    EXPECT_EQ(ToolTip(), "<p>House<br>Street</p>");
+    label.SetLines(2);
+    EXPECT_EQ(ToolTip(), "");
+}
+
+TEST_F(DetailLabelTest, WhatDoesNotFitEndsInDots)
+{
+    label.setText(QString(40, QLatin1Char('x')));
+    const QImage cut = label.grab().toImage();
+    label.setText(QString(400, QLatin1Char('x')));
+    EXPECT_EQ(label.grab().toImage(), cut);
+    label.setText(QStringLiteral("xx"));
+    EXPECT_NE(label.grab().toImage(), cut);
+}
+
+} // namespace
+} // namespace tally::test
