@@ -51,7 +51,7 @@ void frmMasStudentAdmissionEntry::ConnectHandlers()
     connect(ui_->cmdSearch, &QPushButton::clicked, this, &Form::cmdSearch_Click);
     // Who went off to enter a new student comes back to place him.
     connect(this, &Screen::CameBack, this, [this] {
-        if (State() == MasterState::New)
+        if (IsNew())
             LoadStudents();
     });
 }

@@ -89,7 +89,7 @@ void frmMasStudentRelievingMaster::ShowState(MasterState state)
 
 bool frmMasStudentRelievingMaster::IsEntering() const
 {
-    return State() == MasterState::New || IsEditing();
+    return IsNew() || IsEditing();
 }
 
 bool frmMasStudentRelievingMaster::LoadNumber(const QString& optionalAdmissionNo)

@@ -36,7 +36,6 @@ protected:
     bool IsNew() const { return state_ == MasterState::New; }
     /// True while a stored row is being changed.
     bool IsEditing() const { return state_ == MasterState::Editing; }
-    MasterState State() const { return state_; }
 
     /// Runs `work` in one transaction. False when it failed: the user has been told, nothing was stored, and
     /// the screen has gone on as `next` says.
