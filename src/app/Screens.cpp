@@ -17,12 +17,14 @@
 #include "masters/frmTeacherSearch.h"
 #include "ranks/frmRankCalculation.h"
 #include "ranks/frmRankCardPrinting.h"
+#include "students/frmMasOptionalAdmissionNoChange.h"
 #include "students/frmMasStudentAdmissionEntry.h"
 #include "students/frmMasStudentAdmissionSearch.h"
 #include "students/frmMasStudentMaster.h"
 #include "students/frmMasStudentMasterSearch.h"
 #include "students/frmMasStudentRelievingMaster.h"
 #include "students/frmMasStudentRelievingSearch.h"
+#include "students/frmPromotionEntry.h"
 #include "utilities/frmUtilOptions.h"
 
 #include <QDir>
@@ -59,6 +61,7 @@ void RegisterScreens()
         ScreenRegistry::Register(QString::fromLatin1(definition.formName),
                                  [&definition] { return new frmSimpleMaster(definition); });
     Register<frmMasClassSectionEntry>("frmMasClassSectionEntry");
+    Register<frmMasOptionalAdmissionNoChange>("frmMasOptionalAdmissionNoChange");
     Register<frmMasSchoolSetup>("frmMasSchoolSetup");
     Register<frmMasStudentAdmissionEntry>("frmMasStudentAdmissionEntry");
     Register<frmMasStudentAdmissionSearch>("frmMasStudentAdmissionSearch");
@@ -66,6 +69,7 @@ void RegisterScreens()
     Register<frmMasStudentMasterSearch>("frmMasStudentMasterSearch");
     Register<frmMasStudentRelievingMaster>("frmMasStudentRelievingMaster");
     Register<frmMasStudentRelievingSearch>("frmMasStudentRelievingSearch");
+    Register<frmPromotionEntry>("frmPromotionEntry");
     Register<frmRankCalculation>("frmRankCalculation");
     Register<frmRankCardPrinting>("frmRankCardPrinting");
     Register<frmTeacherMaster>("frmTeacherMaster");

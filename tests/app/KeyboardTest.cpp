@@ -46,6 +46,9 @@ constexpr Ways Known[] = {
      "cmdClose msgClassDetails txtClassName txtNoOfDivisions txtClassOrder msgDivisionDetails "
      "txtDivisionName txtDeleteSlNo cmdDeleteRow cmdNew cmdEdit cmdSave cmdCancel cmdExit",
      "C:cmdCancel D:cmdDeleteRow E:cmdEdit L:cmdClose N:cmdNew O:txtDeleteSlNo S:cmdSave X:cmdExit", ""},
+    {"frmMasOptionalAdmissionNoChange",
+     "dbcClass dbcDivision msgDetails txtOptionalAdmissionNo cmdEdit cmdSave cmdCancel cmdExit",
+     "C:cmdCancel D:dbcDivision E:cmdEdit L:dbcClass S:cmdSave X:cmdExit", ""},
     {"frmMasSchoolSetup",
      "txtSchoolName txtAddress1 txtAddress2 dbcStateName dbcCity txtPincode cboAcademicYearCodeStartMonth "
      "cmdNew cmdEdit cmdSave cmdCancel cmdExit",
@@ -94,6 +97,13 @@ constexpr Ways Known[] = {
      "A:txtAdmissionNo C:cmdCancel F:dtpAdmissionFrom N:txtstudentName O:dtpRelievingDateTo "
      "R:dtpRelievingDateFrom S:cmdSearch T:dtpAdmissionTo X:cmdExit",
      ""},
+    {"frmPromotionEntry",
+     "optpromote optnotpromote cbofromClass cbofromDivision chkSelectAllFrom lstfromlist cmdMoveFromToTo "
+     "cbotoclass Cbotodivision chkSelectAllTo lsttolist cmdMoveToToFrom cmdNew cmdSave cmdCancel cmdExit",
+     "A:cbotoclass Alt+Left:cmdMoveToToFrom Alt+Right:cmdMoveFromToTo C:cmdCancel D:cbofromDivision "
+     "I:Cbotodivision L:cbofromClass N:cmdNew P:optpromote R:optnotpromote S:cmdSave T:lstfromlist "
+     "U:lsttolist X:cmdExit",
+     "optpromote"},
     {"frmRankCalculation",
      "Cboexamname cboClass chkRankSkipping Optsubjectdisplayno Optsubjectdisplayyes chkSelectAll Lstdivision "
      "cmdUpdate msgDisplayDetails optRankOrder optGradeOrder optAdmissionNoOrder optAlphabeticalOrder "

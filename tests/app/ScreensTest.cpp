@@ -21,7 +21,7 @@ TEST(ScreensTest, EveryScreenOfTheProgramIsReachableFromTheMenus)
         "frmMasStateMaster frmMasCityMaster frmMasSchoolSetup frmMasClassSectionEntry frmexamnamemaster "
         "frmSubjectMaster frmMasBloodGroupMaster frmSalutationMaster frmTeacherMaster frmMasStudentMaster "
         "frmMasStudentAdmissionEntry frmMasStudentRelievingMaster frmMasAcademicYearSetup "
-        "frmMasAcademicYearChange frmexammarkentry frmRankCalculation "
+        "frmMasAcademicYearChange frmexammarkentry frmPromotionEntry frmRankCalculation "
         "frmRankCardPrinting frmUtilApplicationDateSetup "
         "frmUtilApplicationDateChange frmUtilUserMaster frmUtilOptions AboutUs");
 }
