@@ -44,12 +44,13 @@ QString JoinedLiterals(QString code)
     return code.remove(seam);
 }
 
-/// Whether some text literal has the shape of a statement.
+/// Whether some text literal has the shape of a statement. A word in quotes belongs to a message.
 bool HoldsStatement(const QString& code)
 {
     static const QRegularExpression statement(
-        QStringLiteral("\"[^\"\\n]*\\b(select\\b[^\"\\n]*\\bfrom|insert\\s+into|update\\b[^\"\\n]*\\bset|"
-                       "delete\\s+from|(create|drop)\\s+table)\\s"),
+        QStringLiteral(
+            "\"[^\"\\n]*\\b(select\\b[^\"\\n]*(?<!')\\bfrom|insert\\s+into|update\\b[^\"\\n]*\\bset|"
+            "delete\\s+from|(create|drop)\\s+table)\\s"),
         QRegularExpression::CaseInsensitiveOption);
     return statement.match(JoinedLiterals(code)).hasMatch();
 }
@@ -198,7 +199,7 @@ TEST(HouseRulesTest, AStatementsKeyWordsAreInCapitals)
 {
     static const QRegularExpression statement(
         QStringLiteral("\"(select|insert into|update|delete from|create table|drop table)\\b[^\"\\n]*"
-                       "\\b(from|values|set|where)\\b"),
+                       "(?<!')\\b(from|values|set|where)\\b"),
         QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression small(QStringLiteral(
         "\\b([Ss]elect|[Ff]rom|[Ww]here|[Vv]alues|[Oo]rder [Bb]y|[Gg]roup [Bb]y|[Ii]nner [Jj]oin)\\b"));
@@ -218,8 +219,9 @@ TEST(HouseRulesTest, AStatementIsFoundInAnyCaseAndAMessageIsNotTakenForOne)
           "\"Delete From ScreenStatus\""})
         EXPECT_TRUE(HoldsStatement(QString::fromLatin1(code))) << code;
     for (const char* code :
-         {"Information(\"Select Exam Name\");", "\"Record Updated\"", "\"Select Class\"); // from the list",
-          "cmdUpdate->setText(\"Update\"); set(\"a\");", "\"You Have No Privilege To Delete\""})
+         {"Information(\"Select Exam Name\");", "\"Select 'From Date'\"", "\"Record Updated\"",
+          "\"Select Class\"); // from the list", "cmdUpdate->setText(\"Update\"); set(\"a\");",
+          "\"You Have No Privilege To Delete\""})
         EXPECT_FALSE(HoldsStatement(QString::fromLatin1(code))) << code;
 }
 
