@@ -1,5 +1,6 @@
-// Measures how soon each screen of the masters and the calendar is painted, and each search box its grid, in
-// a school with long lists; the searches also against the bare statement. Exit code 1: a limit is not kept.
+// Measures how soon each screen of the masters, the students and the calendar is painted, and each search its
+// grid, in a school with long lists; the searches also against the bare statement. Exit code 1: a limit is
+// not kept.
 
 #include "bench/BareStore.h"
 #include "bench/BenchProgram.h"
@@ -9,6 +10,7 @@
 #include "core/shell/mdiTallyboard.h"
 #include "core/ui/controls/DataGrid.h"
 #include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
 #include "core/ui/Screen.h"
 #include "core/ui/ScreenRegistry.h"
 #include "masters/SimpleMasterDefinitions.h"
@@ -34,11 +36,20 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int Runs = 15;
 constexpr double OpenLimit = 100;
-constexpr double SearchLimit = 50;
+/// What a search may take: milliseconds, or, for a list that is long by nature, times the bare statement.
+struct Limit
+{
+    double milliseconds;
+    double ratio;
+};
+constexpr Limit SearchLimit{50, 1e9};
+constexpr Limit AllStudentsLimit{1e9, 4};
 constexpr std::array OtherScreens{"frmMasSchoolSetup",
                                   "frmMasClassSectionEntry",
                                   "frmTeacherMaster",
                                   "frmTeacherSearch",
+                                  "frmMasStudentMaster",
+                                  "frmMasStudentMasterSearch",
                                   "frmMasAcademicYearSetup",
                                   "frmMasAcademicYearChange",
                                   "frmUtilApplicationDateSetup",
@@ -48,6 +59,11 @@ constexpr const char* TeacherSearch =
     " CASE WHEN b.CityCode = 0 THEN '' ELSE b.CityName END, a.Telephone, a.TeacherCode FROM TeacherMaster a"
     " LEFT JOIN CityMaster b ON a.CityCode = b.CityCode LEFT JOIN StateMaster d ON b.StateCode = d.StateCode"
     " WHERE a.TeacherCode > 0 AND upper(a.TeacherName) LIKE :Name ORDER BY a.TeacherName";
+constexpr const char* StudentSearch =
+    "SELECT a.StudentCode, a.OptionalAdmissionNo, a.AdmissionDate, a.StudentName, a.Telephone, c.StateName,"
+    " b.CityName, a.CityCode FROM StudentMaster a, CityMaster b, StateMaster c WHERE a.CityCode = b.CityCode"
+    " AND c.StateCode = b.StateCode AND a.StudentCode > 0 AND upper(a.StudentName) LIKE :Name"
+    " ORDER BY a.StudentName";
 
 /// Milliseconds of several runs.
 struct Times
@@ -157,7 +173,7 @@ bool ReportOpening(const QString& form)
 /// `search` leads from the empty box to the grid, once on each call; `statement` is the select behind it.
 bool ReportSearch(BareStore& store, const QString& form, const char* boxName,
                   const std::function<double(QLineEdit*, DataGrid*)>& search, const char* statement,
-                  const QString& bound)
+                  const QString& bound, const Limit& limit = SearchLimit)
 {
     Open(form);
     auto* box = Find<QLineEdit>(ScreenRegistry::OpenInstance(form), boxName);
@@ -178,7 +194,7 @@ bool ReportSearch(BareStore& store, const QString& form, const char* boxName,
     Close(form);
     const Times screen = Summary(screenTimes);
     const Times bare = Summary(bareTimes);
-    const bool kept = screen.median <= SearchLimit;
+    const bool kept = screen.median <= limit.milliseconds && screen.median <= limit.ratio * bare.median;
     std::printf("%-30s %6d %8.2f %8.2f %9.3f %7.1f%s\n", qUtf8Printable(form), rows, screen.median,
                 screen.slowest, bare.median, screen.median / bare.median, kept ? "" : "   MISSED");
     return kept;
@@ -206,6 +222,20 @@ bool ReportSearches(BareStore& store)
             });
         },
         TeacherSearch, QStringLiteral("%A%"));
+
+    const QString students = QStringLiteral("frmMasStudentMasterSearch");
+    Prompts::AnswerWith([](Prompts::Kind, const QString&) { return true; });
+    for (const auto& [name, limit] :
+         {std::pair{QString(), AllStudentsLimit}, std::pair{QStringLiteral("KAMALA CAB"), SearchLimit}})
+        kept &= ReportSearch(
+            store, students, "txtstudentName",
+            [&](QLineEdit* box, DataGrid* grid) {
+                box->setText(name);
+                return Painted(grid, [&] {
+                    Find<QPushButton>(ScreenRegistry::OpenInstance(students), "cmdSearch")->click();
+                });
+            },
+            StudentSearch, QLatin1Char('%') + name + QLatin1Char('%'), limit);
     return kept;
 }
 
@@ -226,8 +256,8 @@ int main(int argc, char** argv)
         kept &= ReportOpening(QLatin1String(form));
 
     BareStore store(school.Folder());
-    std::printf("\nSearched to painted, ms, at most %g\n%-30s %6s %8s %8s %9s %7s\n", SearchLimit, "", "rows",
-                "median", "slowest", "statement", "ratio");
+    std::printf("\nSearched to painted, ms, at most %g\n%-30s %6s %8s %8s %9s %7s\n",
+                SearchLimit.milliseconds, "", "rows", "median", "slowest", "statement", "ratio");
     kept &= ReportSearches(store);
     return kept ? 0 : 1;
 }
