@@ -399,6 +399,24 @@ TEST_F(AdmissionEntry, AFileHeldByAnotherClientOrADiskThatTakesNothingMoreLosesN
     EXPECT_EQ(Placements(Main()), "1/2 V-B Y 3");
 }
 
+TEST_F(AdmissionEntry, AFaultInReadingTheListsAnewSaysThatThePlacementIsSaved)
+{
+    StartNew();
+    ChooseDivision("V", "A");
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind kind, const QString& text) {
+        EXPECT_EQ(kind, Prompts::Kind::Information);
+        if (told.isEmpty())
+            Given("ALTER TABLE StudentMaster RENAME TO Away");
+        told.append(text.section(QLatin1Char('\n'), 0, 0));
+        return true;
+    });
+    Press(Button("cmdSave"));
+    EXPECT_EQ(told.join(QLatin1Char('|')).toStdString(),
+              "Record Saved|Your Change Is Saved. You Need Not Make It Again.");
+    EXPECT_EQ(Placements(Main()), "1/2 V-A Y 3");
+}
+
 TEST_F(AdmissionEntry, AClassAddedOnTopCanBeChosenAndWhatIsChosenStays)
 {
     StartNew();
