@@ -102,9 +102,9 @@ using PromotionChoosing = PromotionScreen;
 TEST_F(PromotionChoosing, TheToClassFollowsTheFromClass)
 {
     OpenNew();
-    Choose("cbofromClass", QStringLiteral("VIII"));
+    ChooseFromClass("VIII");
     EXPECT_EQ(Places(), "VIII- to IX-");
-    Choose("cbofromClass", QStringLiteral("IX"));
+    ChooseFromClass("IX");
     EXPECT_EQ(Places(), "IX- to X-");
     EXPECT_EQ(List("Cbotodivision")->count(), 3) << "the divisions of X behind a blank line";
 }
@@ -112,7 +112,7 @@ TEST_F(PromotionChoosing, TheToClassFollowsTheFromClass)
 TEST_F(PromotionChoosing, ToRetainLeadsToTheSameClass)
 {
     OpenNew();
-    Choose("cbofromClass", QStringLiteral("IX"));
+    ChooseFromClass("IX");
     Press(Option("optnotpromote"));
     EXPECT_EQ(Places(), "IX- to IX-");
     Press(Option("optpromote"));
@@ -123,7 +123,7 @@ TEST_F(PromotionChoosing, TheHighestClassCannotBePromotedAndBothClassesAreEmptie
 {
     OpenNew();
     prompts.ExpectInformation(QStringLiteral("Higher Class Does Not Exist For Promotion"));
-    Choose("cbofromClass", QStringLiteral("IX"));
+    ChooseFromClass("IX");
     QTest::keyClick(List("cbofromClass"), Qt::Key_Up);
     EXPECT_EQ(Places(), "- to -");
     EXPECT_EQ(List("cbofromDivision")->count(), 1);
@@ -174,7 +174,7 @@ TEST_F(PromotionChoosing, ARelievedStudentShowsInNeitherList)
 TEST_F(PromotionChoosing, AClassTwoPlacesAboveIsOfferedAndRefused)
 {
     OpenNew();
-    Choose("cbofromClass", QStringLiteral("VIII"));
+    ChooseFromClass("VIII");
     Choose("cbotoclass", QStringLiteral("X"));
     prompts.ExpectInformation(QStringLiteral("Promotion Can Be Done Only To Next Higher Class"));
     QTest::keyClick(List("Cbotodivision"), Qt::Key_Down);
@@ -186,7 +186,7 @@ TEST_F(PromotionChoosing, TheSameAndALowerClassAreRefused)
 {
     for (const char* name : {"IX", "VIII"}) {
         OpenNew();
-        Choose("cbofromClass", QStringLiteral("IX"));
+        ChooseFromClass("IX");
         Choose("cbotoclass", QString::fromLatin1(name));
         prompts.ExpectInformation(QStringLiteral("Promotion Cannot Be Done To The Same/Lower Classes"));
         QTest::keyClick(List("Cbotodivision"), Qt::Key_Down);
@@ -332,7 +332,7 @@ TEST_F(PromotionChoosing, WhoCameFromAnotherDivisionCannotBeTakenBack)
 TEST_F(PromotionChoosing, AnotherFromClassStartsTheListsAnew)
 {
     StartWithTwoMoved();
-    Choose("cbofromClass", QStringLiteral("VIII"));
+    ChooseFromClass("VIII");
     EXPECT_EQ(Places(), "VIII- to IX-");
     EXPECT_EQ(Lines(from) + Lines(to), "");
 }
@@ -350,7 +350,7 @@ TEST_F(PromotionChoosing, ListingSixtyStudentsTakesAsManyStatementsAsListingThre
 {
     const auto statements = [this] {
         OpenNew();
-        Choose("cbofromClass", QStringLiteral("IX"));
+        ChooseFromClass("IX");
         const auto before = Session().gcnnMain->StatementsRun();
         Choose("cbofromDivision", QStringLiteral("A"));
         Choose("Cbotodivision", QStringLiteral("A"));

@@ -78,7 +78,9 @@ private:
     {
         auto* list = form_->findChild<QComboBox*>(QString::fromLatin1(name));
         list->setFocus();
-        QTest::keyClicks(list, text);
+        QTest::keyClick(list, Qt::Key_End);
+        for (int step = 0; step < list->count() && list->currentText() != text; ++step)
+            QTest::keyClick(list, Qt::Key_Up);
     }
     template <typename Button>
     void Press(const char* name)

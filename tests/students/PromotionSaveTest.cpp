@@ -50,7 +50,7 @@ TEST_F(PromotionSave, WhatIsMissingIsToldInItsOrderAndTheBoxGetsTheFocus)
 {
     OpenNew();
     ExpectRefusal(QStringLiteral("Select Class On The 'From' Side"), "cbofromClass");
-    Choose("cbofromClass", QStringLiteral("IX"));
+    ChooseFromClass("IX");
     ExpectRefusal(QStringLiteral("Select Division On The 'From' Side"), "cbofromDivision");
     Choose("cbofromDivision", QStringLiteral("A"));
     Choose("cbotoclass", QStringLiteral(" "));
@@ -99,7 +99,7 @@ TEST_F(PromotionSave, ARetainedStudentStaysInTheClassAndThePresentYearIsClosedFo
 {
     OpenNew();
     Press(Option("optnotpromote"));
-    Choose("cbofromClass", QStringLiteral("IX"));
+    ChooseFromClass("IX");
     Choose("cbofromDivision", QStringLiteral("A"));
     Choose("Cbotodivision", QStringLiteral("B"));
     Tick(from, 1);
