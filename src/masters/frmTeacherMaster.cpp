@@ -117,7 +117,7 @@ void frmTeacherMaster::LoadLists()
 void frmTeacherMaster::ReadLists(int stateCode, int cityCode)
 {
     const CodedTexts salutations = Teachers().Salutations();
-    const CodedTexts bloodGroups = Teachers().BloodGroups();
+    const CodedTexts bloodGroups = SchoolListRepository(MainStore()).BloodGroups();
     places_->Choose(stateCode, cityCode);
     ui_->cboPrefix->SetListBehindBlank(salutations);
     ui_->dbcBloodGroup->SetList(bloodGroups);

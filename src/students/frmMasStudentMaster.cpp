@@ -98,8 +98,14 @@ void frmMasStudentMaster::ConnectHandlers()
 
 void frmMasStudentMaster::LoadLists()
 {
-    Read([this] { places_->Load(); });
-    Read([this] { ui_->dbcBloodGroup->SetList(SchoolListRepository(MainStore()).BloodGroups()); });
+    Read([this] { ReadLists(0, 0); });
+}
+
+void frmMasStudentMaster::ReadLists(int stateCode, int cityCode)
+{
+    const CodedTexts bloodGroups = SchoolListRepository(MainStore()).BloodGroups();
+    places_->Choose(stateCode, cityCode);
+    ui_->dbcBloodGroup->SetList(bloodGroups);
 }
 
 void frmMasStudentMaster::RefillLists()
@@ -149,14 +155,19 @@ StudentSaving frmMasStudentMaster::Saving()
 
 bool frmMasStudentMaster::LoadData(int StudentCode)
 {
-    const auto student = Fetch([&] { return StudentRepository(MainStore()).Find(StudentCode); });
+    // A list that could not be read would show what is stored as blank, and the next save would store that.
+    const auto student = Fetch([&] {
+        auto stored = StudentRepository(MainStore()).Find(StudentCode);
+        if (stored)
+            ReadLists(stored->stateCode, stored->cityCode);
+        return stored;
+    });
     if (!student)
         return false;
     if (!*student) {
         Prompts::Information(QStringLiteral("No Record Exists"));
         return false;
     }
-    LoadLists();
     Show(**student);
     if (student_.IsRelieved()) {
         ShowState(MasterState::Idle);
@@ -184,7 +195,6 @@ void frmMasStudentMaster::Show(const Student& student)
     ui_->dtpDOB->setDate(student.dateOfBirth);
     ui_->txtAddress1->setText(student.address1);
     ui_->txtAddress2->setText(student.address2);
-    Read([&] { places_->Choose(student.stateCode, student.cityCode); });
     ui_->txtPincode->setText(student.pinCode);
     ui_->txtTelephone->setText(student.telephone);
     ui_->txtEmail->setText(student.email);

@@ -39,6 +39,8 @@ private:
     void Form_Load();
     void ConnectHandlers();
     void LoadLists();
+    /// Fills the lists, with the place chosen; 0 for none. Throws StoreError.
+    void ReadLists(int stateCode, int cityCode);
 
     void cmdNew_Click();
     void cmdEdit_Click();

@@ -163,7 +163,7 @@ void frmPromotionEntry::PromoteValue()
     const int toClass = TargetClass(ClassesOf(ui_->cbofromClass), Kind(), fromClass);
     if (fromClass != 0 && toClass == 0) {
         Prompts::Information(NoHigherClass);
-        from_->Choose(0, 0);
+        from_->TakeBackClass();
     }
     to_->Choose(toClass, 0);
     LoadFrom();

@@ -129,6 +129,31 @@ TEST_F(PromotionChoosing, TheHighestClassCannotBePromotedAndBothClassesAreEmptie
     EXPECT_EQ(List("cbofromDivision")->count(), 1);
 }
 
+TEST_F(PromotionChoosing, TheHighestClassDoesNotBarTheWayDownToTheOthers)
+{
+    OpenNew();
+    DataCombo* list = List("cbofromClass");
+    list->setFocus();
+    prompts.ExpectInformation(QStringLiteral("Higher Class Does Not Exist For Promotion"));
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(Places(), "- to -");
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(Places(), "IX- to X-");
+}
+
+TEST_F(PromotionChoosing, WhoComesBackToTheClassesStartsFromTheTopAgain)
+{
+    OpenNew();
+    DataCombo* list = List("cbofromClass");
+    list->setFocus();
+    for (int visit = 0; visit < 2; ++visit) {
+        prompts.ExpectInformation(QStringLiteral("Higher Class Does Not Exist For Promotion"));
+        QTest::keyClick(list, Qt::Key_Down);
+        Button("cmdExit")->setFocus();
+        list->setFocus();
+    }
+}
+
 TEST_F(PromotionChoosing, TheHighestClassCanBeRetained)
 {
     OpenNew();

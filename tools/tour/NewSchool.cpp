@@ -5,6 +5,7 @@
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/Screen.h"
 #include "ProgramSteps.h"
+#include "StudentLife.h"
 #include "tools/DeliveredDatabases.h"
 #include "tools/SampleSchool.h"
 #include "Tour.h"
@@ -114,23 +115,25 @@ void GiveUsers(Tour& tour, const QDir& folder)
     tour.Done(QStringLiteral("the tour gives the new school the sample's users and their rights"));
 }
 
-void EnterClass(Tour& tour, QWidget* window)
+void EnterClasses(Tour& tour, QWidget* window)
 {
     const Screen* screen = OpenScreen(tour, Qt::Key_M, "frmMasClassSectionEntry");
     tour.Picture(QStringLiteral("a note about the order of the classes"), QStringLiteral("class-note.png"),
                  window);
     tour.Press(Qt::Key_Space);
     tour.Press(Qt::Key_N, Qt::AltModifier);
-    tour.Fill(QStringLiteral("X"));
-    tour.Fill(QStringLiteral("2"));
-    tour.Picture(QStringLiteral("a class with two divisions"), QStringLiteral("class-entered.png"), window);
+    for (const char* text : {"X", "2", "", "IX", "1"})
+        tour.Fill(QString::fromLatin1(text));
+    tour.Picture(QStringLiteral("two classes, the higher one with two divisions"),
+                 QStringLiteral("class-entered.png"), window);
     Save(tour, "Record Saved");
     const auto* classes = screen->findChild<FlexGrid*>(QStringLiteral("msgClassDetails"));
-    tour.Await(QStringLiteral("the saved class"), [&] {
+    tour.Await(QStringLiteral("the saved classes"), [&] {
         return classes->TextMatrix(1, 1) == QLatin1String("X") &&
-               classes->TextMatrix(1, 2) == QLatin1String("2");
+               classes->TextMatrix(1, 2) == QLatin1String("2") &&
+               classes->TextMatrix(2, 1) == QLatin1String("IX");
     });
-    tour.Picture(QStringLiteral("the class is saved"), QStringLiteral("class-saved.png"), window);
+    tour.Picture(QStringLiteral("the classes are saved"), QStringLiteral("class-saved.png"), window);
     LeaveScreen(tour, "frmMasClassSectionEntry", screen->windowTitle());
 }
 
@@ -172,9 +175,10 @@ void FillMasters(Tour& tour, const QDir& folder)
                QStringLiteral("login of the new school's administrator"),
                QStringLiteral("second-login.png")});
     QWidget* window = ShowMainWindow(tour);
-    EnterClass(tour, window);
+    EnterClasses(tour, window);
     EnterTeacher(tour, window);
     AddWorkingDay(tour, window);
+    FollowStudents(tour, window);
     CloseProgram(tour);
 }
 

@@ -5,8 +5,8 @@ namespace tally {
 class Tour;
 
 /// Sets up a school on databases as they are delivered, in a folder that is gone afterwards: the first start,
-/// from the school to its first academic year, then a class, a teacher and a working day. Throws TourError
-/// and StoreError.
+/// from the school to its first academic year, then classes, a teacher, a working day and students. Throws
+/// TourError and StoreError.
 void SetUpNewSchool(Tour& tour);
 
 } // namespace tally

@@ -35,6 +35,12 @@ void DivisionChoice::Choose(int classCode, int divisionCode)
     divisions_->SetBoundCode(divisionCode);
 }
 
+void DivisionChoice::TakeBackClass()
+{
+    classes_->TakeBack();
+    LoadDivisions();
+}
+
 void DivisionChoice::LoadDivisions()
 {
     divisions_->SetListBehindBlank({});

@@ -30,6 +30,8 @@ public:
     void Refill();
     /// Chooses among what is listed. 0 chooses nothing.
     void Choose(int classCode, int divisionCode);
+    /// Takes back the choice of a class that was refused, as DataCombo::TakeBack says.
+    void TakeBackClass();
 
 private:
     void LoadDivisions();

@@ -1,5 +1,6 @@
 #include "core/ui/controls/DataCombo.h"
 
+#include <QKeyEvent>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -42,8 +43,30 @@ void DataCombo::SetText(const QString& text)
     Choose(found >= 0 ? found : findData(0));
 }
 
+void DataCombo::TakeBack()
+{
+    const int refused = currentIndex();
+    Choose(findData(0));
+    // Behind the box that told the refusal the window need not be active again yet.
+    if (window()->focusWidget() == this)
+        takenBack_ = refused;
+}
+
+void DataCombo::keyPressEvent(QKeyEvent* event)
+{
+    const bool walks = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    const int refused = std::exchange(takenBack_, -1);
+    if (walks && refused >= 0) {
+        const QSignalBlocker quiet(this);
+        setCurrentIndex(refused);
+    }
+    QComboBox::keyPressEvent(event);
+}
+
 void DataCombo::focusOutEvent(QFocusEvent* event)
 {
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
+        takenBack_ = -1;
     QComboBox::focusOutEvent(event);
     guard_.Leaves(event);
 }
@@ -53,6 +76,7 @@ void DataCombo::Choose(int index)
     const QSignalBlocker quiet(this);
     setCurrentIndex(index);
     changed_ = false;
+    takenBack_ = -1;
     update();
 }
 

@@ -31,6 +31,9 @@ public:
     void SetBoundCode(int code);
     /// The same by text, small and capital letters alike.
     void SetText(const QString& text);
+    /// Takes back a choice that was refused: the blank line is chosen, and tells nobody. The arrows go on from
+    /// the refused entry as long as the list keeps the focus, so that it does not bar the way to those behind.
+    void TakeBack();
     /// True while nothing has been chosen.
     bool IsBlank() const { return currentText().trimmed().isEmpty(); }
 
@@ -47,6 +50,7 @@ Q_SIGNALS:
     void Chosen();
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     /// Runs what takes the focus away without asking.
     void LeaveUnasked(const std::function<void()>& work) { guard_.Unasked(work); }
@@ -55,6 +59,7 @@ private:
     void Choose(int index);
 
     LeaveGuard guard_{this};
+    int takenBack_ = -1;   ///< the entry that was refused last; -1 for none
     bool changed_ = false; ///< the entry is another one since the last choice
 };
 
