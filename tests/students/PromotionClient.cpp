@@ -1,6 +1,6 @@
 // A client of the school in a process of its own that works at the promotion screen until it is killed. It
-// promotes all of IX-A into X-A, takes all but the first student back, and does both again, over and over;
-// after each save it says the word for it.
+// promotes all of IX-A into X-A, takes all but the first student back, and does both again, over and over,
+// from wherever the client before was stopped; after each save it says the word for it.
 
 #include "app/Screens.h"
 #include "core/modTallyboard.h"
@@ -46,23 +46,21 @@ public:
         form_->activateWindow();
     }
 
-    void PromoteAll()
+    /// Promotes who is still in IX-A; where nobody is, takes all but the first one back.
+    void SaveTheOther()
     {
         Start();
         Press<QCheckBox>("chkSelectAllFrom");
-        Press<QPushButton>("cmdMoveFromToTo");
-        Press<QPushButton>("cmdSave");
-    }
-
-    void TakeAllButTheFirstBack()
-    {
-        Start();
-        Press<QCheckBox>("chkSelectAllTo");
-        auto* list = form_->findChild<CheckList*>(QStringLiteral("lsttolist"));
-        list->setFocus();
-        list->setCurrentRow(0);
-        QTest::keyClick(list, Qt::Key_Space);
-        Press<QPushButton>("cmdMoveToToFrom");
+        if (!List("lstfromlist")->TickedIndexes().isEmpty()) {
+            Press<QPushButton>("cmdMoveFromToTo");
+        } else {
+            Press<QCheckBox>("chkSelectAllTo");
+            CheckList* list = List("lsttolist");
+            list->setFocus();
+            list->setCurrentRow(0);
+            QTest::keyClick(list, Qt::Key_Space);
+            Press<QPushButton>("cmdMoveToToFrom");
+        }
         Press<QPushButton>("cmdSave");
     }
 
@@ -81,6 +79,10 @@ private:
         QTest::keyClick(list, Qt::Key_End);
         for (int step = 0; step < list->count() && list->currentText() != text; ++step)
             QTest::keyClick(list, Qt::Key_Up);
+    }
+    CheckList* List(const char* name) const
+    {
+        return form_->findChild<CheckList*>(QString::fromLatin1(name));
     }
     template <typename Button>
     void Press(const char* name)
@@ -110,8 +112,6 @@ int main(int argc, char** argv)
     window->show();
     QApplication::setActiveWindow(window);
     Clerk clerk;
-    for (;;) {
-        clerk.PromoteAll();
-        clerk.TakeAllButTheFirstBack();
-    }
+    for (;;)
+        clerk.SaveTheOther();
 }
