@@ -185,6 +185,24 @@ int BareStore::InsertMarks(int examCode, int divisionCode, int subjectCode)
     return count;
 }
 
+int BareStore::Write(const std::vector<BareChange>& changes)
+{
+    const int before = sqlite3_total_changes(engine_.get());
+    Run(QStringLiteral("BEGIN IMMEDIATE"));
+    for (const BareChange& change : changes) {
+        Rows rows(engine_.get(), change.sql);
+        for (const QList<QByteArray>& values : change.runs) {
+            rows.Reset();
+            int position = 0;
+            for (const QByteArray& value : values)
+                rows.Bind(++position, value);
+            rows.Next();
+        }
+    }
+    Run(QStringLiteral("COMMIT"));
+    return sqlite3_total_changes(engine_.get()) - before;
+}
+
 int BareStore::ReadAll(const QString& sql, const QString& text)
 {
     Rows rows(engine_.get(), sql.toUtf8());

@@ -2,11 +2,22 @@
 
 #include "bench/BenchSchool.h"
 
+#include <QByteArray>
+#include <QList>
+
 #include <memory>
+#include <vector>
 
 struct sqlite3;
 
 namespace tally::bench {
+
+/// A statement that changes rows, and the values of each time that it runs.
+struct BareChange
+{
+    QByteArray sql;
+    std::vector<QList<QByteArray>> runs;
+};
 
 /// The main database through nothing but the engine's own C interface: what the same work costs when no line
 /// of the program stands in between. Ends the process on an error.
@@ -26,6 +37,8 @@ public:
     /// One transaction that inserts a mark for each student of a division in a subject, prepared once. Gives
     /// the number of marks.
     int InsertMarks(int examCode, int divisionCode, int subjectCode);
+    /// One transaction of all the changes. Gives the number of rows that they changed.
+    int Write(const std::vector<BareChange>& changes);
     /// Any select: reads every column of every row as text. The first placeholder takes `text`, the others 0.
     /// Gives the number of rows.
     int ReadAll(const QString& sql, const QString& text);
