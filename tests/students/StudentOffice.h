@@ -88,7 +88,10 @@ protected:
     }
     void DoubleClick(int row) const
     {
-        const QPoint middle = Grid()->visualRect(Grid()->model()->index(row, 0)).center();
+        int column = 0;
+        while (Grid()->isColumnHidden(column))
+            ++column;
+        const QPoint middle = Grid()->visualRect(Grid()->model()->index(row, column)).center();
         QTest::mouseClick(Grid()->viewport(), Qt::LeftButton, Qt::NoModifier, middle);
         QTest::mouseDClick(Grid()->viewport(), Qt::LeftButton, Qt::NoModifier, middle);
         Settle();
