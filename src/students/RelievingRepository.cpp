@@ -8,6 +8,13 @@
 
 namespace tally {
 
+namespace {
+
+/// The student, as long as his certificate has this number. On roll is also whose number is blank or Null.
+const QString WhereKnownAs = QStringLiteral(" WHERE StudentCode = ? AND trim(coalesce(TCNo, '')) = ?");
+
+} // namespace
+
 std::optional<ClassNames> RelievingRepository::LastClassOf(int studentCode)
 {
     auto row = main_.Query(QStringLiteral("SELECT e.ClassName, f.DivisionName FROM StudentClassDivision a"
@@ -81,21 +88,25 @@ GridResult RelievingRepository::Search(const RelievedFilter& filter)
         {QStringLiteral("Admission Date"), QStringLiteral("Relieving Date"), QStringLiteral("TC Date")});
 }
 
-void RelievingRepository::Relieve(store::Transaction& transaction, int studentCode, const Relieving& entry)
+void RelievingRepository::Relieve(store::Transaction& transaction, int studentCode, const Relieving& entry,
+                                  const QString& tcNo)
 {
     const QString update =
         QStringLiteral("UPDATE StudentMaster SET RelievingDate = ?, RelievingReason = ?, TCNo = ?,"
-                       " TCDate = ? WHERE StudentCode = ?");
-    if (transaction.Execute(update, entry.relievingDate, entry.reason, entry.tcNo, entry.tcDate,
-                            studentCode) == 0)
+                       " TCDate = ?") +
+        WhereKnownAs;
+    if (transaction.Execute(update, entry.relievingDate, entry.reason, entry.tcNo, entry.tcDate, studentCode,
+                            tcNo.trimmed()) == 0)
         throw store::StoreError::RowIsGone(update);
 }
 
-void RelievingRepository::PutBackOnRoll(store::Transaction& transaction, int studentCode)
+void RelievingRepository::PutBackOnRoll(store::Transaction& transaction, int studentCode, const QString& tcNo)
 {
-    transaction.Execute(QStringLiteral("UPDATE StudentMaster SET RelievingDate = NULL, RelievingReason = '',"
-                                       " TCNo = '', TCDate = NULL WHERE StudentCode = ?"),
-                        studentCode);
+    const QString update = QStringLiteral("UPDATE StudentMaster SET RelievingDate = NULL,"
+                                          " RelievingReason = '', TCNo = '', TCDate = NULL") +
+                           WhereKnownAs;
+    if (transaction.Execute(update, studentCode, tcNo.trimmed()) == 0)
+        throw store::StoreError::RowIsGone(update);
 }
 
 } // namespace tally

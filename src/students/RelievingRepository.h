@@ -51,9 +51,13 @@ public:
     /// "TC Date", "RelievingReason", "TC No", "AcademicYearCode".
     GridResult Search(const RelievedFilter& filter);
 
-    /// A general failure when the student has gone meanwhile.
-    static void Relieve(store::Transaction& transaction, int studentCode, const Relieving& entry);
-    static void PutBackOnRoll(store::Transaction& transaction, int studentCode);
+    /// `tcNo` names the certificate that the student is known to have; empty for one on roll. A general
+    /// failure when it is another one by now, or the student has gone: what another client entered is not
+    /// written over.
+    static void Relieve(store::Transaction& transaction, int studentCode, const Relieving& entry,
+                        const QString& tcNo = {});
+    /// The same for an entry that is taken back.
+    static void PutBackOnRoll(store::Transaction& transaction, int studentCode, const QString& tcNo);
 
 private:
     QDate LastWorkingDay();

@@ -62,6 +62,9 @@ void frmMasStudentRelievingMaster::ConnectHandlers()
     connect(ui_->cmdSearch, &QPushButton::clicked, this, &Form::cmdSearch_Click);
     connect(ui_->cmdSearchAdmissionNo, &QPushButton::clicked, this, &Form::cmdSearchAdmissionNo_Click);
 
+    // Whoever is shown goes with the number that he was shown for.
+    connect(ui_->txtOptionalAdmissionNo, &QLineEdit::textEdited, this, &Form::ForgetStudent);
+
     using Validate = bool (Form::*)();
     const std::pair<QWidget*, Validate> guarded[] = {
         {ui_->txtOptionalAdmissionNo, &Form::txtOptionalAdmissionNo_Validate},
@@ -117,6 +120,7 @@ bool frmMasStudentRelievingMaster::LoadEntry(int studentCode, bool viewOnly)
         return false;
     }
     formerCode_ = studentCode;
+    formerTCNo_ = student->tcNo;
     ui_->txtOptionalAdmissionNo->setText(student->optionalAdmissionNo);
     LoadData(*student, lastClass);
     ResetDates();
@@ -279,6 +283,8 @@ void frmMasStudentRelievingMaster::cmdNew_Click()
 {
     if (!MayUse(Right::New))
         return;
+    // A search that is still open may begin a new entry over a stored one, which is left as it is then.
+    cmdCancel_Click();
     ShowState(MasterState::New);
     ui_->txtOptionalAdmissionNo->setFocus();
 }
@@ -298,7 +304,7 @@ void frmMasStudentRelievingMaster::cmdDelete_Click()
     const bool deleted = WriteRow(
         Conflict::DataIsInUse,
         [this](store::Transaction& transaction) {
-            RelievingRepository::PutBackOnRoll(transaction, formerCode_);
+            RelievingRepository::PutBackOnRoll(transaction, formerCode_, formerTCNo_);
         },
         OnRefusal::Stay);
     if (!deleted)
@@ -313,6 +319,11 @@ void frmMasStudentRelievingMaster::cmdSave_Click()
 {
     if (!RequireText(QStringLiteral("Enter Admission No."), ui_->txtOptionalAdmissionNo))
         return;
+    // The number may have been typed and never left.
+    if (studentCode_ == 0 && !txtOptionalAdmissionNo_Validate()) {
+        ui_->txtOptionalAdmissionNo->setFocus();
+        return;
+    }
     const Relieving entry = Entered();
     auto fault = RelievingFault::None;
     const bool done = WriteRow(
@@ -322,9 +333,10 @@ void frmMasStudentRelievingMaster::cmdSave_Click()
             fault = FaultOfRelieving(entry, Facts(entry.tcNo));
             if (fault != RelievingFault::None)
                 return;
-            if (formerCode_ != 0 && formerCode_ != studentCode_)
-                RelievingRepository::PutBackOnRoll(transaction, formerCode_);
-            RelievingRepository::Relieve(transaction, studentCode_, entry);
+            const bool stays = formerCode_ == studentCode_;
+            if (formerCode_ != 0 && !stays)
+                RelievingRepository::PutBackOnRoll(transaction, formerCode_, formerTCNo_);
+            RelievingRepository::Relieve(transaction, studentCode_, entry, stays ? formerTCNo_ : QString());
         },
         OnRefusal::Stay);
     if (!done)
@@ -340,6 +352,7 @@ void frmMasStudentRelievingMaster::cmdCancel_Click()
     ClearControls(this);
     ForgetStudent();
     formerCode_ = 0;
+    formerTCNo_.clear();
     ResetDates();
     ShowState(MasterState::Idle);
     ui_->cmdNew->setFocus();

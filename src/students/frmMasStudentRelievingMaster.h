@@ -71,6 +71,7 @@ private:
     std::unique_ptr<Ui::frmMasStudentRelievingMaster> ui_;
     int studentCode_ = 0; ///< the student on the screen; 0 for none
     int formerCode_ = 0;  ///< the student whose stored entry is in hand; 0 for a new one
+    QString formerTCNo_;  ///< of that entry, as it was loaded
     QDate admissionDate_; ///< as it is shown; invalid while none is
 };
 

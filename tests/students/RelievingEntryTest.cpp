@@ -1,4 +1,5 @@
 #include "students/frmMasStudentRelievingMaster.h"
+#include "students/PromotionRepository.h"
 #include "students/StudentOffice.h"
 #include "support/FileSizeLimit.h"
 
@@ -26,6 +27,11 @@ constexpr const char* Idle = "cmdNew cmdCancel cmdSearch cmdExit";
 constexpr const char* Entering = "fraMain Frame1 Frame2 cmdSave cmdCancel cmdSearch cmdExit";
 constexpr const char* Selected = "cmdEdit cmdDelete cmdCancel cmdSearch cmdExit";
 constexpr const char* Viewing = "cmdCancel cmdSearch cmdExit";
+
+constexpr const char* NoDetails = "||||||||||||||";
+constexpr const char* OnRoll = "|||";
+const QString RowIsGone =
+    QStringLiteral("The Data Contradicts Other Data That Is Already Stored (the row is no longer there)");
 
 const QDate Admission(2024, 6, 3);
 const QDate WorkingDate(2024, 6, 10);
@@ -123,15 +129,28 @@ protected:
         prompts.Verify();
         EXPECT_EQ(FocusName(), field);
     }
+    /// Types another number, opens the search and closes it again without a choice, and saves.
+    void SaveBehindSearch(const char* number, const QString& text)
+    {
+        Retype("txtOptionalAdmissionNo", number);
+        PressKey(form, Qt::Key_A, Qt::AltModifier | Qt::ShiftModifier);
+        Settle();
+        TurnTo("frmMasStudentAdmissionSearch");
+        form->Unload();
+        Settle();
+        TurnTo("frmMasStudentRelievingMaster");
+        EXPECT_EQ(TextOf("txtOptionalAdmissionNo"), number);
+        EXPECT_EQ(Details(), NoDetails);
+        prompts.ExpectInformation(text);
+        PressKey(form, Qt::Key_S, Qt::AltModifier);
+        prompts.Verify();
+    }
     void ExpectSaveTold(const QString& text, const char* control)
     {
         ExpectRefusal(text, control);
         EXPECT_EQ(Enabled(), Entering);
     }
 };
-
-constexpr const char* NoDetails = "||||||||||||||";
-constexpr const char* OnRoll = "|||";
 
 TEST_F(RelievingEntry, OpensClosedWithBothDatesAtTheWorkingDate)
 {
@@ -329,8 +348,9 @@ TEST_F(RelievingEntry, TheSaveTestsAllAnewInItsOrder)
     // What is set while the keyboard is elsewhere meets the save untested.
     SetDates(Admission.addDays(-1), Admission.addDays(-1));
     ExpectSaveTold(BeforeAdmission, "dtpRelievingDate");
-    Box("txtRelievingReason")->setFocus();
-    prompts.Verify();
+    SetDates(WorkingDate, WorkingDate);
+    Save();
+    EXPECT_EQ(Stored(1), "2024-06-10||TC 1|2024-06-10");
 }
 
 TEST_F(RelievingEntry, EachDateThatTheSaveRefusesIsLedTo)
@@ -367,6 +387,48 @@ TEST_F(RelievingEntry, EachDateThatTheSaveRefusesIsLedTo)
     SetDates(Admission, Admission);
     Save();
     EXPECT_EQ(Stored(1), "2024-06-03||TC 1|2024-06-03") << "the day of the admission itself passes";
+}
+
+TEST_F(RelievingEntry, WhoIsShownIsForgottenAsSoonAsAnotherNumberIsTyped)
+{
+    StartWithAnu();
+    Box("txtOptionalAdmissionNo")->setFocus();
+    QTest::keyClick(Box("txtOptionalAdmissionNo"), Qt::Key_Backspace);
+    EXPECT_EQ(Details(), NoDetails);
+}
+
+TEST_F(RelievingEntry, TheStudentWhoseNumberStandsInTheBoxIsRelievedAlsoWhereItWasNeverLeft)
+{
+    FillAnu();
+    SaveBehindSearch("A102", QStringLiteral("Record Saved"));
+    EXPECT_EQ(Stored(1), OnRoll);
+    EXPECT_EQ(Stored(2), "2024-06-10||TC 1|2024-06-10");
+}
+
+TEST_F(RelievingEntry, AnEntryMovesToTheNumberThatStandsInTheBoxAlsoWhereItWasNeverLeft)
+{
+    Relieve(Main(), 1);
+    StartEdit();
+    SetDates(WorkingDate, LastDay);
+    SaveBehindSearch("A102", QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored(1), OnRoll);
+    EXPECT_EQ(Stored(2), "2024-06-10|Moved|TC 1|2024-06-12");
+}
+
+TEST_F(RelievingEntry, ANumberThatWasNeverLeftIsJudgedInTheSaveAsAnyOther)
+{
+    Relieve(Main(), 3, "TC 3");
+    Given("UPDATE StudentClassDivision SET Status = 'N' WHERE StudentCode = 2");
+    FillAnu();
+    const std::pair<const char*, QString> numbers[] = {
+        {"NONE", Unknown}, {"A103", AlreadyRelieved}, {"A102", Promoted}};
+    for (const auto& [number, text] : numbers) {
+        SaveBehindSearch(number, text);
+        EXPECT_EQ(TextOf("txtOptionalAdmissionNo"), "") << number;
+        EXPECT_EQ(FocusName(), "txtOptionalAdmissionNo") << number;
+        EXPECT_EQ(Enabled(), Entering);
+    }
+    EXPECT_EQ(Count("SELECT count(*) FROM StudentMaster WHERE TCNo <> ''"), 1);
 }
 
 TEST_F(RelievingEntry, AStudentWithoutAPlaceInTheYearIsNotRelieved)
@@ -511,6 +573,46 @@ TEST_F(RelievingEntry, AnEntryIsNotMovedOverThatOfAnotherStudent)
     EXPECT_EQ(Stored(2), "2024-09-01|Moved|TC 2|2024-09-02");
 }
 
+TEST_F(RelievingEntry, WhatAnotherClientDidToTheEntryInHandMeanwhileIsNotWrittenOver)
+{
+    const std::pair<const char*, std::string> changes[] = {
+        {"UPDATE StudentMaster SET TCNo = 'TC 9' WHERE StudentCode = 1", "2024-09-01|Moved|TC 9|2024-09-02"},
+        {"UPDATE StudentMaster SET TCNo = '', TCDate = NULL, RelievingDate = NULL, RelievingReason = ''"
+         " WHERE StudentCode = 1",
+         OnRoll},
+    };
+    for (const char* number : {"A101", "A102"})
+        for (const auto& [change, stored] : changes) {
+            Relieve(Main(), 1);
+            StartEdit();
+            Retype("txtOptionalAdmissionNo", number);
+            SetDates(WorkingDate, LastDay);
+            Other(change);
+            prompts.ExpectCritical(RowIsGone);
+            Press(Button("cmdSave"));
+            prompts.Verify();
+            EXPECT_EQ(Stored(1), stored) << number;
+            EXPECT_EQ(Stored(2), OnRoll);
+            EXPECT_EQ(Enabled(), Entering) << "what was typed stays";
+            form->Unload();
+            Settle();
+        }
+}
+
+TEST_F(RelievingEntry, AnEntryThatAnotherClientChangedMeanwhileIsNotDeleted)
+{
+    Relieve(Main(), 1);
+    OpenEntry();
+    ASSERT_TRUE(Entry()->LoadEntry(1, false));
+    Other("UPDATE StudentMaster SET TCNo = 'TC 9' WHERE StudentCode = 1");
+    prompts.ExpectQuestion(DeleteThis, true);
+    prompts.ExpectCritical(QStringLiteral("This Data Is Already Used By Other Screen(s).\n"
+                                          "You Cannot Delete This Data."));
+    Press(Button("cmdDelete"));
+    prompts.Verify();
+    EXPECT_EQ(Stored(1), "2024-09-01|Moved|TC 9|2024-09-02");
+}
+
 TEST_F(RelievingEntry, ADeleteAsksAndPutsTheStudentBackOnRollAlone)
 {
     Relieve(Main(), 1, "TC 1");
@@ -541,6 +643,41 @@ TEST_F(RelievingEntry, ARelievingAfterACancelledEditIsANewOne)
     Save();
     EXPECT_EQ(Stored(1), "2024-09-01|Moved|TC 1|2024-09-02");
     EXPECT_EQ(Stored(2), "2024-06-10||TC 5|2024-06-10");
+}
+
+TEST_F(RelievingEntry, ANumberFromASearchThatIsStillOpenBeginsANewEntryOverAStoredOne)
+{
+    Relieve(Main(), 1);
+    OpenEntry();
+    ASSERT_TRUE(Entry()->LoadEntry(1, false));
+    ASSERT_TRUE(Entry()->LoadNumber(QStringLiteral("A102")));
+    EXPECT_EQ(Enabled(), Entering);
+    EXPECT_EQ(TextOf("txtRelievingReason") + TextOf("txtTCNo"), "");
+    EXPECT_EQ(Date("dtpRelievingDate")->date(), WorkingDate);
+    Type(Box("txtTCNo"), QStringLiteral("TC 5"));
+    Save();
+    EXPECT_EQ(Stored(1), "2024-09-01|Moved|TC 1|2024-09-02");
+    EXPECT_EQ(Stored(2), "2024-06-10||TC 5|2024-06-10");
+}
+
+TEST_F(RelievingEntry, ARelievedStudentIsNoLongerOfferedToBeRelievedOrPromoted)
+{
+    const auto promotable = [] {
+        PromotionRepository promotion(Main());
+        return promotion.FromStudents(promotion.Years(2), {1, 1}).size();
+    };
+    ASSERT_EQ(promotable(), 1U);
+    FillAnu();
+    Save();
+    EXPECT_EQ(promotable(), 0U);
+    Press(Button("cmdNew"));
+    Press(Button("cmdSearchAdmissionNo"));
+    Settle();
+    TurnTo("frmMasStudentAdmissionSearch");
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To View All The Admissions ? "), true);
+    Press(Button("cmdSearch"));
+    prompts.Verify();
+    EXPECT_EQ(Listed("Student Name"), "Binu");
 }
 
 TEST_F(RelievingEntry, NewEditAndDeleteNeedTheirRightsAndSearchNeedsNone)

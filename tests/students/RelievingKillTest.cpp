@@ -45,7 +45,7 @@ TEST_F(RelievingKill, AnEntryThatMovesToAnotherStudentIsWithOneOfThemWheneverIts
 {
     ExpectWhole(
         [](store::Transaction& transaction) {
-            RelievingRepository::PutBackOnRoll(transaction, First);
+            RelievingRepository::PutBackOnRoll(transaction, First, Entry().tcNo);
             RelievingRepository::Relieve(transaction, Second, Entry());
         },
         State);
@@ -54,7 +54,9 @@ TEST_F(RelievingKill, AnEntryThatMovesToAnotherStudentIsWithOneOfThemWheneverIts
 TEST_F(RelievingKill, AnEntryThatIsTakenBackIsThereWholeOrNotAtAll)
 {
     ExpectWhole(
-        [](store::Transaction& transaction) { RelievingRepository::PutBackOnRoll(transaction, First); },
+        [](store::Transaction& transaction) {
+            RelievingRepository::PutBackOnRoll(transaction, First, Entry().tcNo);
+        },
         State);
 }
 

@@ -30,6 +30,17 @@ protected:
         work(transaction);
         transaction.Commit();
     }
+    /// The work is refused because its row is another one by now.
+    template <typename Work>
+    void ExpectGone(const Work& work)
+    {
+        try {
+            Write(work);
+            FAIL();
+        } catch (const store::StoreError& error) {
+            EXPECT_EQ(error.Kind(), store::ErrorKind::GeneralFailure);
+        }
+    }
     /// The names that a search finds; `narrow` fills its filters.
     template <typename Narrow>
     std::string Found(const Narrow& narrow)
@@ -65,18 +76,46 @@ TEST_F(RelievingRepositoryTest, ARelievingFillsFourColumnsOfOneStudentAndIsTaken
     EXPECT_EQ(StoredStudent(main, 2),
               "2|102|A102|2024-06-03|2|Binu||F|||0||||2015-01-02|0|N|2024-06-10|Moved|TC 7|2024-06-11|1");
     before.ExpectTouchedOnly(main, "StudentMaster", {{QStringLiteral("StudentCode"), QStringLiteral("2")}});
-    Write([](store::Transaction& transaction) { RelievingRepository::PutBackOnRoll(transaction, 2); });
+    Write([](store::Transaction& transaction) {
+        RelievingRepository::PutBackOnRoll(transaction, 2, Entry.tcNo);
+    });
     EXPECT_EQ(StoredStudent(main, 2), onRoll);
     before.ExpectTouchedOnly(main, "StudentMaster", {{QStringLiteral("StudentCode"), QStringLiteral("0")}});
 }
 
 TEST_F(RelievingRepositoryTest, AStudentWhoHasGoneMeanwhileIsAGeneralFailure)
 {
-    try {
-        Write([](store::Transaction& transaction) { RelievingRepository::Relieve(transaction, 9, Entry); });
-        FAIL();
-    } catch (const store::StoreError& error) {
-        EXPECT_EQ(error.Kind(), store::ErrorKind::GeneralFailure);
+    ExpectGone([](store::Transaction& transaction) { RelievingRepository::Relieve(transaction, 9, Entry); });
+}
+
+TEST_F(RelievingRepositoryTest, AnEntryThatIsAnotherOneByNowIsNotWrittenOver)
+{
+    const QString known = QStringLiteral("TC 1");
+    for (const char* stored : {"", "TC 2"}) {
+        Relieve(main, 2, stored);
+        const AllRows before(main);
+        ExpectGone([&](store::Transaction& transaction) {
+            RelievingRepository::Relieve(transaction, 2, Entry, known);
+        });
+        ExpectGone([&](store::Transaction& transaction) {
+            RelievingRepository::PutBackOnRoll(transaction, 2, known);
+        });
+        before.ExpectTouchedOnly(main, "none", {});
+    }
+    Relieve(main, 2, "TC 1");
+    ExpectGone([](store::Transaction& transaction) { RelievingRepository::Relieve(transaction, 2, Entry); });
+    Write(
+        [&](store::Transaction& transaction) { RelievingRepository::Relieve(transaction, 2, Entry, known); });
+    EXPECT_EQ(Texts({}, "TC No"), "TC 7");
+}
+
+TEST_F(RelievingRepositoryTest, AStudentWhoseNumberIsNullOrBlankIsOnRollAndCanBeRelieved)
+{
+    for (const char* stored : {"NULL", "' '"}) {
+        main.Execute(QStringLiteral("UPDATE StudentMaster SET TCNo = %1 WHERE StudentCode = 2")
+                         .arg(QLatin1String(stored)));
+        Write([](store::Transaction& transaction) { RelievingRepository::Relieve(transaction, 2, Entry); });
+        EXPECT_EQ(Texts({}, "TC No"), "TC 7") << stored;
     }
 }
 
