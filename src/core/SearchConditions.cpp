@@ -12,15 +12,19 @@ void SearchConditions::Add(const QString& condition, const QString& text)
 
 void SearchConditions::Add(const QString& condition, int code)
 {
-    if (code == 0)
-        return;
-    conditions_.append(condition);
-    values_.emplace_back(qint64(code));
+    if (code != 0)
+        Bound(condition, code);
 }
 
 void SearchConditions::Add(const QString& condition, const QDate& date)
 {
     Add(condition, date.toString(Qt::ISODate));
+}
+
+void SearchConditions::Bound(const QString& condition, int code)
+{
+    conditions_.append(condition);
+    values_.emplace_back(qint64(code));
 }
 
 store::Statement SearchConditions::Query(store::Connection& connection, const QString& select,

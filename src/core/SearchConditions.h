@@ -20,6 +20,8 @@ public:
     void Add(const QString& condition, const QString& text);
     void Add(const QString& condition, int code);
     void Add(const QString& condition, const QDate& date);
+    /// Adds `condition` with any code: a bound of the search that is no filter of the user's.
+    void Bound(const QString& condition, int code);
 
     /// `select`, which ends in a condition of its own, with all that were added and then `order`; ready for
     /// its rows to be read.

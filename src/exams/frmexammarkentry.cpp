@@ -86,7 +86,7 @@ void frmexammarkentry::ConnectHandlers()
 void frmexammarkentry::Form_Load()
 {
     LoadExam();
-    classDivision_->Load();
+    Read([this] { classDivision_->Load(); });
     ui_->cmdNew->setFocus();
 }
 
@@ -378,7 +378,7 @@ void frmexammarkentry::cmdCancel_Click()
 {
     LoadExam();
     ClearControls(this);
-    classDivision_->Load();
+    Read([this] { classDivision_->Load(); });
     cboClass_Click();
     Optsubject_Click();
     ui_->cmdNew->setEnabled(true);

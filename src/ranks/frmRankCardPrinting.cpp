@@ -43,7 +43,7 @@ frmRankCardPrinting::~frmRankCardPrinting() = default;
 void frmRankCardPrinting::Form_Load()
 {
     LoadExams();
-    classDivision_->Load();
+    Read([this] { classDivision_->Load(); });
     LoadStudentList();
     ui_->Lstexamnames->setFocus();
 }

@@ -49,7 +49,7 @@ int AdmissionRepository::CountOf(const QString& sql, int studentCode, int academ
 GridResult AdmissionRepository::Search(int academicYearCode, const PlacementFilter& filter)
 {
     SearchConditions conditions;
-    conditions.Add(QStringLiteral("d.AcademicYearCode = ?"), academicYearCode);
+    conditions.Bound(QStringLiteral("d.AcademicYearCode = ?"), academicYearCode);
     conditions.Add(QStringLiteral("upper(a.StudentName) LIKE '%' || upper(?) || '%'"), filter.studentName);
     conditions.Add(QStringLiteral("upper(a.OptionalAdmissionNo) LIKE '%' || upper(?) || '%'"),
                    filter.admissionNo);

@@ -19,12 +19,12 @@ StudentFault AllotNumbers(store::Transaction& transaction, Student& student)
     if (next > HighestAdmissionNo)
         return StudentFault::NumbersUsedUp;
     // Somebody may have typed just this number as the school's own for another student.
-    const QString optional = QString::number(next);
-    if (StudentRepository(transaction.On()).OptionalAdmissionNoTaken(optional, student.code))
-        return StudentFault::OptionalNumberTaken;
     student.admissionNo = next;
-    student.optionalAdmissionNo = optional;
-    return StudentFault::None;
+    student.optionalAdmissionNo = QString::number(next);
+    return StudentRepository(transaction.On())
+                   .OptionalAdmissionNoTaken(student.optionalAdmissionNo, student.code)
+               ? StudentFault::OptionalNumberTaken
+               : StudentFault::None;
 }
 
 } // namespace
@@ -35,6 +35,14 @@ StudentSettings ReadStudentSettings(store::Connection& main)
     if (!options)
         return {};
     return {.latestBirth = options->dateOfBirthSetting.value_or(QDate()), .gender = options->genderOption};
+}
+
+void KeepStoredNumber(store::Connection& main, Student& student, const StudentSaving& saving)
+{
+    if (student.code == 0 || student.optionalAdmissionNo != saving.loadedOptionalNo)
+        return;
+    if (const auto stored = StudentRepository(main).Find(student.code))
+        student.optionalAdmissionNo = stored->optionalAdmissionNo;
 }
 
 StudentFacts ReadStudentFacts(store::Connection& main, const Student& student, const StudentSaving& saving)
@@ -53,6 +61,7 @@ StudentFacts ReadStudentFacts(store::Connection& main, const Student& student, c
 
 StudentFault SaveStudent(store::Transaction& transaction, Student& student, const StudentSaving& saving)
 {
+    KeepStoredNumber(transaction.On(), student, saving);
     const StudentFault fault = FaultOf(student, ReadStudentFacts(transaction.On(), student, saving));
     if (fault != StudentFault::None)
         return fault;

@@ -7,9 +7,8 @@ namespace tally {
 GridResult StudentSearchRepository::Search(const StudentFilters& filters)
 {
     SearchConditions conditions;
-    conditions.Add(QStringLiteral("upper(a.OptionalAdmissionNo) LIKE '%' || upper(?) || '%'"),
-                   filters.admissionNo);
-    conditions.Add(QStringLiteral("upper(a.StudentName) LIKE '%' || upper(?) || '%'"), filters.name);
+    conditions.Add(QStringLiteral("a.OptionalAdmissionNo LIKE '%' || ? || '%'"), filters.admissionNo);
+    conditions.Add(QStringLiteral("a.StudentName LIKE '%' || ? || '%'"), filters.name);
     conditions.Add(QStringLiteral("a.AdmissionDate >= ?"), filters.admittedFrom);
     conditions.Add(QStringLiteral("a.AdmissionDate <= ?"), filters.admittedTo);
     conditions.Add(QStringLiteral("b.StateCode = ?"), filters.stateCode);

@@ -72,7 +72,7 @@ void frmMasOptionalAdmissionNoChange::ConnectHandlers()
 
 void frmMasOptionalAdmissionNoChange::LoadLists()
 {
-    choice_->Load();
+    Read([this] { choice_->Load(); });
     const auto numbers = Fetch([] { return Repository().AllNumbers(); });
     numbers_.TakeSnapshot(numbers.value_or(CodedTexts()));
     ui_->cmdEdit->setEnabled(numbers.has_value());

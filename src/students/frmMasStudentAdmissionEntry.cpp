@@ -40,7 +40,7 @@ void frmMasStudentAdmissionEntry::ConnectHandlers()
     using Form = frmMasStudentAdmissionEntry;
     classDivision_ = new DivisionChoice(this, ui_->dbcClass, ui_->dbcDivision, DivisionChoice::Order::ByName);
     new SideButton(this, ui_->cmdAddClass, ui_->dbcClass, QStringLiteral("frmMasClassSectionEntry"),
-                   [this] { classDivision_->Refill(); });
+                   [this] { Read([this] { classDivision_->Refill(); }); });
     ui_->cmdAddClass->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_C));
     connect(ui_->dbcAdmissionNo, &DataCombo::Chosen, this, &Form::dbcAdmissionNo_Change);
     connect(ui_->cmdNew, &QPushButton::clicked, this, &Form::cmdNew_Click);
@@ -52,7 +52,7 @@ void frmMasStudentAdmissionEntry::ConnectHandlers()
     // Who went off to enter a new student comes back to place him.
     connect(this, &Screen::CameBack, this, [this] {
         if (IsNew())
-            LoadStudents();
+            Read([this] { LoadStudents(); });
     });
 }
 
@@ -60,8 +60,7 @@ void frmMasStudentAdmissionEntry::Form_Load()
 {
     SetMasterControls({ui_->Frame1, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave});
     ChooseFromList(true);
-    LoadStudents();
-    classDivision_->Load();
+    LoadLists();
 }
 
 AdmissionRepository frmMasStudentAdmissionEntry::Admissions() const
@@ -69,12 +68,18 @@ AdmissionRepository frmMasStudentAdmissionEntry::Admissions() const
     return AdmissionRepository(MainStore());
 }
 
+void frmMasStudentAdmissionEntry::LoadLists()
+{
+    Read([this] {
+        LoadStudents();
+        classDivision_->Load();
+    });
+}
+
 void frmMasStudentAdmissionEntry::LoadStudents()
 {
     const int chosen = ui_->dbcAdmissionNo->BoundCode();
-    Read([this] {
-        ui_->dbcAdmissionNo->SetListBehindBlank(Admissions().StudentsToPlace(Session().gintAcademicYearCode));
-    });
+    ui_->dbcAdmissionNo->SetListBehindBlank(Admissions().StudentsToPlace(Session().gintAcademicYearCode));
     ui_->dbcAdmissionNo->SetBoundCode(chosen);
     if (ui_->dbcAdmissionNo->BoundCode() != chosen)
         dbcAdmissionNo_Change();
@@ -82,9 +87,11 @@ void frmMasStudentAdmissionEntry::LoadStudents()
 
 void frmMasStudentAdmissionEntry::RefillLists()
 {
-    if (!IsEditing())
-        LoadStudents();
-    classDivision_->Refill();
+    Read([this] {
+        if (!IsEditing())
+            LoadStudents();
+        classDivision_->Refill();
+    });
 }
 
 void frmMasStudentAdmissionEntry::dbcAdmissionNo_Change()
@@ -107,8 +114,13 @@ bool frmMasStudentAdmissionEntry::LoadPlacement(int studentCode, bool viewOnly)
 {
     const auto found = Fetch([&] {
         const int year = Session().gintAcademicYearCode;
-        return std::tuple(StudentRepository(MainStore()).Find(studentCode),
-                          Admissions().Find(studentCode, year), Admissions().Facts(studentCode, year));
+        const auto facts =
+            std::tuple(StudentRepository(MainStore()).Find(studentCode), Admissions().Find(studentCode, year),
+                       Admissions().Facts(studentCode, year));
+        // A list that could not be read would show the placement as blank.
+        if (const auto& placement = std::get<1>(facts))
+            classDivision_->Choose(placement->classCode, placement->divisionCode);
+        return facts;
     });
     if (!found)
         return false;
@@ -121,8 +133,6 @@ bool frmMasStudentAdmissionEntry::LoadPlacement(int studentCode, bool viewOnly)
     ChooseFromList(false);
     ui_->lblAdmissionNo->setText(student->optionalAdmissionNo);
     Show(*student);
-    classDivision_->Load();
-    classDivision_->Choose(placement->classCode, placement->divisionCode);
     ui_->dbcClass->setEnabled(!KeepsClass(facts));
     ShowState(viewOnly ? MasterState::Viewing : MasterState::RowSelected);
     (viewOnly ? ui_->cmdCancel : ui_->cmdEdit)->setFocus();
@@ -166,7 +176,7 @@ void frmMasStudentAdmissionEntry::cmdNew_Click()
     ShowState(MasterState::New);
     ClearLabels();
     ChooseFromList(true);
-    LoadStudents();
+    Read([this] { LoadStudents(); });
     ui_->dbcAdmissionNo->setFocus();
 }
 
@@ -257,8 +267,7 @@ void frmMasStudentAdmissionEntry::cmdCancel_Click()
     ChooseFromList(true);
     studentCode_ = 0;
     ClearLabels();
-    LoadStudents();
-    classDivision_->Load();
+    LoadLists();
     ShowState(MasterState::Idle);
     ui_->cmdNew->setFocus();
 }

@@ -37,6 +37,8 @@ protected:
 private:
     void Form_Load();
     void ConnectHandlers();
+    void LoadLists();
+    /// Reads who has no placement yet; who was chosen stays so if he is still among them. Throws StoreError.
     void LoadStudents();
     void LoadControls();
 

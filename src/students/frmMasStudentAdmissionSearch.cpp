@@ -34,7 +34,7 @@ frmMasStudentAdmissionSearch::frmMasStudentAdmissionSearch()
     TakeOnly(ui_->txtAdmissionNo, &KeyAlphaNumeric, 15);
     TakeOnly(ui_->txtSearchStudentName, &KeyAlphaNumeric, 100);
     classDivision_ = new DivisionChoice(this, ui_->dbcClass, ui_->dbcDivision, DivisionChoice::Order::ByName);
-    classDivision_->Load();
+    Read([this] { classDivision_->Load(); });
     connect(ui_->cmdSearch, &QPushButton::clicked, this, &frmMasStudentAdmissionSearch::cmdSearch_Click);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmMasStudentAdmissionSearch::cmdCancel_Click);
     connect(ui_->dgdDetails, &DataGrid::RowDoubleClicked, this,
@@ -65,7 +65,7 @@ void frmMasStudentAdmissionSearch::cmdSearch_Click()
 void frmMasStudentAdmissionSearch::cmdCancel_Click()
 {
     SearchScreen::cmdCancel_Click();
-    classDivision_->Load();
+    Read([this] { classDivision_->Load(); });
 }
 
 void frmMasStudentAdmissionSearch::dgdDetails_DblClick(int row)

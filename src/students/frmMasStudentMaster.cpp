@@ -146,11 +146,12 @@ void frmMasStudentMaster::ShowNumbering()
     ui_->lblMandatory->setVisible(!generated);
 }
 
-StudentSaving frmMasStudentMaster::Saving()
+StudentSaving frmMasStudentMaster::Saving() const
 {
     return {.autoGenerate = Session().gblnAutoGenerate,
             .today = Session().gdtmApplicationDate,
-            .userCode = Session().gintUserCode};
+            .userCode = Session().gintUserCode,
+            .loadedOptionalNo = student_.optionalAdmissionNo};
 }
 
 bool frmMasStudentMaster::LoadData(int StudentCode)
@@ -183,22 +184,30 @@ bool frmMasStudentMaster::LoadData(int StudentCode)
 void frmMasStudentMaster::Show(const Student& student)
 {
     student_ = student;
-    ui_->txtAdmissionNumber->setText(QString::number(student.admissionNo));
+    ShowNumbers(student);
     ui_->txtAdmissionNumber->setEnabled(!student.numberGenerated);
-    ui_->txtOptionalAdmissionNo->setText(student.optionalAdmissionNo);
     ui_->txtOptionalAdmissionNo->setEnabled(true);
-    ui_->dtpAdmissiondate->setDate(student.admissionDate);
+    // A picker leaves an empty date alone, and would show that of the student before.
+    const QDate today = Session().gdtmApplicationDate;
+    for (const auto& [picker, date] : {std::pair(ui_->dtpAdmissiondate, student.admissionDate),
+                                       std::pair(ui_->dtpDOB, student.dateOfBirth)})
+        picker->setDate(date.isValid() ? date : today.isValid() ? today : QDate::currentDate());
     ui_->txtAcademicyear->setText(YearText(student.yearFrom, student.yearTo));
     ui_->txtstudentName->setText(student.name);
     ui_->txtFGName->setText(student.fatherOrGuardian);
     ui_->cboSex->setCurrentText(student.male ? Male : Female);
-    ui_->dtpDOB->setDate(student.dateOfBirth);
     ui_->txtAddress1->setText(student.address1);
     ui_->txtAddress2->setText(student.address2);
     ui_->txtPincode->setText(student.pinCode);
     ui_->txtTelephone->setText(student.telephone);
     ui_->txtEmail->setText(student.email);
     ui_->dbcBloodGroup->SetBoundCode(student.bloodGroupCode);
+}
+
+void frmMasStudentMaster::ShowNumbers(const Student& student)
+{
+    ui_->txtAdmissionNumber->setText(QString::number(student.admissionNo));
+    ui_->txtOptionalAdmissionNo->setText(student.optionalAdmissionNo);
 }
 
 Student frmMasStudentMaster::Entered() const
@@ -262,8 +271,22 @@ void frmMasStudentMaster::cmdDelete_Click()
 {
     if (!MayUse(Right::Delete) || !Prompts::Ask(QStringLiteral("Do You Want To Delete This Student ?")))
         return;
-    DeleteRow(
-        [this](store::Transaction& transaction) { StudentRepository::Delete(transaction, student_.code); });
+    bool relieved = false;
+    const bool done = WriteRow(
+        Conflict::DataIsInUse,
+        [&](store::Transaction& transaction) {
+            // Another client may have entered his leaving while he stood on the screen.
+            relieved = StudentRepository(transaction.On()).IsRelieved(student_.code);
+            if (!relieved)
+                StudentRepository::Delete(transaction, student_.code);
+        },
+        OnRefusal::Stay);
+    if (!done)
+        return;
+    AfterCommit([&] {
+        Prompts::Information(relieved ? FaultText(StudentFault::Relieved) : QStringLiteral("Record Deleted"));
+        cmdCancel_Click();
+    });
 }
 
 void frmMasStudentMaster::cmdSave_Click()
@@ -278,15 +301,22 @@ void frmMasStudentMaster::cmdSave_Click()
         OnRefusal::Refill);
     if (!written)
         return;
-    if (fault != StudentFault::None)
-        return Tell(fault);
-    // The clerk reads the numbers that the student was given while the word for the result stands.
-    ui_->txtAdmissionNumber->setText(QString::number(student.admissionNo));
-    ui_->txtOptionalAdmissionNo->setText(student.optionalAdmissionNo);
-    TellSaved();
+    // The clerk reads the numbers that are meant while the word for the result stands.
+    const bool generatedTaken =
+        fault == StudentFault::OptionalNumberTaken && !ui_->txtOptionalAdmissionNo->isEnabled();
+    if (IsEditing())
+        student.admissionNo = student_.admissionNo;
+    if (fault == StudentFault::None || generatedTaken)
+        ShowNumbers(student);
+    if (fault == StudentFault::None)
+        return TellSaved();
+    Tell(fault);
+    if (generatedTaken)
+        for (QLineEdit* number : {ui_->txtAdmissionNumber, ui_->txtOptionalAdmissionNo})
+            number->clear();
 }
 
-bool frmMasStudentMaster::IsReady(const Student& student)
+bool frmMasStudentMaster::IsReady(Student& student)
 {
     if (GenerationTookOver())
         return false;
@@ -297,7 +327,10 @@ bool frmMasStudentMaster::IsReady(const Student& student)
     if (TypesOptionalNumber(student, generate) &&
         !RequireText(QStringLiteral("Enter Optional Admission No."), ui_->txtOptionalAdmissionNo))
         return false;
-    const auto facts = Fetch([&] { return ReadStudentFacts(MainStore(), student, Saving()); });
+    const auto facts = Fetch([&] {
+        KeepStoredNumber(MainStore(), student, Saving());
+        return ReadStudentFacts(MainStore(), student, Saving());
+    });
     if (!facts)
         return false;
     const StudentFault fault = FaultOf(student, *facts);
@@ -323,7 +356,8 @@ void frmMasStudentMaster::Tell(StudentFault fault)
     case StudentFault::GenderNotSet:
     case StudentFault::NumbersUsedUp: break;
     }
-    Refuse(FaultText(fault), field);
+    // The boxes of numbers that the system gives are closed.
+    Refuse(FaultText(fault), field->isEnabled() ? field : ui_->cmdSave);
 }
 
 void frmMasStudentMaster::cmdCancel_Click()

@@ -60,12 +60,13 @@ private:
     bool OfferHolder(const Student& holder);
     /// What is wrong with the date as far as it shows by itself.
     StudentFault FaultOnEnter(const DatePicker* date);
-    bool IsReady(const Student& student);
+    bool IsReady(Student& student);
     /// Says what is wrong and takes the user there.
     void Tell(StudentFault fault);
     Student Entered() const;
     void Show(const Student& student);
-    static StudentSaving Saving();
+    StudentSaving Saving() const;
+    void ShowNumbers(const Student& student);
 
     std::unique_ptr<Ui::frmMasStudentMaster> ui_;
     PlaceChoice* places_ = nullptr;

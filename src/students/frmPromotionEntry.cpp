@@ -165,7 +165,7 @@ void frmPromotionEntry::PromoteValue()
         Prompts::Information(NoHigherClass);
         from_->TakeBackClass();
     }
-    to_->Choose(toClass, 0);
+    to_->ChooseClass(toClass);
     LoadFrom();
 }
 
@@ -196,7 +196,7 @@ bool frmPromotionEntry::FollowsClassRules()
         return true;
     Prompts::Information(fault);
     if (Kind() == PromotionKind::Promote)
-        to_->Choose(0, 0);
+        to_->ChooseClass(0);
     lists_.ShowTo({});
     ShowLists();
     ui_->cbotoclass->setFocus();
@@ -328,8 +328,10 @@ void frmPromotionEntry::cmdCancel_Click()
     ClearControls(this);
     lists_.Clear();
     years_ = {};
-    from_->Load();
-    to_->Load();
+    Read([this] {
+        from_->Load();
+        to_->Load();
+    });
     for (QLabel* label : {ui_->lblfromacademicyear, ui_->lbltoacademicyear})
         label->clear();
     ShowLists();

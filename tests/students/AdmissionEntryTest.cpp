@@ -251,6 +251,7 @@ TEST_F(AdmissionEntry, WhoHasASecondYearKeepsHisClass)
     Choose("dbcDivision", QStringLiteral("B"));
     Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(Placements(Main()), "1/1 IV-A N 1; 1/2 V-B Y 3");
+    Press(Button("cmdNew"));
     EXPECT_TRUE(List("dbcClass")->isEnabled()) << "Cancel's steps free it";
 }
 
@@ -515,6 +516,36 @@ TEST_F(AdmissionEntry, EachUnderlinedLetterLeadsToOneControl)
 {
     OpenEntry();
     ExpectOneControlALetter(form);
+}
+
+TEST_F(AdmissionEntry, APlacementWhoseListsCannotBeReadIsNotShownAsBlank)
+{
+    GivenPlacement(1);
+    for (const char* table : {"ClassDivisionMaster", "ClassDivisionDetails"}) {
+        OpenEntry();
+        Main().Execute(QStringLiteral("ALTER TABLE %1 RENAME TO Away").arg(QLatin1String(table)));
+        prompts.ExpectCritical(NoSuchTable(table));
+        EXPECT_FALSE(qobject_cast<frmMasStudentAdmissionEntry*>(form)->LoadPlacement(1, false));
+        EXPECT_EQ(Enabled(), Idle);
+        Main().Execute(QStringLiteral("ALTER TABLE Away RENAME TO %1").arg(QLatin1String(table)));
+        form->Unload();
+        Settle();
+    }
+}
+
+TEST_F(AdmissionEntry, WhatIsChosenStaysWhereTheListsCannotBeReadAnew)
+{
+    StartNew();
+    ChooseDivision("V", "B");
+    Press(Button("cmdAddClass"));
+    ASSERT_TRUE(IsOpen("frmMasClassSectionEntry"));
+    Given("ALTER TABLE ClassDivisionDetails RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("ClassDivisionDetails"));
+    ScreenRegistry::OpenInstance(QStringLiteral("frmMasClassSectionEntry"))->Unload();
+    Settle();
+    prompts.Verify();
+    EXPECT_EQ(Chosen("dbcClass") + Chosen("dbcDivision"), "VB");
+    Given("ALTER TABLE Away RENAME TO ClassDivisionDetails");
 }
 
 } // namespace

@@ -143,7 +143,7 @@ TEST_F(AdmissionRepositoryTest, ASearchListsThePlacementsOfTheYearByClassDivisio
               "Student Name|StudentCode|Admission No|Class Name|Division Name|Class Code|ClassOrder|"
               "AcademicYearCode");
     AddNeighbours(main);
-    EXPECT_EQ(admissions.Search(1002, {}).rows.size(), 4U);
+    EXPECT_EQ(admissions.Search(10002, {}).rows.size(), 4U);
 }
 
 TEST_F(AdmissionRepositoryTest, EachFilterNarrowsTheSearchAndNamesAndNumbersMatchInAnyCase)

@@ -22,6 +22,7 @@ TEST_F(StudentChecksTest, WhatIsMissingOrWrongIsToldInTheOfficesOrder)
                            false);
     Type(Box("txtAdmissionNumber"), QStringLiteral("104"));
     Box("txtFGName")->setFocus();
+    Settle();
     Type(Box("txtAdmissionNumber"), QStringLiteral("7"));
     Type(Box("txtOptionalAdmissionNo"), QStringLiteral("  "));
     ExpectRefusal(QStringLiteral("Enter Optional Admission No."), "txtOptionalAdmissionNo");
@@ -134,7 +135,7 @@ TEST_F(StudentChecksTest, ANumberThatAnotherClientTookMeanwhileIsSaidToExist)
     EXPECT_EQ(TextOf("txtstudentName"), "Anu");
     Retype("txtAdmissionNumber", "102");
     Retype("txtOptionalAdmissionNo", "a104");
-    ExpectRefusal(QStringLiteral("Admission No. Already Exists"), "txtAdmissionNumber");
+    ExpectRefusal(QStringLiteral("Optional Admission No. Already Exists"), "txtOptionalAdmissionNo");
 }
 
 TEST_F(StudentChecksTest, WhoWasRelievedWhileHisFormWasOpenIsNotChanged)
@@ -245,6 +246,71 @@ TEST_F(StudentChecksTest, AFaultInReadingBackWhatIsSavedSaysThatItIsSaved)
     EXPECT_TRUE(told.at(1).startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.")));
     EXPECT_TRUE(Count("SELECT count(*) FROM StudentMaster WHERE StudentCode = 1"));
     ExpectIdle();
+}
+
+TEST_F(StudentChecksTest, ASaveThatOnlyALockRefusedReadsNothingAnew)
+{
+    StartNew();
+    FillMandatory();
+    Session().gcnnMain->SetPatience(std::chrono::milliseconds(20));
+    const auto other = AnotherClient();
+    other->Begin();
+    std::uint64_t statements = 0;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+        EXPECT_EQ(text, HeldByAnotherClient);
+        statements = Session().gcnnMain->StatementsRun();
+        return true;
+    });
+    Press(Button("cmdSave"));
+    EXPECT_GT(statements, 0U);
+    EXPECT_EQ(Session().gcnnMain->StatementsRun(), statements) << "what cannot be read would be told again";
+}
+
+TEST_F(StudentChecksTest, WhoWasRelievedWhileHeStoodOnTheScreenIsNotDeleted)
+{
+    GivenStudent(StudentNamed(4, "Anu"));
+    OpenMaster();
+    ASSERT_TRUE(form->LoadData(4));
+    Relieve(*AnotherClient(), 4);
+    const std::string before = Stored(4);
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Delete This Student ?"), true);
+    prompts.ExpectInformation(QStringLiteral("Student Is Already Relieved"));
+    Press(Button("cmdDelete"));
+    prompts.Verify();
+    EXPECT_EQ(Stored(4), before);
+    ExpectIdle();
+}
+
+TEST_F(StudentChecksTest, AStudentWhoseListsCannotBeReadIsNotShownAsBlank)
+{
+    GivenStudent(StudentNamed(4, "Anu"));
+    for (const char* table : {"BloodGroupMaster", "CityMaster", "StateMaster"}) {
+        OpenMaster();
+        store::Connection& main = *Session().gcnnMain;
+        main.Execute(QStringLiteral("ALTER TABLE %1 RENAME TO Away").arg(QLatin1String(table)));
+        prompts.ExpectCritical(NoSuchTable(table));
+        EXPECT_FALSE(form->LoadData(4)) << table;
+        ExpectIdle();
+        EXPECT_EQ(TextOf("txtstudentName"), "");
+        main.Execute(QStringLiteral("ALTER TABLE Away RENAME TO %1").arg(QLatin1String(table)));
+        form->Unload();
+        Settle();
+    }
+}
+
+TEST_F(StudentChecksTest, AStudentWithoutDatesDoesNotGetThoseOfTheOneBefore)
+{
+    Student anu = StudentNamed(4, "Anu");
+    anu.dateOfBirth = QDate(2012, 3, 4);
+    GivenStudent(anu);
+    GivenStudent(StudentNamed(5, "Binu"));
+    Given("UPDATE StudentMaster SET DOB = NULL, AdmissionDate = NULL WHERE StudentCode = 5");
+    OpenMaster();
+    ASSERT_TRUE(form->LoadData(4));
+    EXPECT_EQ(Date("dtpDOB")->date(), QDate(2012, 3, 4));
+    ASSERT_TRUE(form->LoadData(5));
+    EXPECT_EQ(Date("dtpDOB")->date(), WorkingDate);
+    EXPECT_EQ(Date("dtpAdmissiondate")->date(), WorkingDate);
 }
 
 } // namespace

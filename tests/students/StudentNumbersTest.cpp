@@ -242,5 +242,64 @@ TEST_F(StudentNumbersTest, WhenGenerationIsSwitchedOffInOptionsTheBoxesOpenOnRet
     EXPECT_EQ(TextOf("txtstudentName"), "Anu");
 }
 
+TEST_F(StudentNumbersTest, TheStoredNumberStandsInTheBoxWhileTheWordForAnEditStands)
+{
+    GivenStudent(StudentNamed(4, "Anu"));
+    StartEdit(4);
+    Retype("txtAdmissionNumber", "999");
+    std::string shown;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString&) {
+        shown = TextOf("txtAdmissionNumber");
+        return true;
+    });
+    Press(Button("cmdSave"));
+    EXPECT_EQ(shown, "104");
+}
+
+TEST_F(StudentNumbersTest, AGeneratedNumberThatAnotherStudentHasAsHisOptionalOneIsShownAndTold)
+{
+    Student other = StudentNamed(4, "Anu");
+    other.optionalAdmissionNo = QStringLiteral("105");
+    GivenStudent(other);
+    StartGenerated("Binu");
+    std::string shown;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+        shown = TextOf("txtOptionalAdmissionNo") + ": " + text.toStdString();
+        return true;
+    });
+    Press(Button("cmdSave"));
+    EXPECT_EQ(shown, "105: Optional Admission No. Already Exists");
+    EXPECT_EQ(TextOf("txtAdmissionNumber") + TextOf("txtOptionalAdmissionNo"), "");
+    EXPECT_EQ(TextOf("txtstudentName"), "Binu");
+    EXPECT_TRUE(HasFocus("cmdSave"));
+}
+
+TEST_F(StudentNumbersTest, AnOptionalNumberThatWasChangedMeanwhileIsNotUndoneByAnEditOfSomethingElse)
+{
+    GivenStudent(StudentNamed(4, "Anu"));
+    GivenStudent(StudentNamed(5, "Binu"));
+    StartEdit(4);
+    Retype("txtstudentName", "Anu K.");
+    const auto division = AnotherClient();
+    division->Execute(
+        QStringLiteral("UPDATE StudentMaster SET OptionalAdmissionNo = 'N1' WHERE StudentCode = 4"));
+    division->Execute(
+        QStringLiteral("UPDATE StudentMaster SET OptionalAdmissionNo = 'A104' WHERE StudentCode = 5"));
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Found(4)->optionalAdmissionNo.toStdString(), "N1");
+    EXPECT_EQ(Found(4)->name.toStdString(), "Anu K.");
+}
+
+TEST_F(StudentNumbersTest, AnOptionalNumberThatTheClerkTypesIsStoredWhateverItWasMeanwhile)
+{
+    GivenStudent(StudentNamed(4, "Anu"));
+    StartEdit(4);
+    Retype("txtOptionalAdmissionNo", "B7");
+    AnotherClient()->Execute(
+        QStringLiteral("UPDATE StudentMaster SET OptionalAdmissionNo = 'N1' WHERE StudentCode = 4"));
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Found(4)->optionalAdmissionNo.toStdString(), "B7");
+}
+
 } // namespace
 } // namespace tally::test

@@ -49,11 +49,11 @@ void Copy(store::Connection& store, const char* table, const QStringList& change
 
 /// The marks of all students in all subjects, and their totals, whether they are entered or not.
 const QString PossibleMarks = QStringLiteral(
-    "(SELECT a.AcademicYearCode, a.StudentCode, e.ExamCode, a.ClassCode, a.DivisionCode, s.SubjectCode, 77 "
-    "AS "
-    "Mark, 'P' AS LeaveOrPresent, 0 AS TeacherCode, 0 AS UserCode FROM StudentClassDivision a, ExamMaster e, "
-    "ClassSubjectTeacher s WHERE s.AcademicYearCode = a.AcademicYearCode AND s.ClassCode = a.ClassCode AND "
-    "s.DivisionCode = a.DivisionCode)");
+    "(SELECT a.AcademicYearCode, a.StudentCode, e.ExamCode, a.ClassCode, a.DivisionCode, s.SubjectCode,"
+    " 77 AS Mark, 'P' AS LeaveOrPresent, 0 AS TeacherCode, 0 AS UserCode"
+    " FROM StudentClassDivision a, ExamMaster e, ClassSubjectTeacher s"
+    " WHERE s.AcademicYearCode = a.AcademicYearCode AND s.ClassCode = a.ClassCode"
+    " AND s.DivisionCode = a.DivisionCode)");
 const QString PossibleTotals = QStringLiteral(
     "(SELECT a.StudentCode, a.AcademicYearCode, e.ExamCode, a.ClassCode, a.DivisionCode, 77 AS Total, 77 AS "
     "Average, 7 AS Rank, 'N' AS Grade FROM StudentClassDivision a, ExamMaster e)");

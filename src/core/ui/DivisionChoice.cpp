@@ -10,29 +10,30 @@ namespace tally {
 DivisionChoice::DivisionChoice(Screen* screen, DataCombo* classes, DataCombo* divisions, Order order)
     : QObject(screen), screen_(screen), classes_(classes), divisions_(divisions), order_(order)
 {
-    connect(classes, &DataCombo::Chosen, this, &DivisionChoice::LoadDivisions);
-}
-
-void DivisionChoice::Load()
-{
     classes_->SetListBehindBlank({});
     divisions_->SetListBehindBlank({});
-    screen_->Read([this] { classes_->SetListBehindBlank(SchoolListRepository(MainStore()).Classes()); });
+    connect(classes, &DataCombo::Chosen, this, &DivisionChoice::LoadDivisions);
 }
 
 void DivisionChoice::Refill()
 {
-    const int classCode = classes_->BoundCode();
-    const int divisionCode = divisions_->BoundCode();
-    Load();
-    Choose(classCode, divisionCode);
+    Choose(classes_->BoundCode(), divisions_->BoundCode());
 }
 
 void DivisionChoice::Choose(int classCode, int divisionCode)
 {
+    const CodedTexts classes = SchoolListRepository(MainStore()).Classes();
+    const CodedTexts divisions = DivisionsOf(classCode);
+    classes_->SetListBehindBlank(classes);
+    classes_->SetBoundCode(classCode);
+    divisions_->SetListBehindBlank(divisions);
+    divisions_->SetBoundCode(divisionCode);
+}
+
+void DivisionChoice::ChooseClass(int classCode)
+{
     classes_->SetBoundCode(classCode);
     LoadDivisions();
-    divisions_->SetBoundCode(divisionCode);
 }
 
 void DivisionChoice::TakeBackClass()
@@ -41,17 +42,19 @@ void DivisionChoice::TakeBackClass()
     LoadDivisions();
 }
 
+CodedTexts DivisionChoice::DivisionsOf(int classCode) const
+{
+    if (classCode == 0)
+        return {};
+    SchoolListRepository lists(MainStore());
+    return order_ == Order::ByName ? lists.DivisionsByName(classCode) : lists.DivisionsByCode(classCode);
+}
+
 void DivisionChoice::LoadDivisions()
 {
+    // Those of the class before are none of this one, also where its own cannot be read.
     divisions_->SetListBehindBlank({});
-    const int classCode = classes_->BoundCode();
-    if (classCode == 0)
-        return;
-    screen_->Read([&] {
-        SchoolListRepository lists(MainStore());
-        divisions_->SetListBehindBlank(order_ == Order::ByName ? lists.DivisionsByName(classCode)
-                                                               : lists.DivisionsByCode(classCode));
-    });
+    screen_->Read([this] { divisions_->SetListBehindBlank(DivisionsOf(classes_->BoundCode())); });
 }
 
 } // namespace tally

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/CodedTexts.h"
+
 #include <QObject>
 
 namespace tally {
@@ -23,17 +25,20 @@ public:
     /// screen.
     DivisionChoice(Screen* screen, DataCombo* classes, DataCombo* divisions, Order order);
 
-    /// Reads the classes; nothing is chosen then, and no division offered. What cannot be read is told and
-    /// left out.
-    void Load();
-    /// The same, and keeps what is chosen as far as it still exists.
+    /// Reads the classes; nothing is chosen then, and no division offered. Throws StoreError as Choose does.
+    void Load() { Choose(0, 0); }
+    /// Reads both lists, and keeps what is chosen as far as it still exists. Throws StoreError as Choose does.
     void Refill();
-    /// Chooses among what is listed. 0 chooses nothing.
+    /// Reads both lists and chooses in them. 0 chooses nothing. Throws StoreError; then both stay as they are.
     void Choose(int classCode, int divisionCode);
+    /// Chooses a class among those listed and offers its divisions; 0 chooses none. Divisions that cannot be
+    /// read are told and left out.
+    void ChooseClass(int classCode);
     /// Takes back the choice of a class that was refused, as DataCombo::TakeBack says.
     void TakeBackClass();
 
 private:
+    CodedTexts DivisionsOf(int classCode) const;
     void LoadDivisions();
 
     Screen* screen_;

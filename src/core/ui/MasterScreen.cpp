@@ -25,7 +25,7 @@ bool MasterScreen::WriteRow(Conflict conflict, const Work& work, OnRefusal next)
     // A file that another client holds is free again in a moment, and what has been typed can then be saved.
     if (next == OnRefusal::StartAnew && error->IsConflict())
         cmdCancel_Click();
-    else if (next == OnRefusal::Refill)
+    else if (next == OnRefusal::Refill && error->IsConflict())
         RefillLists();
     return false;
 }

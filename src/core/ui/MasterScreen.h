@@ -21,7 +21,7 @@ protected:
     {
         Stay,      ///< what was typed stays, for a second try
         StartAnew, ///< Cancel's steps where other rows stand against it for good; else what was typed stays
-        Refill,    ///< what was typed stays; the lists are read anew, as a row they offer may have gone
+        Refill,    ///< what was typed stays; where other rows stand against it, the lists are read anew
     };
 
     /// Cancel's steps: the screen as it was when it opened, with its lists read anew.

@@ -1,6 +1,7 @@
 #include "core/ui/controls/DetailLabel.h"
 
 #include <QHelpEvent>
+#include <QTest>
 #include <QToolTip>
 
 #include <gtest/gtest.h>
@@ -21,6 +22,7 @@ protected:
     std::string ToolTip()
     {
         QToolTip::hideText();
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
         QHelpEvent ask(QEvent::ToolTip, QPoint(1, 1), label.mapToGlobal(QPoint(1, 1)));
         QCoreApplication::sendEvent(&label, &ask);
         return QToolTip::text().toStdString();

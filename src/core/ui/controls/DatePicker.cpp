@@ -42,7 +42,20 @@ void DatePicker::keyPressEvent(QKeyEvent* event)
         ShowFieldHint(this, QStringLiteral("The Arrow Keys And The Calendar Move This Date"));
     else
         HideFieldHint(this);
+    const bool inDay = currentSection() == DaySection;
     QDateEdit::keyPressEvent(event);
+    if (inDay)
+        typedDay_ = sign ? sectionText(DaySection).toInt() : 0;
+    else if (sign)
+        RestoreTypedDay();
+}
+
+void DatePicker::RestoreTypedDay()
+{
+    // The toolkit takes a 29th of February for a 28th before a leap year follows.
+    const QDate shown = locale().toDate(text(), displayFormat());
+    if (shown.isValid() && shown.day() < typedDay_ && QDate::isValid(shown.year(), shown.month(), typedDay_))
+        setDate(QDate(shown.year(), shown.month(), typedDay_));
 }
 
 void DatePicker::showEvent(QShowEvent* event)
@@ -59,6 +72,7 @@ bool DatePicker::focusNextPrevChild(bool next)
 
 void DatePicker::focusOutEvent(QFocusEvent* event)
 {
+    typedDay_ = 0;
     if (event->reason() != Qt::ActiveWindowFocusReason || !lineEdit()->isModified()) {
         QDateEdit::focusOutEvent(event);
         return;

@@ -26,6 +26,12 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
+
+private:
+    /// Brings back the day that was typed before its month and its year, where they have that day.
+    void RestoreTypedDay();
+
+    int typedDay_ = 0; ///< of the date being typed; 0 for none
 };
 
 } // namespace tally
