@@ -1,6 +1,7 @@
 #include "bench/MasterScreensSchool.h"
 
 #include "bench/BenchSchool.h"
+#include "students/Placement.h"
 #include "tools/DeliveredDatabases.h"
 #include "tools/SampleSchool.h"
 
@@ -74,15 +75,9 @@ int AddStudents(store::Transaction& transaction)
     return first;
 }
 
-/// Where a student sits in the active year.
-struct Seat
-{
-    int classCode;
-    int divisionCode;
-};
-
-/// The first few fill the small division, and the others the full ones from the highest class on.
-Seat SeatOf(int numberOfStudent)
+/// Where a student sits in the active year. The first few fill the small division, and the others the full
+/// ones from the highest class on.
+Placement SeatOf(int numberOfStudent)
 {
     using School = MasterScreensSchool;
     if (numberOfStudent < School::StudentsOfSmallDivision)
@@ -117,7 +112,7 @@ void AddHistory(store::Transaction& transaction, int firstStudent)
     auto admit = transaction.Prepare(
         QStringLiteral("UPDATE StudentMaster SET AcademicYearCode = ? WHERE StudentCode = ?"));
     for (int student = firstStudent; student <= MasterScreensSchool::Students; ++student) {
-        const Seat seat = SeatOf(student - firstStudent);
+        const Placement seat = SeatOf(student - firstStudent);
         int classCode = seat.classCode;
         int admitted = 0;
         for (const int yearCode : YearsBackwards) {
