@@ -33,7 +33,7 @@ void SetOptions(Tour& tour, QWidget* window)
     tour.Press(Qt::Key_Home);
     tour.Picture(QStringLiteral("the options for new students"), QStringLiteral("student-options.png"),
                  window);
-    Save(tour, "Options Saved");
+    Save(tour, "Settings Saved");
     LeaveScreen(tour, "frmUtilOptions", caption);
 }
 
@@ -95,6 +95,7 @@ void Search(Tour& tour, const Screen* screen)
     const auto* found = screen->findChild<DataGrid*>(QStringLiteral("dgdDetails"));
     tour.Await(QStringLiteral("what the search finds"), [&] { return found->model()->rowCount() > 0; });
     tour.TabTo(QStringLiteral("dgdDetails"));
+    tour.Press(Qt::Key_Down);
 }
 
 void FindStudent(Tour& tour, QWidget* window)
@@ -157,6 +158,7 @@ void AddNextYear(Tour& tour)
     const QString caption = OpenScreen(tour, Qt::Key_M, "frmMasAcademicYearSetup")->windowTitle();
     tour.Press(Qt::Key_N, Qt::AltModifier);
     tour.Fill(QStringLiteral("2026"));
+    tour.ChooseNext(2);
     Save(tour, "Academic Year Saved");
     tour.Done(QStringLiteral("the next academic year is entered"));
     LeaveScreen(tour, "frmMasAcademicYearSetup", caption);
@@ -223,8 +225,8 @@ void TakeOneBack(Tour& tour, QWidget* window)
 
 void Promote(Tour& tour, QWidget* window)
 {
-    const Screen* screen = OpenScreen(tour, Qt::Key_T, "frmPromotionEntry");
-    const QString caption = screen->windowTitle();
+    tour.ChooseFromMenu(Qt::Key_T, QStringLiteral("mnufrmpromotionentry"));
+    const QString caption = AwaitScreen(tour, QStringLiteral("frmPromotionEntry"))->windowTitle();
     PromoteTwo(tour, window);
     DetainOne(tour, window);
     TakeOneBack(tour, window);
@@ -233,7 +235,7 @@ void Promote(Tour& tour, QWidget* window)
 
 void ChangeYear(Tour& tour, QWidget* window)
 {
-    const QString caption = OpenScreen(tour, Qt::Key_U, "frmMasAcademicYearChange")->windowTitle();
+    const QString caption = OpenScreen(tour, Qt::Key_M, "frmMasAcademicYearChange")->windowTitle();
     tour.TabTo(QStringLiteral("txtAcademicYearFrom"));
     tour.Type(QStringLiteral("2026"));
     Save(tour, "Academic Year Changed");
