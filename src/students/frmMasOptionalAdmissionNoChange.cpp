@@ -72,8 +72,10 @@ void frmMasOptionalAdmissionNoChange::ConnectHandlers()
 
 void frmMasOptionalAdmissionNoChange::LoadLists()
 {
-    Read([this] { choice_->Load(); });
-    const auto numbers = Fetch([] { return Repository().AllNumbers(); });
+    const auto numbers = Fetch([this] {
+        choice_->Load();
+        return Repository().AllNumbers();
+    });
     numbers_.TakeSnapshot(numbers.value_or(CodedTexts()));
     ui_->cmdEdit->setEnabled(numbers.has_value());
 }

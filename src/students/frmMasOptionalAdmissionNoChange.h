@@ -42,7 +42,7 @@ private:
     void ShowRows();
     /// Tells what the step has to tell and goes where it leads.
     void Take(const NumberStep& step);
-    /// Lists and snapshot anew. Without the snapshot nothing can be edited, only tried again.
+    /// Lists and snapshot anew. Without them nothing can be edited, only tried again.
     void LoadLists();
 
     std::unique_ptr<Ui::frmMasOptionalAdmissionNoChange> ui_;

@@ -364,6 +364,31 @@ TEST_F(NumberChange, WithoutTheNumbersOfTheSchoolNothingCanBeEditedUntilTheyAreR
     ExpectIdle();
 }
 
+TEST_F(NumberChange, WithoutTheClassesNothingCanBeEditedUntilTheyAreRead)
+{
+    Given("ALTER TABLE ClassDivisionMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("ClassDivisionMaster"));
+    OpenForm();
+    prompts.Verify();
+    EXPECT_FALSE(IsEnabled("cmdEdit"));
+    Given("ALTER TABLE Away RENAME TO ClassDivisionMaster");
+    Press(Button("cmdCancel"));
+    ExpectIdle();
+    EXPECT_EQ(List("dbcClass")->count(), 4) << "three classes behind a blank line";
+}
+
+TEST_F(NumberChange, AStoreThatCannotBeReadIsToldOnce)
+{
+    ListNineA();
+    Given("ALTER TABLE ClassDivisionMaster RENAME TO Away");
+    Given("ALTER TABLE StudentMaster RENAME TO Gone");
+    prompts.ExpectCritical(NoSuchTable("ClassDivisionMaster"));
+    Press(Button("cmdCancel"));
+    prompts.Verify();
+    EXPECT_FALSE(IsEnabled("cmdEdit"));
+    EXPECT_TRUE(List("dbcClass")->IsBlank());
+}
+
 TEST_F(NumberChange, AListThatCannotBeReadIsToldAndItsDivisionIsNotChosen)
 {
     StartEdit();
