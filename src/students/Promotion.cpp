@@ -7,12 +7,12 @@ namespace tally {
 
 namespace {
 
-/// The place in the list; -1 when the class is not in it.
-std::ptrdiff_t PositionOf(const CodedTexts& classes, int classCode)
+/// The place in the list; -1 when the code is not in it.
+std::ptrdiff_t PositionOf(const CodedTexts& list, int code)
 {
-    const auto found = std::find_if(classes.begin(), classes.end(),
-                                    [classCode](const auto& entry) { return entry.first == classCode; });
-    return found == classes.end() ? -1 : found - classes.begin();
+    const auto found =
+        std::find_if(list.begin(), list.end(), [code](const auto& entry) { return entry.first == code; });
+    return found == list.end() ? -1 : found - list.begin();
 }
 
 bool Contains(const std::vector<PromotionStudent>& students, int studentCode)
@@ -31,6 +31,15 @@ PromotionFault ChangedMeanwhile(const PromotionStudent& student)
 {
     return Meanwhile(QStringLiteral("The Class-Division Of '%1' Was Changed").arg(student.name));
 }
+
+/// Of a student who was carried on from the next year, or taken back into it.
+PromotionFault CarriedOnMeanwhile(const PromotionStudent& student)
+{
+    return Meanwhile(QStringLiteral("The Promote/Detain Entry Of '%1' In The Next Academic Year Was Changed")
+                         .arg(student.name));
+}
+
+const QString Relieved = QStringLiteral("Promotion Cannot Be Done To The Relieved Student(s)");
 
 /// Looks a student up in what is stored.
 class Stored
@@ -58,25 +67,42 @@ std::optional<PromotionFault> FaultOfListed(const PromotionPlan& plan, const Pro
                                             const PromotionStudent& stored)
 {
     if (Contains(plan.before, seen.studentCode)) {
-        if (stored.next != plan.target || stored.carriedOn != seen.carriedOn)
+        if (stored.next != plan.target)
             return ChangedMeanwhile(seen);
-        return {};
+    } else {
+        if (stored.next.IsComplete())
+            return PromotionFault{AlreadyCarried(stored), true};
+        if (stored.current != seen.current)
+            return ChangedMeanwhile(seen);
     }
-    if (stored.next.IsComplete())
-        return PromotionFault{AlreadyCarried(stored), true};
-    if (stored.current != seen.current)
-        return ChangedMeanwhile(seen);
+    if (stored.carriedOn != seen.carriedOn)
+        return CarriedOnMeanwhile(seen);
     return {};
 }
 
 std::optional<PromotionFault> FaultOfTakenBack(const PromotionPlan& plan, const PromotionStudent& seen,
                                                const PromotionStudent& stored)
 {
-    if (stored.relieved || !stored.current.IsComplete() || stored.next != plan.target)
+    if (stored.relieved)
+        return PromotionFault{Relieved, true};
+    if (!stored.current.IsComplete() || stored.next != plan.target)
         return ChangedMeanwhile(seen);
     if (const QString refusal = TakeBackRefusal(stored); !refusal.isEmpty())
         return PromotionFault{refusal, true};
     return {};
+}
+
+/// Of the years and the class-divisions between which students are carried.
+std::optional<PromotionFault> FaultOfPlaces(const PromotionPlan& plan, const PromotionFacts& stored)
+{
+    if (stored.years != plan.years)
+        return Meanwhile(QStringLiteral("The Academic Year Setup Was Changed"));
+    if (PositionOf(stored.classes, plan.fromClass) < 0)
+        return Meanwhile(QStringLiteral("The Class On The 'From' Side Was Deleted"));
+    if (PositionOf(stored.divisions, plan.target.divisionCode) < 0)
+        return Meanwhile(QStringLiteral("The Class-Division On The 'To' Side Was Deleted"));
+    const QString fault = ClassFault(stored.classes, plan.kind, plan.fromClass, plan.target.classCode);
+    return fault.isEmpty() ? std::nullopt : std::optional(PromotionFault{fault, true});
 }
 
 } // namespace
@@ -125,26 +151,26 @@ std::vector<int> PromotionPlan::Students() const
     return codes;
 }
 
-std::optional<PromotionFault> FindFault(const PromotionPlan& plan,
-                                        const std::vector<PromotionStudent>& students,
-                                        const std::vector<PromotionStudent>& target)
+std::optional<PromotionFault> FindFault(const PromotionPlan& plan, const PromotionFacts& stored)
 {
-    const Stored stored(students);
+    if (auto fault = FaultOfPlaces(plan, stored))
+        return fault;
+    const Stored students(stored.students);
     for (const PromotionStudent& seen : plan.listed)
-        if (stored.Of(seen).relieved)
-            return PromotionFault{QStringLiteral("Promotion Cannot Be Done To The Relieved Student(s)")};
+        if (students.Of(seen).relieved)
+            return PromotionFault{Relieved};
     for (const PromotionStudent& seen : plan.listed)
-        if (!stored.Of(seen).current.IsComplete())
+        if (!students.Of(seen).current.IsComplete())
             return PromotionFault{QStringLiteral("'Student Admission Entry' Not Exists For The Student ") +
                                   seen.name};
     for (const PromotionStudent& seen : plan.listed)
-        if (auto fault = FaultOfListed(plan, seen, stored.Of(seen)))
+        if (auto fault = FaultOfListed(plan, seen, students.Of(seen)))
             return fault;
     for (const PromotionStudent& seen : plan.takenBack)
-        if (auto fault = FaultOfTakenBack(plan, seen, stored.Of(seen)))
+        if (auto fault = FaultOfTakenBack(plan, seen, students.Of(seen)))
             return fault;
     // The save replaces the whole class-division, so whoever came into it would be lost unseen.
-    for (const PromotionStudent& student : target)
+    for (const PromotionStudent& student : stored.target)
         if (!Contains(plan.before, student.studentCode))
             return Meanwhile(QStringLiteral("'%1' Was Placed In %2").arg(student.name, student.nextPlace));
     return {};

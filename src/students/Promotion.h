@@ -23,10 +23,12 @@ enum class PromotionKind : std::uint8_t
 struct PromotionYears
 {
     int current = 0;
-    int next = 0;      ///< the one that students are carried into
-    int following = 0; ///< the one behind that
-    QString currentName;
-    QString nextName; ///< as it has to be, also where there is no such year
+    int next = 0;        ///< the one that students are carried into
+    int following = 0;   ///< the one behind that
+    QString currentName; ///< empty where there is no row for that year
+    QString nextName;    ///< as it has to be, also where there is no such year
+
+    bool operator==(const PromotionYears&) const = default;
 };
 
 /// A student as he is placed in the two years.
@@ -77,10 +79,17 @@ struct PromotionFault
     bool startAnew = false; ///< another client has changed what the lists show
 };
 
-/// Whether a plan still fits what is stored: `students` are those of the plan, as far as there are any, and
-/// `target` those in its class-division, relieved ones left out.
-std::optional<PromotionFault> FindFault(const PromotionPlan& plan,
-                                        const std::vector<PromotionStudent>& students,
-                                        const std::vector<PromotionStudent>& target);
+/// What is stored where a plan has to fit in.
+struct PromotionFacts
+{
+    PromotionYears years;
+    CodedTexts classes;                     ///< from the highest on
+    CodedTexts divisions;                   ///< of the class that students are carried into
+    std::vector<PromotionStudent> students; ///< those of the plan, as far as there are any, relieved ones too
+    std::vector<PromotionStudent> target;   ///< in its class-division, relieved ones left out
+};
+
+/// Why a plan does not fit what is stored.
+std::optional<PromotionFault> FindFault(const PromotionPlan& plan, const PromotionFacts& stored);
 
 } // namespace tally

@@ -61,7 +61,7 @@ std::vector<ListItem> PromotionLists::FromItems() const
     std::vector<ListItem> items;
     items.reserve(from_.size());
     for (const PromotionStudent& student : from_) {
-        const bool carried = student.next.IsComplete() && !IsTakenBack(student.studentCode);
+        const bool carried = IsCarried(student);
         items.push_back({student.studentCode, Line(carried ? "#   " : "    ", student),
                          carried ? AlreadyCarried(student) : QString()});
     }
@@ -85,7 +85,7 @@ void PromotionLists::Move(const std::vector<int>& studentCodes)
 {
     for (const int code : studentCodes) {
         const auto student = Find(from_, code);
-        if (student == from_.end())
+        if (student == from_.end() || IsCarried(*student))
             continue;
         to_.push_back(*student);
         from_.erase(student);
@@ -119,6 +119,11 @@ PromotionPlan PromotionLists::Plan() const
     std::copy_if(before_.begin(), before_.end(), std::back_inserter(plan.takenBack),
                  [this](const PromotionStudent& student) { return IsTakenBack(student.studentCode); });
     return plan;
+}
+
+bool PromotionLists::IsCarried(const PromotionStudent& student) const
+{
+    return student.next.IsComplete() && !IsTakenBack(student.studentCode);
 }
 
 bool PromotionLists::IsMoved(int studentCode) const

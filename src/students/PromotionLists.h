@@ -24,7 +24,7 @@ public:
     std::vector<ListItem> ToItems() const;
     const std::vector<PromotionStudent>& Listed() const { return to_; }
 
-    /// From the current year into the next one.
+    /// From the current year into the next one. Whoever is carried on already stays.
     void Move(const std::vector<int>& studentCodes);
     /// From the next year back into `from`, whose list is shown. False where somebody came from another
     /// class-division; he stays.
@@ -34,6 +34,8 @@ public:
     PromotionPlan Plan() const;
 
 private:
+    /// The next year holds the student, as far as it is stored and not taken back.
+    bool IsCarried(const PromotionStudent& student) const;
     bool IsMoved(int studentCode) const;
     bool IsTakenBack(int studentCode) const;
 

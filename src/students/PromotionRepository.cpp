@@ -117,6 +117,18 @@ std::vector<PromotionStudent> PromotionRepository::Find(const PromotionYears& ye
     return students;
 }
 
+PromotionFacts PromotionRepository::Facts(const PromotionPlan& plan)
+{
+    SchoolListRepository lists(main_);
+    return {
+        .years = Years(plan.years.current),
+        .classes = lists.Classes(),
+        .divisions = lists.DivisionsByCode(plan.target.classCode),
+        .students = Find(plan.years, plan.Students()),
+        .target = ToStudents(plan.years, plan.target),
+    };
+}
+
 void PromotionRepository::Store(store::Transaction& transaction, const PromotionPlan& plan, int userCode)
 {
     transaction.Execute(
@@ -142,14 +154,7 @@ void PromotionRepository::Store(store::Transaction& transaction, const Promotion
 std::optional<PromotionFault> SavePromotion(store::Transaction& transaction, const PromotionPlan& plan,
                                             int userCode)
 {
-    store::Connection& main = transaction.On();
-    PromotionRepository repository(main);
-    const QString classFault =
-        ClassFault(SchoolListRepository(main).Classes(), plan.kind, plan.fromClass, plan.target.classCode);
-    if (!classFault.isEmpty())
-        return PromotionFault{classFault, true};
-    if (auto fault = FindFault(plan, repository.Find(plan.years, plan.Students()),
-                               repository.ToStudents(plan.years, plan.target)))
+    if (auto fault = FindFault(plan, PromotionRepository(transaction.On()).Facts(plan)))
         return fault;
     PromotionRepository::Store(transaction, plan, userCode);
     return {};

@@ -19,9 +19,9 @@ public:
     std::vector<PromotionStudent> ToStudents(const PromotionYears& years, const Placement& to);
     /// Those that there are, relieved ones too.
     std::vector<PromotionStudent> Find(const PromotionYears& years, const std::vector<int>& studentCodes);
+    PromotionFacts Facts(const PromotionPlan& plan);
 
-    /// Replaces who is in the target, relieved students left as they are. A general failure for a year, a
-    /// division or a student that is gone.
+    /// Replaces who is in the target, relieved students left as they are, for a plan without a fault.
     static void Store(store::Transaction& transaction, const PromotionPlan& plan, int userCode);
 
 private:

@@ -35,7 +35,7 @@ CodedTexts ClassesOf(const DataCombo* list)
     return classes;
 }
 
-/// Other items in a list. Whoever was ticked and is still there stays so, and the line in hand stays too.
+/// Other items in a list. Whoever was ticked and still can be stays so, and the line in hand stays too.
 void ShowItems(CheckList* list, const std::vector<ListItem>& items)
 {
     const std::vector<int> ticked = list->TickedData();
@@ -44,7 +44,7 @@ void ShowItems(CheckList* list, const std::vector<ListItem>& items)
     list->clear();
     for (const ListItem& item : items) {
         list->AddItem(item);
-        if (std::find(ticked.begin(), ticked.end(), item.code) != ticked.end())
+        if (item.refusal.isEmpty() && std::find(ticked.begin(), ticked.end(), item.code) != ticked.end())
             list->SetTicked(list->count() - 1, true);
     }
     if (list->count() > 0)
@@ -141,13 +141,17 @@ void frmPromotionEntry::cmdNew_Click()
     const auto years = Fetch([] { return Students().Years(Session().gintAcademicYearCode); });
     if (!years)
         return;
+    if (years->currentName.isEmpty()) {
+        Prompts::Information(QStringLiteral("The Current Academic Year Is Not In Academic Year Setup"));
+        return;
+    }
+    ui_->lblfromacademicyear->setText(years->currentName);
     if (years->next == 0) {
         Prompts::Information(
             QStringLiteral("Enter Academic Year %1 In Academic Year Setup").arg(years->nextName));
         return;
     }
     years_ = *years;
-    ui_->lblfromacademicyear->setText(years_.currentName);
     ui_->lbltoacademicyear->setText(years_.nextName);
     ui_->fraMain->setEnabled(true);
     ui_->cmdSave->setEnabled(true);
@@ -310,7 +314,7 @@ void frmPromotionEntry::cmdSave_Click()
     if (error || fault) {
         // Where only another client's save stood in the way, what was moved stays for a second try.
         if (error)
-            Prompts::Critical(TextOf(*error, Conflict::MasterIsGone));
+            Prompts::Critical(error->Description());
         else
             Prompts::Information(fault->text);
         if (error ? error->IsConflict() : fault->startAnew)
@@ -328,17 +332,19 @@ void frmPromotionEntry::cmdCancel_Click()
     ClearControls(this);
     lists_.Clear();
     years_ = {};
-    Read([this] {
+    const auto listed = Fetch([this] {
         from_->Load();
         to_->Load();
+        return true;
     });
     for (QLabel* label : {ui_->lblfromacademicyear, ui_->lbltoacademicyear})
         label->clear();
     ShowLists();
-    ui_->cmdNew->setEnabled(true);
+    // Without the classes nothing can be promoted, only tried again.
+    ui_->cmdNew->setEnabled(listed.has_value());
     ui_->fraMain->setEnabled(false);
     ui_->cmdSave->setEnabled(false);
-    ui_->cmdNew->setFocus();
+    (listed ? ui_->cmdNew : ui_->cmdCancel)->setFocus();
 }
 
 QSize frmPromotionEntry::sizeHint() const

@@ -7,7 +7,19 @@ namespace {
 const QString InUse =
     QStringLiteral("This Screen Is Already Opened By Another User. So You Cannot Open This Screen");
 
-using PromotionOpening = PromotionScreen;
+class PromotionOpening : public PromotionScreen
+{
+protected:
+    /// New says why it can begin nothing.
+    void NewTellsOnly(const QString& text)
+    {
+        prompts.ExpectInformation(text);
+        Press(Button("cmdNew"));
+        prompts.Verify();
+        EXPECT_EQ(EnabledControls(), "cmdNew cmdCancel cmdExit");
+        EXPECT_EQ(Label("lbltoacademicyear"), "");
+    }
+};
 
 TEST_F(PromotionOpening, TheScreenOpensWithNothingChosenAndWaitsForNew)
 {
@@ -65,8 +77,9 @@ TEST_F(PromotionOpening, WithoutANextYearNewOnlyTellsWhichOneToEnter)
 {
     Session().gintAcademicYearCode = YearBehind;
     OpenForm();
-    prompts.ExpectInformation(QStringLiteral("Enter Academic Year 2027 - 2028 In Academic Year Setup"));
-    Press(Button("cmdNew"));
+    NewTellsOnly(QStringLiteral("Enter Academic Year 2027 - 2028 In Academic Year Setup"));
+    EXPECT_EQ(Label("lblfromacademicyear"), "2026 - 2027");
+    Press(Button("cmdCancel"));
     ExpectIdle();
 }
 
@@ -74,9 +87,42 @@ TEST_F(PromotionOpening, ASchoolWithOneYearHasNoNextOne)
 {
     Given("DELETE FROM AcademicYearSetup WHERE AcademicYearCode IN (3, 9)");
     OpenForm();
-    prompts.ExpectInformation(QStringLiteral("Enter Academic Year 2025 - 2026 In Academic Year Setup"));
-    Press(Button("cmdNew"));
+    NewTellsOnly(QStringLiteral("Enter Academic Year 2025 - 2026 In Academic Year Setup"));
+    EXPECT_EQ(Label("lblfromacademicyear"), "2024 - 2025");
+}
+
+TEST_F(PromotionOpening, WithoutARowForTheYearInUseNewTellsThatItIsNotInTheSetup)
+{
+    Session().gintAcademicYearCode = 99;
+    OpenForm();
+    NewTellsOnly(QStringLiteral("The Current Academic Year Is Not In Academic Year Setup"));
+    EXPECT_EQ(Label("lblfromacademicyear"), "");
+}
+
+TEST_F(PromotionOpening, WithoutTheClassesNothingCanBeBegunUntilTheyAreRead)
+{
+    Given("ALTER TABLE ClassDivisionMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("ClassDivisionMaster"));
+    OpenForm();
+    prompts.Verify();
+    EXPECT_EQ(EnabledControls(), "cmdCancel cmdExit");
+    EXPECT_EQ(FocusName(), "cmdCancel");
+    Given("ALTER TABLE Away RENAME TO ClassDivisionMaster");
+    Press(Button("cmdCancel"));
     ExpectIdle();
+    EXPECT_EQ(List("cbofromClass")->count(), 4) << "three classes behind a blank line";
+}
+
+TEST_F(PromotionOpening, ACancelThatCannotReadTheClassesIsToldOnceAndChoosesNothing)
+{
+    StartWithTwoMoved();
+    Given("ALTER TABLE ClassDivisionMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("ClassDivisionMaster"));
+    Press(Button("cmdCancel"));
+    prompts.Verify();
+    EXPECT_EQ(EnabledControls(), "cmdCancel cmdExit");
+    EXPECT_EQ(Places(), "- to -");
+    EXPECT_EQ(Lines(from) + Lines(to), "");
 }
 
 TEST_F(PromotionOpening, AFailureInReadingTheYearsIsToldAndNothingIsEnabled)
@@ -325,6 +371,23 @@ TEST_F(PromotionChoosing, TheTickedGoToTheOtherSideAndTheTicksOfTheOthersStay)
     Press(Button("cmdMoveToToFrom"));
     EXPECT_EQ(Lines(from), "    Asha - (A1)");
     EXPECT_TRUE(HasFocus("lsttolist")) << "the button is off, and the keyboard stays beside it";
+}
+
+TEST_F(PromotionChoosing, ATickGoesWithWhateverAllowedIt)
+{
+    school->Carry(2, TenA);
+    StartToTenA();
+    Tick(to, 0);
+    Press(Button("cmdMoveToToFrom"));
+    ASSERT_EQ(Lines(from), "    Asha - (A1)|    Binu - (A2)|    Cara - (A3)");
+    Tick(from, 0);
+    Tick(from, 1);
+    EXPECT_EQ(Totals(), "2 0");
+    Choose("Cbotodivision", QStringLiteral("B"));
+    EXPECT_EQ(Lines(from), "    Asha - (A1)|#   Binu - (A2)|    Cara - (A3)");
+    EXPECT_TRUE(from->IsTicked(0));
+    EXPECT_FALSE(from->IsTicked(1));
+    EXPECT_EQ(Totals(), "1 0");
 }
 
 TEST_F(PromotionChoosing, AltAndTheArrowsMoveFromWithinTheLists)

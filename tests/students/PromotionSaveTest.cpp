@@ -6,8 +6,6 @@
 namespace tally::test {
 namespace {
 
-const QString MasterIsGone = QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data.");
-
 class PromotionSave : public PromotionScreen
 {
 protected:
@@ -226,6 +224,24 @@ TEST_F(PromotionSave, MarksEnteredMeanwhileForOneWhoStaysAreNoHindrance)
     EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster"), 1);
 }
 
+TEST_F(PromotionSave, AStudentRelievedMeanwhileIsNotTakenBack)
+{
+    StartWithOneTakenBack();
+    Other("UPDATE StudentMaster SET TCNo = 'TC 1' WHERE StudentCode = 2");
+    SaveStartsAnew("Promotion Cannot Be Done To The Relieved Student(s)");
+}
+
+TEST_F(PromotionSave, AStudentOfTheGroupWhoIsCarriedOnMeanwhileIsTold)
+{
+    school->Carry(3, TenA);
+    StartToTenA();
+    Tick(from, 0);
+    Press(Button("cmdMoveFromToTo"));
+    Other("INSERT INTO StudentClassDivision VALUES (3, 3, 1, 2, 'Y', 1)");
+    SaveStartsAnew("The Promote/Detain Entry Of 'Cara' In The Next Academic Year Was Changed By Another User "
+                   "Meanwhile.\nYou Cannot Save This Data.");
+}
+
 TEST_F(PromotionSave, AStudentCarriedOnMeanwhileIsNotTakenBack)
 {
     StartWithOneTakenBack();
@@ -238,18 +254,33 @@ TEST_F(PromotionSave, ADivisionDeletedMeanwhileIsToldAndNothingIsStored)
 {
     StartWithTwoMoved();
     Other("DELETE FROM ClassDivisionDetails WHERE ClassCode = 1 AND DivisionCode = 1");
-    prompts.ExpectCritical(MasterIsGone);
-    Press(Button("cmdSave"));
-    prompts.Verify();
-    ExpectIdle();
-    EXPECT_EQ(school->Places(), "A1 IX-A Y; A2 IX-A Y; A3 IX-A Y");
+    SaveStartsAnew("The Class-Division On The 'To' Side Was Deleted By Another User Meanwhile.\n"
+                   "You Cannot Save This Data.");
 }
 
 TEST_F(PromotionSave, ANextYearDeletedMeanwhileIsToldAndNothingIsStored)
 {
     StartWithTwoMoved();
     Other("DELETE FROM AcademicYearSetup WHERE AcademicYearCode = 9");
-    prompts.ExpectCritical(MasterIsGone);
+    SaveStartsAnew("The Academic Year Setup Was Changed By Another User Meanwhile.\n"
+                   "You Cannot Save This Data.");
+}
+
+TEST_F(PromotionSave, AYearEnteredBehindTheNextOneMeanwhileIsTold)
+{
+    Given("DELETE FROM AcademicYearSetup WHERE AcademicYearCode = 3");
+    StartWithTwoMoved();
+    Other("INSERT INTO AcademicYearSetup VALUES (3, 2026, 2027, '2026-06-01', '2027-05-31', 'N', 'N', 1)");
+    SaveStartsAnew("The Academic Year Setup Was Changed By Another User Meanwhile.\n"
+                   "You Cannot Save This Data.");
+}
+
+TEST_F(PromotionSave, AFailureThatNobodyForesawIsDescribedAndNothingIsStored)
+{
+    StartWithTwoMoved();
+    Given("CREATE TRIGGER TakeNobody BEFORE INSERT ON StudentClassDivision"
+          " BEGIN SELECT RAISE(ABORT, 'no'); END");
+    prompts.ExpectCritical(QStringLiteral("The Data Contradicts Other Data That Is Already Stored (no)"));
     Press(Button("cmdSave"));
     prompts.Verify();
     ExpectIdle();

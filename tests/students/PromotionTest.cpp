@@ -159,6 +159,17 @@ TEST_F(PromotionListsTest, WhoIsTakenBackLosesTheSignInHisOwnList)
     EXPECT_TRUE(lists.Plan().takenBack.empty()) << "he is where he was";
 }
 
+TEST_F(PromotionListsTest, WhoIsCarriedOnAlreadyIsNotMovedOnceMore)
+{
+    lists.ShowFrom({Student(1, "Asha"), Student(2, "Binu", NineA, TenA)});
+    lists.ShowTo({Student(2, "Binu", NineA, TenA)});
+    ASSERT_TRUE(lists.TakeBack({2}, NineA));
+    lists.ShowTo({});
+    lists.Move({1, 2});
+    EXPECT_EQ(From(), "#   Binu - (A2)");
+    EXPECT_EQ(To(), "   Asha - (A1)");
+}
+
 TEST_F(PromotionListsTest, WhoCameFromAnotherClassDivisionIsNotTakenBackAndTheOthersAre)
 {
     lists.ShowFrom({Student(1, "Asha", NineA, TenA)});
@@ -239,27 +250,44 @@ class PromotionFaults : public testing::Test
 protected:
     void SetUp() override
     {
+        plan.years = {.current = ThisYear,
+                      .next = NextYear,
+                      .following = YearBehind,
+                      .currentName = QStringLiteral("2024 - 2025"),
+                      .nextName = QStringLiteral("2025 - 2026")};
+        plan.fromClass = NineA.classCode;
         plan.target = TenA;
         plan.before = {binu, cara};
         plan.listed = {binu, asha};
         plan.takenBack = {cara};
+        years = plan.years;
     }
 
     /// What the clerk is told, behind "anew: " where he has to start anew.
     std::string Fault() const
     {
-        const auto fault = FindFault(plan, {asha, binu, cara}, target);
+        const auto fault = FindFault(plan, {years, classes, divisions, {asha, binu, cara}, target});
         return fault ? (fault->startAnew ? "anew: " : "") + fault->text.toStdString() : std::string();
     }
-    static std::string Changed(const char* name)
+    static std::string Meanwhile(const std::string& what)
     {
-        return std::string("anew: The Class-Division Of '") + name +
-               "' Was Changed By Another User Meanwhile.\nYou Cannot Save This Data.";
+        return "anew: " + what + " By Another User Meanwhile.\nYou Cannot Save This Data.";
+    }
+    static std::string Changed(const std::string& name)
+    {
+        return Meanwhile("The Class-Division Of '" + name + "' Was Changed");
+    }
+    static std::string CarriedOnMeanwhile(const std::string& name)
+    {
+        return Meanwhile("The Promote/Detain Entry Of '" + name + "' In The Next Academic Year Was Changed");
     }
 
     PromotionStudent asha = Student(1, "Asha");
     PromotionStudent binu = Student(2, "Binu", NineA, TenA);
     PromotionStudent cara = Student(3, "Cara", NineA, TenA);
+    PromotionYears years;
+    CodedTexts classes{Classes};
+    CodedTexts divisions{{1, QStringLiteral("A")}, {2, QStringLiteral("B")}};
     std::vector<PromotionStudent> target{binu, cara};
     PromotionPlan plan;
 };
@@ -290,7 +318,7 @@ TEST_F(PromotionFaults, WhoeverHasNoClassInThisYearIsNamedAndTheListsStay)
 
 TEST_F(PromotionFaults, AStudentWhoIsGoneHasNoClassInThisYear)
 {
-    const auto fault = FindFault(plan, {binu, cara}, target);
+    const auto fault = FindFault(plan, {years, classes, divisions, {binu, cara}, target});
     ASSERT_TRUE(fault);
     EXPECT_EQ(fault->text.toStdString(), "'Student Admission Entry' Not Exists For The Student Asha");
 }
@@ -326,7 +354,44 @@ TEST_F(PromotionFaults, WhoeverLeftTheTargetMeanwhileIsNotPutBackUnseen)
 TEST_F(PromotionFaults, WhoeverWasCarriedOnFromTheTargetMeanwhileIsTold)
 {
     binu = CarriedOn(binu);
-    EXPECT_EQ(Fault(), Changed("Binu"));
+    EXPECT_EQ(Fault(), CarriedOnMeanwhile("Binu"));
+    plan.before[0] = plan.listed[0] = binu;
+    binu = Student(2, "Binu", NineA, TenA);
+    EXPECT_EQ(Fault(), CarriedOnMeanwhile("Binu")) << "his status would say that he is gone";
+}
+
+TEST_F(PromotionFaults, WhoeverIsMovedAndGotAPlaceInTheYearBehindMeanwhileIsTold)
+{
+    asha = CarriedOn(asha);
+    EXPECT_EQ(Fault(), CarriedOnMeanwhile("Asha"));
+}
+
+TEST_F(PromotionFaults, YearsThatAreOthersByNowAreTold)
+{
+    const std::string changed = Meanwhile("The Academic Year Setup Was Changed");
+    years.following = 11;
+    EXPECT_EQ(Fault(), changed);
+    years = plan.years;
+    years.next = 0;
+    EXPECT_EQ(Fault(), changed);
+}
+
+TEST_F(PromotionFaults, AClassOrADivisionThatIsGoneIsTold)
+{
+    const std::string gone = Meanwhile("The Class-Division On The 'To' Side Was Deleted");
+    divisions = {{2, QStringLiteral("B")}};
+    EXPECT_EQ(Fault(), gone);
+    divisions.clear();
+    std::erase_if(classes, [](const auto& entry) { return entry.first == TenA.classCode; });
+    EXPECT_EQ(Fault(), gone);
+    classes.clear();
+    EXPECT_EQ(Fault(), Meanwhile("The Class On The 'From' Side Was Deleted"));
+}
+
+TEST_F(PromotionFaults, AClassPutBetweenTheTwoIsToldAsWhileChoosing)
+{
+    classes.insert(classes.begin() + 2, {7, QStringLiteral("IX B")});
+    EXPECT_EQ(Fault(), "anew: Promotion Can Be Done Only To Next Higher Class");
 }
 
 TEST_F(PromotionFaults, ADivisionChangedBeforeThePromotionIsNoFaultOfWhoIsInTheTargetAlready)
@@ -357,8 +422,12 @@ TEST_F(PromotionFaults, WhoIsNoLongerWhereHeIsTakenBackFromIsTold)
     cara = before;
     cara.current = {};
     EXPECT_EQ(Fault(), Changed("Cara"));
-    cara = Relieved(before);
-    EXPECT_EQ(Fault(), Changed("Cara"));
+}
+
+TEST_F(PromotionFaults, WhoIsTakenBackAndWasRelievedMeanwhileIsToldAsRelieved)
+{
+    cara = Relieved(cara);
+    EXPECT_EQ(Fault(), "anew: Promotion Cannot Be Done To The Relieved Student(s)");
 }
 
 TEST_F(PromotionFaults, WhoeverCameIntoTheTargetMeanwhileIsNotLost)
