@@ -6,6 +6,7 @@
 #include "bench/BenchSchool.h"
 #include "bench/FindControl.h"
 #include "bench/RatioReport.h"
+#include "bench/ScreenTimes.h"
 #include "core/SessionContext.h"
 #include "core/shell/mdiTallyboard.h"
 #include "core/ui/controls/FlexGrid.h"
@@ -16,12 +17,10 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QKeyEvent>
 #include <QPushButton>
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <vector>
 
@@ -29,7 +28,6 @@ namespace {
 
 using namespace tally;
 using namespace tally::bench;
-using Clock = std::chrono::steady_clock;
 
 const QString Form = QStringLiteral("frmexammarkentry");
 constexpr std::array DivisionSizes{40, 60};
@@ -41,19 +39,10 @@ constexpr int DivisionCode = 3;
 constexpr int SubjectCode = 1;
 constexpr double KeyLimit = 16;
 constexpr double SaveLimit = 3;
-constexpr double OpenLimit = 100;
-
-double Milliseconds(Clock::duration time)
-{
-    return std::chrono::duration<double, std::milli>(time).count();
-}
 
 void Press(int key, const QString& text = {})
 {
-    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(type, key, Qt::NoModifier, text);
-        QApplication::sendEvent(QApplication::focusWidget(), &event);
-    }
+    PressKey(QApplication::focusWidget(), key, text);
 }
 
 void PressEnter()
