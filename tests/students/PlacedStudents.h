@@ -12,8 +12,8 @@ namespace tally::test {
 inline void LayClasses(store::Connection& main)
 {
     for (const char* row :
-         {"INSERT INTO AcademicYearSetup VALUES (3, 2025, 2026, '2025-06-01', '2026-05-31', 'N', 'N', 1),"
-          " (4, 2026, 2027, '2026-06-01', '2027-05-31', 'N', 'N', 1)",
+         {"INSERT INTO AcademicYearSetup VALUES (3, 2025, 2026, '2025-06-01', '2026-05-31', 'N', 'N', 1)",
+          "INSERT INTO AcademicYearSetup VALUES (4, 2026, 2027, '2026-06-01', '2027-05-31', 'N', 'N', 1)",
           "INSERT INTO ClassDivisionMaster VALUES (1, 'V', 2, 1, 1), (2, 'IV', 2, 2, 1)",
           "INSERT INTO ClassDivisionDetails VALUES (1, 'B', 2), (1, 'A', 1), (2, 'A', 1), (2, 'B', 2)",
           "INSERT INTO ExamMaster VALUES (1, 'Term', 1, 1)",

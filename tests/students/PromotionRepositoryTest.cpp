@@ -190,6 +190,7 @@ TEST_F(PromotionRepositoryTest, OnlyARowOfTheFollowingYearMeansCarriedOn)
 TEST_F(PromotionRepositoryTest, FindsMoreStudentsThanOneStatementTakes)
 {
     std::vector<int> codes;
+    codes.reserve(1001);
     for (int student = 0; student < 1000; ++student)
         codes.push_back(school.Add(QStringLiteral("Student"), NineA));
     codes.push_back(5000);
@@ -351,6 +352,7 @@ TEST_F(PromotionRepositoryTest, ListsAndChecksTakeAsManyStatementsForSixtyStuden
 {
     const auto statementsFor = [this](int count) {
         std::vector<int> moved;
+        moved.reserve(static_cast<std::size_t>(count));
         for (int student = 0; student < count; ++student)
             moved.push_back(school.Add(QStringLiteral("Student"), NineA));
         const auto before = main.StatementsRun();

@@ -223,6 +223,7 @@ TEST_F(PromotionListsTest, ThePlanHoldsWhoWasThereWhoShallBeAndWhoWasTakenBack)
     const PromotionPlan plan = lists.Plan();
     const auto codes = [](const std::vector<PromotionStudent>& students) {
         std::vector<int> of;
+        of.reserve(students.size());
         for (const PromotionStudent& student : students)
             of.push_back(student.studentCode);
         return of;
