@@ -205,14 +205,10 @@ void frmMasStudentAdmissionEntry::cmdDelete_Click()
         OnRefusal::Stay);
     if (!done)
         return;
-    if (fault != PlacementFault::None) {
+    if (fault == PlacementFault::None)
+        TellDeleted();
+    else
         Explain(fault);
-        return;
-    }
-    AfterCommit([this] {
-        Prompts::Information(QStringLiteral("Record Deleted"));
-        cmdCancel_Click();
-    });
 }
 
 bool frmMasStudentAdmissionEntry::IsReady()

@@ -283,10 +283,10 @@ void frmMasStudentMaster::cmdDelete_Click()
         OnRefusal::Stay);
     if (!done)
         return;
-    AfterCommit([&] {
-        Prompts::Information(relieved ? FaultText(StudentFault::Relieved) : QStringLiteral("Record Deleted"));
-        cmdCancel_Click();
-    });
+    if (!relieved)
+        return TellDeleted();
+    Tell(StudentFault::Relieved);
+    cmdCancel_Click();
 }
 
 void frmMasStudentMaster::cmdSave_Click()

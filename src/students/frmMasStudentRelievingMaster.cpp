@@ -307,12 +307,8 @@ void frmMasStudentRelievingMaster::cmdDelete_Click()
             RelievingRepository::PutBackOnRoll(transaction, formerCode_, formerTCNo_);
         },
         OnRefusal::Stay);
-    if (!deleted)
-        return;
-    AfterCommit([this] {
-        Prompts::Information(QStringLiteral("Record Deleted"));
-        cmdCancel_Click();
-    });
+    if (deleted)
+        TellDeleted();
 }
 
 void frmMasStudentRelievingMaster::cmdSave_Click()

@@ -40,6 +40,14 @@ void MasterScreen::TellSaved(const std::function<void()>& then)
     });
 }
 
+void MasterScreen::TellDeleted()
+{
+    AfterCommit([this] {
+        Prompts::Information(QStringLiteral("Record Deleted"));
+        cmdCancel_Click();
+    });
+}
+
 void MasterScreen::SaveRow(const Work& work, OnRefusal next, const std::function<void()>& then)
 {
     if (WriteRow(Conflict::MasterIsGone, work, next))

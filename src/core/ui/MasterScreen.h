@@ -42,6 +42,8 @@ protected:
     [[nodiscard]] bool WriteRow(Conflict conflict, const Work& work, OnRefusal next);
     /// Tells that the row in hand is stored and goes on with Cancel's steps, and with `then` behind them.
     void TellSaved(const std::function<void()>& then = {});
+    /// Tells that the row in hand is gone and goes on with Cancel's steps.
+    void TellDeleted();
     /// Stores the row in hand and tells so.
     void SaveRow(const Work& work, OnRefusal next, const std::function<void()>& then = {});
     /// Deletes the row in hand, goes on with Cancel's steps and tells that it is gone.
