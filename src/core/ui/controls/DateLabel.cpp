@@ -6,11 +6,21 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace tally {
 
 namespace {
 
 constexpr QColor Awaiting{255, 255, 174};
+
+int WidestDate(const QFontMetrics& metrics)
+{
+    int widest = 0;
+    for (int month = 1; month <= 12; ++month)
+        widest = std::max(widest, metrics.horizontalAdvance(ShownDate(QDate(2008, month, 28))));
+    return widest;
+}
 
 } // namespace
 
@@ -21,8 +31,7 @@ DateLabel::DateLabel(QWidget* parent) : QLabel(parent)
     setAlignment(Qt::AlignCenter);
     setAutoFillBackground(true);
     setToolTip(QStringLiteral("The date chosen. Click to clear it."));
-    setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("88/MMM/8888")) +
-                    2 * fontMetrics().averageCharWidth());
+    setMinimumWidth(WidestDate(fontMetrics()) + 2 * fontMetrics().averageCharWidth());
     SetAwaiting(false);
     SetDate({});
 }
