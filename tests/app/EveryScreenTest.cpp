@@ -8,8 +8,11 @@
 
 #include <QAbstractScrollArea>
 #include <QAccessible>
+#include <QApplication>
 #include <QComboBox>
+#include <QDateEdit>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -142,6 +145,43 @@ TEST_F(EveryScreen, GivesItsListTheRoomOfAWideWindowAndItsFieldsNoMoreThanTheyNe
                 EXPECT_LE(field->width(), 480) << field->objectName().toStdString();
             }
         EXPECT_GT(list->height(), frame.height() / 3);
+    });
+}
+
+/// Who sees badly has chosen larger letters, on the display that the office has.
+class EveryScreenInLargeLetters : public EveryScreen
+{
+protected:
+    void SetUp() override
+    {
+        EveryScreen::SetUp();
+        QFont large = usual_;
+        large.setPointSizeF(usual_.pointSizeF() * 4 / 3);
+        QApplication::setFont(large);
+        window->resize(800, 600);
+        Settle();
+    }
+    void TearDown() override
+    {
+        EveryScreen::TearDown();
+        QApplication::setFont(usual_);
+    }
+
+private:
+    QFont usual_ = QApplication::font();
+};
+
+TEST_F(EveryScreenInLargeLetters, ShowsItsCaptionsAndDatesWhole)
+{
+    ForEach([](const Screen& screen, const QMdiSubWindow&) {
+        for (const QWidget* widget : screen.findChildren<QWidget*>()) {
+            const auto* label = qobject_cast<const QLabel*>(widget);
+            const bool caption = label && label->buddy();
+            if (widget->isVisible() && (caption || qobject_cast<const QDateEdit*>(widget))) {
+                EXPECT_GE(widget->width(), widget->minimumSizeHint().width())
+                    << widget->objectName().toStdString();
+            }
+        }
     });
 }
 
