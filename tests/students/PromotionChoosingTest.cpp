@@ -221,6 +221,19 @@ TEST_F(PromotionChoosing, TheFromDivisionListsItsStudentsAndWhoWasCarriedAlready
     EXPECT_EQ(Lines(from), "");
 }
 
+TEST_F(PromotionChoosing, NamesakesWithLongNamesAreToldApartByTheirNumbers)
+{
+    school->Add(QString(100, QLatin1Char('M')), NineA);
+    StartFromNineA();
+    const QString line = from->item(3)->text();
+    const int room = from->viewport()->width();
+    ASSERT_GT(from->fontMetrics().horizontalAdvance(line), room);
+    for (const CheckList* list : {from, to}) {
+        const QString shown = from->fontMetrics().elidedText(line, list->textElideMode(), room);
+        EXPECT_TRUE(shown.endsWith(QLatin1String("M - (A4)"))) << shown.toStdString();
+    }
+}
+
 TEST_F(PromotionChoosing, TheToDivisionListsItsStudentsWithTheirSigns)
 {
     for (const int student : {1, 2, 3, school->Add(QStringLiteral("Dev"), NineA)})
