@@ -125,7 +125,7 @@ void frmMasStudentMaster::ShowState(MasterState state)
     if (IsNew())
         ShowNumbering();
     else
-        ui_->lblMandatory->show();
+        ui_->lblMandatory->setVisible(IsEditing() && !student_.numberGenerated);
 }
 
 void frmMasStudentMaster::Form_Activate(bool first)
@@ -202,6 +202,10 @@ void frmMasStudentMaster::Show(const Student& student)
     ui_->txtTelephone->setText(student.telephone);
     ui_->txtEmail->setText(student.email);
     ui_->dbcBloodGroup->SetBoundCode(student.bloodGroupCode);
+    // A long text is read from its beginning.
+    for (QLineEdit* box : {ui_->txtOptionalAdmissionNo, ui_->txtstudentName, ui_->txtFGName, ui_->txtAddress1,
+                           ui_->txtAddress2, ui_->txtTelephone, ui_->txtEmail})
+        box->home(false);
 }
 
 void frmMasStudentMaster::ShowNumbers(const Student& student)
@@ -265,6 +269,7 @@ void frmMasStudentMaster::cmdEdit_Click()
         return;
     ShowState(MasterState::Editing);
     ui_->txtstudentName->setFocus();
+    ui_->txtstudentName->end(false);
 }
 
 void frmMasStudentMaster::cmdDelete_Click()

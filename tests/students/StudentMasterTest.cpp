@@ -363,5 +363,18 @@ TEST_F(StudentMasterTest, EachUnderlinedLetterLeadsToOneControl)
     ExpectOneControlALetter(form);
 }
 
+TEST_F(StudentMasterTest, LongTextsAreReadFromTheirBeginningAndTypedOnAtTheirEnd)
+{
+    Student anu = Anu();
+    anu.name = anu.address1 = QString(100, QLatin1Char('m'));
+    GivenStudent(anu);
+    OpenMaster();
+    ASSERT_TRUE(form->LoadData(anu.code));
+    EXPECT_EQ(Box("txtstudentName")->cursorPosition(), 0);
+    EXPECT_EQ(Box("txtAddress1")->cursorPosition(), 0);
+    Press(Button("cmdEdit"));
+    EXPECT_EQ(Box("txtstudentName")->cursorPosition(), 100);
+}
+
 } // namespace
 } // namespace tally::test

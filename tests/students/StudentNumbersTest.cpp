@@ -301,5 +301,22 @@ TEST_F(StudentNumbersTest, AnOptionalNumberThatTheClerkTypesIsStoredWhateverItWa
     EXPECT_EQ(Found(4)->optionalAdmissionNo.toStdString(), "B7");
 }
 
+TEST_F(StudentNumbersTest, ThatTheNumbersAreNeededIsSaidOnlyWhereTheClerkEntersThem)
+{
+    Student typed = StudentNamed(4, "Anu");
+    Student generated = StudentNamed(5, "Binu");
+    generated.numberGenerated = true;
+    GivenStudent(typed);
+    GivenStudent(generated);
+    OpenMaster();
+    EXPECT_FALSE(IsShown("lblMandatory"));
+    for (const auto& [code, shown] : {std::pair(4, true), std::pair(5, false)}) {
+        ASSERT_TRUE(form->LoadData(code));
+        EXPECT_FALSE(IsShown("lblMandatory")) << code;
+        Press(Button("cmdEdit"));
+        EXPECT_EQ(IsShown("lblMandatory"), shown) << code;
+    }
+}
+
 } // namespace
 } // namespace tally::test

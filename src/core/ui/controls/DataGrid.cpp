@@ -5,8 +5,12 @@
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMetaMethod>
+#include <QToolTip>
+
+#include <algorithm>
 
 namespace tally {
 
@@ -124,18 +128,46 @@ void DataGrid::MeasureColumns()
                 column, std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column)));
 }
 
+int DataGrid::MostWidth(int width) const
+{
+    constexpr int LongestName = 60;
+    constexpr double MostOfList = 0.4;
+    int needed = 0;
+    for (const auto& [column, need] : needs_)
+        needed += need;
+    // Where not all has room, a name longer than names are does not push the other columns out of sight.
+    return needed <= width ? width
+                           : std::max(LongestName * fontMetrics().averageCharWidth(),
+                                      static_cast<int>(MostOfList * width));
+}
+
 void DataGrid::ShareWidth()
 {
-    int spare = viewport()->width();
+    const int width = viewport()->width();
+    const int most = MostWidth(width);
+    int spare = width;
     for (const auto& [column, need] : needs_)
-        spare -= need;
+        spare -= std::min(need, most);
     spare = std::max(spare, 0);
     auto left = static_cast<int>(needs_.size());
     for (const auto& [column, need] : needs_) {
         const int share = spare / left--;
-        setColumnWidth(column, need + share);
+        setColumnWidth(column, std::min(need, most) + share);
         spare -= share;
     }
+}
+
+bool DataGrid::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return Grid::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex cell = indexAt(help->pos());
+    if (cell.isValid() && sizeHintForIndex(cell).width() > columnWidth(cell.column()))
+        QToolTip::showText(help->globalPos(), WrappedToolTip(cell.data().toString()), viewport());
+    else
+        QToolTip::hideText();
+    return true;
 }
 
 void DataGrid::resizeEvent(QResizeEvent* event)

@@ -39,6 +39,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    /// A text that is cut is told whole under the mouse.
+    bool viewportEvent(QEvent* event) override;
 
 private:
     class Model;
@@ -49,6 +51,8 @@ private:
     /// Enter chooses the row only where somebody waits for that; elsewhere it goes on to the next field.
     void TakeEnter(bool onRow);
     void MeasureColumns();
+    /// What a column may take of a list of this width.
+    int MostWidth(int width) const;
     void ShareWidth();
 
     Model* model_;

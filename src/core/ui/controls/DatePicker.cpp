@@ -5,7 +5,11 @@
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QStyleOptionComboBox>
 #include <QTextCharFormat>
+
+#include <algorithm>
+#include <utility>
 
 namespace tally {
 
@@ -42,12 +46,68 @@ void DatePicker::keyPressEvent(QKeyEvent* event)
         ShowFieldHint(this, QStringLiteral("The Arrow Keys And The Calendar Move This Date"));
     else
         HideFieldHint(this);
+    if (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier))
+        return OpenCalendar();
+    if (sign && !lineEdit()->isReadOnly())
+        return TypeSign(event);
+    typedDay_ = 0;
+    monthDigit_ = -1;
+    QDateEdit::keyPressEvent(event);
+}
+
+void DatePicker::TypeSign(QKeyEvent* event)
+{
+    const QChar sign = event->text().at(0);
+    if (QStringLiteral("/-. ").contains(sign))
+        return EndPart();
+    if (currentSection() == MonthSection && sign.isDigit())
+        return TypeMonthDigit(sign.digitValue(), event);
     const bool inDay = currentSection() == DaySection;
+    monthDigit_ = -1;
     QDateEdit::keyPressEvent(event);
     if (inDay)
-        typedDay_ = sign ? sectionText(DaySection).toInt() : 0;
-    else if (sign)
+        typedDay_ = sectionText(DaySection).toInt();
+    else
         RestoreTypedDay();
+}
+
+void DatePicker::EndPart()
+{
+    // The toolkit would go on to the next field, and what follows the sign would be typed there. A part that
+    // is whole has led to the next one by itself.
+    const bool isWhole = lineEdit()->hasSelectedText() && monthDigit_ < 0;
+    monthDigit_ = -1;
+    if (!isWhole)
+        setSelectedSection(currentSection() == DaySection ? MonthSection : YearSection);
+}
+
+void DatePicker::TypeMonthDigit(int digit, QKeyEvent* event)
+{
+    constexpr int Months = 12;
+    const int first = std::exchange(monthDigit_, -1);
+    const int month = std::max(first, 0) * 10 + digit;
+    if (month > Months) {
+        // A 1 was the whole month, and the year begins.
+        setSelectedSection(YearSection);
+        QDateEdit::keyPressEvent(event);
+        return;
+    }
+    if (month > 0)
+        TypeMonth(month);
+    if (first >= 0 || digit > 1)
+        return;
+    monthDigit_ = digit;
+    setSelectedSection(MonthSection);
+}
+
+void DatePicker::TypeMonth(int month)
+{
+    setSelectedSection(MonthSection);
+    for (const QChar letter : locale().monthName(month, QLocale::ShortFormat)) {
+        QKeyEvent typed(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, letter);
+        QDateEdit::keyPressEvent(&typed);
+    }
+    RestoreTypedDay();
 }
 
 void DatePicker::RestoreTypedDay()
@@ -56,6 +116,18 @@ void DatePicker::RestoreTypedDay()
     const QDate shown = locale().toDate(text(), displayFormat());
     if (shown.isValid() && shown.day() < typedDay_ && QDate::isValid(shown.year(), shown.month(), typedDay_))
         setDate(QDate(shown.year(), shown.month(), typedDay_));
+}
+
+void DatePicker::OpenCalendar()
+{
+    // The toolkit opens it for a click on its arrow only.
+    QStyleOptionComboBox box;
+    box.initFrom(this);
+    const QPointF arrow =
+        style()->subControlRect(QStyle::CC_ComboBox, &box, QStyle::SC_ComboBoxArrow, this).center();
+    QMouseEvent click(QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QDateEdit::mousePressEvent(&click);
 }
 
 void DatePicker::showEvent(QShowEvent* event)
@@ -70,9 +142,18 @@ bool DatePicker::focusNextPrevChild(bool next)
     return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
+void DatePicker::focusInEvent(QFocusEvent* event)
+{
+    QDateEdit::focusInEvent(event);
+    // Behind the year there is room for nothing: a date typed there would be lost.
+    if (event->reason() != Qt::MouseFocusReason && !lineEdit()->isModified())
+        setSelectedSection(DaySection);
+}
+
 void DatePicker::focusOutEvent(QFocusEvent* event)
 {
     typedDay_ = 0;
+    monthDigit_ = -1;
     if (event->reason() != Qt::ActiveWindowFocusReason || !lineEdit()->isModified()) {
         QDateEdit::focusOutEvent(event);
         return;

@@ -4,7 +4,9 @@
 
 namespace tally {
 
-/// A date field with a calendar to open, showing "dd/MMM/yyyy". Starts at the machine's date.
+/// A date field with a calendar to open, showing "dd/MMM/yyyy". Starts at the machine's date. The digits of a
+/// date can be typed as they come, 08022026 or 8/2/2026, and the month by its letters as well. Alt+Down opens
+/// the calendar.
 class DatePicker : public QDateEdit
 {
     Q_OBJECT
@@ -23,15 +25,24 @@ Q_SIGNALS:
 protected:
     /// Tab leaves the field; the left and right arrows go from day to month to year.
     bool focusNextPrevChild(bool next) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
+    void TypeSign(QKeyEvent* event);
+    /// A sign that stands between day, month and year ends the part that was typed.
+    void EndPart();
+    /// The digits of a month: a 0 or a 1 may have a second one behind it.
+    void TypeMonthDigit(int digit, QKeyEvent* event);
+    void TypeMonth(int month);
     /// Brings back the day that was typed before its month and its year, where they have that day.
     void RestoreTypedDay();
+    void OpenCalendar();
 
-    int typedDay_ = 0; ///< of the date being typed; 0 for none
+    int typedDay_ = 0;    ///< of the date being typed; 0 for none
+    int monthDigit_ = -1; ///< the first digit of a month, which waits for its second; -1 for none
 };
 
 } // namespace tally

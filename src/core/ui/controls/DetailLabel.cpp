@@ -1,5 +1,7 @@
 #include "core/ui/controls/DetailLabel.h"
 
+#include "core/ui/look/Look.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -10,12 +12,6 @@ namespace tally {
 namespace {
 
 constexpr int LeastLetters = 12;
-
-/// Wrapped where it is long, and without anything in it taken for markup.
-QString ToolTip(const QString& text)
-{
-    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped().replace(u'\n', QLatin1String("<br>")));
-}
 
 } // namespace
 
@@ -55,7 +51,7 @@ bool DetailLabel::event(QEvent* event)
     if (event->type() != QEvent::ToolTip)
         return QLabel::event(event);
     if (Fitting() != text())
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), ToolTip(text()), this);
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), WrappedToolTip(text()), this);
     return true;
 }
 

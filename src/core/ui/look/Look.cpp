@@ -423,4 +423,9 @@ void DressGrid(QTableView* grid)
     grid->horizontalHeader()->setHighlightSections(false);
 }
 
+QString WrappedToolTip(const QString& text)
+{
+    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped().replace(u'\n', QLatin1String("<br>")));
+}
+
 } // namespace tally

@@ -35,4 +35,7 @@ void DressButtons(QWidget* form);
 /// type into, and Tab that leads on to the next control.
 void DressGrid(QTableView* grid);
 
+/// A text of the office's as a tool tip: wrapped where it is long, and nothing in it taken for markup.
+QString WrappedToolTip(const QString& text);
+
 } // namespace tally
