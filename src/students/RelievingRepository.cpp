@@ -69,9 +69,8 @@ bool RelievingRepository::TCNoTaken(const QString& tcNo, int studentCode, int fo
 GridResult RelievingRepository::Search(const RelievedFilter& filter)
 {
     SearchConditions conditions;
-    conditions.Add(QStringLiteral("upper(OptionalAdmissionNo) LIKE '%' || upper(?) || '%'"),
-                   filter.admissionNo);
-    conditions.Add(QStringLiteral("upper(StudentName) LIKE '%' || upper(?) || '%'"), filter.studentName);
+    conditions.Add(QStringLiteral("OptionalAdmissionNo LIKE '%' || ? || '%'"), filter.admissionNo);
+    conditions.Add(QStringLiteral("StudentName LIKE '%' || ? || '%'"), filter.studentName);
     conditions.Add(QStringLiteral("AdmissionDate >= ?"), filter.admissionFrom);
     conditions.Add(QStringLiteral("AdmissionDate <= ?"), filter.admissionTo);
     conditions.Add(QStringLiteral("RelievingDate >= ?"), filter.relievingFrom);
