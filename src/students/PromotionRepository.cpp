@@ -59,7 +59,8 @@ PromotionYears PromotionRepository::Years(int academicYearCode)
     PromotionYears years;
     years.current = academicYearCode;
     store::Statement current = main_.Query(
-        QStringLiteral("SELECT YearFrom, YearTo FROM AcademicYearSetup WHERE AcademicYearCode = ?"),
+        QStringLiteral("SELECT YearFrom, YearTo FROM AcademicYearSetup"
+                       " WHERE AcademicYearCode = ? AND AcademicYearCode > 0"),
         academicYearCode);
     if (!current.Next())
         return years;

@@ -189,7 +189,15 @@ protected:
     void SetUp() override
     {
         WindowsFixture::SetUp();
+        // New asks for settings and years on some screens.
+        Given("INSERT INTO Options VALUES ('N', 'N', '2018-05-31', 'A', 'N', 'N')");
+        Given("INSERT INTO AcademicYearSetup VALUES"
+              " (1, 2024, 2025, '2024-06-01', '2025-05-31', 'Y', 'N', 1),"
+              " (2, 2025, 2026, '2025-06-01', '2026-05-31', 'N', 'N', 1)");
         Session().gintUserCode = 1;
+        Session().gintAcademicYearCode = 1;
+        Session().gintYearFrom = 2024;
+        Session().gintYearTo = 2025;
     }
 };
 

@@ -93,10 +93,15 @@ TEST_F(PromotionOpening, ASchoolWithOneYearHasNoNextOne)
 
 TEST_F(PromotionOpening, WithoutARowForTheYearInUseNewTellsThatItIsNotInTheSetup)
 {
-    Session().gintAcademicYearCode = 99;
-    OpenForm();
-    NewTellsOnly(QStringLiteral("The Current Academic Year Is Not In Academic Year Setup"));
-    EXPECT_EQ(Label("lblfromacademicyear"), "");
+    // No year is in use at all where the code is 0, though a row stands for that.
+    for (const int code : {99, 0}) {
+        Session().gintAcademicYearCode = code;
+        OpenForm();
+        NewTellsOnly(QStringLiteral("The Current Academic Year Is Not In Academic Year Setup"));
+        EXPECT_EQ(Label("lblfromacademicyear"), "");
+        form->Unload();
+        Settle();
+    }
 }
 
 TEST_F(PromotionOpening, WithoutTheClassesNothingCanBeBegunUntilTheyAreRead)
