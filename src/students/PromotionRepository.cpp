@@ -58,10 +58,10 @@ PromotionYears PromotionRepository::Years(int academicYearCode)
 {
     PromotionYears years;
     years.current = academicYearCode;
-    store::Statement current = main_.Query(
-        QStringLiteral("SELECT YearFrom, YearTo FROM AcademicYearSetup"
-                       " WHERE AcademicYearCode = ? AND AcademicYearCode > 0"),
-        academicYearCode);
+    store::Statement current =
+        main_.Query(QStringLiteral("SELECT YearFrom, YearTo FROM AcademicYearSetup"
+                                   " WHERE AcademicYearCode = ? AND AcademicYearCode > 0"),
+                    academicYearCode);
     if (!current.Next())
         return years;
     const int yearFrom = current.Int(0);

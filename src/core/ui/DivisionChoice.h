@@ -27,9 +27,11 @@ public:
 
     /// Reads the classes; nothing is chosen then, and no division offered. Throws StoreError as Choose does.
     void Load() { Choose(0, 0); }
-    /// Reads both lists, and keeps what is chosen as far as it still exists. Throws StoreError as Choose does.
+    /// Reads both lists, and keeps what is chosen as far as it still exists. Throws StoreError as Choose
+    /// does.
     void Refill();
-    /// Reads both lists and chooses in them. 0 chooses nothing. Throws StoreError; then both stay as they are.
+    /// Reads both lists and chooses in them. 0 chooses nothing. Throws StoreError; then both stay as they
+    /// are.
     void Choose(int classCode, int divisionCode);
     /// Chooses a class among those listed and offers its divisions; 0 chooses none. Divisions that cannot be
     /// read are told and left out.

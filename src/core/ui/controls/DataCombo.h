@@ -31,8 +31,9 @@ public:
     void SetBoundCode(int code);
     /// The same by text, small and capital letters alike.
     void SetText(const QString& text);
-    /// Takes back a choice that was refused: the blank line is chosen, and tells nobody. The arrows go on from
-    /// the refused entry as long as the list keeps the focus, so that it does not bar the way to those behind.
+    /// Takes back a choice that was refused: the blank line is chosen, and tells nobody. The arrows go on
+    /// from the refused entry as long as the list keeps the focus, so that it does not bar the way to those
+    /// behind.
     void TakeBack();
     /// True while nothing has been chosen.
     bool IsBlank() const { return currentText().trimmed().isEmpty(); }
