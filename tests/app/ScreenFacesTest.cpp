@@ -121,6 +121,8 @@ QString FaceOf(const QWidget& window, const QWidget* control)
             face.append(QStringLiteral("picture ") + picture);
     if (!control->accessibleName().isEmpty())
         face.append(QStringLiteral("called ") + Quoted(control->accessibleName()));
+    if (!control->styleSheet().isEmpty())
+        face.append(QStringLiteral("painted ") + Quoted(control->styleSheet()));
     if (!control->toolTip().isEmpty())
         face.append(QStringLiteral("tip ") + Quoted(control->toolTip()));
     if (!control->isVisibleTo(&window))

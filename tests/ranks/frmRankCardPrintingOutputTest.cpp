@@ -206,6 +206,9 @@ TEST_F(RankCardOutput, TheKeysAloneLeadFromTheExamToTheWorkbook)
     EXPECT_EQ(sheet.At("A7").value, QStringLiteral(" Student Name : Asha"));
     EXPECT_EQ(sheet.At("A12").value, QStringLiteral("60"));
     EXPECT_EQ(sheet.At("F36").value, QStringLiteral("C"));
+    EXPECT_TRUE(sheet.At("G11").exists) << "the exam stands at the end of the line";
+    EXPECT_FALSE(sheet.At("H11").exists);
+    EXPECT_FALSE(sheet.At("A50").exists);
 }
 
 TEST_F(RankCardOutput, ExportIsRefusedWithoutTheRight)

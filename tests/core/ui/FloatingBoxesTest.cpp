@@ -121,6 +121,33 @@ TEST_F(FloatingBoxes, EnterOfAListIsTheScreensToAnswer)
     EXPECT_TRUE(combo->hasFocus());
 }
 
+/// Counts the keys that reach a form.
+class KeysOf : public QObject
+{
+public:
+    explicit KeysOf(QWidget* form) { form->installEventFilter(this); }
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::KeyPress ? 1 : 0;
+        return false;
+    }
+};
+
+TEST_F(FloatingBoxes, EnterAndEscOfABoxAreNoKeysOfTheFormAroundIt)
+{
+    const KeysOf keys(form);
+    editor->OpenAt(3, 2);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+        QTest::keyClick(editor, key);
+    combo->OpenAt(2, 1);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+        QTest::keyClick(combo, key);
+    EXPECT_EQ(keys.count, 0);
+}
+
 TEST_F(FloatingBoxes, AListIsAskedOnceForEachLeavingAndKeepsTheFocusOnARefusal)
 {
     int asked = 0;

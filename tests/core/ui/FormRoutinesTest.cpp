@@ -2,6 +2,7 @@
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/DatePicker.h"
 #include "core/ui/controls/FlexGrid.h"
+#include "core/ui/controls/OptionalDatePicker.h"
 #include "core/ui/modTallyboardForms.h"
 #include "support/ScreenFixture.h"
 #include "support/TableOf.h"
@@ -238,6 +239,18 @@ TEST_F(FormRoutinesTest, ClearingAFormPutsADateToTheMachinesDateAndNotTheWorking
     date->setDate(QDate(2020, 2, 29));
     ClearControls(form);
     EXPECT_EQ(date->date(), QDate::currentDate());
+}
+
+TEST_F(FormRoutinesTest, WhoComesToADateThatMayBeMissingStandsOnItsTick)
+{
+    QWidget around;
+    OptionalDatePicker date(&around);
+    around.show();
+    date.setFocus();
+    EXPECT_EQ(around.focusWidget(), date.findChild<QCheckBox*>());
+    EXPECT_FALSE(date.findChild<DatePicker*>()->isEnabled());
+    QTest::keyClick(around.focusWidget(), Qt::Key_Space);
+    EXPECT_TRUE(date.findChild<DatePicker*>()->isEnabled());
 }
 
 TEST_F(FormRoutinesTest, ADateNamesItsMonthInEnglishOnEveryMachine)
