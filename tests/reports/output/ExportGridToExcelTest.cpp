@@ -621,11 +621,15 @@ TEST_F(Export, TurnsSignsThatNoSheetCanHoldIntoBlanks)
     grid_ = TableOf({{{Latin("Name")}},
                      {{Latin("As\x01ha\x1b\tMenon\r")}},
                      {{lonely}},
-                     {{QString::fromUcs4(U"\U0001F600 \uFFFF")}}});
+                     {{QString::fromUcs4(U"\U0001F600 \uFFFF")}},
+                     {{QString::fromUcs4(U"\uFFFD \uFFFE.")}},
+                     {{Latin("Hill\nRoad")}}});
     const WorkbookReader sheet = Exported();
     EXPECT_EQ(sheet.At("A8").value, Latin("As ha \tMenon"));
     EXPECT_EQ(sheet.At("A9").value, Latin(" x"));
     EXPECT_EQ(sheet.At("A10").value, QString::fromUcs4(U"\U0001F600  "));
+    EXPECT_EQ(sheet.At("A11").value, QString::fromUcs4(U"\uFFFD  ."));
+    EXPECT_EQ(sheet.At("A12").value, Latin("Hill\nRoad")) << "lines may end within a cell";
     EXPECT_TRUE(boxes_.empty());
 }
 
