@@ -45,6 +45,8 @@ TEST_F(RankListSummary, TheSummaryCountsGradesAbsenteesAndFullMarksAndClosesAgai
     EXPECT_FALSE(Panel()->isVisible());
     Press(Button("cmdTotalDetails"));
     EXPECT_TRUE(Panel()->isVisible());
+    EXPECT_GT(Button("cmdClose")->geometry().top(), Summary()->geometry().bottom());
+    EXPECT_TRUE(Button("cmdClose")->hasFocus());
     EXPECT_FALSE(Find<QFrame>(form, "fraMain")->isEnabled());
     EXPECT_FALSE(Find<QFrame>(form, "Frame4")->isEnabled());
     EXPECT_FALSE(Button("cmdTotalDetails")->isEnabled());

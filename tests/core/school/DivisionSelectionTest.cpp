@@ -180,6 +180,16 @@ TEST(SubjectMatch, LooksAtSubjectsNotTakenForRankOnlyWhenAllAreShown)
     EXPECT_EQ(all.untick, (Codes{2}));
 }
 
+TEST(SubjectMatch, UnticksADivisionWithOneMoreSubjectThatIsNotTakenForRankWhenAllAreShown)
+{
+    const std::vector<SubjectSetup> setup{Subject(1, 1), Subject(2, 1), Subject(2, 2, false)};
+    MatchBase base;
+    EXPECT_FALSE(CheckSubjectMatch(setup, {1, 2}, Taken, base).mismatch);
+    const auto all = CheckSubjectMatch(setup, {1, 2}, All, base);
+    EXPECT_TRUE(all.mismatch);
+    EXPECT_EQ(all.untick, (Codes{2}));
+}
+
 TEST(SubjectMatch, TakesASubjectForTheSameWhenAllAreShownAndOnlyItsRoleDiffers)
 {
     const std::vector<SubjectSetup> setup{Subject(1, 1), Subject(1, 2, false), Subject(2, 1, false),

@@ -162,6 +162,27 @@ TEST_F(FixedColumnsOfAGrid, AHiddenRowAndAWiderColumnShowWhileTheNamesAreHeld)
     EXPECT_TRUE(Names() == held);
 }
 
+TEST_F(FixedColumnsOfAGrid, AHigherRowHasAHigherName)
+{
+    grid->SetRowHeight(3, 60);
+    const QImage before = Names();
+    ScrollRight(300);
+    EXPECT_TRUE(Names() == before);
+}
+
+TEST_F(FixedColumnsOfAGrid, WhoHoldsFewerColumnsLetsTheOthersGo)
+{
+    grid->SetFixedCols(2);
+    ScrollRight(300);
+    const QImage two = grid->grab().toImage();
+    grid->SetFixedCols(1);
+    const QImage one = grid->grab().toImage();
+    EXPECT_FALSE(one == two);
+    ScrollRight(0);
+    ScrollRight(300);
+    EXPECT_TRUE(grid->grab().toImage() == one);
+}
+
 TEST_F(FixedColumnsOfAGrid, NamesThatWouldTakeMoreThanHalfOfTheGridScrollWithTheRest)
 {
     form->resize(2 * NameWidth, 320);
