@@ -6,6 +6,7 @@
 #include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
+#include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QApplication>
@@ -46,6 +47,33 @@ protected:
             delete frame;
             Settle();
         }
+    }
+
+    /// All but those that say who may do what; gives their names.
+    QStringList TakeTablesAway()
+    {
+        QStringList tables;
+        auto rows = Session().gcnnMain->Query(
+            QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%'"
+                           " AND name NOT LIKE 'User%'"));
+        while (rows.Next())
+            tables.append(rows.Text(0));
+        for (const QString& table : tables)
+            Session().gcnnMain->Execute(
+                QStringLiteral("ALTER TABLE \"%1\" RENAME TO \"Away %1\"").arg(table));
+        return tables;
+    }
+    void BringTablesBack(const QStringList& tables)
+    {
+        for (const QString& table : tables)
+            Session().gcnnMain->Execute(
+                QStringLiteral("ALTER TABLE \"Away %1\" RENAME TO \"%1\"").arg(table));
+    }
+
+    static bool Leaves(const QAbstractButton& button)
+    {
+        return button.objectName() == QLatin1String("cmdExit") ||
+               button.objectName() == QLatin1String("cmdClose");
     }
 
     /// Neither a part of a control nor of a list.
@@ -97,6 +125,39 @@ TEST_F(EveryScreen, LeadsTheKeyboardToControlsThatTakeItAlsoBackwards)
             QTest::keyClick(reached, Qt::Key_Backtab, Qt::ShiftModifier);
         }
     });
+}
+
+TEST_F(EveryScreen, AsksAndReportsNothingMoreBehindAFailureAndStaysOpen)
+{
+    Session().gintUserCode = 1;
+    LeaveOthersUnguarded();
+    QStringList told;
+    QStringList behindFailures;
+    Prompts::AnswerWith([&](Prompts::Kind kind, const QString& text) {
+        if (kind == Prompts::Kind::Critical)
+            told.append(text);
+        else if (!told.isEmpty())
+            behindFailures.append(text);
+        return true;
+    });
+    int failures = 0;
+    ForEach([&](const Screen& screen, const QMdiSubWindow&) {
+        const QStringList tables = TakeTablesAway();
+        for (QAbstractButton* button : screen.findChildren<QAbstractButton*>()) {
+            if (Leaves(*button) || !button->isVisible() || !button->isEnabled())
+                continue;
+            SCOPED_TRACE(button->objectName().toStdString());
+            told.clear();
+            Press(button);
+            Settle();
+            EXPECT_EQ(behindFailures.join(QLatin1String(" / ")).toStdString(), "");
+            EXPECT_EQ(told.removeDuplicates(), 0);
+            EXPECT_FALSE(screen.IsUnloaded());
+            failures += static_cast<int>(told.size());
+        }
+        BringTablesBack(tables);
+    });
+    EXPECT_GE(failures, 20);
 }
 
 TEST_F(EveryScreen, ShowsNoControlOverAnother)
