@@ -160,6 +160,32 @@ TEST_F(EveryScreen, AsksAndReportsNothingMoreBehindAFailureAndStaysOpen)
     EXPECT_GE(failures, 20);
 }
 
+TEST_F(EveryScreen, ThatNobodyElseMayOpenMeanwhileGoesAgainWhereThatCannotBeNoted)
+{
+    Given("INSERT INTO AcademicYearSetup VALUES (1, 2007, 2008, '2007-06-01', '2008-05-31', 'Y', 'N', 1)");
+    Given("ALTER TABLE ScreenStatus RENAME TO Away");
+    int gone = 0;
+    for (const QString& name : ScreenRegistry::Names()) {
+        SCOPED_TRACE(name.toStdString());
+        QStringList told;
+        Prompts::AnswerWith([&told](Prompts::Kind, const QString& text) {
+            told.append(text);
+            return true;
+        });
+        Session().gblnMenusLocked = false;
+        const Screen* screen = OpenScreen(name);
+        if (screen)
+            delete screen->parentWidget();
+        EXPECT_EQ(screen == nullptr, !told.isEmpty()) << told.join(QLatin1Char(' ')).toStdString();
+        EXPECT_LE(told.size(), 1);
+        EXPECT_FALSE(Session().gblnMenusLocked && !screen);
+        gone += screen ? 0 : 1;
+        Settle();
+    }
+    EXPECT_GE(gone, 2);
+    Given("ALTER TABLE Away RENAME TO ScreenStatus");
+}
+
 TEST_F(EveryScreen, ShowsNoControlOverAnother)
 {
     ForEach([](const Screen& screen, const QMdiSubWindow&) {

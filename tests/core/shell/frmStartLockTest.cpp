@@ -161,6 +161,16 @@ TEST_F(frmStartLockTest, OnesOwnPasswordUnderAnotherNameAndAnothersUnderOnesOwnD
     EXPECT_FALSE(lock.isNull());
 }
 
+TEST_F(frmStartLockTest, AStoreThatFailsIsToldAndTheLockStays)
+{
+    Given("ALTER TABLE UserPrivilegeMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("UserPrivilegeMaster"));
+    Unlock(QStringLiteral("mary"), QStringLiteral("secret"));
+    ASSERT_FALSE(lock.isNull());
+    EXPECT_TRUE(lock->findChild<frmStartUnlock*>()->isVisible());
+    Given("ALTER TABLE Away RENAME TO UserPrivilegeMaster");
+}
+
 TEST_F(frmStartLockTest, EmptyFieldsAreAskedForInTheirOrder)
 {
     prompts.ExpectInformation(QStringLiteral("Enter Login ID"));

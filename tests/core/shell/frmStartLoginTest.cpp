@@ -318,9 +318,14 @@ TEST_F(frmStartLoginTest, OkWorksByMouseAndByKeyboard)
 {
     prompts.ExpectInformation(QStringLiteral("Enter Login ID"));
     Press(Find<ImageButton>(form, "ImgOK"));
-    prompts.ExpectInformation(QStringLiteral("Enter Login ID"));
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        prompts.ExpectInformation(QStringLiteral("Enter Login ID"));
+        Find<ImageButton>(form, "ImgOK")->setFocus();
+        PressKey(form, key);
+        prompts.Verify();
+    }
     Find<ImageButton>(form, "ImgOK")->setFocus();
-    PressKey(form, Qt::Key_Return);
+    PressKey(form, Qt::Key_A);
 }
 
 TEST_F(frmStartLoginTest, CancelAndExitEndWithoutAQuestion)
