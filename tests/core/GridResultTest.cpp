@@ -16,6 +16,21 @@ TEST(GridResult, AColumnIsFoundInWhateverLettersTheStoreGivesItsName)
     EXPECT_EQ(ColumnOf({}, QString()), -1);
 }
 
+TEST(GridResult, RowsThatAreAlikeKeepTheOfficesOrder)
+{
+    for (const char* texts : {"7 5 7 5", "b a B A", "02/Jun/2025 01/Jun/2025 02/Jun/2025 01/Jun/2025"}) {
+        GridResult result{{QStringLiteral("Any")}, {}};
+        for (const QString& text : QString::fromLatin1(texts).split(u' '))
+            result.rows.push_back({text});
+        EXPECT_EQ(RowsInOrder(result, 0, Qt::AscendingOrder), (std::vector<std::size_t>{1, 3, 0, 2}))
+            << texts;
+        EXPECT_EQ(RowsInOrder(result, 0, Qt::DescendingOrder), (std::vector<std::size_t>{0, 2, 1, 3}))
+            << texts;
+        EXPECT_EQ(RowsInOrder(result, 1, Qt::AscendingOrder), (std::vector<std::size_t>{0, 1, 2, 3}));
+        EXPECT_EQ(RowsInOrder(result, -1, Qt::AscendingOrder), (std::vector<std::size_t>{0, 1, 2, 3}));
+    }
+}
+
 TEST(GridResult, ADateIsShownAsOneThoughTheStoreGivesItsHeadInSmallLetters)
 {
     store::Connection main = DeliveredMainStore();

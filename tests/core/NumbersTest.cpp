@@ -169,6 +169,8 @@ TEST(NumbersTest, ValReadsTheNumberThatATextBeginsWith)
     EXPECT_DOUBLE_EQ(Val(QStringLiteral("12")), 12);
     EXPECT_DOUBLE_EQ(Val(QStringLiteral(" 12.5 marks")), 12.5);
     EXPECT_DOUBLE_EQ(Val(QStringLiteral("-3")), -3);
+    EXPECT_DOUBLE_EQ(Val(QStringLiteral("+3")), 3);
+    EXPECT_DOUBLE_EQ(Val(QStringLiteral("1e+2")), 100);
     EXPECT_DOUBLE_EQ(Val(QStringLiteral(".5")), 0.5);
     EXPECT_DOUBLE_EQ(Val(QStringLiteral("Absent")), 0);
     EXPECT_DOUBLE_EQ(Val(QString()), 0);

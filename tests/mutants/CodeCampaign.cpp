@@ -78,10 +78,10 @@ public:
         timer_.start();
         std::vector<CodePlace> places =
             CodePlacesIn(QString::fromUtf8(ReadAll(folder + QStringLiteral("/places.tsv"))));
-        QHash<std::uint32_t, QString> folders;
+        QHash<std::uint32_t, QString> files;
         for (const CodePlace& place : places)
-            folders.insert(place.number, FolderOf(place.file));
-        reach_.emplace(tests_, folders);
+            files.insert(place.number, place.file);
+        reach_.emplace(tests_, files);
         if (choice.files)
             std::erase_if(places,
                           [&](const CodePlace& place) { return !choice.files->contains(place.file); });

@@ -17,10 +17,18 @@ QString SuiteOf(const Test& test)
     return test.name.section(QLatin1Char('.'), 0, 0);
 }
 
+QString FolderOf(const QString& file)
+{
+    return file.section(QLatin1Char('/'), 0, -2);
+}
+
+/// What a test reaches in the file of a change weighs so much more than what it reaches beside the file.
+constexpr int FileBeforeFolder = 10;
+
 } // namespace
 
-Reach::Reach(const std::vector<Test>& tests, QHash<std::uint32_t, QString> folders)
-    : tests_(tests), milliseconds_(tests.size(), 0), folders_(std::move(folders)), reached_(tests.size()),
+Reach::Reach(const std::vector<Test>& tests, QHash<std::uint32_t, QString> files)
+    : tests_(tests), milliseconds_(tests.size(), 0), files_(std::move(files)), reached_(tests.size()),
       reachedInAll_(tests.size(), 0)
 {}
 
@@ -36,7 +44,9 @@ void Reach::Add(std::size_t test, const QByteArray& record, int milliseconds)
             continue;
         const std::uint32_t number = line.toUInt();
         testsOf_[number].push_back(test);
-        ++reached_[test][folders_.value(number)];
+        const QString file = files_.value(number);
+        ++reached_[test][file];
+        ++reached_[test][FolderOf(file)];
         ++reachedInAll_[test];
     }
 }
@@ -45,11 +55,12 @@ std::vector<std::size_t> Reach::TestsOf(std::uint32_t number, const std::vector<
                                         std::size_t most) const
 {
     std::vector<std::size_t> tests = testsOf_.value(number);
-    const QString folder = folders_.value(number);
+    const QString file = files_.value(number);
     const auto rank = [&](std::size_t test) {
         const auto noticer = std::find(noticers.begin(), noticers.end(), test);
-        const double partInFolder = static_cast<double>(reached_[test].value(folder)) / reachedInAll_[test];
-        return std::tuple(noticer - noticers.begin(), milliseconds_[test] / partInFolder, test);
+        const int near = FileBeforeFolder * reached_[test].value(file) + reached_[test].value(FolderOf(file));
+        return std::tuple(noticer - noticers.begin(),
+                          static_cast<double>(milliseconds_[test]) * reachedInAll_[test] / near, test);
     };
     std::sort(tests.begin(), tests.end(),
               [&](std::size_t left, std::size_t right) { return rank(left) < rank(right); });

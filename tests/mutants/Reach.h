@@ -22,16 +22,16 @@ struct Batch
 class Reach
 {
 public:
-    /// `folders` has for each change the folder of its file.
-    Reach(const std::vector<Test>& tests, QHash<std::uint32_t, QString> folders);
+    /// `files` has for each change its file.
+    Reach(const std::vector<Test>& tests, QHash<std::uint32_t, QString> files);
 
     /// Takes the numbers that one test was seen to ask for, a line each, and how long it took.
     void Add(std::size_t test, const QByteArray& record, int milliseconds);
 
     /// The tests that reach a change: first those that noticed a change near by, then those that are quick
-    /// and reach little in other folders. Of more than `most` the first half stays; of the others each suite
-    /// keeps its first, then its second, and so on, so that none that looks at a thing of its own is passed
-    /// over.
+    /// and reach little in other files, and in other folders. Of more than `most` the first half stays; of
+    /// the others each suite keeps its first, then its second, and so on, so that none that looks at a thing
+    /// of its own is passed over.
     std::vector<std::size_t> TestsOf(std::uint32_t number, const std::vector<std::size_t>& noticers,
                                      std::size_t most) const;
 
@@ -42,8 +42,8 @@ public:
 private:
     const std::vector<Test>& tests_;
     std::vector<int> milliseconds_;
-    QHash<std::uint32_t, QString> folders_;
-    std::vector<QHash<QString, int>> reached_; ///< how many changes each test reaches in each folder
+    QHash<std::uint32_t, QString> files_;
+    std::vector<QHash<QString, int>> reached_; ///< how many changes each test reaches in each file and folder
     std::vector<int> reachedInAll_;
     QHash<std::uint32_t, std::vector<std::size_t>> testsOf_;
 };

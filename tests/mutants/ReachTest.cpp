@@ -35,10 +35,10 @@ protected:
         {QStringLiteral("p"), QStringLiteral("D"), true},
     };
     Reach reach{tests,
-                {{1, QStringLiteral("core")},
-                 {2, QStringLiteral("marks")},
-                 {3, QStringLiteral("ranks")},
-                 {4, QStringLiteral("ranks")}}};
+                {{1, QStringLiteral("src/core/a.cpp")},
+                 {2, QStringLiteral("src/marks/a.cpp")},
+                 {3, QStringLiteral("src/ranks/a.cpp")},
+                 {4, QStringLiteral("src/ranks/a.cpp")}}};
 };
 
 TEST_F(ReachTest, OnlyTestsThatReachAChangeAreTried)
@@ -47,11 +47,23 @@ TEST_F(ReachTest, OnlyTestsThatReachAChangeAreTried)
     EXPECT_TRUE(reach.TestsOf(5, {}, All).empty());
 }
 
-TEST_F(ReachTest, TestsThatAreQuickAndReachLittleInOtherFoldersComeFirst)
+TEST_F(ReachTest, TestsThatAreQuickAndReachLittleInOtherFilesComeFirst)
 {
     EXPECT_EQ(reach.TestsOf(1, {}, All), (std::vector<std::size_t>{1, 3, 0, 2}));
     EXPECT_EQ(reach.TestsOf(3, {}, All), (std::vector<std::size_t>{0, 3}))
         << "half of what 0 reaches is near";
+}
+
+TEST_F(ReachTest, AFileThatATestReachesMuchOfGoesBeforeItsFolder)
+{
+    Reach within{tests,
+                 {{1, QStringLiteral("src/a.cpp")},
+                  {2, QStringLiteral("src/a.cpp")},
+                  {3, QStringLiteral("src/b.cpp")},
+                  {4, QStringLiteral("src/b.cpp")}}};
+    within.Add(0, "1\n3\n4\n", 10);
+    within.Add(1, "1\n2\n", 11);
+    EXPECT_EQ(within.TestsOf(1, {}, All), (std::vector<std::size_t>{1, 0}));
 }
 
 TEST_F(ReachTest, TestsThatNoticedAChangeNearByComeBeforeAllOthers)

@@ -1,5 +1,7 @@
 #include "core/DatabasePassword.h"
 
+#include <QCryptographicHash>
+
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -12,6 +14,15 @@ TEST(DatabasePassword, IsTheSameTextForEverySession)
     BuildDatabasePassword(first);
     BuildDatabasePassword(second);
     EXPECT_EQ(DatabasePassword(first), DatabasePassword(second));
+}
+
+TEST(DatabasePassword, OpensTheFilesThatSchoolsHaveAlready)
+{
+    SessionContext session;
+    BuildDatabasePassword(session);
+    const QByteArray hash =
+        QCryptographicHash::hash(DatabasePassword(session).toUtf8(), QCryptographicHash::Sha256).toHex();
+    EXPECT_EQ(hash.toStdString(), "22af4e6bbc519e9f747ffa7b72b6a8b7fd72f1d52c6f7421edb246e5bb16e26e");
 }
 
 TEST(DatabasePassword, IsLongAndPrintable)

@@ -79,6 +79,15 @@ TEST_F(frmUtilOptionsTest, TheStoredRowFillsControlsAndSession)
     EXPECT_EQ(Session().gvarDefaultDOB.toStdString(), "31/May/2019");
 }
 
+TEST_F(frmUtilOptionsTest, EachBoxShowsItsOwnOptionOfTheStoredRow)
+{
+    Given("INSERT INTO Options VALUES ('', 'N', '2019-05-31', 'F', 'Y', 'N')");
+    OpenOptions();
+    EXPECT_FALSE(Box("chkAutoGen")->isChecked());
+    EXPECT_TRUE(Box("chkFractionMarks")->isChecked());
+    EXPECT_FALSE(Box("chkRoundedMarks")->isChecked());
+}
+
 TEST_F(frmUtilOptionsTest, TheExitPromptShownIsTheUsersOwnFromTheTemporaryFile)
 {
     GivenOptions();
