@@ -114,7 +114,7 @@ bool frmMasStudentAdmissionEntry::LoadPlacement(int studentCode, bool viewOnly)
 {
     const auto found = Fetch([&] {
         const int year = Session().gintAcademicYearCode;
-        const auto facts =
+        auto facts =
             std::tuple(StudentRepository(MainStore()).Find(studentCode), Admissions().Find(studentCode, year),
                        Admissions().Facts(studentCode, year));
         // A list that could not be read would show the placement as blank.
