@@ -114,9 +114,8 @@ bool frmMasStudentAdmissionEntry::LoadPlacement(int studentCode, bool viewOnly)
 {
     const auto found = Fetch([&] {
         const int year = Session().gintAcademicYearCode;
-        auto facts =
-            std::tuple(StudentRepository(MainStore()).Find(studentCode), Admissions().Find(studentCode, year),
-                       Admissions().Facts(studentCode, year));
+        auto facts = std::tuple(StudentRepository(MainStore()).Find(studentCode),
+                                Admissions().Find(studentCode, year), Admissions().Facts(studentCode, year));
         // A list that could not be read would show the placement as blank.
         if (const auto& placement = std::get<1>(facts))
             classDivision_->Choose(placement->classCode, placement->divisionCode);
