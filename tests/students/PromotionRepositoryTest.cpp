@@ -97,8 +97,12 @@ TEST_F(PromotionRepositoryTest, AYearThatBeginsOrEndsOtherwiseIsNotTheNextOne)
 
 TEST_F(PromotionRepositoryTest, ASchoolWithoutAYearHasNoNextOne)
 {
-    EXPECT_EQ(Repository().Years(0).next, 0);
-    EXPECT_EQ(Repository().Years(99).next, 0);
+    for (const int none : {0, 99}) {
+        const PromotionYears years = Repository().Years(none);
+        EXPECT_EQ(years.next, 0);
+        EXPECT_EQ(years.following, 0);
+        EXPECT_EQ((years.currentName + years.nextName).toStdString(), "");
+    }
 }
 
 TEST_F(PromotionRepositoryTest, TheFromSideListsTheClassDivisionOfThisYearByName)
@@ -150,6 +154,14 @@ TEST_F(PromotionRepositoryTest, AStudentComesWithHisNumberAndBothPlaces)
     EXPECT_FALSE(student.relieved);
 }
 
+TEST_F(PromotionRepositoryTest, StudentsAreFoundByName)
+{
+    std::vector<int> codes;
+    for (const char* name : {"Binu", "Cara", "Asha"})
+        codes.push_back(school.Add(QString::fromLatin1(name), NineA));
+    EXPECT_EQ(Names(Repository().Find(Years(), codes)), "Asha Binu Cara");
+}
+
 TEST_F(PromotionRepositoryTest, AStudentWithoutAPlaceHasNone)
 {
     const PromotionStudent student = Find(school.Add(QStringLiteral("Asha")));
@@ -170,6 +182,10 @@ TEST_F(PromotionRepositoryTest, OnlyMarksInTheClassDivisionOfTheNextYearStandAga
     school.EnterMark(binu, TenA, NextYear);
     EXPECT_FALSE(Find(asha).hasMarks);
     EXPECT_TRUE(Find(binu).hasMarks);
+    const std::vector<PromotionStudent> target = Repository().ToStudents(Years(), TenA);
+    ASSERT_EQ(target.size(), 2U);
+    EXPECT_FALSE(target[0].hasMarks);
+    EXPECT_TRUE(target[1].hasMarks);
     school.EnterMark(asha, TenA, NextYear);
     EXPECT_TRUE(Find(asha).hasMarks);
 }

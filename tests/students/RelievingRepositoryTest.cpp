@@ -1,11 +1,13 @@
 #include "students/RelievingRepository.h"
 
 #include "store/StoreError.h"
+#include "students/Narrowings.h"
 #include "students/PlacedStudents.h"
 #include "support/Neighbours.h"
 #include "support/TestStore.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace tally::test {
 namespace {
@@ -41,14 +43,6 @@ protected:
             EXPECT_EQ(error.Kind(), store::ErrorKind::GeneralFailure);
         }
     }
-    /// The names that a search finds; `narrow` fills its filters.
-    template <typename Narrow>
-    std::string Found(const Narrow& narrow)
-    {
-        RelievedFilter filter;
-        narrow(filter);
-        return Texts(filter, "Student Name");
-    }
     std::string Texts(const RelievedFilter& filter, const char* head)
     {
         const GridResult result = relievings.Search(filter);
@@ -71,6 +65,7 @@ const Relieving Entry{.relievingDate = QDate(2024, 6, 10),
 TEST_F(RelievingRepositoryTest, ARelievingFillsFourColumnsOfOneStudentAndIsTakenBackWhole)
 {
     const std::string onRoll = StoredStudent(main, 2);
+    Relieve(main, 3, "TC 7");
     const AllRows before(main);
     Write([](store::Transaction& transaction) { RelievingRepository::Relieve(transaction, 2, Entry); });
     EXPECT_EQ(StoredStudent(main, 2),
@@ -125,10 +120,15 @@ TEST_F(RelievingRepositoryTest, TheClassIsThatOfTheStudentsLastYear)
     Place(main, 1, 2, {1, 2});
     Place(main, 1, 1, {2, 1}, "N");
     Place(main, 2, 3, {2, 1});
-    const auto last = relievings.LastClassOf(1);
-    ASSERT_TRUE(last);
-    EXPECT_EQ(last->className.toStdString(), "V");
-    EXPECT_EQ(last->divisionName.toStdString(), "B");
+    main.Execute(QStringLiteral("UPDATE ClassDivisionDetails SET DivisionName = 'Z' || DivisionName"
+                                " WHERE ClassCode = 2"));
+    for (const auto& [student, className, divisionName] :
+         {std::tuple(1, "V", "B"), std::tuple(2, "IV", "ZA")}) {
+        const auto last = relievings.LastClassOf(student);
+        ASSERT_TRUE(last);
+        EXPECT_EQ(last->className.toStdString(), className);
+        EXPECT_EQ(last->divisionName.toStdString(), divisionName);
+    }
 }
 
 TEST_F(RelievingRepositoryTest, PromotedIsWhoHasALaterYearBehindThisOne)
@@ -190,25 +190,41 @@ TEST_F(RelievingRepositoryTest, ASearchListsRelievedStudentsAloneByNameWithTheir
               "TC No|AcademicYearCode");
 }
 
-TEST_F(RelievingRepositoryTest, EachFilterNarrowsTheSearchAndDatesCountWithTheirEnds)
+TEST_F(RelievingRepositoryTest, HoweverFiltersMeetWhomNoneLeavesOutIsFoundByName)
 {
-    Relieve(main, 1, "TC 1");
-    Relieve(main, 2, "TC 2");
-    Relieve(main, 3, "TC 3");
-    main.Execute(
-        QStringLiteral("UPDATE StudentMaster SET AdmissionDate = '2024-06-04' WHERE StudentCode = 2"));
-    main.Execute(
-        QStringLiteral("UPDATE StudentMaster SET RelievingDate = '2024-09-05' WHERE StudentCode = 3"));
-    EXPECT_EQ(Found([](auto& by) {
-                  by.admissionNo = QStringLiteral("a10");
-                  by.studentName = QStringLiteral("NU");
-              }),
-              "Anu|Binu");
-    EXPECT_EQ(Found([](auto& by) { by.admissionNo = QStringLiteral("03"); }), "Cara");
-    EXPECT_EQ(Found([](auto& by) { by.admissionFrom = QDate(2024, 6, 4); }), "Binu");
-    EXPECT_EQ(Found([](auto& by) { by.admissionTo = QDate(2024, 6, 3); }), "Anu|Cara");
-    EXPECT_EQ(Found([](auto& by) { by.relievingFrom = QDate(2024, 9, 5); }), "Cara");
-    EXPECT_EQ(Found([](auto& by) { by.relievingTo = QDate(2024, 9, 1); }), "Anu|Binu");
+    const std::tuple<const char*, QDate, QDate> relieved[] = {
+        {"Nandana", {2024, 6, 4}, {2024, 9, 6}},     {"Ananya", {2024, 6, 6}, {2024, 9, 4}},
+        {"Kannan", {2024, 6, 5}, {2024, 9, 5}},      {"OtherNumberAn", {2024, 6, 5}, {2024, 9, 5}},
+        {"Binu", {2024, 6, 5}, {2024, 9, 5}},        {"EarlierAn", {2024, 6, 3}, {2024, 9, 5}},
+        {"LaterAn", {2024, 6, 7}, {2024, 9, 5}},     {"GoneEarlierAn", {2024, 6, 5}, {2024, 9, 3}},
+        {"GoneLaterAn", {2024, 6, 5}, {2024, 9, 7}}, {"OnRollAn", {2024, 6, 5}, {2024, 9, 5}}};
+    int code = 9;
+    for (const auto& [name, admission, relieving] : relieved) {
+        Student student = StudentNamed(++code, name);
+        student.admissionDate = admission;
+        StoreStudent(main, student);
+        main.Execute(
+            QStringLiteral("UPDATE StudentMaster SET TCNo = ?, RelievingDate = ? WHERE StudentCode = ?"),
+            QStringLiteral("TC %1").arg(code), relieving, code);
+    }
+    for (const char* change :
+         {"OptionalAdmissionNo = 'B9' WHERE StudentName = 'OtherNumberAn'",
+          "TCNo = '' WHERE StudentName = 'OnRollAn'",
+          "TCNo = 'TC', OptionalAdmissionNo = 'A11', StudentName = 'NobodyAn', AdmissionDate = '2024-06-05',"
+          " RelievingDate = '2024-09-05' WHERE StudentCode = 0"})
+        main.Execute(QStringLiteral("UPDATE StudentMaster SET ") + QString::fromLatin1(change));
+    ExpectNarrowed<RelievedFilter>(
+        {{"number", {[](auto& by) { by.admissionNo = QStringLiteral("a11"); }, {"OtherNumberAn"}}},
+         {"name", {[](auto& by) { by.studentName = QStringLiteral("AN"); }, {"Binu"}}},
+         {"from", {[](auto& by) { by.admissionFrom = QDate(2024, 6, 4); }, {"EarlierAn"}}},
+         {"to", {[](auto& by) { by.admissionTo = QDate(2024, 6, 6); }, {"LaterAn"}}},
+         {"goneFrom", {[](auto& by) { by.relievingFrom = QDate(2024, 9, 4); }, {"GoneEarlierAn"}}},
+         {"goneTo", {[](auto& by) { by.relievingTo = QDate(2024, 9, 6); }, {"GoneLaterAn"}}}},
+        {"", "number", "name", "number name", "from", "to", "from to", "goneFrom", "goneTo",
+         "goneFrom goneTo", "number name from to goneFrom goneTo"},
+        {"Ananya", "Binu", "EarlierAn", "GoneEarlierAn", "GoneLaterAn", "Kannan", "LaterAn", "Nandana",
+         "OtherNumberAn"},
+        [this](const RelievedFilter& filter) { return Texts(filter, "Student Name"); });
 }
 
 } // namespace

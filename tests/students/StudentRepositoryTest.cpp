@@ -54,6 +54,7 @@ TEST_F(StudentRepositoryTest, AStoredStudentStandsInTheColumnsInTheirOrderAndIsO
 
 TEST_F(StudentRepositoryTest, AStudentComesBackAsStoredWithTheNamesBehindHisCodes)
 {
+    StoreStudent(main, StudentNamed(3, "Asha"));
     StoreStudent(main, Anu());
     StoreStudent(main, StudentNamed(5, "Binu"));
     Relieve(main, 4, "TC 9");
