@@ -14,8 +14,6 @@
 namespace tally::test {
 
 inline const QString EditOrDelete = QStringLiteral("Do You Want To Edit/Delete ?");
-inline const QString DiskTakesNothing =
-    QStringLiteral("The Database File Could Not Be Read Or Written (disk I/O error)");
 inline const QString NoRecord = QStringLiteral("No Record Exists");
 
 /// The screens by which students come and go, in an office that works in its second year on 10/Jun/2024 and

@@ -2,6 +2,7 @@
 
 #include "core/ui/controls/FloatingEditor.h"
 #include "students/PromotionSchool.h"
+#include "support/FileSizeLimit.h"
 #include "support/FormDriver.h"
 #include "support/StoreWords.h"
 
@@ -329,6 +330,23 @@ TEST_F(NumberChange, AStoreLockedByAnotherClientIsToldAndTheSaveCanBeRepeated)
         prompts.Verify();
         EXPECT_EQ(grid->TextMatrix(1, 3).toStdString(), "N1");
     }
+    SaveUpdates();
+    EXPECT_EQ(Numbers(), "N1 A2 A3 A4");
+}
+
+TEST_F(NumberChange, OnAFullDiskNothingIsChangedAndTheSaveCanBeRepeated)
+{
+    StopPresence();
+    OpenFirstBox();
+    Enter("N1");
+    {
+        const FileSizeLimit full(0);
+        prompts.ExpectCritical(DiskTakesNothing);
+        Press(Button("cmdSave"));
+        prompts.Verify();
+    }
+    EXPECT_EQ(Numbers(), "A1 A2 A3 A4");
+    EXPECT_EQ(grid->TextMatrix(1, 3).toStdString(), "N1");
     SaveUpdates();
     EXPECT_EQ(Numbers(), "N1 A2 A3 A4");
 }

@@ -10,6 +10,8 @@ inline const QString HeldByAnotherClient =
     QStringLiteral("The Data Is In Use By Another Client. Please Try Again In A Moment (database is locked)");
 inline const QString DiskIsFull =
     QStringLiteral("The Disk Is Full. This Was Not Saved (database or disk is full)");
+inline const QString DiskTakesNothing =
+    QStringLiteral("The Database File Could Not Be Read Or Written (disk I/O error)");
 inline const QString OnlyReadable = QStringLiteral("The Database Can Only Be Read, Not Written. This Was Not "
                                                    "Saved (attempt to write a readonly database)");
 
