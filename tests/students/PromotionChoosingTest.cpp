@@ -192,6 +192,22 @@ TEST_F(PromotionChoosing, TheHighestClassDoesNotBarTheWayDownToTheOthers)
     EXPECT_EQ(Places(), "IX- to X-");
 }
 
+TEST_F(PromotionChoosing, WhereTheHighestClassIsTheOnlyOneItStaysRefused)
+{
+    for (const char* table : {"StudentClassDivision", "ClassDivisionDetails", "ClassDivisionMaster"})
+        Session().gcnnMain->Execute(
+            QStringLiteral("DELETE FROM %1 WHERE ClassCode > 1").arg(QLatin1String(table)));
+    OpenNew();
+    DataCombo* list = List("cbofromClass");
+    ASSERT_EQ(list->count(), 2);
+    list->setFocus();
+    prompts.ExpectInformation(QStringLiteral("Higher Class Does Not Exist For Promotion"));
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(Places(), "- to -");
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(Places(), "- to -") << "there is no other class to go on to";
+}
+
 TEST_F(PromotionChoosing, WhoComesBackToTheClassesStartsFromTheTopAgain)
 {
     OpenNew();

@@ -61,6 +61,9 @@ void DataCombo::keyPressEvent(QKeyEvent* event)
         setCurrentIndex(refused);
     }
     QComboBox::keyPressEvent(event);
+    // Behind the last entry there is no other one to go on to.
+    if (walks && refused >= 0 && currentIndex() == refused)
+        TakeBack();
 }
 
 void DataCombo::focusOutEvent(QFocusEvent* event)
