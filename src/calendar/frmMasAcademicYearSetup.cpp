@@ -168,13 +168,15 @@ void frmMasAcademicYearSetup::cmdSave_Click()
 
 void frmMasAcademicYearSetup::cmdCancel_Click()
 {
-    ClearControls(this);
-    ShowState(MasterState::Idle);
-    code_ = 0;
-    ui_->lblAcademicYearTo->clear();
-    Read([this] {
-        LoadGrid();
-        ShowSchoolSetupOffer();
+    TellOnce([this] {
+        ClearControls(this);
+        ShowState(MasterState::Idle);
+        code_ = 0;
+        ui_->lblAcademicYearTo->clear();
+        Read([this] {
+            LoadGrid();
+            ShowSchoolSetupOffer();
+        });
     });
     ui_->cmdNew->setFocus();
 }

@@ -91,13 +91,15 @@ void frmUtilApplicationDateSetup::cmdAddOneDay_Click()
         ShowDate(lastDate_);
         return;
     }
-    const bool added = Write(Conflict::MasterIsGone, [&](store::Transaction& transaction) {
+    const auto error = TryWrite([&](store::Transaction& transaction) {
         ApplicationDateRepository::Insert(transaction, next, session.gintUserCode);
     });
-    if (!added) {
+    if (error) {
+        Prompts::Critical(TextOf(*error, Conflict::MasterIsGone));
         ShowDate(lastDate_);
-        // Another client may have added the day.
-        Read([this] { LoadLastDate(); });
+        // Another client has added the day.
+        if (error->IsConflict())
+            Read([this] { LoadLastDate(); });
         return;
     }
     lastDate_ = next;

@@ -376,11 +376,13 @@ void frmexammarkentry::cmdSave_Click()
 
 void frmexammarkentry::cmdCancel_Click()
 {
-    LoadExam();
-    ClearControls(this);
-    Read([this] { classDivision_->Load(); });
-    cboClass_Click();
-    Optsubject_Click();
+    TellOnce([this] {
+        LoadExam();
+        ClearControls(this);
+        Read([this] { classDivision_->Load(); });
+        cboClass_Click();
+        Optsubject_Click();
+    });
     ui_->cmdNew->setEnabled(true);
     for (QWidget* control :
          std::initializer_list<QWidget*>{ui_->cmdEdit, ui_->cmdSave, ui_->cmdDelete, ui_->fraMain})

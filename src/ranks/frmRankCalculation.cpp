@@ -50,8 +50,7 @@ frmRankCalculation::~frmRankCalculation() = default;
 void frmRankCalculation::Form_Load()
 {
     ResetGrid();
-    LoadExam();
-    LoadClass();
+    LoadLists();
     ui_->Cboexamname->setFocus();
 }
 
@@ -115,16 +114,15 @@ RankOrder frmRankCalculation::Order() const
     return ui_->optAlphabeticalOrder->isChecked() ? RankOrder::Alphabetical : RankOrder::Rank;
 }
 
-void frmRankCalculation::LoadExam()
+void frmRankCalculation::LoadLists()
 {
     ui_->Cboexamname->SetListBehindBlank({});
-    Read([this] { ui_->Cboexamname->SetListBehindBlank(SchoolListRepository(MainStore()).Exams()); });
-}
-
-void frmRankCalculation::LoadClass()
-{
     ui_->cboClass->SetListBehindBlank({});
-    Read([this] { ui_->cboClass->SetListBehindBlank(SchoolListRepository(MainStore()).Classes()); });
+    Read([this] {
+        SchoolListRepository lists(MainStore());
+        ui_->Cboexamname->SetListBehindBlank(lists.Exams());
+        ui_->cboClass->SetListBehindBlank(lists.Classes());
+    });
 }
 
 void frmRankCalculation::Cboexamname_Click()
@@ -408,8 +406,7 @@ void frmRankCalculation::cmdCancel_Click()
          std::initializer_list<QWidget*>{ui_->cmdExport, ui_->cboClass, ui_->cmdSave, ui_->cmdTotalDetails})
         control->setEnabled(false);
     ui_->chkSelectAll->setEnabled(true);
-    LoadExam();
-    LoadClass();
+    LoadLists();
     ClearBases();
     ResetGrid();
     table_.Drop();

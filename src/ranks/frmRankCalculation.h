@@ -36,8 +36,7 @@ private:
     void ConnectHandlers();
     void ShowDivisionKey();
 
-    void LoadExam();
-    void LoadClass();
+    void LoadLists();
     void Cboexamname_Click();
     void cboClass_Click();
     void Lstdivision_ItemCheck(int index, bool ticked);

@@ -42,9 +42,11 @@ frmRankCardPrinting::~frmRankCardPrinting() = default;
 
 void frmRankCardPrinting::Form_Load()
 {
-    LoadExams();
-    Read([this] { classDivision_->Load(); });
-    LoadStudentList();
+    TellOnce([this] {
+        LoadExams();
+        Read([this] { classDivision_->Load(); });
+        LoadStudentList();
+    });
     ui_->Lstexamnames->setFocus();
 }
 
@@ -79,7 +81,6 @@ SchoolScope frmRankCardPrinting::Scope() const
 
 void frmRankCardPrinting::LoadExams()
 {
-    ui_->Lstexamnames->clear();
     Read([this] {
         for (const auto& [code, name] : SchoolListRepository(MainStore()).Exams())
             ui_->Lstexamnames->AddItem({code, name, {}});

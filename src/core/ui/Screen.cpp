@@ -195,25 +195,37 @@ bool Screen::Read(const std::function<void()>& work)
         work();
         return true;
     } catch (const store::StoreError& error) {
-        if (!committed_)
+        if (!gathering_)
             Prompts::Critical(error.Description());
-        else if (failedAfterCommit_.isEmpty())
-            failedAfterCommit_ = error.Description();
+        else if (firstFailure_.isEmpty())
+            firstFailure_ = error.Description();
         return false;
     }
 }
 
+QString Screen::FirstFailureOf(const std::function<void()>& work)
+{
+    if (gathering_) {
+        work();
+        return {};
+    }
+    const QScopedValueRollback gathering(gathering_, true);
+    work();
+    return std::exchange(firstFailure_, QString());
+}
+
+void Screen::TellOnce(const std::function<void()>& work)
+{
+    if (const QString failure = FirstFailureOf(work); !failure.isEmpty())
+        Prompts::Critical(failure);
+}
+
 void Screen::AfterCommit(const std::function<void()>& work)
 {
-    {
-        const QScopedValueRollback committed(committed_, true);
-        work();
-    }
-    if (failedAfterCommit_.isEmpty())
-        return;
-    Prompts::Information(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.\n"
-                                        "Only The Screen Could Not Be Read Anew : ") +
-                         std::exchange(failedAfterCommit_, QString()));
+    if (const QString failure = FirstFailureOf(work); !failure.isEmpty())
+        Prompts::Information(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.\n"
+                                            "Only The Screen Could Not Be Read Anew : ") +
+                             failure);
 }
 
 } // namespace tally

@@ -104,6 +104,9 @@ protected:
     /// What the user is told of a failed write: the fixed text of a conflict with other data, else the
     /// failure's own description.
     static QString TextOf(const store::StoreError& error, Conflict conflict);
+    /// Runs steps that read one thing after the other, as Cancel's do. Where Reads of them fail, the user is
+    /// told once, at the end.
+    void TellOnce(const std::function<void()>& work);
     /// Runs what follows a commit: the word for its result, Cancel's steps. Where a Read of it fails, the
     /// user is told once, at the end, that the change is stored and that only the screen could not be read
     /// anew; a bare failure would make him enter everything again.
@@ -114,14 +117,17 @@ protected:
 private:
     void Exit();
     void LeaveArea();
+    /// Why the first Read of `work` failed, of which nobody has been told; empty for none, and where the work
+    /// around it tells.
+    QString FirstFailureOf(const std::function<void()>& work);
     /// Gives other clients the screen that TakeScreen took. False when another client's save stood in the way
     /// for now; the user has been told.
     bool ReleaseScreen();
 
     QAbstractButton* exitButton_ = nullptr;
-    QString takenScreen_;       ///< empty while this client holds no row of ScreenStatus
-    bool committed_ = false;    ///< what runs follows a commit
-    QString failedAfterCommit_; ///< why the first Read of it failed; empty for none
+    QString takenScreen_;    ///< empty while this client holds no row of ScreenStatus
+    bool gathering_ = false; ///< failures are told at the end of what runs
+    QString firstFailure_;   ///< of what runs; empty for none
     bool menusTaken_ = false;
     bool activated_ = false;
     bool unloaded_ = false;
