@@ -212,7 +212,9 @@ class Finder:
         if cursor.kind in FUNCTIONS:
             self.function(cursor)
         elif cursor.kind == Kind.VAR_DECL:
-            self.variable(cursor)
+            # That something begins at nothing is so before any test could reach it.
+            if not re.search(r"(=\s*|\{)(0|false)?\}?$", self.part(self.span(cursor))):
+                self.variable(cursor)
         elif cursor.kind == Kind.FIELD_DECL:
             self.field(cursor)
         elif cursor.kind in HOUSES:
@@ -221,17 +223,18 @@ class Finder:
                     self.declarations(child)
 
     def function(self, cursor):
+        name = self.offset(cursor.location)
         for child in self.children(cursor):
-            if child.kind == Kind.COMPOUND_STMT:
-                self.bodies.append(self.span(child))
-                self.code(child)
-            elif child.kind.is_expression():
+            begin = self.span(child)[0]
+            # In front of the name stands the type, with the sizes of its arrays.
+            if begin >= name and (child.kind == Kind.COMPOUND_STMT or child.kind.is_expression()):
                 self.bodies.append(self.span(child))
                 self.code(child)
 
     def field(self, cursor):
+        """Most records are given all their values, and begin at nothing only for order's sake."""
         for child in self.children(cursor):
-            if self.bare(child).kind == Kind.CXX_BOOL_LITERAL_EXPR:
+            if self.bare(child).kind == Kind.CXX_BOOL_LITERAL_EXPR and self.part(self.span(child)) == "true":
                 self.code(child)
 
     def variable(self, cursor):

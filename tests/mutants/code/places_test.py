@@ -216,6 +216,15 @@ class PlacesTest(unittest.TestCase):
         )
         self.assertEqual(changed.outputs, {})
 
+    def test_a_type_in_front_of_a_name_and_what_begins_at_nothing_stay(self):
+        changed = calls(
+            "return *Room() | All().size() | begun | Record().off | 1;",
+            "template <int N> struct Rooms { int size() const { return N; } };"
+            "const Rooms<3>& All() { static Rooms<3> all; return all; } int* Room() { static int room[2]; return room; }"
+            "int begun = 0; bool over = false; struct Record { bool off = false; bool on = true; };",
+        )
+        self.assertEqual(list(changed.outputs), ["turned: true", "one more than 1"])
+
     def test_a_function_that_may_run_early_is_changed_where_it_runs_late(self):
         half = "constexpr int Half(int n) { return n < 2 ? 0 : 1; } static_assert(Half(2) == 1);"
         changed = calls("return Half(a);", half)
