@@ -1,3 +1,4 @@
+#include "core/ProcessEnd.h"
 #include "store/StoreError.h"
 #include "support/ScreenFixture.h"
 
@@ -53,6 +54,13 @@ TEST_F(ApplicationTest, WorkOnADatabaseThatIsClosedIsToldInPlainWords)
     const auto closed = std::move(Session().gcnnTemp);
     prompts.ExpectCritical(QStringLiteral("The Database Is Closed"));
     Handle([] { (void)TempStore(); });
+}
+
+TEST_F(ApplicationTest, TheEndOfTheProcessThatIsSaidBeforeTheEventsBeginEndsThemInOrder)
+{
+    EndProcessWith({});
+    EndProcess();
+    EXPECT_EQ(QCoreApplication::exec(), 0);
 }
 
 } // namespace
