@@ -249,8 +249,6 @@ bool frmexammarkentry::IsChosen()
 
 void frmexammarkentry::msgDetails_Click(int row, int col)
 {
-    if (!ui_->cmdSave->isEnabled())
-        return;
     marks_->Close();
     if (IsChosen())
         marks_->Open(row, col);

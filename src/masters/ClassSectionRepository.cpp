@@ -16,14 +16,6 @@ bool Holds(const std::set<DivisionKey>& keys, int classCode, int divisionCode)
 
 } // namespace
 
-const ClassRecord* ClassSections::FindClass(int classCode) const
-{
-    const auto found = std::find_if(classes.begin(), classes.end(), [classCode](const ClassRecord& record) {
-        return record.classCode == classCode;
-    });
-    return found == classes.end() ? nullptr : &*found;
-}
-
 const ClassDivision* ClassSections::FindDivision(int classCode, int divisionCode) const
 {
     const auto found = std::find_if(divisions.begin(), divisions.end(), [&](const ClassDivision& division) {

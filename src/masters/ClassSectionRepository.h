@@ -17,9 +17,7 @@ struct ClassSections
     std::vector<ClassRecord> classes;     ///< in their order
     std::vector<ClassDivision> divisions; ///< by class, within it the highest code first
 
-    const ClassRecord* FindClass(int classCode) const;
     const ClassDivision* FindDivision(int classCode, int divisionCode) const;
-    bool ClassExists(int classCode) const { return FindClass(classCode) != nullptr; }
     bool ClassDivisionExists(int classCode, int divisionCode) const
     {
         return FindDivision(classCode, divisionCode) != nullptr;

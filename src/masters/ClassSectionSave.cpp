@@ -146,26 +146,13 @@ void Carry(store::Transaction& transaction, const ClassSectionPlan& plan, int us
 }
 
 /// What is on the grid and not in the database.
-struct MissingRows
+std::vector<ClassDivision> MissingDivisions(const ClassSectionGrid& grid, const ClassSections& stored)
 {
-    std::vector<ClassRecord> classes;
-    std::vector<ClassDivision> divisions;
-};
-
-MissingRows FindMissing(const ClassSectionGrid& grid, ClassSections stored)
-{
-    MissingRows missing;
-    for (int row = 1; row <= grid.RowCount(); ++row) {
-        const ClassRecord record = RecordOf(grid.Row(row));
-        if (!grid.Row(row).IsNamed() || stored.ClassExists(record.classCode))
-            continue;
-        missing.classes.push_back(record);
-        stored.classes.push_back(record);
-    }
+    std::vector<ClassDivision> missing;
     for (const ClassDivision& division : grid.Divisions())
         if (!division.divisionName.trimmed().isEmpty() &&
             !stored.ClassDivisionExists(division.classCode, division.divisionCode))
-            missing.divisions.push_back(division);
+            missing.push_back(division);
     return missing;
 }
 
@@ -207,7 +194,7 @@ bool SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, Cl
                        int userCode, QStringList& kept)
 {
     ClassSectionRepository repository(connection);
-    MissingRows missing;
+    std::vector<ClassDivision> missing;
     {
         store::Transaction transaction(connection);
         const StoredClassSections stored = repository.Read();
@@ -218,18 +205,16 @@ bool SaveEditedClasses(store::Connection& connection, ClassSectionGrid& grid, Cl
         Carry(transaction, plan, userCode);
         // Read before the commit: a failure to read must not come when the work is stored already.
         ClassSections written{repository.Classes(), repository.Divisions()};
-        missing = FindMissing(reconciled, written);
+        missing = MissingDivisions(reconciled, written);
         transaction.Commit();
         grid = std::move(reconciled);
         loaded = std::move(written);
         kept += Kept(plan);
     }
-    if (missing.classes.empty() && missing.divisions.empty())
+    if (missing.empty())
         return true;
     store::Transaction transaction(connection);
-    for (const ClassRecord& record : missing.classes)
-        ClassSectionRepository::InsertClass(transaction, record, userCode);
-    for (const ClassDivision& division : missing.divisions)
+    for (const ClassDivision& division : missing)
         ClassSectionRepository::InsertDivision(transaction, division);
     transaction.Commit();
     return true;

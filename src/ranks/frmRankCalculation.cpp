@@ -160,8 +160,6 @@ void frmRankCalculation::Lstdivision_ItemCheck(int index, bool ticked)
         Untick({ui_->Lstdivision->ItemData(index)});
         return;
     }
-    if (ui_->chkSelectAll->isChecked())
-        return;
     // What could not be compared is not ranked together.
     if (!CheckAgreement(
             QStringLiteral("Selected Division's 'Subjects Taken For Rank' Does Not Match With Already "

@@ -67,7 +67,7 @@ void Connection::Open(const QByteArray& name, int flags)
     const int result = sqlite3_open_v2(name.constData(), &engine, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     engine_.reset(engine);
     if (result != SQLITE_OK)
-        throw StoreError(result, QString::fromUtf8(engine ? sqlite3_errmsg(engine) : sqlite3_errstr(result)));
+        throw StoreError(result, QString::fromUtf8(sqlite3_errstr(result)));
     sqlite3_extended_result_codes(engine, 1);
     SetPatience(DefaultPatience);
 }

@@ -34,9 +34,8 @@ Statement::Statement(sqlite3* engine, const QString& sql, std::shared_ptr<std::u
 
 void Statement::Check(int result) const
 {
-    if (result == SQLITE_OK || result == SQLITE_ROW || result == SQLITE_DONE)
-        return;
-    throw ErrorOf(engine_, QString::fromUtf8(sqlite3_sql(handle_.get())));
+    if (result != SQLITE_OK)
+        throw ErrorOf(engine_, QString::fromUtf8(sqlite3_sql(handle_.get())));
 }
 
 void Statement::Reset()

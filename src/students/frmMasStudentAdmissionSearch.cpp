@@ -71,8 +71,6 @@ void frmMasStudentAdmissionSearch::cmdCancel_Click()
 void frmMasStudentAdmissionSearch::dgdDetails_DblClick(int row)
 {
     const int studentCode = ui_->dgdDetails->Code(row, CodeHead);
-    if (studentCode <= 0)
-        return;
     const QString admissionNo = ui_->dgdDetails->Text(row, QStringLiteral("Admission No"));
     if (Session().gblnCalledFromSearch)
         LoadForRelieving(admissionNo);

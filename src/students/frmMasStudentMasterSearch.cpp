@@ -81,8 +81,6 @@ void frmMasStudentMasterSearch::cmdCancel_Click()
 void frmMasStudentMasterSearch::dgdDetails_DblClick(int row)
 {
     const int code = ui_->dgdDetails->Code(row, CodeHead);
-    if (code <= 0)
-        return;
     const auto relieved = Fetch([&] { return StudentRepository(MainStore()).IsRelieved(code); });
     if (!relieved ||
         !Prompts::Ask(*relieved ? QStringLiteral("Do You Want To View Relieved Student Details ?")

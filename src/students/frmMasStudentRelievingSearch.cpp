@@ -88,8 +88,6 @@ void frmMasStudentRelievingSearch::cmdSearch_Click()
 void frmMasStudentRelievingSearch::dgdDetails_DblClick(int row)
 {
     const int studentCode = ui_->dgdDetails->Code(row, CodeHead);
-    if (studentCode <= 0)
-        return;
     const auto promoted = Fetch([&] {
         return RelievingRepository(MainStore()).IsPromoted(studentCode, Session().gintAcademicYearCode);
     });

@@ -149,7 +149,7 @@ bool LeadsSomewhere(const MenuDefinition& line)
     case MenuKind::Screen: return ScreenRegistry::Knows(opens);
     case MenuKind::Command: return MenuCommands::Knows(opens);
     case MenuKind::Group: return true;
-    case MenuKind::Separator: return false;
+    case MenuKind::Separator: break;
     }
     return false;
 }

@@ -27,8 +27,6 @@ SheetFile::SheetFile(std::FILE* file) : file_(file), number_(fileno(file)), seco
 
 SheetFile::~SheetFile()
 {
-    if (second_ < 0)
-        return;
     if (AreOneFile(number_, second_))
         std::fclose(file_);
     close(second_);

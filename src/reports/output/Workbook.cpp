@@ -115,11 +115,6 @@ QSizeF Workbook::PrintableArea(bool landscape)
     return paper - QSizeF(2 * Side, Top + Bottom) * PointsPerInch;
 }
 
-double Workbook::ColumnPoints(double letters)
-{
-    return (letters + LettersAround) * WidestDigit;
-}
-
 double Workbook::ColumnLetters(double points)
 {
     return points / WidestDigit - LettersAround;

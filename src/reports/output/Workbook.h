@@ -93,9 +93,8 @@ public:
     /// font that office programs put in the place of one that they have not got.
     static constexpr double LetterPoints = 5.6;
     static constexpr double WidestLetterPoints = 7;
-    /// The most width on paper, in points, of a column of so many letters, from 1 on, in a workbook that has
-    /// BoundColumns, and the letters of such a width.
-    static double ColumnPoints(double letters);
+    /// The letters, from 1 on, of a column that has this most width on paper, in points, in a workbook that
+    /// has BoundColumns.
     static double ColumnLetters(double points);
 
     /// All files are put into `workFolder`, which the caller clears away.

@@ -86,8 +86,6 @@ public:
     {
         SetRows(table.Rows());
         table_ = std::move(table);
-        if (table_.Cols() == 0)
-            return;
         Q_EMIT headerDataChanged(Qt::Horizontal, 0, table_.Cols() - 1);
         if (table_.Rows() > 1)
             RowsChanged(1, table_.Rows() - 1);

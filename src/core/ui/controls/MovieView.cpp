@@ -61,8 +61,6 @@ void MovieView::Play()
     if (renderer_ || movie_.isEmpty() || !isVisible())
         return;
     auto renderer = std::make_unique<QSvgRenderer>(movie_);
-    if (!renderer->isValid())
-        return;
     renderer->setAspectRatioMode(Qt::KeepAspectRatioByExpanding);
     renderer->setFramesPerSecond(FramesPerSecond);
     connect(renderer.get(), &QSvgRenderer::repaintNeeded, this, qOverload<>(&QWidget::update));

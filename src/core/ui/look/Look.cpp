@@ -124,8 +124,6 @@ bool ShowsTitleButton(const QStyleOptionTitleBar* bar, QStyle::SubControl button
     const auto can = [bar](Qt::WindowType hint) { return bar->titleBarFlags.testFlag(hint); };
     const bool minimized = (bar->titleBarState & Qt::WindowMinimized) != 0;
     const bool maximized = (bar->titleBarState & Qt::WindowMaximized) != 0;
-    if (!bar->subControls.testFlag(button))
-        return false;
     switch (button) {
     case QStyle::SC_TitleBarMaxButton: return can(Qt::WindowMaximizeButtonHint) && !maximized;
     case QStyle::SC_TitleBarMinButton: return can(Qt::WindowMinimizeButtonHint) && !minimized;
