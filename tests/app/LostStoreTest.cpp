@@ -66,7 +66,7 @@ protected:
 
     /// Does something on the screen as often as it has statements, each time without the store from the next
     /// of them on, and at last with it.
-    void Do(const QString& what, const std::function<void()>& work)
+    void Do(const QString& what, const std::function<void()>& work, int screens = 1)
     {
         constexpr std::size_t Most = 200;
         SCOPED_TRACE(what.toStdString());
@@ -81,7 +81,7 @@ protected:
             if (!lost)
                 return;
             ++losses_;
-            ExpectToldOnceAndLast(number);
+            ExpectToldOnceAndLast(number, screens);
             EXPECT_EQ(MainStore().TransactionDepth(), 0);
             if (HasFailure())
                 return;
@@ -89,19 +89,22 @@ protected:
         ADD_FAILURE() << "never comes to its end";
     }
 
-    /// The change may be stored already: then it is told that only the screen could not be read anew.
-    void ExpectToldOnceAndLast(std::size_t number)
+    /// The change may be stored already: then it is told that only the screen could not be read anew. Where
+    /// another screen opens, each tells for itself.
+    void ExpectToldOnceAndLast(std::size_t number, int screens)
     {
         QStringList all;
         int failures = 0;
-        bool last = false;
+        int behind = 0;
         for (const auto& [kind, text] : told_) {
-            last = kind == Prompts::Kind::Critical ||
-                   text.startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again."));
-            failures += last ? 1 : 0;
+            const bool failure =
+                kind == Prompts::Kind::Critical ||
+                text.startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again."));
+            failures += failure ? 1 : 0;
+            behind += !failure && failures > 0 ? 1 : 0;
             all.append(text);
         }
-        EXPECT_TRUE(failures == 1 && last)
+        EXPECT_TRUE(failures >= 1 && failures <= screens && behind == 0)
             << "at the statement " << number << ": " << all.join(QStringLiteral(" / ")).toStdString();
     }
 
@@ -149,9 +152,12 @@ protected:
         Do(QStringLiteral("click"),
            [list, place] { QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, place); });
         if (IsOn(list))
-            Do(QStringLiteral("double click"), [list, place] {
-                QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-            });
+            Do(
+                QStringLiteral("double click"),
+                [list, place] {
+                    QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+                },
+                2);
     }
 
     static bool IsOn(const QWidget* control) { return control->isVisible() && control->isEnabled(); }
@@ -209,10 +215,15 @@ TEST_P(LostStoreTest, IsToldInOneBoxBehindWhichNothingGoesOn)
         SCOPED_TRACE(begin);
         ChooseRow();
         PressInTurn(begin);
-        Fill();
+        // A search without any condition finds all.
+        if (*begin != '\0' || !QString::fromLatin1(GetParam()).endsWith(QLatin1String("Search")))
+            Fill();
         for (const char* next : {"cmdUpdate", "cmdView", "cmdSearch", "cmdSave", "cmdDelete", "cmdAddOneDay",
-                                 "cmdDeleteLastDay", "cmdTotalDetails", "cmdCancel"})
+                                 "cmdDeleteLastDay", "cmdTotalDetails", "cmdCancel"}) {
             PressInTurn(next);
+            if (QLatin1String(next) == QLatin1String("cmdSearch"))
+                ChooseRow();
+        }
     }
     EXPECT_GE(losses_, 3);
 }

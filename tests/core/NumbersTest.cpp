@@ -78,6 +78,7 @@ TEST(NumbersTest, FormatsPutAHalfAwayFromZero)
     EXPECT_EQ(Format2(0.125).toStdString(), "0.13");
     EXPECT_EQ(Format2(3).toStdString(), "3.00");
     EXPECT_EQ(Format2(66.664).toStdString(), "66.66");
+    EXPECT_EQ(Format2(1e-30).toStdString(), "0.00");
 }
 
 TEST(NumbersTest, AHalfIsOneAsItIsWrittenWhateverItsBinaryForm)

@@ -195,6 +195,17 @@ TEST_F(MarkFaults, AnEditAfterAnotherClientsDeleteStoresTheWholeSubject)
     EXPECT_EQ(Stored(), "1 1 11 P 7 5; 2 1 12 P 7 5; 3 1 13 P 7 5");
 }
 
+TEST_F(MarkFaults, AnEditOfASubjectWhoseStudentsHaveAllGoneMeanwhileSaysSo)
+{
+    school->EnterMark(1, 1, 45);
+    ShowStoredSubject(QStringLiteral("English"));
+    OtherInDivision("DELETE FROM MarkMaster WHERE ExamCode = 1");
+    OtherInDivision("DELETE FROM StudentClassDivision WHERE StudentCode > 0");
+    prompts.ExpectInformation(NoStudentsText);
+    Press(Button("cmdEdit"));
+    prompts.Verify();
+}
+
 TEST_F(MarkFaults, AStoreLockedByAnotherClientIsToldAndTheSaveCanBeRepeated)
 {
     EnterEnglish();

@@ -162,6 +162,14 @@ TEST_F(ClassSectionSaveTest, ANewClassIsStoredWithTheUser)
     EXPECT_EQ(Number("SELECT UserCode FROM ClassDivisionMaster WHERE ClassCode = 4"), Clerk);
 }
 
+TEST_F(ClassSectionSaveTest, ARowThatHasNoNameYetIsNoClass)
+{
+    GivenClasses({{3, "XII", 1, 1}});
+    grid.AddRow();
+    Save();
+    EXPECT_EQ(Classes(), "3 XII 1 1;");
+}
+
 TEST_F(ClassSectionSaveTest, ARemovedClassAndItsDivisionsGo)
 {
     GivenClasses({{1, "XII", 1, 1}, {2, "XI", 2, 2}});
@@ -375,6 +383,16 @@ TEST_F(ClassSectionSaveTest, WhenTheSecondTransactionFailsTheFirstOneStays)
     EXPECT_EQ(told, QStringList());
     EXPECT_FALSE(HoldsWorkOfOthers(ClassSectionRepository(store).Read(), loaded))
         << "what this client stored itself does not refuse its next try";
+}
+
+TEST_F(ClassSectionSaveTest, TheSecondTransactionStoresTheDivisionsThatAKeptClassLacks)
+{
+    GivenClasses({{1, "XII", 1, 1}, {2, "XI", 1, 2}});
+    Tie("StudentClassDivision", 2, 1);
+    grid.SetNoOfDivisions(2, QStringLiteral("2"));
+    grid.DeleteRow(1);
+    Save();
+    EXPECT_EQ(Divisions(2), "1A 2B");
 }
 
 TEST_F(ClassSectionSaveTest, WhatWasKeptIsToldAlsoWhenTheSecondTransactionFails)

@@ -198,6 +198,17 @@ TEST(Students, WithoutAnyMarkOfTheExamAreLeftOut)
     EXPECT_EQ(list.rows[0].studentName, "Anil");
 }
 
+TEST(Students, WithMarksInASubjectThatTheDivisionDoesNotTakeShowOnlyTheOthers)
+{
+    TestSchool school;
+    school.AddUsualDivision(1);
+    school.AddMarkedStudent("Anil", {50, 90});
+    const RankList list = school.Compute();
+    ASSERT_EQ(list.subjects.size(), 1U);
+    EXPECT_EQ(CellOf(list, "Anil", 0).value, 50);
+    EXPECT_EQ(RowOf(list, "Anil").total, 50);
+}
+
 TEST(Students, WhoChangedDivisionKeepNoMarksOfTheOldOne)
 {
     TestSchool school;

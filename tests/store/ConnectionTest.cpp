@@ -1,5 +1,7 @@
 #include "StoreFiles.h"
 
+#include <QDir>
+
 namespace tally::test {
 
 using store::Connection;
@@ -68,6 +70,18 @@ TEST(Connection, EmptyFileIsRefusedAndStaysEmpty)
     ASSERT_TRUE(error);
     EXPECT_TRUE(error->Description().endsWith(QLatin1String("Tallyboard.mdb Is Empty"))) << error->what();
     EXPECT_EQ(QFile(files.Path()).size(), 0);
+}
+
+TEST(Connection, AFolderInThePlaceOfTheFileIsRefused)
+{
+    const StoreFiles files;
+    ASSERT_TRUE(QDir().mkdir(files.Path()));
+    const auto error = ErrorOf([&] { Connection(files.Path(), Password); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Description(),
+              QDir::toNativeSeparators(files.Path()) +
+                  QStringLiteral(": The Database File Could Not Be Opened, Or Its "
+                                 "Folder Can Only Be Read (unable to open database file)"));
 }
 
 TEST(Connection, FileOfAnotherKindIsRefusedAndUnchanged)

@@ -1,5 +1,7 @@
 #include "store/OwnFiles.h"
 
+#include "support/FileSizeLimit.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -57,6 +59,19 @@ protected:
 
     QTemporaryDir folder_;
 };
+
+TEST_F(OwnFiles, WhatADiskHasNoRoomForDoesNotLieOnIt)
+{
+    QFile file(Path("letter"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write("a clerk's letter"), 16);
+    {
+        const FileSizeLimit full(4);
+        EXPECT_FALSE(BringToDisk(file));
+    }
+    EXPECT_TRUE(BringToDisk(file));
+    EXPECT_EQ(Read("letter"), "a clerk's letter");
+}
 
 TEST_F(OwnFiles, ALinkIsNeitherAPlainFileNorAPlainFolderNorAFreeName)
 {

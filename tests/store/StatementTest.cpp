@@ -101,6 +101,14 @@ TEST_F(Statement, AnErrorNamesTheStatementButNeverItsValues)
     EXPECT_FALSE(error->IsLocked());
 }
 
+TEST_F(Statement, AValueTooManyIsAnErrorOfTheStatement)
+{
+    const QString query = QStringLiteral("SELECT Name FROM Thing WHERE Number = ?");
+    const auto error = ErrorOf([&] { store_.Query(query, 1, 2); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Statement(), query);
+}
+
 TEST_F(Statement, AQuotedIdentifierTakesAnyName)
 {
     for (const char* name : {"Eng", "order", "A b", "x\"y", "1st", "Total); DROP TABLE Thing; --"}) {

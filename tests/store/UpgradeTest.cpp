@@ -7,6 +7,8 @@
 #include "support/FileSizeLimit.h"
 #include "support/TestStore.h"
 
+#include <QDir>
+
 #include <optional>
 #include <thread>
 #include <vector>
@@ -175,6 +177,28 @@ TEST_F(UpgradeTest, AnUpgradeThatFailsHalfWayLeavesTheOldFileAndNoCopy)
     old = files.Bytes();
     EXPECT_EQ(Refusal(), CouldNotBe() + QStringLiteral("index TeacherMarks already exists"));
     ExpectOldAndAlone();
+}
+
+TEST_F(UpgradeTest, AFolderInThePlaceOfTheCopySaysSo)
+{
+    ASSERT_TRUE(QDir().mkdir(files.Path(MainFile + QStringLiteral(".copy"))));
+    const QString refusal = Refusal();
+    EXPECT_TRUE(refusal.startsWith(CouldNotBe() + QStringLiteral("No Copy Of It Could Be Made Beside It (")))
+        << refusal.toStdString();
+    EXPECT_EQ(files.Bytes(), old);
+}
+
+TEST_F(UpgradeTest, ACopyWhoseNamesAreAllTakenSaysSoAndIsCleared)
+{
+    files.Write("ten years of marks", CopyName);
+    for (int number = 2; number <= 99; ++number)
+        files.Write("of another year", QStringLiteral("Tallyboard before upgrade 2 (%1).mdb").arg(number));
+    EXPECT_EQ(Refusal(),
+              CouldNotBe() + QStringLiteral("No Copy Of It Could Be Made Beside It (its name could "
+                                            "not be given)"));
+    EXPECT_EQ(files.Bytes(), old);
+    EXPECT_EQ(files.Bytes(CopyName), QByteArray("ten years of marks"));
+    EXPECT_FALSE(QFile::exists(files.Path(MainFile + QStringLiteral(".copy"))));
 }
 
 TEST_F(UpgradeTest, ADiskWithoutRoomForTheCopySaysSo)

@@ -138,6 +138,16 @@ TEST_F(PromotionListsTest, WhoIsMovedStandsBehindTheOthersInTheOrderOfMoving)
     EXPECT_EQ(To(), "   Zoe - (A4)|   Asha - (A1)");
 }
 
+TEST_F(PromotionListsTest, WhoIsInNeitherListIsPassedOver)
+{
+    lists.ShowFrom({Student(1, "Asha")});
+    lists.ShowTo({Student(4, "Zoe", NineA, TenA)});
+    lists.Move({7});
+    EXPECT_TRUE(lists.TakeBack({7}, NineA));
+    EXPECT_EQ(From(), "    Asha - (A1)");
+    EXPECT_EQ(To(), "   Zoe - (A4)");
+}
+
 TEST_F(PromotionListsTest, WhatIsMovedButNotStoredCanAlwaysBeTakenBack)
 {
     lists.ShowFrom({WithMarks(CarriedOn(Student(1, "Asha")))});

@@ -357,5 +357,15 @@ TEST_F(frmStartLoginTest, AStartThatCanNotWriteItsRowsEndsTheProcess)
     EXPECT_EQ(Count("SELECT count(*) FROM AccessedDate"), 0);
 }
 
+TEST_F(frmStartLoginTest, TheSameStartEndsAfterALoginToo)
+{
+    GivenMary();
+    Given("DROP TABLE ScreenStatus");
+    prompts.ExpectCritical(NoSuchTable("ScreenStatus"));
+    LogIn(mary, secret);
+    EXPECT_EQ(processEnds, 1);
+    EXPECT_EQ(mdiTallyboard::Instance(), nullptr);
+}
+
 } // namespace
 } // namespace tally::test

@@ -268,6 +268,20 @@ TEST_F(TakeOnlyTest, ADroppedTextIsCleanedBeforeItIsCutAndStaysWhereItCameFrom)
     EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
 }
 
+TEST_F(TakeOnlyTest, WithoutATextADropLeavesTheFieldAndItsHintAsTheyAre)
+{
+    TakeOnly(first, KeyNumericDecimal, 5);
+    first->setText(QStringLiteral("12"));
+    first->setCursorPosition(1);
+    QMimeData data;
+    data.setData(QStringLiteral("image/png"), "picture");
+    QDropEvent drop(QPointF(300, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(first, &drop);
+    EXPECT_EQ(first->text().toStdString(), "12");
+    EXPECT_EQ(first->cursorPosition(), 1);
+    EXPECT_EQ(Hint(), "");
+}
+
 TEST_F(TakeOnlyTest, WhatAnInputMethodBringsIsCleanedAndToldAsWell)
 {
     TakeOnly(first, KeyAlpha, 30);

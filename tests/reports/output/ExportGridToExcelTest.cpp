@@ -582,6 +582,15 @@ TEST_F(Export, IsWholeOrToldAndGoneWhenTheDiskFillsAndFreesAgain)
     EXPECT_GT(toldOfFullDisk_, 10);
 }
 
+TEST_F(Export, TellsAnyOtherFaultToo)
+{
+    RunExport([] { throw std::runtime_error("no room"); });
+    ASSERT_EQ(boxes_.size(), 1U);
+    EXPECT_EQ(boxes_[0].kind, Prompts::Kind::Critical);
+    EXPECT_EQ(boxes_[0].text, Latin("no room"));
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(Export, LiesOnTheDiskAndThenItsNameToo)
 {
     Fill({"Name", "Asha"});
