@@ -186,6 +186,7 @@ private:
                 failing_.append(test.name);
             old.removeAll(name);
         });
+        reach_->ForgetWhatAllReach();
         for (const QString& name : old)
             QFile::remove(kept.filePath(name));
         Say(QStringLiteral("after %1 s").arg(timer_.elapsed() / 1000));

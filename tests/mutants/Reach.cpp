@@ -3,6 +3,7 @@
 #include <QList>
 
 #include <algorithm>
+#include <limits>
 #include <set>
 #include <tuple>
 #include <utility>
@@ -25,16 +26,20 @@ QString FolderOf(const QString& file)
 /// What a test reaches in the file of a change weighs so much more than what it reaches beside the file.
 constexpr int FileBeforeFolder = 10;
 
+/// What all of fewer tests reach may well be what they are there for.
+constexpr std::size_t FewTests = 10;
+
 } // namespace
 
 Reach::Reach(const std::vector<Test>& tests, QHash<std::uint32_t, QString> files)
-    : tests_(tests), milliseconds_(tests.size(), 0), files_(std::move(files)), reached_(tests.size()),
-      reachedInAll_(tests.size(), 0)
+    : tests_(tests), milliseconds_(tests.size(), 0), seen_(tests.size(), false), files_(std::move(files)),
+      reached_(tests.size()), reachedInAll_(tests.size(), 0)
 {}
 
 void Reach::Add(std::size_t test, const QByteArray& record, int milliseconds)
 {
     milliseconds_[test] = milliseconds;
+    seen_[test] = true;
     QList<QByteArray> lines = record.split('\n');
     // Programs that the test started wrote their own.
     std::sort(lines.begin(), lines.end());
@@ -51,6 +56,30 @@ void Reach::Add(std::size_t test, const QByteArray& record, int milliseconds)
     }
 }
 
+void Reach::ForgetWhatAllReach()
+{
+    QHash<QString, std::vector<std::size_t>> programs;
+    for (std::size_t test = 0; test < tests_.size(); ++test)
+        if (seen_[test])
+            programs[tests_[test].program].push_back(test);
+    for (auto found = testsOf_.cbegin(); found != testsOf_.cend(); ++found) {
+        QHash<QString, std::size_t> times;
+        for (const std::size_t test : found.value())
+            ++times[tests_[test].program];
+        const QString file = files_.value(found.key());
+        for (auto program = times.cbegin(); program != times.cend(); ++program) {
+            const std::vector<std::size_t>& all = programs[program.key()];
+            if (all.size() < FewTests || program.value() < all.size())
+                continue;
+            for (const std::size_t test : all) {
+                --reached_[test][file];
+                --reached_[test][FolderOf(file)];
+                --reachedInAll_[test];
+            }
+        }
+    }
+}
+
 std::vector<std::size_t> Reach::TestsOf(std::uint32_t number, const std::vector<std::size_t>& noticers,
                                         std::size_t most) const
 {
@@ -60,7 +89,9 @@ std::vector<std::size_t> Reach::TestsOf(std::uint32_t number, const std::vector<
         const auto noticer = std::find(noticers.begin(), noticers.end(), test);
         const int near = FileBeforeFolder * reached_[test].value(file) + reached_[test].value(FolderOf(file));
         return std::tuple(noticer - noticers.begin(),
-                          static_cast<double>(milliseconds_[test]) * reachedInAll_[test] / near, test);
+                          near > 0 ? static_cast<double>(milliseconds_[test]) * reachedInAll_[test] / near
+                                   : std::numeric_limits<double>::infinity(),
+                          test);
     };
     std::sort(tests.begin(), tests.end(),
               [&](std::size_t left, std::size_t right) { return rank(left) < rank(right); });
@@ -70,11 +101,15 @@ std::vector<std::size_t> Reach::TestsOf(std::uint32_t number, const std::vector<
     std::set<std::size_t> kept(tests.begin(), tests.begin() + nearest);
     std::vector<std::pair<std::size_t, std::size_t>> turns; // of each other test in its suite, and the test
     QHash<QString, std::size_t> taken;
+    for (const std::size_t test : kept)
+        ++taken[SuiteOf(tests_[test])];
+    std::size_t firsts = 0;
     for (auto test = tests.begin() + nearest; test != tests.end(); ++test)
-        turns.emplace_back(taken[SuiteOf(tests_[*test])]++, *test);
+        if (turns.emplace_back(taken[SuiteOf(tests_[*test])]++, *test).first == 0)
+            ++firsts;
     std::stable_sort(turns.begin(), turns.end(),
                      [](const auto& left, const auto& right) { return left.first < right.first; });
-    turns.resize(most - kept.size());
+    turns.resize(std::max(most - kept.size(), firsts));
     for (const auto& [turn, test] : turns)
         kept.insert(test);
     std::erase_if(tests, [&](std::size_t test) { return kept.count(test) == 0; });

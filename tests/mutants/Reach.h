@@ -27,11 +27,14 @@ public:
 
     /// Takes the numbers that one test was seen to ask for, a line each, and how long it took.
     void Add(std::size_t test, const QByteArray& record, int milliseconds);
+    /// When all are taken: what every test of a program reaches, since it is made before any of them begins,
+    /// no longer says where one of them is at home.
+    void ForgetWhatAllReach();
 
     /// The tests that reach a change: first those that noticed a change near by, then those that are quick
     /// and reach little in other files, and in other folders. Of more than `most` the first half stays; of
-    /// the others each suite keeps its first, then its second, and so on, so that none that looks at a thing
-    /// of its own is passed over.
+    /// the others each suite keeps its first, however many suites there are, then its second, and so on, so
+    /// that none that looks at a thing of its own is passed over.
     std::vector<std::size_t> TestsOf(std::uint32_t number, const std::vector<std::size_t>& noticers,
                                      std::size_t most) const;
 
@@ -42,6 +45,7 @@ public:
 private:
     const std::vector<Test>& tests_;
     std::vector<int> milliseconds_;
+    std::vector<bool> seen_;
     QHash<std::uint32_t, QString> files_;
     std::vector<QHash<QString, int>> reached_; ///< how many changes each test reaches in each file and folder
     std::vector<int> reachedInAll_;

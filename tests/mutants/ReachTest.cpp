@@ -78,9 +78,13 @@ TEST_F(ReachTest, BatchesGrowWithWhatHasPassed)
     EXPECT_EQ(Told(reach.Batches({0, 2, 3, 1})), "p A 10; p C 20; p D 10; q B 20");
 }
 
-TEST_F(ReachTest, NoMoreTestsAreTriedThanAskedFor)
+TEST_F(ReachTest, OfOneSuiteNoMoreTestsAreTriedThanAskedFor)
 {
-    EXPECT_EQ(reach.TestsOf(1, {2}, 2), (std::vector<std::size_t>{2, 1}));
+    const std::vector<mutants::Test> one(4, {QStringLiteral("p"), QStringLiteral("Marks.A"), true});
+    Reach within{one, {}};
+    for (std::size_t test = 0; test < one.size(); ++test)
+        within.Add(test, "1\n", static_cast<int>(test));
+    EXPECT_EQ(within.TestsOf(1, {2}, 2), (std::vector<std::size_t>{2, 0}));
     EXPECT_EQ(reach.TestsOf(4, {}, 2), std::vector<std::size_t>{0});
 }
 
@@ -93,6 +97,36 @@ TEST_F(ReachTest, OfTooManyTestsEachSuiteKeepsSome)
         wide.Add(test, "1\n", static_cast<int>(test));
     EXPECT_EQ(wide.TestsOf(1, {}, 4), (std::vector<std::size_t>{0, 1, 2, 6}));
     EXPECT_EQ(wide.TestsOf(1, {5}, 4), (std::vector<std::size_t>{5, 0, 1, 6}));
+}
+
+TEST_F(ReachTest, EverySuiteIsTriedHoweverManyThereAre)
+{
+    std::vector<mutants::Test> many;
+    for (const char* name : {"A.A", "A.B", "A.C", "B.A", "C.A", "D.A"})
+        many.push_back({QStringLiteral("p"), QString::fromLatin1(name), true});
+    Reach wide{many, {}};
+    for (std::size_t test = 0; test < many.size(); ++test)
+        wide.Add(test, "1\n", static_cast<int>(test));
+    EXPECT_EQ(wide.TestsOf(1, {}, 2), (std::vector<std::size_t>{0, 3, 4, 5}));
+}
+
+TEST_F(ReachTest, WhatAllTestsOfAProgramReachIsNearToNoneOfThem)
+{
+    constexpr std::size_t Tests = 12;
+    std::vector<mutants::Test> many(Tests, {QStringLiteral("p"), QStringLiteral("Marks.A"), true});
+    many.push_back({QStringLiteral("q"), QStringLiteral("Keyboard.A"), true});
+    Reach wide{many,
+               {{1, QStringLiteral("src/words.cpp")},
+                {2, QStringLiteral("src/words.cpp")},
+                {3, QStringLiteral("src/marks/a.cpp")}}};
+    for (std::size_t test = 0; test < Tests; ++test)
+        wide.Add(test, test == Tests - 1 ? "1\n2\n3\n" : "1\n3\n", 10);
+    wide.Add(Tests, "1\n2\n", 40);
+    wide.ForgetWhatAllReach();
+    const std::vector<std::size_t> order = wide.TestsOf(1, {}, All);
+    ASSERT_EQ(order.size(), Tests + 1);
+    EXPECT_EQ(order[0], Tests - 1) << "the only one of its program that reaches more of the words";
+    EXPECT_EQ(order[1], Tests);
 }
 
 } // namespace
