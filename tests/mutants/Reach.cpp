@@ -23,6 +23,12 @@ QString FolderOf(const QString& file)
     return file.section(QLatin1Char('/'), 0, -2);
 }
 
+/// The tests in tests/core/ui are at home with the files in src/core/ui and below.
+bool IsAtHome(const Test& test, const QString& file)
+{
+    return !test.folder.isEmpty() && file.startsWith(QLatin1String("src/") + test.folder + QLatin1Char('/'));
+}
+
 /// What a test reaches in the file of a change weighs so much more than what it reaches beside the file.
 constexpr int FileBeforeFolder = 10;
 
@@ -88,7 +94,7 @@ std::vector<std::size_t> Reach::TestsOf(std::uint32_t number, const std::vector<
     const auto rank = [&](std::size_t test) {
         const auto noticer = std::find(noticers.begin(), noticers.end(), test);
         const int near = FileBeforeFolder * reached_[test].value(file) + reached_[test].value(FolderOf(file));
-        return std::tuple(noticer - noticers.begin(),
+        return std::tuple(noticer - noticers.begin(), !IsAtHome(tests_[test], file),
                           near > 0 ? static_cast<double>(milliseconds_[test]) * reachedInAll_[test] / near
                                    : std::numeric_limits<double>::infinity(),
                           test);
@@ -97,19 +103,22 @@ std::vector<std::size_t> Reach::TestsOf(std::uint32_t number, const std::vector<
               [&](std::size_t left, std::size_t right) { return rank(left) < rank(right); });
     if (tests.size() <= most)
         return tests;
-    const auto nearest = static_cast<std::ptrdiff_t>(most / 2);
-    std::set<std::size_t> kept(tests.begin(), tests.begin() + nearest);
+    const auto half = tests.begin() + static_cast<std::ptrdiff_t>(most / 2);
+    const auto others =
+        std::find_if(half, tests.end(), [&](std::size_t test) { return !IsAtHome(tests_[test], file); });
+    std::set<std::size_t> kept(tests.begin(), others);
     std::vector<std::pair<std::size_t, std::size_t>> turns; // of each other test in its suite, and the test
     QHash<QString, std::size_t> taken;
     for (const std::size_t test : kept)
         ++taken[SuiteOf(tests_[test])];
     std::size_t firsts = 0;
-    for (auto test = tests.begin() + nearest; test != tests.end(); ++test)
+    for (auto test = others; test != tests.end(); ++test)
         if (turns.emplace_back(taken[SuiteOf(tests_[*test])]++, *test).first == 0)
             ++firsts;
     std::stable_sort(turns.begin(), turns.end(),
                      [](const auto& left, const auto& right) { return left.first < right.first; });
-    turns.resize(std::max(most - kept.size(), firsts));
+    const std::size_t room = most > kept.size() ? most - kept.size() : 0;
+    turns.resize(std::min(turns.size(), std::max(room, firsts)));
     for (const auto& [turn, test] : turns)
         kept.insert(test);
     std::erase_if(tests, [&](std::size_t test) { return kept.count(test) == 0; });

@@ -31,10 +31,11 @@ public:
     /// no longer says where one of them is at home.
     void ForgetWhatAllReach();
 
-    /// The tests that reach a change: first those that noticed a change near by, then those that are quick
-    /// and reach little in other files, and in other folders. Of more than `most` the first half stays; of
-    /// the others each suite keeps its first, however many suites there are, then its second, and so on, so
-    /// that none that looks at a thing of its own is passed over.
+    /// The tests that reach a change: first those that noticed a change near by, then those at home with its
+    /// folder, then those that are quick and reach little in other files, and in other folders. Of more than
+    /// `most` all at home stay, and as many as make up the first half; of the others each suite keeps its
+    /// first, however many suites there are, then its second, and so on, so that none that looks at a thing
+    /// of its own is passed over.
     std::vector<std::size_t> TestsOf(std::uint32_t number, const std::vector<std::size_t>& noticers,
                                      std::size_t most) const;
 

@@ -99,6 +99,18 @@ TEST_F(ReachTest, OfTooManyTestsEachSuiteKeepsSome)
     EXPECT_EQ(wide.TestsOf(1, {5}, 4), (std::vector<std::size_t>{5, 0, 1, 6}));
 }
 
+TEST_F(ReachTest, AllTestsThatStandInTheFolderOfAFileAreTriedBeforeOthers)
+{
+    std::vector<mutants::Test> many(
+        6, {QStringLiteral("p"), QStringLiteral("Marks.A"), true, QStringLiteral("exams")});
+    for (const std::size_t test : {2, 4, 5})
+        many[test] = {QStringLiteral("q"), QStringLiteral("Masters.A"), true, QStringLiteral("masters")};
+    Reach wide{many, {{1, QStringLiteral("src/masters/fields/a.cpp")}}};
+    for (std::size_t test = 0; test < many.size(); ++test)
+        wide.Add(test, "1\n", static_cast<int>(test));
+    EXPECT_EQ(wide.TestsOf(1, {}, 2), (std::vector<std::size_t>{2, 4, 5, 0}));
+}
+
 TEST_F(ReachTest, EverySuiteIsTriedHoweverManyThereAre)
 {
     std::vector<mutants::Test> many;

@@ -42,12 +42,12 @@ QStringList NamesIn(const QString& program)
     return names;
 }
 
-QVariantList LabelsOf(const QJsonValue& test)
+QJsonValue PropertyOf(const QJsonValue& test, const char* name)
 {
     const QJsonArray properties = test[QLatin1String("properties")].toArray();
     for (const QJsonValue property : properties)
-        if (property[QLatin1String("name")].toString() == QLatin1String("LABELS"))
-            return property[QLatin1String("value")].toArray().toVariantList();
+        if (property[QLatin1String("name")].toString() == QLatin1String(name))
+            return property[QLatin1String("value")];
     return {};
 }
 
@@ -84,9 +84,11 @@ std::vector<Test> TestsOf(const QString& buildFolder)
         if (programs.contains(program))
             continue;
         programs.insert(program);
-        const bool ofRules = LabelsOf(entry).contains(QStringLiteral("rules"));
+        const bool ofRules = PropertyOf(entry, "LABELS").toArray().contains(QStringLiteral("rules"));
+        const QString folder =
+            PropertyOf(entry, "WORKING_DIRECTORY").toString().section(QStringLiteral("/tests/"), -1);
         for (const QString& name : NamesIn(program))
-            tests.push_back({program, name, ofRules});
+            tests.push_back({program, name, ofRules, folder});
     }
     return tests;
 }

@@ -18,7 +18,8 @@ struct Test
 {
     QString program; ///< its path
     QString name;
-    bool ofRules; ///< else of a screen, which is slower by far
+    bool ofRules;        ///< else of a screen, which is slower by far
+    QString folder = {}; ///< where it stands: "core/ui" for the tests in tests/core/ui
 };
 
 /// How a run of tests ended.
