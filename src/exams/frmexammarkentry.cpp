@@ -286,7 +286,6 @@ void frmexammarkentry::cmdEdit_Click()
     ui_->cmdSave->setEnabled(true);
     ui_->fraMain->setEnabled(true);
     ui_->Frame1->setEnabled(false);
-    ui_->cmdSave->setFocus();
     ui_->cmdEdit->setEnabled(false);
     ui_->cmdDelete->setEnabled(false);
 }

@@ -93,7 +93,7 @@ void frmMasClassSectionEntry::BuildEditors()
         };
     });
     deleteRow_ = new RowDelete(ui_->txtDeleteSlNo, ui_->cmdDeleteRow, boxes_,
-                               {.lastRow = [this] { return IsEntering() ? classes_.RowCount() : 0; },
+                               {.lastRow = [this] { return classes_.RowCount(); },
                                 .takeOut = std::bind_front(&Form::DeleteRow, this)});
 }
 
@@ -406,11 +406,6 @@ QString frmMasClassSectionEntry::txtDivisionName_Validate(int row, const QString
     return classes_.DivisionNameTaken(classCode, row, text.trimmed(), true)
                ? QStringLiteral("Division Name Already Exists")
                : QString();
-}
-
-bool frmMasClassSectionEntry::IsEntering() const
-{
-    return !ui_->cmdNew->isEnabled() && !ui_->cmdEdit->isEnabled();
 }
 
 void frmMasClassSectionEntry::SetEntering(bool entering)

@@ -68,8 +68,6 @@ private:
     void ReArrangeClassOrder();
 
     void ShowClasses();
-    /// Whether a class is being entered: New or Edit was pressed.
-    bool IsEntering() const;
     void SetEntering(bool entering);
     std::unique_ptr<Ui::frmMasClassSectionEntry> ui_;
     CellEditors* boxes_ = nullptr;

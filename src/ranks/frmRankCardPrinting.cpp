@@ -106,7 +106,7 @@ void frmRankCardPrinting::LoadStudentList()
     ui_->LstStudents->clear();
     ui_->chkSelectStudents->setChecked(false);
     const SchoolScope scope = Scope();
-    if (scope.classCode == 0 || scope.divisionCode == 0)
+    if (scope.divisionCode == 0)
         return;
     Read([&] {
         const HourGlass hourGlass;

@@ -70,10 +70,10 @@ void BringNamesToDisk([[maybe_unused]] const FilePath& folder)
 {
 #ifdef Q_OS_UNIX
     const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    fsync(descriptor);
-    close(descriptor);
+    if (descriptor >= 0) {
+        fsync(descriptor);
+        close(descriptor);
+    }
 #endif
 }
 

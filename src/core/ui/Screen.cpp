@@ -114,14 +114,14 @@ bool Screen::TakeMenus(bool amongOthers)
     return true;
 }
 
-bool Screen::TakeScreen(const QString& screenName)
+void Screen::TakeScreen(const QString& screenName)
 {
     const auto error = TryWrite([&screenName](store::Transaction& transaction) {
         SessionRepository(MainStore()).TakeScreen(transaction, screenName);
     });
     if (!error) {
         takenScreen_ = screenName;
-        return true;
+        return;
     }
     if (error->IsConflict())
         Prompts::Information(
@@ -129,7 +129,6 @@ bool Screen::TakeScreen(const QString& screenName)
     else
         Prompts::Critical(error->Description());
     Unload();
-    return false;
 }
 
 bool Screen::ReleaseScreen()

@@ -85,7 +85,7 @@ protected:
     bool TakeMenus(bool amongOthers = false);
     /// For a screen that no two clients may have open: enters `screenName` among the screens in use until it
     /// closes. When another client has it open, says so, closes this one and gives false.
-    bool TakeScreen(const QString& screenName);
+    void TakeScreen(const QString& screenName);
 
     /// Which fixed text a conflict with other data gets. Any other failure shows its own description.
     enum class Conflict

@@ -147,12 +147,11 @@ public:
         palette = PaletteOf(chosenDark.value_or(IsDark(palette)) ? Dark : Light);
     }
 
-    /// The wheel is for looking through lists. Over a closed one it must not choose unseen, nor take the
-    /// focus.
+    /// The wheel is for looking through lists. It takes the focus nowhere.
     void polish(QWidget* widget) override
     {
         QProxyStyle::polish(widget);
-        if (qobject_cast<QComboBox*>(widget) && widget->focusPolicy() == Qt::WheelFocus)
+        if (widget->focusPolicy() == Qt::WheelFocus)
             widget->setFocusPolicy(Qt::StrongFocus);
     }
     using QProxyStyle::polish;

@@ -100,10 +100,8 @@ void PlainDelegate::PaintText(QPainter* painter, const QRect& area, int alignmen
                           painter->fontMetrics().elidedText(text, Qt::ElideRight, area.width()));
         return;
     }
-    const double room = area.width() - size.width();
-    const double left = (alignment & Qt::AlignRight) != 0     ? room
-                        : (alignment & Qt::AlignHCenter) != 0 ? room / 2
-                                                              : 0;
+    // Texts stand at the left and numbers at the right; no list has anything in the middle.
+    const double left = (alignment & Qt::AlignRight) != 0 ? area.width() - size.width() : 0;
     painter->drawStaticText(QPointF(area.left() + left, area.top() + (area.height() - size.height()) / 2),
                             laidOut);
 }
