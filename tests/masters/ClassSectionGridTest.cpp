@@ -326,6 +326,9 @@ INSTANTIATE_TEST_SUITE_P(
                       grid.Row(3).classOrder.clear();
                   },
                   "Class Order Already Exists", ClassColumn::ClassOrder, 2},
+        FaultCase{"a nameless division of the first class",
+                  [](ClassSectionGrid& grid) { grid.NameDivision(4, 1, QString()); },
+                  "Enter Division Name To Class XII", ClassColumn::NoOfDivisions, 1},
         FaultCase{"a nameless division",
                   [](ClassSectionGrid& grid) { grid.NameDivision(5, 2, QStringLiteral(" ")); },
                   "Enter Division Name To Class XI", ClassColumn::NoOfDivisions, 2},

@@ -82,6 +82,7 @@ TEST_F(TeacherMasterTest, CancelForgetsTheTeacherInHand)
 {
     GivenTeacher(5, QStringLiteral("Asha"), QStringLiteral("ASH"), 3);
     StartEdit(5);
+    EXPECT_TRUE(HasFocus("cboPrefix"));
     Press(Button("cmdCancel"));
     ExpectIdle();
     EXPECT_TRUE(HasFocus("cmdNew"));

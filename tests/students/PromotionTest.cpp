@@ -439,6 +439,8 @@ TEST_F(PromotionFaults, WhoIsTakenBackAndWasRelievedMeanwhileIsToldAsRelieved)
 {
     cara = Relieved(cara);
     EXPECT_EQ(Fault(), "anew: Promotion Cannot Be Done To The Relieved Student(s)");
+    cara.next = TenB;
+    EXPECT_EQ(Fault(), "anew: Promotion Cannot Be Done To The Relieved Student(s)") << "wherever he is";
 }
 
 TEST_F(PromotionFaults, WhoeverCameIntoTheTargetMeanwhileIsNotLost)

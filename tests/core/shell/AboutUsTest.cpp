@@ -37,6 +37,35 @@ TEST_F(AboutUsTest, ItPlaysItsMovieOnItsColour)
     EXPECT_TRUE(QFile::exists(Folder() + QStringLiteral("/Temp/1005.swf")));
     auto* movie = Find<MovieView>(about, "swfAboutUs");
     EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
+    const QRect button = Find<QPushButton>(about, "cmdClose")->geometry();
+    EXPECT_GT(button.left(), movie->width() / 2);
+    EXPECT_GT(button.top(), movie->height() / 2) << "at the foot";
+}
+
+TEST_F(AboutUsTest, WithoutAMovieItsPlaceShowsTheTitleASecondTurnLater)
+{
+    struct Paints : QObject
+    {
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    };
+    MovieView view;
+    Paints paints;
+    view.installEventFilter(&paints);
+    view.resize(400, 120);
+    view.show();
+    EXPECT_TRUE(QTest::qWaitFor([&paints] { return paints.count >= 2; }));
+    EXPECT_FALSE(view.IsPlaying());
+    const QImage shown = view.grab().toImage();
+    int letters = 0;
+    for (int x = 0; x < shown.width(); ++x)
+        for (int y = 0; y < shown.height(); ++y)
+            letters += shown.pixelColor(x, y) == Qt::white ? 1 : 0;
+    EXPECT_GT(letters, 100);
 }
 
 TEST_F(AboutUsTest, ItPlaysItsMovieAfterAnotherClientTookTheTempFolderAway)

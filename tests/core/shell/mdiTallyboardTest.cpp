@@ -249,6 +249,18 @@ TEST_F(mdiTallyboardTest, ThePanelsStandBesideOneAnotherAndNoNameIsCutOff)
     EXPECT_GT(panels[2]->x(), panels[1]->geometry().right());
 }
 
+TEST_F(mdiTallyboardTest, WhoLeavesAFormGoesOnInTheOneFromWhichItWasOpened)
+{
+    const Screen* states = OpenScreen(QStringLiteral("frmMasStateMaster"));
+    OpenScreen(QStringLiteral("frmMasCityMaster"));
+    OpenScreen(QStringLiteral("frmMasStateMaster"));
+    Screen* groups = OpenScreen(QStringLiteral("frmMasBloodGroupMaster"));
+    ASSERT_NE(groups, nullptr);
+    groups->Unload();
+    Settle();
+    EXPECT_EQ(window->Area()->activeSubWindow(), states->parentWidget());
+}
+
 TEST_F(mdiTallyboardTest, TheTitleEndsInARunOfBlanks)
 {
     EXPECT_TRUE(window->windowTitle().startsWith(QStringLiteral("KITE - Tally Board   ")));

@@ -1,4 +1,5 @@
 #include "core/ui/controls/DataGrid.h"
+#include "core/ui/FormKeys.h"
 #include "support/ScreenFixture.h"
 
 #include <QAbstractItemModelTester>
@@ -142,6 +143,15 @@ TEST_F(DataGridSort, TheChosenOrderStaysWhenTheListIsReadAnew)
     EXPECT_EQ(Codes(), "413");
     EXPECT_TRUE(ShowsAnArrow());
     EXPECT_EQ(grid->CurrentRow(), -1);
+}
+
+TEST_F(DataGridSort, EnterIsOfferedToNoRowOfAListThatWasReadAnew)
+{
+    QObject::connect(grid, &DataGrid::RowDoubleClicked, grid, [] {});
+    QTest::keyClick(grid, Qt::Key_Down);
+    EXPECT_TRUE(grid->property(TakesEnter).toBool());
+    Bind(Teachers());
+    EXPECT_FALSE(grid->property(TakesEnter).toBool());
 }
 
 TEST_F(DataGridSort, AListThatWasEmptiedBeginsInTheOfficesOrder)

@@ -75,6 +75,16 @@ TEST_F(FixedColumnsOfAGrid, TheNamesStayInSightBesideTheLastMarks)
     EXPECT_TRUE(Names() == before);
 }
 
+TEST_F(FixedColumnsOfAGrid, AreSelectedAsTheRestIs)
+{
+    EXPECT_EQ(grid->selectionMode(), QAbstractItemView::SingleSelection);
+    grid->SetFixedCols(0);
+    grid->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    grid->SetFixedCols(1);
+    for (const auto* list : form->findChildren<QTableView*>())
+        EXPECT_EQ(list->selectionMode(), QAbstractItemView::ExtendedSelection);
+}
+
 TEST_F(FixedColumnsOfAGrid, WithoutFixedColumnsTheNamesScrollAway)
 {
     const QImage before = Names();

@@ -20,10 +20,12 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSpinBox>
+#include <QStandardItemModel>
 #include <QStyle>
 #include <QStyleOption>
 #include <QTableView>
@@ -499,6 +501,49 @@ TEST_F(ChangeOfLook, EverythingOnTheScreenFollowsAndNothingIsLost)
     field->setText(QString());
     field->clearFocus();
     EXPECT_EQ(form.grab().toImage(), light) << "back again, all is as it was";
+}
+
+/// The columns of a cell in which the text of a list leaves ink, from the first to the last.
+std::pair<int, int> InkOf(const QString& text, Qt::Alignment alignment, const QRect& cell)
+{
+    QTableView list;
+    QStandardItemModel model(1, 1);
+    model.setItem(0, 0, new QStandardItem(text));
+    model.item(0, 0)->setTextAlignment(alignment);
+    list.setModel(&model);
+    DressGrid(&list);
+    QImage picture(300, 30, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    QStyleOptionViewItem option;
+    option.rect = cell;
+    option.font = list.font();
+    option.fontMetrics = QFontMetrics(list.font());
+    option.palette = list.palette();
+    option.state = QStyle::State_Enabled;
+    list.itemDelegate()->paint(&painter, option, model.index(0, 0));
+    painter.end();
+    std::pair ink(picture.width(), -1);
+    for (int x = 0; x < picture.width(); ++x)
+        for (int y = 0; y < picture.height(); ++y)
+            if (picture.pixel(x, y) != qRgb(255, 255, 255))
+                ink = {std::min(ink.first, x), x};
+    return ink;
+}
+
+TEST(Look, ATextOfAListStandsAtItsSideOfTheCellAndOneThatIsTooLongEndsWithinIt)
+{
+    const QRect cell(100, 2, 80, 24);
+    const auto [left, leftEnd] = InkOf(QStringLiteral("Asha"), Qt::AlignLeft, cell);
+    EXPECT_LT(left, cell.left() + 8);
+    EXPECT_LT(leftEnd, cell.center().x() + 10);
+    const auto [right, rightEnd] = InkOf(QStringLiteral("95"), Qt::AlignRight, cell);
+    EXPECT_GT(right, cell.center().x());
+    EXPECT_GT(rightEnd, cell.right() - 8);
+    const auto [begin, longEnd] = InkOf(QStringLiteral("Venkatasubramanian Narayanan"), Qt::AlignLeft, cell);
+    EXPECT_LT(begin, cell.left() + 8);
+    EXPECT_GT(longEnd, cell.center().x());
+    EXPECT_LE(longEnd, cell.right());
 }
 
 } // namespace
