@@ -262,6 +262,16 @@ class PlacesTest(unittest.TestCase):
         self.assertIn(numbers["turned: a > 5"], changed.reached)
         self.assertNotIn(numbers["one more than 7"], changed.reached)
 
+    def test_what_is_asked_for_on_a_full_disk_is_noted(self):
+        changed = Changed(
+            "#include <csignal>\n#include <sys/resource.h>\nint main(int count, char**) {"
+            " std::signal(SIGXFSZ, SIG_IGN); const rlimit full{0, RLIM_INFINITY}; setrlimit(RLIMIT_FSIZE, &full);"
+            " rlimit still; getrlimit(RLIMIT_FSIZE, &still); std::printf(\"%d\", count < 1 || still.rlim_cur == full.rlim_cur);"
+            " return 0; }"
+        )
+        self.assertEqual(changed.usual, "1")
+        self.assertIn(next(number for number, _, change, _ in changed.rows if change.startswith("<")), changed.reached)
+
     def test_a_change_is_known_by_its_line(self):
         changed = calls("\n  return a\n    < b;\n")
         (row,) = changed.rows
