@@ -50,7 +50,7 @@ QString Decimal(double value, int digits)
 }
 
 /// How many steps of `digits` decimals `size` has, a half counted up, taken from the digits that people read.
-/// `size` is above 0.
+/// `size` is about half a step or more.
 double StepsAsRead(double size, int digits)
 {
     // "d.dddddddddddddde-XX": the first digit moves behind the point, and the digits are a whole number.
@@ -68,8 +68,6 @@ double StepsAsRead(double size, int digits)
     const int surplus = SignificantDigits - 1 - exponent - digits;
     if (surplus <= 0)
         return static_cast<double>(read) * PowerOfTen(-surplus);
-    if (surplus > SignificantDigits)
-        return 0;
     const auto unit = static_cast<qint64>(PowerOfTen(surplus));
     const qint64 whole = read / unit;
     const bool up = read % unit * 2 >= unit;

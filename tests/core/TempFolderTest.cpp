@@ -133,14 +133,6 @@ TEST_F(TempFolderTest, IsMadeAgainForAPictureWhenAnotherClientTookItAway)
     EXPECT_TRUE(QFile::exists(Path("Temp/1001.jpg")));
 }
 
-TEST_F(TempFolderTest, LeavesNoHalfPictureOnAFullDisk)
-{
-    CreateTempFolder();
-    const FileSizeLimit full(16);
-    EXPECT_EQ(Extract(), QString());
-    EXPECT_FALSE(QFile::exists(Path("Temp/1001.jpg")));
-}
-
 #ifndef Q_OS_WIN
 
 struct HiddenList

@@ -251,14 +251,15 @@ TEST_F(mdiTallyboardTest, ThePanelsStandBesideOneAnotherAndNoNameIsCutOff)
 
 TEST_F(mdiTallyboardTest, WhoLeavesAFormGoesOnInTheOneFromWhichItWasOpened)
 {
-    const Screen* states = OpenScreen(QStringLiteral("frmMasStateMaster"));
-    OpenScreen(QStringLiteral("frmMasCityMaster"));
     OpenScreen(QStringLiteral("frmMasStateMaster"));
-    Screen* groups = OpenScreen(QStringLiteral("frmMasBloodGroupMaster"));
-    ASSERT_NE(groups, nullptr);
-    groups->Unload();
+    const Screen* cities = OpenScreen(QStringLiteral("frmMasCityMaster"));
+    OpenScreen(QStringLiteral("frmMasBloodGroupMaster"));
+    OpenScreen(QStringLiteral("frmMasCityMaster"));
+    Screen* salutations = OpenScreen(QStringLiteral("frmSalutationMaster"));
+    ASSERT_NE(salutations, nullptr);
+    salutations->Unload();
     Settle();
-    EXPECT_EQ(window->Area()->activeSubWindow(), states->parentWidget());
+    EXPECT_EQ(window->Area()->activeSubWindow(), cities->parentWidget());
 }
 
 TEST_F(mdiTallyboardTest, TheTitleEndsInARunOfBlanks)
