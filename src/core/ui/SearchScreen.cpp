@@ -25,7 +25,6 @@ void SearchScreen::SetSearchControls(QAbstractButton* search, QAbstractButton* e
     found_ = found;
     firstFilter_ = firstFilter;
     SetExitButton(exit);
-    firstFilter->setFocus();
 }
 
 bool SearchScreen::WantsSearch(bool filtered, const QString& viewAll)

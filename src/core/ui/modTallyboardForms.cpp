@@ -94,7 +94,6 @@ void ShowForm(const QString& formName)
     }
     if (opens)
         frame->hide();
-    screen->show();
     frame->show();
     if (opens) {
         // Only now, since a box that its activation brings would stand over a form that is drawn by half.
