@@ -202,6 +202,8 @@ TEST(Students, WithMarksInASubjectThatTheDivisionDoesNotTakeShowOnlyTheOthers)
 {
     TestSchool school;
     school.AddUsualDivision(1);
+    school.AddDivision(2, "B");
+    school.AddSubject(2, 2, "Mat", 1);
     school.AddMarkedStudent("Anil", {50, 90});
     const RankList list = school.Compute();
     ASSERT_EQ(list.subjects.size(), 1U);

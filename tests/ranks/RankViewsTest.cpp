@@ -56,6 +56,16 @@ TEST(RankOrderView, SortsTenBehindNine)
     EXPECT_EQ(NamesOf(view).mid(7), QStringList({"Student 8", "Student 9", "Student 10", "Student 11"}));
 }
 
+TEST(RankList, AClassThatIsCalledAsAMarkReadsTakesNoMarkAway)
+{
+    TestSchool school;
+    school.AddUsualDivision(1);
+    school.main.Execute("UPDATE ClassDivisionMaster SET ClassName = '50' WHERE ClassCode = 1");
+    school.AddMarkedStudent("Anil", {50});
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
+    EXPECT_EQ(FromRight(view, "Anil", 6), "50");
+}
+
 TEST(RankList, LaysOutHeadsCodesStudentsAndAverage)
 {
     TestSchool school;

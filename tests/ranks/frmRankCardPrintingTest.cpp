@@ -29,6 +29,16 @@ TEST_F(RankCardSelection, OpensWithTheExamsInFrontAndNothingChosen)
     ExpectNoCards();
 }
 
+TEST_F(RankCardSelection, AClassAloneReadsItsDivisionsAndNoStudents)
+{
+    GivenTwoStudents();
+    OpenForm();
+    StopPresence();
+    const auto before = MainStore().StatementsRun();
+    Choose(classes, QStringLiteral("X"));
+    EXPECT_EQ(MainStore().StatementsRun() - before, 1U);
+}
+
 TEST_F(RankCardSelection, ControlsThatDoNothingAreNotShown)
 {
     OpenForm();

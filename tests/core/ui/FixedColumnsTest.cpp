@@ -124,6 +124,16 @@ TEST_F(FixedColumnsOfAGrid, TheWheelOverANameMovesTheWholeList)
     EXPECT_TRUE(Names() == held);
 }
 
+TEST_F(FixedColumnsOfAGrid, TheWheelGoesAcrossAGridThatCanBeReadWhileItIsOffAsLongAsItIsOn)
+{
+    grid->SetReadableWhileClosed();
+    const QPoint center = grid->viewport()->rect().center();
+    QWheelEvent wheel(center, grid->viewport()->mapToGlobal(center), {}, QPoint(-120, 0), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(grid->viewport(), &wheel);
+    EXPECT_GT(grid->horizontalScrollBar()->value(), 0);
+}
+
 TEST_F(FixedColumnsOfAGrid, AClickOnANameIsAClickOnTheGridWhichKeepsTheKeyboard)
 {
     ScrollRight(300);

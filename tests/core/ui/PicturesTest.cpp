@@ -144,6 +144,31 @@ TEST_P(Pictures, OfFieldsButtonsAndOptions)
     ExpectKnown(QStringLiteral("focus of a picture"), image->grab().toImage());
 }
 
+TEST_P(Pictures, OfAButtonAreShownAsSoonAsTheyChange)
+{
+    struct Paints : QObject
+    {
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    };
+    ImageButton button;
+    QPixmap picture(40, 30);
+    picture.fill(Qt::red);
+    button.SetPicture(picture);
+    Show(&button);
+    Settle();
+    Paints paints;
+    button.installEventFilter(&paints);
+    picture.fill(Qt::blue);
+    button.SetPicture(picture);
+    Settle();
+    EXPECT_EQ(paints.count, 1);
+}
+
 TEST_P(Pictures, OfListsTheirMarksAndTheirTicks)
 {
     auto* form = new QWidget;

@@ -391,6 +391,9 @@ TEST_F(Export, PrintsOnePageWideWithTheHeadsOnEachPage)
     EXPECT_EQ(sheet.DefinedName("_xlnm.Print_Titles"), Latin("Sheet1!$7:$7"));
     EXPECT_EQ(sheet.DefinedName("_xlnm.Print_Area"), Latin("Sheet1!$A$1:$I$8"));
     EXPECT_EQ(sheet.Footer(), Latin("&LRank List&RPage &P of &N"));
+    const QByteArray longTitle(120, 'x');
+    EXPECT_EQ(Exported(longTitle.constData()).Footer(),
+              QStringLiteral("&L") + QString(100, u'x') + QStringLiteral("&RPage &P of &N"));
     EXPECT_EQ(sheet.Attribute("pane", "topLeftCell"), Latin("A8"));
     EXPECT_EQ(sheet.Attribute("pane", "state"), Latin("frozen"));
 }
