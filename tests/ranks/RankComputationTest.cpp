@@ -201,14 +201,16 @@ TEST(Students, WithoutAnyMarkOfTheExamAreLeftOut)
 TEST(Students, WithMarksInASubjectThatTheDivisionDoesNotTakeShowOnlyTheOthers)
 {
     TestSchool school;
-    school.AddUsualDivision(1);
+    school.AddUsualDivision(2);
     school.AddDivision(2, "B");
-    school.AddSubject(2, 2, "Mat", 1);
-    school.AddMarkedStudent("Anil", {50, 90});
+    school.AddSubject(2, 3, "Art", 1);
+    school.AddMarkedStudent("Anil", {50});
+    school.AddMarkedStudent("Binu", {60, 70, 90});
     const RankList list = school.Compute();
-    ASSERT_EQ(list.subjects.size(), 1U);
-    EXPECT_EQ(CellOf(list, "Anil", 0).value, 50);
+    ASSERT_EQ(list.subjects.size(), 2U);
+    EXPECT_EQ(RowOf(list, "Binu").total, 130);
     EXPECT_EQ(RowOf(list, "Anil").total, 50);
+    EXPECT_EQ(CellOf(list, "Anil", 1).kind, RankCell::Kind::Blank);
 }
 
 TEST(Students, WhoChangedDivisionKeepNoMarksOfTheOldOne)
