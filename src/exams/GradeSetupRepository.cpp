@@ -2,6 +2,26 @@
 
 namespace tally {
 
+namespace {
+
+/// Why the table can no longer become another one than the clerk found; empty where it can.
+QString Obstacle(store::Transaction& transaction, const SchoolScope& scope,
+                 const std::vector<GradeRecord>& found, const QString& consequence)
+{
+    const StoredGrades stored = ReadGrades(transaction.On(), scope);
+    if (stored.hasMarks)
+        return GradesHaveMarks;
+    if (stored.rows == found)
+        return {};
+    const QString how = found.empty()         ? QStringLiteral("Entered")
+                        : stored.rows.empty() ? QStringLiteral("Deleted")
+                                              : QStringLiteral("Changed");
+    return QStringLiteral("This 'Classwise Rank-Grade Setup' Was %1 By Another User Meanwhile.\n").arg(how) +
+           consequence;
+}
+
+} // namespace
+
 std::vector<GradeRecord> GradeSetupRepository::Rows(const SchoolScope& scope)
 {
     std::vector<GradeRecord> table;
@@ -59,6 +79,33 @@ void GradeSetupRepository::Replace(store::Transaction& transaction, const School
             insert.BindNullAt(userPosition);
         insert.RunBound();
     }
+}
+
+StoredGrades ReadGrades(store::Connection& main, const SchoolScope& scope)
+{
+    const store::ReadTransaction reading(main);
+    GradeSetupRepository grades(main);
+    return {grades.Rows(scope), grades.HasMarks(scope)};
+}
+
+QString SaveGrades(store::Transaction& transaction, const SchoolScope& scope,
+                   const std::vector<GradeRecord>& found, const std::vector<GradeRecord>& rows)
+{
+    const QString obstacle =
+        Obstacle(transaction, scope, found, QStringLiteral("You Cannot Save This Data."));
+    if (obstacle.isEmpty())
+        GradeSetupRepository::Replace(transaction, scope, rows);
+    return obstacle;
+}
+
+QString DeleteGrades(store::Transaction& transaction, const SchoolScope& scope,
+                     const std::vector<GradeRecord>& found)
+{
+    const QString obstacle =
+        Obstacle(transaction, scope, found, QStringLiteral("You Cannot Delete This Data."));
+    if (obstacle.isEmpty())
+        GradeSetupRepository::Delete(transaction, scope);
+    return obstacle;
 }
 
 } // namespace tally

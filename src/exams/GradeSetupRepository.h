@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/school/SchoolTypes.h"
+#include "exams/GradeRecord.h"
 #include "store/Transaction.h"
 
 #include <optional>
@@ -8,20 +9,6 @@
 #include <vector>
 
 namespace tally {
-
-/// One row of a grade table as it is stored. Both averages are lower bounds.
-struct GradeRecord
-{
-    double totalAverage = 0;   ///< percent
-    double subjectAverage = 0; ///< percent
-    QString grade;
-
-    friend bool operator==(const GradeRecord& a, const GradeRecord& b)
-    {
-        return a.totalAverage == b.totalAverage && a.subjectAverage == b.subjectAverage && a.grade == b.grade;
-    }
-    friend bool operator!=(const GradeRecord& a, const GradeRecord& b) { return !(a == b); }
-};
 
 /// The grade tables, one for each year, exam and class-division. A scope names one; all four of its codes are
 /// chosen then. Throws StoreError.
@@ -50,5 +37,27 @@ public:
 private:
     store::Connection& main_;
 };
+
+/// What a class-division has for an exam, of one moment.
+struct StoredGrades
+{
+    std::vector<GradeRecord> rows; ///< none where there is no table
+    bool hasMarks = false;         ///< then the table stays as it is
+};
+
+StoredGrades ReadGrades(store::Connection& main, const SchoolScope& scope);
+
+/// What the clerk is told of a table whose exam has marks already.
+inline const QString GradesHaveMarks = QStringLiteral(
+    "Already Marks Are Entered For This 'Classwise Rank-Grade Setup'. So You Can't Edit/Delete");
+
+/// Stores the rows in the place of those that the clerk found, or gives the reason why not and stores
+/// nothing: marks were entered, or another user has changed the table meanwhile. `found` is empty for a new
+/// table.
+[[nodiscard]] QString SaveGrades(store::Transaction& transaction, const SchoolScope& scope,
+                                 const std::vector<GradeRecord>& found, const std::vector<GradeRecord>& rows);
+/// The same for a table that is to go.
+[[nodiscard]] QString DeleteGrades(store::Transaction& transaction, const SchoolScope& scope,
+                                   const std::vector<GradeRecord>& found);
 
 } // namespace tally

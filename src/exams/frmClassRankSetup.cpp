@@ -1,0 +1,410 @@
+#include "exams/frmClassRankSetup.h"
+
+#include "core/school/SchoolListRepository.h"
+#include "core/SessionContext.h"
+#include "core/ui/controls/CellEditors.h"
+#include "core/ui/controls/DataCombo.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/controls/RowDelete.h"
+#include "core/ui/DivisionChoice.h"
+#include "core/ui/FormKeys.h"
+#include "core/ui/look/Look.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/Prompts.h"
+#include "core/ui/SideButton.h"
+#include "exams/GradeSetupRepository.h"
+#include "exams/MarkTypes.h"
+#include "ui_frmClassRankSetup.h"
+
+#include <QAbstractItemView>
+#include <QEvent>
+
+#include <functional>
+
+namespace tally {
+
+namespace {
+
+constexpr int HelpScreenNo = 17;
+/// As many signs as a stored figure may have.
+constexpr int AverageLength = 16;
+constexpr int GradeLength = 2;
+
+} // namespace
+
+frmClassRankSetup::frmClassRankSetup()
+    : MasterScreen(QStringLiteral("frmClassRankSetup"), HelpScreenNo),
+      ui_(std::make_unique<Ui::frmClassRankSetup>())
+{
+    ui_->setupUi(this);
+    DressButtons(this);
+    ui_->cmdDeleteRow->setIcon(LookIcon(QStringLiteral("delete")));
+    ui_->cmdAddExam->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_E));
+    ui_->cmdAddClass->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_C));
+    ui_->msgDetails->SetReadableWhileClosed();
+    ui_->msgDetails->setProperty(TakesEnter, true);
+    ui_->msgDetails->Show(grades_.Table());
+    BuildEditors();
+    ConnectHandlers();
+    SetExitButton(ui_->cmdExit);
+    Form_Load();
+}
+
+frmClassRankSetup::~frmClassRankSetup() = default;
+
+void frmClassRankSetup::BuildEditors()
+{
+    using Form = frmClassRankSetup;
+    boxes_ = new CellEditors(this);
+    boxes_->AddText(ui_->msgDetails, {.column = GradeColumn::TotalAverage,
+                                      .name = "Txttotalaverage",
+                                      .filter = &KeyNumeric,
+                                      .maxLength = AverageLength,
+                                      .typed = std::bind_front(&Form::Txttotalaverage_Change, this),
+                                      .enter = std::bind_front(&Form::Txttotalaverage_Enter, this),
+                                      .leave = std::bind_front(&Form::Txttotalaverage_Leave, this)});
+    boxes_->AddText(ui_->msgDetails, {.column = GradeColumn::SubjectAverage,
+                                      .name = "txtsubjectaverage",
+                                      .filter = &KeyNumeric,
+                                      .maxLength = AverageLength,
+                                      .typed = std::bind_front(&Form::txtsubjectaverage_Change, this)});
+    boxes_->AddText(ui_->msgDetails, {.column = GradeColumn::Grade,
+                                      .name = "Txtgrade",
+                                      .filter = &KeyAlphaNumeric,
+                                      .maxLength = GradeLength,
+                                      .typed = std::bind_front(&Form::Txtgrade_Change, this),
+                                      .enter = [this](int row, const QString&) { Txtgrade_Enter(row); }});
+    boxes_->SetTakeBack([this](int row) {
+        return [this, row, before = grades_.Row(row)] {
+            grades_.PutBack(row, before);
+            ShowRow(row);
+        };
+    });
+    deleteRow_ = new RowDelete(ui_->txtDeleteSlNo, ui_->cmdDeleteRow, boxes_,
+                               {.lastRow = [this] { return grades_.RowCount(); },
+                                .takeOut =
+                                    [this](int row) {
+                                        grades_.DeleteRow(row);
+                                        ShowRows();
+                                    }});
+}
+
+void frmClassRankSetup::ConnectHandlers()
+{
+    using Form = frmClassRankSetup;
+    classDivision_ = new DivisionChoice(this, ui_->cboClass, ui_->cboDivision, DivisionChoice::Order::ByName);
+    new SideButton(this, ui_->cmdAddExam, ui_->dbcExam, QStringLiteral("frmexamnamemaster"),
+                   [this] { LoadExam(); });
+    new SideButton(this, ui_->cmdAddClass, ui_->cboClass, QStringLiteral("frmMasClassSectionEntry"),
+                   [this] { LoadClass(); });
+    for (DataCombo* list : Lists()) {
+        list->setProperty(EnterNeedsText, true);
+        connect(list, &DataCombo::Chosen, this, &Form::List_Change);
+        list->SetValidate([this] {
+            ReadChoice();
+            return true;
+        });
+        list->view()->installEventFilter(this);
+    }
+    connect(ui_->msgDetails, &FlexGrid::CellClicked, this, &Form::msgDetails_Click);
+    connect(ui_->cmdNew, &QPushButton::clicked, this, &Form::cmdNew_Click);
+    connect(ui_->cmdEdit, &QPushButton::clicked, this, &Form::cmdEdit_Click);
+    connect(ui_->cmdDelete, &QPushButton::clicked, this, &Form::cmdDelete_Click);
+    connect(ui_->cmdSave, &QPushButton::clicked, this, &Form::cmdSave_Click);
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &Form::cmdCancel_Click);
+}
+
+void frmClassRankSetup::Form_Load()
+{
+    SetMasterControls({ui_->fraMain, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave});
+    EmptyGrid();
+    LoadExam();
+    LoadClass();
+    ui_->cmdNew->setFocus();
+}
+
+void frmClassRankSetup::ShowState(MasterState state)
+{
+    MasterScreen::ShowState(state);
+    // What is being changed belongs to the exam and the class-division that it was opened for.
+    ui_->Frame1->setEnabled(!IsEditing());
+}
+
+SchoolScope frmClassRankSetup::Scope() const
+{
+    return {Session().gintAcademicYearCode, ui_->dbcExam->BoundCode(), ui_->cboClass->BoundCode(),
+            ui_->cboDivision->BoundCode()};
+}
+
+std::array<DataCombo*, 3> frmClassRankSetup::Lists() const
+{
+    return {ui_->dbcExam, ui_->cboClass, ui_->cboDivision};
+}
+
+void frmClassRankSetup::LoadExam()
+{
+    const int chosen = ui_->dbcExam->BoundCode();
+    Read([this] { ui_->dbcExam->SetList(SchoolListRepository(MainStore()).ExamsBehindBlank()); });
+    ui_->dbcExam->SetBoundCode(chosen);
+    if (ui_->dbcExam->BoundCode() != chosen)
+        List_Change();
+}
+
+void frmClassRankSetup::LoadClass()
+{
+    const int chosen = ui_->cboDivision->BoundCode();
+    Read([this] { classDivision_->Refill(); });
+    if (ui_->cboDivision->BoundCode() != chosen)
+        List_Change();
+}
+
+void frmClassRankSetup::List_Change()
+{
+    // What is on the screen belongs to the choice before.
+    if (!IsNew())
+        ShowState(MasterState::Idle);
+    EmptyGrid();
+}
+
+void frmClassRankSetup::ReadChoice()
+{
+    if (!isRead_ && IsComplete(Scope()) && !IsGivingUp())
+        LoadGrades();
+}
+
+void frmClassRankSetup::LoadGrades()
+{
+    const auto stored = Fetch([this] { return ReadGrades(MainStore(), Scope()); });
+    if (!stored) {
+        // Grades that cannot be read must not look like none.
+        ui_->cboDivision->SetBoundCode(0);
+        ui_->cboDivision->setFocus();
+        return;
+    }
+    isRead_ = true;
+    found_ = stored->rows;
+    grades_.Load(found_);
+    ShowRows();
+    if (stored->hasMarks) {
+        if (IsNew() || !found_.empty())
+            ShowState(MasterState::Viewing);
+        TellOfMarks();
+    } else if (!found_.empty()) {
+        ShowState(MasterState::RowSelected);
+        ui_->cmdEdit->setFocus();
+    } else if (IsNew()) {
+        boxes_->Open(ui_->msgDetails, 1, GradeColumn::TotalAverage);
+    }
+}
+
+void frmClassRankSetup::TellOfMarks()
+{
+    Refuse(GradesHaveMarks, ui_->cboDivision);
+    ui_->cboDivision->TakeBack();
+    isRead_ = false;
+}
+
+bool frmClassRankSetup::IsGivingUp() const
+{
+    return ui_->cmdCancel->hasFocus() || ui_->cmdExit->hasFocus();
+}
+
+void frmClassRankSetup::EmptyGrid()
+{
+    boxes_->Close();
+    isRead_ = false;
+    found_.clear();
+    grades_.Clear();
+    ShowRows();
+    // The first row is numbered once it may be entered.
+    if (!IsNew())
+        ui_->msgDetails->SetTextMatrix(1, GradeColumn::Serial, {});
+}
+
+void frmClassRankSetup::ShowRows()
+{
+    ui_->msgDetails->ShowRows(grades_.Table());
+    deleteRow_->Refresh();
+}
+
+void frmClassRankSetup::ShowRow(int row)
+{
+    ui_->msgDetails->ShowRow(row, grades_.Cells(row));
+}
+
+void frmClassRankSetup::msgDetails_Click(int row, int col)
+{
+    if (IsComplete(Scope()) && grades_.MayEnter(row, col))
+        boxes_->Open(ui_->msgDetails, row, col);
+}
+
+void frmClassRankSetup::Txttotalaverage_Change(int row, const QString& text)
+{
+    const QString refusal = grades_.RefusalOfTotalAverage(row, text);
+    if (!refusal.isEmpty()) {
+        boxes_->Refuse(refusal);
+        return;
+    }
+    grades_.SetTotalAverage(row, text);
+    ShowRow(row);
+}
+
+void frmClassRankSetup::Txttotalaverage_Enter(int row, const QString& text)
+{
+    const QString refusal = grades_.RefusalOfTotalAverage(row, text);
+    if (refusal.isEmpty())
+        boxes_->OpenNext();
+    else
+        boxes_->Refuse(refusal);
+}
+
+QString frmClassRankSetup::Txttotalaverage_Leave(int row, const QString& text) const
+{
+    // The cell holds what was typed before the refused figure, which must not be saved for it.
+    return IsGivingUp() ? QString() : grades_.RefusalOfTotalAverage(row, text);
+}
+
+void frmClassRankSetup::txtsubjectaverage_Change(int row, const QString& text)
+{
+    grades_.SetSubjectAverage(row, text);
+    ShowRow(row);
+}
+
+void frmClassRankSetup::Txtgrade_Change(int row, const QString& text)
+{
+    grades_.SetGrade(row, text);
+    ShowRow(row);
+}
+
+void frmClassRankSetup::Txtgrade_Enter(int row)
+{
+    const GradeStep step = grades_.EnterGrade(row);
+    ShowRows();
+    Take(step);
+}
+
+void frmClassRankSetup::Take(const GradeStep& step)
+{
+    if (!step.message.isEmpty())
+        Prompts::Information(step.message);
+    if (step.row > 0)
+        boxes_->Open(ui_->msgDetails, step.row, step.column);
+}
+
+void frmClassRankSetup::cmdNew_Click()
+{
+    if (!MayUse(Right::New))
+        return;
+    ShowState(MasterState::New);
+    EmptyGrid();
+    for (DataCombo* list : Lists()) {
+        if (list->BoundCode() == 0) {
+            list->setFocus();
+            return;
+        }
+    }
+    LoadGrades();
+}
+
+void frmClassRankSetup::cmdEdit_Click()
+{
+    if (!MayUse(Right::Edit))
+        return;
+    ShowState(MasterState::Editing);
+    // Enter opens the box of the first grade.
+    ui_->msgDetails->SetCurrentCell(1, GradeColumn::TotalAverage);
+    ui_->msgDetails->setFocus();
+}
+
+void frmClassRankSetup::cmdDelete_Click()
+{
+    if (!MayUse(Right::Delete) ||
+        !Prompts::Ask(QStringLiteral("Do You Want To Delete This 'Classwise Rank-Grade Setup' ?")))
+        return;
+    QString obstacle;
+    const bool done = WriteRow(
+        Conflict::DataIsInUse,
+        [&](store::Transaction& transaction) { obstacle = DeleteGrades(transaction, Scope(), found_); },
+        OnRefusal::Stay);
+    if (!done)
+        return;
+    if (!obstacle.isEmpty()) {
+        Explain(obstacle);
+        return;
+    }
+    AfterCommit([this] {
+        cmdCancel_Click();
+        Prompts::Information(QStringLiteral("Record Deleted"));
+    });
+}
+
+bool frmClassRankSetup::IsReady()
+{
+    if (ui_->dbcExam->IsBlank())
+        return Refuse(QStringLiteral("Select Exam Name"), ui_->dbcExam);
+    if (ui_->cboClass->IsBlank())
+        return Refuse(QStringLiteral("Select Class"), ui_->cboClass);
+    if (ui_->cboDivision->IsBlank())
+        return Refuse(QStringLiteral("Select Division"), ui_->cboDivision);
+    if (const auto fault = grades_.FindFault()) {
+        Take(*fault);
+        return false;
+    }
+    return true;
+}
+
+void frmClassRankSetup::cmdSave_Click()
+{
+    boxes_->Close();
+    if (!IsReady())
+        return;
+    QString obstacle;
+    const bool done = WriteRow(
+        Conflict::MasterIsGone,
+        [&](store::Transaction& transaction) {
+            obstacle = SaveGrades(transaction, Scope(), found_, grades_.Records());
+        },
+        OnRefusal::StartAnew);
+    if (!done)
+        return;
+    if (obstacle.isEmpty())
+        TellSaved();
+    else
+        Explain(obstacle);
+}
+
+void frmClassRankSetup::Explain(const QString& obstacle)
+{
+    if (obstacle == GradesHaveMarks) {
+        ShowState(MasterState::Viewing);
+        TellOfMarks();
+        return;
+    }
+    // What was typed stays, to be compared with what the other user has stored.
+    Prompts::Critical(obstacle);
+}
+
+void frmClassRankSetup::cmdCancel_Click()
+{
+    ShowState(MasterState::Idle);
+    ClearControls(this);
+    EmptyGrid();
+    LoadExam();
+    LoadClass();
+    ui_->cmdNew->setFocus();
+}
+
+bool frmClassRankSetup::eventFilter(QObject* receiver, QEvent* event)
+{
+    // The entry that was clicked is chosen only behind this event.
+    if (event->type() == QEvent::Hide)
+        QMetaObject::invokeMethod(this, &frmClassRankSetup::ReadChoice, Qt::QueuedConnection);
+    return MasterScreen::eventFilter(receiver, event);
+}
+
+QSize frmClassRankSetup::sizeHint() const
+{
+    return {780, 560};
+}
+
+} // namespace tally

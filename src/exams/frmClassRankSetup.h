@@ -1,0 +1,90 @@
+#pragma once
+
+#include "core/school/SchoolTypes.h"
+#include "core/ui/MasterScreen.h"
+#include "exams/GradeTable.h"
+
+#include <array>
+#include <memory>
+
+namespace Ui {
+class frmClassRankSetup;
+}
+
+namespace tally {
+
+class CellEditors;
+class DataCombo;
+class DivisionChoice;
+class RowDelete;
+
+/// "Classwise Rank - Grade Setup": the table of grades of one exam in one class-division. It stays as it is
+/// once the exam has a mark there.
+class frmClassRankSetup : public MasterScreen
+{
+    Q_OBJECT
+
+public:
+    frmClassRankSetup();
+    ~frmClassRankSetup() override;
+
+    QSize sizeHint() const override;
+
+protected:
+    void cmdCancel_Click() override;
+    void ShowState(MasterState state) override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    void Form_Load();
+    void ConnectHandlers();
+    void BuildEditors();
+
+    void cmdNew_Click();
+    void cmdEdit_Click();
+    void cmdDelete_Click();
+    void cmdSave_Click();
+    void msgDetails_Click(int row, int col);
+    void Txttotalaverage_Change(int row, const QString& text);
+    void Txttotalaverage_Enter(int row, const QString& text);
+    QString Txttotalaverage_Leave(int row, const QString& text) const;
+    void txtsubjectaverage_Change(int row, const QString& text);
+    void Txtgrade_Change(int row, const QString& text);
+    void Txtgrade_Enter(int row);
+
+    SchoolScope Scope() const;
+    std::array<DataCombo*, 3> Lists() const;
+    /// Reads the lists anew. What is chosen stays as far as it still exists.
+    void LoadExam();
+    void LoadClass();
+    /// Another exam or class-division is chosen than the one whose grades are shown.
+    void List_Change();
+    /// The keyboard leaves a list, or its entries are put away: what is chosen stands, unless the clerk gives
+    /// up.
+    void ReadChoice();
+    /// Shows what is stored for the choice, and what may be done with it.
+    void LoadGrades();
+    /// Marks have come in: the grades stay as they are stored.
+    void TellOfMarks();
+
+    void ShowRows();
+    void ShowRow(int row);
+    void EmptyGrid();
+    /// Tells what the step has to tell and goes where it leads.
+    void Take(const GradeStep& step);
+    bool IsReady();
+    /// Says why the stored grades stay as they are.
+    void Explain(const QString& obstacle);
+    /// The keyboard is on its way out of the screen or of what was begun.
+    bool IsGivingUp() const;
+
+    std::unique_ptr<Ui::frmClassRankSetup> ui_;
+    DivisionChoice* classDivision_ = nullptr;
+    CellEditors* boxes_ = nullptr;
+    RowDelete* deleteRow_ = nullptr;
+    GradeTable grades_;
+    std::vector<GradeRecord> found_; ///< what is stored for the choice; none while it was not read
+    bool isRead_ = false;
+};
+
+} // namespace tally
