@@ -9,6 +9,10 @@
 #include "core/shell/mdiTallyboard.h"
 #include "core/shell/MenuCommands.h"
 #include "core/ui/ScreenRegistry.h"
+#include "exams/frmClassRankSetup.h"
+#include "exams/frmClassRankTransferSetup.h"
+#include "exams/frmClassSubjectTeacher.h"
+#include "exams/frmClassSubjectTeacherTransfer.h"
 #include "exams/frmexammarkentry.h"
 #include "masters/frmMasClassSectionEntry.h"
 #include "masters/frmMasSchoolSetup.h"
@@ -52,6 +56,10 @@ void RegisterScreens()
 {
     InitResources();
     Register<AboutUs>("AboutUs");
+    Register<frmClassRankSetup>("frmClassRankSetup");
+    Register<frmClassRankTransferSetup>("frmClassRankTransferSetup");
+    Register<frmClassSubjectTeacher>("frmClassSubjectTeacher");
+    Register<frmClassSubjectTeacherTransfer>("frmClassSubjectTeacherTransfer");
     Register<frmexammarkentry>("frmexammarkentry");
     Register<frmMasAcademicYearChange>("frmMasAcademicYearChange");
     Register<frmMasAcademicYearSetup>("frmMasAcademicYearSetup");

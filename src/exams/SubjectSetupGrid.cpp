@@ -1,0 +1,394 @@
+#include "exams/SubjectSetupGrid.h"
+
+#include "core/ui/controls/CellEditors.h"
+#include "core/ui/controls/FlexGrid.h"
+#include "core/ui/controls/FloatingCombo.h"
+#include "core/ui/controls/FloatingEditor.h"
+#include "core/ui/FormKeys.h"
+#include "core/ui/Prompts.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include <functional>
+#include <utility>
+
+namespace tally {
+
+namespace {
+
+/// As many digits as the largest figure that an office would count in.
+constexpr int LongestMark = 6;
+constexpr int LongestOrder = 5;
+constexpr int LongestName = 100;
+
+bool IsNamed(const DataCombo* list, int index, const QString& name)
+{
+    return index >= 0 && list->itemText(index).trimmed().compare(name, Qt::CaseInsensitive) == 0;
+}
+
+/// The entry that a text names; of several with the same name the one that is chosen. -1 for none.
+int EntryOf(const DataCombo* list, const QString& text)
+{
+    const QString name = text.trimmed();
+    if (IsNamed(list, list->currentIndex(), name))
+        return list->currentIndex();
+    for (int index = 0; index < list->count(); ++index)
+        if (IsNamed(list, index, name))
+            return index;
+    return -1;
+}
+
+/// Whether a longer name begins with the text, to which its typist may still be on the way.
+bool MayGoOn(const DataCombo* list, const QString& text)
+{
+    const QString name = text.trimmed();
+    for (int index = 0; index < list->count(); ++index) {
+        const QString entry = list->itemText(index).trimmed();
+        if (entry.size() > name.size() && entry.startsWith(name, Qt::CaseInsensitive))
+            return true;
+    }
+    return false;
+}
+
+/// Calls `set` with the code and the name of the entry that the text names; with 0 and the text for none.
+template <typename Set>
+void SetEntry(const DataCombo* list, const QString& text, Set set)
+{
+    const int entry = EntryOf(list, text);
+    if (entry >= 0)
+        set(list->itemData(entry).toInt(), list->itemText(entry).trimmed());
+    else
+        set(0, text);
+}
+
+bool IsRefusedBy(KeyFilter filter, const QKeyEvent* key)
+{
+    const QString text = key->text();
+    return (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0 && !text.isEmpty() &&
+           text.at(0).isPrint() && filter(text.at(0).unicode()) == 0;
+}
+
+} // namespace
+
+SubjectSetupGrid::SubjectSetupGrid(FlexGrid* grid, SubjectSetupSheet& sheet, QWidget* form,
+                                   QList<QWidget*> free)
+    : QObject(form), grid_(grid), sheet_(sheet), free_(std::move(free)), boxes_(new CellEditors(form))
+{
+    grid->Show(sheet.Table());
+    grid->setProperty(TakesEnter, true);
+    BuildLists();
+    BuildTexts();
+    boxes_->SetTakeBack([this](int row) {
+        return [this, row, before = sheet_.Row(row)] {
+            sheet_.PutBack(row, before);
+            ShowRow(row);
+        };
+    });
+}
+
+void SubjectSetupGrid::BuildLists()
+{
+    using Self = SubjectSetupGrid;
+    dbcSubject_ = boxes_->AddList(grid_, {},
+                                  {.column = SubjectColumn::Subject,
+                                   .name = "dbcSubject",
+                                   .filter = &KeyAllButQuote,
+                                   .maxLength = LongestName,
+                                   .typed = std::bind_front(&Self::dbcSubject_Change, this),
+                                   .enter = std::bind_front(&Self::dbcSubject_Enter, this),
+                                   .leave = std::bind_front(&Self::dbcSubject_Validate, this)});
+    dbcTeacher_ = boxes_->AddList(grid_, {},
+                                  {.column = SubjectColumn::Teacher,
+                                   .name = "dbcTeacher",
+                                   .filter = &KeyAllButQuote,
+                                   .maxLength = LongestName,
+                                   .typed = std::bind_front(&Self::dbcTeacher_Change, this),
+                                   .enter = std::bind_front(&Self::dbcTeacher_Enter, this)});
+}
+
+void SubjectSetupGrid::BuildTexts()
+{
+    using Self = SubjectSetupGrid;
+    txtmaximummark_ = boxes_->AddText(
+        grid_, {.column = SubjectColumn::MaximumMark,
+                .name = "txtmaximummark",
+                .filter = &KeyNumeric,
+                .maxLength = LongestMark,
+                .typed = std::bind_front(&Self::txtmaximummark_Change, this),
+                .enter = [this](int row, const QString&) { Take(sheet_.EnterMaximumMark(row)); }});
+    // Behind the filter of the box, and therefore asked before it.
+    txtmaximummark_->installEventFilter(this);
+    TxtMaximumAllowed_ = boxes_->AddText(
+        grid_, {.column = SubjectColumn::MaximumAllowed,
+                .name = "TxtMaximumAllowed",
+                .filter = &KeyNumeric,
+                .maxLength = LongestMark,
+                .typed = std::bind_front(&Self::TxtMaximumAllowed_Change, this),
+                .enter = [this](int row, const QString&) { TxtMaximumAllowed_Enter(row); },
+                .leave = [this](int row, const QString&) { return TxtMaximumAllowed_Validate(row); }});
+    cboRankYesNo_ =
+        boxes_->AddList(grid_, {QStringLiteral(" "), YesText, NoText},
+                        {.column = SubjectColumn::TakenForRank,
+                         .name = "cboRankYesNo",
+                         .filter = &KeyAlpha,
+                         .maxLength = 3,
+                         .typed = std::bind_front(&Self::cboRankYesNo_Click, this),
+                         .enter = std::bind_front(&Self::cboRankYesNo_Enter, this),
+                         .leave = [this](int, const QString& text) {
+                             return GivesUp() ? QString() : SubjectSetupSheet::RefusalOfRank(text);
+                         }});
+    txtOrder_ =
+        boxes_->AddText(grid_, {.column = SubjectColumn::Order,
+                                .name = "txtOrder",
+                                .filter = &KeyNumeric,
+                                .maxLength = LongestOrder,
+                                .typed = std::bind_front(&Self::txtOrder_Change, this),
+                                .enter = [this](int row, const QString&) { txtOrder_Enter(row); },
+                                .leave = [this](int row, const QString&) { return txtOrder_Validate(row); }});
+}
+
+void SubjectSetupGrid::SetSubjects(const CodedTexts& subjects)
+{
+    dbcSubject_->SetList(subjects);
+    if (dbcSubject_->isVisible())
+        Open(dbcSubject_->Row(), SubjectColumn::Subject);
+}
+
+void SubjectSetupGrid::SetTeachers(const CodedTexts& teachers)
+{
+    dbcTeacher_->SetList(teachers);
+    if (dbcTeacher_->isVisible())
+        Open(dbcTeacher_->Row(), SubjectColumn::Teacher);
+}
+
+void SubjectSetupGrid::ShowRows()
+{
+    // A box would stand over a row that is no longer the one it was opened for, and no row is current.
+    Close();
+    grid_->SetRows(1);
+    grid_->ShowRows(sheet_.Table());
+    Q_EMIT Changed();
+}
+
+void SubjectSetupGrid::ShowRow(int row)
+{
+    grid_->ShowRow(row, sheet_.Cells(row));
+    Q_EMIT Changed();
+}
+
+void SubjectSetupGrid::Open(int row, GridCol column)
+{
+    if (!sheet_.Opens(row, static_cast<SubjectColumn>(static_cast<int>(column))))
+        return;
+    boxes_->Open(grid_, row, column);
+    // Two teachers may have the same name.
+    if (column == GridCol(SubjectColumn::Teacher) && sheet_.Row(row).teacherCode != 0) {
+        dbcTeacher_->SetBoundCode(sheet_.Row(row).teacherCode);
+        dbcTeacher_->setEditText(sheet_.Row(row).teacherName);
+        dbcTeacher_->SelectText();
+    }
+}
+
+void SubjectSetupGrid::Click(int row, GridCol column)
+{
+    Close();
+    const QString refusal = sheet_.RefusalToOpen(row, static_cast<SubjectColumn>(static_cast<int>(column)));
+    if (refusal.isEmpty())
+        Open(row, column);
+    else
+        Prompts::Information(refusal);
+}
+
+void SubjectSetupGrid::Close()
+{
+    boxes_->Close();
+}
+
+void SubjectSetupGrid::Take(const SubjectStep& step)
+{
+    if (!step.message.isEmpty())
+        Prompts::Information(step.message);
+    if (step.row > 0)
+        Open(step.row, step.column);
+}
+
+bool SubjectSetupGrid::GivesUp() const
+{
+    return free_.contains(QApplication::focusWidget());
+}
+
+void SubjectSetupGrid::SetSubject(int row, const QString& text)
+{
+    SetEntry(dbcSubject_, text, [&](int code, const QString& name) {
+        if (code != sheet_.Row(row).subjectCode || name != sheet_.Row(row).subjectName)
+            sheet_.SetSubject(row, code, name);
+    });
+}
+
+void SubjectSetupGrid::dbcSubject_Change(int row, const QString& text)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    SetSubject(row, text);
+    const QString refusal = MayGoOn(dbcSubject_, text) ? QString() : sheet_.DropRepeatedSubject(row);
+    ShowRow(row);
+    if (refusal.isEmpty())
+        return;
+    Prompts::Information(refusal);
+    dbcSubject_->TakeBack();
+    dbcSubject_->setEditText(QString());
+}
+
+void SubjectSetupGrid::dbcSubject_Enter(int row, const QString& text)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    SetSubject(row, text);
+    const SubjectStep step = sheet_.EnterSubject(row);
+    ShowRow(row);
+    Take(step);
+    if (step.row == 0)
+        dbcSubject_->SelectText();
+}
+
+QString SubjectSetupGrid::dbcSubject_Validate(int row, const QString& text)
+{
+    if (!sheet_.HasRow(row) || GivesUp())
+        return {};
+    SetSubject(row, text);
+    const QString refusal = sheet_.DropRepeatedSubject(row);
+    ShowRow(row);
+    return refusal;
+}
+
+void SubjectSetupGrid::SetTeacher(int row, const QString& text)
+{
+    SetEntry(dbcTeacher_, text, [&](int code, const QString& name) { sheet_.SetTeacher(row, code, name); });
+}
+
+void SubjectSetupGrid::dbcTeacher_Change(int row, const QString& text)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    SetTeacher(row, text);
+    ShowRow(row);
+}
+
+void SubjectSetupGrid::dbcTeacher_Enter(int row, const QString& text)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    SetTeacher(row, text);
+    ShowRow(row);
+    const SubjectStep step = sheet_.EnterTeacher(row);
+    Take(step);
+    if (step.row == 0)
+        dbcTeacher_->SelectText();
+}
+
+void SubjectSetupGrid::txtmaximummark_Change(int row, const QString& text)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    sheet_.SetMaximumMark(row, text);
+    ShowRow(row);
+}
+
+void SubjectSetupGrid::TxtMaximumAllowed_Change(int row, const QString& text)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    const QString refusal = sheet_.SetMaximumAllowed(row, text);
+    ShowRow(row);
+    if (refusal.isEmpty())
+        return;
+    Prompts::Information(refusal);
+    TxtMaximumAllowed_->clear();
+}
+
+void SubjectSetupGrid::TxtMaximumAllowed_Enter(int row)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    const SubjectStep step = sheet_.EnterMaximumAllowed(row);
+    ShowRow(row);
+    Take(step);
+    if (!step.message.isEmpty())
+        TxtMaximumAllowed_->clear();
+}
+
+QString SubjectSetupGrid::TxtMaximumAllowed_Validate(int row)
+{
+    if (!sheet_.HasRow(row) || GivesUp())
+        return {};
+    const QString refusal = sheet_.DropAllowedBelowMarks(row);
+    if (!refusal.isEmpty()) {
+        ShowRow(row);
+        TxtMaximumAllowed_->clear();
+    }
+    return refusal;
+}
+
+void SubjectSetupGrid::cboRankYesNo_Click(int row, const QString& text)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    sheet_.SetTakenForRank(row, text);
+    ShowRow(row);
+}
+
+void SubjectSetupGrid::cboRankYesNo_Enter(int row, const QString& text)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    const SubjectStep step = sheet_.EnterTakenForRank(row, text);
+    ShowRow(row);
+    Take(step);
+}
+
+void SubjectSetupGrid::txtOrder_Change(int row, const QString& text)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    sheet_.SetOrder(row, text);
+    ShowRow(row);
+}
+
+void SubjectSetupGrid::txtOrder_Enter(int row)
+{
+    if (!sheet_.HasRow(row))
+        return;
+    const int rows = sheet_.RowCount();
+    const SubjectStep step = sheet_.EnterOrder(row);
+    if (sheet_.RowCount() > rows)
+        ShowRows();
+    else
+        ShowRow(row);
+    Take(step);
+    if (!step.message.isEmpty())
+        txtOrder_->SelectText();
+}
+
+QString SubjectSetupGrid::txtOrder_Validate(int row)
+{
+    if (!sheet_.HasRow(row) || GivesUp())
+        return {};
+    const QString refusal = sheet_.DropRepeatedOrder(row);
+    if (!refusal.isEmpty())
+        ShowRow(row);
+    return refusal;
+}
+
+bool SubjectSetupGrid::eventFilter(QObject*, QEvent* event)
+{
+    // A letter among the digits is a slip of the fingers, and the number is begun anew.
+    if (event->type() == QEvent::KeyPress && IsRefusedBy(&KeyNumeric, static_cast<QKeyEvent*>(event))) {
+        txtmaximummark_->clear();
+        txtmaximummark_Change(txtmaximummark_->Row(), {});
+    }
+    return false;
+}
+
+} // namespace tally
