@@ -161,8 +161,7 @@ void frmClassRankSetup::LoadClass()
 void frmClassRankSetup::List_Change()
 {
     // What is on the screen belongs to the choice before.
-    if (!IsNew())
-        ShowState(MasterState::Idle);
+    ShowState(entering_ ? MasterState::New : MasterState::Idle);
     EmptyGrid();
 }
 
@@ -295,8 +294,8 @@ void frmClassRankSetup::cmdNew_Click()
 {
     if (!MayUse(Right::New))
         return;
-    ShowState(MasterState::New);
-    EmptyGrid();
+    entering_ = true;
+    List_Change();
     for (DataCombo* list : Lists()) {
         if (list->BoundCode() == 0) {
             list->setFocus();
@@ -386,9 +385,9 @@ void frmClassRankSetup::Explain(const QString& obstacle)
 
 void frmClassRankSetup::cmdCancel_Click()
 {
-    ShowState(MasterState::Idle);
+    entering_ = false;
     ClearControls(this);
-    EmptyGrid();
+    List_Change();
     LoadExam();
     LoadClass();
     ui_->cmdNew->setFocus();

@@ -85,6 +85,7 @@ private:
     GradeTable grades_;
     std::vector<GradeRecord> found_; ///< what is stored for the choice; none while it was not read
     bool isRead_ = false;
+    bool entering_ = false; ///< since New, until Cancel
 };
 
 } // namespace tally

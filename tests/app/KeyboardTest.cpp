@@ -22,6 +22,12 @@ struct Ways
 
 constexpr Ways Known[] = {
     {"AboutUs", "cmdClose", "C:cmdClose", ""},
+    {"frmClassRankSetup",
+     "dbcExam cboClass cboDivision msgDetails Txttotalaverage txtsubjectaverage Txtgrade txtDeleteSlNo "
+     "cmdDeleteRow cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
+     "Alt+Shift+C:cmdAddClass Alt+Shift+E:cmdAddExam C:cmdCancel D:cmdDelete E:cmdEdit L:cboClass M:dbcExam "
+     "N:cmdNew O:txtDeleteSlNo R:cmdDeleteRow S:cmdSave V:cboDivision X:cmdExit",
+     ""},
     {"frmMasAcademicYearChange", "txtAcademicYearFrom cmdSave cmdCancel cmdExit",
      "C:cmdCancel F:txtAcademicYearFrom S:cmdSave X:cmdExit", ""},
     {"frmMasAcademicYearSetup",

@@ -21,7 +21,8 @@ TEST(ScreensTest, EveryScreenOfTheProgramIsReachableFromTheMenus)
         "frmMasStateMaster frmMasCityMaster frmMasSchoolSetup frmMasClassSectionEntry frmexamnamemaster "
         "frmSubjectMaster frmMasBloodGroupMaster frmSalutationMaster frmTeacherMaster frmMasStudentMaster "
         "frmMasStudentAdmissionEntry frmMasStudentRelievingMaster frmMasAcademicYearSetup "
-        "frmMasAcademicYearChange frmexammarkentry frmPromotionEntry frmRankCalculation "
+        "frmMasAcademicYearChange frmClassSubjectTeacher frmClassSubjectTeacherTransfer frmClassRankSetup "
+        "frmClassRankTransferSetup frmexammarkentry frmPromotionEntry frmRankCalculation "
         "frmRankCardPrinting frmUtilApplicationDateSetup "
         "frmUtilApplicationDateChange frmUtilUserMaster frmUtilOptions AboutUs");
 }
