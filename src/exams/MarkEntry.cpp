@@ -1,5 +1,7 @@
 #include "exams/MarkEntry.h"
 
+#include "store/StoreError.h"
+
 namespace tally {
 
 MarkChoices MarkEntry::List(store::Connection& main, const SchoolScope& scope)
@@ -57,6 +59,12 @@ void MarkEntry::Take(const std::optional<MarkSubject>& subject, const std::vecto
         sheet_.StartStudent();
     sheet_.TakeMarks(stored);
     marksExist_ = !stored.empty();
+}
+
+void MarkEntry::TakeLimits(store::Connection& main, const SchoolScope& scope, int chosenCode)
+{
+    if (!sheet_.TakeLimits(MarkRepository(main).SubjectsToMark(scope), chosenCode))
+        throw store::StoreError::RowIsGone(QStringLiteral("ClassSubjectTeacher"));
 }
 
 QString MarkEntry::Missing(store::Connection& main, const SchoolScope& scope)

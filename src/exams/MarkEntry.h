@@ -39,6 +39,9 @@ public:
     /// The rows of the subject anew, without the relieved students: who was relieved has no place in a list
     /// that is edited, and his marks go with the next save.
     void ListForEdit(store::Connection& main, const SchoolScope& scope, int subjectCode);
+    /// The sheet goes by the limits and teachers that are stored by now. Throws a StoreError with
+    /// IsConflict() where the class-division has given up a subject meanwhile.
+    void TakeLimits(store::Connection& main, const SchoolScope& scope, int chosenCode);
     /// What the class-division lacks for a save; empty for nothing.
     static QString Missing(store::Connection& main, const SchoolScope& scope);
 

@@ -10,6 +10,11 @@ namespace {
 
 const QString MarkOfAbsent = QStringLiteral("Mark Entry Is Not Allowed When A Student Is Absent");
 
+QString AboveLimit(double limit)
+{
+    return QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : ") + PlainNumber(limit);
+}
+
 /// Empty for a text that is neither.
 QString PresenceOf(const QString& text)
 {
@@ -130,6 +135,27 @@ void MarkSheet::ResetMarks()
     }
 }
 
+bool MarkSheet::TakeLimits(const std::vector<MarkSubject>& subjects, int chosenCode)
+{
+    for (MarkRow& row : rows_) {
+        const int code = mode_ == MarkMode::Subject ? chosenCode : row.code;
+        const auto subject = std::find_if(subjects.begin(), subjects.end(), [code](const MarkSubject& taken) {
+            return taken.subjectCode == code;
+        });
+        if (subject == subjects.end())
+            return false;
+        row.teacherCode = subject->teacherCode;
+        if (mode_ == MarkMode::Subject) {
+            maximumAllowed_ = subject->maximumAllowed;
+            maximumMark_ = subject->maximumMark;
+        } else {
+            row.maximumAllowed = subject->maximumAllowed;
+            row.maximumMark = subject->maximumMark;
+        }
+    }
+    return true;
+}
+
 void MarkSheet::TakeMarks(const std::vector<StoredMark>& marks)
 {
     for (const StoredMark& stored : marks) {
@@ -157,10 +183,12 @@ QString MarkSheet::RefusalWhileTyping(int row, const QString& text) const
         return {};
     if (Row(row).IsAbsent())
         return MarkOfAbsent;
-    const double limit = bySubject ? maximumAllowed_ : Row(row).maximumAllowed;
-    return mark > limit
-               ? QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : ") + PlainNumber(limit)
-               : QString();
+    return mark > LimitOf(row) ? AboveLimit(LimitOf(row)) : QString();
+}
+
+double MarkSheet::LimitOf(int row) const
+{
+    return mode_ == MarkMode::Subject ? maximumAllowed_ : Row(row).maximumAllowed;
 }
 
 void MarkSheet::SetMark(int row, const QString& text)
@@ -236,6 +264,14 @@ std::optional<MarkStep> MarkSheet::FindFault() const
         if (Row(row).mark.isEmpty())
             return MarkStep{MarkColumn::Mark, row, QStringLiteral("Enter Mark")};
     }
+    return {};
+}
+
+std::optional<MarkStep> MarkSheet::FindMarkAboveLimit() const
+{
+    for (int row = 1; row <= RowCount(); ++row)
+        if (Row(row).Mark() > LimitOf(row))
+            return MarkStep{MarkColumn::Mark, row, AboveLimit(LimitOf(row))};
     return {};
 }
 

@@ -83,6 +83,9 @@ public:
     void StartSubject(const MarkSubject& subject);
     /// A student is chosen: no marks yet, present in every subject.
     void StartStudent() { ResetMarks(); }
+    /// The limits and teachers as the class-division has them by now; what was entered stays. False for a
+    /// subject that it takes no more, the one that is chosen or one of the rows.
+    [[nodiscard]] bool TakeLimits(const std::vector<MarkSubject>& subjects, int chosenCode);
     /// Puts stored marks into their rows. One without a row is passed over.
     void TakeMarks(const std::vector<StoredMark>& marks);
 
@@ -105,6 +108,8 @@ public:
     QString Average() const;
     /// The first reason why the sheet can't be saved.
     std::optional<MarkStep> FindFault() const;
+    /// The first mark above what its subject allows.
+    std::optional<MarkStep> FindMarkAboveLimit() const;
     /// All rows for the subject or the student that is chosen.
     std::vector<MarkRecord> Records(int chosenCode) const;
 
@@ -113,6 +118,7 @@ private:
     MarkRow* Find(int code);
     MarkRow& At(int row) { return rows_[static_cast<std::size_t>(row - 1)]; }
     MarkStep Behind(int row) const;
+    double LimitOf(int row) const;
 
     MarkMode mode_ = MarkMode::Subject;
     QString nameHead_ = QStringLiteral("Student  Name"); ///< until a mode is used

@@ -347,7 +347,13 @@ void frmexammarkentry::cmdSave_Click()
     if (!IsReady())
         return;
     const int chosen = List()->BoundCode();
+    std::optional<MarkStep> aboveLimit;
     const auto error = TryWrite([&](store::Transaction& transaction) {
+        // Another client may have set up the subjects anew while the marks were typed.
+        entry_.TakeLimits(transaction.On(), Scope(), chosen);
+        aboveLimit = entry_.Sheet().FindMarkAboveLimit();
+        if (aboveLimit)
+            return;
         if (EditMode_)
             MarkRepository::Delete(transaction, Scope(), Mode(), chosen);
         MarkRepository::Insert(transaction, Scope(), entry_.Sheet().Records(chosen), Session().gintUserCode);
@@ -359,6 +365,11 @@ void frmexammarkentry::cmdSave_Click()
                                                : TextOf(*error, Conflict::MasterIsGone));
         if (error->IsConflict() && !error->IsDuplicate())
             cmdCancel_Click();
+        return;
+    }
+    if (aboveLimit) {
+        ShowRows();
+        marks_->Take(*aboveLimit);
         return;
     }
     Prompts::Information(EditMode_ ? QStringLiteral("Record Updated") : QStringLiteral("Record Saved"));

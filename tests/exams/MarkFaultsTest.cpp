@@ -88,11 +88,79 @@ TEST_F(MarkFaults, AStudentMovedMeanwhileKeepsTheMarkOfTheDivisionItWasTypedFor)
     SavesAsTyped();
 }
 
-TEST_F(MarkFaults, ASubjectTakenOutOfTheClassMeanwhileKeepsTheMarksThatWereTyped)
+TEST_F(MarkFaults, ASubjectTakenOutOfTheClassMeanwhileIsToldAndGetsNoMarks)
 {
     EnterEnglish();
     OtherInDivision("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 1");
-    SavesAsTyped();
+    IsToldThatTheMasterIsGone();
+    EXPECT_EQ(Stored(), "");
+}
+
+TEST_F(MarkFaults, ASubjectTakenOutOfTheClassWhileAStudentIsEnteredIsToldAndNoMarkIsStored)
+{
+    StartStudent(QStringLiteral("Asha(A1)"));
+    Enter("88");
+    Enter("40");
+    OtherInDivision("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 1");
+    IsToldThatTheMasterIsGone();
+    EXPECT_EQ(Stored(), "");
+}
+
+TEST_F(MarkFaults, AMarkAboveWhatIsAllowedByNowIsToldAndCanBeMended)
+{
+    EnterEnglish();
+    OtherInDivision("UPDATE ClassSubjectTeacher SET MaximumAllowed = 40 WHERE SubjectCode = 1");
+    prompts.ExpectInformation(QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : 40"));
+    PressKey(form, Qt::Key_Return);
+    prompts.Verify();
+    KeepsEverythingTyped();
+    EXPECT_EQ(Stored(), "");
+    EXPECT_EQ(Focus(), "txtmarkobtained");
+    EXPECT_EQ(mark->Row(), 1);
+    EXPECT_EQ(Find<QLineEdit>(form, "txtmaximumallowed")->text().toStdString(), "40");
+    Enter("39");
+    prompts.ExpectInformation(QStringLiteral("Record Saved"));
+    prompts.ExpectQuestion(SameAgain, false);
+    Press(Button("cmdSave"));
+    EXPECT_EQ(Stored(), "1 1 39 P 7 5; 2 1 40 P 7 5; 3 1 35 P 7 5");
+}
+
+TEST_F(MarkFaults, AStudentsMarkAboveWhatIsAllowedByNowIsToldToo)
+{
+    StartStudent(QStringLiteral("Asha(A1)"));
+    Enter("88");
+    Enter("40");
+    OtherInDivision("UPDATE ClassSubjectTeacher SET MaximumAllowed = 30 WHERE SubjectCode = 1");
+    prompts.ExpectInformation(QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : 30"));
+    PressKey(form, Qt::Key_Return);
+    prompts.Verify();
+    EXPECT_EQ(mark->Row(), 2);
+    EXPECT_EQ(Stored(), "");
+}
+
+TEST_F(MarkFaults, AnEditAboveWhatIsAllowedByNowLeavesTheStoredMarks)
+{
+    for (int student = 1; student <= 3; ++student)
+        school->EnterMark(student, 1, 20);
+    ShowStoredSubject(QStringLiteral("English"));
+    Press(Button("cmdEdit"));
+    Click(1, 2);
+    Enter("35");
+    OtherInDivision("UPDATE ClassSubjectTeacher SET MaximumAllowed = 30 WHERE SubjectCode = 1");
+    prompts.ExpectInformation(QStringLiteral("Entered Mark Should Not Exceed Maximum Allowed Mark : 30"));
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_EQ(Stored(), "1 1 20 P 0 0; 2 1 20 P 0 0; 3 1 20 P 0 0");
+}
+
+TEST_F(MarkFaults, ATeacherWhoTookOverTheSubjectMeanwhileGetsItsMarks)
+{
+    EnterEnglish();
+    OtherInDivision("UPDATE ClassSubjectTeacher SET TeacherCode = 8 WHERE SubjectCode = 1");
+    prompts.ExpectInformation(QStringLiteral("Record Saved"));
+    prompts.ExpectQuestion(SameAgain, false);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Stored(), "1 1 45 P 8 5; 2 1 40 P 8 5; 3 1 35 P 8 5");
 }
 
 TEST_F(MarkFaults, AStudentDeletedMeanwhileIsToldAndNothingIsStored)
