@@ -1,0 +1,375 @@
+#include "exams/SubjectSetupScreen.h"
+#include "support/FileSizeLimit.h"
+
+#include <chrono>
+
+namespace tally::test {
+namespace {
+
+const QString DeleteQuestion =
+    QStringLiteral("Do You Want To Delete This 'Classwise Subject-Teacher-Mark Entry' ?");
+const QString MasterIsGoneText =
+    QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data.");
+
+/// What Save and Delete ask for, store and tell, also where another client was faster.
+class SubjectSetupSave : public SubjectSetupScreen
+{
+protected:
+    /// The statement ends in a condition and works on division A of the year.
+    void OtherInA(const char* sql)
+    {
+        AnotherClient()->Execute(
+            QString::fromLatin1(sql) +
+            QStringLiteral(" AND ClassCode = 1 AND DivisionCode = 1 AND AcademicYearCode = 1"));
+    }
+    void OtherMark(int subjectCode, double mark)
+    {
+        AnotherClient()->Execute(
+            QStringLiteral("INSERT INTO MarkMaster VALUES (1, 1, 1, 1, 1, ?, ?, 'P', 7, 0)"), subjectCode,
+            mark);
+    }
+    /// Saves, is told `text`, and finds what was typed as it was.
+    void SaveIsRefused(const QString& text)
+    {
+        const std::string stored = Stored(1) + Stored(2);
+        const std::string rows = Rows();
+        prompts.ExpectInformation(text);
+        Press(Button("cmdSave"));
+        prompts.Verify();
+        EXPECT_EQ(Rows(), rows);
+        EXPECT_EQ(EnabledControls(), Entering);
+        EXPECT_EQ(Stored(1) + Stored(2), stored);
+        EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
+    }
+    void SaveStartsAnew(const QString& text)
+    {
+        const std::string stored = Stored(1) + Stored(2);
+        prompts.ExpectCritical(text);
+        Press(Button("cmdSave"));
+        prompts.Verify();
+        EXPECT_EQ(EnabledControls(), Idle);
+        EXPECT_EQ(Rows(), "1||||||");
+        EXPECT_EQ(Stored(1) + Stored(2), stored);
+        EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
+    }
+    void StartArt()
+    {
+        StartNew();
+        EnterCells({"Art", "Omar", "100", "80", "Yes", "1"});
+    }
+    void EditMaximumOfMaths()
+    {
+        StartEdit();
+        Click(1, 3);
+        QTest::keyClicks(maximum, QStringLiteral("60"));
+    }
+};
+
+TEST_F(SubjectSetupSave, WhatIsMissingIsToldInItsOrderAndTheBoxGetsTheKeyboard)
+{
+    OpenNew();
+    ExpectRefusal(QStringLiteral("Select Class"), "cboClass");
+    Choose(classes, QStringLiteral("X"));
+    ExpectRefusal(QStringLiteral("Select Division"), "cboDivision");
+    Choose(divisions, QStringLiteral("B"));
+    ExpectRefusal(QStringLiteral("Enter Details Properly"), "dbcSubject");
+    EnterCells({"Art"});
+    ASSERT_EQ(Focus(), "dbcTeacher");
+    ExpectRefusal(QStringLiteral("Select Rank"), "cboRankYesNo");
+    Enter("Yes");
+    ExpectRefusal(QStringLiteral("Subject Order Should Not Be Empty"), "txtOrder");
+    Enter("1");
+    ASSERT_EQ(subject->Row(), 2);
+    ExpectRefusal(QStringLiteral("Enter Details Properly"), "dbcSubject");
+    EXPECT_EQ(subject->Row(), 1);
+    EnterCells({"", "Omar"});
+    ExpectRefusal(QStringLiteral("Enter Details Properly"), "dbcSubject");
+    EnterCells({"", "", "100"});
+    Save();
+    EXPECT_EQ(Stored(2), "1 3 9 100/100 Yes");
+}
+
+TEST_F(SubjectSetupSave, AnOrderThatStandsTwiceIsToldAtTheEarlierRow)
+{
+    StartEdit();
+    Click(1, 6);
+    QTest::keyClicks(order, QStringLiteral("2"));
+    // Escaping into the save by Enter would be refused already; the click on the box of another row is not.
+    prompts.ExpectInformation(QStringLiteral("Subject Order Already Exists"));
+    Press(Button("cmdSave"));
+    Settle();
+    prompts.Verify();
+    EXPECT_EQ(Focus(), "txtOrder");
+    EXPECT_EQ(order->Row(), 1);
+    EXPECT_EQ(Stored(1), "1 2 8 100/100 Yes; 2 1 7 50/100 No");
+}
+
+TEST_F(SubjectSetupSave, ALastRowLeftHalfFilledIsRefused)
+{
+    StartArt();
+    Enter("Tamil");
+    SaveIsRefused(QStringLiteral("Select Rank"));
+    EXPECT_EQ(Focus(), "cboRankYesNo");
+    EXPECT_EQ(rank->Row(), 2);
+    Enter("No");
+    Enter("2");
+    SaveIsRefused(QStringLiteral("Enter Details Properly"));
+    EXPECT_EQ(subject->Row(), 2);
+}
+
+TEST_F(SubjectSetupSave, ARowLeftHalfFilledInTheMiddleIsRefused)
+{
+    StartEdit();
+    Click(1, 1);
+    QTest::keyClick(subject, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(subject, Qt::Key_Delete);
+    SaveIsRefused(QStringLiteral("Enter Details Properly"));
+    EXPECT_EQ(subject->Row(), 1);
+    Enter("Tamil");
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored(1), "1 4 8 100/100 Yes; 2 1 7 50/100 No");
+}
+
+TEST_F(SubjectSetupSave, AnEditReplacesTheWholeSet)
+{
+    StartEdit();
+    DeleteRow(2);
+    Click(2, 1);
+    EnterCells({"Art", "Omar", "40", "", "No", "7"});
+    Click(1, 4);
+    Enter("90");
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored(1), "1 2 8 90/100 Yes; 7 3 9 40/40 No");
+    EXPECT_EQ(EnabledControls(), Idle);
+    EXPECT_EQ(Focus(), "cmdNew");
+}
+
+TEST_F(SubjectSetupSave, TwoSubjectsChangePlaces)
+{
+    StartEdit();
+    Click(1, 6);
+    Enter("9");
+    Click(2, 6);
+    Enter("1");
+    Click(1, 6);
+    Enter("2");
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored(1), "1 1 7 50/100 No; 2 2 8 100/100 Yes");
+}
+
+TEST_F(SubjectSetupSave, ASubjectWithMarksIsMendedInItsTwoFields)
+{
+    GivenMark(1, 45);
+    StartEdit();
+    Click(2, 4);
+    Enter("45");
+    Enter("Yes");
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored(1), "1 2 8 100/100 Yes; 2 1 7 45/100 Yes");
+}
+
+TEST_F(SubjectSetupSave, ASetThatAnotherClientEnteredMeanwhileIsNotAddedTo)
+{
+    StartArt();
+    Other("INSERT INTO ClassSubjectTeacher VALUES (1, 1, 2, 4, 9, 50, 40, 'Yes', 5)");
+    SaveIsRefused(EnteredMeanwhileText);
+    EXPECT_EQ(Stored(2), "5 4 9 40/50 Yes");
+}
+
+TEST_F(SubjectSetupSave, ASetThatAnotherClientChangedMeanwhileIsNotWrittenOver)
+{
+    EditMaximumOfMaths();
+    OtherInA("UPDATE ClassSubjectTeacher SET TakenForRank = 'Yes' WHERE SubjectCode = 1");
+    SaveIsRefused(ChangedMeanwhileText);
+}
+
+TEST_F(SubjectSetupSave, ASetThatAnotherClientDeletedMeanwhileIsNotStoredAgain)
+{
+    EditMaximumOfMaths();
+    OtherInA("DELETE FROM ClassSubjectTeacher WHERE SubjectCode > 0");
+    SaveIsRefused(ChangedMeanwhileText);
+    EXPECT_EQ(Stored(1), "");
+}
+
+TEST_F(SubjectSetupSave, ASubjectThatGotMarksWhileItWasTakenOutStays)
+{
+    StartEdit();
+    DeleteRow(1);
+    OtherMark(2, 60);
+    SaveIsRefused(HasMarksText);
+}
+
+TEST_F(SubjectSetupSave, ASubjectThatGotMarksWhileItWasChangedKeepsWhatIsFrozen)
+{
+    EditMaximumOfMaths();
+    OtherMark(2, 60);
+    SaveIsRefused(FrozenText);
+    prompts.ExpectInformation(FrozenText);
+    Click(1, 3);
+}
+
+TEST_F(SubjectSetupSave, AMarkEnteredWhileLessWasAllowedIsToldAndTheBoxOpens)
+{
+    StartEdit();
+    Click(2, 4);
+    Enter("40");
+    OtherMark(1, 45);
+    SaveIsRefused(QStringLiteral(
+        "'Maximum Allowed' Marks Should Not Be Lesser Than Mark (45) Entered In 'Classwise Mark Entry'"));
+    EXPECT_EQ(Focus(), "TxtMaximumAllowed");
+    EXPECT_EQ(allowed->Row(), 2);
+    Enter("45");
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored(1), "1 2 8 100/100 Yes; 2 1 7 45/100 No");
+}
+
+TEST_F(SubjectSetupSave, ASubjectDeletedMeanwhileIsToldAndTheScreenStartsAnew)
+{
+    StartArt();
+    LeaveOthersUnguarded();
+    Other("DELETE FROM SubjectMaster WHERE SubjectCode = 3");
+    SaveStartsAnew(MasterIsGoneText);
+}
+
+TEST_F(SubjectSetupSave, ATeacherDeletedMeanwhileIsToldAndTheScreenStartsAnew)
+{
+    StartArt();
+    LeaveOthersUnguarded();
+    Other("DELETE FROM TeacherMaster WHERE TeacherCode = 9");
+    SaveStartsAnew(MasterIsGoneText);
+}
+
+TEST_F(SubjectSetupSave, ADivisionDeletedMeanwhileIsToldAndTheScreenStartsAnew)
+{
+    StartArt();
+    LeaveOthersUnguarded();
+    Other("DELETE FROM ClassDivisionDetails WHERE ClassCode = 1 AND DivisionCode = 2");
+    SaveStartsAnew(MasterIsGoneText);
+    Choose(classes, QStringLiteral("X"));
+    EXPECT_EQ(divisions->findText(QStringLiteral("B")), -1) << "the lists are read anew";
+}
+
+TEST_F(SubjectSetupSave, ALockKeepsWhatWasTypedForASecondTry)
+{
+    StartArt();
+    {
+        const auto other = AnotherClient();
+        const store::Transaction held(*other);
+        Session().gcnnMain->SetPatience(std::chrono::milliseconds(1));
+        prompts.ExpectCritical(HeldByAnotherClient);
+        Press(Button("cmdSave"));
+        prompts.Verify();
+    }
+    EXPECT_EQ(RowText(1), "1|Art|Omar|100|80|Yes|1");
+    EXPECT_EQ(EnabledControls(), Entering);
+    Save();
+    EXPECT_EQ(Stored(2), "1 3 9 80/100 Yes");
+}
+
+TEST_F(SubjectSetupSave, AFullDiskKeepsWhatWasTypedForASecondTry)
+{
+    StartArt();
+    {
+        const FileSizeLimit full(0);
+        prompts.ExpectCritical(DiskIsFull);
+        Press(Button("cmdSave"));
+        prompts.Verify();
+    }
+    EXPECT_EQ(RowText(1), "1|Art|Omar|100|80|Yes|1");
+    EXPECT_EQ(Stored(2), "");
+    Save();
+    EXPECT_EQ(Stored(2), "1 3 9 80/100 Yes");
+}
+
+TEST_F(SubjectSetupSave, AFaultInReadingTheListsAnewSaysThatTheSetIsSaved)
+{
+    StartArt();
+    Prompts::AnswerWith([&](Prompts::Kind kind, const QString& text) {
+        EXPECT_NE(kind, Prompts::Kind::Critical) << text.toStdString();
+        if (text == QStringLiteral("Record Saved"))
+            Given("ALTER TABLE ClassDivisionMaster RENAME TO FarAway");
+        else
+            EXPECT_TRUE(text.startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.")));
+        return true;
+    });
+    LeaveOthersUnguarded();
+    Press(Button("cmdSave"));
+    Given("ALTER TABLE FarAway RENAME TO ClassDivisionMaster");
+    EXPECT_EQ(Stored(2), "1 3 9 80/100 Yes");
+    EXPECT_EQ(EnabledControls(), Idle);
+    EXPECT_EQ(Rows(), "1||||||");
+}
+
+TEST_F(SubjectSetupSave, ASetIsDeletedAfterTheQuestion)
+{
+    OpenForm();
+    ChooseDivision("A");
+    prompts.ExpectQuestion(DeleteQuestion, false);
+    Press(Button("cmdDelete"));
+    prompts.Verify();
+    EXPECT_EQ(EnabledControls(), Found);
+    prompts.ExpectQuestion(DeleteQuestion, true);
+    prompts.ExpectInformation(QStringLiteral("Record Deleted"));
+    Press(Button("cmdDelete"));
+    prompts.Verify();
+    EXPECT_EQ(Stored(1), "");
+    EXPECT_EQ(EnabledControls(), Idle);
+}
+
+TEST_F(SubjectSetupSave, ASetWithMarksIsNotDeleted)
+{
+    GivenMark(2, 10);
+    OpenForm();
+    ChooseDivision("A");
+    prompts.ExpectInformation(HasMarksText);
+    Press(Button("cmdDelete"));
+    prompts.Verify();
+    EXPECT_EQ(EnabledControls(), Found);
+    EXPECT_EQ(Stored(1), "1 2 8 100/100 Yes; 2 1 7 50/100 No");
+}
+
+TEST_F(SubjectSetupSave, AMarkEnteredWhileTheQuestionStandsKeepsTheSet)
+{
+    OpenForm();
+    ChooseDivision("A");
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+        if (text == DeleteQuestion)
+            OtherMark(1, 45);
+        told.append(text);
+        return true;
+    });
+    Press(Button("cmdDelete"));
+    EXPECT_EQ(told, (QStringList{DeleteQuestion, HasMarksText}));
+    EXPECT_EQ(Stored(1), "1 2 8 100/100 Yes; 2 1 7 50/100 No");
+}
+
+TEST_F(SubjectSetupSave, ASetChangedSinceItWasShownIsNotDeletedUnseen)
+{
+    OpenForm();
+    ChooseDivision("A");
+    OtherInA("UPDATE ClassSubjectTeacher SET TakenForRank = 'Yes' WHERE SubjectCode = 1");
+    prompts.ExpectQuestion(DeleteQuestion, true);
+    prompts.ExpectInformation(QStringLiteral("Subjects Of This Class-Division Were Changed By Another User "
+                                             "Meanwhile.\nYou Cannot Delete This Data."));
+    Press(Button("cmdDelete"));
+    prompts.Verify();
+    EXPECT_EQ(Stored(1), "1 2 8 100/100 Yes; 2 1 7 50/100 Yes");
+}
+
+TEST_F(SubjectSetupSave, ALockedDeleteIsToldInItsOwnWords)
+{
+    OpenForm();
+    ChooseDivision("A");
+    const auto other = AnotherClient();
+    const store::Transaction held(*other);
+    Session().gcnnMain->SetPatience(std::chrono::milliseconds(1));
+    prompts.ExpectQuestion(DeleteQuestion, true);
+    prompts.ExpectCritical(HeldByAnotherClient);
+    Press(Button("cmdDelete"));
+    prompts.Verify();
+    EXPECT_EQ(EnabledControls(), Found);
+}
+
+} // namespace
+} // namespace tally::test
