@@ -4,6 +4,7 @@
 #include "core/SessionContext.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/Screen.h"
+#include "ExamSetup.h"
 #include "ProgramSteps.h"
 #include "StudentLife.h"
 #include "tools/DeliveredDatabases.h"
@@ -122,10 +123,10 @@ void EnterClasses(Tour& tour, QWidget* window)
                  window);
     tour.Press(Qt::Key_Space);
     tour.Press(Qt::Key_N, Qt::AltModifier);
-    for (const char* text : {"X", "2", "", "IX", "1"})
+    for (const char* text : {"X", "2", "", "IX", "2"})
         tour.Fill(QString::fromLatin1(text));
-    tour.Picture(QStringLiteral("two classes, the higher one with two divisions"),
-                 QStringLiteral("class-entered.png"), window);
+    tour.Picture(QStringLiteral("two classes with two divisions each"), QStringLiteral("class-entered.png"),
+                 window);
     Save(tour, "Record Saved");
     const auto* classes = screen->findChild<FlexGrid*>(QStringLiteral("msgClassDetails"));
     tour.Await(QStringLiteral("the saved classes"), [&] {
@@ -177,8 +178,11 @@ void FillMasters(Tour& tour, const QDir& folder)
     QWidget* window = ShowMainWindow(tour);
     EnterClasses(tour, window);
     EnterTeacher(tour, window);
+    SetUpExams(tour, window);
     AddWorkingDay(tour, window);
-    FollowStudents(tour, window);
+    AdmitFirstStudents(tour, window);
+    RankFirstExam(tour, window);
+    GoOnToNextYear(tour, window);
     CloseProgram(tour);
 }
 

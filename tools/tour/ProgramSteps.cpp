@@ -74,12 +74,17 @@ void FillWindow(Screen* screen)
     frame->setGeometry(frame->parentWidget()->rect().adjusted(Margin, Margin, -Margin, -Margin));
 }
 
+void PressButton(Tour& tour, const char* button)
+{
+    tour.TabTo(QString::fromLatin1(button));
+    tour.Press(Qt::Key_Space);
+}
+
 void LeaveScreen(Tour& tour, const char* formName, const QString& caption)
 {
-    tour.TabTo(QStringLiteral("cmdExit"));
     if (Session().gblnPromptOnExit)
         tour.Expect(QStringLiteral("Do You Want To Exit %1 ?").arg(caption));
-    tour.Press(Qt::Key_Space);
+    PressButton(tour, "cmdExit");
     tour.Await(QStringLiteral("the screen to close"),
                [&] { return ScreenRegistry::OpenInstance(QString::fromLatin1(formName)) == nullptr; });
 }

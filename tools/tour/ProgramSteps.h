@@ -44,6 +44,8 @@ Screen* AwaitScreen(Tour& tour, const QString& formName);
 Screen* OpenScreen(Tour& tour, Qt::Key menu, const char* formName);
 /// Pulls the screen to the size of the main window, so that a picture shows all of a list's columns.
 void FillWindow(Screen* screen);
+/// Goes to the button with Tab and presses it.
+void PressButton(Tour& tour, const char* button);
 /// Leaves the screen by its own button; `caption` is the name by which it asks, where the office wants that.
 void LeaveScreen(Tour& tour, const char* formName, const QString& caption);
 /// Closes the program from its menu.

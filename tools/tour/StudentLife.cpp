@@ -10,12 +10,6 @@ namespace tally {
 
 namespace {
 
-void PressButton(Tour& tour, const char* button)
-{
-    tour.TabTo(QString::fromLatin1(button));
-    tour.Press(Qt::Key_Space);
-}
-
 void Save(Tour& tour, const char* result)
 {
     tour.Expect(QString::fromLatin1(result));
@@ -262,13 +256,17 @@ void ShowNextYear(Tour& tour, QWidget* window)
 
 } // namespace
 
-void FollowStudents(Tour& tour, QWidget* window)
+void AdmitFirstStudents(Tour& tour, QWidget* window)
 {
     SetOptions(tour, window);
     AdmitStudents(tour, window);
     PlaceStudents(tour, window);
     FindStudent(tour, window);
     LeaveAndReturn(tour, window);
+}
+
+void GoOnToNextYear(Tour& tour, QWidget* window)
+{
     AddNextYear(tour);
     Promote(tour, window);
     ChangeYear(tour, window);
