@@ -28,6 +28,12 @@ constexpr Ways Known[] = {
      "Alt+Shift+C:cmdAddClass Alt+Shift+E:cmdAddExam C:cmdCancel D:cmdDelete E:cmdEdit L:cboClass M:dbcExam "
      "N:cmdNew O:txtDeleteSlNo R:cmdDeleteRow S:cmdSave V:cboDivision X:cmdExit",
      ""},
+    {"frmClassSubjectTeacher",
+     "cboClass cboDivision msgDetails dbcSubject dbcTeacher txtmaximummark TxtMaximumAllowed cboRankYesNo "
+     "txtOrder txtDeleteSlNo cmdDeleteRow cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
+     "Alt+Shift+C:cmdAddClass Alt+Shift+S:cmdAddSubject Alt+Shift+T:cmdAddTeacher C:cmdCancel D:cmdDelete "
+     "E:cmdEdit L:cboClass N:cmdNew O:txtDeleteSlNo R:cmdDeleteRow S:cmdSave V:cboDivision X:cmdExit",
+     ""},
     {"frmMasAcademicYearChange", "txtAcademicYearFrom cmdSave cmdCancel cmdExit",
      "C:cmdCancel F:txtAcademicYearFrom S:cmdSave X:cmdExit", ""},
     {"frmMasAcademicYearSetup",

@@ -313,5 +313,41 @@ TEST(MarkSheet, AListShownAgainStartsWithoutMarksAndKeepsTheTeacherOfThoseWhoAre
     EXPECT_EQ(sheet.Row(3).teacherCode, 7);
 }
 
+TEST(MarkSheet, ASubjectThatIsSetUpAnewBringsItsLimitsAndItsTeacher)
+{
+    MarkSheet sheet = SubjectSheet();
+    Declare(sheet, 1, "45", "Present");
+    EXPECT_TRUE(sheet.TakeLimits({{2, {}, 9, 10, 10}, {1, {}, 8, 40, 80}}, 1));
+    EXPECT_EQ(sheet.MaximumAllowed(), 40);
+    EXPECT_EQ(sheet.MaximumMark(), 80);
+    EXPECT_EQ(sheet.Row(3).teacherCode, 8);
+    EXPECT_EQ(sheet.Row(1).mark.toStdString(), "45") << "what was entered stays";
+    ASSERT_TRUE(sheet.FindMarkAboveLimit());
+    EXPECT_EQ(ToText(*sheet.FindMarkAboveLimit()), "mark 1: " + AboveLimit + "40");
+    sheet.SetMark(1, QStringLiteral("40"));
+    EXPECT_FALSE(sheet.FindMarkAboveLimit());
+}
+
+TEST(MarkSheet, ASubjectThatTheClassHasGivenUpTakesNoLimits)
+{
+    MarkSheet sheet = SubjectSheet();
+    EXPECT_FALSE(sheet.TakeLimits({{2, {}, 9, 10, 10}}, 1));
+    MarkSheet ofStudent = StudentSheet();
+    EXPECT_FALSE(ofStudent.TakeLimits({{1, {}, 7, 50, 100}}, 0));
+}
+
+TEST(MarkSheet, AStudentsRowsTakeTheLimitsOfTheirOwnSubjects)
+{
+    MarkSheet sheet = StudentSheet();
+    sheet.SetMark(2, QStringLiteral("20"));
+    EXPECT_FALSE(sheet.FindMarkAboveLimit());
+    EXPECT_TRUE(sheet.TakeLimits({{1, {}, 9, 30, 60}, {2, {}, 8, 15, 15}}, 0));
+    EXPECT_EQ(sheet.Row(1).maximumAllowed, 30);
+    EXPECT_EQ(sheet.Row(1).maximumMark, 60);
+    EXPECT_EQ(sheet.Row(1).teacherCode, 9);
+    ASSERT_TRUE(sheet.FindMarkAboveLimit());
+    EXPECT_EQ(ToText(*sheet.FindMarkAboveLimit()), "mark 2: " + AboveLimit + "15");
+}
+
 } // namespace
 } // namespace tally::test
