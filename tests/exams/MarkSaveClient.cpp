@@ -1,6 +1,7 @@
-// A client of the school in a process of its own that works at the mark screen as it is told, line by line:
-// "enter SUBJECT MARK" types a first entry, "edit SUBJECT MARK" types over what is stored, and it says
-// "typed"; "save" saves and it says the last box that came.
+// A client of the school in a process of its own that works as it is told, line by line. At the mark screen
+// "enter SUBJECT MARK" types a first entry and "edit SUBJECT MARK" types over what is stored; at the set-up
+// of the subjects "allow SUBJECT MARK" lowers or raises what is allowed and "drop SUBJECT -" takes one out.
+// Then it says "typed"; "save" saves and it says the last box that came.
 
 #include "app/Screens.h"
 #include "core/modTallyboard.h"
@@ -11,25 +12,29 @@
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
+#include "core/ui/Screen.h"
 #include "core/ui/ScreenRegistry.h"
-#include "exams/frmexammarkentry.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
 #include <cstdio>
 #include <iostream>
+#include <memory>
 #include <string>
 
 namespace {
 
 using namespace tally;
 
-class Clerk
+/// Whoever works at one screen: the last box that told something is kept.
+class Worker
 {
 public:
-    Clerk()
+    explicit Worker(const char* formName)
     {
         Prompts::AnswerWith([this](Prompts::Kind kind, const QString& text) {
             if (kind != Prompts::Kind::Question)
@@ -37,26 +42,16 @@ public:
             // "No" to further marks of the same class, "Yes" to all else.
             return !text.endsWith(QStringLiteral("'Exam-Class-Division' ?"));
         });
-        ShowForm(QStringLiteral("frmexammarkentry"));
-        form_ = ScreenRegistry::OpenInstance(QStringLiteral("frmexammarkentry"));
+        ShowForm(QString::fromLatin1(formName));
+        form_ = ScreenRegistry::OpenInstance(QString::fromLatin1(formName));
         form_->activateWindow();
     }
+    Worker(const Worker&) = delete;
+    Worker& operator=(const Worker&) = delete;
+    virtual ~Worker() = default;
 
-    /// Chooses the subject, with all marks typed but not saved.
-    void Prepare(const QString& subject, const QString& mark, bool editing)
-    {
-        Start(subject);
-        auto* grid = form_->findChild<FlexGrid*>(QStringLiteral("msgDetails"));
-        if (editing) {
-            Press("cmdEdit");
-            QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::NoModifier,
-                              grid->CellRect(1, 2).center());
-        }
-        for (int row = 1; row < grid->Rows() - 1; ++row) {
-            QTest::keyClicks(QApplication::focusWidget(), mark);
-            Key(Qt::Key_Return);
-        }
-    }
+    /// Types as it is told, without saving.
+    virtual void Prepare(const QString& order, const QString& subject, const QString& mark) = 0;
 
     QString Save()
     {
@@ -65,18 +60,7 @@ public:
         return lastBox_;
     }
 
-private:
-    /// New, with everything chosen and the list of subjects left.
-    void Start(const QString& subject)
-    {
-        Press("cmdNew");
-        Choose("dbcExam", QStringLiteral("Term One"));
-        Choose("cboClass", QStringLiteral("X"));
-        Choose("cboDivision", QStringLiteral("A"));
-        Choose("dbcSubject", subject);
-        Key(Qt::Key_Tab);
-    }
-
+protected:
     static void Key(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
 
     void Choose(const char* name, const QString& text)
@@ -95,9 +79,75 @@ private:
         QTest::keyClick(button, Qt::Key_Space);
     }
 
+    FlexGrid* Grid() { return form_->findChild<FlexGrid*>(QStringLiteral("msgDetails")); }
+    void Click(int row, int col)
+    {
+        QTest::mouseClick(Grid()->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          Grid()->CellRect(row, col).center());
+    }
+
     Screen* form_ = nullptr;
+
+private:
     QString lastBox_;
 };
+
+class MarkClerk : public Worker
+{
+public:
+    MarkClerk() : Worker("frmexammarkentry") {}
+
+    void Prepare(const QString& order, const QString& subject, const QString& mark) override
+    {
+        Press("cmdNew");
+        Choose("dbcExam", QStringLiteral("Term One"));
+        Choose("cboClass", QStringLiteral("X"));
+        Choose("cboDivision", QStringLiteral("A"));
+        Choose("dbcSubject", subject);
+        Key(Qt::Key_Tab);
+        if (order == QLatin1String("edit")) {
+            Press("cmdEdit");
+            Click(1, 2);
+        }
+        for (int row = 1; row < Grid()->Rows() - 1; ++row) {
+            QTest::keyClicks(QApplication::focusWidget(), mark);
+            Key(Qt::Key_Return);
+        }
+    }
+};
+
+class SubjectClerk : public Worker
+{
+public:
+    SubjectClerk() : Worker("frmClassSubjectTeacher") {}
+
+    void Prepare(const QString& order, const QString& subject, const QString& mark) override
+    {
+        Choose("cboClass", QStringLiteral("X"));
+        Choose("cboDivision", QStringLiteral("A"));
+        Press("cmdEdit");
+        int row = 1;
+        while (row < Grid()->Rows() && Grid()->TextMatrix(row, 1) != subject)
+            ++row;
+        if (order == QLatin1String("allow")) {
+            Click(row, 4);
+            QTest::keyClicks(QApplication::focusWidget(), mark);
+            Key(Qt::Key_Return);
+        } else {
+            auto* serialNo = form_->findChild<QLineEdit*>(QStringLiteral("txtDeleteSlNo"));
+            serialNo->setFocus();
+            QTest::keyClicks(serialNo, QString::number(row));
+            Press("cmdDeleteRow");
+        }
+    }
+};
+
+std::unique_ptr<Worker> WorkerFor(const QString& order)
+{
+    if (order == QLatin1String("allow") || order == QLatin1String("drop"))
+        return std::make_unique<SubjectClerk>();
+    return std::make_unique<MarkClerk>();
+}
 
 void Say(const QString& text)
 {
@@ -121,15 +171,16 @@ int main(int argc, char** argv)
     Session().gblnActiveYearExists = true;
     window->show();
     QApplication::setActiveWindow(window);
-    Clerk clerk;
+    std::unique_ptr<Worker> worker;
     Say(QStringLiteral("ready"));
     for (std::string line; std::getline(std::cin, line);) {
         const QStringList words = QString::fromStdString(line).split(QLatin1Char(' '));
         const QString& order = words.first();
         if (order == QLatin1String("save")) {
-            Say(clerk.Save());
+            Say(worker->Save());
         } else {
-            clerk.Prepare(words.at(1), words.at(2), order == QLatin1String("edit"));
+            worker = WorkerFor(order);
+            worker->Prepare(order, words.at(1), words.at(2));
             Say(QStringLiteral("typed"));
         }
     }

@@ -1,0 +1,161 @@
+#include "exams/MarkClient.h"
+#include "exams/MarkScreen.h"
+
+namespace tally::test {
+namespace {
+
+constexpr int Students = 60;
+
+const std::string AboveForty = "Entered Mark Should Not Exceed Maximum Allowed Mark : 40";
+const std::string BelowFortyFive = "'Maximum Allowed' Marks Should Not Be Lesser Than Mark (45) Entered In "
+                                   "'Classwise Mark Entry'";
+const std::string SubjectIsGone = "Selected Master Data Is Deleted. You Cannot Save This Data.";
+const std::string SubjectHasMarks =
+    "Already Marks Are Entered For This Class-Division-Subject(s). So You Can't Delete";
+const std::string SetIsChanged = "Subjects Of This Class-Division Were Changed By Another User Meanwhile. "
+                                 "You Cannot Save This Data.";
+
+/// One clerk enters the first marks of a division of sixty students while another one sets up its subjects.
+class SubjectSetupClients : public MarkScreen
+{
+protected:
+    void SetUp() override
+    {
+        MarkScreen::SetUp();
+        store::Transaction transaction(*Session().gcnnMain);
+        for (int student = 0; student < Students; ++student)
+            school->AddStudent(1, QStringLiteral("Student %1").arg(student));
+        transaction.Commit();
+    }
+
+    /// Both have typed before either saves.
+    void LetBothType(MarkClient& marks, const char* marksLine, MarkClient& setup, const char* setupLine)
+    {
+        ASSERT_EQ(marks.Says(), "ready");
+        ASSERT_EQ(setup.Says(), "ready");
+        marks.Tell(marksLine);
+        setup.Tell(setupLine);
+        ASSERT_EQ(marks.Says(), "typed");
+        ASSERT_EQ(setup.Says(), "typed");
+    }
+
+    static std::string Save(MarkClient& client)
+    {
+        client.Tell("save");
+        return client.Says();
+    }
+
+    /// "allowed, count of marks" of English as the next client finds it; "gone" without a row.
+    std::string English()
+    {
+        const auto client = AnotherClient();
+        auto row = client->Query(
+            QStringLiteral("SELECT MaximumAllowed, (SELECT count(*) FROM MarkMaster b WHERE b.SubjectCode = "
+                           "a.SubjectCode) FROM ClassSubjectTeacher a WHERE a.SubjectCode = 1"));
+        const bool found = row.Next();
+        const auto marks =
+            client->Number(QStringLiteral("SELECT count(*) FROM MarkMaster WHERE SubjectCode = 1"));
+        return (found ? QString::number(row.Double(0)) : QStringLiteral("gone")).toStdString() + ", " +
+               std::to_string(marks);
+    }
+};
+
+TEST_F(SubjectSetupClients, MarksSavedFirstKeepTheLimitAboveThem)
+{
+    MarkClient marks(Folder());
+    MarkClient setup(Folder());
+    LetBothType(marks, "enter English 45", setup, "allow English 40");
+    EXPECT_EQ(Save(marks), "Record Saved");
+    EXPECT_EQ(Save(setup), BelowFortyFive);
+    EXPECT_EQ(English(), "50, 60");
+}
+
+TEST_F(SubjectSetupClients, ALimitSavedFirstKeepsTheMarksBelowIt)
+{
+    MarkClient marks(Folder());
+    MarkClient setup(Folder());
+    LetBothType(marks, "enter English 45", setup, "allow English 40");
+    EXPECT_EQ(Save(setup), "Record Updated");
+    EXPECT_EQ(Save(marks), AboveForty);
+    EXPECT_EQ(English(), "40, 0");
+}
+
+TEST_F(SubjectSetupClients, OfALimitAndMarksSavedAtOnceOneIsStoredAndTheOtherIsToldSo)
+{
+    MarkClient marks(Folder());
+    MarkClient setup(Folder());
+    LetBothType(marks, "enter English 45", setup, "allow English 40");
+    marks.Tell("save");
+    setup.Tell("save");
+    const std::string marksSay = marks.Says();
+    const std::string setupSays = setup.Says();
+    if (marksSay == "Record Saved") {
+        EXPECT_EQ(setupSays, BelowFortyFive);
+        EXPECT_EQ(English(), "50, 60");
+    } else {
+        EXPECT_EQ(marksSay, AboveForty);
+        EXPECT_EQ(setupSays, "Record Updated");
+        EXPECT_EQ(English(), "40, 0");
+    }
+}
+
+TEST_F(SubjectSetupClients, MarksSavedFirstKeepTheirSubjectInTheSet)
+{
+    MarkClient marks(Folder());
+    MarkClient setup(Folder());
+    LetBothType(marks, "enter English 45", setup, "drop English -");
+    EXPECT_EQ(Save(marks), "Record Saved");
+    EXPECT_EQ(Save(setup), SubjectHasMarks);
+    EXPECT_EQ(English(), "50, 60");
+}
+
+TEST_F(SubjectSetupClients, ASubjectTakenOutFirstGetsNoMarks)
+{
+    MarkClient marks(Folder());
+    MarkClient setup(Folder());
+    LetBothType(marks, "enter English 45", setup, "drop English -");
+    EXPECT_EQ(Save(setup), "Record Updated");
+    EXPECT_EQ(Save(marks), SubjectIsGone);
+    EXPECT_EQ(English(), "gone, 0");
+}
+
+TEST_F(SubjectSetupClients, OfASubjectTakenOutAndItsMarksSavedAtOnceOneIsStoredAndTheOtherIsToldSo)
+{
+    MarkClient marks(Folder());
+    MarkClient setup(Folder());
+    LetBothType(marks, "enter English 45", setup, "drop English -");
+    marks.Tell("save");
+    setup.Tell("save");
+    const std::string marksSay = marks.Says();
+    const std::string setupSays = setup.Says();
+    if (marksSay == "Record Saved") {
+        EXPECT_EQ(setupSays, SubjectHasMarks);
+        EXPECT_EQ(English(), "50, 60");
+    } else {
+        EXPECT_EQ(marksSay, SubjectIsGone);
+        EXPECT_EQ(setupSays, "Record Updated");
+        EXPECT_EQ(English(), "gone, 0");
+    }
+}
+
+TEST_F(SubjectSetupClients, OfTwoSetUpsOfADivisionSavedAtOnceOneIsStoredAndTheOtherIsToldSo)
+{
+    MarkClient first(Folder());
+    MarkClient second(Folder());
+    LetBothType(first, "allow English 30", second, "allow English 40");
+    first.Tell("save");
+    second.Tell("save");
+    const std::string firstSays = first.Says();
+    const std::string secondSays = second.Says();
+    if (firstSays == "Record Updated") {
+        EXPECT_EQ(secondSays, SetIsChanged);
+        EXPECT_EQ(English(), "30, 0");
+    } else {
+        EXPECT_EQ(firstSays, SetIsChanged);
+        EXPECT_EQ(secondSays, "Record Updated");
+        EXPECT_EQ(English(), "40, 0");
+    }
+}
+
+} // namespace
+} // namespace tally::test
