@@ -1,0 +1,110 @@
+#pragma once
+
+#include "exams/CopySchool.h"
+#include "support/FormDriver.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+
+#include <memory>
+
+namespace tally::test {
+
+inline const QString CopyAgain = QStringLiteral("Do You Want To Copy This Setup To Any Other Class ?");
+
+/// A copy screen over a school of which each test says what is set up in it.
+template <typename Form>
+class CopyScreen : public FormDriver<Form>
+{
+protected:
+    using Driver = FormDriver<Form>;
+
+    void SetUp() override
+    {
+        Driver::SetUp();
+        school = std::make_unique<CopySchool>(*Session().gcnnMain);
+        Session().gintAcademicYearCode = ThisYear;
+        Session().gintUserCode = 5;
+    }
+
+    /// With neighbours on all sides of what the test has laid down by then.
+    void OpenForm(const char* formName)
+    {
+        this->SurroundSchool();
+        Driver::OpenForm(formName);
+    }
+
+    using Driver::Choose;
+    /// Walks up a list from its end with the arrow key, past none of those in front.
+    void ChooseFromEnd(const char* name, const QString& text) const
+    {
+        QComboBox* list = this->List(name);
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_End);
+        for (int step = 0; step < list->count() && list->currentText() != text; ++step)
+            QTest::keyClick(list, Qt::Key_Up);
+        ASSERT_EQ(list->currentText().toStdString(), text.toStdString());
+    }
+
+    /// The entries of a list, from the top, with bars between them.
+    std::string Entries(const char* name) const
+    {
+        const QComboBox* list = this->List(name);
+        QStringList entries;
+        for (int entry = 0; entry < list->count(); ++entry)
+            entries.append(list->itemText(entry));
+        return entries.join(QLatin1Char('|')).toStdString();
+    }
+    std::string ChosenIn(const char* list) const
+    {
+        return this->List(list)->currentText().trimmed().toStdString();
+    }
+    /// The rows of a grid that have anything in them, columns with blanks between them, rows with bars.
+    std::string Rows(const char* name) const
+    {
+        const auto* grid = Find<FlexGrid>(this->form, name);
+        QStringList rows;
+        for (int row = 1; row < grid->Rows(); ++row) {
+            QStringList cells;
+            for (int col = 0; col < grid->Cols(); ++col)
+                cells.append(grid->TextMatrix(row, col));
+            rows.append(cells.join(QLatin1Char(' ')).trimmed());
+        }
+        rows.removeAll(QString());
+        return rows.join(QLatin1Char('|')).toStdString();
+    }
+    /// Runs a statement as another client of the same files.
+    template <typename... Values>
+    void Other(const char* sql, const Values&... values)
+    {
+        this->AnotherClient()->Execute(QString::fromLatin1(sql), values...);
+    }
+    /// Those of the controls that are enabled.
+    std::string Enabled(std::initializer_list<const char*> controls) const
+    {
+        std::string names;
+        for (const char* name : controls)
+            if (this->IsEnabled(name))
+                names += std::string(names.empty() ? "" : " ") + name;
+        return names;
+    }
+    /// A save that is stored, and the answer to whether it shall go on.
+    void SaveCopy(const char* word, bool again)
+    {
+        this->prompts.ExpectInformation(QString::fromLatin1(word));
+        this->prompts.ExpectQuestion(CopyAgain, again);
+        Press(this->Button("cmdSave"));
+        this->prompts.Verify();
+    }
+    void SaveTells(Prompts::Kind kind, const QString& text)
+    {
+        this->prompts.Expect(kind, text);
+        Press(this->Button("cmdSave"));
+        this->prompts.Verify();
+        EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
+    }
+
+    std::unique_ptr<CopySchool> school;
+};
+
+} // namespace tally::test
