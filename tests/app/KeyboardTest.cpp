@@ -28,11 +28,24 @@ constexpr Ways Known[] = {
      "Alt+Shift+C:cmdAddClass Alt+Shift+E:cmdAddExam C:cmdCancel D:cmdDelete E:cmdEdit L:cboClass M:dbcExam "
      "N:cmdNew O:txtDeleteSlNo R:cmdDeleteRow S:cmdSave V:cboDivision X:cmdExit",
      ""},
+    {"frmClassRankTransferSetup",
+     "cboFromAcademicyear dbcExamFrom cboFromClass cboFromDivision cboToAcademicYear dbcExamTo cboToClass "
+     "chkSelectAll lstDivision cmdTransfer msgFromDetails msgToDetails cmdNew cmdSave cmdCancel cmdExit",
+     "A:cboToClass Alt+Shift+C:cmdAddClass Alt+Shift+E:cmdAddExam C:cmdCancel D:cboFromDivision E:dbcExamTo "
+     "I:lstDivision L:cboFromClass M:dbcExamFrom N:cmdNew O:cmdTransfer R:cboToAcademicYear S:cmdSave "
+     "X:cmdExit Y:cboFromAcademicyear",
+     ""},
     {"frmClassSubjectTeacher",
      "cboClass cboDivision msgDetails dbcSubject dbcTeacher txtmaximummark TxtMaximumAllowed cboRankYesNo "
      "txtOrder txtDeleteSlNo cmdDeleteRow cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
      "Alt+Shift+C:cmdAddClass Alt+Shift+S:cmdAddSubject Alt+Shift+T:cmdAddTeacher C:cmdCancel D:cmdDelete "
      "E:cmdEdit L:cboClass N:cmdNew O:txtDeleteSlNo R:cmdDeleteRow S:cmdSave V:cboDivision X:cmdExit",
+     ""},
+    {"frmClassSubjectTeacherTransfer",
+     "cboFromAcademicyear cboClassFrom cboDivision cboAcademicYearTo cboClassTo cboDivisionTo cmdTransfer "
+     "msgDetails msgToDetails cmdNew cmdSave cmdCancel cmdExit",
+     "A:cboClassTo C:cmdCancel D:cboDivision I:cboDivisionTo L:cboClassFrom N:cmdNew O:cmdTransfer "
+     "R:cboAcademicYearTo S:cmdSave X:cmdExit Y:cboFromAcademicyear",
      ""},
     {"frmMasAcademicYearChange", "txtAcademicYearFrom cmdSave cmdCancel cmdExit",
      "C:cmdCancel F:txtAcademicYearFrom S:cmdSave X:cmdExit", ""},
