@@ -5,6 +5,7 @@
 #include "core/ui/Prompts.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tally {
 

@@ -1,7 +1,5 @@
 #include "exams/SetupCopy.h"
 
-#include <QStringList>
-
 namespace tally {
 
 QString NotMade(const SetupCopy& copy)

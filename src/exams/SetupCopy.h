@@ -5,6 +5,7 @@
 #include "exams/SubjectSetup.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <map>
 #include <set>

@@ -79,13 +79,12 @@ QString SaveGradeCopy(store::Transaction& transaction, const SchoolScope& to,
         return std::find(divisions.begin(), divisions.end(), code) != divisions.end();
     };
     const std::set<int> withTable = GradeSetupRepository(transaction.On()).DivisionsWithTable(to);
-    if (std::any_of(withTable.begin(), withTable.end(), isTarget)) {
-        QStringList names;
-        for (const auto& [code, name] : SchoolListRepository(transaction.On()).DivisionsByName(to.classCode))
-            if (isTarget(code) && withTable.count(code) > 0)
-                names.append(name);
-        return TablesEnteredMeanwhile(names);
-    }
+    QStringList entered;
+    for (const auto& [code, name] : SchoolListRepository(transaction.On()).DivisionsByName(to.classCode))
+        if (isTarget(code) && withTable.count(code) > 0)
+            entered.append(name);
+    if (!entered.isEmpty())
+        return TablesEnteredMeanwhile(entered);
     SchoolScope scope = to;
     for (const int division : divisions) {
         scope.divisionCode = division;

@@ -5,7 +5,7 @@
 #include "exams/SetupCopy.h"
 #include "store/Transaction.h"
 
-#include <optional>
+#include <vector>
 
 namespace tally {
 

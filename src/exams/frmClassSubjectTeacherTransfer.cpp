@@ -10,6 +10,7 @@
 #include "core/ui/Prompts.h"
 #include "exams/SubjectSetupRepository.h"
 #include "exams/SubjectSetupSave.h"
+#include "exams/SubjectSetupSheet.h"
 #include "ui_frmClassSubjectTeacherTransfer.h"
 
 #include <QAbstractItemView>

@@ -21,6 +21,7 @@ inline constexpr SchoolScope TenA{ThisYear, 1, 1, 1};
 inline constexpr SchoolScope TenB{ThisYear, 1, 1, 2};
 inline constexpr SchoolScope TenC{ThisYear, 1, 1, 3};
 inline constexpr SchoolScope NineA{ThisYear, 1, 2, 1};
+inline constexpr SchoolScope NineB{ThisYear, 1, 2, 2};
 
 constexpr SchoolScope InNextYear(SchoolScope scope)
 {

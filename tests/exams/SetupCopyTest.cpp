@@ -134,11 +134,11 @@ TEST_F(SetupCopyTest, ADivisionIsMarkedForMoreThanOneSubjectOfTheYearAndForNothi
     school.SetUpSubjects(TenA);
     school.AddSubject(TenB, 3, 1);
     school.SetUpSubjects(InNextYear(TenC));
-    school.SetUpSubjects(NineA);
+    school.SetUpSubjects(NineB);
     school.SetUpGrades(TenC);
     EXPECT_EQ(TextsOf(Repository().TargetsOfSubjects(TenA).items), "1=.A!|2=B|3=C");
     EXPECT_EQ(TextsOf(Repository().TargetsOfSubjects(InNextYear(TenA)).items), "1=A|2=B|3=.C!");
-    EXPECT_EQ(TextsOf(Repository().TargetsOfSubjects(NineA).items), "1=.A!|2=B");
+    EXPECT_EQ(TextsOf(Repository().TargetsOfSubjects(NineB).items), "1=A|2=.B!");
 }
 
 TEST_F(SetupCopyTest, ADivisionIsMarkedForASingleGradeOfTheExamInTheYearAndForNothingElse)
@@ -146,12 +146,12 @@ TEST_F(SetupCopyTest, ADivisionIsMarkedForASingleGradeOfTheExamInTheYearAndForNo
     school.AddGrade(TenA, 0, 0, "D", 1);
     school.SetUpGrades(InTermTwo(TenB));
     school.SetUpGrades(InNextYear(TenC));
-    school.SetUpGrades(NineA);
+    school.SetUpGrades(NineB);
     school.SetUpSubjects(TenC);
     EXPECT_EQ(TextsOf(Repository().TargetsOfGrades(TenA)), "1=# A!|2=B|3=C");
     EXPECT_EQ(TextsOf(Repository().TargetsOfGrades(InTermTwo(TenA))), "1=A|2=# B!|3=C");
     EXPECT_EQ(TextsOf(Repository().TargetsOfGrades(InNextYear(TenA))), "1=A|2=B|3=# C!");
-    EXPECT_EQ(TextsOf(Repository().TargetsOfGrades(NineA)), "1=# A!|2=B");
+    EXPECT_EQ(TextsOf(Repository().TargetsOfGrades(NineB)), "1=A|2=# B!");
 }
 
 TEST_F(SetupCopyTest, TheSubjectsOfATargetAreReadAsTheyAreStored)
