@@ -54,7 +54,7 @@ void frmClassSubjectTeacher::ConnectHandlers()
 {
     using Form = frmClassSubjectTeacher;
     new SideButton(this, ui_->cmdAddClass, ui_->cboClass, QStringLiteral("frmMasClassSectionEntry"),
-                   [this] { Read([this] { classDivision_->Refill(); }); });
+                   [this] { RefillClass(); });
     new SideButton(this, ui_->cmdAddSubject, ui_->msgDetails, QStringLiteral("frmSubjectMaster"),
                    [this] { LoadSubjectList(); });
     new SideButton(this, ui_->cmdAddTeacher, ui_->msgDetails, QStringLiteral("frmTeacherMaster"),
@@ -91,6 +91,15 @@ void frmClassSubjectTeacher::Form_Load()
 void frmClassSubjectTeacher::LoadClass()
 {
     Read([this] { classDivision_->Load(); });
+}
+
+void frmClassSubjectTeacher::RefillClass()
+{
+    const SchoolScope before = Scope();
+    Read([this] { classDivision_->Refill(); });
+    // What is on the screen stays, unless its division has gone.
+    if (Scope().classCode != before.classCode || Scope().divisionCode != before.divisionCode)
+        ShowSubjects();
 }
 
 void frmClassSubjectTeacher::LoadSubjectList()

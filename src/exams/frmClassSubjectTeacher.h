@@ -38,6 +38,7 @@ private:
     void ConnectHandlers();
 
     void LoadClass();
+    void RefillClass();
     void LoadSubjectList();
     void LoadTeacherList();
     void cboDivision_Enter();

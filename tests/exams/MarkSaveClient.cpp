@@ -1,7 +1,8 @@
 // A client of the school in a process of its own that works as it is told, line by line. At the mark screen
 // "enter SUBJECT MARK" types a first entry and "edit SUBJECT MARK" types over what is stored; at the set-up
 // of the subjects "allow SUBJECT MARK" lowers or raises what is allowed and "drop SUBJECT -" takes one out.
-// Then it says "typed"; "save" saves and it says the last box that came.
+// Then it says "typed"; "save" saves and it says the last box that came. "replace" stores another set over
+// and over, and says the word after each save, until it is killed.
 
 #include "app/Screens.h"
 #include "core/modTallyboard.h"
@@ -123,9 +124,7 @@ public:
 
     void Prepare(const QString& order, const QString& subject, const QString& mark) override
     {
-        Choose("cboClass", QStringLiteral("X"));
-        Choose("cboDivision", QStringLiteral("A"));
-        Press("cmdEdit");
+        StartEdit();
         int row = 1;
         while (row < Grid()->Rows() && Grid()->TextMatrix(row, 1) != subject)
             ++row;
@@ -139,6 +138,27 @@ public:
             QTest::keyClicks(serialNo, QString::number(row));
             Press("cmdDeleteRow");
         }
+    }
+
+    /// All subjects are allowed 90 where they were allowed 100, and the other way round.
+    QString SaveTheOther()
+    {
+        StartEdit();
+        const bool inFull = Grid()->TextMatrix(1, 4) == QStringLiteral("100");
+        for (int row = 1; row < Grid()->Rows() - 1; ++row) {
+            Click(row, 4);
+            QTest::keyClicks(QApplication::focusWidget(),
+                             inFull ? QStringLiteral("90") : QStringLiteral("100"));
+        }
+        return Save();
+    }
+
+private:
+    void StartEdit()
+    {
+        Choose("cboClass", QStringLiteral("X"));
+        Choose("cboDivision", QStringLiteral("A"));
+        Press("cmdEdit");
     }
 };
 
@@ -176,7 +196,10 @@ int main(int argc, char** argv)
     for (std::string line; std::getline(std::cin, line);) {
         const QStringList words = QString::fromStdString(line).split(QLatin1Char(' '));
         const QString& order = words.first();
-        if (order == QLatin1String("save")) {
+        if (order == QLatin1String("replace")) {
+            for (SubjectClerk clerk;;)
+                Say(clerk.SaveTheOther());
+        } else if (order == QLatin1String("save")) {
             Say(worker->Save());
         } else {
             worker = WorkerFor(order);

@@ -237,6 +237,22 @@ TEST_F(SubjectSetupChoosing, AClassAddedOnTopCanBeChosenOnReturn)
     EXPECT_EQ(Rows(), setOfA);
 }
 
+TEST_F(SubjectSetupChoosing, ADivisionDeletedOnTopTakesWhatWasTypedForItAlong)
+{
+    StartNew();
+    Enter("Art");
+    PressKey(form, Qt::Key_C, Qt::AltModifier | Qt::ShiftModifier);
+    Screen* master = ScreenRegistry::OpenInstance(QStringLiteral("frmMasClassSectionEntry"));
+    ASSERT_NE(master, nullptr);
+    LeaveOthersUnguarded();
+    Given("DELETE FROM ClassDivisionDetails WHERE ClassCode = 1 AND DivisionCode = 2");
+    master->Unload();
+    Settle();
+    EXPECT_EQ(Entries(divisions), " |A");
+    EXPECT_EQ(Rows(), "1||||||");
+    EXPECT_EQ(EnabledControls(), Entering);
+}
+
 TEST_F(SubjectSetupChoosing, TheYearIsTheOneOfTheSession)
 {
     Given("INSERT INTO AcademicYearSetup VALUES (2, 2025, 2026, '2025-06-01', '2026-05-31', 'N', 'N', 0)");

@@ -1,6 +1,9 @@
 #include "exams/MarkClient.h"
 #include "exams/MarkScreen.h"
 
+#include <QFile>
+#include <QRandomGenerator>
+
 namespace tally::test {
 namespace {
 
@@ -155,6 +158,72 @@ TEST_F(SubjectSetupClients, OfTwoSetUpsOfADivisionSavedAtOnceOneIsStoredAndTheOt
         EXPECT_EQ(secondSays, "Record Updated");
         EXPECT_EQ(English(), "40, 0");
     }
+}
+
+/// A set of twelve subjects, each allowed 100, that clients write over until they are killed.
+class SubjectSetupKills : public MarkScreen
+{
+protected:
+    static constexpr int Subjects = 12;
+
+    void SetUp() override
+    {
+        MarkScreen::SetUp();
+        for (int code = 3; code <= Subjects; ++code)
+            school->AddSubject(1, code, QByteArray::number(code).constData(), code);
+        // A subject without a teacher is not saved.
+        Given("UPDATE ClassSubjectTeacher SET TeacherCode = 7, MaximumAllowed = 100");
+    }
+
+    /// "12 of 100 to 100", as the next client finds it, who first restores what a kill interrupted.
+    std::string Found()
+    {
+        const auto client = AnotherClient();
+        auto row = client->Query(QStringLiteral(
+            "SELECT count(*), min(MaximumAllowed), max(MaximumAllowed) FROM ClassSubjectTeacher"));
+        row.Next();
+        return QStringLiteral("%1 of %2 to %3")
+            .arg(row.Text(0), QString::number(row.Double(1)), QString::number(row.Double(2)))
+            .toStdString();
+    }
+
+    void KillWhileReplacing(int kills)
+    {
+        QRandomGenerator random(20260711);
+        for (int kill = 0; kill < kills; ++kill) {
+            {
+                MarkClient client(Folder());
+                ASSERT_EQ(client.Says(), "ready");
+                client.Tell("replace");
+                ASSERT_EQ(client.Says(), "Record Updated");
+                QTest::qSleep(static_cast<int>(random.bounded(200)));
+            }
+            interrupted_ += QFile::exists(Folder() + QStringLiteral("/Tallyboard.mdb-journal")) ? 1 : 0;
+            const std::string found = Found();
+            const bool inFull = found == "12 of 100 to 100";
+            ASSERT_TRUE(inFull || found == "12 of 90 to 90") << "kill " << kill << " left " << found;
+            ++(inFull ? inFull_ : lowered_);
+        }
+    }
+
+    int inFull_ = 0;      ///< kills that left every subject with 100
+    int lowered_ = 0;     ///< kills that left every subject with 90
+    int interrupted_ = 0; ///< kills in the midst of writing, which the next client takes back
+};
+
+TEST_F(SubjectSetupKills, AClientKilledWhileItReplacesASetLeavesOneOfTheTwoWhole)
+{
+    KillWhileReplacing(4);
+}
+
+TEST_F(SubjectSetupKills, DISABLED_TwoHundredClientsKilledWhileTheyReplaceASetLeaveOneOfTheTwoWhole)
+{
+    KillWhileReplacing(200);
+    RecordProperty("inFull", inFull_);
+    RecordProperty("lowered", lowered_);
+    RecordProperty("interrupted", interrupted_);
+    for (const int kills : {inFull_, lowered_, interrupted_})
+        EXPECT_GT(kills, 0);
 }
 
 } // namespace
