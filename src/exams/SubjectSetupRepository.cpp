@@ -37,18 +37,6 @@ MarksBySubject SubjectSetupRepository::Marks(const SchoolScope& scope)
     return marks;
 }
 
-std::map<int, int> SubjectSetupRepository::SubjectCounts(int academicYearCode, int classCode)
-{
-    std::map<int, int> counts;
-    store::Statement rows = main_.Query(
-        QStringLiteral("SELECT DivisionCode, count(*) FROM ClassSubjectTeacher WHERE ClassCode = ? AND "
-                       "AcademicYearCode = ? GROUP BY DivisionCode"),
-        classCode, academicYearCode);
-    while (rows.Next())
-        counts[rows.Int(0)] = rows.Int(1);
-    return counts;
-}
-
 CodedTexts SubjectSetupRepository::SubjectsBehindBlank()
 {
     return ReadCodedTexts(main_.Query(

@@ -18,9 +18,6 @@ public:
     std::vector<TaughtSubject> Read(const SchoolScope& scope);
     /// What has been entered for a class-division in a year, in one statement for all its subjects.
     MarksBySubject Marks(const SchoolScope& scope);
-    /// How many subjects each division of the class takes in the year, by the code of the division, in one
-    /// statement. A division without any is not in it.
-    std::map<int, int> SubjectCounts(int academicYearCode, int classCode);
 
     /// All subjects and all teachers of the school, by name, behind a blank line with the code 0.
     CodedTexts SubjectsBehindBlank();

@@ -27,14 +27,18 @@ bool IsSameForMarks(const TaughtSubject& subject, const TaughtSubject& other)
 /// Names belong to the masters: one that was written anew there changes no set.
 bool IsSame(const TaughtSubject& subject, const TaughtSubject& other)
 {
-    return subject.subjectCode == other.subjectCode && IsSameForMarks(subject, other) &&
-           subject.maximumAllowed == other.maximumAllowed && subject.takenForRank == other.takenForRank;
+    return IsSameForMarks(subject, other) && subject.maximumAllowed == other.maximumAllowed &&
+           subject.takenForRank == other.takenForRank;
 }
 
 /// Empty while what was shown is what is stored.
 QString StoredMeanwhile(const std::vector<TaughtSubject>& shown, const std::vector<TaughtSubject>& stored)
 {
-    if (std::equal(shown.begin(), shown.end(), stored.begin(), stored.end(), IsSame))
+    const auto isStored = [&stored](const TaughtSubject& subject) {
+        const TaughtSubject* found = Find(stored, subject.subjectCode);
+        return found && IsSame(subject, *found);
+    };
+    if (shown.size() == stored.size() && std::all_of(shown.begin(), shown.end(), isStored))
         return {};
     return shown.empty()
                ? QStringLiteral("Subjects Of This Class-Division Were Entered By Another User Meanwhile.\n")

@@ -26,7 +26,8 @@ struct SubjectRefusal
 };
 
 /// What speaks against storing `wanted`: another client has stored another set than the one that was shown,
-/// or has entered marks that the new one does not agree with. `shown` is empty for a first set.
+/// or has entered marks that the new one does not agree with. `shown` is empty for a first set; its order
+/// does not matter.
 std::optional<SubjectRefusal> FindRefusal(const std::vector<TaughtSubject>& shown,
                                           const StoredSubjects& stored,
                                           const std::vector<TaughtSubject>& wanted);

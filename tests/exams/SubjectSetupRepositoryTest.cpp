@@ -122,17 +122,6 @@ TEST_F(SubjectSetupRepositoryTest, TheMarksOfAllSubjectsAndExamsAreCountedTogeth
     EXPECT_TRUE(repository.Marks(DivisionB).empty());
 }
 
-TEST_F(SubjectSetupRepositoryTest, TheSubjectsOfAllDivisionsOfAClassAreCountedInOneStatement)
-{
-    school.AddSubject(2, 3, "Art", 1);
-    const auto statements = school.main.StatementsRun();
-    const auto counts = repository.SubjectCounts(1, 1);
-    EXPECT_EQ(school.main.StatementsRun() - statements, 1U);
-    EXPECT_EQ(counts, (std::map<int, int>{{1, 2}, {2, 1}}));
-    EXPECT_TRUE(repository.SubjectCounts(2, 1).empty());
-    EXPECT_TRUE(repository.SubjectCounts(1, 2).empty());
-}
-
 TEST_F(SubjectSetupRepositoryTest, TheListsStandBehindABlankLineByName)
 {
     const auto texts = [](const CodedTexts& list) {
@@ -151,9 +140,6 @@ TEST_F(SubjectSetupRepositoryTest, NeighboursOnAllSidesAreNotNoticed)
         QString text = QString::fromStdString(Sets(DivisionA) + '|' + Sets(DivisionB) + '|');
         for (const auto& [subject, marks] : repository.Marks(DivisionA))
             text += QStringLiteral("%1 %2 %3 ").arg(subject).arg(marks.count).arg(marks.highest);
-        for (const auto& [division, count] : repository.SubjectCounts(1, 1))
-            if (division < 10000)
-                text += QStringLiteral("%1 %2 ").arg(division).arg(count);
         return text.toStdString();
     };
     const std::string alone = all();
@@ -208,6 +194,12 @@ TEST_F(SubjectSetupRepositoryTest, ASetThatAnotherClientHasChangedMeanwhileIsNot
                   "You Cannot Save This Data.");
     }
     EXPECT_FALSE(Replace(DivisionA, shown, shown)) << "all that was rolled back";
+}
+
+TEST_F(SubjectSetupRepositoryTest, TheOrderInWhichASetWasShownIsNoChange)
+{
+    const auto shown = repository.Read(DivisionA);
+    EXPECT_FALSE(Replace(DivisionA, {shown[1], shown[0]}, shown));
 }
 
 TEST_F(SubjectSetupRepositoryTest, ASetThatAnotherClientHasDeletedMeanwhileIsNotStoredAgain)
