@@ -94,10 +94,8 @@ constexpr HelpText Texts[] = {
      "Allowed' and 'Taken For Rank' can be changed."},
     {16, "ClassWise Subject - Teacher - Mark Entry - Copy",
      "Copy the subjects of one class and division to another, in this academic year or the next. Choose the "
-     "source on "
-     "the left and the target on the right, press Copy, look the rows over and press Save. A division name "
-     "with a mark "
-     "in front already has its subjects."},
+     "source on the 'From' side and the target on the 'To' side, press Copy, look the rows over and press "
+     "Save. A division name with a mark in front already has its subjects."},
     {17, "ClassWise Rank - Grade Setup",
      "Enter the grades of one exam for a class and division. Start with the highest average and go down; the "
      "last row "
