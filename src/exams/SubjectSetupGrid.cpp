@@ -151,16 +151,14 @@ void SubjectSetupGrid::BuildTexts()
 
 void SubjectSetupGrid::SetSubjects(const CodedTexts& subjects)
 {
+    Close();
     dbcSubject_->SetList(subjects);
-    if (dbcSubject_->isVisible())
-        Open(dbcSubject_->Row(), SubjectColumn::Subject);
 }
 
 void SubjectSetupGrid::SetTeachers(const CodedTexts& teachers)
 {
+    Close();
     dbcTeacher_->SetList(teachers);
-    if (dbcTeacher_->isVisible())
-        Open(dbcTeacher_->Row(), SubjectColumn::Teacher);
 }
 
 void SubjectSetupGrid::ShowRows()

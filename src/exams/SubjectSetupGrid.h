@@ -24,7 +24,7 @@ public:
     SubjectSetupGrid(FlexGrid* grid, SubjectSetupSheet& sheet, QWidget* form, QList<QWidget*> free);
 
     CellEditors* Boxes() const { return boxes_; }
-    /// What can be chosen, behind a blank line. An open box keeps its text and gets the keyboard.
+    /// What can be chosen, behind a blank line. Closes the boxes; the cell keeps what was typed.
     void SetSubjects(const CodedTexts& subjects);
     void SetTeachers(const CodedTexts& teachers);
 

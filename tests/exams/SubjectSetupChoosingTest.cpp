@@ -1,6 +1,5 @@
 #include "core/ui/ScreenRegistry.h"
 #include "exams/SubjectSetupScreen.h"
-#include "support/OneMoment.h"
 
 namespace tally::test {
 namespace {
@@ -206,7 +205,9 @@ TEST_F(SubjectSetupChoosing, ASubjectAndATeacherAddedOnTopCanBeChosenOnReturn)
     master->Unload();
     Settle();
     EXPECT_EQ(Entries(subject), " |Art|Botany|English|Maths|Tamil");
-    EXPECT_EQ(Focus(), "dbcSubject") << "the box that was open gets the keyboard";
+    EXPECT_EQ(Focus(), "msgDetails") << "on the cell from which the master was opened";
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "dbcSubject");
     Enter("Botany");
     PressKey(form, Qt::Key_T, Qt::AltModifier | Qt::ShiftModifier);
     master = ScreenRegistry::OpenInstance(QStringLiteral("frmTeacherMaster"));
@@ -215,6 +216,7 @@ TEST_F(SubjectSetupChoosing, ASubjectAndATeacherAddedOnTopCanBeChosenOnReturn)
     master->Unload();
     Settle();
     EXPECT_EQ(Entries(teacher), " |Mary|Noor|Omar|Paul");
+    PressKey(form, Qt::Key_Return);
     EXPECT_EQ(Focus(), "dbcTeacher");
     Enter("Paul");
     EXPECT_EQ(RowText(1), "1|Botany|Paul||||");
@@ -263,7 +265,7 @@ TEST_F(SubjectSetupChoosing, TheYearIsTheOneOfTheSession)
     EXPECT_EQ(EnabledControls(), Idle);
 }
 
-TEST_F(SubjectSetupChoosing, WhatIsReadIsOfOneMoment)
+TEST_F(SubjectSetupChoosing, ALargeSetIsReadWithAsManyStatementsAsASmallOne)
 {
     OpenForm();
     Choose(classes, QStringLiteral("X"));

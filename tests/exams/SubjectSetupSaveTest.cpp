@@ -89,12 +89,11 @@ TEST_F(SubjectSetupSave, WhatIsMissingIsToldInItsOrderAndTheBoxGetsTheKeyboard)
     EXPECT_EQ(Stored(2), "1 3 9 100/100 Yes");
 }
 
-TEST_F(SubjectSetupSave, AnOrderThatStandsTwiceIsToldAtTheEarlierRow)
+TEST_F(SubjectSetupSave, AnOrderThatStandsTwiceKeepsTheSaveAway)
 {
     StartEdit();
     Click(1, 6);
     QTest::keyClicks(order, QStringLiteral("2"));
-    // Escaping into the save by Enter would be refused already; the click on the box of another row is not.
     prompts.ExpectInformation(QStringLiteral("Subject Order Already Exists"));
     Press(Button("cmdSave"));
     Settle();
