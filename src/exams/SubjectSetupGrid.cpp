@@ -235,6 +235,11 @@ void SubjectSetupGrid::dbcSubject_Change(int row, const QString& text)
     if (refusal.isEmpty())
         return;
     Prompts::Information(refusal);
+    EmptySubject();
+}
+
+void SubjectSetupGrid::EmptySubject()
+{
     dbcSubject_->TakeBack();
     dbcSubject_->setEditText(QString());
 }
@@ -247,8 +252,12 @@ void SubjectSetupGrid::dbcSubject_Enter(int row, const QString& text)
     const SubjectStep step = sheet_.EnterSubject(row);
     ShowRow(row);
     Take(step);
-    if (step.row == 0)
+    if (step.row > 0)
+        return;
+    if (sheet_.Row(row).IsNamed())
         dbcSubject_->SelectText();
+    else
+        EmptySubject();
 }
 
 QString SubjectSetupGrid::dbcSubject_Validate(int row, const QString& text)
@@ -258,6 +267,8 @@ QString SubjectSetupGrid::dbcSubject_Validate(int row, const QString& text)
     SetSubject(row, text);
     const QString refusal = sheet_.DropRepeatedSubject(row);
     ShowRow(row);
+    if (!refusal.isEmpty())
+        EmptySubject();
     return refusal;
 }
 

@@ -65,6 +65,8 @@ private:
     void ShowRow(int row);
     void SetSubject(int row, const QString& text);
     void SetTeacher(int row, const QString& text);
+    /// What was refused is gone from the box too; the arrows go on behind it.
+    void EmptySubject();
     /// The focus goes to where nobody is kept.
     bool GivesUp() const;
 

@@ -265,12 +265,13 @@ TEST_F(SubjectSetupSave, ALockKeepsWhatWasTypedForASecondTry)
     EXPECT_EQ(Stored(2), "1 3 9 80/100 Yes");
 }
 
-TEST_F(SubjectSetupSave, AFullDiskKeepsWhatWasTypedForASecondTry)
+TEST_F(SubjectSetupSave, ADiskThatTakesNothingMoreKeepsWhatWasTypedForASecondTry)
 {
     StartArt();
     {
         const FileSizeLimit full(0);
-        prompts.ExpectCritical(DiskIsFull);
+        prompts.ExpectCritical(
+            QStringLiteral("The Database File Could Not Be Read Or Written (disk I/O error)"));
         Press(Button("cmdSave"));
         prompts.Verify();
     }
