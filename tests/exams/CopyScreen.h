@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 
+#include <initializer_list>
 #include <memory>
 
 namespace tally::test {
@@ -59,6 +60,14 @@ protected:
     {
         return this->List(list)->currentText().trimmed().toStdString();
     }
+    /// What is chosen in each of the lists, with strokes between them.
+    std::string ChosenIn(std::initializer_list<const char*> lists) const
+    {
+        QStringList chosen;
+        for (const char* list : lists)
+            chosen.append(QString::fromStdString(ChosenIn(list)));
+        return chosen.join(QLatin1Char('/')).toStdString();
+    }
     /// The rows of a grid that have anything in them, columns with blanks between them, rows with bars.
     std::string Rows(const char* name) const
     {
@@ -82,11 +91,11 @@ protected:
     /// Those of the controls that are enabled.
     std::string Enabled(std::initializer_list<const char*> controls) const
     {
-        std::string names;
+        QStringList names;
         for (const char* name : controls)
             if (this->IsEnabled(name))
-                names += std::string(names.empty() ? "" : " ") + name;
-        return names;
+                names.append(QString::fromLatin1(name));
+        return names.join(QLatin1Char(' ')).toStdString();
     }
     /// A save that is stored, and the answer to whether it shall go on.
     void SaveCopy(const char* word, bool again)

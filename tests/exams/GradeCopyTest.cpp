@@ -87,11 +87,8 @@ protected:
     }
     std::string Choices() const
     {
-        std::string choices;
-        for (const char* list : {"cboFromAcademicyear", "dbcExamFrom", "cboFromClass", "cboFromDivision",
-                                 "cboToAcademicYear", "dbcExamTo", "cboToClass"})
-            choices += (choices.empty() ? "" : "/") + ChosenIn(list);
-        return choices;
+        return ChosenIn({"cboFromAcademicyear", "dbcExamFrom", "cboFromClass", "cboFromDivision",
+                         "cboToAcademicYear", "dbcExamTo", "cboToClass"});
     }
     std::string EnabledControls() const
     {
@@ -437,7 +434,7 @@ TEST_F(GradeCopyChoosing, TheButtonsOpenTheMastersAndTheListsAreReadAnewOnTheWay
     ASSERT_NE(master, nullptr);
     Given("INSERT INTO ExamMaster VALUES (3, 'Term Three', 3, 1)");
     Given("DELETE FROM ClassDivisionDetails WHERE ClassCode = 1 AND DivisionCode = 3");
-    Press(Find<QPushButton>(master, "cmdExit"));
+    master->Unload();
     Settle();
     EXPECT_EQ(Entries("dbcExamTo"), " |Term One|Term Two|Term Three");
     EXPECT_EQ(Choices(), "2024 - 2025/Term One/X/A/2024 - 2025/Term One/X");
@@ -460,7 +457,7 @@ TEST_F(GradeCopyChoosing, WhatWasDeletedInTheMastersIsChosenNoMore)
     Given("DELETE FROM RankMaster");
     Given("DELETE FROM ClassDivisionDetails WHERE ClassCode IN (1, 2)");
     Given("DELETE FROM ClassDivisionMaster WHERE ClassCode IN (1, 2)");
-    Press(Find<QPushButton>(master, "cmdExit"));
+    master->Unload();
     Settle();
     EXPECT_EQ(Choices(), "2024 - 2025/Term One///2024 - 2025/Term Two/");
     EXPECT_EQ(Rows("msgFromDetails") + Divisions(), "");

@@ -53,11 +53,8 @@ protected:
     }
     std::string Choices() const
     {
-        std::string choices;
-        for (const char* list : {"cboFromAcademicyear", "cboClassFrom", "cboDivision", "cboAcademicYearTo",
-                                 "cboClassTo", "cboDivisionTo"})
-            choices += (choices.empty() ? "" : "/") + ChosenIn(list);
-        return choices;
+        return ChosenIn({"cboFromAcademicyear", "cboClassFrom", "cboDivision", "cboAcademicYearTo",
+                         "cboClassTo", "cboDivisionTo"});
     }
     std::string EnabledControls() const
     {
@@ -326,14 +323,16 @@ TEST_F(SubjectCopyChoosing, AnotherFromClassEmptiesBothGridsAndSwitchesCopyOff)
 TEST_F(SubjectCopyChoosing, AnotherSourceBringsCopyBackForTheTargetThatIsChosen)
 {
     school->SetUpSubjects(NineA);
-    StartTo("B");
+    school->SetUpSubjects(TenB);
+    StartTo("C");
     Choose("cboClassFrom", QStringLiteral("IX"));
+    EXPECT_FALSE(IsEnabled("cmdTransfer"));
     Choose("cboDivision", QStringLiteral("A"));
     EXPECT_TRUE(IsEnabled("cmdTransfer"));
-    Choose("cboClassFrom", QStringLiteral("X"));
     prompts.ExpectInformation(Exists);
     QTest::keyClick(List("cboDivisionTo"), Qt::Key_Up);
     prompts.Verify();
+    Choose("cboClassFrom", QStringLiteral("X"));
     Choose("cboDivision", QStringLiteral("A"));
     EXPECT_FALSE(IsEnabled("cmdTransfer")) << "the target is no free one";
 }
@@ -592,7 +591,8 @@ TEST_F(SubjectCopySave, ADivisionDeletedMeanwhileIsToldAndTheScreenBeginsAnew)
 
 TEST_F(SubjectCopySave, AClassDeletedMeanwhileIsToldAndTheScreenBeginsAnew)
 {
-    SaveFindsGone({"DELETE FROM ClassSubjectTeacher WHERE AcademicYearCode = 7",
+    LeaveOthersUnguarded();
+    SaveFindsGone({"DELETE FROM ClassSubjectTeacher WHERE ClassCode = 1",
                    "DELETE FROM ClassDivisionDetails WHERE ClassCode = 1",
                    "DELETE FROM ClassDivisionMaster WHERE ClassCode = 1"});
 }
