@@ -2,6 +2,8 @@
 
 #include "store/StoreError.h"
 
+#include <algorithm>
+
 namespace tally {
 
 MarkChoices MarkEntry::List(store::Connection& main, const SchoolScope& scope)
@@ -61,9 +63,21 @@ void MarkEntry::Take(const std::optional<MarkSubject>& subject, const std::vecto
     marksExist_ = !stored.empty();
 }
 
-void MarkEntry::TakeLimits(store::Connection& main, const SchoolScope& scope, int chosenCode)
+void MarkEntry::TakeLimits(store::Connection& main, const SchoolScope& scope, int chosenCode, bool editing)
 {
-    if (!sheet_.TakeLimits(MarkRepository(main).SubjectsToMark(scope), chosenCode))
+    MarkRepository marks(main);
+    const std::vector<int> lost = sheet_.TakeLimits(marks.SubjectsToMark(scope), chosenCode);
+    if (lost.empty())
+        return;
+    std::vector<StoredMark> stored;
+    if (editing)
+        stored = marks.StoredMarks(scope, sheet_.Mode(), chosenCode);
+    const bool mends = std::all_of(lost.begin(), lost.end(), [&](int subjectCode) {
+        return std::any_of(stored.begin(), stored.end(), [&](const StoredMark& mark) {
+            return sheet_.Mode() == MarkMode::Subject || mark.code == subjectCode;
+        });
+    });
+    if (!mends)
         throw store::StoreError::RowIsGone(QStringLiteral("ClassSubjectTeacher"));
 }
 

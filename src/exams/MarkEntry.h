@@ -40,8 +40,9 @@ public:
     /// that is edited, and his marks go with the next save.
     void ListForEdit(store::Connection& main, const SchoolScope& scope, int subjectCode);
     /// The sheet goes by the limits and teachers that are stored by now. Throws a StoreError with
-    /// IsConflict() where the class-division has given up a subject meanwhile.
-    void TakeLimits(store::Connection& main, const SchoolScope& scope, int chosenCode);
+    /// IsConflict() where the class-division has given up a subject meanwhile, unless `editing` mends marks
+    /// of it that are stored.
+    void TakeLimits(store::Connection& main, const SchoolScope& scope, int chosenCode, bool editing);
     /// What the class-division lacks for a save; empty for nothing.
     static QString Missing(store::Connection& main, const SchoolScope& scope);
 

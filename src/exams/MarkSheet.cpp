@@ -135,25 +135,32 @@ void MarkSheet::ResetMarks()
     }
 }
 
-bool MarkSheet::TakeLimits(const std::vector<MarkSubject>& subjects, int chosenCode)
+std::vector<int> MarkSheet::TakeLimits(const std::vector<MarkSubject>& subjects, int chosenCode)
 {
+    std::vector<int> lost;
     for (MarkRow& row : rows_) {
         const int code = mode_ == MarkMode::Subject ? chosenCode : row.code;
         const auto subject = std::find_if(subjects.begin(), subjects.end(), [code](const MarkSubject& taken) {
             return taken.subjectCode == code;
         });
-        if (subject == subjects.end())
-            return false;
-        row.teacherCode = subject->teacherCode;
-        if (mode_ == MarkMode::Subject) {
-            maximumAllowed_ = subject->maximumAllowed;
-            maximumMark_ = subject->maximumMark;
-        } else {
-            row.maximumAllowed = subject->maximumAllowed;
-            row.maximumMark = subject->maximumMark;
-        }
+        if (subject != subjects.end())
+            TakeLimits(row, *subject);
+        else if (lost.empty() || lost.back() != code)
+            lost.push_back(code);
     }
-    return true;
+    return lost;
+}
+
+void MarkSheet::TakeLimits(MarkRow& row, const MarkSubject& subject)
+{
+    row.teacherCode = subject.teacherCode;
+    if (mode_ == MarkMode::Subject) {
+        maximumAllowed_ = subject.maximumAllowed;
+        maximumMark_ = subject.maximumMark;
+    } else {
+        row.maximumAllowed = subject.maximumAllowed;
+        row.maximumMark = subject.maximumMark;
+    }
 }
 
 void MarkSheet::TakeMarks(const std::vector<StoredMark>& marks)

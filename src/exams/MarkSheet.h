@@ -83,9 +83,9 @@ public:
     void StartSubject(const MarkSubject& subject);
     /// A student is chosen: no marks yet, present in every subject.
     void StartStudent() { ResetMarks(); }
-    /// The limits and teachers as the class-division has them by now; what was entered stays. False for a
-    /// subject that it takes no more, the one that is chosen or one of the rows.
-    [[nodiscard]] bool TakeLimits(const std::vector<MarkSubject>& subjects, int chosenCode);
+    /// The limits and teachers as the class-division has them by now; what was entered stays. Gives the
+    /// subjects that it takes no more, which keep theirs.
+    std::vector<int> TakeLimits(const std::vector<MarkSubject>& subjects, int chosenCode);
     /// Puts stored marks into their rows. One without a row is passed over.
     void TakeMarks(const std::vector<StoredMark>& marks);
 
@@ -119,6 +119,7 @@ private:
     MarkRow& At(int row) { return rows_[static_cast<std::size_t>(row - 1)]; }
     MarkStep Behind(int row) const;
     double LimitOf(int row) const;
+    void TakeLimits(MarkRow& row, const MarkSubject& subject);
 
     MarkMode mode_ = MarkMode::Subject;
     QString nameHead_ = QStringLiteral("Student  Name"); ///< until a mode is used

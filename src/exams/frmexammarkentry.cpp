@@ -350,7 +350,7 @@ void frmexammarkentry::cmdSave_Click()
     std::optional<MarkStep> aboveLimit;
     const auto error = TryWrite([&](store::Transaction& transaction) {
         // Another client may have set up the subjects anew while the marks were typed.
-        entry_.TakeLimits(transaction.On(), Scope(), chosen);
+        entry_.TakeLimits(transaction.On(), Scope(), chosen, EditMode_);
         aboveLimit = entry_.Sheet().FindMarkAboveLimit();
         if (aboveLimit)
             return;

@@ -435,6 +435,20 @@ TEST_F(MarkFaults, AnEditOfASubjectNoLongerTakenKeepsTheMarksThatWereShown)
     EXPECT_EQ(Stored(), "1 1 45 P 7 5; 2 1 0 A 7 5");
 }
 
+TEST_F(MarkFaults, AnEditOfASubjectNoLongerTakenBringsBackNoMarksThatWereDeletedToo)
+{
+    school->EnterMark(1, 1, 45);
+    ShowStoredSubject(QStringLiteral("English"));
+    Press(Button("cmdEdit"));
+    Click(2, 2);
+    Enter("40");
+    Enter("35");
+    OtherInDivision("DELETE FROM MarkMaster WHERE SubjectCode = 1 AND ExamCode = 1");
+    OtherInDivision("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 1");
+    IsToldThatTheMasterIsGone();
+    EXPECT_EQ(Stored(), "");
+}
+
 TEST_F(MarkFaults, AnEditOfASubjectNoLongerTakenNeverBeginsWithTheMarksOfTheSubjectShownBefore)
 {
     school->EnterMark(1, 1, 45);

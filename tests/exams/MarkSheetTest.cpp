@@ -317,7 +317,7 @@ TEST(MarkSheet, ASubjectThatIsSetUpAnewBringsItsLimitsAndItsTeacher)
 {
     MarkSheet sheet = SubjectSheet();
     Declare(sheet, 1, "45", "Present");
-    EXPECT_TRUE(sheet.TakeLimits({{2, {}, 9, 10, 10}, {1, {}, 8, 40, 80}}, 1));
+    EXPECT_TRUE(sheet.TakeLimits({{2, {}, 9, 10, 10}, {1, {}, 8, 40, 80}}, 1).empty());
     EXPECT_EQ(sheet.MaximumAllowed(), 40);
     EXPECT_EQ(sheet.MaximumMark(), 80);
     EXPECT_EQ(sheet.Row(3).teacherCode, 8);
@@ -328,12 +328,15 @@ TEST(MarkSheet, ASubjectThatIsSetUpAnewBringsItsLimitsAndItsTeacher)
     EXPECT_FALSE(sheet.FindMarkAboveLimit());
 }
 
-TEST(MarkSheet, ASubjectThatTheClassHasGivenUpTakesNoLimits)
+TEST(MarkSheet, ASubjectThatTheClassHasGivenUpKeepsItsLimits)
 {
     MarkSheet sheet = SubjectSheet();
-    EXPECT_FALSE(sheet.TakeLimits({{2, {}, 9, 10, 10}}, 1));
+    EXPECT_EQ(sheet.TakeLimits({{2, {}, 9, 10, 10}}, 1), std::vector<int>{1});
+    EXPECT_EQ(sheet.MaximumAllowed(), 50);
     MarkSheet ofStudent = StudentSheet();
-    EXPECT_FALSE(ofStudent.TakeLimits({{1, {}, 7, 50, 100}}, 0));
+    EXPECT_EQ(ofStudent.TakeLimits({{1, {}, 9, 40, 100}}, 0), std::vector<int>{2});
+    EXPECT_EQ(ofStudent.Row(1).maximumAllowed, 40);
+    EXPECT_EQ(ofStudent.Row(2).maximumAllowed, 20);
 }
 
 TEST(MarkSheet, AStudentsRowsTakeTheLimitsOfTheirOwnSubjects)
@@ -341,7 +344,7 @@ TEST(MarkSheet, AStudentsRowsTakeTheLimitsOfTheirOwnSubjects)
     MarkSheet sheet = StudentSheet();
     sheet.SetMark(2, QStringLiteral("20"));
     EXPECT_FALSE(sheet.FindMarkAboveLimit());
-    EXPECT_TRUE(sheet.TakeLimits({{1, {}, 9, 30, 60}, {2, {}, 8, 15, 15}}, 0));
+    EXPECT_TRUE(sheet.TakeLimits({{1, {}, 9, 30, 60}, {2, {}, 8, 15, 15}}, 0).empty());
     EXPECT_EQ(sheet.Row(1).maximumAllowed, 30);
     EXPECT_EQ(sheet.Row(1).maximumMark, 60);
     EXPECT_EQ(sheet.Row(1).teacherCode, 9);
