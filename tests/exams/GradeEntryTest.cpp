@@ -130,6 +130,7 @@ TEST_F(GradeEntry, ARefusedTotalAverageIsNotLeftForSave)
     prompts.ExpectInformation(FromHighestToZero);
     Press(Button("cmdSave"));
     prompts.Verify();
+    Settle();
     EXPECT_EQ(Stored(), "");
     Keys("0");
     Save();

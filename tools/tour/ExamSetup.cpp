@@ -85,7 +85,7 @@ void SetUpSubjects(Tour& tour, QWidget* window)
     tour.Press(Qt::Key_Return);
     FillAll(tour, {"English", "Asha Menon", "100", "", "Yes", "1"});
     FillAll(tour, {"Mathematics", "Latha Varma", "100", "", "Yes", "2"});
-    FillAll(tour, {"Science", "Latha Varma", "50", "45", "Yes", "3"});
+    FillAll(tour, {"Science", "Latha Varma", "100", "95", "Yes", "3"});
     tour.Picture(QStringLiteral("the subjects of a division, their teachers and their marks"),
                  QStringLiteral("subject-setup.png"), window);
     SaveAs(tour, "Record Saved");
@@ -101,7 +101,7 @@ void SetUpGrades(Tour& tour, QWidget* window)
     ChooseLast(tour, "cboClass");
     ChooseFirst(tour, "cboDivision");
     tour.Press(Qt::Key_Return);
-    FillAll(tour, {"75", "60", "A", "50", "40", "B", "0", "0", "C"});
+    FillAll(tour, {"75", "60", "A", "50", "40", "B", "35", "20", "C", "0", "0", "D"});
     tour.Picture(QStringLiteral("the grades of the first exam, from the highest average down to 0"),
                  QStringLiteral("grade-setup.png"), window);
     SaveAs(tour, "Record Saved");
@@ -191,7 +191,7 @@ void EnterMarks(Tour& tour, QWidget* window)
     ChooseLast(tour, "cboClass");
     ChooseFirst(tour, "cboDivision");
     const std::array<std::array<const char*, 3>, 3> subjects{
-        {{"81", "58", "43"}, {"77", "64", "39"}, {"42", "30", "24"}}};
+        {{"81", "58", "43"}, {"77", "64", "39"}, {"84", "60", "48"}}};
     int number = 0;
     for (const auto& marks : subjects) {
         EnterSubject(tour, window, ++number, marks);
