@@ -27,6 +27,7 @@
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace {
@@ -298,6 +299,7 @@ bool Report(const char* what, double value, double limit)
 void Register(const char* name, void (*function)(benchmark::State&))
 {
     benchmark::RegisterBenchmark(name, function)
+        ->Arg(Subjects)
         ->Unit(benchmark::kMillisecond)
         ->Repetitions(Repetitions)
         ->ReportAggregatesOnly()
@@ -325,11 +327,14 @@ int main(int argc, char** argv)
     RatioReport report;
     benchmark::RunSpecifiedBenchmarks(&report);
 
+    const std::string twelve = '/' + std::to_string(Subjects);
+    const std::string keys = "KeyPress" + twelve;
     std::printf("\n");
-    bool kept = Report("KeyPress, 95th percentile, ms", report.Counter("KeyPress", "p95"), KeyLimit);
-    kept &= Report("KeyPress, statements", report.Counter("KeyPress", "statements"), 0);
+    bool kept = Report("KeyPress, 95th percentile, ms", report.Counter(keys, "p95"), KeyLimit);
+    kept &= Report("KeyPress, statements", report.Counter(keys, "statements"), 0);
     kept &= Report("SaveOnScreen / BareInserts",
-                   report.Milliseconds("SaveOnScreen") / report.Milliseconds("BareInserts"), SaveLimit);
-    kept &= Report("OpenScreen, ms", report.Milliseconds("OpenScreen"), OpenLimit);
+                   report.Milliseconds("SaveOnScreen" + twelve) / report.Milliseconds("BareInserts" + twelve),
+                   SaveLimit);
+    kept &= Report("OpenScreen, ms", report.Milliseconds("OpenScreen" + twelve), OpenLimit);
     return kept ? 0 : 1;
 }
