@@ -91,8 +91,7 @@ StoredGrades ReadGrades(store::Connection& main, const SchoolScope& scope)
 QString SaveGrades(store::Transaction& transaction, const SchoolScope& scope,
                    const std::vector<GradeRecord>& found, const std::vector<GradeRecord>& rows)
 {
-    const QString obstacle =
-        Obstacle(transaction, scope, found, QStringLiteral("You Cannot Save This Data."));
+    QString obstacle = Obstacle(transaction, scope, found, QStringLiteral("You Cannot Save This Data."));
     if (obstacle.isEmpty())
         GradeSetupRepository::Replace(transaction, scope, rows);
     return obstacle;
@@ -101,8 +100,7 @@ QString SaveGrades(store::Transaction& transaction, const SchoolScope& scope,
 QString DeleteGrades(store::Transaction& transaction, const SchoolScope& scope,
                      const std::vector<GradeRecord>& found)
 {
-    const QString obstacle =
-        Obstacle(transaction, scope, found, QStringLiteral("You Cannot Delete This Data."));
+    QString obstacle = Obstacle(transaction, scope, found, QStringLiteral("You Cannot Delete This Data."));
     if (obstacle.isEmpty())
         GradeSetupRepository::Delete(transaction, scope);
     return obstacle;

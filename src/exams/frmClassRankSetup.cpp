@@ -94,9 +94,9 @@ void frmClassRankSetup::ConnectHandlers()
     using Form = frmClassRankSetup;
     classDivision_ = new DivisionChoice(this, ui_->cboClass, ui_->cboDivision, DivisionChoice::Order::ByName);
     new SideButton(this, ui_->cmdAddExam, ui_->dbcExam, QStringLiteral("frmexamnamemaster"),
-                   [this] { LoadExam(); });
+                   [this] { RefillLists(); });
     new SideButton(this, ui_->cmdAddClass, ui_->cboClass, QStringLiteral("frmMasClassSectionEntry"),
-                   [this] { LoadClass(); });
+                   [this] { RefillLists(); });
     for (DataCombo* list : Lists()) {
         list->setProperty(EnterNeedsText, true);
         connect(list, &DataCombo::Chosen, this, &Form::List_Change);
@@ -118,8 +118,7 @@ void frmClassRankSetup::Form_Load()
 {
     SetMasterControls({ui_->fraMain, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave});
     EmptyGrid();
-    LoadExam();
-    LoadClass();
+    LoadLists();
     ui_->cmdNew->setFocus();
 }
 
@@ -141,20 +140,22 @@ std::array<DataCombo*, 3> frmClassRankSetup::Lists() const
     return {ui_->dbcExam, ui_->cboClass, ui_->cboDivision};
 }
 
-void frmClassRankSetup::LoadExam()
+void frmClassRankSetup::LoadLists()
 {
     const int chosen = ui_->dbcExam->BoundCode();
-    Read([this] { ui_->dbcExam->SetList(SchoolListRepository(MainStore()).ExamsBehindBlank()); });
-    ui_->dbcExam->SetBoundCode(chosen);
-    if (ui_->dbcExam->BoundCode() != chosen)
-        List_Change();
+    Read([this, chosen] {
+        ui_->dbcExam->SetList(SchoolListRepository(MainStore()).ExamsBehindBlank());
+        ui_->dbcExam->SetBoundCode(chosen);
+        classDivision_->Refill();
+    });
 }
 
-void frmClassRankSetup::LoadClass()
+void frmClassRankSetup::RefillLists()
 {
-    const int chosen = ui_->cboDivision->BoundCode();
-    Read([this] { classDivision_->Refill(); });
-    if (ui_->cboDivision->BoundCode() != chosen)
+    const SchoolScope before = Scope();
+    LoadLists();
+    const SchoolScope after = Scope();
+    if (after.examCode != before.examCode || after.divisionCode != before.divisionCode)
         List_Change();
 }
 
@@ -388,8 +389,7 @@ void frmClassRankSetup::cmdCancel_Click()
     entering_ = false;
     ClearControls(this);
     List_Change();
-    LoadExam();
-    LoadClass();
+    LoadLists();
     ui_->cmdNew->setFocus();
 }
 

@@ -32,6 +32,7 @@ public:
 
 protected:
     void cmdCancel_Click() override;
+    void RefillLists() override;
     void ShowState(MasterState state) override;
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
@@ -54,9 +55,8 @@ private:
 
     SchoolScope Scope() const;
     std::array<DataCombo*, 3> Lists() const;
-    /// Reads the lists anew. What is chosen stays as far as it still exists.
-    void LoadExam();
-    void LoadClass();
+    /// What is chosen in them stays as far as it still exists.
+    void LoadLists();
     /// Another exam or class-division is chosen than the one whose grades are shown.
     void List_Change();
     /// The keyboard leaves a list, or its entries are put away: what is chosen stands, unless the clerk gives
