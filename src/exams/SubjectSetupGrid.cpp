@@ -265,7 +265,7 @@ QString SubjectSetupGrid::dbcSubject_Validate(int row, const QString& text)
     if (!sheet_.HasRow(row) || GivesUp())
         return {};
     SetSubject(row, text);
-    const QString refusal = sheet_.DropRepeatedSubject(row);
+    QString refusal = sheet_.DropRepeatedSubject(row);
     ShowRow(row);
     if (!refusal.isEmpty())
         EmptySubject();
@@ -332,7 +332,7 @@ QString SubjectSetupGrid::TxtMaximumAllowed_Validate(int row)
 {
     if (!sheet_.HasRow(row) || GivesUp())
         return {};
-    const QString refusal = sheet_.DropAllowedBelowMarks(row);
+    QString refusal = sheet_.DropAllowedBelowMarks(row);
     if (!refusal.isEmpty()) {
         ShowRow(row);
         TxtMaximumAllowed_->clear();
@@ -384,7 +384,7 @@ QString SubjectSetupGrid::txtOrder_Validate(int row)
 {
     if (!sheet_.HasRow(row) || GivesUp())
         return {};
-    const QString refusal = sheet_.DropRepeatedOrder(row);
+    QString refusal = sheet_.DropRepeatedOrder(row);
     if (!refusal.isEmpty())
         ShowRow(row);
     return refusal;

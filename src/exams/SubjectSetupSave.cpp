@@ -82,7 +82,7 @@ std::optional<SubjectRefusal> ReplaceSubjects(store::Transaction& transaction, c
                                               const std::vector<TaughtSubject>& shown,
                                               const std::vector<TaughtSubject>& wanted)
 {
-    if (const auto refusal = FindRefusal(shown, ReadStoredSubjects(transaction.On(), scope), wanted))
+    if (auto refusal = FindRefusal(shown, ReadStoredSubjects(transaction.On(), scope), wanted))
         return refusal;
     if (!shown.empty())
         SubjectSetupRepository::Delete(transaction, scope);
