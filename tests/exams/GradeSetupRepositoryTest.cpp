@@ -45,7 +45,7 @@ protected:
     QString Write(const Work& work)
     {
         store::Transaction transaction(school.main);
-        const QString reason = work(transaction);
+        QString reason = work(transaction);
         transaction.Commit();
         return reason;
     }
