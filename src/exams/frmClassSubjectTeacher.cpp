@@ -310,7 +310,7 @@ bool frmClassSubjectTeacher::eventFilter(QObject* receiver, QEvent* event)
 
 QSize frmClassSubjectTeacher::sizeHint() const
 {
-    return {820, 640};
+    return {1000, 680};
 }
 
 } // namespace tally
