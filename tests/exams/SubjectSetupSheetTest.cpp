@@ -1,5 +1,7 @@
 #include "exams/SubjectSetupSheet.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 #include <string>
 
