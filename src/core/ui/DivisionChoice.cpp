@@ -7,12 +7,18 @@
 
 namespace tally {
 
-DivisionChoice::DivisionChoice(Screen* screen, DataCombo* classes, DataCombo* divisions, Order order)
+DivisionChoice::DivisionChoice(Screen* screen, DataCombo* classes, DataCombo* divisions, Order order,
+                               Reads reads)
     : QObject(screen), screen_(screen), classes_(classes), divisions_(divisions), order_(order)
 {
     classes_->SetListBehindBlank({});
     divisions_->SetListBehindBlank({});
-    connect(classes, &DataCombo::Chosen, this, &DivisionChoice::LoadDivisions);
+    if (reads == Reads::AtEachClass) {
+        connect(classes, &DataCombo::Chosen, this, &DivisionChoice::LoadDivisions);
+        return;
+    }
+    connect(classes, &DataCombo::Chosen, this, [this] { divisions_->SetListBehindBlank({}); });
+    connect(classes, &DataCombo::Settled, this, &DivisionChoice::LoadDivisions);
 }
 
 void DivisionChoice::Refill()

@@ -21,9 +21,17 @@ public:
         ByCode,
     };
 
+    /// When the divisions of a class are read. Until then none is offered.
+    enum class Reads
+    {
+        AtEachClass, ///< also of those that the arrows only pass
+        OnceSettled,
+    };
+
     /// From then on, choosing a class offers its divisions, before the screen hears of it. Belongs to the
     /// screen.
-    DivisionChoice(Screen* screen, DataCombo* classes, DataCombo* divisions, Order order);
+    DivisionChoice(Screen* screen, DataCombo* classes, DataCombo* divisions, Order order,
+                   Reads reads = Reads::AtEachClass);
 
     /// Reads the classes; nothing is chosen then, and no division offered. Throws StoreError as Choose does.
     void Load() { Choose(0, 0); }

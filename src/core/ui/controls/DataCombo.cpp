@@ -1,5 +1,8 @@
 #include "core/ui/controls/DataCombo.h"
 
+#include "core/ui/FormKeys.h"
+
+#include <QApplication>
 #include <QKeyEvent>
 #include <QSignalBlocker>
 
@@ -11,8 +14,10 @@ DataCombo::DataCombo(QWidget* parent) : QComboBox(parent)
 {
     connect(this, &QComboBox::currentIndexChanged, this, [this] { changed_ = true; });
     connect(this, &QComboBox::activated, this, [this] {
-        if (std::exchange(changed_, false) || isEditable())
-            Q_EMIT Chosen();
+        if (!std::exchange(changed_, false) && !isEditable())
+            return;
+        unsettled_ = true;
+        Q_EMIT Chosen();
     });
 }
 
@@ -52,8 +57,40 @@ void DataCombo::TakeBack()
         takenBack_ = refused;
 }
 
+void DataCombo::Settle()
+{
+    Settle(false);
+}
+
+void DataCombo::Settle(bool goesOn)
+{
+    if (std::exchange(unsettled_, false))
+        Q_EMIT Settled(goesOn);
+}
+
+void DataCombo::showPopup()
+{
+    isOpen_ = true;
+    QComboBox::showPopup();
+}
+
+void DataCombo::hidePopup()
+{
+    QComboBox::hidePopup();
+    // The entry that was clicked is chosen only behind its list.
+    if (std::exchange(isOpen_, false))
+        QMetaObject::invokeMethod(
+            this, [this] { Settle(true); }, Qt::QueuedConnection);
+}
+
 void DataCombo::keyPressEvent(QKeyEvent* event)
 {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && !isEditable() && property(TakesEnter).toBool()) {
+        unsettled_ = true;
+        Settle(true);
+        return;
+    }
     const bool walks = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
     const int refused = std::exchange(takenBack_, -1);
     if (walks && refused >= 0) {
@@ -71,7 +108,8 @@ void DataCombo::focusOutEvent(QFocusEvent* event)
     if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
         takenBack_ = -1;
     QComboBox::focusOutEvent(event);
-    guard_.Leaves(event);
+    if (guard_.Leaves(event) && !givingUp_.contains(QApplication::focusWidget()))
+        Settle(event->reason() == Qt::TabFocusReason);
 }
 
 void DataCombo::Choose(int index)
@@ -79,6 +117,7 @@ void DataCombo::Choose(int index)
     const QSignalBlocker quiet(this);
     setCurrentIndex(index);
     changed_ = false;
+    unsettled_ = false;
     takenBack_ = -1;
     update();
 }

@@ -3,6 +3,7 @@
 #include "core/ui/controls/LeaveGuard.h"
 
 #include <QComboBox>
+#include <QList>
 
 #include <utility>
 #include <vector>
@@ -45,10 +46,24 @@ public:
     /// was to take it away has no effect. Empty lets everything pass.
     void SetValidate(std::function<bool()> validate) { guard_.SetValidate(std::move(validate)); }
 
+    /// Who goes on to one of these gives up: going there settles nothing.
+    void SetGivingUp(const QList<QWidget*>& ways) { givingUp_ = ways; }
+    /// Settles a choice that the user has left without settling it.
+    void Settle();
+
+    void showPopup() override;
+    void hidePopup() override;
+
 Q_SIGNALS:
     /// The user chose another entry than the one before, with the mouse or the keys. In an editable list the
     /// same entry is a choice as well, since a text typed over it is left for it.
     void Chosen();
+    /// The user has done with his choice: he has closed the opened list, or gone to another control of the
+    /// form, and nothing was told of the choice here yet. In a list that takes Enter for itself, Enter says
+    /// so too, whether another entry was chosen or not. Walking over the entries with the arrows settles
+    /// nothing. `goesOn`: by Enter, by Tab or by closing the list, so that the screen may lead him on; else
+    /// he is where he wants to be.
+    void Settled(bool goesOn);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -58,10 +73,14 @@ protected:
 
 private:
     void Choose(int index);
+    void Settle(bool goesOn);
 
     LeaveGuard guard_{this};
-    int takenBack_ = -1;   ///< the entry that was refused last; -1 for none
-    bool changed_ = false; ///< the entry is another one since the last choice
+    int takenBack_ = -1;     ///< the entry that was refused last; -1 for none
+    bool changed_ = false;   ///< the entry is another one since the last choice
+    bool unsettled_ = false; ///< something was chosen since the choice settled last
+    bool isOpen_ = false;
+    QList<QWidget*> givingUp_;
 };
 
 } // namespace tally

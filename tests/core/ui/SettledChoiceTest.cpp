@@ -1,0 +1,125 @@
+#include "core/ui/controls/DataCombo.h"
+#include "core/ui/FormKeys.h"
+#include "support/ScreenFixture.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <string>
+
+namespace tally::test {
+namespace {
+
+/// A form with a list between two buttons, and one that gives up.
+class SettledChoice : public ScreenFixture
+{
+protected:
+    void SetUp() override
+    {
+        ScreenFixture::SetUp();
+        auto* rows = new QVBoxLayout(form);
+        for (QWidget* widget : std::initializer_list<QWidget*>{before, list, button, cancel})
+            rows->addWidget(widget);
+        list->SetListBehindBlank({{1, QStringLiteral("One")}, {2, QStringLiteral("Two")}});
+        list->SetGivingUp({cancel});
+        QObject::connect(list, &DataCombo::Settled, list, [this](bool goesOn) {
+            told += list->currentText().toStdString() + (goesOn ? " goes on;" : " is left;");
+        });
+        form->show();
+        QApplication::setActiveWindow(form);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+        list->setFocus();
+    }
+
+    void Press(Qt::Key key) const { QTest::keyClick(list, key); }
+
+    /// The fixture deletes all windows that a test leaves.
+    QWidget* form = new QWidget;
+    QPushButton* before = new QPushButton(form);
+    DataCombo* list = new DataCombo(form);
+    QPushButton* button = new QPushButton(form);
+    QPushButton* cancel = new QPushButton(form);
+    std::string told;
+};
+
+TEST_F(SettledChoice, TheArrowsSettleNothingAndTabSettlesWhereTheyLedTo)
+{
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(told, "");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(told, "Two goes on;");
+}
+
+TEST_F(SettledChoice, AChoiceIsSettledOnce)
+{
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Tab);
+    list->setFocus();
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(told, "One goes on;");
+}
+
+TEST_F(SettledChoice, WhoGoesElsewhereByMouseOrBackwardsIsNotLedOn)
+{
+    Press(Qt::Key_Down);
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(told, "One is left;");
+    list->setFocus();
+    Press(Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(told, "One is left;Two is left;");
+}
+
+TEST_F(SettledChoice, WhoGivesUpSettlesNothingUntilTheScreenAsksForIt)
+{
+    Press(Qt::Key_Down);
+    cancel->setFocus();
+    EXPECT_EQ(told, "");
+    list->Settle();
+    list->Settle();
+    EXPECT_EQ(told, "One is left;");
+}
+
+TEST_F(SettledChoice, AnOpenedListSettlesWhenItClosesOverAnotherEntry)
+{
+    list->showPopup();
+    QTest::keyClick(list->view(), Qt::Key_Down);
+    EXPECT_EQ(told, "");
+    QTest::keyClick(list->view(), Qt::Key_Return);
+    Settle();
+    EXPECT_EQ(told, "One goes on;");
+    list->showPopup();
+    QTest::keyClick(list->view(), Qt::Key_Return);
+    Settle();
+    EXPECT_EQ(told, "One goes on;") << "the same entry is no other choice";
+}
+
+TEST_F(SettledChoice, EnterSettlesAtAnyTimeInAListThatTakesIt)
+{
+    list->setProperty(TakesEnter, true);
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Return);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(told, "One goes on;One goes on;");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(told, "One goes on;One goes on;");
+}
+
+TEST_F(SettledChoice, WhatTheScreenChoosesIsSettled)
+{
+    Press(Qt::Key_Down);
+    list->SetBoundCode(2);
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(told, "");
+    list->setFocus();
+    Press(Qt::Key_Up);
+    list->TakeBack();
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(told, "");
+}
+
+} // namespace
+} // namespace tally::test
