@@ -10,10 +10,16 @@
 
 namespace tally {
 
+namespace {
+
+constexpr int LongestSerialNo = 5;
+
+} // namespace
+
 RowDelete::RowDelete(QLineEdit* serialNo, QPushButton* button, CellEditors* boxes, Rules rules)
     : QObject(serialNo), serialNo_(serialNo), button_(button), boxes_(boxes), rules_(std::move(rules))
 {
-    TakeOnly(serialNo, &KeyNumeric, 2);
+    TakeOnly(serialNo, &KeyNumeric, LongestSerialNo);
     connect(serialNo, &QLineEdit::textChanged, this, &RowDelete::Refresh);
     connect(button, &QPushButton::clicked, this, &RowDelete::Click);
     Refresh();
