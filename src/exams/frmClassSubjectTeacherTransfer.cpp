@@ -13,9 +13,6 @@
 #include "exams/SubjectSetupSheet.h"
 #include "ui_frmClassSubjectTeacherTransfer.h"
 
-#include <QAbstractItemView>
-#include <QEvent>
-
 #include <algorithm>
 
 namespace tally {
@@ -63,26 +60,28 @@ frmClassSubjectTeacherTransfer::~frmClassSubjectTeacherTransfer() = default;
 void frmClassSubjectTeacherTransfer::ConnectHandlers()
 {
     using Form = frmClassSubjectTeacherTransfer;
+    for (DataCombo* list : Lists())
+        list->SetGivingUp({ui_->cmdCancel, ui_->cmdExit});
     connect(ui_->cboFromAcademicyear, &DataCombo::Chosen, this, &Form::cboFromAcademicyear_Click);
     connect(ui_->cboClassFrom, &DataCombo::Chosen, this, &Form::cboClassFrom_Click);
+    connect(ui_->cboClassFrom, &DataCombo::Settled, this, &Form::ListSources);
     connect(ui_->cboDivision, &DataCombo::Chosen, this, &Form::cboDivision_Click);
+    connect(ui_->cboDivision, &DataCombo::Settled, this, &Form::cboDivision_Settled);
     connect(ui_->cboAcademicYearTo, &DataCombo::Chosen, this, &Form::cboAcademicYearTo_Click);
     connect(ui_->cboClassTo, &DataCombo::Chosen, this, &Form::cboClassTo_Click);
+    connect(ui_->cboClassTo, &DataCombo::Settled, this, &Form::ListTargets);
     connect(ui_->cboDivisionTo, &DataCombo::Chosen, this, &Form::cboDivisionTo_Click);
-    ui_->cboDivisionTo->view()->window()->installEventFilter(this);
+    connect(ui_->cboDivisionTo, &DataCombo::Settled, this, &Form::cboDivisionTo_Settled);
     connect(ui_->cmdTransfer, &QPushButton::clicked, this, &Form::cmdTransfer_Click);
     connect(ui_->cmdNew, &QPushButton::clicked, this, &Form::cmdNew_Click);
     connect(ui_->cmdSave, &QPushButton::clicked, this, &Form::cmdSave_Click);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &Form::cmdCancel_Click);
 }
 
-bool frmClassSubjectTeacherTransfer::eventFilter(QObject* receiver, QEvent* event)
+std::array<DataCombo*, 6> frmClassSubjectTeacherTransfer::Lists() const
 {
-    // The list hears of the choice only behind its closing.
-    if (event->type() == QEvent::Hide && receiver == ui_->cboDivisionTo->view()->window())
-        QMetaObject::invokeMethod(this, &frmClassSubjectTeacherTransfer::cboDivisionTo_CloseUp,
-                                  Qt::QueuedConnection);
-    return Screen::eventFilter(receiver, event);
+    return {ui_->cboFromAcademicyear, ui_->cboClassFrom, ui_->cboDivision,
+            ui_->cboAcademicYearTo,   ui_->cboClassTo,   ui_->cboDivisionTo};
 }
 
 void frmClassSubjectTeacherTransfer::ShowFrom(std::vector<TaughtSubject> subjects)
@@ -119,6 +118,10 @@ void frmClassSubjectTeacherTransfer::cboClassFrom_Click()
     ShowFrom({});
     ShowTo({});
     ui_->cmdTransfer->setEnabled(false);
+}
+
+void frmClassSubjectTeacherTransfer::ListSources()
+{
     const int classCode = from_->Scope().classCode;
     const auto divisions =
         Fetch([classCode] { return SchoolListRepository(MainStore()).DivisionsByName(classCode); });
@@ -130,7 +133,14 @@ void frmClassSubjectTeacherTransfer::cboClassFrom_Click()
 
 void frmClassSubjectTeacherTransfer::cboDivision_Click()
 {
+    // A copy that was made before is none of this source.
     ShowFrom({});
+    ShowTo({});
+    ui_->cmdTransfer->setEnabled(false);
+}
+
+void frmClassSubjectTeacherTransfer::cboDivision_Settled()
+{
     SchoolScope from = from_->Scope();
     if (from.divisionCode == 0)
         return;
@@ -160,8 +170,8 @@ void frmClassSubjectTeacherTransfer::cboAcademicYearTo_Click()
 
 void frmClassSubjectTeacherTransfer::cboClassTo_Click()
 {
+    to_->BlankBelow(ui_->cboClassTo);
     ClearTo();
-    ListTargets();
 }
 
 void frmClassSubjectTeacherTransfer::ListTargets()
@@ -199,6 +209,7 @@ bool frmClassSubjectTeacherTransfer::IsAnotherPlace()
         return true;
     Prompts::Information(
         QStringLiteral("Copying Cannot Be Made Within The Same 'Academic Year-Class-Division'"));
+    ui_->cboDivisionTo->setFocus();
     ui_->cboDivisionTo->TakeBack();
     return false;
 }
@@ -206,18 +217,18 @@ bool frmClassSubjectTeacherTransfer::IsAnotherPlace()
 void frmClassSubjectTeacherTransfer::cboDivisionTo_Click()
 {
     ui_->cmdTransfer->setEnabled(false);
-    if (to_->Scope().divisionCode == 0 || !IsAnotherPlace())
-        return;
-    const QString refusal = TargetRefusal();
-    if (refusal.isEmpty())
-        ui_->cmdTransfer->setEnabled(true);
-    else
-        Prompts::Information(refusal);
 }
 
-void frmClassSubjectTeacherTransfer::cboDivisionTo_CloseUp()
+void frmClassSubjectTeacherTransfer::cboDivisionTo_Settled(bool goesOn)
 {
-    if (ui_->cmdTransfer->isEnabled())
+    if (to_->Scope().divisionCode == 0 || !IsAnotherPlace())
+        return;
+    if (const QString refusal = TargetRefusal(); !refusal.isEmpty()) {
+        Refuse(refusal, ui_->cboDivisionTo);
+        return;
+    }
+    ui_->cmdTransfer->setEnabled(true);
+    if (goesOn)
         ui_->cmdTransfer->setFocus();
 }
 
@@ -236,7 +247,7 @@ void frmClassSubjectTeacherTransfer::cmdNew_Click()
 
 bool frmClassSubjectTeacherTransfer::IsReady()
 {
-    if (!from_->IsComplete() || !to_->IsComplete())
+    if (!from_->IsComplete() || !to_->IsComplete() || !IsAnotherPlace())
         return false;
     // A copy that was made before for another division is not stored over this one.
     if (const QString refusal = TargetRefusal(); !refusal.isEmpty())

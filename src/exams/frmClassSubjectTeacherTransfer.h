@@ -3,6 +3,7 @@
 #include "core/ui/Screen.h"
 #include "exams/CopySide.h"
 
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -11,6 +12,8 @@ class frmClassSubjectTeacherTransfer;
 }
 
 namespace tally {
+
+class DataCombo;
 
 /// "Classwise Subject - Teacher - Mark  Entry - Copy": copies what one class-division takes to another one,
 /// of the same year or of the next.
@@ -24,27 +27,28 @@ public:
 
     QSize sizeHint() const override;
 
-protected:
-    bool eventFilter(QObject* receiver, QEvent* event) override;
-
 private:
     void ConnectHandlers();
 
     void cboFromAcademicyear_Click();
     void cboClassFrom_Click();
     void cboDivision_Click();
+    void cboDivision_Settled();
     void cboAcademicYearTo_Click();
     void cboClassTo_Click();
     void cboDivisionTo_Click();
-    void cboDivisionTo_CloseUp();
+    void cboDivisionTo_Settled(bool goesOn);
     void cmdTransfer_Click();
     void cmdNew_Click();
     void cmdSave_Click();
     void cmdCancel_Click();
 
+    std::array<DataCombo*, 6> Lists() const;
     /// What the grid of a side shows.
     void ShowFrom(std::vector<TaughtSubject> subjects);
     void ShowTo(std::vector<TaughtSubject> subjects);
+    /// The divisions of the "From" class, none of them chosen.
+    void ListSources();
     /// The divisions of the "To" class as they are set up by now, none of them chosen. Where they can't be
     /// read, which the user is told, no class is chosen either.
     void ListTargets();

@@ -2,6 +2,7 @@
 #include "exams/frmClassSubjectTeacherTransfer.h"
 
 #include <QAbstractItemView>
+#include <QLabel>
 
 #include <chrono>
 
@@ -12,6 +13,8 @@ const char* const Form = "frmClassSubjectTeacherTransfer";
 const char* const Copied = "'Classwise Subject-Teacher-Mark Entry' Copied";
 const QString Exists =
     QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Already Exists For This Division");
+const QString SamePlace =
+    QStringLiteral("Copying Cannot Be Made Within The Same 'Academic Year-Class-Division'");
 const QString Gone = QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data.");
 const std::string Usual = "Maths Sen 50/50 No 1; English Rao 100/80 Yes 2";
 /// The same as the grids show it.
@@ -21,6 +24,13 @@ class SubjectCopy : public CopyScreen<frmClassSubjectTeacherTransfer>
 {
 protected:
     void OpenForm() { CopyScreen::OpenForm(Form); }
+    /// Ended with Tab, since nothing is read for an entry that the arrows only pass.
+    void Choose(const char* name, const QString& text) const
+    {
+        CopyScreen::Choose(name, text);
+        QTest::keyClick(List(name), Qt::Key_Tab);
+        Settle();
+    }
     void OpenNew()
     {
         OpenForm();
@@ -36,13 +46,13 @@ protected:
         Choose("cboDivision", QStringLiteral("A"));
         ASSERT_EQ(Rows("msgDetails"), Shown);
     }
-    /// The same, and a division of X on the right; the divisions behind it are walked over.
+    /// The same, and a division of X on the right.
     void StartTo(const char* division, const char* year = "2024 - 2025")
     {
         StartFromTenA();
         Choose("cboAcademicYearTo", QString::fromLatin1(year));
         Choose("cboClassTo", QStringLiteral("X"));
-        ChooseFromEnd("cboDivisionTo", QString::fromLatin1(division));
+        Choose("cboDivisionTo", QString::fromLatin1(division));
     }
     /// The same, and copied.
     void StartCopied(const char* division, const char* year = "2024 - 2025")
@@ -94,6 +104,9 @@ TEST_F(SubjectCopyOpening, TheScreenOpensWithNothingChosenAndWaitsForNew)
 {
     OpenForm();
     EXPECT_EQ(form->windowTitle().toStdString(), "Classwise Subject - Teacher - Mark  Entry - Copy");
+    EXPECT_EQ(Find<QLabel>(form, "lblMark")->text().toStdString(), ".");
+    EXPECT_EQ(Find<QLabel>(form, "lblNote")->text().toStdString(),
+              "Prefix With Division Name Denotes Entry Already Posted To That Division");
     ExpectIdle();
     EXPECT_EQ(Entries("cboFromAcademicyear"), " |2024 - 2025");
     EXPECT_EQ(Entries("cboAcademicYearTo"), " |2024 - 2025|2025 - 2026");
@@ -175,12 +188,66 @@ TEST_F(SubjectCopyChoosing, ADivisionWithoutASetUpIsToldAndNotChosen)
     Choose("cboClassFrom", QStringLiteral("X"));
     prompts.ExpectInformation(
         QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For The Selected Combination"));
-    List("cboDivision")->setFocus();
-    QTest::keyClick(List("cboDivision"), Qt::Key_Down);
+    Choose("cboDivision", QStringLiteral("A"));
     prompts.Verify();
     EXPECT_EQ(ChosenIn("cboDivision"), "");
     EXPECT_EQ(FocusName(), "cboDivision");
     EXPECT_EQ(Rows("msgDetails"), "");
+}
+
+TEST_F(SubjectCopyChoosing, TheArrowsReadNothingAndWhatBelongsToAnotherChoiceDoesNotStay)
+{
+    StartTo("B");
+    Press(Button("cmdTransfer"));
+    const auto before = Session().gcnnMain->StatementsRun();
+    const auto walk = [this](const char* name) {
+        List(name)->setFocus();
+        QTest::keyClick(List(name), Qt::Key_Home);
+        QTest::keyClick(List(name), Qt::Key_End);
+    };
+    walk("cboDivisionTo");
+    EXPECT_FALSE(IsEnabled("cmdTransfer"));
+    // Who gives up waits for nothing.
+    Button("cmdCancel")->setFocus();
+    walk("cboDivision");
+    EXPECT_EQ(Rows("msgDetails") + Rows("msgToDetails"), "");
+    Button("cmdCancel")->setFocus();
+    walk("cboClassFrom");
+    EXPECT_EQ(Entries("cboDivision"), " ");
+    Button("cmdCancel")->setFocus();
+    walk("cboClassTo");
+    EXPECT_EQ(Entries("cboDivisionTo"), " ");
+    EXPECT_EQ(Session().gcnnMain->StatementsRun(), before);
+    QTest::keyClick(List("cboClassTo"), Qt::Key_Tab);
+    EXPECT_EQ(Entries("cboDivisionTo"), " |.A|B|C");
+}
+
+TEST_F(SubjectCopyChoosing, WhoGoesBackFromATargetIsNotLedToCopy)
+{
+    StartTo("C");
+    List("cboDivisionTo")->setFocus();
+    QTest::keyClick(List("cboDivisionTo"), Qt::Key_Up);
+    QTest::keyClick(List("cboDivisionTo"), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(FocusName(), "cboClassTo");
+    EXPECT_TRUE(IsEnabled("cmdTransfer"));
+}
+
+TEST_F(SubjectCopyChoosing, ATargetThatWasNotReadIsNotStoredInEither)
+{
+    school->AddSubject(TenB, 3, 1);
+    StartTo("C");
+    Choose("cboDivision", QStringLiteral("B"));
+    Press(Button("cmdTransfer"));
+    for (const auto& [presses, text] : {std::pair(1, SamePlace), std::pair(2, Exists)}) {
+        List("cboDivisionTo")->setFocus();
+        QTest::keyClick(List("cboDivisionTo"), Qt::Key_End);
+        for (int press = 0; press < presses; ++press)
+            QTest::keyClick(List("cboDivisionTo"), Qt::Key_Up);
+        Button("cmdExit")->setFocus();
+        ExpectRefusal(text, "cboDivisionTo");
+    }
+    EXPECT_EQ(school->Subjects(TenB), "Art Rao 100/100 Yes 1");
+    EXPECT_EQ(school->Subjects(TenA), Usual);
 }
 
 TEST_F(SubjectCopyChoosing, ADivisionWithoutASetUpDoesNotBarTheWayToTheNextOne)
@@ -190,9 +257,9 @@ TEST_F(SubjectCopyChoosing, ADivisionWithoutASetUpDoesNotBarTheWayToTheNextOne)
     Choose("cboClassFrom", QStringLiteral("X"));
     prompts.ExpectInformation(
         QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For The Selected Combination"));
-    List("cboDivision")->setFocus();
+    Choose("cboDivision", QStringLiteral("A"));
     QTest::keyClick(List("cboDivision"), Qt::Key_Down);
-    QTest::keyClick(List("cboDivision"), Qt::Key_Down);
+    QTest::keyClick(List("cboDivision"), Qt::Key_Return);
     EXPECT_EQ(ChosenIn("cboDivision"), "B");
     EXPECT_EQ(Rows("msgDetails"), Shown);
 }
@@ -206,8 +273,7 @@ TEST_F(SubjectCopyChoosing, ASourceEmptiedMeanwhileIsToldWhenItIsChosen)
         "DELETE FROM ClassSubjectTeacher WHERE AcademicYearCode = 7 AND ClassCode = 1 AND DivisionCode = 1");
     prompts.ExpectInformation(
         QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For The Selected Combination"));
-    List("cboDivision")->setFocus();
-    QTest::keyClick(List("cboDivision"), Qt::Key_Down);
+    Choose("cboDivision", QStringLiteral("A"));
 }
 
 TEST_F(SubjectCopyChoosing, ADivisionWithMoreThanOneSubjectIsListedWithAPoint)
@@ -236,9 +302,10 @@ TEST_F(SubjectCopyChoosing, ATargetWithASetUpIsToldAndCannotBeCopiedTo)
     StartTo("C");
     EXPECT_TRUE(IsEnabled("cmdTransfer"));
     prompts.ExpectInformation(Exists);
-    QTest::keyClick(List("cboDivisionTo"), Qt::Key_Up);
+    Choose("cboDivisionTo", QStringLiteral(".B"));
     prompts.Verify();
     EXPECT_EQ(ChosenIn("cboDivisionTo"), ".B");
+    EXPECT_EQ(FocusName(), "cboDivisionTo");
     EXPECT_FALSE(IsEnabled("cmdTransfer"));
 }
 
@@ -246,17 +313,14 @@ TEST_F(SubjectCopyChoosing, AClassDivisionIsNotCopiedOntoItself)
 {
     school->AddSubject(TenB, 3, 1);
     StartTo("B");
-    prompts.ExpectInformation(
-        QStringLiteral("Copying Cannot Be Made Within The Same 'Academic Year-Class-Division'"));
-    List("cboDivision")->setFocus();
-    QTest::keyClick(List("cboDivision"), Qt::Key_Down);
+    prompts.ExpectInformation(SamePlace);
+    Choose("cboDivision", QStringLiteral("B"));
     prompts.Verify();
     EXPECT_EQ(Choices(), "2024 - 2025/X/B/2024 - 2025/X/");
+    EXPECT_EQ(FocusName(), "cboDivisionTo");
     EXPECT_FALSE(IsEnabled("cmdTransfer"));
-    prompts.ExpectInformation(
-        QStringLiteral("Copying Cannot Be Made Within The Same 'Academic Year-Class-Division'"));
-    ChooseFromEnd("cboDivisionTo", QStringLiteral("C"));
-    QTest::keyClick(List("cboDivisionTo"), Qt::Key_Up);
+    prompts.ExpectInformation(SamePlace);
+    Choose("cboDivisionTo", QStringLiteral("B"));
     prompts.Verify();
     EXPECT_EQ(ChosenIn("cboDivisionTo"), "");
     EXPECT_FALSE(IsEnabled("cmdTransfer"));
@@ -268,9 +332,10 @@ TEST_F(SubjectCopyChoosing, TheSameClassDivisionOfTheNextYearIsAnotherPlace)
     EXPECT_TRUE(IsEnabled("cmdTransfer"));
 }
 
-TEST_F(SubjectCopyChoosing, AFreeTargetThatIsChosenWithTheKeysLeavesTheFocusAndEnterLeadsToCopy)
+TEST_F(SubjectCopyChoosing, EnterOnAFreeTargetLeadsToCopy)
 {
-    StartTo("B");
+    StartTo("C");
+    CopyScreen::Choose("cboDivisionTo", QStringLiteral("B"));
     EXPECT_EQ(FocusName(), "cboDivisionTo");
     QTest::keyClick(List("cboDivisionTo"), Qt::Key_Return);
     EXPECT_EQ(FocusName(), "cmdTransfer");
@@ -330,11 +395,37 @@ TEST_F(SubjectCopyChoosing, AnotherSourceBringsCopyBackForTheTargetThatIsChosen)
     Choose("cboDivision", QStringLiteral("A"));
     EXPECT_TRUE(IsEnabled("cmdTransfer"));
     prompts.ExpectInformation(Exists);
-    QTest::keyClick(List("cboDivisionTo"), Qt::Key_Up);
+    Choose("cboDivisionTo", QStringLiteral(".B"));
     prompts.Verify();
     Choose("cboClassFrom", QStringLiteral("X"));
     Choose("cboDivision", QStringLiteral("A"));
     EXPECT_FALSE(IsEnabled("cmdTransfer")) << "the target is no free one";
+}
+
+TEST_F(SubjectCopyChoosing, ACopyOfOneDivisionIsNotStoredAsThatOfAnotherOne)
+{
+    school->AddSubject(TenB, 3, 1);
+    StartCopied("C");
+    Choose("cboDivision", QStringLiteral("B"));
+    EXPECT_EQ(Rows("msgDetails"), "1 Art Rao 100 100 Yes 1 3 1");
+    EXPECT_EQ(Rows("msgToDetails"), "");
+    EXPECT_TRUE(IsEnabled("cmdTransfer"));
+    ExpectRefusal(QStringLiteral("Record Does Not Exist On The 'To' Side For Copying"), "msgToDetails");
+    Press(Button("cmdTransfer"));
+    SaveCopy(Copied, false);
+    EXPECT_EQ(school->Subjects(TenC), "Art Rao 100/100 Yes 1");
+}
+
+TEST_F(SubjectCopyChoosing, CopyIsOffWhileTheSourceIsEmpty)
+{
+    StartCopied("C");
+    Choose("cboDivision", QStringLiteral(" "));
+    EXPECT_FALSE(IsEnabled("cmdTransfer"));
+    prompts.ExpectInformation(
+        QStringLiteral("'Classwise Subject-Teacher-Mark Entry' Is Not Made For The Selected Combination"));
+    Choose("cboDivision", QStringLiteral("B"));
+    EXPECT_FALSE(IsEnabled("cmdTransfer"));
+    EXPECT_EQ(Rows("msgToDetails"), "");
 }
 
 TEST_F(SubjectCopyChoosing, AnotherFromYearEmptiesTheGridsTheClassesAndTheDivisions)
@@ -374,20 +465,17 @@ TEST_F(SubjectCopyChoosing, AListThatCannotBeReadIsToldAndWhatItIsOfIsNotChosen)
     Choose("cboAcademicYearTo", QStringLiteral("2024 - 2025"));
     Given("ALTER TABLE ClassSubjectTeacher RENAME TO Away");
     prompts.ExpectCritical(NoSuchTable("ClassSubjectTeacher"));
-    List("cboClassTo")->setFocus();
-    QTest::keyClick(List("cboClassTo"), Qt::Key_End);
+    Choose("cboClassTo", QStringLiteral("X"));
     prompts.Verify();
     EXPECT_EQ(ChosenIn("cboClassTo"), "");
     prompts.ExpectCritical(NoSuchTable("ClassSubjectTeacher"));
-    List("cboDivision")->setFocus();
-    QTest::keyClick(List("cboDivision"), Qt::Key_Down);
+    Choose("cboDivision", QStringLiteral("A"));
     prompts.Verify();
     EXPECT_EQ(ChosenIn("cboDivision"), "");
     EXPECT_EQ(Rows("msgDetails"), "");
     Given("ALTER TABLE ClassDivisionDetails RENAME TO Gone");
     prompts.ExpectCritical(NoSuchTable("ClassDivisionDetails"));
-    List("cboClassFrom")->setFocus();
-    QTest::keyClick(List("cboClassFrom"), Qt::Key_Up);
+    Choose("cboClassFrom", QStringLiteral("IX"));
     prompts.Verify();
     EXPECT_EQ(ChosenIn("cboClassFrom"), "");
     Given("ALTER TABLE Away RENAME TO ClassSubjectTeacher");
@@ -411,7 +499,7 @@ TEST_F(SubjectCopySave, WhatIsMissingIsToldInItsOrderAndTheListGetsTheFocus)
     ExpectRefusal(QStringLiteral("Select Class On The 'To' Side"), "cboClassTo");
     Choose("cboClassTo", QStringLiteral("X"));
     ExpectRefusal(QStringLiteral("Select Division On The 'To' Side"), "cboDivisionTo");
-    ChooseFromEnd("cboDivisionTo", QStringLiteral("C"));
+    Choose("cboDivisionTo", QStringLiteral("C"));
     ExpectRefusal(QStringLiteral("Record Does Not Exist On The 'To' Side For Copying"), "msgToDetails");
     EXPECT_EQ(school->Subjects(TenC), "");
 }
@@ -439,7 +527,7 @@ TEST_F(SubjectCopySave, OnYesTheFromSideStaysAndTheToSideIsChosenAnew)
     Choose("cboAcademicYearTo", QStringLiteral("2024 - 2025"));
     Choose("cboClassTo", QStringLiteral("X"));
     EXPECT_EQ(Entries("cboDivisionTo"), " |.A|.B|C");
-    ChooseFromEnd("cboDivisionTo", QStringLiteral("C"));
+    Choose("cboDivisionTo", QStringLiteral("C"));
     Press(Button("cmdTransfer"));
     SaveCopy(Copied, false);
     EXPECT_EQ(school->Subjects(TenC), Usual);
@@ -462,7 +550,7 @@ TEST_F(SubjectCopySave, ASourceWithOneSubjectReplacesTheOneSubjectOfItsTarget)
     Choose("cboDivision", QStringLiteral("A"));
     Choose("cboAcademicYearTo", QStringLiteral("2024 - 2025"));
     Choose("cboClassTo", QStringLiteral("X"));
-    ChooseFromEnd("cboDivisionTo", QStringLiteral("B"));
+    Choose("cboDivisionTo", QStringLiteral("B"));
     Press(Button("cmdTransfer"));
     SaveCopy(Copied, false);
     EXPECT_EQ(school->Subjects(TenB), "English Rao 60/60 Yes 4");
@@ -507,8 +595,7 @@ TEST_F(SubjectCopySave, ACopyMadeForAFreeDivisionIsNotStoredOverOneThatIsSetUp)
     school->SetUpSubjects(InNextYear(TenB));
     StartCopied("C", "2025 - 2026");
     prompts.ExpectInformation(Exists);
-    List("cboDivisionTo")->setFocus();
-    QTest::keyClick(List("cboDivisionTo"), Qt::Key_Up);
+    Choose("cboDivisionTo", QStringLiteral(".B"));
     prompts.Verify();
     ExpectRefusal(Exists, "cboDivisionTo");
     EXPECT_EQ(school->Subjects(InNextYear(TenB)), Usual);
@@ -523,7 +610,7 @@ TEST_F(SubjectCopySave, ATargetSetUpMeanwhileIsToldAndNothingOfItIsLost)
                   "You Cannot Save This Data.");
     EXPECT_EQ(school->Subjects(TenB), "Art Rao 10/10 No 1; Maths Rao 10/10 No 2");
     EXPECT_EQ(Entries("cboDivisionTo"), " |.A|.B|C");
-    ChooseFromEnd("cboDivisionTo", QStringLiteral("C"));
+    Choose("cboDivisionTo", QStringLiteral("C"));
     SaveCopy(Copied, false);
     EXPECT_EQ(school->Subjects(TenC), Usual);
 }
@@ -535,7 +622,7 @@ TEST_F(SubjectCopySave, ASingleSubjectEnteredAtTheTargetMeanwhileIsToldAndNotLos
     SaveIsRefused("Subjects Of This Class-Division Were Entered By Another User Meanwhile.\n"
                   "You Cannot Save This Data.");
     EXPECT_EQ(school->Subjects(TenB), "Art Rao 10/10 No 1");
-    ChooseFromEnd("cboDivisionTo", QStringLiteral("B"));
+    Choose("cboDivisionTo", QStringLiteral("B"));
     SaveCopy(Copied, false);
     EXPECT_EQ(school->Subjects(TenB), Usual) << "chosen once more, it is known";
 }
@@ -558,6 +645,16 @@ TEST_F(SubjectCopySave, TheOneSubjectOfTheTargetThatGotAMarkMeanwhileIsToldAndNo
     school->EnterMark(TenB, 3, 45);
     SaveIsRefused("Already Marks Are Entered For This Class-Division-Subject(s). So You Can't Delete");
     EXPECT_EQ(school->Subjects(TenB), "Art Rao 100/100 Yes 1");
+}
+
+TEST_F(SubjectCopySave, TheOneSubjectOfTheTargetThatGotAMarkKeepsWhatIsFrozen)
+{
+    school->AddSubject(TenB, 1, 5, 60);
+    StartCopied("B");
+    school->EnterMark(TenB, 1, 45);
+    SaveIsRefused("Already Marks Are Entered For This Subject\r\n"
+                  "You Can Edit Only 'Maximum Allowed' And 'Taken For Rank' Fields");
+    EXPECT_EQ(school->Subjects(TenB), "English Rao 60/60 Yes 5");
 }
 
 TEST_F(SubjectCopySave, ASourceEmptiedAfterItWasShownIsCopiedAsItIsShown)
@@ -634,7 +731,7 @@ TEST_F(SubjectCopySave, AFullDiskIsToldAndTheSaveCanBeRepeated)
     Choose("cboDivision", QStringLiteral("A"));
     Choose("cboAcademicYearTo", QStringLiteral("2024 - 2025"));
     Choose("cboClassTo", QStringLiteral("X"));
-    ChooseFromEnd("cboDivisionTo", QStringLiteral("B"));
+    Choose("cboDivisionTo", QStringLiteral("B"));
     Press(Button("cmdTransfer"));
     Count("PRAGMA max_page_count = 1");
     SaveTells(Prompts::Kind::Critical, DiskIsFull);
