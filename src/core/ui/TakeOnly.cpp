@@ -15,6 +15,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace tally {
 
@@ -22,6 +23,8 @@ namespace {
 
 /// The words for what a field takes, kept at the field.
 constexpr const char* TakesProperty = "takes";
+/// The text that the program has put into a field last, kept there too.
+constexpr const char* FilledProperty = "filledWith";
 
 /// Enter passes the filters as a key, but a pasted line break is no part of a text of one line.
 bool IsBreak(char32_t sign)
@@ -34,12 +37,19 @@ bool IsTaken(char32_t sign, KeyFilter filter)
     return !IsBreak(sign) && filter(static_cast<int>(sign)) != 0;
 }
 
-QString Cleaned(QString text, KeyFilter filter)
+/// Signs of `filled` may stay besides.
+QString Cleaned(QString text, KeyFilter filter, const QString& filled = {})
 {
-    text.erase(std::remove_if(text.begin(), text.end(),
-                              [filter](QChar unit) { return !IsTaken(unit.unicode(), filter); }),
-               text.end());
+    const auto isDropped = [&](QChar unit) {
+        return !IsTaken(unit.unicode(), filter) && !filled.contains(unit);
+    };
+    text.erase(std::remove_if(text.begin(), text.end(), isDropped), text.end());
     return text;
+}
+
+QString FilledWith(const QLineEdit* field)
+{
+    return field->property(FilledProperty).toString();
 }
 
 /// What a note has room for is shown, and that there was more.
@@ -87,6 +97,12 @@ bool IsCommand(const QKeyEvent* key)
     return (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier;
 }
 
+QString WithoutSignsOf(const QString& signs, QString text)
+{
+    text.removeIf([&signs](QChar unit) { return signs.contains(unit); });
+    return text;
+}
+
 /// Drops typed characters that the field does not take, and cleans what is pasted before the field cuts it to
 /// its length.
 class TypedKeys : public QObject
@@ -102,6 +118,11 @@ public:
         if (field->focusProxy())
             field->focusProxy()->installEventFilter(this);
         connect(field, &QLineEdit::textEdited, this, &TypedKeys::Clean);
+        KeepFilled();
+        connect(field, &QLineEdit::textChanged, this, [this] {
+            if (!std::exchange(edited_, false))
+                KeepFilled();
+        });
     }
 
 protected:
@@ -138,7 +159,7 @@ private:
         const QString text = key->text();
         if (IsCommand(key) || text.isEmpty())
             return false;
-        if (text.at(0).isPrint() && filter_(text.at(0).unicode()) == 0) {
+        if (IsDropped(key, filter_)) {
             Tell({Takes()});
             return true;
         }
@@ -204,10 +225,15 @@ private:
         return kept == text;
     }
 
-    /// For what comes by other ways, such as an input method.
+    void KeepFilled() { field_->setProperty(FilledProperty, field_->text()); }
+
+    /// For what comes by other ways, such as an input method. What the field was filled with keeps its signs:
+    /// 40.25 without its point would be another figure.
     void Clean(const QString& text)
     {
-        const QString kept = Cleaned(text, filter_);
+        edited_ = true;
+        const QString filled = FilledWith(field_);
+        const QString kept = Cleaned(text, filter_, filled);
         if (kept == text)
             return;
         const auto dropped = text.size() - kept.size();
@@ -216,7 +242,7 @@ private:
         field_->setCursorPosition(std::max(0, caret));
         // Whoever passes the text on has been told the uncleaned one.
         Q_EMIT field_->textEdited(kept);
-        TellLeftOut(DroppedSigns(text, filter_), {});
+        TellLeftOut(DroppedSigns(WithoutSignsOf(filled, text), filter_), {});
     }
 
     void TellLeftOut(const QString& signs, const QString& end)
@@ -250,6 +276,7 @@ private:
 
     QLineEdit* field_;
     KeyFilter filter_;
+    bool edited_ = false; ///< the text is about to tell a change by the user
 };
 
 } // namespace
@@ -258,6 +285,17 @@ void TakeOnly(QLineEdit* field, KeyFilter filter, int maxLength)
 {
     field->setMaxLength(maxLength);
     new TypedKeys(field, filter);
+}
+
+bool KeepsText(const QLineEdit* field, const QString& text, KeyFilter filter)
+{
+    return Cleaned(text, filter, FilledWith(field)) == text;
+}
+
+bool IsDropped(const QKeyEvent* key, KeyFilter filter)
+{
+    const QString text = key->text();
+    return !IsCommand(key) && !text.isEmpty() && text.at(0).isPrint() && filter(text.at(0).unicode()) == 0;
 }
 
 void TellDroppedQuote(QWidget* widget)

@@ -175,6 +175,16 @@ TEST_F(Editors, WhatWasPastedIsToldOnceItIsClean)
     EXPECT_EQ(Noted(), "1 8");
 }
 
+TEST_F(Editors, ASignThatTheCellHadIsToldWithTheRest)
+{
+    grid->SetTextMatrix(1, Col::Mark, QStringLiteral("4.5"));
+    boxes->Open(grid, 1, Col::Mark);
+    QTest::keyClick(mark, Qt::Key_Home);
+    QTest::keyClick(mark, Qt::Key_Delete);
+    QTest::keyClick(mark, Qt::Key_3);
+    EXPECT_EQ(Noted(), "1 .5|1 3.5");
+}
+
 TEST_F(Editors, EscPutsBackWhatTheScreenHeldWhenTheBoxOpened)
 {
     int state = 1;

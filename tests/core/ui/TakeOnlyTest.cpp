@@ -292,6 +292,26 @@ TEST_F(TakeOnlyTest, WhatAnInputMethodBringsIsCleanedAndToldAsWell)
     EXPECT_EQ(FieldHintAt(first), QString::fromUtf8("Left Out : ë\n") + AlphaOnly);
 }
 
+TEST_F(TakeOnlyTest, ASignThatTheFieldWasFilledWithStaysWhileTheRestIsTypedOver)
+{
+    TakeOnly(first, &KeyNumeric, 8);
+    first->setText(QStringLiteral("40.25"));
+    PressKey(form, Qt::Key_End);
+    PressKey(form, Qt::Key_Backspace);
+    EXPECT_EQ(first->text().toStdString(), "40.2");
+    EXPECT_EQ(Hint(), "");
+    QTest::keyClicks(first, QStringLiteral("7."));
+    EXPECT_EQ(first->text().toStdString(), "40.27") << "the key itself is not taken";
+    for (int press = 0; press < 3; ++press)
+        PressKey(form, Qt::Key_Backspace);
+    EXPECT_EQ(first->text().toStdString(), "40");
+    first->undo();
+    EXPECT_EQ(first->text().left(3).toStdString(), "40.");
+    first->setText(QStringLiteral("40"));
+    Paste(QStringLiteral(".5"));
+    EXPECT_EQ(first->text().toStdString(), "405") << "another text has no point";
+}
+
 TEST_F(TakeOnlyTest, TypingGoesOnBehindWhatAnInputMethodBroughtIntoTheMiddle)
 {
     TakeOnly(first, KeyAlpha, 30);

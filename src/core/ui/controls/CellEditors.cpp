@@ -27,6 +27,7 @@ struct CellEditors::Entry
 {
     CellBox* box;
     QWidget* control; ///< the same box
+    QLineEdit* field; ///< what is typed into: the box, or a part of it
     CellColumn column;
 
     int Row() const { return box->Row(); }
@@ -79,7 +80,7 @@ CellEditors::Entry& CellEditors::Add(FlexGrid* grid, CellBox* box, QWidget* cont
         if (entry->box->Grid() == grid)
             before = entry->control;
     QWidget::setTabOrder(before, control);
-    return *entries_.emplace_back(std::make_unique<Entry>(Entry{box, control, column}));
+    return *entries_.emplace_back(std::make_unique<Entry>(Entry{box, control, field, column}));
 }
 
 void CellEditors::Open(const FlexGrid* grid, int row, GridCol column)
@@ -132,8 +133,7 @@ void CellEditors::Typed(const Entry& entry)
 {
     const QString text = entry.box->Text();
     const KeyFilter filter = entry.column.filter;
-    const auto isTaken = [filter](QChar letter) { return !filter || filter(letter.unicode()) != 0; };
-    if (entry.column.typed && std::all_of(text.begin(), text.end(), isTaken))
+    if (entry.column.typed && (!filter || KeepsText(entry.field, text, filter)))
         entry.column.typed(entry.Row(), text);
 }
 

@@ -28,7 +28,7 @@ struct CellColumn
     int maxLength = 0;          ///< with a filter
 
     /// The user has typed, or chosen from the list. What was pasted is told once it holds nothing but what
-    /// the filter takes.
+    /// the filter takes, or what the cell held before.
     std::function<void(int row, const QString& text)> typed = {};
     /// Enter was pressed. Without a function it leads on as OpenNext does.
     std::function<void(int row, const QString& text)> enter = {};
