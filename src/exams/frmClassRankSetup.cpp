@@ -332,10 +332,7 @@ void frmClassRankSetup::cmdDelete_Click()
         Explain(obstacle);
         return;
     }
-    AfterCommit([this] {
-        cmdCancel_Click();
-        Prompts::Information(QStringLiteral("Record Deleted"));
-    });
+    CancelAndTellDeleted();
 }
 
 bool frmClassRankSetup::IsReady()

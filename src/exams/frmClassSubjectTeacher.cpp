@@ -270,10 +270,7 @@ void frmClassSubjectTeacher::cmdDelete_Click()
         Prompts::Information(refusal);
         return;
     }
-    AfterCommit([this] {
-        cmdCancel_Click();
-        Prompts::Information(QStringLiteral("Record Deleted"));
-    });
+    CancelAndTellDeleted();
 }
 
 void frmClassSubjectTeacher::cmdCancel_Click()

@@ -48,6 +48,14 @@ void MasterScreen::TellDeleted()
     });
 }
 
+void MasterScreen::CancelAndTellDeleted()
+{
+    AfterCommit([this] {
+        cmdCancel_Click();
+        Prompts::Information(QStringLiteral("Record Deleted"));
+    });
+}
+
 void MasterScreen::SaveRow(const Work& work, OnRefusal next, const std::function<void()>& then)
 {
     if (WriteRow(Conflict::MasterIsGone, work, next))
@@ -56,12 +64,8 @@ void MasterScreen::SaveRow(const Work& work, OnRefusal next, const std::function
 
 void MasterScreen::DeleteRow(const Work& work, OnRefusal next)
 {
-    if (!WriteRow(Conflict::DataIsInUse, work, next))
-        return;
-    AfterCommit([this] {
-        cmdCancel_Click();
-        Prompts::Information(QStringLiteral("Record Deleted"));
-    });
+    if (WriteRow(Conflict::DataIsInUse, work, next))
+        CancelAndTellDeleted();
 }
 
 } // namespace tally

@@ -44,6 +44,8 @@ protected:
     void TellSaved(const std::function<void()>& then = {});
     /// Tells that the row in hand is gone and goes on with Cancel's steps.
     void TellDeleted();
+    /// The same the other way round, where the screen is to be empty by the time that the box comes.
+    void CancelAndTellDeleted();
     /// Stores the row in hand and tells so.
     void SaveRow(const Work& work, OnRefusal next, const std::function<void()>& then = {});
     /// Deletes the row in hand, goes on with Cancel's steps and tells that it is gone.
