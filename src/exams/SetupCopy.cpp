@@ -43,7 +43,7 @@ std::set<int> SetUpDivisions(const SubjectsByDivision& subjects)
 
 QString TablesEnteredMeanwhile(const QStringList& divisions)
 {
-    return QStringLiteral("%1 Of Division %2 Was Entered By Another User Meanwhile.\n"
+    return QStringLiteral("%1 Of Division(s) %2 Was Entered By Another User Meanwhile.\n"
                           "You Cannot Save This Data.")
         .arg(GradeCopy.setup, divisions.join(QStringLiteral(", ")));
 }

@@ -75,16 +75,17 @@ std::vector<ListItem> SetupCopyRepository::TargetsOfGrades(const SchoolScope& sc
 QString SaveGradeCopy(store::Transaction& transaction, const SchoolScope& to,
                       const std::vector<int>& divisions, const std::vector<GradeRecord>& table, int userCode)
 {
-    const auto isTarget = [&divisions](int code) {
-        return std::find(divisions.begin(), divisions.end(), code) != divisions.end();
-    };
-    const std::set<int> withTable = GradeSetupRepository(transaction.On()).DivisionsWithTable(to);
-    QStringList entered;
-    for (const auto& [code, name] : SchoolListRepository(transaction.On()).DivisionsByName(to.classCode))
-        if (isTarget(code) && withTable.count(code) > 0)
-            entered.append(name);
-    if (!entered.isEmpty())
-        return TablesEnteredMeanwhile(entered);
+    std::set<int> entered = GradeSetupRepository(transaction.On()).DivisionsWithTable(to);
+    for (auto code = entered.begin(); code != entered.end();)
+        code = std::find(divisions.begin(), divisions.end(), *code) == divisions.end() ? entered.erase(code)
+                                                                                       : std::next(code);
+    if (!entered.empty()) {
+        QStringList names;
+        for (const auto& [code, name] : SchoolListRepository(transaction.On()).DivisionsByName(to.classCode))
+            if (entered.count(code) > 0)
+                names.append(name);
+        return TablesEnteredMeanwhile(names);
+    }
     SchoolScope scope = to;
     for (const int division : divisions) {
         scope.divisionCode = division;

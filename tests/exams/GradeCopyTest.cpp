@@ -567,7 +567,7 @@ TEST_F(GradeCopySave, ADivisionThatGotATableMeanwhileIsToldAndKeepsIt)
     StartCopied();
     Other("INSERT INTO RankMaster VALUES (7, 1, 1, 2, 0, 0, 'Z', 1, NULL)");
     SaveTells(Prompts::Kind::Information,
-              QStringLiteral("'Classwise Rank-Grade Setup' Of Division B Was Entered By Another User "
+              QStringLiteral("'Classwise Rank-Grade Setup' Of Division(s) B Was Entered By Another User "
                              "Meanwhile.\nYou Cannot Save This Data."));
     EXPECT_EQ(school->Grades(TenB), "0/0 Z 1 -");
     EXPECT_EQ(school->Grades(TenC), "");

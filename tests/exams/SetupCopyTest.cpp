@@ -62,7 +62,7 @@ TEST(SetupCopyRules, TheTextsAreThoseThatTheOfficeKnows)
     EXPECT_EQ(AlreadyExistsWhileTicking(GradeCopy).toStdString(),
               "Classwise Rank-Grade Setup' Already Exists For This Division");
     EXPECT_EQ(TablesEnteredMeanwhile({QStringLiteral("B"), QStringLiteral("C")}).toStdString(),
-              "'Classwise Rank-Grade Setup' Of Division B, C Was Entered By Another User Meanwhile.\n"
+              "'Classwise Rank-Grade Setup' Of Division(s) B, C Was Entered By Another User Meanwhile.\n"
               "You Cannot Save This Data.");
 }
 
@@ -288,10 +288,22 @@ TEST_F(SetupCopyTest, WhereOneOfTheDivisionsHasGotATableMeanwhileNoneIsStored)
     school.AddGrade(TenB, 0, 0, "Z", 1);
     const AllRows before(main);
     EXPECT_EQ(CopyGrades(TenA, TenA, {2, 3}),
-              "'Classwise Rank-Grade Setup' Of Division B Was Entered By Another User Meanwhile.\n"
+              "'Classwise Rank-Grade Setup' Of Division(s) B Was Entered By Another User Meanwhile.\n"
               "You Cannot Save This Data.");
     before.ExpectTouchedOnly(main, "none", {});
     EXPECT_EQ(CopyGrades(TenA, TenA, {3}), "") << "the table of a division that gets none is no hindrance";
+}
+
+TEST_F(SetupCopyTest, AGradeCopyReadsNoNamesButForItsRefusal)
+{
+    school.SetUpGrades(TenA);
+    const auto statements = [this](int division) {
+        const auto before = main.StatementsRun();
+        CopyGrades(TenA, TenA, {division});
+        return main.StatementsRun() - before;
+    };
+    // Reads the source, begins, asks who has a table, deletes, inserts twice, commits.
+    EXPECT_EQ(statements(2), 7U);
 }
 
 TEST_F(SetupCopyTest, AGradeCopyTouchesItsTargetsAndNothingElse)
