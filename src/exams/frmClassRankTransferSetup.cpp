@@ -108,12 +108,12 @@ void frmClassRankTransferSetup::From_Change(const DataCombo* list)
 {
     from_->BlankBelow(list);
     ShowFrom({});
+    ShowTo({});
     ListSources();
 }
 
 void frmClassRankTransferSetup::ListSources()
 {
-    from_->OfferDivisions(CodedTexts());
     const SchoolScope from = from_->Scope();
     if (from.academicYearCode == 0 || from.examCode == 0 || from.classCode == 0)
         return;
@@ -128,6 +128,8 @@ void frmClassRankTransferSetup::ListSources()
 void frmClassRankTransferSetup::cboFromDivision_Click()
 {
     ShowFrom({});
+    // A copy of another source must not be saved as one of this.
+    ShowTo({});
     const SchoolScope from = from_->Scope();
     if (from.divisionCode == 0)
         return;
@@ -149,9 +151,14 @@ void frmClassRankTransferSetup::ClearTo()
 {
     ShowTo({});
     ui_->lstDivision->clear();
+    ClearSelectAll();
+    ui_->cmdTransfer->setEnabled(false);
+}
+
+void frmClassRankTransferSetup::ClearSelectAll()
+{
     const QSignalBlocker quiet(ui_->chkSelectAll);
     ui_->chkSelectAll->setChecked(false);
-    ui_->cmdTransfer->setEnabled(false);
 }
 
 void frmClassRankTransferSetup::cboToAcademicYear_Click()
@@ -189,6 +196,8 @@ void frmClassRankTransferSetup::ListTargets(bool keepTicks)
     }
     if (list->count() > 0)
         list->setCurrentRow(std::clamp(row, 0, list->count() - 1));
+    if (!list->AreAllTicked())
+        ClearSelectAll();
     OfferCopy();
 }
 
@@ -207,11 +216,8 @@ void frmClassRankTransferSetup::lstDivision_ItemCheck(int index, bool ticked)
         Prompts::Information(clicked_ ? list->Refusal(index) : AlreadyExistsWhileTicking(GradeCopy));
         list->SetTicked(index, false);
     }
-    if (!ticked) {
-        // The others stay as they are.
-        const QSignalBlocker quiet(ui_->chkSelectAll);
-        ui_->chkSelectAll->setChecked(false);
-    }
+    if (!ticked)
+        ClearSelectAll();
     OfferCopy();
 }
 
@@ -311,8 +317,6 @@ void frmClassRankTransferSetup::cmdCancel_Click()
     const CopyChoices offered = choices.value_or(CopyChoices());
     from_->Offer(offered.fromYears, offered);
     to_->Offer(offered.toYears, offered);
-    from_->Blank();
-    to_->Blank();
     ShowFrom({});
     ClearTo();
     EnableFrames(false);

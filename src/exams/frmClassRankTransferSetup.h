@@ -52,6 +52,8 @@ private:
     void ListSources();
     void ListTargets(bool keepTicks);
     void ClearTo();
+    /// The divisions stay ticked as they are.
+    void ClearSelectAll();
     /// A copy can be made of a table that is shown for divisions that are ticked.
     void OfferCopy();
     /// All lists anew, behind a change of the masters. What is chosen stays as far as it still exists.

@@ -3,6 +3,8 @@
 #include "exams/CopyScreen.h"
 #include "exams/frmClassRankTransferSetup.h"
 
+#include <QLabel>
+
 #include <chrono>
 
 namespace tally::test {
@@ -130,6 +132,27 @@ TEST_F(GradeCopyOpening, ItFitsASmallDisplayAndItsLettersLeadToOneControlEach)
 {
     ExpectToFit(QString::fromLatin1(Form));
     ExpectOneControlALetter(Open<frmClassRankTransferSetup>(Form));
+}
+
+TEST_F(GradeCopyOpening, HelpOpensAtTheNumberOfTheScreen)
+{
+    OpenForm();
+    PressKey(form, Qt::Key_F1);
+    EXPECT_EQ(Session().glngScreenNo, 18);
+}
+
+TEST_F(GradeCopyOpening, TheNoteTheButtonTheTickAndTheHeadsReadAsTheOfficeKnowsThem)
+{
+    OpenForm();
+    EXPECT_EQ(Find<QLabel>(form, "lblNote")->text().toStdString(),
+              "Prefix With Division Name Denotes Entry Already Posted To That Division");
+    EXPECT_EQ(Find<QLabel>(form, "lblMark")->text().toStdString(), "[ # ]");
+    EXPECT_EQ(Button("cmdTransfer")->text().toStdString(), "C&opy");
+    EXPECT_EQ(all->text().toStdString(), "Select All");
+    const char* const heads[] = {"S.No.", "Total Average Is >=", "Subject Average Is >=", "Grade"};
+    for (const char* name : {"msgFromDetails", "msgToDetails"})
+        for (int col = 0; col < 4; ++col)
+            EXPECT_EQ(Find<FlexGrid>(form, name)->TextMatrix(0, col).toStdString(), heads[col]) << name;
 }
 
 TEST_F(GradeCopyOpening, NewNeedsItsRight)
@@ -362,6 +385,57 @@ TEST_F(GradeCopyChoosing, AnotherFromChoiceEmptiesWhatDependsOnIt)
     EXPECT_EQ(Divisions(), "# A|B|C");
 }
 
+TEST_F(GradeCopyChoosing, ACopyThatWasNotSavedGoesWithItsSource)
+{
+    school->AddGrade(TenB, 0, 0, "Z", 1);
+    school->AddGrade(InTermTwo(TenA), 0, 0, "Y", 1);
+    StartTo("Term One", "2025 - 2026");
+    Tick(divisions, 2);
+    Press(Button("cmdTransfer"));
+    ASSERT_EQ(Rows("msgToDetails"), Shown);
+    Choose("cboFromDivision", QStringLiteral("B"));
+    EXPECT_EQ(Rows("msgToDetails"), "");
+    EXPECT_TRUE(IsEnabled("cmdTransfer"));
+    ExpectRefusal(QStringLiteral("Record Does Not Exist On The 'To' Side For Copying"), "msgToDetails");
+    EXPECT_EQ(school->Grades(InNextYear(TenC)), "");
+    Press(Button("cmdTransfer"));
+    EXPECT_EQ(Rows("msgToDetails"), "1 0 0 Z");
+    Choose("dbcExamFrom", QStringLiteral("Term Two"));
+    EXPECT_EQ(Rows("msgToDetails"), "");
+    Choose("cboFromClass", QStringLiteral("X"));
+    Choose("cboFromDivision", QStringLiteral("A"));
+    Press(Button("cmdTransfer"));
+    SaveCopy(Copied, false);
+    EXPECT_EQ(school->Grades(InNextYear(TenC)), "0/0 Y 1 5");
+}
+
+TEST_F(GradeCopyChoosing, SelectAllStaysTickedOnlyWhileAllThatCanBeAre)
+{
+    StartCopied();
+    Press(all);
+    ASSERT_TRUE(all->isChecked());
+    const auto changeInMasters = [this](const char* sql) {
+        QTest::keyClick(divisions, Qt::Key_C, Qt::AltModifier | Qt::ShiftModifier);
+        Settle();
+        auto* master = ScreenRegistry::OpenInstance(QStringLiteral("frmMasClassSectionEntry"));
+        ASSERT_NE(master, nullptr);
+        Given(sql);
+        master->Unload();
+        Settle();
+    };
+    changeInMasters("DELETE FROM ClassDivisionDetails WHERE ClassCode = 1 AND DivisionCode = 3");
+    EXPECT_EQ(Divisions(), "# A|B*");
+    EXPECT_TRUE(all->isChecked());
+    changeInMasters("INSERT INTO ClassDivisionDetails VALUES (1, 'D', 4)");
+    EXPECT_EQ(Divisions(), "# A|B*|D");
+    EXPECT_FALSE(all->isChecked());
+    Press(all);
+    EXPECT_EQ(Divisions(), "# A|B*|D*");
+    changeInMasters("DELETE FROM ClassDivisionDetails WHERE ClassCode = 1 AND DivisionCode IN (2, 4)");
+    EXPECT_EQ(Divisions(), "# A");
+    EXPECT_FALSE(all->isChecked()) << "nothing is left that it could tick";
+}
+
 TEST_F(GradeCopyChoosing, CopyWithoutATableThatIsShownSaysSo)
 {
     StartTo();
@@ -498,6 +572,24 @@ TEST_F(GradeCopySave, EachTickedDivisionGetsTheTableAndTheScreenBeginsAnewOnNo)
     EXPECT_EQ(school->Grades(TenA), "80/50 A 1 -; 0/0 D 2 -");
     EXPECT_EQ(school->Grades(InTermTwo(TenB)) + school->Grades(InNextYear(TenB)), "");
     ExpectIdle();
+}
+
+TEST_F(GradeCopySave, DecimalsAreCopiedAsTheyStand)
+{
+    school->AddGrade(TenA, 66.25, 33.3333333333333, "A", 1);
+    school->AddGrade(TenA, 0.5, 0, "D", 2);
+    OpenNew();
+    ChooseSource();
+    ChooseTarget();
+    Tick(divisions, 1);
+    Press(Button("cmdTransfer"));
+    SaveCopy(Copied, false);
+    EXPECT_EQ(Count("SELECT count(*) FROM RankMaster a, RankMaster b WHERE a.DivisionCode = 1 AND "
+                    "b.DivisionCode = 2 AND a.ClassCode = 1 AND b.ClassCode = 1 AND a.ExamCode = 1 AND "
+                    "b.ExamCode = 1 AND a.AcademicYearCode = 7 AND b.AcademicYearCode = 7 AND "
+                    "a.TotalAverage = b.TotalAverage AND a.SubjectAverage = b.SubjectAverage AND "
+                    "a.Grade = b.Grade AND a.Status = b.Status"),
+              2);
 }
 
 TEST_F(GradeCopySave, OnYesTheFromSideStaysAndTheToSideIsChosenAnew)

@@ -57,6 +57,14 @@ void CheckList::SetAllTicked(bool ticked)
         SetTicked(index, ticked && Refusal(index).isEmpty());
 }
 
+bool CheckList::AreAllTicked() const
+{
+    for (int index = 0; index < count(); ++index)
+        if (!IsTicked(index) && Refusal(index).isEmpty())
+            return false;
+    return !TickedIndexes().isEmpty();
+}
+
 QList<int> CheckList::TickedIndexes() const
 {
     QList<int> ticked;

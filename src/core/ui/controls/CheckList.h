@@ -26,6 +26,8 @@ public:
     void SetTicked(int index, bool ticked);
     /// The same for all items, but that none is ticked that cannot be.
     void SetAllTicked(bool ticked);
+    /// All items are ticked that can be, and that is at least one.
+    bool AreAllTicked() const;
     QList<int> TickedIndexes() const;
     /// The codes of the ticked items, in the order of the list.
     std::vector<int> TickedData() const;
