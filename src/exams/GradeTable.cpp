@@ -80,7 +80,8 @@ QString GradeTable::RefusalOfTotalAverage(int row, const QString& text) const
     if (text.trimmed().isEmpty())
         return {};
     const double average = Val(text);
-    for (int other = 1; other <= RowCount(); ++other)
+    // The last row may be half typed; a save asks it too.
+    for (int other = 1; other < RowCount(); ++other)
         if (other != row && Row(other).IsFilled() && Row(other).TotalAverage() == average)
             return TotalAverageExists;
     const GradeRow* above = FilledAbove(row);

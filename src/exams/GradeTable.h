@@ -60,7 +60,8 @@ public:
     GridTable Table() const;
     GridTable::Row Cells(int row) const;
 
-    /// Why the text can't be the total average of the row; empty where it can.
+    /// Why the text can't be the total average of the row; empty where it can. The last row is compared with
+    /// no other one until a save.
     QString RefusalOfTotalAverage(int row, const QString& text) const;
     void SetTotalAverage(int row, const QString& text) { At(row).totalAverage = text; }
     void SetSubjectAverage(int row, const QString& text) { At(row).subjectAverage = text; }

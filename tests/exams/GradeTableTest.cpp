@@ -158,6 +158,17 @@ TEST(GradeTableTest, ARowMayKeepItsOwnTotalAverage)
     EXPECT_EQ(UsualTable().RefusalOfTotalAverage(2, QStringLiteral("60")), QString());
 }
 
+TEST(GradeTableTest, TheLastRowIsNotAskedWhileARowAboveItIsTyped)
+{
+    GradeTable table = UsualTable();
+    table.SetTotalAverage(4, QStringLiteral("20"));
+    EXPECT_EQ(table.RefusalOfTotalAverage(1, QStringLiteral("20")), QString());
+    EXPECT_EQ(table.RefusalOfTotalAverage(4, QStringLiteral("80")), TotalAverageExists);
+    table.PutBack(1, {"20", "50", "A"});
+    table.PutBack(4, {"20", "10", "D"});
+    EXPECT_EQ(FaultOf(table), At(1, 4, TotalAverageExists)) << "the save asks all rows";
+}
+
 TEST(GradeTableTest, ATotalAverageAboveThatOfTheRowBeforeIsRefused)
 {
     GradeTable table = UsualTable();
