@@ -105,7 +105,8 @@ void SubjectSetupGrid::BuildLists()
                                    .filter = &KeyAllButQuote,
                                    .maxLength = LongestName,
                                    .typed = std::bind_front(&Self::dbcTeacher_Change, this),
-                                   .enter = std::bind_front(&Self::dbcTeacher_Enter, this)});
+                                   .enter = std::bind_front(&Self::dbcTeacher_Enter, this),
+                                   .leave = std::bind_front(&Self::dbcTeacher_Validate, this)});
 }
 
 void SubjectSetupGrid::BuildTexts()
@@ -230,7 +231,12 @@ void SubjectSetupGrid::dbcSubject_Change(int row, const QString& text)
     if (!sheet_.HasRow(row))
         return;
     SetSubject(row, text);
-    const QString refusal = MayGoOn(dbcSubject_, text) ? QString() : sheet_.DropRepeatedSubject(row);
+    // Only a typed text can go on; what was taken from the list is meant as it is. A list that is being left
+    // takes the entry that was typed, and is judged by its leaving.
+    const bool isTaken =
+        !dbcSubject_->lineEdit()->isModified() && dbcSubject_->window()->focusWidget() == dbcSubject_;
+    const bool mayGoOn = !isTaken && MayGoOn(dbcSubject_, text);
+    const QString refusal = mayGoOn ? QString() : sheet_.DropRepeatedSubject(row);
     ShowRow(row);
     if (refusal.isEmpty())
         return;
@@ -317,6 +323,13 @@ void SubjectSetupGrid::TxtMaximumAllowed_Change(int row, const QString& text)
     TxtMaximumAllowed_->clear();
 }
 
+QString SubjectSetupGrid::dbcTeacher_Validate(int row, const QString& text)
+{
+    // The list completes a name behind what was typed.
+    dbcTeacher_Change(row, text);
+    return {};
+}
+
 void SubjectSetupGrid::TxtMaximumAllowed_Enter(int row)
 {
     if (!sheet_.HasRow(row))
@@ -330,14 +343,7 @@ void SubjectSetupGrid::TxtMaximumAllowed_Enter(int row)
 
 QString SubjectSetupGrid::TxtMaximumAllowed_Validate(int row)
 {
-    if (!sheet_.HasRow(row) || GivesUp())
-        return {};
-    QString refusal = sheet_.DropAllowedBelowMarks(row);
-    if (!refusal.isEmpty()) {
-        ShowRow(row);
-        TxtMaximumAllowed_->clear();
-    }
-    return refusal;
+    return sheet_.HasRow(row) && !GivesUp() ? sheet_.RefusalOfMaximumAllowed(row) : QString();
 }
 
 void SubjectSetupGrid::cboRankYesNo_Click(int row, const QString& text)
@@ -385,7 +391,7 @@ QString SubjectSetupGrid::txtOrder_Validate(int row)
     if (!sheet_.HasRow(row) || GivesUp())
         return {};
     QString refusal = sheet_.DropRepeatedOrder(row);
-    if (!refusal.isEmpty())
+    if (!refusal.isEmpty()) {
         ShowRow(row);
     return refusal;
 }
@@ -401,3 +407,5 @@ bool SubjectSetupGrid::eventFilter(QObject*, QEvent* event)
 }
 
 } // namespace tally
+        txtOrder_->clear();
+    }

@@ -54,6 +54,7 @@ private:
     void dbcTeacher_Change(int row, const QString& text);
     void dbcTeacher_Enter(int row, const QString& text);
     void txtmaximummark_Change(int row, const QString& text);
+    QString dbcTeacher_Validate(int row, const QString& text);
     void TxtMaximumAllowed_Change(int row, const QString& text);
     void TxtMaximumAllowed_Enter(int row);
     QString TxtMaximumAllowed_Validate(int row);

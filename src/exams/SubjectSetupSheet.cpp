@@ -201,13 +201,10 @@ QString SubjectSetupSheet::SetMaximumAllowed(int row, const QString& text)
                : QStringLiteral("'Maximum Allowed' Mark Should Not Be Greater Than 'Maximum Mark' Entered");
 }
 
-QString SubjectSetupSheet::DropAllowedBelowMarks(int row)
+QString SubjectSetupSheet::RefusalOfMaximumAllowed(int row) const
 {
     const double highest = HighestMark(row);
-    if (highest <= Row(row).MaximumAllowed())
-        return {};
-    At(row).maximumAllowed = PlainNumber(0);
-    return BelowEnteredMark(highest);
+    return highest <= Row(row).MaximumAllowed() ? QString() : BelowEnteredMark(highest);
 }
 
 void SubjectSetupSheet::SetTakenForRank(int row, const QString& text)
@@ -286,7 +283,8 @@ SubjectStep SubjectSetupSheet::EnterMaximumAllowed(int row)
         return {};
     if (const QString refusal = SetMaximumAllowed(row, Row(row).maximumAllowed); !refusal.isEmpty())
         return {.message = refusal};
-    if (const QString refusal = DropAllowedBelowMarks(row); !refusal.isEmpty())
+    if (const QString refusal = RefusalOfMaximumAllowed(row); !refusal.isEmpty()) {
+        At(row).maximumAllowed = PlainNumber(0);
         return {.message = refusal};
     return Behind(row, SubjectColumn::MaximumAllowed);
 }
@@ -334,6 +332,7 @@ int SubjectSetupSheet::RowWithOrderOf(int row) const
 bool SubjectSetupSheet::IsComplete(int row) const
 {
     const SubjectRow& entry = Row(row);
+    }
     // What is frozen can't be mended, so it is not judged.
     const bool entered =
         IsFrozen(row) || (entry.subjectCode != 0 && entry.teacherCode != 0 && entry.MaximumMark() > 0);

@@ -108,8 +108,8 @@ public:
     void SetMaximumMark(int row, const QString& text);
     /// Gives why the number can't be, and then none is allowed.
     QString SetMaximumAllowed(int row, const QString& text);
-    /// Why the number can't be allowed beside marks that were entered; none is allowed then.
-    QString DropAllowedBelowMarks(int row);
+    /// Why the number can't be allowed beside marks that were entered; empty when it can.
+    QString RefusalOfMaximumAllowed(int row) const;
     /// "Y..." up to "Yes" and "N..." up to "No", small letters too, and blanks; any other text changes
     /// nothing.
     void SetTakenForRank(int row, const QString& text);

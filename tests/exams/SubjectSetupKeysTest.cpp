@@ -1,6 +1,8 @@
 #include "core/ui/controls/FieldHint.h"
 #include "exams/SubjectSetupScreen.h"
 
+#include <QAbstractItemView>
+#include <QKeyEvent>
 #include <QLabel>
 
 namespace tally::test {
@@ -255,7 +257,8 @@ TEST_F(SubjectSetupKeys, LessThanAMarkThatWasEnteredIsRefusedOnEnterAndOnLeaving
     Settle();
     prompts.Verify();
     EXPECT_EQ(Focus(), "TxtMaximumAllowed");
-    EXPECT_EQ(allowed->text().toStdString(), "");
+    EXPECT_EQ(allowed->selectedText().toStdString(), "44") << "to be mended or typed over";
+    EXPECT_EQ(Cell(2, 4), "44");
     Enter("45");
     EXPECT_EQ(Focus(), "cboRankYesNo");
     EXPECT_EQ(RowText(2), "2|English|Mary|100|45|No|2");
@@ -333,6 +336,20 @@ TEST_F(SubjectSetupKeys, AnOrderThatStandsInAnotherRowIsRefusedOnEnterAndOnLeavi
     EXPECT_EQ(RowText(2), "2|English|Mary|100|50|No|5");
     EXPECT_EQ(subject->Row(), 3);
 }
+    EXPECT_EQ(order->text().toStdString(), "") << "and the box with it";
+    QTest::keyClick(order, Qt::Key_Tab);
+    Settle();
+    EXPECT_NE(Focus(), "txtOrder");
+    EXPECT_EQ(Cell(2, 6), "");
+    Click(2, 6);
+    for (int press = 0; press < 2; ++press) {
+        prompts.ExpectInformation(QStringLiteral("Subject Order Already Exists"));
+        Enter(press == 0 ? "1" : "");
+        prompts.Verify();
+        EXPECT_EQ(Focus(), "txtOrder");
+        EXPECT_EQ(order->selectedText().toStdString(), "1");
+        EXPECT_EQ(Cell(2, 6), "1");
+    }
 
 TEST_F(SubjectSetupKeys, AnOrderHasFiveDigitsAtMost)
 {
@@ -398,6 +415,43 @@ TEST_F(SubjectSetupKeys, AWordThatIsNoSubjectOrTeacherIsRefusedOnEnter)
 {
     StartNew();
     prompts.ExpectInformation(QStringLiteral("Select Subject Name"));
+TEST_F(SubjectSetupKeys, ARepeatedSubjectTakenFromTheListIsRefusedThoughALongerNameBeginsWithIt)
+{
+    Given("INSERT INTO SubjectMaster VALUES (6, 'Art Of Speech', 'Spe', 0)");
+    StartArt();
+    Enter("1");
+    prompts.ExpectInformation(QStringLiteral("Subject Already Selected"));
+    QTest::keyClick(subject, Qt::Key_Down);
+    prompts.Verify();
+    EXPECT_EQ(RowText(2), "2||||||");
+    QTest::keyClick(subject, Qt::Key_Down);
+    EXPECT_EQ(RowText(2), "2|Art Of Speech|||||");
+    prompts.ExpectInformation(QStringLiteral("Subject Already Selected"));
+    subject->showPopup();
+    subject->view()->setCurrentIndex(subject->model()->index(subject->findText(QStringLiteral("Art")), 0));
+    QTest::keyClick(subject->view(), Qt::Key_Return);
+    Settle();
+    prompts.Verify();
+    EXPECT_EQ(RowText(2), "2||||||");
+}
+
+TEST_F(SubjectSetupKeys, ATeacherWhomTheListHasCompletedStandsInTheCellHoweverTheListIsLeft)
+{
+    StartNew();
+    Enter("Art");
+    QTest::keyClicks(teacher, QStringLiteral("Om"));
+    EXPECT_EQ(teacher->currentText().toStdString(), "Omar");
+    QTest::keyClick(teacher, Qt::Key_Tab);
+    Settle();
+    EXPECT_EQ(RowText(1), "1|Art|Omar||||");
+    EXPECT_EQ(grid->TextMatrix(1, SubjectColumn::TeacherCode).toStdString(), "9");
+    Click(1, 2);
+    QTest::keyClicks(teacher, QStringLiteral("Ma"));
+    Click(1, 3);
+    EXPECT_EQ(RowText(1), "1|Art|Mary||||");
+    EXPECT_EQ(grid->TextMatrix(1, SubjectColumn::TeacherCode).toStdString(), "7");
+}
+
     Enter("Xyz");
     prompts.Verify();
     EXPECT_EQ(Focus(), "dbcSubject");

@@ -175,9 +175,10 @@ TEST_F(SubjectSetupSheetTest, NoLessIsAllowedThanTheHighestMarkEntered)
               "Entry'");
     EXPECT_EQ(sheet.Row(1).maximumAllowed.toStdString(), "0");
     EXPECT_EQ(sheet.SetMaximumAllowed(1, QStringLiteral("44")), QString());
-    EXPECT_NE(sheet.DropAllowedBelowMarks(1), QString());
+    EXPECT_NE(sheet.RefusalOfMaximumAllowed(1), QString());
+    EXPECT_EQ(sheet.Row(1).maximumAllowed.toStdString(), "44") << "to be mended";
     EXPECT_EQ(sheet.SetMaximumAllowed(1, QStringLiteral("45")), QString());
-    EXPECT_EQ(sheet.DropAllowedBelowMarks(1), QString());
+    EXPECT_EQ(sheet.RefusalOfMaximumAllowed(1), QString());
     EXPECT_EQ(Text(sheet.EnterMaximumAllowed(1)), To(1, TakenForRank));
 }
 
