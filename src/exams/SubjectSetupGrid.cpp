@@ -6,6 +6,7 @@
 #include "core/ui/controls/FloatingEditor.h"
 #include "core/ui/FormKeys.h"
 #include "core/ui/Prompts.h"
+#include "core/ui/TakeOnly.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -52,22 +53,30 @@ bool MayGoOn(const DataCombo* list, const QString& text)
     return false;
 }
 
-/// Calls `set` with the code and the name of the entry that the text names; with 0 and the text for none.
-template <typename Set>
-void SetEntry(const DataCombo* list, const QString& text, Set set)
+struct Named
 {
+    int code; ///< 0 for a name that no entry has
+    QString name;
+};
+
+/// The entry that a text names. Another client may have renamed what stands in the cell: untouched, it stays
+/// what it is, though no entry has its name, or another one.
+Named EntryFor(const DataCombo* list, const QString& text, const Named& cell)
+{
+    if (cell.code != 0 && text == cell.name && !IsNamed(list, list->currentIndex(), text))
+        return cell;
     const int entry = EntryOf(list, text);
-    if (entry >= 0)
-        set(list->itemData(entry).toInt(), list->itemText(entry).trimmed());
-    else
-        set(0, text);
+    return entry < 0 ? Named{0, text} : Named{list->itemData(entry).toInt(), list->itemText(entry).trimmed()};
 }
 
-bool IsRefusedBy(KeyFilter filter, const QKeyEvent* key)
+/// Shows what stands in a cell: of several with the same name the one that it is.
+void ShowIn(FloatingCombo* list, const Named& cell)
 {
-    const QString text = key->text();
-    return (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0 && !text.isEmpty() &&
-           text.at(0).isPrint() && filter(text.at(0).unicode()) == 0;
+    if (cell.code == 0)
+        return;
+    list->SetBoundCode(cell.code);
+    list->setEditText(cell.name);
+    list->SelectText();
 }
 
 } // namespace
@@ -154,12 +163,22 @@ void SubjectSetupGrid::SetSubjects(const CodedTexts& subjects)
 {
     Close();
     dbcSubject_->SetList(subjects);
+    sheet_.RenameSubjects(subjects);
+    ShowNames();
 }
 
 void SubjectSetupGrid::SetTeachers(const CodedTexts& teachers)
 {
     Close();
     dbcTeacher_->SetList(teachers);
+    sheet_.RenameTeachers(teachers);
+    ShowNames();
+}
+
+void SubjectSetupGrid::ShowNames()
+{
+    for (int row = 1; row <= sheet_.RowCount(); ++row)
+        ShowRow(row);
 }
 
 void SubjectSetupGrid::ShowRows()
@@ -182,12 +201,11 @@ void SubjectSetupGrid::Open(int row, GridCol column)
     if (!sheet_.Opens(row, static_cast<SubjectColumn>(static_cast<int>(column))))
         return;
     boxes_->Open(grid_, row, column);
-    // Two teachers may have the same name.
-    if (column == GridCol(SubjectColumn::Teacher) && sheet_.Row(row).teacherCode != 0) {
-        dbcTeacher_->SetBoundCode(sheet_.Row(row).teacherCode);
-        dbcTeacher_->setEditText(sheet_.Row(row).teacherName);
-        dbcTeacher_->SelectText();
-    }
+    const SubjectRow& entry = sheet_.Row(row);
+    if (column == GridCol(SubjectColumn::Subject))
+        ShowIn(dbcSubject_, {entry.subjectCode, entry.subjectName});
+    else if (column == GridCol(SubjectColumn::Teacher))
+        ShowIn(dbcTeacher_, {entry.teacherCode, entry.teacherName});
 }
 
 void SubjectSetupGrid::Click(int row, GridCol column)
@@ -220,10 +238,10 @@ bool SubjectSetupGrid::GivesUp() const
 
 void SubjectSetupGrid::SetSubject(int row, const QString& text)
 {
-    SetEntry(dbcSubject_, text, [&](int code, const QString& name) {
-        if (code != sheet_.Row(row).subjectCode || name != sheet_.Row(row).subjectName)
-            sheet_.SetSubject(row, code, name);
-    });
+    const SubjectRow& entry = sheet_.Row(row);
+    const Named named = EntryFor(dbcSubject_, text, {entry.subjectCode, entry.subjectName});
+    if (named.code != entry.subjectCode || named.name != entry.subjectName)
+        sheet_.SetSubject(row, named.code, named.name);
 }
 
 void SubjectSetupGrid::dbcSubject_Change(int row, const QString& text)
@@ -280,7 +298,9 @@ QString SubjectSetupGrid::dbcSubject_Validate(int row, const QString& text)
 
 void SubjectSetupGrid::SetTeacher(int row, const QString& text)
 {
-    SetEntry(dbcTeacher_, text, [&](int code, const QString& name) { sheet_.SetTeacher(row, code, name); });
+    const SubjectRow& entry = sheet_.Row(row);
+    const Named named = EntryFor(dbcTeacher_, text, {entry.teacherCode, entry.teacherName});
+    sheet_.SetTeacher(row, named.code, named.name);
 }
 
 void SubjectSetupGrid::dbcTeacher_Change(int row, const QString& text)
@@ -303,6 +323,13 @@ void SubjectSetupGrid::dbcTeacher_Enter(int row, const QString& text)
         dbcTeacher_->SelectText();
 }
 
+QString SubjectSetupGrid::dbcTeacher_Validate(int row, const QString& text)
+{
+    // The list completes a name behind what was typed.
+    dbcTeacher_Change(row, text);
+    return {};
+}
+
 void SubjectSetupGrid::txtmaximummark_Change(int row, const QString& text)
 {
     if (!sheet_.HasRow(row))
@@ -321,13 +348,6 @@ void SubjectSetupGrid::TxtMaximumAllowed_Change(int row, const QString& text)
         return;
     Prompts::Information(refusal);
     TxtMaximumAllowed_->clear();
-}
-
-QString SubjectSetupGrid::dbcTeacher_Validate(int row, const QString& text)
-{
-    // The list completes a name behind what was typed.
-    dbcTeacher_Change(row, text);
-    return {};
 }
 
 void SubjectSetupGrid::TxtMaximumAllowed_Enter(int row)
@@ -393,13 +413,15 @@ QString SubjectSetupGrid::txtOrder_Validate(int row)
     QString refusal = sheet_.DropRepeatedOrder(row);
     if (!refusal.isEmpty()) {
         ShowRow(row);
+        txtOrder_->clear();
+    }
     return refusal;
 }
 
 bool SubjectSetupGrid::eventFilter(QObject*, QEvent* event)
 {
     // A letter among the digits is a slip of the fingers, and the number is begun anew.
-    if (event->type() == QEvent::KeyPress && IsRefusedBy(&KeyNumeric, static_cast<QKeyEvent*>(event))) {
+    if (event->type() == QEvent::KeyPress && IsDropped(static_cast<QKeyEvent*>(event), &KeyNumeric)) {
         txtmaximummark_->clear();
         txtmaximummark_Change(txtmaximummark_->Row(), {});
     }
@@ -407,5 +429,3 @@ bool SubjectSetupGrid::eventFilter(QObject*, QEvent* event)
 }
 
 } // namespace tally
-        txtOrder_->clear();
-    }

@@ -24,7 +24,8 @@ public:
     SubjectSetupGrid(FlexGrid* grid, SubjectSetupSheet& sheet, QWidget* form, QList<QWidget*> free);
 
     CellEditors* Boxes() const { return boxes_; }
-    /// What can be chosen, behind a blank line. Closes the boxes; the cell keeps what was typed.
+    /// What can be chosen, behind a blank line, and what the rows call it from then on. Closes the boxes;
+    /// the cell keeps what was typed.
     void SetSubjects(const CodedTexts& subjects);
     void SetTeachers(const CodedTexts& teachers);
 
@@ -53,8 +54,8 @@ private:
     QString dbcSubject_Validate(int row, const QString& text);
     void dbcTeacher_Change(int row, const QString& text);
     void dbcTeacher_Enter(int row, const QString& text);
-    void txtmaximummark_Change(int row, const QString& text);
     QString dbcTeacher_Validate(int row, const QString& text);
+    void txtmaximummark_Change(int row, const QString& text);
     void TxtMaximumAllowed_Change(int row, const QString& text);
     void TxtMaximumAllowed_Enter(int row);
     QString TxtMaximumAllowed_Validate(int row);
@@ -64,6 +65,7 @@ private:
     void txtOrder_Enter(int row);
     QString txtOrder_Validate(int row);
     void ShowRow(int row);
+    void ShowNames();
     void SetSubject(int row, const QString& text);
     void SetTeacher(int row, const QString& text);
     /// What was refused is gone from the box too; the arrows go on behind it.

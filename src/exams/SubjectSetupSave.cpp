@@ -65,9 +65,9 @@ std::optional<SubjectRefusal> FindRefusal(const std::vector<TaughtSubject>& show
             continue;
         const TaughtSubject* after = Find(wanted, before.subjectCode);
         if (!after)
-            return SubjectRefusal{SubjectsHaveMarks, 0, stored.marks};
+            return SubjectRefusal{SubjectsHaveMarks, before.subjectCode, stored.marks};
         if (!IsSameForMarks(before, *after))
-            return SubjectRefusal{SubjectIsFrozen, 0, stored.marks};
+            return SubjectRefusal{SubjectIsFrozen, before.subjectCode, stored.marks};
     }
     for (const TaughtSubject& subject : wanted) {
         const auto entered = stored.marks.find(subject.subjectCode);

@@ -21,7 +21,7 @@ StoredSubjects ReadStoredSubjects(store::Connection& main, const SchoolScope& sc
 struct SubjectRefusal
 {
     QString text;
-    int belowMark = 0; ///< the subject whose maximum allowed is too low; 0 where that is not the reason
+    int subjectCode = 0; ///< the subject whose marks speak against the set; 0 where the set as a whole does
     MarksBySubject marks = {}; ///< what is entered by then
 };
 

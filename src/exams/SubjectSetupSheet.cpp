@@ -3,6 +3,7 @@
 #include "core/Numbers.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace tally {
 
@@ -29,6 +30,27 @@ std::optional<QString> RankOf(const QString& text)
     if (IsBeginningOf(trimmed, YesText))
         return YesText;
     return IsBeginningOf(trimmed, NoText) ? std::optional(NoText) : std::nullopt;
+}
+
+SubjectRow RowOf(const TaughtSubject& subject)
+{
+    return {.subjectName = subject.subjectName,
+            .subjectCode = subject.subjectCode,
+            .teacherName = subject.teacherName,
+            .teacherCode = subject.teacherCode,
+            .maximumMark = PlainNumber(subject.maximumMark),
+            .maximumAllowed = PlainNumber(subject.maximumAllowed),
+            .takenForRank = subject.takenForRank,
+            .order = QString::number(subject.slNo),
+            .stored = true};
+}
+
+/// None for the code 0 of what is only a text.
+std::optional<QString> NameOf(int code, const CodedTexts& names)
+{
+    const auto found =
+        std::find_if(names.begin(), names.end(), [code](const auto& name) { return name.first == code; });
+    return code == 0 || found == names.end() ? std::nullopt : std::optional(found->second);
 }
 
 SubjectColumn Next(SubjectColumn column)
@@ -72,17 +94,44 @@ void SubjectSetupSheet::Load(const std::vector<TaughtSubject>& subjects, const M
 {
     rows_.clear();
     for (const TaughtSubject& subject : subjects)
-        rows_.push_back({.subjectName = subject.subjectName,
-                         .subjectCode = subject.subjectCode,
-                         .teacherName = subject.teacherName,
-                         .teacherCode = subject.teacherCode,
-                         .maximumMark = PlainNumber(subject.maximumMark),
-                         .maximumAllowed = PlainNumber(subject.maximumAllowed),
-                         .takenForRank = subject.takenForRank,
-                         .order = QString::number(subject.slNo),
-                         .stored = true});
+        rows_.push_back(RowOf(subject));
     rows_.emplace_back();
     marks_ = marks;
+}
+
+void SubjectSetupSheet::PutBackFrozen(const std::vector<TaughtSubject>& stored)
+{
+    for (const TaughtSubject& subject : stored) {
+        if (marks_.count(subject.subjectCode) == 0)
+            continue;
+        SubjectRow frozen = RowOf(subject);
+        if (const int row = FindRow(subject.subjectCode); row > 0) {
+            frozen.takenForRank = Row(row).takenForRank;
+            if (Row(row).MaximumAllowed() <= subject.maximumMark)
+                frozen.maximumAllowed = Row(row).maximumAllowed;
+            At(row) = frozen;
+        } else {
+            rows_.insert(rows_.back().IsBlank() ? rows_.end() - 1 : rows_.end(), frozen);
+        }
+    }
+    EndInBlankRow();
+}
+
+void SubjectSetupSheet::RenameSubjects(const CodedTexts& subjects)
+{
+    for (SubjectRow& row : rows_)
+        row.subjectName = NameOf(row.subjectCode, subjects).value_or(row.subjectName);
+}
+
+void SubjectSetupSheet::RenameTeachers(const CodedTexts& teachers)
+{
+    for (SubjectRow& row : rows_)
+        row.teacherName = NameOf(row.teacherCode, teachers).value_or(row.teacherName);
+}
+
+bool SubjectSetupSheet::IsBlank() const
+{
+    return std::all_of(rows_.begin(), rows_.end(), std::mem_fn(&SubjectRow::IsBlank));
 }
 
 int SubjectSetupSheet::FindRow(int subjectCode) const
@@ -128,11 +177,6 @@ double SubjectSetupSheet::TotalMark() const
     return total.Value();
 }
 
-bool SubjectSetupSheet::IsFrozen(int row) const
-{
-    return Row(row).stored && marks_.count(Row(row).subjectCode) > 0;
-}
-
 double SubjectSetupSheet::HighestMark(int row) const
 {
     const auto entered = marks_.find(Row(row).subjectCode);
@@ -169,9 +213,11 @@ void SubjectSetupSheet::SetSubject(int row, int code, const QString& name)
 QString SubjectSetupSheet::DropRepeatedSubject(int row)
 {
     const QString name = Row(row).subjectName.trimmed();
+    const int code = Row(row).subjectCode;
     for (int other = 1; other <= RowCount(); ++other) {
-        if (other == row || name.isEmpty() ||
-            Row(other).subjectName.trimmed().compare(name, Qt::CaseInsensitive) != 0)
+        const bool isSame = (code != 0 && Row(other).subjectCode == code) ||
+                            Row(other).subjectName.trimmed().compare(name, Qt::CaseInsensitive) == 0;
+        if (other == row || name.isEmpty() || !isSame)
             continue;
         SetSubject(row, 0, {});
         return SubjectSelected;
@@ -286,6 +332,7 @@ SubjectStep SubjectSetupSheet::EnterMaximumAllowed(int row)
     if (const QString refusal = RefusalOfMaximumAllowed(row); !refusal.isEmpty()) {
         At(row).maximumAllowed = PlainNumber(0);
         return {.message = refusal};
+    }
     return Behind(row, SubjectColumn::MaximumAllowed);
 }
 
@@ -332,7 +379,6 @@ int SubjectSetupSheet::RowWithOrderOf(int row) const
 bool SubjectSetupSheet::IsComplete(int row) const
 {
     const SubjectRow& entry = Row(row);
-    }
     // What is frozen can't be mended, so it is not judged.
     const bool entered =
         IsFrozen(row) || (entry.subjectCode != 0 && entry.teacherCode != 0 && entry.MaximumMark() > 0);

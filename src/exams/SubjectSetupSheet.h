@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/CodedTexts.h"
 #include "core/GridTable.h"
 #include "exams/SubjectSetup.h"
 
@@ -77,9 +78,18 @@ public:
     void Load(const std::vector<TaughtSubject>& subjects, const MarksBySubject& marks);
     /// Marks that were entered meanwhile.
     void TakeMarks(const MarksBySubject& marks) { marks_ = marks; }
+    /// What marks freeze of the subjects that are stored becomes what it is there, also where a row was taken
+    /// out or has got another subject. What can still be entered stays as it was typed, as far as the maximum
+    /// mark goes.
+    void PutBackFrozen(const std::vector<TaughtSubject>& stored);
+    /// Other names of subjects and teachers that have kept their codes.
+    void RenameSubjects(const CodedTexts& subjects);
+    void RenameTeachers(const CodedTexts& teachers);
 
     int RowCount() const { return static_cast<int>(rows_.size()); }
     bool HasRow(int row) const { return row >= 1 && row <= RowCount(); }
+    /// Nothing is entered.
+    bool IsBlank() const;
     /// `row` from 1 to RowCount().
     const SubjectRow& Row(int row) const { return rows_[static_cast<std::size_t>(row - 1)]; }
     /// The row of a subject; 0 for none.
@@ -91,7 +101,9 @@ public:
     /// What the marks of the subjects are out of together, those left out that are not taken for rank.
     double TotalMark() const;
 
-    bool IsFrozen(int row) const;
+    /// The subject of the row has marks, so that it can't be taken out.
+    bool HasMarks(int row) const { return marks_.count(Row(row).subjectCode) > 0; }
+    bool IsFrozen(int row) const { return Row(row).stored && HasMarks(row); }
     /// Whether a cell can be entered at all. A row without a subject gets that first.
     bool Opens(int row, SubjectColumn column) const;
     /// Why a click on a cell opens nothing; empty where that needs no word, and where it opens.

@@ -198,7 +198,7 @@ void frmClassSubjectTeacher::cmdEdit_Click()
 
 void frmClassSubjectTeacher::DeleteRow(int row)
 {
-    if (sheet_.IsFrozen(row)) {
+    if (sheet_.HasMarks(row)) {
         Prompts::Information(SubjectsHaveMarks);
         return;
     }
@@ -243,8 +243,12 @@ void frmClassSubjectTeacher::TellRefusal(const SubjectRefusal& refusal)
     // What was typed stays, to be mended or compared with what another client has entered.
     Prompts::Information(refusal.text);
     sheet_.TakeMarks(refusal.marks);
-    if (const int row = sheet_.FindRow(refusal.belowMark); refusal.belowMark != 0 && row > 0)
-        subjects_->Open(row, SubjectColumn::MaximumAllowed);
+    if (refusal.subjectCode == 0)
+        return;
+    // But what can't be typed any more would be refused for ever.
+    sheet_.PutBackFrozen(shown_);
+    subjects_->ShowRows();
+    subjects_->Open(sheet_.FindRow(refusal.subjectCode), SubjectColumn::MaximumAllowed);
 }
 
 void frmClassSubjectTeacher::cmdDelete_Click()
@@ -311,3 +315,4 @@ QSize frmClassSubjectTeacher::sizeHint() const
 }
 
 } // namespace tally
+        ShowSubjects();

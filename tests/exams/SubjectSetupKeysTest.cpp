@@ -184,6 +184,10 @@ TEST_F(SubjectSetupKeys, ALetterAmongTheDigitsBeginsTheMaximumMarkAnew)
     EXPECT_EQ(maximum->text().toStdString(), "5") << "no decimals either";
     QTest::keyClick(maximum, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(maximum->selectedText().toStdString(), "5") << "a command is no letter";
+    QKeyEvent withAltGr(QEvent::KeyPress, Qt::Key_At, Qt::ControlModifier | Qt::AltModifier,
+                        QStringLiteral("@"));
+    QApplication::sendEvent(maximum, &withAltGr);
+    EXPECT_EQ(maximum->text().toStdString(), "") << "a sign typed by AltGr is one";
 }
 
 TEST_F(SubjectSetupKeys, ADroppedLetterLeavesTheOtherNumbersAlone)
@@ -332,10 +336,6 @@ TEST_F(SubjectSetupKeys, AnOrderThatStandsInAnotherRowIsRefusedOnEnterAndOnLeavi
     prompts.Verify();
     EXPECT_EQ(Focus(), "txtOrder");
     EXPECT_EQ(Cell(2, 6), "") << "leaving empties the cell";
-    Enter("5");
-    EXPECT_EQ(RowText(2), "2|English|Mary|100|50|No|5");
-    EXPECT_EQ(subject->Row(), 3);
-}
     EXPECT_EQ(order->text().toStdString(), "") << "and the box with it";
     QTest::keyClick(order, Qt::Key_Tab);
     Settle();
@@ -350,6 +350,10 @@ TEST_F(SubjectSetupKeys, AnOrderThatStandsInAnotherRowIsRefusedOnEnterAndOnLeavi
         EXPECT_EQ(order->selectedText().toStdString(), "1");
         EXPECT_EQ(Cell(2, 6), "1");
     }
+    Enter("5");
+    EXPECT_EQ(RowText(2), "2|English|Mary|100|50|No|5");
+    EXPECT_EQ(subject->Row(), 3);
+}
 
 TEST_F(SubjectSetupKeys, AnOrderHasFiveDigitsAtMost)
 {
@@ -411,10 +415,6 @@ TEST_F(SubjectSetupKeys, ANameThatBeginsAnotherOneCanBeTypedOn)
     EXPECT_EQ(RowText(2), "2||||||");
 }
 
-TEST_F(SubjectSetupKeys, AWordThatIsNoSubjectOrTeacherIsRefusedOnEnter)
-{
-    StartNew();
-    prompts.ExpectInformation(QStringLiteral("Select Subject Name"));
 TEST_F(SubjectSetupKeys, ARepeatedSubjectTakenFromTheListIsRefusedThoughALongerNameBeginsWithIt)
 {
     Given("INSERT INTO SubjectMaster VALUES (6, 'Art Of Speech', 'Spe', 0)");
@@ -452,6 +452,10 @@ TEST_F(SubjectSetupKeys, ATeacherWhomTheListHasCompletedStandsInTheCellHoweverTh
     EXPECT_EQ(grid->TextMatrix(1, SubjectColumn::TeacherCode).toStdString(), "7");
 }
 
+TEST_F(SubjectSetupKeys, AWordThatIsNoSubjectOrTeacherIsRefusedOnEnter)
+{
+    StartNew();
+    prompts.ExpectInformation(QStringLiteral("Select Subject Name"));
     Enter("Xyz");
     prompts.Verify();
     EXPECT_EQ(Focus(), "dbcSubject");
@@ -545,6 +549,41 @@ TEST_F(SubjectSetupKeys, ASubjectWithMarksCannotBeDeleted)
     EXPECT_EQ(grid->Rows(), 4);
 }
 
+TEST_F(SubjectSetupKeys, ASubjectTypedAnewIsFilledOnceBesideItsMarksAndCannotBeDeletedEither)
+{
+    GivenMark(3, 45);
+    StartEdit();
+    Click(3, 1);
+    EnterCells({"Art", "Omar", "100"});
+    prompts.ExpectInformation(QStringLiteral(
+        "'Maximum Allowed' Marks Should Not Be Lesser Than Mark (45) Entered In 'Classwise Mark Entry'"));
+    EnterCells({"40"});
+    prompts.Verify();
+    EnterCells({"80", "Yes", "3"});
+    EXPECT_EQ(RowText(3), "3|Art|Omar|100|80|Yes|3");
+    Retype("txtDeleteSlNo", "3");
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Delete S.No. 3 ?"), true);
+    prompts.ExpectInformation(HasMarksText);
+    Press(Button("cmdDeleteRow"));
+    prompts.Verify();
+    Save(QStringLiteral("Record Updated"));
+    ChooseDivision("A");
+    Press(Button("cmdEdit"));
+    prompts.ExpectInformation(FrozenText);
+    Click(3, 2);
+}
+
+TEST_F(SubjectSetupKeys, ARowWithThreeDigitsCanBeDeleted)
+{
+    for (int code = 10; code < 110; ++code)
+        school->AddSubject(1, code, QByteArray::number(code).constData(), code);
+    StartEdit();
+    ASSERT_EQ(grid->Rows(), 104);
+    DeleteRow(101);
+    EXPECT_EQ(grid->Rows(), 103);
+    EXPECT_EQ(Cell(101, 6), "109") << "the one below has moved up";
+}
+
 TEST_F(SubjectSetupKeys, OnlyARowThatThereIsCanBeDeleted)
 {
     StartEdit();
@@ -567,9 +606,10 @@ TEST_F(SubjectSetupKeys, TheLettersLeadToOneControlEach)
     OpenForm();
     ExpectOneControlALetter(form);
     EXPECT_EQ(form->windowTitle().toStdString(), "Classwise Subject - Teacher - Mark  Entry");
-    EXPECT_EQ(Find<QLabel>(form, "lblNote")->text().simplified().toStdString(),
-              "Note : Depending Upon The Numeric Value Given In 'Subject Order' Column, Subjects Will Be "
-              "Displayed In Ascending Order In All The Report Screens And Print-Outs");
+    EXPECT_EQ(Find<QLabel>(form, "lblNote")->text().toStdString(),
+              "Note :" + std::string(113, ' ') +
+                  "Depending Upon The Numeric Value Given In 'Subject Order' Column, Subjects Will Be "
+                  "Displayed In Ascending Order In All The Report Screens And Print-Outs");
     EXPECT_EQ(Box("txtDeleteSlNo")->toolTip().toStdString(), "Enter Sl No. To Delete ");
 }
 

@@ -76,13 +76,13 @@ protected:
     }
     /// Refused, and what is stored stays.
     void ExpectRefused(const char* text, const std::vector<TaughtSubject>& shown,
-                       const std::vector<TaughtSubject>& wanted, int belowMark = 0)
+                       const std::vector<TaughtSubject>& wanted, int subjectCode = 0)
     {
         const AllRows before(school.main);
         const auto refusal = Replace(DivisionA, shown, wanted);
         ASSERT_TRUE(refusal);
         EXPECT_EQ(refusal->text.toStdString(), text);
-        EXPECT_EQ(refusal->belowMark, belowMark);
+        EXPECT_EQ(refusal->subjectCode, subjectCode);
         EXPECT_EQ(refusal->marks.size(), repository.Marks(DivisionA).size());
         before.ExpectTouchedOnly(school.main, "", {});
     }
@@ -223,7 +223,7 @@ TEST_F(SubjectSetupRepositoryTest, ASubjectThatGotMarksMeanwhileStaysInTheSet)
     const auto shown = repository.Read(DivisionA);
     ASSERT_EQ(shown[1].subjectCode, 1);
     ExpectRefused("Already Marks Are Entered For This Class-Division-Subject(s). So You Can't Delete", shown,
-                  {shown[0]});
+                  {shown[0]}, 1);
     EXPECT_FALSE(Replace(DivisionA, shown, {shown[1]})) << "Maths, which has no mark, may go";
 }
 
@@ -235,7 +235,7 @@ TEST_F(SubjectSetupRepositoryTest, ASubjectThatGotMarksMeanwhileKeepsItsTeacherM
         change(wanted[1]);
         ExpectRefused("Already Marks Are Entered For This Subject\r\nYou Can Edit Only 'Maximum Allowed' And "
                       "'Taken For Rank' Fields",
-                      shown, wanted);
+                      shown, wanted, 1);
     };
     refuse([](TaughtSubject& subject) { subject.teacherCode = 8; });
     refuse([](TaughtSubject& subject) { subject.maximumMark = 90; });

@@ -203,6 +203,8 @@ TEST_F(SubjectSetupSheetTest, TwoRowsCannotHoldOneSubject)
     sheet.SetSubject(3, 0, QStringLiteral(" maths "));
     EXPECT_EQ(Text(sheet.EnterSubject(3)), "0 1 Subject Already Selected");
     EXPECT_EQ(RowText(3), "3||||||||");
+    sheet.SetSubject(3, 2, QStringLiteral("Mathematics"));
+    EXPECT_EQ(sheet.DropRepeatedSubject(3).toStdString(), "Subject Already Selected") << "under another name";
     sheet.SetSubject(3, 3, QStringLiteral("Art"));
     EXPECT_EQ(sheet.DropRepeatedSubject(3), QString());
     EXPECT_EQ(Text(sheet.EnterSubject(3)), To(3, Teacher));
@@ -309,6 +311,80 @@ TEST_F(SubjectSetupSheetTest, ADeletedRowLeavesTheOthersAndABlankOneAtTheEnd)
     ASSERT_EQ(sheet.RowCount(), 1);
     sheet.DeleteRow(1);
     ASSERT_EQ(sheet.RowCount(), 1);
+}
+
+TEST_F(SubjectSetupSheetTest, WhatMarksFreezeMeanwhileIsPutBackAndTheRestStaysAsItWasTyped)
+{
+    const auto stored = sheet.Subjects();
+    Fill(2, 2, "Maths", "60");
+    sheet.SetMaximumAllowed(2, QStringLiteral("50"));
+    sheet.SetOrder(2, QStringLiteral("7"));
+    Fill(3, 3, "Art");
+    sheet.SetOrder(3, QStringLiteral("3"));
+    sheet.TakeMarks({{1, {3, 45}}, {2, {1, 10}}});
+    sheet.PutBackFrozen(stored);
+    EXPECT_EQ(RowText(1), "1|English|Mary|100|100|Yes|1|1|7");
+    EXPECT_EQ(RowText(2), "2|Maths|Noor|100|50|Yes|2|2|8");
+    EXPECT_TRUE(sheet.IsFrozen(2));
+    EXPECT_EQ(RowText(3), "3|Art|Omar|100|100|Yes|3|3|9");
+    EXPECT_EQ(RowText(4), "4||||||||");
+    EXPECT_EQ(sheet.RowCount(), 4);
+}
+
+TEST_F(SubjectSetupSheetTest, MoreThanTheFrozenMaximumMarkIsNotKept)
+{
+    const auto stored = sheet.Subjects();
+    sheet.SetMaximumMark(2, QStringLiteral("200"));
+    sheet.TakeMarks({{2, {1, 10}}});
+    sheet.PutBackFrozen(stored);
+    EXPECT_EQ(RowText(2), "2|Maths|Noor|100|80|No|2|2|8");
+}
+
+TEST_F(SubjectSetupSheetTest, ASubjectThatGotMarksAfterItWasTakenOutComesBack)
+{
+    const auto stored = sheet.Subjects();
+    sheet.DeleteRow(2);
+    Fill(2, 3, "Art");
+    sheet.SetOrder(2, QStringLiteral("3"));
+    sheet.TakeMarks({{2, {1, 10}}});
+    sheet.PutBackFrozen(stored);
+    EXPECT_EQ(RowText(2), "2|Art|Omar|100|100|Yes|3|3|9");
+    EXPECT_EQ(RowText(3), "3|Maths|Noor|100|80|No|2|2|8");
+    EXPECT_TRUE(sheet.IsFrozen(3));
+    EXPECT_EQ(RowText(4), "4||||||||");
+    EXPECT_EQ(Fault(), "");
+}
+
+TEST_F(SubjectSetupSheetTest, ARowTypedForASubjectThatHasMarksCanBeFilledButNotTakenOut)
+{
+    sheet.TakeMarks({{3, {1, 10}}});
+    sheet.SetSubject(3, 3, QStringLiteral("Art"));
+    for (const auto column : {Subject, Teacher, MaximumMark, MaximumAllowed, TakenForRank, Order})
+        EXPECT_TRUE(sheet.Opens(3, column)) << static_cast<int>(column);
+    EXPECT_TRUE(sheet.HasMarks(3));
+    EXPECT_FALSE(sheet.HasMarks(2));
+}
+
+TEST_F(SubjectSetupSheetTest, OtherNamesReachTheRowsByTheirCodes)
+{
+    sheet.SetSubject(3, 0, QStringLiteral("Art"));
+    sheet.RenameSubjects({{0, " "}, {2, "Mathematics"}, {3, "Drawing"}});
+    sheet.RenameTeachers({{0, " "}, {7, "Mary Ann"}});
+    EXPECT_EQ(RowText(1), "1|English|Mary Ann|100|100|Yes|1|1|7") << "a name that is not listed stays";
+    EXPECT_EQ(RowText(2), "2|Mathematics|Noor|100|80|No|2|2|8");
+    EXPECT_EQ(RowText(3), "3|Art|||||||") << "what is only a text has no other name";
+    EXPECT_EQ(Fault(), "3 5 Select Rank");
+}
+
+TEST_F(SubjectSetupSheetTest, ASheetIsBlankUntilSomethingIsEntered)
+{
+    EXPECT_FALSE(sheet.IsBlank());
+    sheet.Clear();
+    EXPECT_TRUE(sheet.IsBlank());
+    sheet.SetSubject(1, 0, QStringLiteral("M"));
+    EXPECT_FALSE(sheet.IsBlank());
+    sheet.SetSubject(1, 0, {});
+    EXPECT_TRUE(sheet.IsBlank());
 }
 
 TEST_F(SubjectSetupSheetTest, ARowIsPutBackWhole)
