@@ -137,7 +137,6 @@ public:
         Find<QPushButton>("cmdNew")->click();
         Choose("cboClass", 1);
         Choose("cboDivision", DivisionCode);
-        Find<QComboBox>("cboDivision")->setFocus();
         Press(Qt::Key_Return, QStringLiteral("\r"));
         QApplication::processEvents();
         ExpectFocus("dbcSubject");
@@ -179,6 +178,7 @@ private:
         const int index = list->findData(code);
         if (index < 0)
             qFatal("%s does not offer %d", name, code);
+        list->setFocus();
         list->setCurrentIndex(index);
         Q_EMIT list->activated(index);
     }

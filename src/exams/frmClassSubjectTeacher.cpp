@@ -15,8 +15,7 @@
 #include "exams/SubjectSetupRepository.h"
 #include "ui_frmClassSubjectTeacher.h"
 
-#include <QKeyEvent>
-
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -59,13 +58,16 @@ void frmClassSubjectTeacher::ConnectHandlers()
                    [this] { LoadSubjectList(); });
     new SideButton(this, ui_->cmdAddTeacher, ui_->msgDetails, QStringLiteral("frmTeacherMaster"),
                    [this] { LoadTeacherList(); });
-    classDivision_ = new DivisionChoice(this, ui_->cboClass, ui_->cboDivision, DivisionChoice::Order::ByName);
-    for (DataCombo* list : {ui_->cboClass, ui_->cboDivision})
-        connect(list, &DataCombo::Chosen, this, &Form::ShowSubjects);
+    classDivision_ = new DivisionChoice(this, ui_->cboClass, ui_->cboDivision, DivisionChoice::Order::ByName,
+                                        DivisionChoice::Reads::OnceSettled);
+    for (DataCombo* list : {ui_->cboClass, ui_->cboDivision}) {
+        list->SetGivingUp({ui_->cmdCancel, ui_->cmdExit});
+        connect(list, &DataCombo::Chosen, this, &Form::List_Change);
+        connect(list, &DataCombo::Settled, this, &Form::ReadChoice);
+    }
     ui_->cboDivision->setProperty(TakesEnter, true);
-    ui_->cboDivision->installEventFilter(this);
     connect(ui_->msgDetails, &FlexGrid::CellClicked, this, &Form::msgDetails_Click);
-    connect(subjects_, &SubjectSetupGrid::Changed, this, &Form::ShowTotalMark);
+    connect(subjects_, &SubjectSetupGrid::Changed, this, &Form::Sheet_Change);
     const auto onClick = [this](const QPushButton* button, void (Form::*handler)()) {
         connect(button, &QPushButton::clicked, this, [this, handler] {
             if (!subjects_->Boxes()->KeepsFocus())
@@ -81,20 +83,43 @@ void frmClassSubjectTeacher::ConnectHandlers()
 
 void frmClassSubjectTeacher::Form_Load()
 {
-    LoadClass();
-    LoadSubjectList();
-    LoadTeacherList();
-    ShowTotalMark();
-    ui_->cmdNew->setFocus();
+    LoadLists();
+    Show({});
+    (listsAreRead_ ? ui_->cmdNew : ui_->cmdCancel)->setFocus();
 }
 
-void frmClassSubjectTeacher::LoadClass()
+void frmClassSubjectTeacher::LoadLists()
 {
-    Read([this] { classDivision_->Load(); });
+    const auto lists = Fetch([this] {
+        SubjectSetupRepository repository(MainStore());
+        auto read = std::pair(repository.SubjectsBehindBlank(), repository.TeachersBehindBlank());
+        classDivision_->Load();
+        return read;
+    });
+    listsAreRead_ = lists.has_value();
+    if (!listsAreRead_) {
+        classDivision_->ChooseClass(0);
+        return;
+    }
+    subjects_->SetSubjects(lists->first);
+    subjects_->SetTeachers(lists->second);
+}
+
+void frmClassSubjectTeacher::ShowState(MasterState state)
+{
+    MasterScreen::ShowState(state);
+    ui_->cmdNew->setEnabled(ui_->cmdNew->isEnabled() && listsAreRead_);
+    LockChoice();
+}
+
+void frmClassSubjectTeacher::LockChoice()
+{
+    ui_->Frame1->setEnabled(!IsEditing() && !(IsNew() && !sheet_.IsBlank()));
 }
 
 void frmClassSubjectTeacher::RefillClass()
 {
+    SettleChoice();
     const SchoolScope before = Scope();
     Read([this] { classDivision_->Refill(); });
     // What is on the screen stays, unless its division has gone.
@@ -135,6 +160,11 @@ void frmClassSubjectTeacher::ShowSubjects()
             // A set that could not be read must not pass for none.
             ui_->cboDivision->SetBoundCode(0);
     }
+    Show(std::move(stored));
+}
+
+void frmClassSubjectTeacher::Show(StoredSubjects stored)
+{
     shown_ = std::move(stored.subjects);
     sheet_.Load(shown_, stored.marks);
     subjects_->ShowRows();
@@ -144,39 +174,62 @@ void frmClassSubjectTeacher::ShowSubjects()
         ShowState(entering_ ? MasterState::New : MasterState::Idle);
 }
 
-void frmClassSubjectTeacher::cboDivision_Enter()
+void frmClassSubjectTeacher::List_Change()
+{
+    Show({});
+}
+
+void frmClassSubjectTeacher::ReadChoice(bool goesOn)
 {
     ShowSubjects();
-    if (!IsChosen())
-        return;
+    if (goesOn && IsChosen())
+        GoOn();
+}
+
+void frmClassSubjectTeacher::SettleChoice()
+{
+    for (DataCombo* list : {ui_->cboClass, ui_->cboDivision})
+        list->Settle();
+}
+
+void frmClassSubjectTeacher::GoOn()
+{
     if (!shown_.empty())
         ui_->cmdEdit->setFocus();
     else if (IsNew())
         subjects_->Open(1, SubjectColumn::Subject);
-    else
+    else if (ui_->cboDivision->hasFocus())
         focusNextChild();
 }
 
 void frmClassSubjectTeacher::msgDetails_Click(int row, int col)
 {
-    if (IsChosen())
+    SettleChoice();
+    if (IsChosen() && ui_->fraMain->isEnabled())
         subjects_->Click(row, col);
 }
 
 void frmClassSubjectTeacher::ShowTotalMark()
 {
     ui_->lblMaximumMark->setText(PlainNumber(sheet_.TotalMark()));
+}
+
+void frmClassSubjectTeacher::Sheet_Change()
+{
+    ShowTotalMark();
     deleteRow_->Refresh();
+    LockChoice();
 }
 
 void frmClassSubjectTeacher::cmdNew_Click()
 {
     if (!MayUse(Right::New))
         return;
+    SettleChoice();
     entering_ = true;
     ShowState(MasterState::New);
     if (IsChosen())
-        cboDivision_Enter();
+        ReadChoice(true);
     else
         (ui_->cboClass->BoundCode() == 0 ? ui_->cboClass : ui_->cboDivision)->setFocus();
 }
@@ -220,6 +273,7 @@ bool frmClassSubjectTeacher::IsReady()
 
 void frmClassSubjectTeacher::cmdSave_Click()
 {
+    SettleChoice();
     subjects_->Close();
     if (!IsReady())
         return;
@@ -272,6 +326,7 @@ void frmClassSubjectTeacher::cmdDelete_Click()
         return;
     if (!refusal.isEmpty()) {
         Prompts::Information(refusal);
+        ShowSubjects();
         return;
     }
     CancelAndTellDeleted();
@@ -282,13 +337,9 @@ void frmClassSubjectTeacher::cmdCancel_Click()
     entering_ = false;
     subjects_->Close();
     ClearControls(this);
-    LoadClass();
-    LoadSubjectList();
-    LoadTeacherList();
-    ui_->cboClass->SetBoundCode(0);
-    ui_->cboDivision->SetBoundCode(0);
-    ShowSubjects();
-    ui_->cmdNew->setFocus();
+    LoadLists();
+    Show({});
+    (listsAreRead_ ? ui_->cmdNew : ui_->cmdCancel)->setFocus();
 }
 
 void frmClassSubjectTeacher::cmdExit_Click()
@@ -297,22 +348,9 @@ void frmClassSubjectTeacher::cmdExit_Click()
         MasterScreen::cmdExit_Click();
 }
 
-bool frmClassSubjectTeacher::eventFilter(QObject* receiver, QEvent* event)
-{
-    if (receiver == ui_->cboDivision && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            cboDivision_Enter();
-            return true;
-        }
-    }
-    return MasterScreen::eventFilter(receiver, event);
-}
-
 QSize frmClassSubjectTeacher::sizeHint() const
 {
     return {1000, 680};
 }
 
 } // namespace tally
-        ShowSubjects();

@@ -37,8 +37,23 @@ protected:
         Press(Button("cmdSave"));
         prompts.Verify();
         EXPECT_EQ(Rows(), rows);
-        EXPECT_EQ(EnabledControls(), Entering);
+        EXPECT_EQ(EnabledControls(), Typing);
         EXPECT_EQ(Stored(1) + Stored(2), stored);
+        EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
+    }
+    /// Saves, is told `text`, finds `rows` on the screen and nothing stored, and the keyboard in what can
+    /// still be entered of the subject.
+    void SavePutsBack(const QString& text, const std::string& rows, int row)
+    {
+        const std::string stored = Stored(1);
+        prompts.ExpectInformation(text);
+        Press(Button("cmdSave"));
+        prompts.Verify();
+        EXPECT_EQ(Rows(), rows);
+        EXPECT_EQ(EnabledControls(), Typing);
+        EXPECT_EQ(Focus(), "TxtMaximumAllowed");
+        EXPECT_EQ(allowed->Row(), row);
+        EXPECT_EQ(Stored(1), stored);
         EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
     }
     void SaveStartsAnew(const QString& text)
@@ -195,16 +210,52 @@ TEST_F(SubjectSetupSave, ASubjectThatGotMarksWhileItWasTakenOutStays)
     StartEdit();
     DeleteRow(1);
     OtherMark(2, 60);
-    SaveIsRefused(HasMarksText);
+    SavePutsBack(HasMarksText, "1|English|Mary|100|50|No|2 2|Maths|Noor|100|100|Yes|1 3||||||", 2);
+    Enter("70");
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored(1), "1 2 8 70/100 Yes; 2 1 7 50/100 No");
+}
+
+TEST_F(SubjectSetupSave, ASubjectThatGotMarksWhileAnotherOneTookItsRowStays)
+{
+    StartEdit();
+    Click(1, 1);
+    EnterCells({"Tamil"});
+    OtherMark(2, 60);
+    SavePutsBack(HasMarksText,
+                 "1|Tamil|Noor|100|100|Yes|1 2|English|Mary|100|50|No|2 3|Maths|Noor|100|100|Yes|1 4||||||",
+                 3);
+    prompts.ExpectInformation(QStringLiteral("Subject Order Already Exists"));
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_EQ(order->Row(), 1) << "the one that can be mended";
+    Enter("3");
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored(1), "1 2 8 100/100 Yes; 2 1 7 50/100 No; 3 4 8 100/100 Yes");
 }
 
 TEST_F(SubjectSetupSave, ASubjectThatGotMarksWhileItWasChangedKeepsWhatIsFrozen)
 {
-    EditMaximumOfMaths();
+    StartEdit();
+    Click(1, 2);
+    EnterCells({"Omar", "80", "70", "No", "9"});
+    Click(2, 4);
+    Enter("40");
     OtherMark(2, 60);
-    SaveIsRefused(FrozenText);
+    SavePutsBack(FrozenText, "1|Maths|Noor|100|70|No|1 2|English|Mary|100|40|No|2 3||||||", 1);
     prompts.ExpectInformation(FrozenText);
     Click(1, 3);
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored(1), "1 2 8 70/100 No; 2 1 7 40/100 No");
+}
+
+TEST_F(SubjectSetupSave, AFrozenSubjectIsNotAllowedMoreThanItsMaximumMark)
+{
+    StartEdit();
+    Click(1, 3);
+    Enter("200");
+    OtherMark(2, 60);
+    SavePutsBack(FrozenText, "1|Maths|Noor|100|100|Yes|1 2|English|Mary|100|50|No|2 3||||||", 1);
 }
 
 TEST_F(SubjectSetupSave, AMarkEnteredWhileLessWasAllowedIsToldAndTheBoxOpens)
@@ -244,8 +295,21 @@ TEST_F(SubjectSetupSave, ADivisionDeletedMeanwhileIsToldAndTheScreenStartsAnew)
     LeaveOthersUnguarded();
     Other("DELETE FROM ClassDivisionDetails WHERE ClassCode = 1 AND DivisionCode = 2");
     SaveStartsAnew(MasterIsGoneText);
-    Choose(classes, QStringLiteral("X"));
+    ChooseClass();
+    EXPECT_EQ(divisions->count(), 2);
     EXPECT_EQ(divisions->findText(QStringLiteral("B")), -1) << "the lists are read anew";
+}
+
+TEST_F(SubjectSetupSave, AClassDeletedMeanwhileIsToldAndTheScreenStartsAnew)
+{
+    StartArt();
+    LeaveOthersUnguarded();
+    for (const char* table : {"RankMaster", "MarkMaster", "TempRankTotal", "StudentClassDivision",
+                              "ClassSubjectTeacher", "ClassDivisionDetails", "ClassDivisionMaster"})
+        AnotherClient()->Execute(
+            QStringLiteral("DELETE FROM %1 WHERE ClassCode = 1").arg(QLatin1String(table)));
+    SaveStartsAnew(MasterIsGoneText);
+    EXPECT_EQ(classes->findText(QStringLiteral("X")), -1) << "the lists are read anew";
 }
 
 TEST_F(SubjectSetupSave, ALockKeepsWhatWasTypedForASecondTry)
@@ -260,7 +324,7 @@ TEST_F(SubjectSetupSave, ALockKeepsWhatWasTypedForASecondTry)
         prompts.Verify();
     }
     EXPECT_EQ(RowText(1), "1|Art|Omar|100|80|Yes|1");
-    EXPECT_EQ(EnabledControls(), Entering);
+    EXPECT_EQ(EnabledControls(), Typing);
     Save();
     EXPECT_EQ(Stored(2), "1 3 9 80/100 Yes");
 }
@@ -296,7 +360,7 @@ TEST_F(SubjectSetupSave, AFaultInReadingTheListsAnewSaysThatTheSetIsSaved)
     Press(Button("cmdSave"));
     Given("ALTER TABLE FarAway RENAME TO ClassDivisionMaster");
     EXPECT_EQ(Stored(2), "1 3 9 80/100 Yes");
-    EXPECT_EQ(EnabledControls(), Idle);
+    EXPECT_EQ(EnabledControls(), "Frame1 cmdCancel cmdExit") << "without the lists nothing is begun";
     EXPECT_EQ(Rows(), "1||||||");
 }
 
@@ -355,6 +419,45 @@ TEST_F(SubjectSetupSave, ASetChangedSinceItWasShownIsNotDeletedUnseen)
     Press(Button("cmdDelete"));
     prompts.Verify();
     EXPECT_EQ(Stored(1), "1 2 8 100/100 Yes; 2 1 7 50/100 Yes");
+    EXPECT_EQ(RowText(2), "2|English|Mary|100|50|Yes|2") << "and is seen then";
+    prompts.ExpectQuestion(DeleteQuestion, true);
+    prompts.ExpectInformation(QStringLiteral("Record Deleted"));
+    Press(Button("cmdDelete"));
+    EXPECT_EQ(Stored(1), "");
+}
+
+TEST_F(SubjectSetupSave, ASetThatAnotherClientHasDeletedIsGoneFromTheScreenToo)
+{
+    OpenForm();
+    ChooseDivision("A");
+    OtherInA("DELETE FROM ClassSubjectTeacher WHERE SubjectCode > 0");
+    prompts.ExpectQuestion(DeleteQuestion, true);
+    prompts.ExpectInformation(QStringLiteral("Subjects Of This Class-Division Were Changed By Another User "
+                                             "Meanwhile.\nYou Cannot Delete This Data."));
+    Press(Button("cmdDelete"));
+    prompts.Verify();
+    EXPECT_EQ(Rows(), "1||||||");
+    EXPECT_EQ(EnabledControls(), Idle);
+}
+
+TEST_F(SubjectSetupSave, ADiskThatTakesNothingMoreKeepsTheSetThatWasToGo)
+{
+    OpenForm();
+    ChooseDivision("A");
+    {
+        const FileSizeLimit full(0);
+        prompts.ExpectQuestion(DeleteQuestion, true);
+        prompts.ExpectCritical(
+            QStringLiteral("The Database File Could Not Be Read Or Written (disk I/O error)"));
+        Press(Button("cmdDelete"));
+        prompts.Verify();
+    }
+    EXPECT_EQ(Stored(1), "1 2 8 100/100 Yes; 2 1 7 50/100 No");
+    EXPECT_EQ(EnabledControls(), Found);
+    prompts.ExpectQuestion(DeleteQuestion, true);
+    prompts.ExpectInformation(QStringLiteral("Record Deleted"));
+    Press(Button("cmdDelete"));
+    EXPECT_EQ(Stored(1), "");
 }
 
 TEST_F(SubjectSetupSave, ALockedDeleteIsToldInItsOwnWords)

@@ -56,9 +56,15 @@ void SubjectSetupScreen::OpenNew()
     Press(Button("cmdNew"));
 }
 
-void SubjectSetupScreen::ChooseDivision(const char* division)
+void SubjectSetupScreen::ChooseClass() const
 {
     Choose(classes, QStringLiteral("X"));
+    QTest::keyClick(classes, Qt::Key_Return);
+}
+
+void SubjectSetupScreen::ChooseDivision(const char* division)
+{
+    ChooseClass();
     Choose(divisions, QString::fromLatin1(division));
     QTest::keyClick(divisions, Qt::Key_Return);
 }
@@ -75,7 +81,7 @@ void SubjectSetupScreen::StartEdit()
     OpenForm();
     ChooseDivision("A");
     Press(Button("cmdEdit"));
-    ASSERT_EQ(EnabledControls(), Entering);
+    ASSERT_EQ(EnabledControls(), Typing);
 }
 
 std::string SubjectSetupScreen::Focus() const

@@ -26,6 +26,8 @@ inline const QString ChangedMeanwhileText = QStringLiteral(
 /// while a stored one is looked at.
 inline const std::string Idle = "Frame1 cmdNew cmdCancel cmdExit";
 inline const std::string Entering = "Frame1 fraMain cmdSave cmdCancel cmdExit";
+/// Once something is typed, and while a set is edited, no other class-division can be chosen.
+inline const std::string Typing = "fraMain cmdSave cmdCancel cmdExit";
 inline const std::string Found = "Frame1 cmdEdit cmdDelete cmdCancel cmdExit";
 
 /// The set-up screen over the divisions X A and X B. A takes Maths (code 2, order 1, Noor, 100 out of 100)
@@ -40,6 +42,8 @@ protected:
     /// With neighbours on all sides of what the test has laid down by then.
     void OpenForm();
     void OpenNew();
+    /// The class, and Enter.
+    void ChooseClass() const;
     /// The class and the division, and Enter in the latter.
     void ChooseDivision(const char* division);
     /// New, division B, and the keyboard in its first subject.
