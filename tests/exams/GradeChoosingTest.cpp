@@ -48,10 +48,33 @@ TEST_F(GradeChoosing, TheScreenOpensForBrowsing)
 TEST_F(GradeChoosing, TheNoteTellsWhatATableNeeds)
 {
     OpenForm();
-    EXPECT_EQ(Find<QLabel>(form, "lblNote")->text().simplified().toStdString(),
-              "Note : 1. Enter Grade For All Criteria - From Maximum Average To 0 2. Enter Last Row As 0 "
-              "(Zero) In Both Average Columns (Total Average and Subject Average)");
+    EXPECT_EQ(Find<QLabel>(form, "lblNote")->text().toStdString(),
+              "Note :                                                           1. Enter Grade For All "
+              "Criteria - From Maximum          Average To 0                                              "
+              "2. Enter Last Row As 0 (Zero) In Both Average        Columns (Total Average and Subject  "
+              "Average)");
     EXPECT_EQ(Box("txtDeleteSlNo")->toolTip().toStdString(), "Enter Sl No. To Delete ");
+}
+
+TEST_F(GradeChoosing, TheNoteStandsBelowTheGrades)
+{
+    OpenForm();
+    const auto* note = Find<QLabel>(form, "lblNote");
+    EXPECT_GE(note->mapTo(form, QPoint()).y(), grid->mapTo(form, QPoint(0, grid->height())).y());
+}
+
+TEST_F(GradeChoosing, EachListAndBoxHasItsLabel)
+{
+    OpenForm();
+    for (const auto& [label, text, buddy] :
+         {std::tuple("lblExam", "Exam Name :", "dbcExam"), std::tuple("lblClass", "Class :", "cboClass"),
+          std::tuple("lblDivision", "Division :", "cboDivision"),
+          std::tuple("lblDeleteSlNo", "S.No : ", "txtDeleteSlNo")}) {
+        const auto* shown = Find<QLabel>(form, label);
+        EXPECT_EQ(shown->text().remove(QLatin1Char('&')).toStdString(), text);
+        EXPECT_EQ(shown->buddy(), Find<QWidget>(form, buddy)) << text;
+    }
+    EXPECT_EQ(Button("cmdDeleteRow")->text().remove(QLatin1Char('&')).toStdString(), "Delete Row");
 }
 
 TEST_F(GradeChoosing, FitsTheSmallestScreenWithNothingCutOff)
