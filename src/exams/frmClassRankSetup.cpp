@@ -3,6 +3,7 @@
 #include "core/school/SchoolListRepository.h"
 #include "core/SessionContext.h"
 #include "core/ui/controls/CellEditors.h"
+#include "core/ui/controls/ClosedGridKeys.h"
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/RowDelete.h"
@@ -106,6 +107,7 @@ void frmClassRankSetup::ConnectHandlers()
         });
         list->view()->installEventFilter(this);
     }
+    new ClosedGridKeys(ui_->msgDetails, this);
     connect(ui_->msgDetails, &FlexGrid::CellClicked, this, &Form::msgDetails_Click);
     connect(ui_->cmdNew, &QPushButton::clicked, this, &Form::cmdNew_Click);
     connect(ui_->cmdEdit, &QPushButton::clicked, this, &Form::cmdEdit_Click);

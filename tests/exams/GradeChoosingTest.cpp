@@ -185,6 +185,49 @@ TEST_F(GradeChoosing, AChoiceIsReadInTwoStatementsWhateverTheTableAndOnlyOnce)
     EXPECT_EQ(Session().gcnnMain->StatementsRun() - before, reading);
 }
 
+TEST_F(GradeChoosing, ALongTableThatIsOnlyShownIsLookedThroughWithTheKeys)
+{
+    constexpr int Grades = 60;
+    for (int row = 1; row <= Grades; ++row)
+        school->AddBand(1, Grades - row, 10, QByteArray::number(row).constData(), row);
+    GivenMark();
+    OpenForm();
+    ChooseDivision();
+    prompts.ExpectInformation(MarksStandAgainstIt);
+    PressKey(form, Qt::Key_Return);
+    ASSERT_EQ(EnabledControls(), Locked);
+    const auto isSeen = [this](int row) {
+        return grid->viewport()->rect().intersects(grid->CellRect(row, 1));
+    };
+    ASSERT_FALSE(isSeen(Grades));
+    ASSERT_EQ(FocusName(), "cboDivision");
+    for (int page = 0; page < 20; ++page)
+        PressKey(form, Qt::Key_PageDown);
+    EXPECT_TRUE(isSeen(Grades));
+    EXPECT_TRUE(division->IsBlank());
+    for (int page = 0; page < 20; ++page)
+        PressKey(form, Qt::Key_PageUp);
+    EXPECT_TRUE(isSeen(1));
+    Button("cmdCancel")->setFocus();
+    PressKey(form, Qt::Key_Down);
+    EXPECT_FALSE(isSeen(1));
+    EXPECT_TRUE(isSeen(2));
+    EXPECT_EQ(FocusName(), "cmdCancel");
+    PressKey(form, Qt::Key_Up);
+    EXPECT_TRUE(isSeen(1));
+}
+
+TEST_F(GradeChoosing, WhereNothingLiesOutOfSightTheKeysOfListsAndButtonsAreTheirOwn)
+{
+    GivenGrades();
+    ShowStored();
+    PressKey(form, Qt::Key_Down);
+    EXPECT_EQ(FocusName(), "cmdDelete");
+    List("dbcExam")->setFocus();
+    PressKey(form, Qt::Key_PageDown);
+    EXPECT_EQ(List("dbcExam")->currentText().toStdString(), "Term Two");
+}
+
 TEST_F(GradeChoosing, StoredRowsComeInTheirPlacesWhateverTheirAverages)
 {
     school->AddBand(1, 10, 10.5, "B", 1);
