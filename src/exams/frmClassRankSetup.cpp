@@ -27,8 +27,9 @@ namespace tally {
 namespace {
 
 constexpr int HelpScreenNo = 17;
-/// As many signs as a stored figure may have.
-constexpr int AverageLength = 16;
+/// No stored figure is written with more signs, however it came into the table: sign, 15 digits, point and
+/// exponent.
+constexpr int AverageLength = 22;
 constexpr int GradeLength = 2;
 
 } // namespace
@@ -236,7 +237,10 @@ void frmClassRankSetup::ShowRow(int row)
 
 void frmClassRankSetup::msgDetails_Click(int row, int col)
 {
-    if (IsComplete(Scope()) && grades_.MayEnter(row, col))
+    boxes_->Close();
+    // Whoever gave up leaving the screen has chosen without a look at what is stored.
+    ReadChoice();
+    if (isRead_ && (IsNew() || IsEditing()) && grades_.MayEnter(row, col))
         boxes_->Open(ui_->msgDetails, row, col);
 }
 
@@ -262,8 +266,10 @@ void frmClassRankSetup::Txttotalaverage_Enter(int row, const QString& text)
 
 QString frmClassRankSetup::Txttotalaverage_Leave(int row, const QString& text) const
 {
-    // The cell holds what was typed before the refused figure, which must not be saved for it.
-    return IsGivingUp() ? QString() : grades_.RefusalOfTotalAverage(row, text);
+    // The cell holds what was typed before the refused figure, which must not be saved for it. What stood
+    // there when the box opened may stay until the save: the mend can lie in another row.
+    const bool isInCell = text == grades_.Row(row).totalAverage;
+    return isInCell || IsGivingUp() ? QString() : grades_.RefusalOfTotalAverage(row, text);
 }
 
 void frmClassRankSetup::txtsubjectaverage_Change(int row, const QString& text)

@@ -19,6 +19,14 @@ protected:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
     }
+    /// Alt+X, which leaves a list without reading what is chosen in it.
+    void AskOnExitAndSayNo()
+    {
+        Session().gblnPromptOnExit = true;
+        prompts.ExpectQuestion(QStringLiteral("Do You Want To Exit Classwise Rank - Grade Setup ?"), false);
+        PressKey(form, Qt::Key_X, Qt::AltModifier);
+        prompts.Verify();
+    }
     void DeleteRow(const char* number, bool answer)
     {
         Retype("txtDeleteSlNo", number);
@@ -137,6 +145,35 @@ TEST_F(GradeEntry, ARefusedTotalAverageIsNotLeftForSave)
     EXPECT_EQ(Stored(), "1 40 30 B -; 2 0 0 C -");
 }
 
+TEST_F(GradeEntry, ARowThatStoodRefusedIsLeftWhereNothingWasTyped)
+{
+    GivenGrades();
+    StartEdit();
+    Click(1, 1);
+    Enter("50");
+    prompts.ExpectInformation(FromHighestToZero);
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_EQ(OpenBox(), "Txttotalaverage 2");
+    Click(1, 1);
+    EXPECT_EQ(OpenBox(), "Txttotalaverage 1");
+    Keys("90");
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored(), "1 90 50 A -; 2 60 40 B -; 3 0 0 C -");
+}
+
+TEST_F(GradeEntry, ARepeatedRowThatASaveHasOpenedCanBeDeleted)
+{
+    school->AddBand(1, 60, 50, "A", 1);
+    school->AddBand(1, 60, 0, "B", 2);
+    StartEdit();
+    prompts.ExpectInformation(AlreadyThere);
+    Press(Button("cmdSave"));
+    EXPECT_EQ(OpenBox(), "Txttotalaverage 2");
+    DeleteRow("2", true);
+    EXPECT_EQ(Rows(), "1|60|50|A 2|||");
+}
+
 TEST_F(GradeEntry, CancelAndExitAreReachedFromARefusedTotalAverage)
 {
     StartNew();
@@ -220,6 +257,38 @@ TEST_F(GradeEntry, AGradeHasTwoSignsOfThoseThatAGradeMayHave)
     EXPECT_EQ(Cell(1, 3), "A+");
 }
 
+TEST_F(GradeEntry, AStoredFractionKeepsItsPointWhileItIsTypedOver)
+{
+    school->AddBand(1, 40.25, 30.5, "A", 1);
+    school->AddBand(1, 0, 0, "B", 2);
+    StartEdit();
+    Click(1, 1);
+    PressKey(form, Qt::Key_End);
+    PressKey(form, Qt::Key_Backspace);
+    EXPECT_EQ(totalAverage->text().toStdString(), "40.2");
+    EXPECT_EQ(Cell(1, 1), "40.2");
+    Keys("7.");
+    EXPECT_EQ(Cell(1, 1), "40.27");
+    PressKey(form, Qt::Key_Return);
+    PressKey(form, Qt::Key_Home);
+    Keys("1");
+    EXPECT_EQ(Cell(1, 2), "130.5");
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Stored(), "1 40.27 130.5 A -; 2 0 0 B -");
+}
+
+TEST_F(GradeEntry, AStoredFigureIsWholeInItsBoxHoweverLongItIs)
+{
+    school->AddBand(1, 12345678901234567890.0, 1.0 / 3, "A", 1);
+    school->AddBand(1, 1.0 / 30000, -1.0 / 3e100, "B", 2);
+    StartEdit();
+    for (const auto& [row, col] : {std::pair(1, 1), std::pair(1, 2), std::pair(2, 1), std::pair(2, 2)}) {
+        Click(row, col);
+        const FloatingEditor* box = col == 1 ? totalAverage : subjectAverage;
+        EXPECT_EQ(box->text().toStdString(), Cell(row, col));
+    }
+}
+
 TEST_F(GradeEntry, AnEmptiedTotalAverageBlanksItsCell)
 {
     GivenGrades();
@@ -289,6 +358,49 @@ TEST_F(GradeEntry, NothingOpensOnTheNumberAndBehindAnEmptyTotalAverage)
         Click(row, col);
         EXPECT_EQ(OpenBox(), "none") << row << ' ' << col;
     }
+}
+
+TEST_F(GradeEntry, AClickThatOpensNothingPutsTheOpenBoxAway)
+{
+    GivenGrades();
+    StartEdit();
+    for (const auto& [row, col] : {std::pair(2, 0), std::pair(4, 2), std::pair(4, 3)}) {
+        Click(2, 1);
+        ASSERT_TRUE(totalAverage->isVisible());
+        Click(row, col);
+        for (const FloatingEditor* box : {totalAverage, subjectAverage, grade})
+            EXPECT_FALSE(box->isVisible()) << row << ' ' << col;
+    }
+}
+
+TEST_F(GradeEntry, AChoiceThatWasNotReadYetIsReadBeforeItsFirstBoxOpens)
+{
+    GivenGrades();
+    OpenForm();
+    Press(Button("cmdNew"));
+    ChooseDivision();
+    AskOnExitAndSayNo();
+    EXPECT_EQ(Rows(), "1|||");
+    Click(1, 1);
+    EXPECT_EQ(Rows(), UsualRows);
+    EXPECT_EQ(EnabledControls(), Found);
+    EXPECT_EQ(OpenBox(), "none");
+}
+
+TEST_F(GradeEntry, AChoiceWithoutGradesIsReadByTheClickAndEntered)
+{
+    OpenForm();
+    Press(Button("cmdNew"));
+    ChooseDivision();
+    AskOnExitAndSayNo();
+    GivenMark();
+    prompts.ExpectInformation(MarksStandAgainstIt);
+    Click(1, 1);
+    EXPECT_EQ(EnabledControls(), Locked);
+    EXPECT_EQ(OpenBox(), "none");
+    Choose("cboDivision", QStringLiteral("B"));
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(OpenBox(), "Txttotalaverage 1");
 }
 
 TEST_F(GradeEntry, NothingOpensBeforeExamClassAndDivisionAreChosen)
