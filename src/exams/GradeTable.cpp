@@ -45,6 +45,11 @@ void GradeTable::Load(const std::vector<GradeRecord>& stored)
     rows_.emplace_back();
 }
 
+bool GradeTable::IsBegun() const
+{
+    return !std::all_of(rows_.begin(), rows_.end(), [](const GradeRow& row) { return row.IsBlank(); });
+}
+
 bool GradeTable::MayEnter(int row, GridCol column) const
 {
     return HasRow(row) && (column == GridCol(GradeColumn::TotalAverage) || Row(row).IsFilled());

@@ -52,6 +52,8 @@ public:
     void Load(const std::vector<GradeRecord>& stored);
 
     int RowCount() const { return static_cast<int>(rows_.size()); }
+    /// Anything is typed, or stored.
+    bool IsBegun() const;
     bool HasRow(int row) const { return row >= 1 && row <= RowCount(); }
     /// `row` from 1 to RowCount(), as for all that follows.
     const GradeRow& Row(int row) const { return rows_[static_cast<std::size_t>(row - 1)]; }

@@ -120,7 +120,7 @@ void frmClassRankSetup::ConnectHandlers()
 void frmClassRankSetup::Form_Load()
 {
     SetMasterControls({ui_->fraMain, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave});
-    EmptyGrid();
+    List_Change();
     LoadLists();
     ui_->cmdNew->setFocus();
 }
@@ -128,8 +128,13 @@ void frmClassRankSetup::Form_Load()
 void frmClassRankSetup::ShowState(MasterState state)
 {
     MasterScreen::ShowState(state);
-    // What is being changed belongs to the exam and the class-division that it was opened for.
-    ui_->Frame1->setEnabled(!IsEditing());
+    GuardChoice();
+}
+
+void frmClassRankSetup::GuardChoice()
+{
+    // What is changed or typed belongs to the exam and the class-division that it was begun for.
+    ui_->Frame1->setEnabled(!IsEditing() && !(IsNew() && grades_.IsBegun()));
 }
 
 SchoolScope frmClassRankSetup::Scope() const
@@ -165,8 +170,15 @@ void frmClassRankSetup::RefillLists()
 void frmClassRankSetup::List_Change()
 {
     // What is on the screen belongs to the choice before.
+    boxes_->Close();
+    isRead_ = false;
+    found_.clear();
+    grades_.Clear();
     ShowState(entering_ ? MasterState::New : MasterState::Idle);
-    EmptyGrid();
+    ShowRows();
+    // The first row is numbered once it may be entered.
+    if (!IsNew())
+        ui_->msgDetails->SetTextMatrix(1, GradeColumn::Serial, {});
 }
 
 void frmClassRankSetup::ReadChoice()
@@ -212,27 +224,17 @@ bool frmClassRankSetup::IsGivingUp() const
     return ui_->cmdCancel->hasFocus() || ui_->cmdExit->hasFocus();
 }
 
-void frmClassRankSetup::EmptyGrid()
-{
-    boxes_->Close();
-    isRead_ = false;
-    found_.clear();
-    grades_.Clear();
-    ShowRows();
-    // The first row is numbered once it may be entered.
-    if (!IsNew())
-        ui_->msgDetails->SetTextMatrix(1, GradeColumn::Serial, {});
-}
-
 void frmClassRankSetup::ShowRows()
 {
     ui_->msgDetails->ShowRows(grades_.Table());
     deleteRow_->Refresh();
+    GuardChoice();
 }
 
 void frmClassRankSetup::ShowRow(int row)
 {
     ui_->msgDetails->ShowRow(row, grades_.Cells(row));
+    GuardChoice();
 }
 
 void frmClassRankSetup::msgDetails_Click(int row, int col)

@@ -67,9 +67,10 @@ private:
     /// Marks have come in: the grades stay as they are stored.
     void TellOfMarks();
 
+    /// The lists are closed while what is entered would go with another choice.
+    void GuardChoice();
     void ShowRows();
     void ShowRow(int row);
-    void EmptyGrid();
     /// Tells what the step has to tell and goes where it leads.
     void Take(const GradeStep& step);
     bool IsReady();

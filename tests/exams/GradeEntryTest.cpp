@@ -403,6 +403,32 @@ TEST_F(GradeEntry, AChoiceWithoutGradesIsReadByTheClickAndEntered)
     EXPECT_EQ(OpenBox(), "Txttotalaverage 1");
 }
 
+TEST_F(GradeEntry, WhileANewTableIsTypedNoKeyInAListTakesItAway)
+{
+    StartNew();
+    EXPECT_EQ(EnabledControls(), Entering);
+    Keys("8");
+    EXPECT_EQ(EnabledControls(), Typing);
+    PressKey(form, Qt::Key_Escape);
+    EXPECT_EQ(EnabledControls(), Entering) << "nothing is typed that could be lost";
+    TypeRows({{"80", "50", "A"}});
+    for (const char* list : {"dbcExam", "cboClass", "cboDivision"}) {
+        List(list)->setFocus();
+        PressKey(form, Qt::Key_Down);
+        EXPECT_EQ(Rows(), "1|80|50|A 2|||") << list;
+    }
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(EnabledControls(), Idle);
+}
+
+TEST_F(GradeEntry, ANewTableWhoseRowsAreAllDeletedMayBecomeThatOfAnotherDivision)
+{
+    StartNew();
+    TypeRows({{"80", "50", "A"}});
+    DeleteRow("1", true);
+    EXPECT_EQ(EnabledControls(), Entering);
+}
+
 TEST_F(GradeEntry, NothingOpensBeforeExamClassAndDivisionAreChosen)
 {
     OpenForm();

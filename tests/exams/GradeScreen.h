@@ -20,6 +20,7 @@ inline const QString ReferNotes = QStringLiteral("Enter Values Properly, Refer N
 /// What EnabledControls gives of the screen in each of its states.
 inline const std::string Idle = "Frame1 cmdNew cmdCancel cmdExit";
 inline const std::string Entering = "Frame1 fraMain cmdSave cmdCancel cmdExit";
+inline const std::string Typing = "fraMain cmdSave cmdCancel cmdExit"; ///< as Entering, with something typed
 inline const std::string Found = "Frame1 cmdEdit cmdDelete cmdCancel cmdExit";
 inline const std::string Editing = "fraMain cmdSave cmdCancel cmdExit";
 inline const std::string Locked = "Frame1 cmdCancel cmdExit";
