@@ -18,9 +18,10 @@
 #include "ui_frmClassRankSetup.h"
 
 #include <QAbstractItemView>
-#include <QEvent>
+#include <QKeyEvent>
 
 #include <functional>
+#include <utility>
 
 namespace tally {
 
@@ -108,6 +109,8 @@ void frmClassRankSetup::ConnectHandlers()
         });
         list->view()->installEventFilter(this);
     }
+    ui_->cboDivision->setProperty(TakesEnter, true);
+    ui_->cboDivision->installEventFilter(this);
     new ClosedGridKeys(ui_->msgDetails, this);
     connect(ui_->msgDetails, &FlexGrid::CellClicked, this, &Form::msgDetails_Click);
     connect(ui_->cmdNew, &QPushButton::clicked, this, &Form::cmdNew_Click);
@@ -187,29 +190,49 @@ void frmClassRankSetup::ReadChoice()
         LoadGrades();
 }
 
-void frmClassRankSetup::LoadGrades()
+void frmClassRankSetup::cboDivision_Enter()
 {
-    const auto stored = Fetch([this] { return ReadGrades(MainStore(), Scope()); });
+    if (IsComplete(Scope()))
+        LoadGrades();
+    if (focusWidget() == ui_->cboDivision && !ui_->cboDivision->IsBlank())
+        focusNextChild();
+}
+
+void frmClassRankSetup::LoadGrades(bool marksWereMet)
+{
+    auto stored = Fetch([this] { return ReadGrades(MainStore(), Scope()); });
     if (!stored) {
         // Grades that cannot be read must not look like none.
         ui_->cboDivision->SetBoundCode(0);
+        List_Change();
         ui_->cboDivision->setFocus();
         return;
     }
+    const bool hasMarks = stored->hasMarks || marksWereMet;
+    boxes_->Close();
     isRead_ = true;
-    found_ = stored->rows;
+    found_ = std::move(stored->rows);
     grades_.Load(found_);
+    if (!found_.empty())
+        ShowState(hasMarks ? MasterState::Viewing : MasterState::RowSelected);
+    else if (entering_)
+        ShowState(hasMarks ? MasterState::Viewing : MasterState::New);
+    else
+        ShowState(MasterState::Idle);
     ShowRows();
-    if (stored->hasMarks) {
-        if (IsNew() || !found_.empty())
-            ShowState(MasterState::Viewing);
+    if (hasMarks)
         TellOfMarks();
-    } else if (!found_.empty()) {
-        ShowState(MasterState::RowSelected);
+    else if (!found_.empty())
         ui_->cmdEdit->setFocus();
-    } else if (IsNew()) {
+    else if (IsNew())
         boxes_->Open(ui_->msgDetails, 1, GradeColumn::TotalAverage);
-    }
+}
+
+void frmClassRankSetup::LoadShownGrades()
+{
+    LoadGrades();
+    if (isRead_ && found_.empty() && !IsNew())
+        ui_->cboDivision->setFocus();
 }
 
 void frmClassRankSetup::TellOfMarks()
@@ -320,6 +343,10 @@ void frmClassRankSetup::cmdEdit_Click()
 {
     if (!MayUse(Right::Edit))
         return;
+    // Another client may have changed what is shown.
+    LoadShownGrades();
+    if (!isRead_ || found_.empty())
+        return;
     ShowState(MasterState::Editing);
     // Enter opens the box of the first grade.
     ui_->msgDetails->SetCurrentCell(1, GradeColumn::TotalAverage);
@@ -338,11 +365,13 @@ void frmClassRankSetup::cmdDelete_Click()
         OnRefusal::Stay);
     if (!done)
         return;
-    if (!obstacle.isEmpty()) {
-        Explain(obstacle);
+    if (obstacle.isEmpty()) {
+        CancelAndTellDeleted();
         return;
     }
-    CancelAndTellDeleted();
+    Explain(obstacle);
+    if (obstacle != GradesHaveMarks)
+        LoadShownGrades();
 }
 
 bool frmClassRankSetup::IsReady()
@@ -382,13 +411,11 @@ void frmClassRankSetup::cmdSave_Click()
 
 void frmClassRankSetup::Explain(const QString& obstacle)
 {
-    if (obstacle == GradesHaveMarks) {
-        ShowState(MasterState::Viewing);
-        TellOfMarks();
-        return;
-    }
-    // What was typed stays, to be compared with what the other user has stored.
-    Prompts::Critical(obstacle);
+    if (obstacle == GradesHaveMarks)
+        LoadGrades(true);
+    else
+        // What was typed stays, to be compared with what the other user has stored.
+        Prompts::Information(obstacle);
 }
 
 void frmClassRankSetup::cmdCancel_Click()
@@ -402,8 +429,15 @@ void frmClassRankSetup::cmdCancel_Click()
 
 bool frmClassRankSetup::eventFilter(QObject* receiver, QEvent* event)
 {
+    if (receiver == ui_->cboDivision && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            cboDivision_Enter();
+            return true;
+        }
+    }
     // The entry that was clicked is chosen only behind this event.
-    if (event->type() == QEvent::Hide)
+    if (receiver != ui_->cboDivision && event->type() == QEvent::Hide)
         QMetaObject::invokeMethod(this, &frmClassRankSetup::ReadChoice, Qt::QueuedConnection);
     return MasterScreen::eventFilter(receiver, event);
 }

@@ -62,8 +62,12 @@ private:
     /// The keyboard leaves a list, or its entries are put away: what is chosen stands, unless the clerk gives
     /// up.
     void ReadChoice();
-    /// Shows what is stored for the choice, and what may be done with it.
-    void LoadGrades();
+    void cboDivision_Enter();
+    /// Shows what is stored for the choice, and what may be done with it. Where a save has met marks they
+    /// lock the grades even if they have gone again since.
+    void LoadGrades(bool marksWereMet = false);
+    /// The same for grades that are shown, which may be gone by now.
+    void LoadShownGrades();
     /// Marks have come in: the grades stay as they are stored.
     void TellOfMarks();
 

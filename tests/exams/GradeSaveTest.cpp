@@ -58,6 +58,22 @@ protected:
         EXPECT_TRUE(division->IsBlank());
         EXPECT_TRUE(HasFocus("cboDivision"));
     }
+    /// What is stored is shown by the time that the box tells of the marks.
+    void ExpectLockAtASave(const std::string& rows)
+    {
+        QStringList told;
+        std::string shown;
+        Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+            told.append(text);
+            shown = Rows();
+            return true;
+        });
+        Press(Button("cmdSave"));
+        EXPECT_EQ(told, QStringList(MarksStandAgainstIt));
+        EXPECT_EQ(shown, rows);
+        EXPECT_EQ(Rows(), rows);
+        ExpectLockedByMarks();
+    }
     static QString Meanwhile(const char* how, const char* what = "Save")
     {
         return QStringLiteral("This 'Classwise Rank-Grade Setup' Was %1 By Another User Meanwhile.\n"
@@ -240,10 +256,7 @@ TEST_F(GradeSave, MarksThatArriveWhileAnEditIsOpenKeepTheTableAsItIs)
 {
     EditUsual();
     OtherEntersMark();
-    prompts.ExpectInformation(MarksStandAgainstIt);
-    Press(Button("cmdSave"));
-    prompts.Verify();
-    ExpectLockedByMarks();
+    ExpectLockAtASave(UsualRows);
     EXPECT_EQ(Stored(), UsualStored);
 }
 
@@ -251,9 +264,7 @@ TEST_F(GradeSave, MarksThatArriveWhileATableIsEnteredAreToldAndNothingIsStored)
 {
     EnterUsual();
     OtherEntersMark();
-    prompts.ExpectInformation(MarksStandAgainstIt);
-    Press(Button("cmdSave"));
-    ExpectLockedByMarks();
+    ExpectLockAtASave("1|||");
     EXPECT_EQ(Stored(), "");
 }
 
@@ -284,7 +295,7 @@ TEST_F(GradeSave, ATableThatAnotherUserEnteredMeanwhileIsNeverDoubled)
 {
     EnterUsual();
     school->AddBand(1, 0, 0, "P", 1);
-    ExpectKept(Prompts::Kind::Critical, Meanwhile("Entered"));
+    ExpectKept(Prompts::Kind::Information, Meanwhile("Entered"));
     EXPECT_EQ(Stored(), "1 0 0 P 0");
 }
 
@@ -292,7 +303,7 @@ TEST_F(GradeSave, ATableThatAnotherUserChangedMeanwhileStaysAsHeChangedIt)
 {
     EditUsual();
     OtherInDivision("UPDATE RankMaster SET SubjectAverage = 45 WHERE Grade = 'B'");
-    ExpectKept(Prompts::Kind::Critical, Meanwhile("Changed"), "1|80|50|A 2|55|40|B 3|0|0|C 4|||");
+    ExpectKept(Prompts::Kind::Information, Meanwhile("Changed"), "1|80|50|A 2|55|40|B 3|0|0|C 4|||");
     EXPECT_EQ(Stored(), "1 80 50 A 0; 2 60 45 B 0; 3 0 0 C 0");
 }
 
@@ -300,7 +311,7 @@ TEST_F(GradeSave, ATableThatAnotherUserDeletedMeanwhileStaysDeleted)
 {
     EditUsual();
     OtherInDivision("DELETE FROM RankMaster WHERE Status > 0");
-    ExpectKept(Prompts::Kind::Critical, Meanwhile("Deleted"), "1|80|50|A 2|55|40|B 3|0|0|C 4|||");
+    ExpectKept(Prompts::Kind::Information, Meanwhile("Deleted"), "1|80|50|A 2|55|40|B 3|0|0|C 4|||");
     EXPECT_EQ(Stored(), "");
 }
 
@@ -310,9 +321,29 @@ TEST_F(GradeSave, ATableThatAnotherUserChangedIsNotDeletedUnseen)
     ShowStored();
     OtherInDivision("UPDATE RankMaster SET Grade = 'D' WHERE Grade = 'C'");
     prompts.ExpectQuestion(DeleteQuestion, true);
-    prompts.ExpectCritical(Meanwhile("Changed", "Delete"));
+    prompts.ExpectInformation(Meanwhile("Changed", "Delete"));
     Press(Button("cmdDelete"));
+    prompts.Verify();
     EXPECT_EQ(Stored(), "1 80 50 A 0; 2 60 40 B 0; 3 0 0 D 0");
+    EXPECT_EQ(Rows(), "1|80|50|A 2|60|40|B 3|0|0|D 4|||");
+    EXPECT_EQ(EnabledControls(), Found);
+    prompts.ExpectQuestion(DeleteQuestion, true);
+    prompts.ExpectInformation(QStringLiteral("Record Deleted"));
+    Press(Button("cmdDelete"));
+    EXPECT_EQ(Stored(), "");
+}
+
+TEST_F(GradeSave, ATableThatAnotherUserDeletedIsShownNoMoreAfterADelete)
+{
+    GivenGrades();
+    ShowStored();
+    OtherInDivision("DELETE FROM RankMaster WHERE Status > 0");
+    prompts.ExpectQuestion(DeleteQuestion, true);
+    prompts.ExpectInformation(Meanwhile("Deleted", "Delete"));
+    Press(Button("cmdDelete"));
+    prompts.Verify();
+    EXPECT_EQ(Rows(), "1|||");
+    EXPECT_EQ(EnabledControls(), Idle);
 }
 
 TEST_F(GradeSave, AnExamDeletedMeanwhileIsToldAndNothingIsStored)
