@@ -430,15 +430,5 @@ TEST_F(GradeSave, AFaultInReadingTheListsAnewSaysThatTheTableIsSaved)
     Given("ALTER TABLE Away RENAME TO ClassDivisionMaster");
 }
 
-TEST_F(GradeSave, TheRankListGivesTheGradesThatWereEntered)
-{
-    StartNew();
-    TypeRows({{"70", "30", "A"}, {"40", "20", "B"}, {"0", "0", "C"}});
-    Save();
-    school->EnterMark(1, 1, 69);
-    const RankList list = school->Compute();
-    EXPECT_EQ(RowOf(list, QStringLiteral("Asha")).grade.toStdString(), "B");
-}
-
 } // namespace
 } // namespace tally::test

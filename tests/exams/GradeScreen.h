@@ -72,9 +72,9 @@ protected:
     }
 
     /// With neighbours on all sides of what the test has laid down by then.
-    void OpenForm()
+    void OpenForm(const std::set<Side>& sides = {Side::Year, Side::Exam, Side::Class, Side::Division})
     {
-        SurroundSchool();
+        SurroundSchool(sides);
         FormDriver::OpenForm("frmClassRankSetup");
         grid = Find<FlexGrid>(form, "msgDetails");
         division = Find<DataCombo>(form, "cboDivision");
