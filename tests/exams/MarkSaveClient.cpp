@@ -1,14 +1,18 @@
 // A client of the school in a process of its own that works as it is told, line by line. At the mark screen
 // "enter SUBJECT MARK" types a first entry and "edit SUBJECT MARK" types over what is stored; at the set-up
-// of the subjects "allow SUBJECT MARK" lowers or raises what is allowed and "drop SUBJECT -" takes one out.
-// Then it says "typed"; "save" saves and it says the last box that came. "replace" stores another set over
-// and over, and says the word after each save, until it is killed.
+// of the subjects "allow SUBJECT MARK" lowers or raises what is allowed and "drop SUBJECT -" takes one out;
+// at the set-up of the grades "give GRADE AVERAGE" types from where the grade is given, into the row that has
+// it or into a new table of this grade alone; "copy A B" copies the grades of division A to B.
+// Then it says "typed"; "save" saves and it says the last box that came. "replace" stores another set of
+// subjects over and over, "regrade" another table of grades, and says the word after each save, until it is
+// killed.
 
 #include "app/Screens.h"
 #include "core/modTallyboard.h"
 #include "core/ProgramFolder.h"
 #include "core/SessionContext.h"
 #include "core/shell/mdiTallyboard.h"
+#include "core/ui/controls/CheckList.h"
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/modTallyboardForms.h"
@@ -158,7 +162,81 @@ private:
     {
         Choose("cboClass", QStringLiteral("X"));
         Choose("cboDivision", QStringLiteral("A"));
+        Key(Qt::Key_Return);
         Press("cmdEdit");
+    }
+};
+
+class GradeClerk : public Worker
+{
+public:
+    GradeClerk() : Worker("frmClassRankSetup") {}
+
+    void Prepare(const QString&, const QString& grade, const QString& average) override
+    {
+        int row = StartEdit() ? 1 : 0;
+        while (row > 0 && Grid()->TextMatrix(row, 3) != grade)
+            ++row;
+        if (row > 0)
+            Click(row, 1);
+        QTest::keyClicks(QApplication::focusWidget(), average);
+        Key(Qt::Key_Return);
+        if (row > 0)
+            return;
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("0"));
+        Key(Qt::Key_Return);
+        QTest::keyClicks(QApplication::focusWidget(), grade);
+    }
+
+    /// All grades ask for a subject average of 20 where they asked for 10, and the other way round.
+    QString SaveTheOther()
+    {
+        StartEdit();
+        const QString other =
+            Grid()->TextMatrix(1, 2) == QStringLiteral("10") ? QStringLiteral("20") : QStringLiteral("10");
+        for (int row = 1; row < Grid()->Rows() - 2; ++row) {
+            Click(row, 2);
+            QTest::keyClicks(QApplication::focusWidget(), other);
+        }
+        return Save();
+    }
+
+private:
+    /// False where there are no grades, and new ones are entered.
+    bool StartEdit()
+    {
+        Press("cmdNew");
+        Choose("dbcExam", QStringLiteral("Term One"));
+        Choose("cboClass", QStringLiteral("X"));
+        Choose("cboDivision", QStringLiteral("A"));
+        Key(Qt::Key_Return);
+        const bool areStored = !Grid()->TextMatrix(1, 1).isEmpty();
+        if (areStored)
+            Press("cmdEdit");
+        return areStored;
+    }
+};
+
+class GradeCopyClerk : public Worker
+{
+public:
+    GradeCopyClerk() : Worker("frmClassRankTransferSetup") {}
+
+    void Prepare(const QString&, const QString& from, const QString& to) override
+    {
+        Press("cmdNew");
+        Choose("cboFromAcademicyear", QStringLiteral("2024 - 2025"));
+        Choose("dbcExamFrom", QStringLiteral("Term One"));
+        Choose("cboFromClass", QStringLiteral("X"));
+        Choose("cboFromDivision", from);
+        Choose("cboToAcademicYear", QStringLiteral("2024 - 2025"));
+        Choose("dbcExamTo", QStringLiteral("Term One"));
+        Choose("cboToClass", QStringLiteral("X"));
+        auto* divisions = form_->findChild<CheckList*>(QStringLiteral("lstDivision"));
+        divisions->setFocus();
+        divisions->setCurrentItem(divisions->findItems(to, Qt::MatchExactly).value(0));
+        Key(Qt::Key_Space);
+        Press("cmdTransfer");
     }
 };
 
@@ -166,6 +244,10 @@ std::unique_ptr<Worker> WorkerFor(const QString& order)
 {
     if (order == QLatin1String("allow") || order == QLatin1String("drop"))
         return std::make_unique<SubjectClerk>();
+    if (order == QLatin1String("give"))
+        return std::make_unique<GradeClerk>();
+    if (order == QLatin1String("copy"))
+        return std::make_unique<GradeCopyClerk>();
     return std::make_unique<MarkClerk>();
 }
 
@@ -173,6 +255,13 @@ void Say(const QString& text)
 {
     std::puts(qPrintable(text.simplified()));
     std::fflush(stdout);
+}
+
+template <typename Clerk>
+[[noreturn]] void SaveUntilKilled()
+{
+    for (Clerk clerk;;)
+        Say(clerk.SaveTheOther());
 }
 
 } // namespace
@@ -197,8 +286,9 @@ int main(int argc, char** argv)
         const QStringList words = QString::fromStdString(line).split(QLatin1Char(' '));
         const QString& order = words.first();
         if (order == QLatin1String("replace")) {
-            for (SubjectClerk clerk;;)
-                Say(clerk.SaveTheOther());
+            SaveUntilKilled<SubjectClerk>();
+        } else if (order == QLatin1String("regrade")) {
+            SaveUntilKilled<GradeClerk>();
         } else if (order == QLatin1String("save")) {
             Say(worker->Save());
         } else {
