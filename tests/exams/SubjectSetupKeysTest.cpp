@@ -446,6 +446,12 @@ TEST_F(SubjectSetupKeys, ATeacherWhomTheListHasCompletedStandsInTheCellHoweverTh
     EXPECT_EQ(RowText(1), "1|Art|Omar||||");
     EXPECT_EQ(grid->TextMatrix(1, SubjectColumn::TeacherCode).toStdString(), "9");
     Click(1, 2);
+    QTest::keyClicks(teacher, QStringLiteral("Om"));
+    QTest::keyClick(teacher, Qt::Key_Tab);
+    Settle();
+    EXPECT_EQ(RowText(1), "1|Art|Omar||||") << "the entry that was chosen before";
+    EXPECT_EQ(grid->TextMatrix(1, SubjectColumn::TeacherCode).toStdString(), "9");
+    Click(1, 2);
     QTest::keyClicks(teacher, QStringLiteral("Ma"));
     Click(1, 3);
     EXPECT_EQ(RowText(1), "1|Art|Mary||||");

@@ -310,8 +310,8 @@ TEST_F(Deleting, OnlyARowThatThereIsCanBeDeleted)
         Type(number);
         EXPECT_EQ(deleteButton->isEnabled(), may) << number;
     }
-    Type("123");
-    EXPECT_EQ(serialNo->text().toStdString(), "12") << "two digits";
+    Type("123456");
+    EXPECT_EQ(serialNo->text().toStdString(), "12345") << "as many digits as an order";
     Type("4");
     lastRow = 4;
     deletes->Refresh();
