@@ -123,7 +123,7 @@ void frmClassRankSetup::ConnectHandlers()
 void frmClassRankSetup::Form_Load()
 {
     SetMasterControls({ui_->fraMain, ui_->cmdNew, ui_->cmdEdit, ui_->cmdDelete, ui_->cmdSave});
-    List_Change();
+    ShowRows();
     LoadLists();
     ui_->cmdNew->setFocus();
 }
@@ -179,9 +179,6 @@ void frmClassRankSetup::List_Change()
     grades_.Clear();
     ShowState(entering_ ? MasterState::New : MasterState::Idle);
     ShowRows();
-    // The first row is numbered once it may be entered.
-    if (!IsNew())
-        ui_->msgDetails->SetTextMatrix(1, GradeColumn::Serial, {});
 }
 
 void frmClassRankSetup::ReadChoice()
@@ -250,6 +247,9 @@ bool frmClassRankSetup::IsGivingUp() const
 void frmClassRankSetup::ShowRows()
 {
     ui_->msgDetails->ShowRows(grades_.Table());
+    // The first row is numbered once it may be entered.
+    if (!isRead_ && !IsNew())
+        ui_->msgDetails->SetTextMatrix(1, GradeColumn::Serial, {});
     deleteRow_->Refresh();
     GuardChoice();
 }
