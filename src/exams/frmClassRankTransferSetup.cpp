@@ -65,12 +65,18 @@ frmClassRankTransferSetup::~frmClassRankTransferSetup() = default;
 void frmClassRankTransferSetup::ConnectHandlers()
 {
     using Form = frmClassRankTransferSetup;
+    for (DataCombo* list : {ui_->cboFromAcademicyear, ui_->dbcExamFrom, ui_->cboFromClass,
+                            ui_->cboFromDivision, ui_->cboToAcademicYear, ui_->dbcExamTo, ui_->cboToClass})
+        list->SetGivingUp({ui_->cmdCancel, ui_->cmdExit});
     for (DataCombo* list : {ui_->cboFromAcademicyear, ui_->dbcExamFrom, ui_->cboFromClass})
         connect(list, &DataCombo::Chosen, this, [this, list] { From_Change(list); });
+    connect(ui_->cboFromClass, &DataCombo::Settled, this, &Form::ListSources);
     connect(ui_->cboFromDivision, &DataCombo::Chosen, this, &Form::cboFromDivision_Click);
+    connect(ui_->cboFromDivision, &DataCombo::Settled, this, &Form::cboFromDivision_Settled);
     connect(ui_->cboToAcademicYear, &DataCombo::Chosen, this, &Form::cboToAcademicYear_Click);
     connect(ui_->dbcExamTo, &DataCombo::Chosen, this, &Form::dbcExamTo_Change);
-    connect(ui_->cboToClass, &DataCombo::Chosen, this, &Form::cboToClass_Click);
+    connect(ui_->cboToClass, &DataCombo::Chosen, this, &Form::ClearTo);
+    connect(ui_->cboToClass, &DataCombo::Settled, this, &Form::cboToClass_Settled);
     connect(ui_->lstDivision, &CheckList::Ticked, this, &Form::lstDivision_ItemCheck);
     ui_->lstDivision->installEventFilter(this);
     ui_->lstDivision->viewport()->installEventFilter(this);
@@ -109,7 +115,6 @@ void frmClassRankTransferSetup::From_Change(const DataCombo* list)
     from_->BlankBelow(list);
     ShowFrom({});
     ShowTo({});
-    ListSources();
 }
 
 void frmClassRankTransferSetup::ListSources()
@@ -130,6 +135,10 @@ void frmClassRankTransferSetup::cboFromDivision_Click()
     ShowFrom({});
     // A copy of another source must not be saved as one of this.
     ShowTo({});
+}
+
+void frmClassRankTransferSetup::cboFromDivision_Settled()
+{
     const SchoolScope from = from_->Scope();
     if (from.divisionCode == 0)
         return;
@@ -139,7 +148,7 @@ void frmClassRankTransferSetup::cboFromDivision_Click()
         return;
     }
     if (table->empty()) {
-        Prompts::Information(NotMade(GradeCopy));
+        Refuse(NotMade(GradeCopy), ui_->cboFromDivision);
         ui_->cboFromDivision->TakeBack();
         return;
     }
@@ -168,9 +177,8 @@ void frmClassRankTransferSetup::cboToAcademicYear_Click()
     ClearTo();
 }
 
-void frmClassRankTransferSetup::cboToClass_Click()
+void frmClassRankTransferSetup::cboToClass_Settled()
 {
-    ClearTo();
     if (ui_->cboToClass->BoundCode() != 0 && to_->IsChosen(ui_->cboToAcademicYear))
         ListTargets(false);
 }

@@ -33,9 +33,10 @@ private:
     /// Of the year, the exam or the class.
     void From_Change(const DataCombo* list);
     void cboFromDivision_Click();
+    void cboFromDivision_Settled();
     void cboToAcademicYear_Click();
     void dbcExamTo_Change() { cboToAcademicYear_Click(); }
-    void cboToClass_Click();
+    void cboToClass_Settled();
     void lstDivision_ItemCheck(int index, bool ticked);
     void chkSelectAll_Click(bool ticked);
     void cmdTransfer_Click();

@@ -35,16 +35,14 @@ protected:
         Driver::OpenForm(formName);
     }
 
-    using Driver::Choose;
-    /// Walks up a list from its end with the arrow key, past none of those in front.
-    void ChooseFromEnd(const char* name, const QString& text) const
+    /// Walks down a list with the arrow key until it shows `text`. Nothing is read for it yet.
+    void WalkTo(const char* name, const QString& text) const { Driver::Choose(name, text); }
+    /// The same, ended with Tab.
+    void Choose(const char* name, const QString& text) const
     {
-        QComboBox* list = this->List(name);
-        list->setFocus();
-        QTest::keyClick(list, Qt::Key_End);
-        for (int step = 0; step < list->count() && list->currentText() != text; ++step)
-            QTest::keyClick(list, Qt::Key_Up);
-        ASSERT_EQ(list->currentText().toStdString(), text.toStdString());
+        WalkTo(name, text);
+        QTest::keyClick(this->List(name), Qt::Key_Tab);
+        Settle();
     }
 
     /// The entries of a list, from the top, with bars between them.

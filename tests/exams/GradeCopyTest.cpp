@@ -239,10 +239,33 @@ TEST_F(GradeCopyChoosing, ADivisionWithoutATableIsToldAndNotChosen)
 {
     StartFromTenA();
     prompts.ExpectInformation(NotMadeText);
-    QTest::keyClick(List("cboFromDivision"), Qt::Key_Down);
+    Choose("cboFromDivision", QStringLiteral("B"));
     prompts.Verify();
     EXPECT_EQ(ChosenIn("cboFromDivision"), "");
+    EXPECT_EQ(FocusName(), "cboFromDivision");
     EXPECT_EQ(Rows("msgFromDetails"), "");
+    prompts.ExpectInformation(NotMadeText);
+    QTest::keyClick(List("cboFromDivision"), Qt::Key_Down);
+    EXPECT_EQ(ChosenIn("cboFromDivision"), "C") << "the arrows go on behind it";
+    QTest::keyClick(List("cboFromDivision"), Qt::Key_Tab);
+}
+
+TEST_F(GradeCopyChoosing, TheArrowsReadNothingAndWhatBelongsToAnotherChoiceDoesNotStay)
+{
+    StartCopied();
+    const auto before = Session().gcnnMain->StatementsRun();
+    // Who gives up waits for nothing.
+    for (const char* list : {"cboFromDivision", "cboFromClass", "cboToClass"}) {
+        WalkTo(list, QStringLiteral(" "));
+        QTest::keyClick(List(list), Qt::Key_End);
+        Button("cmdCancel")->setFocus();
+    }
+    EXPECT_EQ(Rows("msgFromDetails") + Rows("msgToDetails") + Divisions(), "");
+    EXPECT_EQ(Entries("cboFromDivision"), " ");
+    EXPECT_EQ(Session().gcnnMain->StatementsRun(), before);
+    List("cboToClass")->setFocus();
+    QTest::keyClick(List("cboToClass"), Qt::Key_Tab);
+    EXPECT_EQ(Divisions(), "# A|B|C");
 }
 
 TEST_F(GradeCopyChoosing, ASourceEmptiedMeanwhileIsToldWhenItIsChosen)
@@ -252,7 +275,7 @@ TEST_F(GradeCopyChoosing, ASourceEmptiedMeanwhileIsToldWhenItIsChosen)
     Other("DELETE FROM RankMaster WHERE AcademicYearCode = 7 AND ExamCode = 1 AND ClassCode = 1 AND "
           "DivisionCode = 1");
     prompts.ExpectInformation(NotMadeText);
-    QTest::keyClick(List("cboFromDivision"), Qt::Key_Down);
+    Choose("cboFromDivision", QStringLiteral("A"));
 }
 
 TEST_F(GradeCopyChoosing, ADivisionWithATableForTheExamInTheYearIsListedWithItsMark)
@@ -274,8 +297,7 @@ TEST_F(GradeCopyChoosing, AToClassWithoutAYearAsksForIt)
     StartFromTenA();
     Choose("dbcExamTo", QStringLiteral("Term One"));
     prompts.ExpectInformation(QStringLiteral("Select Academic Year On The 'To' Side"));
-    List("cboToClass")->setFocus();
-    QTest::keyClick(List("cboToClass"), Qt::Key_End);
+    Choose("cboToClass", QStringLiteral("X"));
     prompts.Verify();
     EXPECT_EQ(FocusName(), "cboToAcademicYear");
     EXPECT_EQ(Divisions(), "");
@@ -479,20 +501,17 @@ TEST_F(GradeCopyChoosing, AListThatCannotBeReadIsToldAndWhatItIsOfIsNotChosen)
     Choose("dbcExamTo", QStringLiteral("Term One"));
     Given("ALTER TABLE RankMaster RENAME TO Away");
     prompts.ExpectCritical(NoSuchTable("RankMaster"));
-    List("cboToClass")->setFocus();
-    QTest::keyClick(List("cboToClass"), Qt::Key_End);
+    Choose("cboToClass", QStringLiteral("X"));
     prompts.Verify();
     EXPECT_EQ(ChosenIn("cboToClass"), "");
     prompts.ExpectCritical(NoSuchTable("RankMaster"));
-    List("cboFromDivision")->setFocus();
-    QTest::keyClick(List("cboFromDivision"), Qt::Key_Down);
+    Choose("cboFromDivision", QStringLiteral("A"));
     prompts.Verify();
     EXPECT_EQ(ChosenIn("cboFromDivision"), "");
     EXPECT_EQ(Rows("msgFromDetails"), "");
     Given("ALTER TABLE ClassDivisionDetails RENAME TO Gone");
     prompts.ExpectCritical(NoSuchTable("ClassDivisionDetails"));
-    List("cboFromClass")->setFocus();
-    QTest::keyClick(List("cboFromClass"), Qt::Key_Up);
+    Choose("cboFromClass", QStringLiteral("IX"));
     prompts.Verify();
     EXPECT_EQ(ChosenIn("cboFromClass"), "");
     Given("ALTER TABLE Away RENAME TO RankMaster");
