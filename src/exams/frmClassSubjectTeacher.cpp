@@ -33,6 +33,7 @@ frmClassSubjectTeacher::frmClassSubjectTeacher()
 {
     ui_->setupUi(this);
     DressButtons(this);
+    ui_->cmdDeleteRow->setIcon(LookIcon(QStringLiteral("delete")));
     ui_->cmdAddClass->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_C));
     ui_->cmdAddSubject->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_S));
     ui_->cmdAddTeacher->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_T));
