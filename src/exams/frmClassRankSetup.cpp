@@ -17,9 +17,6 @@
 #include "exams/MarkTypes.h"
 #include "ui_frmClassRankSetup.h"
 
-#include <QAbstractItemView>
-#include <QKeyEvent>
-
 #include <functional>
 #include <utility>
 
@@ -95,22 +92,19 @@ void frmClassRankSetup::BuildEditors()
 void frmClassRankSetup::ConnectHandlers()
 {
     using Form = frmClassRankSetup;
-    classDivision_ = new DivisionChoice(this, ui_->cboClass, ui_->cboDivision, DivisionChoice::Order::ByName);
+    classDivision_ = new DivisionChoice(this, ui_->cboClass, ui_->cboDivision, DivisionChoice::Order::ByName,
+                                        DivisionChoice::Reads::OnceSettled);
     new SideButton(this, ui_->cmdAddExam, ui_->dbcExam, QStringLiteral("frmexamnamemaster"),
                    [this] { RefillLists(); });
     new SideButton(this, ui_->cmdAddClass, ui_->cboClass, QStringLiteral("frmMasClassSectionEntry"),
                    [this] { RefillLists(); });
     for (DataCombo* list : Lists()) {
         list->setProperty(EnterNeedsText, true);
+        list->SetGivingUp({ui_->cmdCancel, ui_->cmdExit});
         connect(list, &DataCombo::Chosen, this, &Form::List_Change);
-        list->SetValidate([this] {
-            ReadChoice();
-            return true;
-        });
-        list->view()->installEventFilter(this);
+        connect(list, &DataCombo::Settled, this, &Form::ReadChoice);
     }
     ui_->cboDivision->setProperty(TakesEnter, true);
-    ui_->cboDivision->installEventFilter(this);
     new ClosedGridKeys(ui_->msgDetails, this);
     connect(ui_->msgDetails, &FlexGrid::CellClicked, this, &Form::msgDetails_Click);
     connect(ui_->cmdNew, &QPushButton::clicked, this, &Form::cmdNew_Click);
@@ -163,6 +157,7 @@ void frmClassRankSetup::LoadLists()
 
 void frmClassRankSetup::RefillLists()
 {
+    SettleChoice();
     const SchoolScope before = Scope();
     LoadLists();
     const SchoolScope after = Scope();
@@ -181,18 +176,28 @@ void frmClassRankSetup::List_Change()
     ShowRows();
 }
 
-void frmClassRankSetup::ReadChoice()
-{
-    if (!isRead_ && IsComplete(Scope()) && !IsGivingUp())
-        LoadGrades();
-}
-
-void frmClassRankSetup::cboDivision_Enter()
+void frmClassRankSetup::ReadChoice(bool goesOn)
 {
     if (IsComplete(Scope()))
         LoadGrades();
-    if (focusWidget() == ui_->cboDivision && !ui_->cboDivision->IsBlank())
+    if (goesOn && isRead_)
+        GoOn();
+    if (goesOn && focusWidget() == ui_->cboDivision && !ui_->cboDivision->IsBlank())
         focusNextChild();
+}
+
+void frmClassRankSetup::SettleChoice()
+{
+    for (DataCombo* list : Lists())
+        list->Settle();
+}
+
+void frmClassRankSetup::GoOn()
+{
+    if (!found_.empty())
+        ui_->cmdEdit->setFocus();
+    else if (IsNew())
+        boxes_->Open(ui_->msgDetails, 1, GradeColumn::TotalAverage);
 }
 
 void frmClassRankSetup::LoadGrades(bool marksWereMet)
@@ -219,17 +224,17 @@ void frmClassRankSetup::LoadGrades(bool marksWereMet)
     ShowRows();
     if (hasMarks)
         TellOfMarks();
-    else if (!found_.empty())
-        ui_->cmdEdit->setFocus();
-    else if (IsNew())
-        boxes_->Open(ui_->msgDetails, 1, GradeColumn::TotalAverage);
 }
 
 void frmClassRankSetup::LoadShownGrades()
 {
     LoadGrades();
-    if (isRead_ && found_.empty() && !IsNew())
+    if (!isRead_)
+        return;
+    if (found_.empty() && !IsNew())
         ui_->cboDivision->setFocus();
+    else
+        GoOn();
 }
 
 void frmClassRankSetup::TellOfMarks()
@@ -264,7 +269,7 @@ void frmClassRankSetup::msgDetails_Click(int row, int col)
 {
     boxes_->Close();
     // Whoever gave up leaving the screen has chosen without a look at what is stored.
-    ReadChoice();
+    SettleChoice();
     if (isRead_ && (IsNew() || IsEditing()) && grades_.MayEnter(row, col))
         boxes_->Open(ui_->msgDetails, row, col);
 }
@@ -328,6 +333,7 @@ void frmClassRankSetup::cmdNew_Click()
 {
     if (!MayUse(Right::New))
         return;
+    SettleChoice();
     entering_ = true;
     List_Change();
     for (DataCombo* list : Lists()) {
@@ -336,7 +342,7 @@ void frmClassRankSetup::cmdNew_Click()
             return;
         }
     }
-    LoadGrades();
+    ReadChoice(true);
 }
 
 void frmClassRankSetup::cmdEdit_Click()
@@ -391,6 +397,7 @@ bool frmClassRankSetup::IsReady()
 
 void frmClassRankSetup::cmdSave_Click()
 {
+    SettleChoice();
     boxes_->Close();
     if (!IsReady())
         return;
@@ -425,21 +432,6 @@ void frmClassRankSetup::cmdCancel_Click()
     List_Change();
     LoadLists();
     ui_->cmdNew->setFocus();
-}
-
-bool frmClassRankSetup::eventFilter(QObject* receiver, QEvent* event)
-{
-    if (receiver == ui_->cboDivision && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            cboDivision_Enter();
-            return true;
-        }
-    }
-    // The entry that was clicked is chosen only behind this event.
-    if (receiver != ui_->cboDivision && event->type() == QEvent::Hide)
-        QMetaObject::invokeMethod(this, &frmClassRankSetup::ReadChoice, Qt::QueuedConnection);
-    return MasterScreen::eventFilter(receiver, event);
 }
 
 QSize frmClassRankSetup::sizeHint() const

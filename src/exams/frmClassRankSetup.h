@@ -34,7 +34,6 @@ protected:
     void cmdCancel_Click() override;
     void RefillLists() override;
     void ShowState(MasterState state) override;
-    bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
     void Form_Load();
@@ -59,10 +58,11 @@ private:
     void LoadLists();
     /// Another exam or class-division is chosen than the one whose grades are shown.
     void List_Change();
-    /// The keyboard leaves a list, or its entries are put away: what is chosen stands, unless the clerk gives
-    /// up.
-    void ReadChoice();
-    void cboDivision_Enter();
+    /// `goesOn` leads to what can be done with the choice.
+    void ReadChoice(bool goesOn);
+    /// A choice that the clerk has left to give up, which he then did not.
+    void SettleChoice();
+    void GoOn();
     /// Shows what is stored for the choice, and what may be done with it. Where a save has met marks they
     /// lock the grades even if they have gone again since.
     void LoadGrades(bool marksWereMet = false);
