@@ -162,11 +162,40 @@ TEST_F(GradeChoosing, TheArrowsGoThroughTheDivisionsWithoutReading)
     GivenGrades();
     GivenMark();
     OpenForm();
+    const auto reads = [] { return Session().gcnnMain->StatementsRun(); };
+    auto before = reads();
     Choose("dbcExam", QStringLiteral("Term One"));
     Choose("cboClass", QStringLiteral("X"));
-    const auto before = Session().gcnnMain->StatementsRun();
+    EXPECT_EQ(reads(), before);
+    EXPECT_EQ(Entries("cboDivision"), " ");
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Entries("cboDivision"), " |A|B");
+    before = reads();
     Choose("cboDivision", QStringLiteral("B"));
-    EXPECT_EQ(Session().gcnnMain->StatementsRun(), before);
+    EXPECT_EQ(reads(), before);
+}
+
+TEST_F(GradeChoosing, WhatIsTypedForAChoiceThatWasLeftToGiveUpStays)
+{
+    OpenForm();
+    ChooseDivision("B");
+    Button("cmdExit")->setFocus();
+    Press(Button("cmdNew"));
+    ASSERT_EQ(OpenBox(), "Txttotalaverage 1");
+    TypeRows({{"80", "50", "A"}});
+    Click(1, 1);
+    EXPECT_EQ(Rows(), "1|80|50|A 2|||");
+}
+
+TEST_F(GradeChoosing, WhoGoesBackFromADivisionIsNotLedOn)
+{
+    GivenGrades();
+    OpenForm();
+    ChooseDivision();
+    QTest::keyClick(division, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Rows(), UsualRows);
+    EXPECT_EQ(EnabledControls(), Found);
+    EXPECT_EQ(FocusName(), "cboClass");
 }
 
 TEST_F(GradeChoosing, AChoiceIsReadInTwoStatementsWhateverTheTable)

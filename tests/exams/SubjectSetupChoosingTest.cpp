@@ -141,6 +141,19 @@ TEST_F(SubjectSetupChoosing, AChoiceLeftToGiveUpIsReadBeforeAnythingIsTypedForIt
     EXPECT_EQ(RowText(1), "1|Art|||||") << "it is not read once more";
 }
 
+TEST_F(SubjectSetupChoosing, WhatIsTypedForAChoiceThatWasLeftToGiveUpStays)
+{
+    OpenForm();
+    ChooseClass();
+    Choose(divisions, QStringLiteral("B"));
+    Button("cmdExit")->setFocus();
+    Press(Button("cmdNew"));
+    ASSERT_EQ(Focus(), "dbcSubject");
+    Enter("Art");
+    Click(1, 2);
+    EXPECT_EQ(RowText(1), "1|Art|||||");
+}
+
 TEST_F(SubjectSetupChoosing, WhatIsTypedKeepsItsClassDivisionUntilCancel)
 {
     StartNew();
