@@ -175,10 +175,11 @@ private:
     static void Choose(const char* name, int code)
     {
         auto* list = Find<QComboBox>(name);
+        // What is chosen in the list before is read once that is left.
+        list->setFocus();
         const int index = list->findData(code);
         if (index < 0)
             qFatal("%s does not offer %d", name, code);
-        list->setFocus();
         list->setCurrentIndex(index);
         Q_EMIT list->activated(index);
     }

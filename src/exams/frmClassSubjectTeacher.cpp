@@ -338,6 +338,7 @@ void frmClassSubjectTeacher::cmdCancel_Click()
     entering_ = false;
     subjects_->Close();
     ClearControls(this);
+    sheet_.Clear();
     LoadLists();
     Show({});
     (listsAreRead_ ? ui_->cmdNew : ui_->cmdCancel)->setFocus();
