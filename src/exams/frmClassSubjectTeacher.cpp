@@ -3,6 +3,7 @@
 #include "core/Numbers.h"
 #include "core/SessionContext.h"
 #include "core/ui/controls/CellEditors.h"
+#include "core/ui/controls/ClosedGridKeys.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/RowDelete.h"
 #include "core/ui/DivisionChoice.h"
@@ -38,6 +39,7 @@ frmClassSubjectTeacher::frmClassSubjectTeacher()
     ui_->cmdAddSubject->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_S));
     ui_->cmdAddTeacher->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_T));
     ui_->msgDetails->SetReadableWhileClosed();
+    new ClosedGridKeys(ui_->msgDetails, this);
     subjects_ = new SubjectSetupGrid(ui_->msgDetails, sheet_, this, {ui_->cmdCancel, ui_->cmdExit});
     deleteRow_ = new RowDelete(ui_->txtDeleteSlNo, ui_->cmdDeleteRow, subjects_->Boxes(),
                                {.lastRow = [this] { return sheet_.RowCount(); },

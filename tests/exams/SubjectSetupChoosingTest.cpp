@@ -472,6 +472,23 @@ TEST_F(SubjectSetupChoosing, TheYearIsTheOneOfTheSession)
     EXPECT_EQ(EnabledControls(), Idle);
 }
 
+TEST_F(SubjectSetupChoosing, ALongSetThatIsOnlyShownIsLookedThroughWithTheKeys)
+{
+    constexpr int Last = 60;
+    for (int code = 5; code <= Last; ++code)
+        school->AddSubject(2, code, QByteArray::number(code).constData(), code);
+    OpenForm();
+    ChooseDivision("B");
+    ASSERT_FALSE(grid->isEnabled());
+    const auto isLastSeen = [this] {
+        return grid->viewport()->rect().intersects(grid->CellRect(grid->Rows() - 2, 1));
+    };
+    ASSERT_FALSE(isLastSeen());
+    for (int page = 0; page < 10; ++page)
+        PressKey(form, Qt::Key_PageDown);
+    EXPECT_TRUE(isLastSeen());
+}
+
 TEST_F(SubjectSetupChoosing, ALargeSetIsReadWithAsManyStatementsAsASmallOne)
 {
     OpenForm();
