@@ -45,8 +45,8 @@ std::set<int> GradeSetupRepository::DivisionsWithTable(const SchoolScope& scope)
 {
     std::set<int> divisions;
     store::Statement rows = main_.Query(
-        QStringLiteral("SELECT DISTINCT DivisionCode FROM RankMaster WHERE AcademicYearCode = ? AND "
-                       "ExamCode = ? AND ClassCode = ?"),
+        QStringLiteral("SELECT DivisionCode FROM RankMaster WHERE AcademicYearCode = ? AND ExamCode = ? AND "
+                       "ClassCode = ?"),
         scope.academicYearCode, scope.examCode, scope.classCode);
     while (rows.Next())
         divisions.insert(rows.Int(0));

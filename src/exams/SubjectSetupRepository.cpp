@@ -10,7 +10,7 @@ std::vector<TaughtSubject> SubjectSetupRepository::Read(const SchoolScope& scope
                        "a.MaximumAllowed, a.TakenForRank, a.SlNo FROM ClassSubjectTeacher a, SubjectMaster "
                        "b, TeacherMaster c WHERE a.SubjectCode = b.SubjectCode AND a.TeacherCode = "
                        "c.TeacherCode AND a.ClassCode = ? AND a.DivisionCode = ? AND a.AcademicYearCode = ? "
-                       "ORDER BY a.SlNo, a.SubjectCode"),
+                       "ORDER BY a.SlNo"),
         scope.classCode, scope.divisionCode, scope.academicYearCode);
     while (rows.Next()) {
         subjects.push_back({.subjectCode = rows.Int(0),

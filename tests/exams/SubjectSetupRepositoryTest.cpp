@@ -131,7 +131,9 @@ TEST_F(SubjectSetupRepositoryTest, TheListsStandBehindABlankLineByName)
         return all.join(QLatin1Char('|')).toStdString();
     };
     EXPECT_EQ(texts(repository.SubjectsBehindBlank()), "0 |3Art|1Subject 1|2Subject 2");
-    EXPECT_EQ(texts(repository.TeachersBehindBlank()), "0 |7Teacher 7|8Teacher 8");
+    school.main.Execute(
+        QStringLiteral("UPDATE TeacherMaster SET TeacherName = 'Asha' WHERE TeacherCode = 8"));
+    EXPECT_EQ(texts(repository.TeachersBehindBlank()), "0 |8Asha|7Teacher 7");
 }
 
 TEST_F(SubjectSetupRepositoryTest, NeighboursOnAllSidesAreNotNoticed)
