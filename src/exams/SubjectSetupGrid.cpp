@@ -258,8 +258,9 @@ void SubjectSetupGrid::dbcSubject_Change(int row, const QString& text)
     ShowRow(row);
     if (refusal.isEmpty())
         return;
-    Prompts::Information(refusal);
+    // Before the box, which takes the keyboard: a text that is being left would be chosen once more.
     EmptySubject();
+    Prompts::Information(refusal);
 }
 
 void SubjectSetupGrid::EmptySubject()
@@ -275,13 +276,11 @@ void SubjectSetupGrid::dbcSubject_Enter(int row, const QString& text)
     SetSubject(row, text);
     const SubjectStep step = sheet_.EnterSubject(row);
     ShowRow(row);
-    Take(step);
-    if (step.row > 0)
-        return;
-    if (sheet_.Row(row).IsNamed())
-        dbcSubject_->SelectText();
-    else
+    if (!sheet_.Row(row).IsNamed())
         EmptySubject();
+    Take(step);
+    if (step.row == 0)
+        dbcSubject_->SelectText();
 }
 
 QString SubjectSetupGrid::dbcSubject_Validate(int row, const QString& text)

@@ -2,6 +2,11 @@
 
 #include "core/SessionContext.h"
 
+#include <QApplication>
+#include <QFocusEvent>
+#include <QPointer>
+#include <QWidget>
+
 #include <gtest/gtest.h>
 
 namespace tally::test {
@@ -12,6 +17,26 @@ bool HoldsTransaction(const std::unique_ptr<store::Connection>& connection)
 {
     return connection && connection->TransactionDepth() > 0;
 }
+
+/// Takes the keyboard from the form for as long as it stands, as a real box does.
+class KeyboardTaken
+{
+public:
+    KeyboardTaken() : from_(QApplication::focusWidget()) { Tell(QEvent::FocusOut); }
+    KeyboardTaken(const KeyboardTaken&) = delete;
+    KeyboardTaken& operator=(const KeyboardTaken&) = delete;
+    ~KeyboardTaken() { Tell(QEvent::FocusIn); }
+
+private:
+    void Tell(QEvent::Type type) const
+    {
+        QFocusEvent event(type, Qt::ActiveWindowFocusReason);
+        if (from_)
+            QApplication::sendEvent(from_, &event);
+    }
+
+    QPointer<QWidget> from_;
+};
 
 } // namespace
 
@@ -93,6 +118,7 @@ std::optional<bool> ExpectedPrompts::Answer(Prompts::Kind kind, const QString& t
     const QString compared = expected->beginOnly ? text.left(expected->text.size()) : text;
     EXPECT_EQ(compared.toStdString(), expected->text.toStdString());
     EXPECT_FALSE(text.isEmpty());
+    const KeyboardTaken meanwhile;
     return expected->answer;
 }
 
