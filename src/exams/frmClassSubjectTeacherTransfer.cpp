@@ -298,8 +298,6 @@ void frmClassSubjectTeacherTransfer::cmdCancel_Click()
     const CopyChoices offered = choices.value_or(CopyChoices());
     from_->Offer(offered.fromYears, offered);
     to_->Offer(offered.toYears, offered);
-    from_->Blank();
-    to_->Blank();
     ShowFrom({});
     ClearTo();
     // Without the lists nothing can be copied, only tried again.

@@ -27,11 +27,8 @@ protected:
     void SetUp() override
     {
         MarkScreen::SetUp();
-        store::Transaction transaction(*Session().gcnnMain);
         school->AddDivision(2, "B");
-        for (int student = 0; student < Students; ++student)
-            school->AddStudent(1, QStringLiteral("Student %1").arg(student));
-        transaction.Commit();
+        AddStudents(Students);
     }
     /// A from 80, C below.
     void GivenGrades(int divisionCode = 1)

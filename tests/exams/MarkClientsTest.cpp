@@ -13,10 +13,7 @@ protected:
     void SetUp() override
     {
         MarkScreen::SetUp();
-        store::Transaction transaction(*Session().gcnnMain);
-        for (int student = 0; student < Students; ++student)
-            school->AddStudent(1, QStringLiteral("Student %1").arg(student));
-        transaction.Commit();
+        AddStudents(Students);
     }
 
     /// "count of lowest to highest", the marks of one subject as the next client finds them.

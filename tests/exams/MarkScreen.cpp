@@ -1,5 +1,7 @@
 #include "exams/MarkScreen.h"
 
+#include "store/Transaction.h"
+
 #include <QClipboard>
 
 namespace tally::test {
@@ -27,6 +29,14 @@ void MarkScreen::TearDown()
 {
     school.reset();
     ScreenFixture::TearDown();
+}
+
+void MarkScreen::AddStudents(int count)
+{
+    store::Transaction transaction(*Session().gcnnMain);
+    for (int student = 0; student < count; ++student)
+        school->AddStudent(1, QStringLiteral("Student %1").arg(student));
+    transaction.Commit();
 }
 
 void MarkScreen::GivenRelieved(int studentCode)

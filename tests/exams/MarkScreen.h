@@ -39,6 +39,8 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
+    /// To the division.
+    void AddStudents(int count);
     void GivenRelieved(int studentCode);
     /// How many marks of the division are stored.
     qint64 Marks();

@@ -25,10 +25,7 @@ protected:
     void SetUp() override
     {
         MarkScreen::SetUp();
-        store::Transaction transaction(*Session().gcnnMain);
-        for (int student = 0; student < Students; ++student)
-            school->AddStudent(1, QStringLiteral("Student %1").arg(student));
-        transaction.Commit();
+        AddStudents(Students);
     }
 
     /// Both have typed before either saves.
