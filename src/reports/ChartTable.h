@@ -1,0 +1,41 @@
+#pragma once
+
+#include "core/GridTable.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace tally {
+
+/// What a chart shows: groups of values along its axis, one value of each series in each group.
+struct ChartTable
+{
+    struct Row
+    {
+        QString label;
+        std::vector<double> values; ///< one for each series
+    };
+
+    const char* labelColumn = ""; ///< the head of the labels in TempChartReport; the program's own
+    QStringList series;
+    std::vector<Row> rows;
+};
+
+/// A row of a report's grid that goes into the chart, and what the axis calls it.
+struct ChartLabel
+{
+    int row = 0;
+    QString label;
+};
+
+/// The first column of a report's grid that can hold marks. The columns before it say whose they are; from it
+/// on every second one is hidden and holds the subject's code, and the one behind it shows the subject.
+inline constexpr int FirstSubjectColumn = 5;
+
+/// The visible subject columns of a report's grid as series, named by their heads without blanks around them.
+/// A cell that holds no number, or one that is not above 0, counts as 0.
+ChartTable ChartOf(const GridTable& grid, const char* labelColumn, const std::vector<ChartLabel>& labels);
+
+} // namespace tally

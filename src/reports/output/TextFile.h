@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace tally {
+
+/// Writes a text report as `fileName` into the program's folder and opens it in the machine's program for
+/// texts. Where the file is another client's, who may still be reading it, the report gets a name of its own
+/// beside it. The user is told when it could not be written, of which no half is left then, or not opened.
+void ShowTextFile(const QString& fileName, const QString& text);
+
+} // namespace tally
