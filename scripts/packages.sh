@@ -4,7 +4,8 @@
 # To compile the program.
 packages_build=(
     g++ cmake ninja-build pkg-config
-    qt6-base-dev qt6-svg-dev libsqlcipher-dev libxlsxwriter-dev libminizip-dev zlib1g-dev
+    qt6-base-dev qt6-charts-dev libqt6opengl6-dev qt6-svg-dev libsqlcipher-dev libxlsxwriter-dev libminizip-dev
+    zlib1g-dev
 )
 
 # To run it, and the guided tour, on a machine without a desktop: the platform has no font of its own.
