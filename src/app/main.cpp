@@ -9,6 +9,7 @@
 #include "core/ui/look/Look.h"
 #include "core/ui/Prompts.h"
 #include "reports/output/ExportWorkbook.h"
+#include "reports/output/TextFile.h"
 
 #include <QTimer>
 
@@ -38,6 +39,7 @@ int main(int argc, char** argv)
         result = QApplication::exec();
     }
     delete mdiTallyboard::Instance();
+    GiveTextFilesBack();
     Session().gcnnTemp.reset();
     Session().gcnnMain.reset();
     return result;

@@ -3,6 +3,8 @@
 #include "core/Numbers.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 
 namespace tally {
 
@@ -22,6 +24,32 @@ ChartTable ChartOf(const GridTable& grid, const char* labelColumn, const std::ve
             line.values.push_back(std::max(0.0, Val(grid.Text(row, col))));
     }
     return chart;
+}
+
+int ChartAxis::Lines() const
+{
+    return static_cast<int>(std::lround(top / step)) + 1;
+}
+
+ChartAxis AxisOf(const ChartTable& chart)
+{
+    constexpr double MostSteps = 6;
+    constexpr std::array Rounds{1.0, 2.0, 5.0, 10.0};
+    // Binary forms lie a hair beside what people read.
+    constexpr double Hair = 1e-9;
+
+    double largest = 0;
+    for (const ChartTable::Row& row : chart.rows)
+        for (const double value : row.values)
+            largest = std::max(largest, value);
+    if (largest <= 0)
+        return {10, 2};
+    const double unit = std::pow(10, std::floor(std::log10(largest / MostSteps)));
+    const double round = *std::find_if(Rounds.begin(), Rounds.end(), [&](double candidate) {
+        return largest / (candidate * unit) <= MostSteps + Hair;
+    });
+    const double step = round * unit;
+    return {std::ceil(largest / step - Hair) * step, step};
 }
 
 } // namespace tally

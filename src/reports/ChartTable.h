@@ -38,4 +38,13 @@ inline constexpr int FirstSubjectColumn = 5;
 /// A cell that holds no number, or one that is not above 0, counts as 0.
 ChartTable ChartOf(const GridTable& grid, const char* labelColumn, const std::vector<ChartLabel>& labels);
 
+/// The axis of values: from 0 to a round number that no value exceeds.
+struct ChartAxis
+{
+    double top = 0;
+    double step = 0; ///< between two lines; 1, 2 or 5 and zeros
+    int Lines() const;
+};
+ChartAxis AxisOf(const ChartTable& chart);
+
 } // namespace tally

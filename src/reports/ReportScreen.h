@@ -82,10 +82,13 @@ protected:
     /// is chosen.
     void OfferLineGraph(int labels);
 
+    /// A column at least as wide as the form gives it, in twips; one with longer texts stays wider.
+    static void WidenColumn(FlexGrid* grid, GridCol col, int twips);
+
     /// Whether the user may print; a refusal is a box without a text.
     [[nodiscard]] bool MayPrint();
     /// Writes the text report as `fileName` into the program's folder and opens it. A failure is told.
-    static void PrintText(const QString& fileName, const TextReport& report);
+    void PrintText(const QString& fileName, const TextReport& report);
     /// The chart as TempChartReport holds it; nothing when it could not be laid down and the user has been
     /// told.
     [[nodiscard]] std::optional<ChartTable> LayDownChart(const ChartTable& chart);

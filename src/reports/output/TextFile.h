@@ -9,4 +9,7 @@ namespace tally {
 /// beside it. The user is told when it could not be written, of which no half is left then, or not opened.
 void ShowTextFile(const QString& fileName, const QString& text);
 
+/// Lets other clients have the files that this one has written; the end of the program does so too.
+void GiveTextFilesBack();
+
 } // namespace tally

@@ -1,0 +1,134 @@
+#include "reports/ChartView.h"
+
+#include "core/ui/look/Look.h"
+#include "core/ui/Prompts.h"
+
+#include <QAction>
+#include <QBuffer>
+#include <QClipboard>
+#include <QCursor>
+#include <QEvent>
+#include <QFile>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QSaveFile>
+#include <QSvgGenerator>
+#include <QToolTip>
+
+namespace tally {
+
+namespace {
+
+// What is handed to others is drawn at one size, whatever the window's is.
+constexpr QSize PictureSize(1000, 640);
+constexpr int PictureDots = 2; ///< to each unit of the size, in either direction
+
+} // namespace
+
+ChartView::ChartView(QWidget* parent) : QChartView(parent)
+{
+    setRenderHint(QPainter::Antialiasing);
+    setFrameShape(QFrame::NoFrame);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    AddEntry(QStringLiteral("Copy Picture"), QKeySequence::Copy, &ChartView::CopyPicture);
+    AddEntry(QStringLiteral("Save As PNG..."), {}, &ChartView::SavePicture);
+    AddEntry(QStringLiteral("Save As SVG..."), {}, &ChartView::SaveDrawing);
+    Redraw();
+}
+
+void ChartView::AddEntry(const QString& text, const QKeySequence& keys, void (ChartView::*handler)())
+{
+    auto* entry = new QAction(text, this);
+    entry->setShortcut(keys);
+    entry->setShortcutContext(Qt::WidgetShortcut);
+    connect(entry, &QAction::triggered, this, handler);
+    addAction(entry);
+}
+
+void ChartView::SetChart(const Chart& chart)
+{
+    shown_ = chart;
+    Redraw();
+}
+
+void ChartView::Redraw()
+{
+    const QChart* before = chart();
+    setChart(DrawChart(shown_, ColorsOfCharts(IsDark(palette())), [this](const QString& text) {
+                 if (text.isEmpty())
+                     QToolTip::hideText();
+                 else
+                     QToolTip::showText(QCursor::pos(), WrappedToolTip(text), this);
+             }).release());
+    delete before;
+}
+
+void ChartView::changeEvent(QEvent* event)
+{
+    QChartView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        Redraw();
+}
+
+QImage ChartView::Picture() const
+{
+    QImage picture(PictureSize * PictureDots, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    PaintChart(painter, picture.rect(), shown_, PictureSize);
+    return picture;
+}
+
+QByteArray ChartView::Drawing() const
+{
+    QBuffer bytes;
+    QSvgGenerator generator;
+    generator.setOutputDevice(&bytes);
+    generator.setSize(PictureSize);
+    generator.setViewBox(QRect(QPoint(), PictureSize));
+    generator.setTitle(shown_.heads.title);
+    QPainter painter(&generator);
+    PaintChart(painter, QRectF(QPointF(), PictureSize), shown_, PictureSize);
+    painter.end();
+    return bytes.data();
+}
+
+void ChartView::CopyPicture()
+{
+    QGuiApplication::clipboard()->setImage(Picture());
+}
+
+void ChartView::SavePicture()
+{
+    QByteArray content;
+    QBuffer bytes(&content);
+    bytes.open(QIODevice::WriteOnly);
+    Picture().save(&bytes, "PNG");
+    Save(QStringLiteral("Pictures (*.png)"), content);
+}
+
+void ChartView::SaveDrawing()
+{
+    Save(QStringLiteral("Drawings (*.svg)"), Drawing());
+}
+
+void ChartView::Save(const QString& filter, const QByteArray& content)
+{
+    const QString path = Prompts::ChooseFileToSave(QStringLiteral("Save Chart As"), {}, filter);
+    if (path.isEmpty())
+        return;
+    if (QFile::exists(path) &&
+        !Prompts::Ask(
+            QStringLiteral("The File \"%1\" Already Exists. Do You Want To Replace It ?").arg(path)))
+        return;
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+        Prompts::Critical(
+            QStringLiteral("The chart could not be saved as \"%1\". The disk may be full, or you may not "
+                           "write there.")
+                .arg(path));
+}
+
+} // namespace tally
