@@ -29,7 +29,7 @@ void DivisionChoice::Refill()
 void DivisionChoice::Choose(int classCode, int divisionCode)
 {
     const CodedTexts classes = SchoolListRepository(MainStore()).Classes();
-    const CodedTexts divisions = DivisionsOf(classCode);
+    const CodedTexts divisions = DivisionsOf(classCode, order_);
     classes_->SetListBehindBlank(classes);
     classes_->SetBoundCode(classCode);
     divisions_->SetListBehindBlank(divisions);
@@ -42,25 +42,34 @@ void DivisionChoice::ChooseClass(int classCode)
     LoadDivisions();
 }
 
+void DivisionChoice::OfferAgain(Order order)
+{
+    const int divisionCode = divisions_->BoundCode();
+    screen_->Read([&] {
+        divisions_->SetListBehindBlank(DivisionsOf(classes_->BoundCode(), order));
+        divisions_->SetBoundCode(divisionCode);
+    });
+}
+
 void DivisionChoice::TakeBackClass()
 {
     classes_->TakeBack();
     LoadDivisions();
 }
 
-CodedTexts DivisionChoice::DivisionsOf(int classCode) const
+CodedTexts DivisionChoice::DivisionsOf(int classCode, Order order)
 {
     if (classCode == 0)
         return {};
     SchoolListRepository lists(MainStore());
-    return order_ == Order::ByName ? lists.DivisionsByName(classCode) : lists.DivisionsByCode(classCode);
+    return order == Order::ByName ? lists.DivisionsByName(classCode) : lists.DivisionsByCode(classCode);
 }
 
 void DivisionChoice::LoadDivisions()
 {
     // Those of the class before are none of this one, also where its own cannot be read.
     divisions_->SetListBehindBlank({});
-    screen_->Read([this] { divisions_->SetListBehindBlank(DivisionsOf(classes_->BoundCode())); });
+    screen_->Read([this] { divisions_->SetListBehindBlank(DivisionsOf(classes_->BoundCode(), order_)); });
 }
 
 } // namespace tally

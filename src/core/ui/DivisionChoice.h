@@ -44,11 +44,15 @@ public:
     /// Chooses a class among those listed and offers its divisions; 0 chooses none. Divisions that cannot be
     /// read are told and left out.
     void ChooseClass(int classCode);
+    /// Offers the divisions of the chosen class once more, in this order; the one chosen stays chosen.
+    /// Another class brings the usual order back. Divisions that cannot be read are told and left as they
+    /// are.
+    void OfferAgain(Order order);
     /// Takes back the choice of a class that was refused, as DataCombo::TakeBack says.
     void TakeBackClass();
 
 private:
-    CodedTexts DivisionsOf(int classCode) const;
+    static CodedTexts DivisionsOf(int classCode, Order order);
     void LoadDivisions();
 
     Screen* screen_;
