@@ -21,6 +21,8 @@
 #include "masters/frmTeacherSearch.h"
 #include "ranks/frmRankCalculation.h"
 #include "ranks/frmRankCardPrinting.h"
+#include "reports/frmExamComparison.h"
+#include "reports/frmstudentyearlyexamavg.h"
 #include "students/frmMasOptionalAdmissionNoChange.h"
 #include "students/frmMasStudentAdmissionEntry.h"
 #include "students/frmMasStudentAdmissionSearch.h"
@@ -80,6 +82,10 @@ void RegisterScreens()
     Register<frmPromotionEntry>("frmPromotionEntry");
     Register<frmRankCalculation>("frmRankCalculation");
     Register<frmRankCardPrinting>("frmRankCardPrinting");
+    for (const ExamComparison& report : ExamComparisons())
+        ScreenRegistry::Register(QString::fromLatin1(report.formName),
+                                 [&report] { return new frmExamComparison(report); });
+    Register<frmstudentyearlyexamavg>("frmstudentyearlyexamavg");
     Register<frmTeacherMaster>("frmTeacherMaster");
     Register<frmTeacherSearch>("frmTeacherSearch");
     Register<frmUtilOptions>("frmUtilOptions");
