@@ -17,12 +17,15 @@ bool IsYes(const QString& takenForRank)
 
 } // namespace
 
-std::vector<DivisionFacts> DivisionRepository::LoadDivisionFacts(const SchoolScope& scope)
+std::vector<DivisionFacts> DivisionRepository::LoadDivisionFacts(const SchoolScope& scope,
+                                                                 DivisionOrder order)
 {
     const store::ReadTransaction reading(main_);
     std::vector<DivisionFacts> divisions;
     std::vector<int> codes;
-    for (const auto& [code, name] : SchoolListRepository(main_).DivisionsByCode(scope.classCode)) {
+    SchoolListRepository lists(main_);
+    for (const auto& [code, name] : order == DivisionOrder::ByName ? lists.DivisionsByName(scope.classCode)
+                                                                   : lists.DivisionsByCode(scope.classCode)) {
         divisions.push_back({SchoolDivision{code, name}});
         codes.push_back(code);
     }

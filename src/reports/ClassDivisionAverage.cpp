@@ -1,0 +1,86 @@
+#include "reports/ClassDivisionAverage.h"
+
+#include "reports/DivisionReport.h"
+#include "reports/PercentAverage.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace tally {
+
+namespace {
+
+constexpr Qt::Alignment Centred = Qt::AlignHCenter | Qt::AlignVCenter;
+
+using Column = DivisionAverageColumn;
+
+bool IsShown(const SubjectSetup& subject, const DivisionAverageChoice& choice)
+{
+    return (choice.display == SubjectDisplay::All || subject.takenForRank) &&
+           std::find(choice.subjectCodes.begin(), choice.subjectCodes.end(), subject.subjectCode) !=
+               choice.subjectCodes.end();
+}
+
+/// The subjects of the division that are shown, in their order.
+std::vector<SubjectSetup> ShownSubjects(const std::vector<SubjectSetup>& setup, int division,
+                                        const DivisionAverageChoice& choice)
+{
+    std::vector<SubjectSetup> subjects;
+    std::copy_if(setup.begin(), setup.end(), std::back_inserter(subjects), [&](const SubjectSetup& subject) {
+        return subject.divisionCode == division && IsShown(subject, choice);
+    });
+    return subjects;
+}
+
+} // namespace
+
+GridTable ShowClassDivisionAverages(const DivisionAverageInput& input, const DivisionAverageChoice& choice)
+{
+    std::vector<GridColumn> columns{{.head = QStringLiteral("Sl.No."), .alignment = Centred},
+                                    {.head = QStringLiteral("Student Name"), .hidden = true},
+                                    {.head = QStringLiteral("Ad.No"), .hidden = true},
+                                    {QStringLiteral("Class")},
+                                    {QStringLiteral("Div")}};
+    const std::vector<SubjectSetup> shown =
+        choice.divisions.empty() ? std::vector<SubjectSetup>()
+                                 : ShownSubjects(input.setup, choice.divisions.front().code, choice);
+    std::map<int, std::size_t> columnOf;
+    for (const SubjectSetup& subject : shown) {
+        columnOf[subject.subjectCode] = columns.size();
+        columns.push_back({.head = QString::number(subject.subjectCode), .hidden = true});
+        columns.push_back({.head = subject.shortName, .alignment = NumberAlignment});
+    }
+
+    std::map<std::pair<int, int>, PercentAverage> averages; // by division and subject
+    for (const PresentMark& mark : input.marks)
+        averages[{mark.divisionCode, mark.subjectCode}].Add(mark.mark);
+    GridTable list(std::move(columns));
+    for (const ListItem& division : choice.divisions) {
+        GridTable::Row cells(static_cast<std::size_t>(list.Cols()));
+        cells[static_cast<std::size_t>(Column::SerialNo)].text = QString::number(list.Rows());
+        cells[static_cast<std::size_t>(Column::Class)].text = choice.className;
+        cells[static_cast<std::size_t>(Column::Division)].text = division.text;
+        for (const SubjectSetup& subject : ShownSubjects(input.setup, division.code, choice)) {
+            const auto column = columnOf.find(subject.subjectCode);
+            const auto average = averages.find({division.code, subject.subjectCode});
+            if (column == columnOf.end() || average == averages.end())
+                continue;
+            cells[column->second].text = QString::number(subject.subjectCode);
+            cells[column->second + 1].text = average->second.Text(subject.maximumMark);
+        }
+        list.AddRow(std::move(cells));
+    }
+    return list;
+}
+
+ChartTable ChartOfDivisionAverages(const GridTable& list)
+{
+    std::vector<ChartLabel> labels;
+    for (int row = 1; row < list.Rows(); ++row)
+        labels.push_back({row, list.Text(row, Column::Class) + QLatin1Char(' ') +
+                                   WithoutMark(list.Text(row, Column::Division))});
+    return ChartOf(list, "Class", labels);
+}
+
+} // namespace tally

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "core/Numbers.h"
+
+#include <QString>
+
+namespace tally {
+
+/// The average of marks in percent of the maximum mark.
+class PercentAverage
+{
+public:
+    void Add(double mark)
+    {
+        sum_.Add(mark);
+        ++count_;
+    }
+
+    /// With two decimals; empty for marks out of 0, by which nobody can be measured. Only with marks.
+    QString Text(double maximumMark) const
+    {
+        return maximumMark == 0 ? QString() : Format2(sum_.Value() / (maximumMark * count_) * 100);
+    }
+
+private:
+    ExactSum sum_;
+    int count_ = 0;
+};
+
+} // namespace tally
