@@ -12,6 +12,7 @@
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
+#include "core/ui/SelectAllBox.h"
 #include "ranks/ExportFlexGridToExcel1.h"
 #include "ranks/RankCardRepository.h"
 #include "reports/output/ExportWorkbook.h"
@@ -55,11 +56,10 @@ void frmRankCardPrinting::ConnectHandlers()
     classDivision_ = new DivisionChoice(this, ui_->cboClass, ui_->cboDivision, DivisionChoice::Order::ByCode);
     connect(ui_->cboClass, &DataCombo::Chosen, this, &frmRankCardPrinting::LoadStudentList);
     connect(ui_->cboDivision, &DataCombo::Chosen, this, &frmRankCardPrinting::LoadStudentList);
-    connect(ui_->Lstexamnames, &CheckList::Ticked, this,
-            [this](int, bool ticked) { Lstexamnames_ItemCheck(ticked); });
-    connect(ui_->chkSelectExamName, &QCheckBox::clicked, this, &frmRankCardPrinting::chkSelectExamName_Click);
-    connect(ui_->LstStudents, &CheckList::Ticked, this, &frmRankCardPrinting::LstStudents_ItemCheck);
-    connect(ui_->chkSelectStudents, &QCheckBox::clicked, this, &frmRankCardPrinting::chkSelectStudents_Click);
+    exams_ = new SelectAllBox(ui_->chkSelectExamName, ui_->Lstexamnames);
+    students_ = new SelectAllBox(ui_->chkSelectStudents, ui_->LstStudents);
+    connect(exams_, &SelectAllBox::Changed, this, &frmRankCardPrinting::LoadStudentList);
+    connect(students_, &SelectAllBox::Changed, this, &frmRankCardPrinting::ClearCards);
     connect(ui_->Optsubjectdisplayyes, &QRadioButton::toggled, this, &frmRankCardPrinting::ClearCards);
     connect(ui_->cmdView, &QPushButton::clicked, this, &frmRankCardPrinting::cmdView_Click);
     connect(ui_->cmdExport, &QPushButton::clicked, this, &frmRankCardPrinting::cmdExport_Click);
@@ -81,30 +81,18 @@ SchoolScope frmRankCardPrinting::Scope() const
 
 void frmRankCardPrinting::LoadExams()
 {
-    Read([this] {
+    std::vector<ListItem> exams;
+    Read([&] {
         for (const auto& [code, name] : SchoolListRepository(MainStore()).Exams())
-            ui_->Lstexamnames->AddItem({code, name, {}});
+            exams.push_back({code, name, {}});
     });
-}
-
-void frmRankCardPrinting::Lstexamnames_ItemCheck(bool ticked)
-{
-    if (!ticked)
-        ui_->chkSelectExamName->setChecked(false);
-    LoadStudentList();
-}
-
-void frmRankCardPrinting::chkSelectExamName_Click(bool ticked)
-{
-    ui_->Lstexamnames->SetAllTicked(ticked);
-    LoadStudentList();
+    exams_->SetItems(exams);
 }
 
 void frmRankCardPrinting::LoadStudentList()
 {
     ClearCards();
-    ui_->LstStudents->clear();
-    ui_->chkSelectStudents->setChecked(false);
+    students_->Clear();
     const SchoolScope scope = Scope();
     if (scope.divisionCode == 0)
         return;
@@ -112,29 +100,11 @@ void frmRankCardPrinting::LoadStudentList()
         const HourGlass hourGlass;
         const StudentListInput input = RankCardRepository(MainStore()).LoadStudentList(scope);
         const std::vector<bool> complete = MarksComplete(input, ui_->Lstexamnames->TickedData());
-        for (std::size_t number = 0; number < input.students.size(); ++number) {
-            ui_->LstStudents->AddItem(StudentItem(input.students[number], complete[number]));
-        }
+        std::vector<ListItem> items;
+        for (std::size_t number = 0; number < input.students.size(); ++number)
+            items.push_back(StudentItem(input.students[number], complete[number]));
+        students_->SetItems(items);
     });
-}
-
-void frmRankCardPrinting::LstStudents_ItemCheck(int index, bool ticked)
-{
-    const QString refusal = ticked ? ui_->LstStudents->Refusal(index) : QString();
-    if (!refusal.isEmpty()) {
-        Prompts::Information(refusal);
-        ui_->LstStudents->SetTicked(index, false);
-        return;
-    }
-    if (!ticked)
-        ui_->chkSelectStudents->setChecked(false);
-    ClearCards();
-}
-
-void frmRankCardPrinting::chkSelectStudents_Click(bool ticked)
-{
-    ClearCards();
-    ui_->LstStudents->SetAllTicked(ticked);
 }
 
 bool frmRankCardPrinting::SelectionComplete()

@@ -12,6 +12,7 @@ class frmRankCardPrinting;
 namespace tally {
 
 class DivisionChoice;
+class SelectAllBox;
 
 /// "Rank Card": shows for chosen students of a division a card with the marks and the saved rank of each
 /// chosen exam, and exports the cards for printing.
@@ -35,10 +36,6 @@ private:
     void LoadStudentList();
     void LoadRankCard();
 
-    void Lstexamnames_ItemCheck(bool ticked);
-    void chkSelectExamName_Click(bool ticked);
-    void LstStudents_ItemCheck(int index, bool ticked);
-    void chkSelectStudents_Click(bool ticked);
     void cmdView_Click();
     void cmdExport_Click();
     void cmdCancel_Click();
@@ -52,6 +49,8 @@ private:
 
     std::unique_ptr<Ui::frmRankCardPrinting> ui_;
     DivisionChoice* classDivision_ = nullptr;
+    SelectAllBox* exams_ = nullptr;
+    SelectAllBox* students_ = nullptr;
 };
 
 } // namespace tally
