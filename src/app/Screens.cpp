@@ -23,6 +23,14 @@
 #include "ranks/frmRankCardPrinting.h"
 #include "reports/frmExamComparison.h"
 #include "reports/frmstudentyearlyexamavg.h"
+#include "reports/frmclassdivisionsubjectavg.h"
+#include "reports/frmExamComparison.h"
+#include "reports/frmrptClassList.h"
+#include "reports/frmrptClasssubjectteacher.h"
+#include "reports/frmStudentExamAvgChart.h"
+#include "reports/frmStudentList.h"
+#include "reports/frmstudentslist.h"
+#include "reports/frmstudentyearlyexamavg.h"
 #include "students/frmMasOptionalAdmissionNoChange.h"
 #include "students/frmMasStudentAdmissionEntry.h"
 #include "students/frmMasStudentAdmissionSearch.h"
@@ -52,6 +60,15 @@ void Register(const char* formName)
     ScreenRegistry::Register(QString::fromLatin1(formName), [] { return new Form; });
 }
 
+/// Screens that are one class and a table of definitions.
+template <typename Form, typename Definitions>
+void RegisterEach(const Definitions& definitions)
+{
+    for (const auto& definition : definitions)
+        ScreenRegistry::Register(QString::fromLatin1(definition.formName),
+                                 [&definition] { return new Form(definition); });
+}
+
 } // namespace
 
 void RegisterScreens()
@@ -67,9 +84,7 @@ void RegisterScreens()
     Register<frmMasAcademicYearSetup>("frmMasAcademicYearSetup");
     Register<frmUtilApplicationDateChange>("frmUtilApplicationDateChange");
     Register<frmUtilApplicationDateSetup>("frmUtilApplicationDateSetup");
-    for (const SimpleMasterDefinition& definition : SimpleMasterDefinitions())
-        ScreenRegistry::Register(QString::fromLatin1(definition.formName),
-                                 [&definition] { return new frmSimpleMaster(definition); });
+    RegisterEach<frmSimpleMaster>(SimpleMasterDefinitions());
     Register<frmMasClassSectionEntry>("frmMasClassSectionEntry");
     Register<frmMasOptionalAdmissionNoChange>("frmMasOptionalAdmissionNoChange");
     Register<frmMasSchoolSetup>("frmMasSchoolSetup");
@@ -85,6 +100,14 @@ void RegisterScreens()
     for (const ExamComparison& report : ExamComparisons())
         ScreenRegistry::Register(QString::fromLatin1(report.formName),
                                  [&report] { return new frmExamComparison(report); });
+    Register<frmstudentyearlyexamavg>("frmstudentyearlyexamavg");
+    RegisterEach<frmstudentslist>(StudentsListDefinitions());
+    RegisterEach<frmExamComparison>(ExamComparisons());
+    Register<frmclassdivisionsubjectavg>("frmclassdivisionsubjectavg");
+    Register<frmrptClassList>("frmrptClassList");
+    Register<frmrptClasssubjectteacher>("frmrptClasssubjectteacher");
+    Register<frmStudentExamAvgChart>("frmStudentExamAvgChart");
+    Register<frmStudentList>("frmStudentList");
     Register<frmstudentyearlyexamavg>("frmstudentyearlyexamavg");
     Register<frmTeacherMaster>("frmTeacherMaster");
     Register<frmTeacherSearch>("frmTeacherSearch");

@@ -15,6 +15,7 @@
 #include "ranks/GradeSummaryPanel.h"
 #include "ranks/RankViews.h"
 #include "reports/output/ExportGridToExcel.h"
+#include "reports/output/GridPrint.h"
 #include "store/StoreError.h"
 #include "ui_frmRankCalculation.h"
 
@@ -27,6 +28,7 @@ namespace tally {
 namespace {
 
 constexpr int HelpScreenNo = 21;
+const QString ListTitle = QStringLiteral("Rank List");
 
 } // namespace
 
@@ -72,6 +74,7 @@ void frmRankCalculation::ConnectHandlers()
     connect(Frame5_, &GradeSummaryPanel::CloseClicked, this, &frmRankCalculation::cmdClose_Click);
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmRankCalculation::cmdSave_Click);
     connect(ui_->cmdExport, &QPushButton::clicked, this, &frmRankCalculation::cmdExport_Click);
+    connect(ui_->cmdPrintSetup, &QPushButton::clicked, this, &frmRankCalculation::cmdPrintSetup_Click);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmRankCalculation::cmdCancel_Click);
     for (QComboBox* combo : {ui_->Cboexamname, ui_->cboClass})
         combo->setProperty(EnterNeedsText, true);
@@ -294,7 +297,7 @@ void frmRankCalculation::cmdUpdate_Click()
         Prompts::Critical(QString::fromLatin1(error.what()));
         return;
     }
-    for (QPushButton* button : {ui_->cmdSave, ui_->cmdExport, ui_->cmdTotalDetails})
+    for (QPushButton* button : {ui_->cmdSave, ui_->cmdExport, ui_->cmdTotalDetails, ui_->cmdPrintSetup})
         button->setEnabled(true);
     // The keyboard was on a button that is closed now.
     ui_->msgDisplayDetails->setFocus();
@@ -386,10 +389,21 @@ void frmRankCalculation::cmdExport_Click()
 {
     if (!MayUse(Right::Print))
         return;
-    ExportReport(ui_->msgDisplayDetails->Table(), QStringLiteral("Rank List"),
-                 QStringLiteral("Exam Name :") + ui_->Cboexamname->currentText().trimmed() +
-                     QStringLiteral("  Class :") + ui_->cboClass->currentText().trimmed() +
-                     QStringLiteral(" Division :") + TickedDivisions().join(QLatin1Char(',')));
+    ExportReport(ui_->msgDisplayDetails->Table(), ListTitle, ListHead());
+}
+
+void frmRankCalculation::cmdPrintSetup_Click()
+{
+    // What may be taken away in a workbook may be taken away on paper.
+    if (MayUse(Right::Print))
+        ShowGridPreview(ui_->msgDisplayDetails->Table(), ListTitle, ListHead());
+}
+
+QString frmRankCalculation::ListHead() const
+{
+    return QStringLiteral("Exam Name :") + ui_->Cboexamname->currentText().trimmed() +
+           QStringLiteral("  Class :") + ui_->cboClass->currentText().trimmed() +
+           QStringLiteral(" Division :") + TickedDivisions().join(QLatin1Char(','));
 }
 
 void frmRankCalculation::cmdCancel_Click()
@@ -400,8 +414,8 @@ void frmRankCalculation::cmdCancel_Click()
     ui_->Frame2->setEnabled(true);
     ui_->Optsubjectdisplayno->setChecked(true);
     ui_->optRankOrder->setChecked(true);
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{ui_->cmdExport, ui_->cboClass, ui_->cmdSave, ui_->cmdTotalDetails})
+    for (QWidget* control : std::initializer_list<QWidget*>{ui_->cmdExport, ui_->cboClass, ui_->cmdSave,
+                                                            ui_->cmdTotalDetails, ui_->cmdPrintSetup})
         control->setEnabled(false);
     ui_->chkSelectAll->setEnabled(true);
     LoadLists();

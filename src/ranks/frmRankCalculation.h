@@ -48,6 +48,7 @@ private:
     void cmdClose_Click();
     void cmdSave_Click();
     void cmdExport_Click();
+    void cmdPrintSetup_Click();
     void cmdCancel_Click();
 
     /// Exam, class and a division must be chosen. Says which is missing and gives it the focus.
@@ -71,6 +72,8 @@ private:
     GridTable ReadList();
     void ShowList(GridTable list);
     void LoadGradeSummary(const GridTable& list, const RankInput& input);
+    /// What stands under the list's title on sheets and paper.
+    QString ListHead() const;
     /// The items of the ticked divisions, their marks included.
     QStringList TickedDivisions() const;
     void ResetGrid();

@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGraphicsView>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -80,8 +81,9 @@ void ShowForm(const QString& formName)
     const bool opens = !frame;
     if (opens) {
         NameControls(screen);
-        // A list is worth the whole window; a form of fields is not.
-        const bool growing = screen->findChild<Grid*>() != nullptr;
+        // A list or a chart is worth the whole window; a form of fields is not.
+        const bool growing =
+            screen->findChild<Grid*>() != nullptr || screen->findChild<QGraphicsView*>() != nullptr;
         frame = window->Area()->addSubWindow(
             screen, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                         Qt::WindowCloseButtonHint |

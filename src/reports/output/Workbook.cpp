@@ -263,8 +263,9 @@ lxw_format* Workbook::Format(const CellStyle& style)
         format_set_shrink(format);
     if (style.fill != 0)
         format_set_bg_color(format, style.fill & 0xFFFFFFU);
-    const QString number =
-        style.decimals > 0 ? QStringLiteral("0.") + QString(style.decimals, u'0') : QStringLiteral("0");
+    const QString number = style.text           ? QStringLiteral("@")
+                           : style.decimals > 0 ? QStringLiteral("0.") + QString(style.decimals, u'0')
+                                                : QStringLiteral("0");
     format_set_num_format(format, number.toLatin1().constData());
     return format;
 }

@@ -47,6 +47,7 @@ struct CellStyle
     bool wrap = false;   ///< a long text goes on in a second line
     bool shrink = false; ///< a text that is too wide becomes smaller; not together with wrap
     QRgb fill = 0;       ///< 0: no fill
+    bool text = false;   ///< what is typed over it stays a text too
     int decimals = 0;    ///< shown behind the point of a number
     int points = 0;      ///< size of the letters; 0: the standard size
 

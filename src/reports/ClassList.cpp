@@ -1,0 +1,44 @@
+#include "reports/ClassList.h"
+
+#include "core/Numbers.h"
+
+namespace tally {
+
+GridTable ClassListTable(const std::vector<ListedStudent>& students, const QString& admissionHead, int added)
+{
+    std::vector<GridColumn> columns{{admissionHead}, {QStringLiteral("Student Name")}};
+    columns.resize(columns.size() + static_cast<std::size_t>(added));
+    GridTable list(std::move(columns));
+    list.Reserve(static_cast<int>(students.size()));
+    for (const ListedStudent& student : students)
+        list.AddRow({{student.optionalAdmissionNo}, {student.studentName}});
+    return list;
+}
+
+TextReport ClassListText(const GridTable& list, const QString& className, const QString& divisions)
+{
+    constexpr int AdmissionNoWidth = 12;
+    constexpr int StudentNameWidth = 25;
+    constexpr int AddedWidth = 5;
+    TextReport report;
+    report.title = QStringLiteral("STUDENT NAME LIST FOR CLASS %1 %2").arg(className, divisions);
+    report.columns = {{list.Text(0, ClassListColumn::AdmissionNo), AdmissionNoWidth},
+                      {list.Text(0, ClassListColumn::StudentName), StudentNameWidth}};
+    for (int col = GridCol(ClassListColumn::FirstAdded); col < list.Cols(); ++col)
+        report.columns.push_back({list.Text(0, col), AddedWidth});
+    for (int row = 1; row < list.Rows(); ++row) {
+        QStringList& cells = report.rows.emplace_back();
+        for (int col = 0; col < list.Cols(); ++col)
+            cells.append(list.Text(row, col));
+    }
+    return report;
+}
+
+QString AddedColumnRefusal(const QString& number, const QString& name, int added)
+{
+    if (Val(number) <= 0 || Val(number) > added)
+        return QStringLiteral("Enter Correct Column number");
+    return name.trimmed().isEmpty() ? QStringLiteral("Enter Column Name") : QString();
+}
+
+} // namespace tally
