@@ -175,6 +175,13 @@ constexpr Ways Known[] = {
     {"frmUtilUserMaster",
      "txtSearchUserName dgdDetails txtName cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
      "C:cmdCancel D:cmdDelete E:cmdEdit M:txtName N:cmdNew S:cmdSave U:txtSearchUserName X:cmdExit", ""},
+    {"frmdivisionsubjectexamavg",
+     "chkSelectExamName Lstexamnames cboClass cboDivision cbostudent Optsubjectdisplayno "
+     "Optsubjectdisplayyes chkSelectSubjects Lstsubjects cmdView msgDetails optBarGrph optLineGrph cmdChart "
+     "cmdPrint cmdExport cmdCancel cmdExit",
+     "C:cmdCancel D:cboDivision E:cmdExport H:cmdChart K:cmdView L:cboClass N:Lstexamnames P:cmdPrint "
+     "S:cbostudent U:Lstsubjects X:cmdExit",
+     "Optsubjectdisplayno optBarGrph"},
     {"frmexammarkentry",
      "dbcExam cboClass cboDivision Optsubject Optstudent dbcSubject dbcStudent msgDetails txtmarkobtained "
      "cboPresentAbsent txtpresentorabsent cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
@@ -187,6 +194,19 @@ constexpr Ways Known[] = {
      "A:txtExamNameSearch C:cmdCancel D:cmdDelete E:cmdEdit M:txtExamName N:cmdNew R:txtExamOrder S:cmdSave "
      "X:cmdExit",
      ""},
+    {"frmstudentexamavg",
+     "chkSelectExamName Lstexamnames cboClass cboDivision cbostudent Optsubjectdisplayno "
+     "Optsubjectdisplayyes chkSelectSubjects Lstsubjects cmdView msgDetails optBarGrph optLineGrph cmdChart "
+     "cmdPrint cmdExport cmdCancel cmdExit",
+     "C:cmdCancel D:cboDivision E:cmdExport H:cmdChart K:cmdView L:cboClass N:Lstexamnames P:cmdPrint "
+     "S:cbostudent U:Lstsubjects X:cmdExit",
+     "Optsubjectdisplayno optBarGrph"},
+    {"frmstudentyearlyexamavg",
+     "cboClass cboDivision cbostudent chkSelectYear Lstacademicyear Cboexamname chkSelectSubjects "
+     "Lstsubjects cmdView msgDetails optBarGrph optLineGrph cmdChart cmdPrint cmdExport cmdCancel cmdExit",
+     "A:Lstacademicyear C:cmdCancel D:cboDivision E:cmdExport H:cmdChart K:cmdView L:cboClass N:Cboexamname "
+     "P:cmdPrint S:cbostudent U:Lstsubjects X:cmdExit",
+     "optBarGrph"},
     {"frmStartLock", "", "", ""},
     {"frmStartLogin", "txtLoginID txtPassword ImgOK ImgCancel cmdExit",
      "L:txtLoginID P:txtPassword X:cmdExit", ""},

@@ -23,7 +23,9 @@ TEST(ScreensTest, EveryScreenOfTheProgramIsReachableFromTheMenus)
         "frmMasStudentAdmissionEntry frmMasStudentRelievingMaster frmMasAcademicYearSetup "
         "frmMasAcademicYearChange frmClassSubjectTeacher frmClassSubjectTeacherTransfer frmClassRankSetup "
         "frmClassRankTransferSetup frmexammarkentry frmPromotionEntry frmRankCalculation "
-        "frmRankCardPrinting frmUtilApplicationDateSetup "
+        "frmRankCardPrinting "
+        "frmdivisionsubjectexamavg frmstudentexamavg frmstudentyearlyexamavg "
+        "frmUtilApplicationDateSetup "
         "frmUtilApplicationDateChange frmUtilUserMaster frmUtilOptions AboutUs");
 }
 
