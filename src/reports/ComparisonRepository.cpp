@@ -82,13 +82,15 @@ SubjectListInput ComparisonRepository::LoadStudentSubjects(const SchoolScope& sc
                                                            SubjectDisplay display)
 {
     const store::ReadTransaction reading(main_);
+    // Naming all years lets the engine go straight to the student's marks in each exam.
     return {DivisionSubjects(scope, display),
             ReadEntered(QueryCodes(
                 main_,
                 QStringLiteral("SELECT a.ExamCode, a.SubjectCode FROM MarkMaster a INNER JOIN "
                                "StudentClassDivision b ON b.StudentCode = a.StudentCode AND b.ClassCode = "
                                "a.ClassCode AND b.DivisionCode = a.DivisionCode WHERE a.ClassCode = ? AND "
-                               "a.DivisionCode = ? AND a.StudentCode = ? AND a.ExamCode IN (%1)"),
+                               "a.DivisionCode = ? AND a.StudentCode = ? AND a.AcademicYearCode IN (SELECT "
+                               "AcademicYearCode FROM AcademicYearSetup) AND a.ExamCode IN (%1)"),
                 examCodes, scope.classCode, scope.divisionCode, studentCode))};
 }
 

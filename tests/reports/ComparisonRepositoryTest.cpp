@@ -115,6 +115,11 @@ TEST_F(ComparedSchool, MarksOfOneWhoWasNeverInTheDivisionAreNotEnteredThere)
     Run("DELETE FROM StudentClassDivision WHERE AcademicYearCode = 2");
     EXPECT_EQ(Text(repository.LoadDivisionSubjects(own, {1}, ForRank)), "5 Subject 5; 1 Subject 1 | ");
     EXPECT_EQ(Text(repository.LoadStudentSubjects(own, 4, {1}, ForRank)), "5 Subject 5; 1 Subject 1 | ");
+    Run("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 9, 2, 0)");
+    Run("INSERT INTO ClassDivisionDetails VALUES (2, 'P', 1)");
+    Run("INSERT INTO StudentClassDivision VALUES (4, 2, 2, 1, 'Y', 0)");
+    EXPECT_EQ(Text(repository.LoadDivisionSubjects(own, {1}, ForRank)), "5 Subject 5; 1 Subject 1 | ");
+    EXPECT_EQ(Text(repository.LoadStudentSubjects(own, 4, {1}, ForRank)), "5 Subject 5; 1 Subject 1 | ");
 }
 
 TEST_F(ComparedSchool, OfAStudentEnteredIsWhatHeHasAMarkOfInTheDivisionInAnyYear)

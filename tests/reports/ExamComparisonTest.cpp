@@ -558,6 +558,34 @@ TEST_F(ExamComparisonScreen, ASchoolWithoutExamsHasNothingToCompare)
     ExpectMissing("Select Exam Name(s)", "Lstexamnames");
 }
 
+TEST_F(ExamComparisonScreen, AClassWithoutDivisionsAndADivisionWithoutSubjectsOfferNothing)
+{
+    Given("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 9, 2, 0)");
+    Given("DELETE FROM ClassSubjectTeacher WHERE DivisionCode = 1");
+    OpenDivision();
+    Tick(exams, 0);
+    Choose("cboClass", QStringLiteral("IX"));
+    EXPECT_EQ(Items(divisions), " ");
+    ExpectMissing("Select Division", "cboDivision");
+    ChooseDivisionB();
+    EXPECT_EQ(subjects->count(), 0);
+    Press(allSubjects);
+    ExpectMissing("Select Subject(s)", "Lstsubjects");
+}
+
+TEST_F(ExamComparisonScreen, ASubjectTakenOutOfTheRankMeanwhileHasNoColumn)
+{
+    OpenDivision();
+    Press(allExams);
+    ChooseDivisionB();
+    Press(allSubjects);
+    Given("UPDATE ClassSubjectTeacher SET TakenForRank = 'No' WHERE SubjectCode = 2 AND AcademicYearCode = 1 "
+          "AND ClassCode = 1 AND DivisionCode = 1");
+    Press(Button("cmdView"));
+    EXPECT_EQ(Row(0), "Sl.No.|Student Name|Exam Name|Class|Div|1|Eng");
+    EXPECT_EQ(Row(2), "2||Term Two|||1|80.00");
+}
+
 TEST_F(ExamComparisonScreen, WhatCannotBeReadIsToldAndShowsNothing)
 {
     OpenDivision();
