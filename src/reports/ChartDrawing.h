@@ -14,29 +14,6 @@ class QPainter;
 
 namespace tally {
 
-/// The numbers under which the office knows the two kinds of graph.
-enum class ChartKind
-{
-    Bar = 1,
-    Line = 3,
-};
-
-/// The words on a chart.
-struct ChartHeads
-{
-    QString title;
-    QString xAxis;
-    QString yAxis;
-};
-
-/// A chart and how it is to be drawn.
-struct Chart
-{
-    ChartTable table;
-    ChartHeads heads;
-    ChartKind kind = ChartKind::Bar;
-};
-
 /// The colours of a chart. Whoever cannot tell red from green, or blue from yellow, can tell all colours of
 /// the series, and each of them has 3:1 against the ground.
 struct ChartColors

@@ -23,6 +23,29 @@ struct ChartTable
     std::vector<Row> rows;
 };
 
+/// The numbers under which the office knows the two kinds of graph.
+enum class ChartKind
+{
+    Bar = 1,
+    Line = 3,
+};
+
+/// The words on a chart.
+struct ChartHeads
+{
+    QString title;
+    QString xAxis;
+    QString yAxis;
+};
+
+/// A chart and how it is to be drawn.
+struct Chart
+{
+    ChartTable table;
+    ChartHeads heads;
+    ChartKind kind = ChartKind::Bar;
+};
+
 /// A row of a report's grid that goes into the chart, and what the axis calls it.
 struct ChartLabel
 {

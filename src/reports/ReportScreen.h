@@ -16,7 +16,6 @@ class QRadioButton;
 namespace tally {
 
 class FlexGrid;
-struct ChartHeads;
 struct TextReport;
 
 /// What the report screens share: a list that is shown from a table, the buttons that follow it, and the ways

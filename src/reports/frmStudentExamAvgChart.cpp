@@ -2,6 +2,7 @@
 
 #include "core/Numbers.h"
 #include "core/ui/look/Look.h"
+#include "reports/ChartDrawing.h"
 #include "reports/output/PrintPreview.h"
 #include "ui_frmStudentExamAvgChart.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/ui/Screen.h"
-#include "reports/ChartDrawing.h"
+#include "reports/ChartTable.h"
 
 #include <memory>
 

@@ -1,0 +1,299 @@
+#include "reports/ChartDrawing.h"
+
+#include "support/TestPaper.h"
+
+#include <QBarSeries>
+#include <QBarSet>
+#include <QLineSeries>
+#include <QPainter>
+#include <QScatterSeries>
+#include <QValueAxis>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <set>
+
+namespace tally::test {
+namespace {
+
+/// Exams and subjects, each with a value of its own.
+Chart ChartOfSize(int subjects, int exams, ChartKind kind)
+{
+    Chart chart{.table = {.labelColumn = "ExamName", .series = {}, .rows = {}},
+                .heads = {QStringLiteral("Marks Of Asha"), QStringLiteral("EXAMS"), QStringLiteral("MARKS")},
+                .kind = kind};
+    for (int subject = 0; subject < subjects; ++subject)
+        chart.table.series.append(QStringLiteral("Su%1").arg(subject));
+    for (int exam = 0; exam < exams; ++exam) {
+        chart.table.rows.push_back({QStringLiteral("Exam%1").arg(exam), {}});
+        for (int subject = 0; subject < subjects; ++subject)
+            chart.table.rows.back().values.push_back((exam * 7 + subject * 13) % 97 + 0.25);
+    }
+    return chart;
+}
+
+/// The chart on a page of the printer.
+std::unique_ptr<TestPaper> Print(const Chart& chart)
+{
+    auto paper = std::make_unique<TestPaper>(QPageLayout::Landscape);
+    QPainter painter(paper.get());
+    constexpr QSizeF Size(1000, 640);
+    PaintChart(painter, paper->Edges(), chart, Size);
+    painter.end();
+    return paper;
+}
+
+struct Linear
+{
+    double red, green, blue;
+};
+
+double Linearized(int channel)
+{
+    const double share = channel / 255.0;
+    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+}
+
+Linear LinearOf(const QColor& color)
+{
+    return {Linearized(color.red()), Linearized(color.green()), Linearized(color.blue())};
+}
+
+double Contrast(const QColor& one, const QColor& other)
+{
+    const auto luminance = [](const QColor& color) {
+        const Linear light = LinearOf(color);
+        return 0.2126 * light.red + 0.7152 * light.green + 0.0722 * light.blue;
+    };
+    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+using Sight = std::array<std::array<double, 3>, 3>;
+/// How eyes see that lack nothing, and those without one of the three kinds of cones.
+constexpr std::array<Sight, 4> Sights{
+    {{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}},
+     {{{0.152286, 1.052583, -0.204868}, {0.114503, 0.786281, 0.099216}, {-0.003882, -0.048116, 1.051998}}},
+     {{{0.367322, 0.860646, -0.227968}, {0.280085, 0.672501, 0.047413}, {-0.011820, 0.042940, 0.968881}}},
+     {{{1.255528, -0.076749, -0.178779}, {-0.078411, 0.930809, 0.147602}, {0.004733, 0.691367, 0.303900}}}}};
+
+std::array<double, 3> Seen(const QColor& color, const Sight& sight)
+{
+    const Linear light = LinearOf(color);
+    std::array<double, 3> rgb{};
+    for (std::size_t channel = 0; channel < 3; ++channel)
+        rgb.at(channel) = std::clamp(sight.at(channel)[0] * light.red + sight.at(channel)[1] * light.green +
+                                         sight.at(channel)[2] * light.blue,
+                                     0.0, 1.0);
+    const auto cone = [](double share) {
+        return share > 0.008856 ? std::cbrt(share) : 7.787 * share + 16.0 / 116;
+    };
+    const double x = cone((0.4124 * rgb[0] + 0.3576 * rgb[1] + 0.1805 * rgb[2]) / 0.95047);
+    const double y = cone(0.2126 * rgb[0] + 0.7152 * rgb[1] + 0.0722 * rgb[2]);
+    const double z = cone((0.0193 * rgb[0] + 0.1192 * rgb[1] + 0.9505 * rgb[2]) / 1.08883);
+    return {116 * y - 16, 500 * (x - y), 200 * (y - z)};
+}
+
+double Difference(const QColor& one, const QColor& other, const Sight& sight)
+{
+    const auto a = Seen(one, sight);
+    const auto b = Seen(other, sight);
+    return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
+}
+
+class ChartColorsTest : public testing::TestWithParam<bool>
+{};
+
+TEST_P(ChartColorsTest, NobodyTakesOneSeriesForAnother)
+{
+    constexpr double PlainlyDifferent = 20;
+    const ChartColors colors = ColorsOfCharts(GetParam());
+    ASSERT_GE(colors.series.size(), 8U);
+    for (const Sight& sight : Sights)
+        for (std::size_t one = 0; one < colors.series.size(); ++one)
+            for (std::size_t other = 0; other < one; ++other)
+                EXPECT_GT(Difference(colors.series[one], colors.series[other], sight), PlainlyDifferent)
+                    << one << " and " << other << " with sight " << &sight - Sights.data();
+}
+
+TEST_P(ChartColorsTest, EachSeriesAndEachTextStandsOutFromTheGround)
+{
+    const ChartColors colors = ColorsOfCharts(GetParam());
+    for (const QColor& color : colors.series)
+        EXPECT_GE(Contrast(color, colors.ground), 3.0) << color.name().toStdString();
+    EXPECT_GE(Contrast(colors.text, colors.ground), 4.5);
+}
+
+INSTANTIATE_TEST_SUITE_P(LightAndDark, ChartColorsTest, testing::Bool());
+
+class ChartDrawingTest : public testing::Test
+{
+protected:
+    static std::unique_ptr<QChart> Draw(const Chart& chart, const ChartHover& hover = {})
+    {
+        return DrawChart(chart, ColorsOfCharts(false), hover);
+    }
+    template <typename Series>
+    static QList<Series*> Of(const QChart& drawing)
+    {
+        QList<Series*> found;
+        for (QAbstractSeries* series : drawing.series())
+            if (auto* one = qobject_cast<Series*>(series))
+                found.append(one);
+        return found;
+    }
+};
+
+TEST_F(ChartDrawingTest, BarsStandInGroupsWithABarForEachSubject)
+{
+    const auto drawing = Draw(ChartOfSize(3, 2, ChartKind::Bar));
+    ASSERT_EQ(drawing->series().size(), 1);
+    const auto sets = Of<QBarSeries>(*drawing).at(0)->barSets();
+    ASSERT_EQ(sets.size(), 3);
+    EXPECT_EQ(sets[1]->label().toStdString(), "Su1");
+    EXPECT_DOUBLE_EQ(sets[1]->at(0), 13.25);
+    EXPECT_DOUBLE_EQ(sets[1]->at(1), 20.25);
+}
+
+TEST_F(ChartDrawingTest, LinesRunFromLabelToLabelWithAMarkAtEach)
+{
+    const auto drawing = Draw(ChartOfSize(3, 4, ChartKind::Line));
+    const auto lines = Of<QLineSeries>(*drawing);
+    const auto marks = Of<QScatterSeries>(*drawing);
+    ASSERT_EQ(lines.size(), 3);
+    ASSERT_EQ(marks.size(), 3);
+    EXPECT_EQ(lines[2]->points(), marks[2]->points());
+    EXPECT_EQ(lines[2]->points().at(3), QPointF(3, 47.25));
+    EXPECT_EQ(marks[2]->name().toStdString(), "Su2");
+}
+
+TEST_F(ChartDrawingTest, NoTwoOfFifteenSeriesLookAlike)
+{
+    const auto bars = Draw(ChartOfSize(15, 1, ChartKind::Bar));
+    std::set<std::pair<QRgb, QRgb>> looks;
+    for (const QBarSet* set : Of<QBarSeries>(*bars).at(0)->barSets())
+        looks.emplace(set->pen().color().rgb(), set->brush().color().rgb());
+    EXPECT_EQ(looks.size(), 15U);
+
+    const auto lines = Draw(ChartOfSize(15, 2, ChartKind::Line));
+    std::set<std::tuple<QRgb, int, int>> marks;
+    for (qsizetype series = 0; series < 15; ++series)
+        marks.emplace(Of<QScatterSeries>(*lines)[series]->color().rgb(),
+                      Of<QScatterSeries>(*lines)[series]->markerShape(),
+                      Of<QLineSeries>(*lines)[series]->pen().style());
+    EXPECT_EQ(marks.size(), 15U);
+}
+
+TEST_F(ChartDrawingTest, LinesThatShareAColorDifferInTheirMarksAndDashes)
+{
+    const auto drawing = Draw(ChartOfSize(9, 2, ChartKind::Line));
+    const auto lines = Of<QLineSeries>(*drawing);
+    const auto marks = Of<QScatterSeries>(*drawing);
+    ASSERT_EQ(marks[0]->color(), marks[8]->color());
+    EXPECT_NE(marks[0]->markerShape(), marks[8]->markerShape());
+    EXPECT_NE(lines[0]->pen().style(), lines[8]->pen().style());
+}
+
+TEST_F(ChartDrawingTest, TheAxisOfValuesBeginsAtZeroAndEndsAtARoundNumber)
+{
+    Chart chart = ChartOfSize(2, 2, ChartKind::Line);
+    chart.table.rows[0].values = {45, 96.4};
+    const auto drawing = Draw(chart);
+    const auto axes = drawing->axes(Qt::Vertical);
+    ASSERT_EQ(axes.size(), 1);
+    const auto* values = qobject_cast<QValueAxis*>(axes[0]);
+    ASSERT_NE(values, nullptr);
+    EXPECT_DOUBLE_EQ(values->min(), 0);
+    EXPECT_DOUBLE_EQ(values->max(), 100);
+    EXPECT_EQ(values->tickCount(), 6);
+    EXPECT_EQ(values->titleText().toStdString(), "MARKS");
+    EXPECT_EQ(drawing->axes(Qt::Horizontal).at(0)->titleText().toStdString(), "EXAMS");
+}
+
+TEST_F(ChartDrawingTest, TheMouseIsToldTheSeriesTheLabelAndTheValue)
+{
+    QStringList told;
+    const ChartHover hover = [&told](const QString& text) { told.append(text); };
+    const auto bars = Draw(ChartOfSize(2, 2, ChartKind::Bar), hover);
+    Q_EMIT Of<QBarSeries>(*bars).at(0)->barSets()[1]->hovered(true, 0);
+    Q_EMIT Of<QBarSeries>(*bars).at(0)->barSets()[1]->hovered(false, 0);
+    const auto lines = Draw(ChartOfSize(2, 2, ChartKind::Line), hover);
+    Q_EMIT Of<QScatterSeries>(*lines)[0]->hovered(QPointF(1.001, 7.3), true);
+    EXPECT_EQ(told.join(QLatin1Char('|')).toStdString(), "Su1\nExam0: 13.25||Su0\nExam1: 7.25");
+}
+
+TEST_F(ChartDrawingTest, AChartWithoutAnythingIsDrawnEmpty)
+{
+    EXPECT_TRUE(Draw({})->series().isEmpty());
+    EXPECT_TRUE(Draw(ChartOfSize(0, 3, ChartKind::Bar))->series().isEmpty());
+    EXPECT_TRUE(Draw(ChartOfSize(3, 0, ChartKind::Line))->series().isEmpty());
+}
+
+/// Subjects, exams, and bars or lines.
+class ChartOnPaper : public testing::TestWithParam<std::tuple<int, int, ChartKind>>
+{};
+
+TEST_P(ChartOnPaper, EveryTextLiesWithinThePageAndOverNoOther)
+{
+    const auto [subjects, exams, kind] = GetParam();
+    const auto paper = Print(ChartOfSize(subjects, exams, kind));
+    ASSERT_EQ(paper->Pages().size(), 1U);
+    const TestPaper::Page& page = paper->Pages()[0];
+    for (const char* text : {"Marks Of Asha", "EXAMS", "MARKS", "Su0", "Exam0"})
+        EXPECT_TRUE(paper->Holds(0, text)) << text << " not in " << paper->Text(0);
+    EXPECT_TRUE(paper->Holds(0, QStringLiteral("Su%1").arg(subjects - 1).toLatin1().constData()));
+    EXPECT_TRUE(paper->Holds(0, QStringLiteral("Exam%1").arg(exams - 1).toLatin1().constData()));
+    for (std::size_t one = 0; one < page.words.size(); ++one) {
+        EXPECT_TRUE(paper->Edges().contains(page.words[one].place)) << page.words[one].text.toStdString();
+        for (std::size_t other = 0; other < one; ++other)
+            EXPECT_FALSE(page.words[one]
+                             .place.adjusted(2, 2, -2, -2)
+                             .intersects(page.words[other].place.adjusted(2, 2, -2, -2)))
+                << page.words[one].text.toStdString() << " over " << page.words[other].text.toStdString();
+    }
+}
+
+TEST_P(ChartOnPaper, LinesAndLettersStaySoForThePrinter)
+{
+    const auto [subjects, exams, kind] = GetParam();
+    const auto paper = Print(ChartOfSize(subjects, exams, kind));
+    EXPECT_EQ(paper->Pages()[0].pixmaps, 0);
+    EXPECT_GE(paper->Pages()[0].shapes, subjects);
+}
+
+TEST_P(ChartOnPaper, EachSeriesIsPaintedInItsColor)
+{
+    const auto [subjects, exams, kind] = GetParam();
+    const auto paper = Print(ChartOfSize(subjects, exams, kind));
+    const ChartColors colors = ColorsOfCharts(false);
+    for (std::size_t series = 0;
+         series < std::min<std::size_t>(colors.series.size(), static_cast<std::size_t>(subjects)); ++series)
+        EXPECT_TRUE(paper->Pages()[0].fills.contains(colors.series[series].rgb())) << series;
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, ChartOnPaper,
+                         testing::Combine(testing::Values(1, 4, 8, 15), testing::Values(1, 2, 7, 12),
+                                          testing::Values(ChartKind::Bar, ChartKind::Line)));
+
+TEST(ChartTextsTest, WhatLooksLikeMarkupIsWrittenAsItIs)
+{
+    Chart chart = ChartOfSize(1, 1, ChartKind::Bar);
+    chart.table.series[0] = QStringLiteral("<b>");
+    chart.heads.title = QStringLiteral("A & B <i>");
+    const auto paper = Print(chart);
+    EXPECT_TRUE(paper->Holds(0, "<b>")) << paper->Text(0);
+    EXPECT_TRUE(paper->Holds(0, "A & B <i>")) << paper->Text(0);
+}
+
+TEST(ChartTextsTest, TwoExamsOfOneNameAreTwoLabels)
+{
+    Chart chart = ChartOfSize(1, 2, ChartKind::Bar);
+    chart.table.rows[1].label = chart.table.rows[0].label;
+    const auto paper = Print(chart);
+    EXPECT_EQ(QString::fromStdString(paper->Text(0)).count(QStringLiteral("Exam0")), 2) << paper->Text(0);
+}
+
+} // namespace
+} // namespace tally::test

@@ -1,0 +1,135 @@
+#include "reports/ClassList.h"
+
+#include "support/Neighbours.h"
+#include "support/TestSchool.h"
+
+#include <gtest/gtest.h>
+
+namespace tally::test {
+namespace {
+
+std::string Text(const GridTable& list)
+{
+    QStringList lines;
+    for (int row = 0; row < list.Rows(); ++row) {
+        QStringList cells;
+        for (int col = 0; col < list.Cols(); ++col)
+            cells.append(list.Text(row, col));
+        lines.append(cells.join(QLatin1Char('|')));
+    }
+    return lines.join(QStringLiteral("; ")).toStdString();
+}
+
+const std::vector<ListedStudent> TwoStudents{{QStringLiteral("B7"), QStringLiteral("Asha")},
+                                             {QStringLiteral("A9"), QStringLiteral("Binu")}};
+
+TEST(ClassListTest, TheStudentsStandUnderTheirHeadsInTheOrderGiven)
+{
+    EXPECT_EQ(Text(ClassListTable(TwoStudents, QStringLiteral("Admission No."), 0)),
+              "Admission No.|Student Name; B7|Asha; A9|Binu");
+    EXPECT_EQ(Text(ClassListTable({}, QStringLiteral("Admission No."), 0)), "Admission No.|Student Name");
+}
+
+TEST(ClassListTest, AddedColumnsAreEmpty)
+{
+    EXPECT_EQ(Text(ClassListTable(TwoStudents, QStringLiteral("Admission.No."), 2)),
+              "Admission.No.|Student Name||; B7|Asha||; A9|Binu||");
+}
+
+TEST(ClassListTest, TheTextHasFiveLettersForEachAddedColumn)
+{
+    GridTable list = ClassListTable(TwoStudents, QStringLiteral("Admission.No."), 1);
+    list.SetText(0, 2, QStringLiteral("Remarks"));
+    const QString text = LayOutText(ClassListText(list, QStringLiteral("X"), QStringLiteral("A,B")), {});
+    EXPECT_EQ(text.section(QLatin1Char('\n'), 3).toStdString(),
+              "      STUDENT NAME LIST FOR CLASS X A,B\n"
+              "----------------------------------------------\n"
+              "|Admission.No|       Student Name      |Remar|\n"
+              "----------------------------------------------\n"
+              "|     B7     |           Asha          |     |\n"
+              "----------------------------------------------\n"
+              "|     A9     |           Binu          |     |\n"
+              "----------------------------------------------\n");
+}
+
+TEST(ClassListTest, AColumnIsNamedOnlyByANumberThatThereIs)
+{
+    const auto refusal = [](const char* number, const char* name) {
+        return AddedColumnRefusal(QString::fromLatin1(number), QString::fromLatin1(name), 3).toStdString();
+    };
+    for (const char* number : {"", "0", "4", "99", "-1", "abc"})
+        EXPECT_EQ(refusal(number, "Test"), "Enter Correct Column number") << number;
+    EXPECT_EQ(refusal("4", ""), "Enter Correct Column number") << "the number is looked at first";
+    for (const char* number : {"1", "3"})
+        EXPECT_EQ(refusal(number, "Test"), "") << number;
+    EXPECT_EQ(refusal("1", ""), "Enter Column Name");
+    EXPECT_EQ(refusal("1", "  "), "Enter Column Name");
+}
+
+/// Class X with divisions A, B and C, and neighbours on all sides.
+class ClassListRows : public testing::Test
+{
+protected:
+    ClassListRows()
+    {
+        school.AddDivision(1, "A");
+        school.AddDivision(2, "B");
+        school.AddDivision(3, "C");
+        school.AddStudent(1, QStringLiteral("Cara"), QStringLiteral("9"));
+        school.AddStudent(2, QStringLiteral("Asha"), QStringLiteral("20"));
+        school.AddStudent(1, QStringLiteral("Asha"), QStringLiteral("100"));
+        school.AddStudent(3, QStringLiteral("Dev"), QStringLiteral("7"));
+        school.main.Execute(
+            QStringLiteral("UPDATE StudentMaster SET AdmissionNo = 50 WHERE StudentCode = 2"));
+        AddNeighbours(school.main);
+    }
+
+    std::string Load(ClassListOrder order, const std::vector<int>& divisions = {1, 2})
+    {
+        QStringList students;
+        for (const ListedStudent& student :
+             ClassListRepository(school.main).LoadStudents(1, 1, divisions, order))
+            students.append(student.optionalAdmissionNo + QLatin1Char(' ') + student.studentName);
+        return students.join(QStringLiteral("; ")).toStdString();
+    }
+
+    TestSchool school;
+};
+
+TEST_F(ClassListRows, OfTheDivisionsAskedForStandByName)
+{
+    EXPECT_EQ(Load(ClassListOrder::Alphabetical), "100 Asha; 20 Asha; 9 Cara")
+        << "those of one name by their numbers";
+    EXPECT_EQ(Load(ClassListOrder::Alphabetical, {3}), "7 Dev");
+}
+
+TEST_F(ClassListRows, StandByTheProgramsNumberOrByTheSchoolsOwnAsAText)
+{
+    EXPECT_EQ(Load(ClassListOrder::AdmissionNo), "9 Cara; 100 Asha; 20 Asha");
+    EXPECT_EQ(Load(ClassListOrder::OptionalAdmissionNo), "100 Asha; 20 Asha; 9 Cara");
+    school.main.Execute(QStringLiteral("UPDATE StudentMaster SET StudentName = 'Zoe' WHERE StudentCode = 3"));
+    EXPECT_EQ(Load(ClassListOrder::OptionalAdmissionNo), "100 Zoe; 20 Asha; 9 Cara");
+}
+
+TEST_F(ClassListRows, HoldWhoHasLeft)
+{
+    school.main.Execute(QStringLiteral(
+        "UPDATE StudentMaster SET TCNo = 'T1', RelievingDate = '2024-09-01' WHERE StudentCode = 1"));
+    EXPECT_EQ(Load(ClassListOrder::Alphabetical), "100 Asha; 20 Asha; 9 Cara");
+}
+
+TEST_F(ClassListRows, AreNoneInADivisionWithoutStudents)
+{
+    school.AddDivision(4, "D");
+    EXPECT_EQ(Load(ClassListOrder::Alphabetical, {4}), "");
+}
+
+TEST_F(ClassListRows, TakeOneStatementHoweverManyDivisionsThereAre)
+{
+    const auto before = school.main.StatementsRun();
+    Load(ClassListOrder::Alphabetical, {1, 2, 3});
+    EXPECT_EQ(school.main.StatementsRun() - before, 1);
+}
+
+} // namespace
+} // namespace tally::test

@@ -1,0 +1,258 @@
+#include "reports/output/GridPages.h"
+
+#include "core/SessionContext.h"
+#include "reports/output/GridPrint.h"
+#include "reports/output/PrintPreview.h"
+#include "support/TableOf.h"
+#include "support/TestPaper.h"
+
+#include <QApplication>
+#include <QPrintPreviewDialog>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <memory>
+#include <optional>
+
+namespace tally::test {
+namespace {
+
+/// So many rows under two heads.
+GridTable Rows(int count, const QString& name = QStringLiteral("Asha"))
+{
+    GridTable table({{QStringLiteral("Sl.No.")}, {QStringLiteral("Student Name")}});
+    for (int row = 1; row <= count; ++row)
+        table.AddRow({{QString::number(row)}, {name}});
+    return table;
+}
+
+class GridPagesTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        Session().gstrSchoolName = QStringLiteral("St. Mary's School");
+        Session().gstrSchoolAddress = QStringLiteral("Hill Road");
+        Session().gstrSchoolCity = QStringLiteral("Kochi");
+    }
+    void TearDown() override
+    {
+        UsePrintPreview({});
+        Session().gstrSchoolName.clear();
+        Session().gstrSchoolAddress.clear();
+        Session().gstrSchoolCity.clear();
+    }
+
+    /// Prints the table; nothing may lie beyond the edges of the paper.
+    static std::unique_ptr<TestPaper> Print(const GridTable& table)
+    {
+        const GridPages pages(table, QStringLiteral("CLASS LIST"),
+                              QStringLiteral("STUDENT LIST FOR CLASS   X A"));
+        auto paper = std::make_unique<TestPaper>(pages.Orientation());
+        EXPECT_EQ(pages.Paint(*paper), static_cast<int>(paper->Pages().size()));
+        for (const TestPaper::Page& page : paper->Pages())
+            for (const TestPaper::Word& word : page.words)
+                EXPECT_TRUE(paper->Edges().contains(word.place)) << word.text.toStdString();
+        return paper;
+    }
+};
+
+TEST_F(GridPagesTest, AShortListTakesOneUprightPage)
+{
+    const auto paper = Print(Rows(2));
+    ASSERT_EQ(paper->Pages().size(), 1U);
+    EXPECT_LT(paper->width(), paper->height());
+    EXPECT_EQ(paper->Text(0).substr(0, paper->Text(0).find("|CLASS LIST ")),
+              "St. Mary's School|Hill Road|Kochi|CLASS LIST|STUDENT LIST FOR CLASS   X A");
+    EXPECT_TRUE(paper->Holds(0, "|Page 1 of 1|Sl.No.|Student Name|1|Asha|2|Asha")) << paper->Text(0);
+}
+
+TEST_F(GridPagesTest, ALongListRepeatsItsHeadsAndNumbersItsPages)
+{
+    const auto paper = Print(Rows(120));
+    const std::size_t count = paper->Pages().size();
+    ASSERT_GE(count, 3U);
+    for (std::size_t page = 0; page < count; ++page) {
+        EXPECT_TRUE(paper->Holds(page, "|Sl.No.|Student Name|")) << page;
+        EXPECT_TRUE(paper->Holds(
+            page, QStringLiteral("Page %1 of %2").arg(page + 1).arg(count).toLatin1().constData()))
+            << page;
+        EXPECT_EQ(paper->Holds(page, "St. Mary's School"), page == 0) << page;
+    }
+}
+
+TEST_F(GridPagesTest, EachRowIsPrintedOnceAndInItsOrder)
+{
+    constexpr int Students = 200;
+    const auto paper = Print(Rows(Students));
+    int next = 1;
+    for (const TestPaper::Page& page : paper->Pages())
+        for (const TestPaper::Word& word : page.words)
+            if (word.text == QString::number(next))
+                ++next;
+    EXPECT_EQ(next, Students + 1);
+}
+
+TEST_F(GridPagesTest, RowsDoNotLieOverOneAnotherNorOverTheFooter)
+{
+    const auto paper = Print(Rows(120));
+    for (const TestPaper::Page& page : paper->Pages()) {
+        QRectF before;
+        QRectF footer;
+        for (const TestPaper::Word& word : page.words) {
+            if (word.text.startsWith(QLatin1String("Page ")))
+                footer = word.place;
+            if (word.text != QLatin1String("Asha"))
+                continue;
+            EXPECT_GE(word.place.top(), before.bottom());
+            before = word.place;
+        }
+        EXPECT_LE(before.bottom(), footer.top());
+    }
+}
+
+TEST_F(GridPagesTest, AWideListLiesOnItsSideAndFitsTheWidth)
+{
+    std::vector<GridColumn> columns{{QStringLiteral("Student Name")}};
+    GridTable::Row cells{{QStringLiteral("Asha")}};
+    for (int subject = 1; subject <= 40; ++subject) {
+        columns.push_back({QStringLiteral("Sub%1").arg(subject)});
+        cells.push_back({QStringLiteral("9%1.25").arg(subject)});
+    }
+    GridTable table(columns);
+    table.AddRow(cells);
+    const auto paper = Print(table);
+    ASSERT_EQ(paper->Pages().size(), 1U);
+    EXPECT_GT(paper->width(), paper->height());
+    for (const char* text : {"|Asha|91.25|", "|940.25"})
+        EXPECT_TRUE(paper->Holds(0, text)) << paper->Text(0);
+}
+
+TEST_F(GridPagesTest, NumbersStandAtTheRightOfTheirColumn)
+{
+    GridTable table({{QStringLiteral("Mark"), NumberAlignment}});
+    table.AddRow({{QStringLiteral("5")}});
+    table.AddRow({{QStringLiteral("100000")}});
+    const auto paper = Print(table);
+    const std::vector<TestPaper::Word>& words = paper->Pages()[0].words;
+    const auto place = [&](const char* text) {
+        const auto word = std::find_if(words.begin(), words.end(), [text](const TestPaper::Word& one) {
+            return one.text == QLatin1String(text);
+        });
+        return word == words.end() ? QRectF() : word->place;
+    };
+    EXPECT_NEAR(place("5").right(), place("100000").right(), 1);
+    EXPECT_GT(place("5").left(), place("100000").left());
+}
+
+TEST_F(GridPagesTest, WhatIsHiddenIsNotPrinted)
+{
+    GridTable table = TableOf({{{QStringLiteral("Name")}, {QStringLiteral("Code")}},
+                               {{QStringLiteral("Asha")}, {QStringLiteral("4711")}},
+                               {{QStringLiteral("Binu")}, {QStringLiteral("4712")}}});
+    table.Column(1).hidden = true;
+    table.HideRow(2);
+    const auto paper = Print(table);
+    EXPECT_TRUE(paper->Holds(0, "|Name|Asha"));
+    for (const char* text : {"Code", "4711", "Binu"})
+        EXPECT_FALSE(paper->Holds(0, text)) << text;
+}
+
+TEST_F(GridPagesTest, EmptyRowsAtTheEndAreLeftOutAndOthersStay)
+{
+    constexpr int Spare = 100;
+    GridTable table = Rows(1);
+    table.AddRow();
+    table.AddRow({{QStringLiteral("3")}});
+    for (int row = 0; row < Spare; ++row)
+        table.AddRow();
+    const auto paper = Print(table);
+    EXPECT_EQ(paper->Pages().size(), 1U);
+    QRectF first;
+    QRectF third;
+    for (const TestPaper::Word& word : paper->Pages()[0].words) {
+        first = word.text == QLatin1String("1") ? word.place : first;
+        third = word.text == QLatin1String("3") ? word.place : third;
+    }
+    EXPECT_GT(third.top() - first.top(), 2 * first.height()) << "there is a row between them";
+}
+
+TEST_F(GridPagesTest, AListWithoutRowsOrColumnsIsAPageAllTheSame)
+{
+    EXPECT_TRUE(Print(GridTable({{QStringLiteral("Name")}}))->Holds(0, "Page 1 of 1|Name"));
+    EXPECT_TRUE(Print(GridTable())->Holds(0, "Page 1 of 1"));
+}
+
+TEST_F(GridPagesTest, ANameOfAHundredLettersGoesOnInFurtherLines)
+{
+    QString name;
+    for (int word = 0; word < 10; ++word)
+        name += QStringLiteral("Nameless%1 ").arg(word);
+    const auto paper = Print(Rows(2, name));
+    for (int word = 0; word < 10; ++word)
+        EXPECT_TRUE(paper->Holds(0, QStringLiteral("Nameless%1").arg(word).toLatin1().constData())) << word;
+    EXPECT_GT(Print(Rows(100, name))->Pages().size(), Print(Rows(100))->Pages().size());
+    EXPECT_EQ(Print(Rows(2, QString(100, QLatin1Char('x'))))->Pages().size(), 1U)
+        << "also one without blanks";
+}
+
+TEST_F(GridPagesTest, ARowHigherThanAPageTakesNoMoreThanOne)
+{
+    const GridPages pages(Rows(3, QString(20000, QLatin1Char('x'))), {}, {});
+    TestPaper paper(pages.Orientation());
+    EXPECT_EQ(pages.Paint(paper), 3);
+}
+
+TEST_F(GridPagesTest, MarkedCellsKeepTheirPaint)
+{
+    GridTable table = Rows(1);
+    constexpr QRgb Failed = qRgb(255, 216, 176);
+    EXPECT_FALSE(Print(table)->Pages()[0].fills.contains(Failed));
+    table.SetMark(1, 1, CellMark::FailedOrAbsent);
+    EXPECT_TRUE(Print(table)->Pages()[0].fills.contains(Failed));
+}
+
+TEST_F(GridPagesTest, WhatASchoolHasNotEnteredLeavesNoGap)
+{
+    Session().gstrSchoolAddress.clear();
+    EXPECT_EQ(Print(Rows(1))->Text(0).rfind("St. Mary's School|Kochi|CLASS LIST|", 0), 0U);
+}
+
+TEST_F(GridPagesTest, ThePreviewShowsACopyOfItsOwn)
+{
+    std::optional<PrintJob> shown;
+    UsePrintPreview([&](const PrintJob& job) { shown = job; });
+    {
+        GridTable table = Rows(3);
+        ShowGridPreview(table, QStringLiteral("CLASS LIST"), QStringLiteral("Class X"));
+        table.SetRows(1);
+    }
+    ASSERT_TRUE(shown.has_value());
+    EXPECT_EQ(shown->title.toStdString(), "CLASS LIST");
+    EXPECT_EQ(shown->orientation, QPageLayout::Portrait);
+    TestPaper paper(shown->orientation);
+    shown->paint(paper);
+    EXPECT_TRUE(paper.Holds(0, "|Class X|"));
+    EXPECT_TRUE(paper.Holds(0, "|3|Asha"));
+}
+
+TEST_F(GridPagesTest, TheRealPreviewOpensWithoutAPrinterAndClosesAgain)
+{
+    ShowGridPreview(Rows(100), QStringLiteral("CLASS LIST"), {});
+    QPrintPreviewDialog* preview = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* dialog = qobject_cast<QPrintPreviewDialog*>(window))
+            preview = dialog;
+    ASSERT_NE(preview, nullptr);
+    EXPECT_EQ(preview->windowTitle().toStdString(), "CLASS LIST");
+    EXPECT_EQ(preview->printer()->docName().toStdString(), "CLASS LIST");
+    EXPECT_EQ(preview->printer()->pageLayout().orientation(), QPageLayout::Portrait);
+    QSignalSpy gone(preview, &QObject::destroyed);
+    preview->close();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return gone.count() == 1; }));
+}
+
+} // namespace
+} // namespace tally::test
