@@ -147,6 +147,8 @@ void DivisionSubjectChoice::ClearDivisions()
 
 void DivisionSubjectChoice::LoadDivisions()
 {
+    if (controls_.cboClass->BoundCode() == 0)
+        return;
     const auto divisions = screen_->Fetch([this] {
         const HourGlass hourGlass;
         return DivisionRepository(MainStore()).LoadDivisionFacts(Scope(), DivisionOrder::ByName);
@@ -176,10 +178,11 @@ void DivisionSubjectChoice::Lstdivision_ItemCheck(int index, bool ticked)
     if (!ticked)
         controls_.selectDivisions->setChecked(false);
     KeepBase();
-    // What could not be compared is not shown together.
-    if (ticked && !CompareWithBase())
+    if (!ticked || CompareWithBase())
+        LoadSubjects();
+    else
+        // What could not be compared is not shown together.
         Untick({list->ItemData(index)});
-    LoadSubjects();
 }
 
 void DivisionSubjectChoice::KeepBase()
@@ -223,19 +226,19 @@ void DivisionSubjectChoice::Untick(const std::vector<int>& divisionCodes)
 void DivisionSubjectChoice::selectDivisions_Click(bool ticked)
 {
     Untick(DivisionCodes());
-    if (ticked && !TickAll())
-        return;
-    LoadSubjects();
+    if (!ticked || TickAll())
+        LoadSubjects();
+    else
+        subjects_->Clear();
 }
 
 bool DivisionSubjectChoice::TickAll()
 {
     const auto setup =
         screen_->Fetch([this] { return DivisionRepository(MainStore()).LoadSubjectSetup(Scope()); });
-    if (!setup) {
-        controls_.selectDivisions->setChecked(false);
+    controls_.selectDivisions->setChecked(false);
+    if (!setup)
         return false;
-    }
     CheckList* list = controls_.Lstdivision;
     std::vector<ListItem> items;
     for (int index = 0; index < list->count(); ++index)
