@@ -132,7 +132,7 @@ constexpr Ways Known[] = {
     {"frmRankCalculation",
      "Cboexamname cboClass chkRankSkipping Optsubjectdisplayno Optsubjectdisplayyes chkSelectAll Lstdivision "
      "cmdUpdate msgDisplayDetails optRankOrder optGradeOrder optAdmissionNoOrder optAlphabeticalOrder "
-     "cmdView cmdSave cmdExport cmdTotalDetails cmdCancel cmdExit msgGrade cmdClose",
+     "cmdView cmdSave cmdExport cmdPrintSetup cmdTotalDetails cmdCancel cmdExit msgGrade cmdClose",
      "C:cmdCancel D:Lstdivision E:cmdExport K:cmdUpdate L:cboClass N:Cboexamname S:cmdSave X:cmdExit",
      "Optsubjectdisplayno optRankOrder"},
     {"frmRankCardPrinting",
@@ -147,6 +147,21 @@ constexpr Ways Known[] = {
      "C:cmdCancel D:cmdDelete E:cmdEdit M:txtSalutationName N:cmdNew S:cmdSave T:txtSearchSalutationName "
      "X:cmdExit",
      ""},
+    {"frmStudentExamAvgChart", "mscChart cmdPrint cmdClose", "", ""},
+    {"frmStudentList",
+     "cboClass optAdmissionOrder optAlphabeticalOrder chkSelectAll Lstdivision txtNoOfColumn cmdView "
+     "msgDetails txtColumnNumber txtColumnName cmdAddColumnName cmdPrint cmdCancel cmdExit",
+     "A:cmdAddColumnName C:cmdCancel D:Lstdivision L:cboClass M:txtColumnName N:txtNoOfColumn P:cmdPrint "
+     "U:txtColumnNumber V:cmdView X:cmdExit",
+     "optAlphabeticalOrder"},
+    {"frmrptClassList",
+     "cboClass optAdmissionOrder optAlphabeticalOrder chkSelectAll Lstdivision cmdView msgDetails cmdExport "
+     "cmdCancel cmdExit",
+     "C:cmdCancel D:Lstdivision E:cmdExport L:cboClass V:cmdView X:cmdExit", "optAlphabeticalOrder"},
+    {"frmrptClasssubjectteacher",
+     "optAllClass optSpecificClass dbcClass optAllDivision optSpecificDivision dbcDivision cmdView msgDetails "
+     "cmdExport cmdCancel cmdExit",
+     "C:cmdCancel E:cmdExport V:cmdView X:cmdExit", "optAllClass optAllDivision"},
     {"frmSubjectMaster",
      "txtSubjectNameSearch dgdDetails txtSubjectName txtSubjectShort cmdNew cmdEdit cmdDelete cmdSave "
      "cmdCancel cmdExit",
@@ -182,6 +197,13 @@ constexpr Ways Known[] = {
      "C:cmdCancel D:cboDivision E:cmdExport H:cmdChart K:cmdView L:cboClass N:Lstexamnames P:cmdPrint "
      "S:cbostudent U:Lstsubjects X:cmdExit",
      "Optsubjectdisplayno optBarGrph"},
+    {"frmclassdivisionsubjectavg",
+     "Cboexamname cboClass Optsubjectdisplayyes Optsubjectdisplayno ChkSelectDivision Lstdivision "
+     "chkSelectSubjects Lstsubjects cmdView msgDetails cmdChart optBarGrph optLineGrph cmdExport cmdPrint "
+     "cmdCancel cmdExit",
+     "C:cmdCancel D:Lstdivision E:cmdExport H:cmdChart K:cmdView L:cboClass N:Cboexamname P:cmdPrint "
+     "S:Lstsubjects X:cmdExit",
+     "Optsubjectdisplayno optBarGrph"},
     {"frmexammarkentry",
      "dbcExam cboClass cboDivision Optsubject Optstudent dbcSubject dbcStudent msgDetails txtmarkobtained "
      "cboPresentAbsent txtpresentorabsent cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
@@ -207,6 +229,20 @@ constexpr Ways Known[] = {
      "A:Lstacademicyear C:cmdCancel D:cboDivision E:cmdExport H:cmdChart K:cmdView L:cboClass N:Cboexamname "
      "P:cmdPrint S:cbostudent U:Lstsubjects X:cmdExit",
      "optBarGrph"},
+    {"frmstudentslistabove",
+     "Cboexamname cboClass Optsubjectdisplayyes Optsubjectdisplayno chkSelectAllDivision Lstdivision "
+     "chkSelectAll Lstsubjects optClassAverage optGivenValue Txtgivenvalue optAll optAnyOne cboReportType "
+     "cmdView msgDetails msgSummary cmdExport cmdPrint cmdCancel cmdExit",
+     "C:cmdCancel D:Lstdivision E:cmdExport K:cmdView L:cboClass N:Cboexamname P:cmdPrint S:Lstsubjects "
+     "T:cboReportType X:cmdExit",
+     "Optsubjectdisplayno optAll optClassAverage"},
+    {"frmstudentslistbelow",
+     "Cboexamname cboClass Optsubjectdisplayyes Optsubjectdisplayno chkSelectAllDivision Lstdivision "
+     "chkSelectAll Lstsubjects optClassAverage optGivenValue Txtgivenvalue optAll optAnyOne cboReportType "
+     "cmdView msgDetails msgSummary cmdExport cmdPrint cmdCancel cmdExit",
+     "C:cmdCancel D:Lstdivision E:cmdExport K:cmdView L:cboClass N:Cboexamname P:cmdPrint S:Lstsubjects "
+     "T:cboReportType X:cmdExit",
+     "Optsubjectdisplayno optAll optClassAverage"},
     {"frmStartLock", "", "", ""},
     {"frmStartLogin", "txtLoginID txtPassword ImgOK ImgCancel cmdExit",
      "L:txtLoginID P:txtPassword X:cmdExit", ""},

@@ -92,8 +92,9 @@ void CloseBySystemMenu(const Screen* screen)
 
 void ClickExit(const Screen* screen)
 {
-    Press(Find<QAbstractButton>(screen,
-                                screen->objectName() == QLatin1String("AboutUs") ? "cmdClose" : "cmdExit"));
+    // On the windows that only show something it is called Close.
+    const bool shows = !screen->findChild<QAbstractButton*>(QStringLiteral("cmdExit"));
+    Press(Find<QAbstractButton>(screen, shows ? "cmdClose" : "cmdExit"));
 }
 
 /// Every screen of the program, on a school that has all that a screen asks for before it lets anybody go.

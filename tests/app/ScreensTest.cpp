@@ -23,8 +23,9 @@ TEST(ScreensTest, EveryScreenOfTheProgramIsReachableFromTheMenus)
         "frmMasStudentAdmissionEntry frmMasStudentRelievingMaster frmMasAcademicYearSetup "
         "frmMasAcademicYearChange frmClassSubjectTeacher frmClassSubjectTeacherTransfer frmClassRankSetup "
         "frmClassRankTransferSetup frmexammarkentry frmPromotionEntry frmRankCalculation "
-        "frmRankCardPrinting "
+        "frmRankCardPrinting frmclassdivisionsubjectavg "
         "frmdivisionsubjectexamavg frmstudentexamavg frmstudentyearlyexamavg "
+        "frmstudentslistbelow frmstudentslistabove frmrptClassList frmrptClasssubjectteacher "
         "frmUtilApplicationDateSetup "
         "frmUtilApplicationDateChange frmUtilUserMaster frmUtilOptions AboutUs");
 }

@@ -8,6 +8,7 @@
 #include "core/TempFolder.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/ScreenRegistry.h"
+#include "reports/output/PrintPreview.h"
 #include "store/StoreError.h"
 #include "tools/DeliveredDatabases.h"
 
@@ -92,6 +93,7 @@ void ProgramFixture::TearDown()
     }
     Session() = SessionContext();
     EndProcessWith({});
+    UsePrintPreview({});
     SetProgramFolder({});
 }
 
@@ -145,6 +147,8 @@ void ScreenFixture::SetUp()
     ProgramFixture::SetUp();
     OpenConnections();
     CreateTempFolder();
+    // A test that presses Print would wait in vain for somebody to close what comes.
+    UsePrintPreview([](const PrintJob&) {});
     window = mdiTallyboard::Load();
     ASSERT_NE(window, nullptr);
     // An office past its first run, so that the window forces no screen.
