@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QString>
 
+#include <gtest/gtest.h>
 #include <vector>
 
 namespace tally::test {

@@ -1,17 +1,11 @@
 #include "reports/SubjectComparison.h"
 
+#include "reports/GridText.h"
+
 #include <gtest/gtest.h>
 
 namespace tally::test {
 namespace {
-
-std::string Row(const GridTable& list, int row)
-{
-    QStringList texts;
-    for (int col = 0; col < list.Cols(); ++col)
-        texts.append(list.Text(row, col));
-    return texts.join(QLatin1Char('|')).toStdString();
-}
 
 /// The heads of the columns that can be seen.
 std::string VisibleHeads(const GridTable& list)
@@ -68,9 +62,9 @@ TEST(DivisionAverages, AreOverAllMarksOfASubjectInAnExamThoseOfNothingAmongThem)
     const GridTable list =
         ShowDivisionAverages(TwoExams({{1, 10, 60}, {1, 20, 0}, {1, 10, 71}, {1, 20, 45.5}, {2, 20, 0}}));
     ASSERT_EQ(list.Rows(), 3);
-    EXPECT_EQ(Row(list, 0), "Sl.No.|Student Name|Exam Name|Class|Div|10|Eng|20|Mat");
-    EXPECT_EQ(Row(list, 1), "1||Term One|||10|65.50|20|22.75");
-    EXPECT_EQ(Row(list, 2), "2||Term Two|||||20|0.00");
+    EXPECT_EQ(RowText(list, 0), "Sl.No.|Student Name|Exam Name|Class|Div|10|Eng|20|Mat");
+    EXPECT_EQ(RowText(list, 1), "1||Term One|||10|65.50|20|22.75");
+    EXPECT_EQ(RowText(list, 2), "2||Term Two|||||20|0.00");
 }
 
 TEST(DivisionAverages, ShowSerialNumberExamAndSubjectsOnly)
@@ -86,7 +80,7 @@ TEST(DivisionAverages, RoundAHalfToTheEvenHundredth)
 {
     const GridTable list =
         ShowDivisionAverages(TwoExams({{1, 10, 0.01}, {1, 10, 0.02}, {1, 20, 0.02}, {1, 20, 0.03}}));
-    EXPECT_EQ(Row(list, 1), "1||Term One|||10|0.02|20|0.02");
+    EXPECT_EQ(RowText(list, 1), "1||Term One|||10|0.02|20|0.02");
 }
 
 TEST(DivisionAverages, AreCountedWithoutTheNoiseOfManyMarks)
@@ -96,15 +90,15 @@ TEST(DivisionAverages, AreCountedWithoutTheNoiseOfManyMarks)
         marks.push_back({1, 10, 0.02});
     for (int mark = 0; mark < 30000; ++mark)
         marks.push_back({1, 10, 0.03});
-    EXPECT_EQ(Row(ShowDivisionAverages(TwoExams(marks)), 1), "1||Term One|||10|0.02||");
+    EXPECT_EQ(RowText(ShowDivisionAverages(TwoExams(marks)), 1), "1||Term One|||10|0.02||");
 }
 
 TEST(DivisionAverages, AMarkFindsItsPlaceByItsCodesInWhateverOrderMarksCome)
 {
     const GridTable list = ShowDivisionAverages(
         TwoExams({{2, 20, 4}, {9, 10, 99}, {1, 20, 2}, {2, 99, 99}, {2, 10, 3}, {1, 10, 1}}));
-    EXPECT_EQ(Row(list, 1), "1||Term One|||10|1.00|20|2.00");
-    EXPECT_EQ(Row(list, 2), "2||Term Two|||10|3.00|20|4.00");
+    EXPECT_EQ(RowText(list, 1), "1||Term One|||10|1.00|20|2.00");
+    EXPECT_EQ(RowText(list, 2), "2||Term Two|||10|3.00|20|4.00");
 }
 
 TEST(DivisionAverages, ASubjectMissingFromAnExamLeavesThoseBehindItInTheirPlaces)
@@ -112,8 +106,8 @@ TEST(DivisionAverages, ASubjectMissingFromAnExamLeavesThoseBehindItInTheirPlaces
     ComparisonInput input = TwoExams({{1, 30, 7}, {2, 20, 5}, {2, 30, 8}});
     input.subjects.emplace_back(30, QStringLiteral("Sci"));
     const GridTable list = ShowDivisionAverages(input);
-    EXPECT_EQ(Row(list, 1), "1||Term One|||||||30|7.00");
-    EXPECT_EQ(Row(list, 2), "2||Term Two|||||20|5.00|30|8.00");
+    EXPECT_EQ(RowText(list, 1), "1||Term One|||||||30|7.00");
+    EXPECT_EQ(RowText(list, 2), "2||Term Two|||||20|5.00|30|8.00");
 }
 
 TEST(DivisionAverages, OfNoExamOrNoSubjectAreAListOfNothing)
@@ -121,7 +115,7 @@ TEST(DivisionAverages, OfNoExamOrNoSubjectAreAListOfNothing)
     EXPECT_EQ(ShowDivisionAverages({}).Rows(), 1);
     EXPECT_EQ(ShowDivisionAverages({}).Cols(), 5);
     EXPECT_EQ(ShowDivisionAverages({{}, {{10, QStringLiteral("Eng")}}, {}}).Cols(), 7);
-    EXPECT_EQ(Row(ShowDivisionAverages({{{1, QStringLiteral("Term One")}}, {}, {{1, 10, 5}}}), 1),
+    EXPECT_EQ(RowText(ShowDivisionAverages({{{1, QStringLiteral("Term One")}}, {}, {{1, 10, 5}}}), 1),
               "1||Term One||");
 }
 
@@ -146,12 +140,12 @@ TEST(StudentMarks, StandAboveTheirAverageAndABlankRow)
 {
     const GridTable list = ShowStudentMarks(TwoExams({{1, 10, 60}, {2, 10, 71.25}, {2, 20, 40}}), 2);
     ASSERT_EQ(list.Rows(), 5);
-    EXPECT_EQ(Row(list, 0), "SlNo|Student Name|ExamName|Class|Div|10|Eng|20|Mat");
+    EXPECT_EQ(RowText(list, 0), "SlNo|Student Name|ExamName|Class|Div|10|Eng|20|Mat");
     EXPECT_EQ(VisibleHeads(list), "SlNo|ExamName|Eng|Mat");
-    EXPECT_EQ(Row(list, 1), "1||Term One|||10|60.00||");
-    EXPECT_EQ(Row(list, 2), "2||Term Two|||10|71.25|20|40.00");
-    EXPECT_EQ(Row(list, 3), "||Total Average||||65.63||40.00");
-    EXPECT_EQ(Row(list, 4), "||||||||");
+    EXPECT_EQ(RowText(list, 1), "1||Term One|||10|60.00||");
+    EXPECT_EQ(RowText(list, 2), "2||Term Two|||10|71.25|20|40.00");
+    EXPECT_EQ(RowText(list, 3), "||Total Average||||65.63||40.00");
+    EXPECT_EQ(RowText(list, 4), "||||||||");
     EXPECT_EQ(list.Mark(3, 6), CellMark::Sum);
     EXPECT_EQ(list.Mark(2, 6), CellMark::None);
 }
@@ -160,23 +154,23 @@ TEST(StudentMarks, WithoutFractionsAreShownWholeAHalfToTheEvenNumberButAveragedA
 {
     const GridTable list =
         ShowStudentMarks(TwoExams({{1, 10, 70.5}, {2, 10, 71.5}, {1, 20, 0.4}, {2, 20, 60.25}}), 0);
-    EXPECT_EQ(Row(list, 1), "1||Term One|||10|70|20|0");
-    EXPECT_EQ(Row(list, 2), "2||Term Two|||10|72|20|60");
-    EXPECT_EQ(Row(list, 3), "||Total Average||||71.00||30.33");
+    EXPECT_EQ(RowText(list, 1), "1||Term One|||10|70|20|0");
+    EXPECT_EQ(RowText(list, 2), "2||Term Two|||10|72|20|60");
+    EXPECT_EQ(RowText(list, 3), "||Total Average||||71.00||30.33");
 }
 
 TEST(StudentMarks, OfNothingKeepTheirDecimalsAndCountInNoAverage)
 {
     const GridTable list = ShowStudentMarks(TwoExams({{1, 10, 0}, {2, 10, 50}, {1, 20, 0}}), 0);
-    EXPECT_EQ(Row(list, 1), "1||Term One|||10|0.00|20|0.00");
-    EXPECT_EQ(Row(list, 2), "2||Term Two|||10|50||");
-    EXPECT_EQ(Row(list, 3), "||Total Average||||50.00||");
+    EXPECT_EQ(RowText(list, 1), "1||Term One|||10|0.00|20|0.00");
+    EXPECT_EQ(RowText(list, 2), "2||Term Two|||10|50||");
+    EXPECT_EQ(RowText(list, 3), "||Total Average||||50.00||");
 }
 
 TEST(StudentMarks, AnExamWithoutMarksIsABlankRowWithItsNumber)
 {
     const GridTable list = ShowStudentMarks(TwoExams({{2, 10, 50}}), 0);
-    EXPECT_EQ(Row(list, 1), "1||Term One||||||");
+    EXPECT_EQ(RowText(list, 1), "1||Term One||||||");
 }
 
 TEST(StudentMarks, TheirChartShowsTheExamsAndNotTheAverage)
@@ -219,10 +213,10 @@ TEST(YearMarks, StandBesideTheYearWithItsClassAndHaveNoClosingRow)
 {
     const GridTable list = ShowYearMarks(TwoYears({{3, 20, 40.25}, {5, 10, 71.5}, {5, 20, 0}}), 2);
     ASSERT_EQ(list.Rows(), 3);
-    EXPECT_EQ(Row(list, 0), "Sl.No.|Academic Year/Class/Division|Ad.No|Class|Div|10|Eng|20|Mat");
+    EXPECT_EQ(RowText(list, 0), "Sl.No.|Academic Year/Class/Division|Ad.No|Class|Div|10|Eng|20|Mat");
     EXPECT_EQ(VisibleHeads(list), "Sl.No.|Academic Year/Class/Division|Eng|Mat");
-    EXPECT_EQ(Row(list, 1), "1|2023 - 2024 IX/A||||||20|40.25");
-    EXPECT_EQ(Row(list, 2), "2|2024 - 2025 X/B||||10|71.50|20|0.00");
+    EXPECT_EQ(RowText(list, 1), "1|2023 - 2024 IX/A||||||20|40.25");
+    EXPECT_EQ(RowText(list, 2), "2|2024 - 2025 X/B||||10|71.50|20|0.00");
     EXPECT_EQ(list.Column(0).alignment, Qt::AlignHCenter | Qt::AlignVCenter);
     EXPECT_EQ(list.Column(YearLineColumn::YearAndClass).alignment, TextAlignment);
     EXPECT_EQ(list.Column(FirstSubjectColumn + 3).alignment, NumberAlignment);
@@ -231,14 +225,14 @@ TEST(YearMarks, StandBesideTheYearWithItsClassAndHaveNoClosingRow)
 TEST(YearMarks, WithoutFractionsAreWholeAHalfToTheEvenNumber)
 {
     const GridTable list = ShowYearMarks(TwoYears({{3, 10, 70.5}, {3, 20, 71.5}, {5, 10, 0}}), 0);
-    EXPECT_EQ(Row(list, 1), "1|2023 - 2024 IX/A||||10|70|20|72");
-    EXPECT_EQ(Row(list, 2), "2|2024 - 2025 X/B||||10|0||");
+    EXPECT_EQ(RowText(list, 1), "1|2023 - 2024 IX/A||||10|70|20|72");
+    EXPECT_EQ(RowText(list, 2), "2|2024 - 2025 X/B||||10|0||");
 }
 
 TEST(YearMarks, OfTwoClassesInOneYearAreAveraged)
 {
     const GridTable list = ShowYearMarks(TwoYears({{5, 10, 60}, {5, 10, 71}}), 2);
-    EXPECT_EQ(Row(list, 2), "2|2024 - 2025 X/B||||10|65.50||");
+    EXPECT_EQ(RowText(list, 2), "2|2024 - 2025 X/B||||10|65.50||");
 }
 
 TEST(YearMarks, TheirChartLeavesOutAYearWithoutAMarkInTheFirstSubject)
