@@ -57,7 +57,7 @@ TEST(ComparedSubjectList, WithoutLinesNothingIsMissing)
               "20=  Mathematics<>; 10=  50% English<>");
 }
 
-TEST(DivisionAverages, AreOverAllMarksOfASubjectInAnExamThoseOfNothingAmongThem)
+TEST(ExamAverages, AreOverAllMarksOfASubjectInAnExamThoseOfNothingAmongThem)
 {
     const GridTable list =
         ShowDivisionAverages(TwoExams({{1, 10, 60}, {1, 20, 0}, {1, 10, 71}, {1, 20, 45.5}, {2, 20, 0}}));
@@ -67,7 +67,7 @@ TEST(DivisionAverages, AreOverAllMarksOfASubjectInAnExamThoseOfNothingAmongThem)
     EXPECT_EQ(RowText(list, 2), "2||Term Two|||||20|0.00");
 }
 
-TEST(DivisionAverages, ShowSerialNumberExamAndSubjectsOnly)
+TEST(ExamAverages, ShowSerialNumberExamAndSubjectsOnly)
 {
     const GridTable list = ShowDivisionAverages(TwoExams({}));
     EXPECT_EQ(VisibleHeads(list), "Sl.No.|Exam Name|Eng|Mat");
@@ -76,14 +76,14 @@ TEST(DivisionAverages, ShowSerialNumberExamAndSubjectsOnly)
     EXPECT_EQ(list.Column(FirstSubjectColumn + 1).alignment, NumberAlignment);
 }
 
-TEST(DivisionAverages, RoundAHalfToTheEvenHundredth)
+TEST(ExamAverages, RoundAHalfToTheEvenHundredth)
 {
     const GridTable list =
         ShowDivisionAverages(TwoExams({{1, 10, 0.01}, {1, 10, 0.02}, {1, 20, 0.02}, {1, 20, 0.03}}));
     EXPECT_EQ(RowText(list, 1), "1||Term One|||10|0.02|20|0.02");
 }
 
-TEST(DivisionAverages, AreCountedWithoutTheNoiseOfManyMarks)
+TEST(ExamAverages, AreCountedWithoutTheNoiseOfManyMarks)
 {
     std::vector<ComparedMark> marks;
     for (int mark = 0; mark < 30000; ++mark)
@@ -93,7 +93,7 @@ TEST(DivisionAverages, AreCountedWithoutTheNoiseOfManyMarks)
     EXPECT_EQ(RowText(ShowDivisionAverages(TwoExams(marks)), 1), "1||Term One|||10|0.02||");
 }
 
-TEST(DivisionAverages, AMarkFindsItsPlaceByItsCodesInWhateverOrderMarksCome)
+TEST(ExamAverages, AMarkFindsItsPlaceByItsCodesInWhateverOrderMarksCome)
 {
     const GridTable list = ShowDivisionAverages(
         TwoExams({{2, 20, 4}, {9, 10, 99}, {1, 20, 2}, {2, 99, 99}, {2, 10, 3}, {1, 10, 1}}));
@@ -101,7 +101,7 @@ TEST(DivisionAverages, AMarkFindsItsPlaceByItsCodesInWhateverOrderMarksCome)
     EXPECT_EQ(RowText(list, 2), "2||Term Two|||10|3.00|20|4.00");
 }
 
-TEST(DivisionAverages, ASubjectMissingFromAnExamLeavesThoseBehindItInTheirPlaces)
+TEST(ExamAverages, ASubjectMissingFromAnExamLeavesThoseBehindItInTheirPlaces)
 {
     ComparisonInput input = TwoExams({{1, 30, 7}, {2, 20, 5}, {2, 30, 8}});
     input.subjects.emplace_back(30, QStringLiteral("Sci"));
@@ -110,7 +110,7 @@ TEST(DivisionAverages, ASubjectMissingFromAnExamLeavesThoseBehindItInTheirPlaces
     EXPECT_EQ(RowText(list, 2), "2||Term Two|||||20|5.00|30|8.00");
 }
 
-TEST(DivisionAverages, OfNoExamOrNoSubjectAreAListOfNothing)
+TEST(ExamAverages, OfNoExamOrNoSubjectAreAListOfNothing)
 {
     EXPECT_EQ(ShowDivisionAverages({}).Rows(), 1);
     EXPECT_EQ(ShowDivisionAverages({}).Cols(), 5);
@@ -119,7 +119,7 @@ TEST(DivisionAverages, OfNoExamOrNoSubjectAreAListOfNothing)
               "1||Term One||");
 }
 
-TEST(DivisionAverages, OfSixtyExamsAndFortySubjectsFillEveryCell)
+TEST(ExamAverages, OfSixtyExamsAndFortySubjectsFillEveryCell)
 {
     ComparisonInput input;
     for (int exam = 1; exam <= 60; ++exam)
