@@ -276,7 +276,7 @@ TEST_F(DivisionReports, LeaveAWorkTableOfAnotherProgramAsItWas)
     EXPECT_EQ(school.main.Number(QStringLiteral("SELECT S7 FROM TempClassAverage")), 77);
 }
 
-TEST_F(DivisionReports, RunAsManyStatementsForManyDivisionsSubjectsAndStudents)
+TEST(DivisionReportStatements, AreAsManyForManyDivisionsSubjectsAndStudents)
 {
     const auto statements = [](int divisions, int size) {
         TestSchool school;
