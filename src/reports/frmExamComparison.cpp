@@ -36,7 +36,6 @@ frmExamComparison::frmExamComparison(const ExamComparison& report)
     ui_->lblStudent->setVisible(report.ofStudent);
     ui_->cbostudent->setVisible(report.ofStudent);
     DressButtons(this);
-    ui_->Label5->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("[   ]")));
     ui_->msgDetails->SetFixedCols(ColumnsInSight);
     SetReportControls({.msgDetails = ui_->msgDetails,
                        .cmdExport = ui_->cmdExport,

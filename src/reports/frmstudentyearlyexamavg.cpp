@@ -32,7 +32,6 @@ frmstudentyearlyexamavg::frmstudentyearlyexamavg()
 {
     ui_->setupUi(this);
     DressButtons(this);
-    ui_->Label5->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("[   ]")));
     ui_->msgDetails->SetFixedCols(ColumnsInSight);
     // cmdPrint stays off.
     SetReportControls({.msgDetails = ui_->msgDetails,
