@@ -32,6 +32,7 @@ frmclassdivisionsubjectavg::frmclassdivisionsubjectavg()
 {
     ui_->setupUi(this);
     DressButtons(this);
+    ui_->msgDetails->SetFixedCols(FirstSubjectColumn);
     SetReportControls({.msgDetails = ui_->msgDetails,
                        .msgSummary = nullptr,
                        .cmdExport = ui_->cmdExport,

@@ -39,6 +39,7 @@ frmstudentslist::frmstudentslist(const StudentsListDefinition& definition)
     ui_->setupUi(this);
     setWindowTitle(QString::fromLatin1(definition.caption));
     DressButtons(this);
+    ui_->msgDetails->SetFixedCols(static_cast<int>(StudentsListColumn::FirstSubject));
     ui_->msgDetails->horizontalHeader()->setMinimumHeight(definition.headHeight / TwipsPerPixel);
     SetReportControls({.msgDetails = ui_->msgDetails,
                        .msgSummary = ui_->msgSummary,
