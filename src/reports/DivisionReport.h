@@ -16,19 +16,19 @@ struct DivisionReportRules
 {
     /// A division whose marks are incomplete cannot be chosen, and while one of the class cannot, neither can
     /// all at once.
-    bool wantsAllMarks = false;
+    bool wantsAllMarks;
     /// Divisions are compared in the subjects not taken for rank too, whatever is displayed, and one that is
     /// added is compared subject by subject; else in those displayed, and one that is added only in their
     /// number.
-    bool comparesAllSubjects = false;
+    bool comparesAllSubjects;
     /// The divisions without students are told; those without subjects only where there are none of the
     /// others.
-    bool tellsOneReason = false;
+    bool tellsOneReason;
     /// Each subject is marked for which some student has no mark, though the marks are as many as the
     /// students.
-    bool marksSubjects = false;
-    const char* subjectsDiffer = ""; ///< told of a division that was added
-    const char* noDivision = "";     ///< told where subjects are to be listed
+    bool marksSubjects;
+    const char* subjectsDiffer; ///< told of a division that was added
+    const char* noDivision;     ///< told where subjects are to be listed
 };
 
 /// A mark before a name, as it stands in the lists of divisions and subjects; two blanks where all is there.
