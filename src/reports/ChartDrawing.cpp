@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace tally {
 
@@ -24,9 +25,14 @@ namespace {
 
 /// With more bars than these the numbers over them would lie over one another.
 constexpr int MostNumberedBars = 24;
-/// With more letters along the axis than these the labels are set askew.
-constexpr qsizetype MostLevelLetters = 80;
-constexpr int Askew = -45;
+/// So many letters have room side by side along the axis of the smallest window.
+constexpr qsizetype LettersAlongAxis = 88;
+constexpr int MostLabelLines = 3;
+/// Upright labels take from the height of the chart.
+constexpr qsizetype MostUprightLetters = 16;
+constexpr int Upright = -90;
+constexpr double WidestGroup = 0.86; ///< of the room between two labels
+constexpr double WidestBar = 0.1;    ///< of the whole axis
 constexpr double MarkSize = 9;
 constexpr double LinePen = 2.2;
 
@@ -48,15 +54,61 @@ QString Plain(const QString& text)
     return text.toHtmlEscaped();
 }
 
-/// The labels, which the axis wants to be different. What makes them so is not to be seen.
-QStringList AxisLabels(const ChartTable& table)
+/// The words in lines of at most so many letters; nothing where a word has more, or the lines are too many.
+std::optional<QStringList> Lines(const QString& text, qsizetype letters)
 {
-    QStringList labels;
+    QStringList lines;
+    for (const QString& word : text.simplified().split(u' ')) {
+        if (word.size() > letters)
+            return {};
+        if (!lines.isEmpty() && lines.last().size() + 1 + word.size() <= letters)
+            lines.last() += u' ' + word;
+        else
+            lines.append(word);
+    }
+    return lines.size() <= MostLabelLines ? std::optional(lines) : std::nullopt;
+}
+
+/// Puts blanks before the shorter lines, each about half as wide as a letter, and makes them plain.
+void CenterLines(QStringList& lines)
+{
+    qsizetype longest = 0;
+    for (const QString& line : lines)
+        longest = std::max(longest, line.size());
+    for (QString& line : lines)
+        line = QString(longest - line.size(), QChar::Nbsp) + Plain(line);
+}
+
+/// Cut in its middle, since the names of exams mostly differ at their ends.
+QString Shortened(const QString& text)
+{
+    if (text.size() <= MostUprightLetters)
+        return text;
+    constexpr qsizetype Half = MostUprightLetters / 2;
+    return text.left(Half) + QChar(0x2026) + text.right(Half - 1);
+}
+
+struct AxisLabels
+{
+    QStringList texts; ///< all different, as the axis wants them; what makes them so is not to be seen
+    bool upright = false;
+};
+
+/// Level where all labels have room in some lines, else upright.
+AxisLabels LabelsOf(const ChartTable& table)
+{
+    const qsizetype letters = LettersAlongAxis / std::max<qsizetype>(1, std::ssize(table.rows));
+    AxisLabels labels;
+    labels.upright = std::any_of(table.rows.begin(), table.rows.end(), [letters](const ChartTable::Row& row) {
+        return !Lines(row.label, letters);
+    });
     for (const ChartTable::Row& row : table.rows) {
-        QString label = Plain(row.label);
-        while (labels.contains(label))
-            label += QChar(0x200b);
-        labels.append(label);
+        QStringList lines = labels.upright ? QStringList(Shortened(row.label)) : *Lines(row.label, letters);
+        CenterLines(lines);
+        QString text = lines.join(QStringLiteral("<br>"));
+        while (labels.texts.contains(text))
+            text += QChar(0x200b);
+        labels.texts.append(text);
     }
     return labels;
 }
@@ -105,7 +157,7 @@ KeptTable Kept(const Chart& chart, const ChartHover& hover)
 void AddBars(QChart& drawing, const Chart& chart, const ChartColors& colors, const ChartHover& hover)
 {
     // Of a colour that comes again, the bars have less and less of it within their edge.
-    constexpr std::array Fill{1.0, 0.25, 0.6};
+    constexpr std::array Fill{1.0, 0.3, 0.65};
     const ChartTable& table = chart.table;
     const KeptTable kept = Kept(chart, hover);
     auto* bars = new QBarSeries;
@@ -123,9 +175,9 @@ void AddBars(QChart& drawing, const Chart& chart, const ChartColors& colors, con
             });
         bars->append(set);
     }
-    constexpr double Share = 0.86; // of the room between two labels
-    bars->setBarWidth(Share);
-    if (table.series.size() * std::ssize(table.rows) <= MostNumberedBars) {
+    const qsizetype count = table.series.size() * std::ssize(table.rows);
+    bars->setBarWidth(std::min(WidestGroup, WidestBar * static_cast<double>(count)));
+    if (count <= MostNumberedBars) {
         bars->setLabelsVisible(true);
         bars->setLabelsPosition(QAbstractBarSeries::LabelsOutsideEnd);
     }
@@ -169,10 +221,11 @@ void AddLines(QChart& drawing, const Chart& chart, const ChartColors& colors, co
 void AddAxes(QChart& drawing, const Chart& chart, const ChartColors& colors)
 {
     auto* labels = new QBarCategoryAxis;
-    const QStringList texts = AxisLabels(chart.table);
-    labels->append(texts);
-    if (texts.size() > 1 && texts.join(QLatin1Char(' ')).size() > MostLevelLetters)
-        labels->setLabelsAngle(Askew);
+    const AxisLabels texts = LabelsOf(chart.table);
+    labels->append(texts.texts);
+    labels->setTruncateLabels(false);
+    if (texts.upright)
+        labels->setLabelsAngle(Upright);
     labels->setGridLineVisible(false);
     labels->setTitleText(Plain(chart.heads.xAxis));
 
@@ -225,7 +278,8 @@ std::unique_ptr<QChart> DrawChart(const Chart& chart, const ChartColors& colors,
     drawing->legend()->setAlignment(Qt::AlignRight);
     drawing->legend()->setFont(ChartFont(1));
     drawing->legend()->setLabelColor(colors.text);
-    drawing->legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
+    drawing->legend()->setMarkerShape(chart.kind == ChartKind::Line ? QLegend::MarkerShapeFromSeries
+                                                                    : QLegend::MarkerShapeRectangle);
     if (chart.table.rows.empty() || chart.table.series.isEmpty())
         return drawing;
     AddAxes(*drawing, chart, colors);

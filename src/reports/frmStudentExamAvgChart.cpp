@@ -31,7 +31,7 @@ QString Spoken(const ChartTable& table)
 /// The chart on the whole of one page. Its letters are as large there as those of a list.
 void PaintPage(QPagedPaintDevice& paper, const Chart& chart)
 {
-    constexpr double UnitsPerInch = 96;
+    constexpr double UnitsPerInch = 80;
     QPainter painter;
     if (!painter.begin(&paper))
         return;

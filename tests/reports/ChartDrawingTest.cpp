@@ -287,6 +287,31 @@ TEST(ChartTextsTest, WhatLooksLikeMarkupIsWrittenAsItIs)
     EXPECT_TRUE(paper->Holds(0, "A & B <i>")) << paper->Text(0);
 }
 
+/// The texts of a chart whose exams are called so, each behind its number.
+std::string TextsWithExams(int exams, const QString& name)
+{
+    Chart chart = ChartOfSize(2, exams, ChartKind::Bar);
+    for (int exam = 0; exam < exams; ++exam)
+        chart.table.rows[static_cast<std::size_t>(exam)].label = name + QString::number(exam + 1);
+    return Print(chart)->Text(0);
+}
+
+TEST(ChartTextsTest, ALabelThatIsTooLongForItsPlaceGoesOnInFurtherLines)
+{
+    EXPECT_NE(TextsWithExams(2, QStringLiteral("Half Yearly Examination ")).find("Half Yearly Examination 2"),
+              std::string::npos);
+    const std::string six = TextsWithExams(6, QStringLiteral("Half Yearly Examination "));
+    EXPECT_NE(six.find("Half Yearly|Examination 6"), std::string::npos) << six;
+}
+
+TEST(ChartTextsTest, LabelsThatHaveNoRoomInLinesStandUprightAndKeepTheirEnds)
+{
+    const std::string texts = TextsWithExams(12, QStringLiteral("Half Yearly Examination "));
+    EXPECT_NE(texts.find("Half Yea\u2026tion 12"), std::string::npos) << texts;
+    const std::string long100 = TextsWithExams(3, QString(100, QLatin1Char('x')));
+    EXPECT_NE(long100.find("xxxxxxxx\u2026xxxxxx3"), std::string::npos) << long100;
+}
+
 TEST(ChartTextsTest, TwoExamsOfOneNameAreTwoLabels)
 {
     Chart chart = ChartOfSize(1, 2, ChartKind::Bar);

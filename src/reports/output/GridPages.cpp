@@ -218,7 +218,7 @@ int GridPages::Paint(QPagedPaintDevice& paper) const
                          QStringLiteral("Page %1 of %2").arg(page + 1).arg(pages));
 
         painter.save();
-        painter.translate(0, top);
+        painter.translate((pageWidth - width_ * scale) / 2, top);
         painter.scale(scale, scale);
         paintRow(0, 0, headHeight_);
         double below = headHeight_;
