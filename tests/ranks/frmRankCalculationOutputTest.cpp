@@ -1,6 +1,8 @@
 #include "ranks/GridEdge.h"
 #include "ranks/RankScreen.h"
+#include "reports/output/PrintPreview.h"
 #include "reports/output/WorkbookReader.h"
+#include "support/TestPaper.h"
 
 #include <QClipboard>
 #include <QFileInfo>
@@ -17,7 +19,7 @@ TEST_F(RankListOutput, ProceedingFreezesTheSelectionAndShowsTheListByRank)
 {
     GivenFiveStudents();
     OpenAndProceed();
-    for (const char* name : {"cmdSave", "cmdExport", "cmdTotalDetails"})
+    for (const char* name : {"cmdSave", "cmdExport", "cmdPrintSetup", "cmdTotalDetails"})
         EXPECT_TRUE(Button(name)->isEnabled()) << name;
     EXPECT_EQ(ShownNames(),
               (QStringList{QStringLiteral("Asha"), QStringLiteral("Binu"), QStringLiteral("Cara"),
@@ -304,6 +306,34 @@ TEST_F(RankListOutput, ExportIsRefusedWithoutTheRight)
     OpenAndProceed();
     prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Export This Report"));
     Press(Button("cmdExport"));
+}
+
+TEST_F(RankListOutput, PrintShowsThePagesOfTheListAsItStands)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    Press(Option("optAlphabeticalOrder"));
+    std::vector<PrintJob> shown;
+    UsePrintPreview([&shown](const PrintJob& job) { shown.push_back(job); });
+    Press(Button("cmdPrintSetup"));
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_EQ(shown[0].title.toStdString(), "Rank List");
+    TestPaper paper(shown[0].orientation);
+    shown[0].paint(paper);
+    EXPECT_TRUE(paper.Holds(0, "Exam Name :Term One  Class :X Division :  A")) << paper.Text(0);
+    EXPECT_TRUE(paper.Holds(0, "|Asha|A1|X|A|90|80|170|85.00|1|")) << paper.Text(0);
+    EXPECT_LT(paper.Text(0).find("|Dev|"), paper.Text(0).find("|Esa|"));
+}
+
+TEST_F(RankListOutput, PrintIsRefusedWithoutTheRightToExport)
+{
+    GivenFiveStudents();
+    GivenUser(7, QStringLiteral("clerk"), QStringLiteral("pass"));
+    Session().gintPrivilegeUserCode = 7;
+    OpenAndProceed();
+    UsePrintPreview([](const PrintJob&) { ADD_FAILURE(); });
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Export This Report"));
+    Press(Button("cmdPrintSetup"));
 }
 
 TEST_F(RankListOutput, ExportHandsTheWorkbookToTheSpreadsheetProgram)

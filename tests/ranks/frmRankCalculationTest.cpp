@@ -490,7 +490,7 @@ TEST_F(RankListSelection, AListWhoseSummaryCannotBeReadIsNotShownAndTheSelection
     prompts.Verify();
     EXPECT_TRUE(ShownNames().isEmpty());
     EXPECT_TRUE(Find<QGroupBox>(form, "Frame2")->isEnabled());
-    for (const char* button : {"cmdSave", "cmdExport", "cmdTotalDetails"})
+    for (const char* button : {"cmdSave", "cmdExport", "cmdPrintSetup", "cmdTotalDetails"})
         EXPECT_FALSE(Button(button)->isEnabled()) << button;
 
     Given("DROP VIEW ClassSubjectTeacher");
@@ -512,7 +512,7 @@ TEST_F(RankListSelection, CancelEmptiesEverythingAndDropsTheWorkingTable)
     EXPECT_TRUE(selectAll->isEnabled());
     EXPECT_EQ(grid->Rows(), 2);
     EXPECT_EQ(grid->Cols(), 4);
-    for (const char* name : {"cmdSave", "cmdExport", "cmdTotalDetails"})
+    for (const char* name : {"cmdSave", "cmdExport", "cmdPrintSetup", "cmdTotalDetails"})
         EXPECT_FALSE(Button(name)->isEnabled()) << name;
     EXPECT_EQ(Session().gcnnTemp->Number(
                   QStringLiteral("SELECT count(*) FROM sqlite_master WHERE name = 'TempRankCalculation'")),
