@@ -163,7 +163,8 @@ TEST(HouseRulesTest, AListThatGroupsByLessThanItShowsIsFound)
     EXPECT_EQ(missing("SELECT ClassCode, Mark FROM MarkMaster ORDER BY ClassCode"), "");
 }
 
-TEST(HouseRulesTest, OnlyPromptsShowsMessageBoxesAndOnlyOpenDocumentStartsPrograms)
+TEST(HouseRulesTest,
+     OnlyPromptsShowsMessageBoxesOnlyOpenDocumentStartsProgramsAndOnlyPrintPreviewMeetsPrinters)
 {
     for (const SourceFile& file : SourceFiles()) {
         if (file.path != QLatin1String("core/ui/Prompts.cpp")) {
@@ -171,6 +172,10 @@ TEST(HouseRulesTest, OnlyPromptsShowsMessageBoxesAndOnlyOpenDocumentStartsProgra
         }
         if (file.path != QLatin1String("core/ui/OpenDocument.cpp")) {
             EXPECT_FALSE(Holds(file.text, "#include <(QProcess|QDesktopServices)>"))
+                << file.path.toStdString();
+        }
+        if (file.path != QLatin1String("reports/output/PrintPreview.cpp")) {
+            EXPECT_FALSE(Holds(file.text, "#include <(QAbstractPrint|QPrint|QPageSetup)\\w*>"))
                 << file.path.toStdString();
         }
     }
