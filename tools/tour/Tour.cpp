@@ -9,6 +9,7 @@
 #include <QSaveFile>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace tally {
@@ -27,6 +28,28 @@ QWidget* KeyTarget()
     if (QWidget* window = QApplication::activeWindow())
         return window;
     throw TourError(QStringLiteral("no window takes the keys"));
+}
+
+/// The menu that is open, the innermost one.
+const QMenu* OpenMenu(const QString& entryName)
+{
+    const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu)
+        throw TourError(QStringLiteral("no menu opened on the way to ") + entryName);
+    return menu;
+}
+
+/// An entry and its screen may differ in a capital.
+bool HasName(const QAction* entry, const QString& name)
+{
+    return entry && entry->objectName().compare(name, Qt::CaseInsensitive) == 0;
+}
+
+bool Holds(const QMenu& menu, const QString& name)
+{
+    const auto entries = menu.actions();
+    return std::any_of(entries.begin(), entries.end(),
+                       [&name](const QAction* entry) { return HasName(entry, name); });
 }
 
 /// Lets what the last key set off come to its end.
@@ -91,14 +114,21 @@ void Tour::TabTo(const QString& widgetName)
 void Tour::ChooseFromMenu(Qt::Key letter, const QString& entryName)
 {
     Press(letter, Qt::AltModifier);
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (!menu)
-        throw TourError(QStringLiteral("no menu opened on the way to ") + entryName);
-    for (qsizetype i = 0; i < menu->actions().size(); ++i) {
-        if (menu->activeAction() && menu->activeAction()->objectName() == entryName) {
-            Press(Qt::Key_Return);
-            return;
+    for (const QAction* group : OpenMenu(entryName)->actions())
+        if (group->menu() && Holds(*group->menu(), entryName)) {
+            WalkTo(group->objectName());
+            Press(Qt::Key_Right);
         }
+    WalkTo(entryName);
+    Press(Qt::Key_Return);
+}
+
+void Tour::WalkTo(const QString& entryName)
+{
+    const QMenu* menu = OpenMenu(entryName);
+    for (qsizetype i = 0; i < menu->actions().size(); ++i) {
+        if (HasName(menu->activeAction(), entryName))
+            return;
         Press(Qt::Key_Down);
     }
     throw TourError(QStringLiteral("the menu does not lead to ") + entryName);
@@ -145,6 +175,12 @@ void Tour::AwaitWorkbook(const QString& what)
         throw TourError(QStringLiteral("the export left no workbook"));
     workbooks_.append(made);
     Done(what, made.constFirst());
+}
+
+void Tour::AwaitFile(const QString& what, const QString& fileName)
+{
+    Await(QStringLiteral("the file ") + fileName, [&] { return folder_.exists(fileName); });
+    Done(what, fileName);
 }
 
 void Tour::Done(const QString& what, const QString& fileName)

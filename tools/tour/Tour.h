@@ -43,7 +43,7 @@ public:
     void ChooseNext(int entries = 1);
     /// Presses Tab until the widget of that name has the focus.
     void TabTo(const QString& widgetName);
-    /// Opens the menu of that letter and chooses the entry of that name.
+    /// Opens the menu of that letter and chooses the entry of that name in it or in one of its groups.
     void ChooseFromMenu(Qt::Key letter, const QString& entryName);
 
     /// Waits until the condition holds; `what` names it in the error.
@@ -58,6 +58,8 @@ public:
     void Picture(const QString& what, const QString& fileName, QWidget* window);
     /// Ends a step that left one more workbook in the folder.
     void AwaitWorkbook(const QString& what);
+    /// Ends a step that left this file in the folder.
+    void AwaitFile(const QString& what, const QString& fileName);
     /// Ends a step that shows in a file made meanwhile, or, without one, only in what was answered.
     void Done(const QString& what, const QString& fileName = {});
 
@@ -68,6 +70,8 @@ private:
         bool answer;
     };
 
+    /// Goes down in the menu that is open until it stands on the entry.
+    void WalkTo(const QString& entryName);
     bool AnswerBox(const QString& text);
     void CheckBoxes() const;
 

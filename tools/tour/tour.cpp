@@ -1,6 +1,6 @@
 // tally-tour SCHOOL PICTURES goes through the program as a clerk would, by keys alone: first it sets up a new
 // school in a folder of its own, then it works in the folder SCHOOL that tally-sample made. Pictures of each
-// step, the exported rank list and the rank cards go to the folder PICTURES.
+// step, and the workbooks, texts and pages that it made, go to the folder PICTURES.
 //
 // Exit codes: 0 every step went well, 1 a step failed, 2 wrong arguments.
 
@@ -14,10 +14,15 @@
 #include "NewSchool.h"
 #include "ProgramSteps.h"
 #include "RankLists.h"
+#include "Reports.h"
+#include "reports/output/PrintPreview.h"
 #include "store/StoreError.h"
 #include "tools/SampleSchool.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QPdfWriter>
 
 #include <cstdio>
 
@@ -86,6 +91,7 @@ void GoThroughSampleSchool(Tour& tour, const QDir& school)
     EnterMissingMarks(tour, window);
     PrepareRankLists(tour, window);
     ExportRankCards(tour, window);
+    ShowReports(tour, window);
     ShowOptions(tour, window);
     LockAndUnlock(tour, window);
     CloseProgram(tour);
@@ -96,6 +102,25 @@ void GoThroughProgram(const QDir& school, const QDir& pictures)
     Tour tour(pictures.path());
     SetUpNewSchool(tour);
     GoThroughSampleSchool(tour, school);
+}
+
+/// Texts and pages go where the pictures are.
+void KeepOutput(const QDir& pictures)
+{
+    SetExportFolder(pictures.path());
+    UseSpreadsheetProgram({true, [](const QString& path) { return QFile::exists(path); }});
+    UseTextProgram([pictures](const QString& path) {
+        const QString copy = pictures.filePath(QFileInfo(path).fileName());
+        QFile::remove(copy);
+        return QFile::copy(path, copy);
+    });
+    UsePrintPreview([pictures](const PrintJob& job) {
+        QPdfWriter paper(pictures.filePath(QString(job.title).replace(u'/', u'-') + QStringLiteral(".pdf")));
+        paper.setPageSize(QPageSize(QPageSize::A4));
+        paper.setPageOrientation(job.orientation);
+        paper.setTitle(job.title);
+        job.paint(paper);
+    });
 }
 
 /// What a platform without a screen cannot do is no news here.
@@ -124,8 +149,7 @@ int main(int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     ApplyLook(application, false);
     RegisterScreens();
-    SetExportFolder(pictures.path());
-    UseSpreadsheetProgram({true, [](const QString& path) { return QFile::exists(path); }});
+    KeepOutput(pictures);
 
     int result = 0;
     try {
