@@ -27,6 +27,9 @@ constexpr double WidestColumn = 220;
 constexpr double UprightWidth = 523; ///< of an A4 page between usual margins
 constexpr double LineWidth = 0.5;
 constexpr double FooterHeight = 20;
+constexpr double Endless = 1e6; ///< room for texts whose height is to be found
+constexpr int HeadFlags = Qt::AlignHCenter | Qt::TextWordWrap;
+constexpr int WrapFlags = Qt::TextWordWrap | Qt::TextWrapAnywhere;
 
 const QColor Ink = Qt::black;
 const QColor Rule(0x90, 0x98, 0xa0);
@@ -73,11 +76,41 @@ std::vector<HeadLine> HeadLines(const QString& title, const QString& subTitle)
 
 double HeightOf(const HeadLine& line, double width)
 {
-    const QRectF room(0, 0, width, 1e6);
+    constexpr double Gap = 2;
     return QFontMetricsF(PaperFont(line.size, line.bold))
-               .boundingRect(room, Qt::AlignHCenter | Qt::TextWordWrap, line.text)
+               .boundingRect(QRectF(0, 0, width, Endless), HeadFlags, line.text)
                .height() +
-           2;
+           Gap;
+}
+
+/// With the room below them.
+double HeightOf(const std::vector<HeadLine>& lines, double width)
+{
+    double height = Padding;
+    for (const HeadLine& line : lines)
+        height += HeightOf(line, width);
+    return height;
+}
+
+void PaintHeadLines(QPainter& painter, const std::vector<HeadLine>& lines, double width)
+{
+    painter.setPen(Ink);
+    double top = 0;
+    for (const HeadLine& line : lines) {
+        const double height = HeightOf(line, width);
+        painter.setFont(PaperFont(line.size, line.bold));
+        painter.drawText(QRectF(0, top, width, height), HeadFlags, line.text);
+        top += height;
+    }
+}
+
+void PaintFooter(QPainter& painter, const QRectF& room, const QString& title, const QString& page)
+{
+    painter.setPen(Ink);
+    painter.setFont(PaperFont(FooterSize));
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignBottom,
+                     title + QStringLiteral("    ") + ShownDate(QDate::currentDate()));
+    painter.drawText(room, Qt::AlignRight | Qt::AlignBottom, page);
 }
 
 bool IsEmptyRow(const GridTable& grid, int row)
@@ -126,12 +159,11 @@ double GridPages::RowHeight(int row) const
     double height = letters.height();
     for (const Column& column : columns_)
         if (column.wraps)
-            height =
-                std::max(height, letters
-                                     .boundingRect(QRectF(0, 0, column.width - 2 * Padding, 1e6),
-                                                   Qt::AlignLeft | Qt::TextWrapAnywhere | Qt::TextWordWrap,
-                                                   grid_.Text(row, column.source).trimmed())
-                                     .height());
+            height = std::max(height, letters
+                                          .boundingRect(QRectF(0, 0, column.width - 2 * Padding, Endless),
+                                                        Qt::AlignLeft | WrapFlags,
+                                                        grid_.Text(row, column.source).trimmed())
+                                          .height());
     return std::ceil(height) + 2 * Padding;
 }
 
@@ -156,6 +188,27 @@ std::vector<std::size_t> GridPages::PageStarts(double room, double roomOfFirst) 
     return starts;
 }
 
+void GridPages::PaintRow(QPainter& painter, int row, double top, double height) const
+{
+    double left = 0;
+    for (const Column& column : columns_) {
+        const CellMark mark = row == 0 ? CellMark::None : grid_.Mark(row, column.source);
+        const QRectF cell(left, top, column.width, height);
+        const QColor ground = row == 0 ? HeadGround : CellColor(mark);
+        if (ground.isValid())
+            painter.fillRect(cell, ground);
+        painter.setPen(QPen(Rule, LineWidth));
+        painter.drawRect(cell);
+        painter.setPen(Ink);
+        painter.setFont(row == 0 ? PaperFont(LetterSize, true) : CellLetters(mark));
+        painter.drawText(cell.adjusted(Padding, 0, -Padding, 0),
+                         static_cast<int>(grid_.Column(column.source).alignment) |
+                             (column.wraps ? WrapFlags : 0),
+                         grid_.Text(row, column.source).trimmed());
+        left += column.width;
+    }
+}
+
 int GridPages::Paint(QPagedPaintDevice& paper) const
 {
     QPainter painter;
@@ -168,68 +221,31 @@ int GridPages::Paint(QPagedPaintDevice& paper) const
     const double scale = width_ > 0 ? std::min(1.0, pageWidth / width_) : 1;
 
     const std::vector<HeadLine> headLines = HeadLines(title_, subTitle_);
-    double titleHeight = Padding;
-    for (const HeadLine& line : headLines)
-        titleHeight += HeightOf(line, pageWidth);
+    const double headHeight = HeightOf(headLines, pageWidth);
     const double room = (pageHeight - FooterHeight) / scale - headHeight_;
-    const std::vector<std::size_t> starts = PageStarts(room, room - titleHeight / scale);
-    const int pages = static_cast<int>(starts.size()) - 1;
+    const std::vector<std::size_t> starts = PageStarts(room, room - headHeight / scale);
+    const std::size_t pages = starts.size() - 1;
 
-    const auto paintRow = [&](int row, double top, double height) {
-        double left = 0;
-        for (const Column& column : columns_) {
-            const CellMark mark = row == 0 ? CellMark::None : grid_.Mark(row, column.source);
-            const QRectF cell(left, top, column.width, height);
-            const QColor ground = row == 0 ? HeadGround : CellColor(mark);
-            if (ground.isValid())
-                painter.fillRect(cell, ground);
-            painter.setPen(QPen(Rule, LineWidth));
-            painter.drawRect(cell);
-            painter.setPen(Ink);
-            painter.setFont(row == 0 ? PaperFont(LetterSize, true) : CellLetters(mark));
-            const auto wrap = column.wraps ? Qt::TextWordWrap | Qt::TextWrapAnywhere : 0;
-            painter.drawText(cell.adjusted(Padding, 0, -Padding, 0),
-                             static_cast<int>(grid_.Column(column.source).alignment) | wrap,
-                             grid_.Text(row, column.source).trimmed());
-            left += column.width;
-        }
-    };
-
-    for (int page = 0; page < pages; ++page) {
+    for (std::size_t page = 0; page < pages; ++page) {
         if (page > 0)
             paper.newPage();
-        painter.setPen(Ink);
-        double top = 0;
-        if (page == 0) {
-            for (const HeadLine& line : headLines) {
-                const double height = HeightOf(line, pageWidth);
-                painter.setFont(PaperFont(line.size, line.bold));
-                painter.drawText(QRectF(0, top, pageWidth, height), Qt::AlignHCenter | Qt::TextWordWrap,
-                                 line.text);
-                top += height;
-            }
-            top += Padding;
-        }
-        painter.setFont(PaperFont(FooterSize));
-        const QRectF footer(0, pageHeight - FooterHeight, pageWidth, FooterHeight);
-        painter.drawText(footer, Qt::AlignLeft | Qt::AlignBottom,
-                         title_ + QStringLiteral("    ") + ShownDate(QDate::currentDate()));
-        painter.drawText(footer, Qt::AlignRight | Qt::AlignBottom,
-                         QStringLiteral("Page %1 of %2").arg(page + 1).arg(pages));
+        if (page == 0)
+            PaintHeadLines(painter, headLines, pageWidth);
+        PaintFooter(painter, {0, pageHeight - FooterHeight, pageWidth, FooterHeight}, title_,
+                    QStringLiteral("Page %1 of %2").arg(page + 1).arg(pages));
 
         painter.save();
-        painter.translate((pageWidth - width_ * scale) / 2, top);
+        painter.translate((pageWidth - width_ * scale) / 2, page == 0 ? headHeight : 0);
         painter.scale(scale, scale);
-        paintRow(0, 0, headHeight_);
-        double below = headHeight_;
-        for (std::size_t number = starts[static_cast<std::size_t>(page)];
-             number < starts[static_cast<std::size_t>(page) + 1]; ++number) {
-            paintRow(rows_[number], below, heights_[number]);
-            below += heights_[number];
+        PaintRow(painter, 0, 0, headHeight_);
+        double top = headHeight_;
+        for (std::size_t number = starts[page]; number < starts[page + 1]; ++number) {
+            PaintRow(painter, rows_[number], top, heights_[number]);
+            top += heights_[number];
         }
         painter.restore();
     }
-    return pages;
+    return static_cast<int>(pages);
 }
 
 } // namespace tally

@@ -8,6 +8,7 @@
 #include <vector>
 
 class QPagedPaintDevice;
+class QPainter;
 
 namespace tally {
 
@@ -33,6 +34,7 @@ private:
     };
 
     double RowHeight(int row) const;
+    void PaintRow(QPainter& painter, int row, double top, double height) const;
     /// The rows of the list that each page begins with, and behind the last one.
     std::vector<std::size_t> PageStarts(double room, double roomOfFirst) const;
 
