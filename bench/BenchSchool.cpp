@@ -12,14 +12,14 @@
 
 namespace tally::bench {
 
-BenchSchool::BenchSchool(int students)
+BenchSchool::BenchSchool(int students, int exams)
 {
     SampleOptions options;
     options.classes = 1;
     options.divisions = static_cast<int>(DivisionCodes().size());
     options.students = students / options.divisions;
     options.subjects = 12;
-    options.exams = 2;
+    options.exams = exams;
     options.years = 1;
     MakeDeliveredDatabases(folder_.path(), Password(),
                            [&](store::Transaction& transaction) { FillSampleSchool(transaction, options); });

@@ -9,13 +9,13 @@
 
 namespace tally::bench {
 
-/// An encrypted, delivered set of databases with one class of four divisions, twelve subjects and two exams.
-/// Its files lie in a folder that goes with it.
+/// An encrypted, delivered set of databases with one class of four divisions, twelve subjects and two exams,
+/// unless said otherwise. Its files lie in a folder that goes with it.
 class BenchSchool
 {
 public:
-    /// `students` of the whole class, a multiple of four.
-    explicit BenchSchool(int students);
+    /// `students` of the whole class, a multiple of four. The marks of the last exam are not all entered.
+    explicit BenchSchool(int students, int exams = 2);
 
     QString Folder() const { return folder_.path(); }
     /// The class in the exam whose marks are complete.

@@ -24,7 +24,7 @@ namespace tally {
 namespace {
 
 /// With more bars than these the numbers over them would lie over one another.
-constexpr int MostNumberedBars = 24;
+constexpr int MostNumberedBars = 14;
 /// So many letters have room side by side along the axis of the smallest window.
 constexpr qsizetype LettersAlongAxis = 88;
 constexpr int MostLabelLines = 3;

@@ -97,7 +97,7 @@ private:
             return true;
         }
         bool abort() override { return false; }
-        QPrinter::PrinterState printerState() const override { return QPrinter::Idle; }
+        QPrinter::PrinterState printerState() const override { return QPrinter::Active; }
         int metric(QPaintDevice::PaintDeviceMetric metric) const override
         {
             constexpr int Dots = 300; // to the inch

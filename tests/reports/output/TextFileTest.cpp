@@ -181,15 +181,16 @@ TEST_F(TextFileTest, OnAFullDiskTheUserIsToldAndTheReportBeforeStands)
 
 TEST_F(TextFileTest, AFolderThatCannotBeWrittenIsTold)
 {
-    const AsOrdinaryUser clerk;
-    ASSERT_TRUE(QFile::setPermissions(ProgramFolder(), QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther |
-                                                           QFile::ExeOther));
-    prompts.ExpectCritical(NotWritten());
-    Show("mine\n");
-    prompts.Verify();
+    constexpr auto ReadOnly = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+    ASSERT_TRUE(QFile::setPermissions(ProgramFolder(), ReadOnly));
+    {
+        const AsOrdinaryUser clerk;
+        prompts.ExpectCritical(NotWritten());
+        Show("mine\n");
+        prompts.Verify();
+    }
     EXPECT_EQ(opened.toStdString(), "");
-    ASSERT_TRUE(
-        QFile::setPermissions(ProgramFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    ASSERT_TRUE(QFile::setPermissions(ProgramFolder(), ReadOnly | QFile::WriteOwner));
 }
 
 TEST_F(TextFileTest, WithoutAProgramForTextsTheUserIsToldWhereTheReportIs)
