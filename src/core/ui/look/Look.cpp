@@ -373,7 +373,7 @@ constexpr std::array ButtonIcons{
     ButtonIcon{"cmdExport", "export"},    ButtonIcon{"cmdPrint", "print"},
     ButtonIcon{"cmdUpdate", "proceed"},   ButtonIcon{"cmdTotalDetails", "total"},
     ButtonIcon{"cmdPrintSetup", "print"}, ButtonIcon{"cmdClose", "close"},
-    ButtonIcon{"cmdPrintClose", "close"},
+    ButtonIcon{"cmdPrintClose", "close"}, ButtonIcon{"cmdChart", "chart"},
 };
 
 } // namespace
