@@ -2,12 +2,10 @@
 
 #include "core/school/CodesQuery.h"
 #include "core/school/DivisionRepository.h"
+#include "store/Dialect.h"
 #include "store/WorkingTable.h"
 
-#include <QHash>
-
 #include <algorithm>
-#include <map>
 
 namespace tally {
 
@@ -15,15 +13,6 @@ namespace {
 
 constexpr int WidthOfNameAndNumber = 100;
 constexpr int FirstSubjectField = 2;
-
-template <typename Things, typename Code>
-QHash<int, std::size_t> PlacesOf(const Things& things, Code code)
-{
-    QHash<int, std::size_t> places;
-    for (std::size_t place = 0; place < things.size(); ++place)
-        places.insert(code(things[place]), place);
-    return places;
-}
 
 } // namespace
 
@@ -38,7 +27,7 @@ StudentsListInput StudentsListRepository::LoadStudentsList(const SchoolScope& sc
     input.subjects = LoadSubjects(subjectCodes);
     input.setup = DivisionRepository(main_).LoadSubjectSetup(scope);
     input.marks = LoadMarks(scope, divisionCodes, subjectCodes);
-    FillTempClassAverage(transaction, LoadStudents(scope, divisionCodes), input, side);
+    FillTempClassAverage(transaction, scope, divisionCodes, input.subjects, side);
     input.students = LoadTempClassAverage();
     return input;
 }
@@ -79,56 +68,56 @@ std::vector<ListedMark> StudentsListRepository::LoadMarks(const SchoolScope& sco
     return marks;
 }
 
-CodedTexts StudentsListRepository::LoadStudents(const SchoolScope& scope,
-                                                const std::vector<int>& divisionCodes)
+void StudentsListRepository::FillTempClassAverage(store::Transaction& transaction, const SchoolScope& scope,
+                                                  const std::vector<int>& divisionCodes,
+                                                  const CodedTexts& subjects, AverageSide side)
 {
-    return ReadCodedTexts(QueryCodes(
-        main_,
-        QStringLiteral("SELECT a.StudentCode, trim(b.StudentName) || '(' || trim(b.OptionalAdmissionNo) || "
-                       "')' AS StudentName FROM StudentClassDivision a INNER JOIN StudentMaster b ON "
-                       "b.StudentCode = a.StudentCode WHERE a.AcademicYearCode = ? AND a.ClassCode = ? AND "
-                       "a.DivisionCode IN (%1)"),
-        divisionCodes, scope.academicYearCode, scope.classCode));
-}
-
-void StudentsListRepository::FillTempClassAverage(store::Transaction& transaction, const CodedTexts& students,
-                                                  const StudentsListInput& input, AverageSide side)
-{
+    const bool below = side == AverageSide::Below;
+    const QString mark = below ? QStringLiteral("CASE Mark WHEN 0 THEN %1 ELSE Mark END").arg(StoredZero)
+                               : QStringLiteral("Mark");
     store::WorkingTable table("TempClassAverage");
     table.Whole("StudentCode").Text("StudentName", WidthOfNameAndNumber);
-    for (const auto& [code, shortName] : input.subjects)
-        table.DecimalOfData(QStringLiteral("S%1").arg(code));
+    QString columns;
+    QString marks;
+    for (std::size_t number = 0; number < subjects.size(); ++number) {
+        table.DecimalOfData(QStringLiteral("S%1").arg(subjects[number].first));
+        columns += QStringLiteral(", c.Mark%1").arg(number);
+        marks += QStringLiteral(", max(CASE SubjectCode WHEN ? THEN %1 END) AS Mark%2").arg(mark).arg(number);
+    }
     table.Create(transaction);
 
-    const std::size_t subjectCount = input.subjects.size();
-    const auto studentPlaces = PlacesOf(students, [](const auto& student) { return student.first; });
-    const auto subjectPlaces = PlacesOf(input.subjects, [](const auto& subject) { return subject.first; });
-    std::vector<std::optional<double>> values(students.size() * subjectCount);
-    for (const ListedMark& mark : input.marks) {
-        const auto student = studentPlaces.constFind(mark.studentCode);
-        const auto subject = subjectPlaces.constFind(mark.subjectCode);
-        if (student == studentPlaces.cend() || subject == subjectPlaces.cend() ||
-            (side == AverageSide::Above && mark.mark <= 0))
-            continue;
-        std::optional<double>& value = values[*student * subjectCount + *subject];
-        const double stored = mark.mark == 0 ? StoredZero : mark.mark;
-        value = value ? std::max(*value, stored) : stored;
-    }
-
-    store::Statement insert = table.Insert(transaction);
-    auto value = values.cbegin();
-    for (const auto& [code, name] : students) {
-        int position = 0;
-        insert.BindAt(++position, static_cast<qint64>(code));
-        insert.BindAt(++position, name);
-        for (std::size_t subject = 0; subject < subjectCount; ++subject, ++value) {
-            if (*value)
-                insert.BindAt(++position, **value);
-            else
-                insert.BindNullAt(++position);
-        }
-        insert.RunBound();
-    }
+    // One statement for all students, with one reading of their marks.
+    const QString divisions = store::dialect::Placeholders(divisionCodes.size());
+    store::Statement insert = table.InsertRowsOf(
+        transaction,
+        QLatin1String(
+            "SELECT a.StudentCode, trim(b.StudentName) || '(' || trim(b.OptionalAdmissionNo) || ')'") +
+            columns +
+            QLatin1String(" FROM StudentClassDivision a INNER JOIN StudentMaster b ON b.StudentCode = "
+                          "a.StudentCode LEFT JOIN (SELECT StudentCode") +
+            marks +
+            QStringLiteral(" FROM MarkMaster WHERE AcademicYearCode = ? AND ExamCode = ? AND ClassCode = ? "
+                           "AND DivisionCode IN (%1)")
+                .arg(divisions) +
+            QLatin1String(below ? "" : " AND Mark > 0") +
+            QStringLiteral(" GROUP BY StudentCode) c ON c.StudentCode = a.StudentCode WHERE "
+                           "a.AcademicYearCode = ? AND a.ClassCode = ? AND a.DivisionCode IN (%1)")
+                .arg(divisions));
+    int position = 0;
+    const auto bind = [&insert, &position](int value) {
+        insert.BindAt(++position, static_cast<qint64>(value));
+    };
+    const auto bindDivisions = [&] { std::for_each(divisionCodes.begin(), divisionCodes.end(), bind); };
+    for (const auto& [code, shortName] : subjects)
+        bind(code);
+    bind(scope.academicYearCode);
+    bind(scope.examCode);
+    bind(scope.classCode);
+    bindDivisions();
+    bind(scope.academicYearCode);
+    bind(scope.classCode);
+    bindDivisions();
+    insert.RunBound();
 }
 
 std::vector<ClassAverageRow> StudentsListRepository::LoadTempClassAverage()

@@ -18,8 +18,8 @@ public:
     /// Fills TempClassAverage with the students of the divisions, relieved ones too, and their marks in the
     /// subjects, and gives what it holds by name. All of one moment, in a transaction that is taken back: the
     /// table is this client's alone, and nothing of it is stored. Of several marks of a student in one
-    /// subject, made in several divisions, the highest counts. Runs a fixed number of statements beside the
-    /// one for each student's row.
+    /// subject, made in several divisions, the highest counts. Runs a fixed number of statements, however
+    /// many students, divisions and subjects there are.
     StudentsListInput LoadStudentsList(const SchoolScope& scope, const std::vector<int>& divisionCodes,
                                        const std::vector<int>& subjectCodes, AverageSide side);
 
@@ -27,10 +27,10 @@ private:
     CodedTexts LoadSubjects(const std::vector<int>& subjectCodes);
     std::vector<ListedMark> LoadMarks(const SchoolScope& scope, const std::vector<int>& divisionCodes,
                                       const std::vector<int>& subjectCodes);
-    CodedTexts LoadStudents(const SchoolScope& scope, const std::vector<int>& divisionCodes);
     /// The columns of the marks are named after the subjects.
-    static void FillTempClassAverage(store::Transaction& transaction, const CodedTexts& students,
-                                     const StudentsListInput& input, AverageSide side);
+    static void FillTempClassAverage(store::Transaction& transaction, const SchoolScope& scope,
+                                     const std::vector<int>& divisionCodes, const CodedTexts& subjects,
+                                     AverageSide side);
     std::vector<ClassAverageRow> LoadTempClassAverage();
 
     store::Connection& main_;

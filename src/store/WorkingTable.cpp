@@ -80,9 +80,19 @@ void WorkingTable::Create(Transaction& transaction) const
 
 Statement WorkingTable::Insert(Transaction& transaction) const
 {
-    return transaction.Prepare(QStringLiteral("INSERT INTO ") + QLatin1String(name_) + QLatin1String(" (") +
-                               WrittenColumns().join(QLatin1String(", ")) + QLatin1String(") VALUES (") +
+    return transaction.Prepare(InsertInto() + QLatin1String("VALUES (") +
                                dialect::Placeholders(columns_.size()) + QLatin1Char(')'));
+}
+
+Statement WorkingTable::InsertRowsOf(Transaction& transaction, const QString& query) const
+{
+    return transaction.Prepare(InsertInto() + query);
+}
+
+QString WorkingTable::InsertInto() const
+{
+    return QStringLiteral("INSERT INTO ") + QLatin1String(name_) + QLatin1String(" (") +
+           WrittenColumns().join(QLatin1String(", ")) + QLatin1String(") ");
 }
 
 void WorkingTable::Drop(Transaction& transaction, const char* name)

@@ -33,6 +33,9 @@ public:
     void Create(Transaction& transaction) const;
     /// Stores one row, with a value bound for each column in their order; to be run for all rows.
     Statement Insert(Transaction& transaction) const;
+    /// Stores all rows of a query, whose columns are those of the table in their order; its values are to be
+    /// bound.
+    Statement InsertRowsOf(Transaction& transaction, const QString& query) const;
     /// Nothing happens where there is no table.
     static void Drop(Transaction& transaction, const char* name);
 
@@ -48,6 +51,8 @@ private:
     /// For a statement: names of data are quoted, the program's own are not, since a server that folds names
     /// folds them wherever they stand.
     QStringList WrittenColumns() const;
+    /// The part of a statement before the values.
+    QString InsertInto() const;
 
     const char* name_;
     std::vector<Column> columns_;

@@ -47,6 +47,25 @@ TEST_F(WorkingTable, HasItsColumnsInTheOrderInWhichTheyWereNamed)
     EXPECT_EQ(table.Columns(), expected);
 }
 
+TEST_F(WorkingTable, TakesTheRowsOfAQuery)
+{
+    store::WorkingTable table("TempChartReport");
+    table.Text("ExamName", 50).DecimalOfData(QStringLiteral("1 \"x\""));
+    Transaction transaction(store_);
+    table.Create(transaction);
+    store::Statement insert = table.InsertRowsOf(
+        transaction, QStringLiteral("SELECT 'First', ? UNION ALL SELECT 'Second', ? ORDER BY 1"));
+    EXPECT_EQ(insert.Run(1.5, 2.5), 2);
+    transaction.Commit();
+    auto rows = store_.Query(QStringLiteral("SELECT * FROM TempChartReport"));
+    ASSERT_TRUE(rows.Next());
+    EXPECT_EQ(rows.Text(0).toStdString(), "First");
+    EXPECT_EQ(rows.Double(1), 1.5);
+    ASSERT_TRUE(rows.Next());
+    EXPECT_EQ(rows.Double(1), 2.5);
+    EXPECT_FALSE(rows.Next());
+}
+
 TEST_F(WorkingTable, TakesAnyTextForTheNameOfAColumn)
 {
     const QStringList names{QStringLiteral("Eng"),
