@@ -259,7 +259,7 @@ TEST_F(ComparedNeighbours, EachListTakesTheSameStatementsHoweverLargeTheSchoolIs
     for (int subject = 10; subject < 40; ++subject)
         school.AddSubject(1, subject, "More", subject);
     for (int number = 0; number < 50; ++number) {
-        const int code = school.AddStudent(1, QStringLiteral("More"));
+        const int code = school.AddStudent(1, QStringLiteral("More"), QStringLiteral("M%1").arg(number));
         for (int subject = 10; subject < 40; ++subject)
             cards.EnterMark(1, code, subject, 50);
     }
