@@ -31,6 +31,9 @@ class RandomClass
 public:
     explicit RandomClass(unsigned seed) : chance_(seed)
     {
+        for (int subject = 1; subject <= Subjects; ++subject)
+            school.main.Execute(QStringLiteral("INSERT INTO SubjectMaster VALUES (?, 'Subject', 'Sub', 0)"),
+                                subject);
         for (int division = 1; division <= Divisions; ++division) {
             school.AddDivision(division, QByteArray(1, static_cast<char>('A' + division - 1)).constData());
             for (int subject = 1; subject <= Subjects; ++subject) {
@@ -38,8 +41,8 @@ public:
                     continue;
                 const int maximum = maximumMarks_[static_cast<std::size_t>(Number(0, 3))];
                 const bool taken = Chance(70);
-                school.AddSubject(division, subject, ("S" + QByteArray::number(subject)).constData(),
-                                  Subjects - subject, taken ? "Yes" : "No", maximum, maximum);
+                school.AddSubject(division, subject, "Sub", Subjects - subject, taken ? "Yes" : "No", maximum,
+                                  maximum);
                 taught[{division, subject}] = {maximum, taken};
             }
             const int count = Number(0, 9);
