@@ -11,7 +11,7 @@ namespace {
 /// The text behind the blanks that bring it into the middle of `width` letters.
 QString Centered(const QString& text, qsizetype width)
 {
-    const int blanks = ToWhole(static_cast<double>(width - text.size()) / 2);
+    const int blanks = text.isEmpty() ? 0 : ToWhole(static_cast<double>(width - text.size()) / 2);
     return QString(std::max(0, blanks), u' ') + text;
 }
 

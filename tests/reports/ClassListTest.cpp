@@ -44,11 +44,11 @@ TEST(ClassListTest, TheTextHasFiveLettersForEachAddedColumn)
     EXPECT_EQ(text.section(QLatin1Char('\n'), 3).toStdString(),
               "      STUDENT NAME LIST FOR CLASS X A,B\n"
               "----------------------------------------------\n"
-              "|Admission.No|       Student Name      |Remar|\n"
+              "|Admission.No|      Student Name       |Remar|\n"
               "----------------------------------------------\n"
-              "|     B7     |           Asha          |     |\n"
+              "|     B7     |          Asha           |     |\n"
               "----------------------------------------------\n"
-              "|     A9     |           Binu          |     |\n"
+              "|     A9     |          Binu           |     |\n"
               "----------------------------------------------\n");
 }
 

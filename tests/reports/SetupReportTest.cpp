@@ -118,8 +118,8 @@ protected:
     SetupReportRows()
     {
         Run("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 2, 0, 0)");
-        Run("INSERT INTO TeacherMaster (TeacherCode, SalutationCode, TeacherName, TeacherShortName, "
-            "MaritalStatus, CityCode, BloodGroupCode) VALUES (1, 0, 'Anu', 'ANU', 'S', 0, 0)");
+        Run("INSERT INTO TeacherMaster (TeacherCode, TeacherName, TeacherShortName) VALUES (1, 'Anu', "
+            "'ANU')");
         school.AddDivision(2, "A");
         school.AddDivision(1, "B");
         Run("INSERT INTO ClassDivisionDetails VALUES (2, 'A', 1)");

@@ -17,8 +17,8 @@ TEST(TextReportTest, TheTableStandsUnderTheSchoolAndTheTitleWithDashesBetweenAll
                             {{Latin("1"), Latin("Mid Term"), Latin("60")}, {Latin("2"), Latin("Annual")}}};
     EXPECT_EQ(LayOutText(report, {Latin("St. Mary's"), Latin("Hill Road,Fort"), Latin("Kochi-682001")})
                   .toStdString(),
-              "       St. Mary's\n"
-              "     Hill Road,Fort\n"
+              "        St. Mary's\n"
+              "      Hill Road,Fort\n"
               "      Kochi-682001\n"
               "          Marks\n"
               "-------------------------\n"

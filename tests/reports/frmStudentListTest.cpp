@@ -161,7 +161,7 @@ TEST_F(StudentListScreen, PrintWritesTheTextReport)
     EXPECT_TRUE(output->text.contains(QStringLiteral("St. Mary's\n"))) << output->text.toStdString();
     EXPECT_TRUE(output->text.contains(QStringLiteral("Hill Road,Fort\n")));
     EXPECT_TRUE(output->text.contains(QStringLiteral("STUDENT NAME LIST FOR CLASS X A\n")));
-    EXPECT_TRUE(output->text.contains(QStringLiteral("|     20     |           Asha          |     |\n")));
+    EXPECT_TRUE(output->text.contains(QStringLiteral("|     20     |          Asha           |     |\n")));
     EXPECT_TRUE(output->printed.empty());
 }
 

@@ -24,8 +24,8 @@ protected:
         ScreenFixture::SetUp();
         Session().gintAcademicYearCode = 1;
         TestSchool school(*Session().gcnnMain, *Session().gcnnTemp);
-        Given("INSERT INTO TeacherMaster (TeacherCode, SalutationCode, TeacherName, TeacherShortName, "
-              "MaritalStatus, CityCode, BloodGroupCode) VALUES (1, 0, 'Anu', 'ANU', 'S', 0, 0)");
+        Given("INSERT INTO TeacherMaster (TeacherCode, TeacherName, TeacherShortName) VALUES (1, 'Anu', "
+              "'ANU')");
         school.AddDivision(1, "B");
         school.AddDivision(2, "A");
         school.AddSubject(1, 1, "Eng", 1, "Yes", 50, 60);

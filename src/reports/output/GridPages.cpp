@@ -9,6 +9,7 @@
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -29,7 +30,6 @@ constexpr double LineWidth = 0.5;
 constexpr double FooterHeight = 20;
 constexpr double Endless = 1e6; ///< room for texts whose height is to be found
 constexpr int HeadFlags = Qt::AlignHCenter | Qt::TextWordWrap;
-constexpr int WrapFlags = Qt::TextWordWrap | Qt::TextWrapAnywhere;
 
 const QColor Ink = Qt::black;
 const QColor Rule(0x90, 0x98, 0xa0);
@@ -113,6 +113,13 @@ void PaintFooter(QPainter& painter, const QRectF& room, const QString& title, co
     painter.drawText(room, Qt::AlignRight | Qt::AlignBottom, page);
 }
 
+/// The text with places to break, which nobody sees, in words that are too long for a line.
+QString Breakable(QString text)
+{
+    static const QRegularExpression longPiece(QStringLiteral("(\\S{16})(?=\\S)"));
+    return text.replace(longPiece, QStringLiteral("\\1\u200b"));
+}
+
 bool IsEmptyRow(const GridTable& grid, int row)
 {
     for (int col = 0; col < grid.Cols(); ++col)
@@ -153,17 +160,23 @@ GridPages::GridPages(const GridTable& grid, const QString& title, const QString&
         heights_.push_back(RowHeight(row));
 }
 
+QString GridPages::CellText(int row, const Column& column) const
+{
+    const QString text = grid_.Text(row, column.source).trimmed();
+    return column.wraps ? Breakable(text) : text;
+}
+
 double GridPages::RowHeight(int row) const
 {
     const QFontMetricsF letters(PaperFont(LetterSize, row == 0));
     double height = letters.height();
     for (const Column& column : columns_)
         if (column.wraps)
-            height = std::max(height, letters
-                                          .boundingRect(QRectF(0, 0, column.width - 2 * Padding, Endless),
-                                                        Qt::AlignLeft | WrapFlags,
-                                                        grid_.Text(row, column.source).trimmed())
-                                          .height());
+            height =
+                std::max(height, letters
+                                     .boundingRect(QRectF(0, 0, column.width - 2 * Padding, Endless),
+                                                   Qt::AlignLeft | Qt::TextWordWrap, CellText(row, column))
+                                     .height());
     return std::ceil(height) + 2 * Padding;
 }
 
@@ -203,8 +216,8 @@ void GridPages::PaintRow(QPainter& painter, int row, double top, double height) 
         painter.setFont(row == 0 ? PaperFont(LetterSize, true) : CellLetters(mark));
         painter.drawText(cell.adjusted(Padding, 0, -Padding, 0),
                          static_cast<int>(grid_.Column(column.source).alignment) |
-                             (column.wraps ? WrapFlags : 0),
-                         grid_.Text(row, column.source).trimmed());
+                             (column.wraps ? Qt::TextWordWrap : 0),
+                         CellText(row, column));
         left += column.width;
     }
 }

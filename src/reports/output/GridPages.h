@@ -33,6 +33,7 @@ private:
         bool wraps = false;
     };
 
+    QString CellText(int row, const Column& column) const;
     double RowHeight(int row) const;
     void PaintRow(QPainter& painter, int row, double top, double height) const;
     /// The rows of the list that each page begins with, and behind the last one.

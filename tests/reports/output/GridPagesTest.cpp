@@ -51,7 +51,8 @@ protected:
         const GridPages pages(table, QStringLiteral("CLASS LIST"),
                               QStringLiteral("STUDENT LIST FOR CLASS   X A"));
         auto paper = std::make_unique<TestPaper>(pages.Orientation());
-        EXPECT_EQ(pages.Paint(*paper), static_cast<int>(paper->Pages().size()));
+        const int count = pages.Paint(*paper);
+        EXPECT_EQ(count, static_cast<int>(paper->Pages().size()));
         for (const TestPaper::Page& page : paper->Pages())
             for (const TestPaper::Word& word : page.words)
                 EXPECT_TRUE(paper->Edges().contains(word.place)) << word.text.toStdString();

@@ -196,7 +196,9 @@ TEST_F(TextFileTest, AFolderThatCannotBeWrittenIsTold)
 TEST_F(TextFileTest, WithoutAProgramForTextsTheUserIsToldWhereTheReportIs)
 {
     opens = false;
-    prompts.ExpectCritical(TextNotOpened(Path(QStringLiteral("Summary.txt"))));
+    prompts.ExpectCritical(
+        QStringLiteral("The report is saved as \"%1\", but the program for texts did not start.")
+            .arg(Path(QStringLiteral("Summary.txt"))));
     Show("mine\n");
     prompts.Verify();
     EXPECT_EQ(Content(QStringLiteral("Summary.txt")), "mine\n");
