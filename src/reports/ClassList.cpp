@@ -4,13 +4,14 @@
 
 namespace tally {
 
-GridTable ClassListTable(const std::vector<ListedStudent>& students, const QString& admissionHead, int added)
+GridTable ClassListTable(const std::vector<ClassListStudent>& students, const QString& admissionHead,
+                         int added)
 {
     std::vector<GridColumn> columns{{admissionHead}, {QStringLiteral("Student Name")}};
     columns.resize(columns.size() + static_cast<std::size_t>(added));
     GridTable list(std::move(columns));
     list.Reserve(static_cast<int>(students.size()));
-    for (const ListedStudent& student : students)
+    for (const ClassListStudent& student : students)
         list.AddRow({{student.optionalAdmissionNo}, {student.studentName}});
     return list;
 }

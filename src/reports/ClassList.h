@@ -16,7 +16,8 @@ enum class ClassListColumn
 
 /// The students under their heads, with `added` empty columns behind them. `admissionHead` is how the form
 /// calls the school's own number.
-GridTable ClassListTable(const std::vector<ListedStudent>& students, const QString& admissionHead, int added);
+GridTable ClassListTable(const std::vector<ClassListStudent>& students, const QString& admissionHead,
+                         int added);
 
 /// The list of a class as a text, with room to write in each added column.
 TextReport ClassListText(const GridTable& list, const QString& className, const QString& divisions);

@@ -19,11 +19,11 @@ QString OrderOf(ClassListOrder order)
 
 } // namespace
 
-std::vector<ListedStudent> ClassListRepository::LoadStudents(int academicYearCode, int classCode,
-                                                             const std::vector<int>& divisionCodes,
-                                                             ClassListOrder order)
+std::vector<ClassListStudent> ClassListRepository::LoadStudents(int academicYearCode, int classCode,
+                                                                const std::vector<int>& divisionCodes,
+                                                                ClassListOrder order)
 {
-    std::vector<ListedStudent> students;
+    std::vector<ClassListStudent> students;
     store::Statement rows = QueryCodes(
         main_,
         QStringLiteral("SELECT a.OptionalAdmissionNo, a.StudentName FROM StudentMaster a, "

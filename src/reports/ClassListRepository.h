@@ -18,7 +18,7 @@ enum class ClassListOrder : std::uint8_t
     OptionalAdmissionNo, ///< by the school's own number, as a text
 };
 
-struct ListedStudent
+struct ClassListStudent
 {
     QString optionalAdmissionNo;
     QString studentName;
@@ -31,8 +31,8 @@ public:
     /// `main` must outlive the repository.
     explicit ClassListRepository(store::Connection& main) : main_(main) {}
 
-    std::vector<ListedStudent> LoadStudents(int academicYearCode, int classCode,
-                                            const std::vector<int>& divisionCodes, ClassListOrder order);
+    std::vector<ClassListStudent> LoadStudents(int academicYearCode, int classCode,
+                                               const std::vector<int>& divisionCodes, ClassListOrder order);
 
 private:
     store::Connection& main_;

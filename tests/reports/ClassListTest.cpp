@@ -20,8 +20,8 @@ std::string Text(const GridTable& list)
     return lines.join(QStringLiteral("; ")).toStdString();
 }
 
-const std::vector<ListedStudent> TwoStudents{{QStringLiteral("B7"), QStringLiteral("Asha")},
-                                             {QStringLiteral("A9"), QStringLiteral("Binu")}};
+const std::vector<ClassListStudent> TwoStudents{{QStringLiteral("B7"), QStringLiteral("Asha")},
+                                                {QStringLiteral("A9"), QStringLiteral("Binu")}};
 
 TEST(ClassListTest, TheStudentsStandUnderTheirHeadsInTheOrderGiven)
 {
@@ -87,7 +87,7 @@ protected:
     std::string Load(ClassListOrder order, const std::vector<int>& divisions = {1, 2})
     {
         QStringList students;
-        for (const ListedStudent& student :
+        for (const ClassListStudent& student :
              ClassListRepository(school.main).LoadStudents(1, 1, divisions, order))
             students.append(student.optionalAdmissionNo + QLatin1Char(' ') + student.studentName);
         return students.join(QStringLiteral("; ")).toStdString();
