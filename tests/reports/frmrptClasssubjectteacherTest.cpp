@@ -336,13 +336,6 @@ TEST_F(SetupReportScreen, CancelStartsAnew)
     ExpectNoList();
 }
 
-TEST_F(SetupReportScreen, EachUnderlinedLetterLeadsToOneControl)
-{
-    Open();
-    EXPECT_EQ(ExpectOneControlALetter(form).join(QLatin1Char('|')).toStdString(),
-              "All |Specific |All |Specific ");
-}
-
 TEST_F(SetupReportScreen, FitsTheSmallestScreenWithNothingCutOff)
 {
     ExpectToFit(QStringLiteral("frmrptClasssubjectteacher"));
