@@ -82,6 +82,7 @@ void frmExamComparison::Form_Load()
     exams_->SetItems(exams);
     Read([this] { classDivision_->Load(); });
     ui_->cboClass->setEnabled(false);
+    OfferLineGraph(0);
     LoadStudents();
     ui_->Lstexamnames->setFocus();
 }

@@ -88,6 +88,7 @@ TEST_F(ExamComparisonScreen, EachOfTheTwoOpensWithItsOwnWords)
     EXPECT_TRUE(exams->hasFocus());
     EXPECT_TRUE(Option("Optsubjectdisplayno")->isChecked());
     EXPECT_TRUE(Option("optBarGrph")->isChecked());
+    EXPECT_FALSE(Option("optLineGrph")->isEnabled());
     EXPECT_EQ(Button("cmdExport")->toolTip(), QStringLiteral("Export To EXCEL"));
     ExpectNoList();
     PressKey(form, Qt::Key_F1);
