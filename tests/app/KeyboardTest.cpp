@@ -159,7 +159,7 @@ constexpr Ways Known[] = {
      "cmdCancel cmdExit",
      "C:cmdCancel D:Lstdivision E:cmdExport L:cboClass V:cmdView X:cmdExit", "optAlphabeticalOrder"},
     {"frmrptClasssubjectteacher",
-     "optAllClass optSpecificClass dbcClass optAllDivision optSpecificDivision dbcDivision cmdView msgDetails "
+     "optAllClass dbcClass optAllDivision optSpecificDivision dbcDivision cmdView msgDetails "
      "cmdExport cmdCancel cmdExit",
      "C:cmdCancel E:cmdExport V:cmdView X:cmdExit", "optAllClass optAllDivision"},
     {"frmSubjectMaster",
