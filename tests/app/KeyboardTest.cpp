@@ -132,7 +132,7 @@ constexpr Ways Known[] = {
     {"frmRankCalculation",
      "Cboexamname cboClass chkRankSkipping Optsubjectdisplayno Optsubjectdisplayyes chkSelectAll Lstdivision "
      "cmdUpdate msgDisplayDetails optRankOrder optGradeOrder optAdmissionNoOrder optAlphabeticalOrder "
-     "cmdView cmdSave cmdExport cmdPrintSetup cmdTotalDetails cmdCancel cmdExit msgGrade cmdClose",
+     "cmdView cmdPrintSetup cmdSave cmdExport cmdTotalDetails cmdCancel cmdExit msgGrade cmdClose",
      "C:cmdCancel D:Lstdivision E:cmdExport K:cmdUpdate L:cboClass N:Cboexamname S:cmdSave X:cmdExit",
      "Optsubjectdisplayno optRankOrder"},
     {"frmRankCardPrinting",
