@@ -21,8 +21,6 @@
 #include "masters/frmTeacherSearch.h"
 #include "ranks/frmRankCalculation.h"
 #include "ranks/frmRankCardPrinting.h"
-#include "reports/frmExamComparison.h"
-#include "reports/frmstudentyearlyexamavg.h"
 #include "reports/frmclassdivisionsubjectavg.h"
 #include "reports/frmExamComparison.h"
 #include "reports/frmrptClassList.h"
