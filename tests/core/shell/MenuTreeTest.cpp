@@ -161,9 +161,9 @@ TEST_F(MenuTreeTest, AllButHelpLockAndCloseStartOff)
 
 TEST_F(MenuTreeTest, AnEntryWhoseScreenIsMissingLeadsNowhere)
 {
-    ASSERT_FALSE(ScreenRegistry::Knows(QStringLiteral("frmrptClasssubjectteacher")));
-    EXPECT_FALSE(LeadsSomewhere(QStringLiteral("mnufrmrptClassSubjectteacher")));
-    EXPECT_FALSE(Item("mnufrmrptClassSubjectteacher")->isEnabled());
+    ASSERT_FALSE(ScreenRegistry::Knows(QStringLiteral("frmUtilUserPrivileges")));
+    EXPECT_FALSE(LeadsSomewhere(QStringLiteral("mnufrmUtilUserPrivileges")));
+    EXPECT_FALSE(Item("mnufrmUtilUserPrivileges")->isEnabled());
     for (const char* name : {"mnufrmRankCalculation", "mnuMasters", "mnuLock"})
         EXPECT_TRUE(LeadsSomewhere(QString::fromLatin1(name))) << name;
     for (const char* name : {"mnuSep2", "mnuNothing", ""})
