@@ -44,6 +44,7 @@ struct GridColumn
     Qt::Alignment alignment = TextAlignment;
     bool hidden = false;    ///< its texts are there for the screen alone
     bool stretched = false; ///< takes the room that the other columns leave
+    int twips = 0;          ///< the least width; longer texts make it wider
 };
 
 struct GridCell

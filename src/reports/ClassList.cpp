@@ -7,7 +7,10 @@ namespace tally {
 GridTable ClassListTable(const std::vector<ClassListStudent>& students, const QString& admissionHead,
                          int added)
 {
-    std::vector<GridColumn> columns{{admissionHead}, {QStringLiteral("Student Name")}};
+    constexpr int AdmissionNoTwips = 1200;
+    constexpr int StudentNameTwips = 3500;
+    std::vector<GridColumn> columns{{.head = admissionHead, .twips = AdmissionNoTwips},
+                                    {.head = QStringLiteral("Student Name"), .twips = StudentNameTwips}};
     columns.resize(columns.size() + static_cast<std::size_t>(added));
     GridTable list(std::move(columns));
     list.Reserve(static_cast<int>(students.size()));

@@ -1,7 +1,6 @@
 #include "reports/ReportScreen.h"
 
 #include "core/modTallyboard.h"
-#include "core/Twips.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
@@ -17,7 +16,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include <algorithm>
 #include <initializer_list>
 
 namespace tally {
@@ -94,11 +92,6 @@ void ReportScreen::OfferLineGraph(int labels)
     controls_.optLineGrph->setEnabled(labels > 1);
     if (labels <= 1)
         controls_.optBarGrph->setChecked(true);
-}
-
-void ReportScreen::WidenColumn(FlexGrid* grid, GridCol col, int twips)
-{
-    grid->SetColWidth(col, std::max(grid->ColWidth(col), twips / TwipsPerPixel));
 }
 
 void ReportScreen::cmdExport_Click()

@@ -81,9 +81,6 @@ protected:
     /// is chosen.
     void OfferLineGraph(int labels);
 
-    /// A column at least as wide as the form gives it, in twips; one with longer texts stays wider.
-    static void WidenColumn(FlexGrid* grid, GridCol col, int twips);
-
     /// Whether the user may print; a refusal is a box without a text.
     [[nodiscard]] bool MayPrint();
     /// Writes the text report as `fileName` into the program's folder and opens it. A failure is told.

@@ -17,8 +17,6 @@ namespace tally {
 namespace {
 
 constexpr int HelpScreenNo = 29;
-constexpr int AdmissionNoTwips = 1200;
-constexpr int StudentNameTwips = 3500;
 const QString AdmissionHead = QStringLiteral("Admission No.");
 
 } // namespace
@@ -69,8 +67,6 @@ void frmrptClassList::cmdView_Click()
                                .LoadStudents(Session().gintAcademicYearCode, ui_->cboClass->BoundCode(),
                                              ui_->Lstdivision->TickedData(), order),
                            AdmissionHead, 0));
-        WidenColumn(ui_->msgDetails, ClassListColumn::AdmissionNo, AdmissionNoTwips);
-        WidenColumn(ui_->msgDetails, ClassListColumn::StudentName, StudentNameTwips);
     });
 }
 

@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QSignalSpy>
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace tally::test {
@@ -181,6 +182,28 @@ TEST(GridModelTest, AGridShowsATableAndLeavesNothingOfTheOneBefore)
     AskForAll(*grid.model());
     EXPECT_EQ(grid.Rows(), 1);
     EXPECT_EQ(grid.Cols(), 0);
+}
+
+TEST(GridModelTest, AColumnIsAsWideAsItIsGivenAtLeastAndWiderForItsTexts)
+{
+    const auto widths = [](const QString& text) {
+        FlexGrid grid;
+        GridTable table({{.head = QStringLiteral("Free")},
+                         {.head = QStringLiteral("Given"), .twips = 3000},
+                         {.head = {}, .twips = 1500},
+                         {.head = QStringLiteral("Hidden"), .hidden = true, .twips = 1500}});
+        table.AddRow({{text}, {text}, {}, {text}});
+        grid.Show(std::move(table));
+        return std::array{grid.ColWidth(0), grid.ColWidth(1), grid.ColWidth(2), grid.ColWidth(3)};
+    };
+    const auto narrow = widths(QStringLiteral("12"));
+    EXPECT_LT(narrow[0], 100);
+    EXPECT_EQ(narrow[1], 200);
+    EXPECT_EQ(narrow[2], 100) << "though nothing stands in it";
+    EXPECT_EQ(narrow[3], 0);
+    const auto wide = widths(QString(90, u'm'));
+    EXPECT_GT(wide[1], 200);
+    EXPECT_EQ(wide[1], wide[0]);
 }
 
 TEST(GridModelTest, OtherRowsUnderTheSameColumnsKeepTheCurrentCellAndTheWidths)

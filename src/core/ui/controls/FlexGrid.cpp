@@ -1,5 +1,6 @@
 #include "core/ui/controls/FlexGrid.h"
 
+#include "core/Twips.h"
 #include "core/ui/controls/FixedColumns.h"
 #include "core/ui/look/CellPaint.h"
 #include "core/ui/look/Look.h"
@@ -398,8 +399,12 @@ void FlexGrid::FitColumns()
             if (text.size() > longest->size() && !Table().RowHidden(row))
                 longest = &text;
         }
+        int width = Table().Column(col).twips / TwipsPerPixel;
         if (!longest->isEmpty())
-            setColumnWidth(col, std::min(WidestColumn, metrics.horizontalAdvance(*longest) + CellPadding));
+            width =
+                std::max(width, std::min(WidestColumn, metrics.horizontalAdvance(*longest) + CellPadding));
+        if (width > 0)
+            setColumnWidth(col, width);
     }
 }
 
