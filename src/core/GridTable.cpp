@@ -83,6 +83,21 @@ void GridTable::RemoveRow(int row)
         hidden -= hidden > row ? 1 : 0;
 }
 
+bool GridTable::Repeats(int row, GridCol col) const
+{
+    if (!HasCol(col) || !Column(col).merged)
+        return false;
+    int above = row - 1;
+    while (above > 0 && RowHidden(above))
+        --above;
+    if (above < 1 || row >= Rows())
+        return false;
+    for (int before = 0; before <= col; ++before)
+        if (Column(before).merged && Text(row, before) != Text(above, before))
+            return false;
+    return true;
+}
+
 void GridTable::HideRow(int row, bool hidden)
 {
     const auto place = std::lower_bound(hiddenRows_.begin(), hiddenRows_.end(), row);

@@ -45,6 +45,7 @@ struct GridColumn
     bool hidden = false;    ///< its texts are there for the screen alone
     bool stretched = false; ///< takes the room that the other columns leave
     int twips = 0;          ///< the least width; longer texts make it wider
+    bool merged = false;    ///< a text that repeats the one above is shown once
 };
 
 struct GridCell
@@ -88,6 +89,9 @@ public:
     void SetCols(int cols);
     /// The rows below it move up. The head stays.
     void RemoveRow(int row);
+
+    /// Whether a merged column holds the text of the visible row above, and so do all merged ones before it.
+    bool Repeats(int row, GridCol col) const;
 
     /// A hidden row keeps its texts.
     void HideRow(int row, bool hidden = true);

@@ -134,6 +134,30 @@ TEST(GridTableTest, AHiddenRowStaysHiddenWhereverItMoves)
     EXPECT_FALSE(table.RowHidden(1)) << "a new row is seen";
 }
 
+TEST(GridTableTest, ATextRepeatsWhereAllMergedColumnsBeforeItDoToo)
+{
+    GridTable table({{.head = QStringLiteral("Class"), .merged = true},
+                     {.head = QStringLiteral("Free")},
+                     {.head = QStringLiteral("Division"), .merged = true}});
+    for (const char* name : {"X", "X", "XI", "X", "X"})
+        table.AddRow({{QString::fromLatin1(name)}, {QStringLiteral("f")}, {QStringLiteral("A")}});
+    const auto repeating = [&table](int col) {
+        std::string rows;
+        for (int row = -1; row <= table.Rows(); ++row)
+            if (table.Repeats(row, col))
+                rows += std::to_string(row);
+        return rows;
+    };
+    EXPECT_EQ(repeating(0), "25");
+    EXPECT_EQ(repeating(1), "");
+    EXPECT_EQ(repeating(2), "25") << "the division of another class is another one";
+    EXPECT_EQ(repeating(3), "");
+    table.HideRow(3);
+    EXPECT_EQ(repeating(0), "245") << "what is hidden parts nothing";
+    table.HideRow(1);
+    EXPECT_EQ(repeating(0), "45") << "what is hidden is not repeated either";
+}
+
 TEST(GridTableTest, EveryMarkIsToldInWordsButNone)
 {
     EXPECT_EQ(CellWords(CellMark::NotTakenForRank).toStdString(), "Not Taken For Rank");

@@ -206,6 +206,33 @@ TEST(GridModelTest, AColumnIsAsWideAsItIsGivenAtLeastAndWiderForItsTexts)
     EXPECT_EQ(wide[1], wide[0]);
 }
 
+TEST(GridModelTest, AMergedColumnShowsATextThatRepeatsOnceButTellsAndKeepsItInEachRow)
+{
+    FlexGrid grid;
+    GridTable table({{.head = QStringLiteral("Class"), .merged = true},
+                     {.head = QStringLiteral("Division"), .merged = true},
+                     {.head = QStringLiteral("Subject")}});
+    const QString cells[][3] = {{QStringLiteral("X"), QStringLiteral("A"), QStringLiteral("Eng")},
+                                {QStringLiteral("X"), QStringLiteral("A"), QStringLiteral("Eng")},
+                                {QStringLiteral("X"), QStringLiteral("B"), QStringLiteral("Eng")},
+                                {QStringLiteral("XI"), QStringLiteral("B"), QStringLiteral("Eng")}};
+    for (const auto& row : cells)
+        table.AddRow({{row[0]}, {row[1]}, {row[2]}});
+    grid.Show(std::move(table));
+    const auto shown = [&grid](int row) {
+        QStringList texts;
+        for (int col = 0; col < 3; ++col)
+            texts.append(grid.model()->index(row - 1, col).data().toString());
+        return texts.join(u'|').toStdString();
+    };
+    EXPECT_EQ(shown(1), "X|A|Eng");
+    EXPECT_EQ(shown(2), "||Eng");
+    EXPECT_EQ(shown(3), "|B|Eng");
+    EXPECT_EQ(shown(4), "XI|B|Eng") << "the division of another class is another one";
+    EXPECT_EQ(grid.TextMatrix(2, 0).toStdString(), "X");
+    EXPECT_EQ(grid.model()->index(1, 0).data(Qt::AccessibleTextRole).toString().toStdString(), "X");
+}
+
 TEST(GridModelTest, OtherRowsUnderTheSameColumnsKeepTheCurrentCellAndTheWidths)
 {
     FlexGrid grid;

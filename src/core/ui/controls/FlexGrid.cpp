@@ -48,7 +48,7 @@ public:
         const QString& text = table_.Text(index.row() + 1, index.column());
         const CellMark mark = table_.Mark(index.row() + 1, index.column());
         switch (role) {
-        case Qt::DisplayRole:
+        case Qt::DisplayRole: return table_.Repeats(index.row() + 1, index.column()) ? QString() : text;
         case Qt::EditRole: return text;
         case Qt::TextAlignmentRole: return static_cast<int>(table_.Column(index.column()).alignment);
         case Qt::BackgroundRole: {
@@ -59,7 +59,10 @@ public:
             // The marked cells keep their light paint in a dark look too, so their text stays dark.
             return CellColor(mark).isValid() ? QVariant(QColor(Qt::black)) : QVariant();
         case Qt::FontRole: return mark == CellMark::None ? QVariant() : CellFont(mark);
-        case Qt::AccessibleTextRole: return mark == CellMark::None ? QVariant() : Spoken(text, mark);
+        case Qt::AccessibleTextRole:
+            if (mark != CellMark::None)
+                return Spoken(text, mark);
+            return table_.Column(index.column()).merged ? QVariant(text) : QVariant();
         default: return {};
         }
     }
