@@ -146,17 +146,21 @@ bool Screen::ReleaseScreen()
     return !error->IsLocked();
 }
 
-bool Screen::MayUse(Right right, std::optional<Right> instead)
+std::optional<bool> Screen::HasRight(Right right, std::optional<Right> instead)
 {
     const auto allowed = Fetch([&] {
         return (instead && CheckPrivilege(objectName(), *instead)) || CheckPrivilege(objectName(), right);
     });
-    if (!allowed)
-        return false;
-    Session().gblnPrivilege = *allowed;
-    if (!*allowed)
+    Session().gblnPrivilege = allowed.value_or(false);
+    return allowed;
+}
+
+bool Screen::MayUse(Right right, std::optional<Right> instead)
+{
+    const auto allowed = HasRight(right, instead);
+    if (allowed && !*allowed)
         Prompts::Information(Session().gstrPrivilegeMessage);
-    return *allowed;
+    return allowed.value_or(false);
 }
 
 std::optional<store::StoreError> Screen::TryWrite(const std::function<void(store::Transaction&)>& work)

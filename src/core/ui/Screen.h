@@ -75,6 +75,9 @@ protected:
     /// disabled.
     void SetExitButton(QAbstractButton* button);
 
+    /// CheckPrivilege for this form, either of two rights where `instead` is given; nothing when the user has
+    /// been told that it could not be read.
+    [[nodiscard]] std::optional<bool> HasRight(Right right, std::optional<Right> instead = {});
     /// CheckPrivilege for this form; shows the refusal. True when the action may go on. Where `instead` is
     /// given, that right is as good as `right`, whose text tells the refusal.
     [[nodiscard]] bool MayUse(Right right, std::optional<Right> instead = {});
