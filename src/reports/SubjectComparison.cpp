@@ -1,6 +1,7 @@
 #include "reports/SubjectComparison.h"
 
 #include "core/Numbers.h"
+#include "reports/MarkAverage.h"
 
 #include <QHash>
 #include <QSet>
@@ -15,6 +16,11 @@ constexpr Qt::Alignment Centred = Qt::AlignHCenter | Qt::AlignVCenter;
 /// Of an average that a list shows.
 constexpr int AverageDecimals = 2;
 
+// The least widths of the columns, in twips.
+constexpr int SerialNoTwips = 525;
+constexpr int LineTwips = 3000;
+constexpr int SubjectTwips = 600;
+
 /// Where each code stands among the texts.
 QHash<int, std::size_t> PlacesOf(const CodedTexts& texts)
 {
@@ -23,23 +29,6 @@ QHash<int, std::size_t> PlacesOf(const CodedTexts& texts)
         places.insert(texts[place].first, place);
     return places;
 }
-
-class MarkAverage
-{
-public:
-    void Add(double mark)
-    {
-        sum_.Add(mark);
-        ++count_;
-    }
-
-    bool Exists() const { return count_ > 0; }
-    double Value() const { return sum_.Value() / count_; }
-
-private:
-    ExactSum sum_;
-    int count_ = 0;
-};
 
 /// The averages by line and subject. A mark finds its place by the codes, never by the order in which the
 /// marks come.
@@ -71,9 +60,9 @@ private:
 
 std::vector<GridColumn> ExamColumns(const char* serialNo, const char* examName)
 {
-    return {{.head = QString::fromLatin1(serialNo), .alignment = Centred},
+    return {{.head = QString::fromLatin1(serialNo), .alignment = Centred, .twips = SerialNoTwips},
             {.head = QStringLiteral("Student Name"), .hidden = true},
-            {QString::fromLatin1(examName)},
+            {.head = QString::fromLatin1(examName), .twips = LineTwips},
             {.head = QStringLiteral("Class"), .hidden = true},
             {.head = QStringLiteral("Div"), .hidden = true}};
 }
@@ -85,7 +74,7 @@ GridTable ShowLines(const ComparisonInput& input, std::vector<GridColumn> column
 {
     for (const auto& [code, shortName] : input.subjects) {
         columns.push_back({.head = QString::number(code), .hidden = true});
-        columns.push_back({.head = shortName, .alignment = NumberAlignment});
+        columns.push_back({.head = shortName, .alignment = NumberAlignment, .twips = SubjectTwips});
     }
     GridTable list(std::move(columns));
     const AverageTable averages(input);
@@ -96,7 +85,7 @@ GridTable ShowLines(const ComparisonInput& input, std::vector<GridColumn> column
         for (std::size_t subject = 0; subject < input.subjects.size(); ++subject) {
             const MarkAverage& average = averages.At(line, subject);
             cells.push_back({average.Exists() ? QString::number(input.subjects[subject].first) : QString()});
-            cells.push_back({average.Exists() ? FormatMark(average.Value(), decimals) : QString()});
+            cells.push_back({average.Exists() ? average.Text(decimals) : QString()});
         }
         list.AddRow(std::move(cells));
     }
@@ -161,8 +150,8 @@ GridTable ShowStudentMarks(const ComparisonInput& input, int markDecimals)
 GridTable ShowYearMarks(const ComparisonInput& input, int markDecimals)
 {
     return ShowLines(input,
-                     {{.head = QStringLiteral("Sl.No."), .alignment = Centred},
-                      {QStringLiteral("Academic Year/Class/Division")},
+                     {{.head = QStringLiteral("Sl.No."), .alignment = Centred, .twips = SerialNoTwips},
+                      {.head = QStringLiteral("Academic Year/Class/Division"), .twips = LineTwips},
                       {.head = QStringLiteral("Ad.No"), .hidden = true},
                       {.head = QStringLiteral("Class"), .hidden = true},
                       {.head = QStringLiteral("Div"), .hidden = true}},

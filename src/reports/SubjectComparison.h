@@ -66,14 +66,11 @@ enum class YearLineColumn : int
     Division,
 };
 
-/// The rows below the exams of a student's marks: the row "Total Average" and a blank one.
-inline constexpr int RowsBelowStudentMarks = 2;
-
 /// A division's average of each subject in each exam, with two decimals.
 GridTable ShowDivisionAverages(const ComparisonInput& input);
-/// A student's marks in each exam, and below them their average. A mark of 0 keeps its two decimals and
-/// counts in no average; the others are averaged as they are stored and shown with `markDecimals`, as
-/// MarkDecimals gives it.
+/// A student's marks in each exam, and below them a row with their average and a blank one. A mark of 0 keeps
+/// its two decimals and counts in no average; the others are averaged as they are stored and shown with
+/// `markDecimals`, as MarkDecimals gives it.
 GridTable ShowStudentMarks(const ComparisonInput& input, int markDecimals);
 /// A student's marks in one exam in each year.
 GridTable ShowYearMarks(const ComparisonInput& input, int markDecimals);

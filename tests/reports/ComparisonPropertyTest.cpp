@@ -109,6 +109,23 @@ private:
     std::map<std::tuple<int, int, int>, bool> taught_; ///< taken for rank, by year, division and subject
 };
 
+/// Sum by count in steps of so many hundredths, a half to the even step or, as for written numbers, up.
+qint64 Steps(qint64 sum, int count, int hundredths, bool halfUp)
+{
+    const qint64 divisor = qint64{count} * hundredths;
+    const qint64 whole = sum / divisor;
+    const qint64 twice = 2 * (sum % divisor);
+    const bool up = twice > divisor || (twice == divisor && (halfUp || whole % 2 == 1));
+    return up ? whole + 1 : whole;
+}
+
+/// "70", or "70.50" with two decimals.
+QString PlainText(qint64 steps, int decimals)
+{
+    return decimals == 0 ? QString::number(steps)
+                         : QStringLiteral("%1.%2").arg(steps / 100).arg(steps % 100, 2, 10, QLatin1Char('0'));
+}
+
 /// The average of the entries picked, rounded to the decimals; empty where there is none.
 template <typename Pick>
 QString PlainAverage(const std::vector<Entry>& entries, int decimals, const Pick& pick)
@@ -121,7 +138,7 @@ QString PlainAverage(const std::vector<Entry>& entries, int decimals, const Pick
             ++count;
         }
     }
-    return count == 0 ? QString() : FormatMark(static_cast<double>(sum) / 100 / count, decimals);
+    return count == 0 ? QString() : PlainText(Steps(sum, count, decimals == 0 ? 100 : 1, false), decimals);
 }
 
 /// What the list shows of a subject; "none" where it has no such column.
@@ -224,14 +241,14 @@ TEST_P(ComparedSchools, AStudentsMarksAndTheirAverageAreThoseCountedOneByOne)
                 if (entry.year != year || entry.division != division || entry.student != student ||
                     entry.exam != line || entry.subject != subject)
                     continue;
-                const double mark = entry.hundredths / 100.0;
-                expected = FormatMark(mark, entry.hundredths > 0 ? decimals : 2);
+                const int shown = entry.hundredths > 0 ? decimals : 2;
+                expected = PlainText(Steps(entry.hundredths, 1, shown == 0 ? 100 : 1, false), shown);
                 sum += entry.hundredths;
                 count += entry.hundredths > 0 ? 1 : 0;
             }
             ExpectShown(list, line, subject, taught ? expected : QStringLiteral("none"), GetParam());
         }
-        const QString average = count > 0 ? Format2(static_cast<double>(sum) / 100 / count) : QString();
+        const QString average = count > 0 ? PlainText(Steps(sum, count, 1, true), 2) : QString();
         ExpectShown(list, RandomSchool::Exams + 1, subject, taught ? average : QStringLiteral("none"),
                     GetParam());
     }

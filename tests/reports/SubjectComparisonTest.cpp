@@ -83,6 +83,20 @@ TEST(ExamAverages, RoundAHalfToTheEvenHundredth)
     EXPECT_EQ(RowText(list, 1), "1||Term One|||10|0.02|20|0.02");
 }
 
+TEST(ExamAverages, AnExactHalfGoesToTheEvenHundredthWhateverItsBinaryForm)
+{
+    for (int hundredths = 0; hundredths < 10000; ++hundredths) {
+        const double mark = hundredths / 100.0;
+        const double next = (hundredths + 1) / 100.0;
+        const int even = hundredths % 2 == 0 ? hundredths : hundredths + 1;
+        const GridTable list = ShowDivisionAverages(TwoExams({{1, 10, mark}, {1, 10, next}}));
+        ASSERT_EQ(
+            list.Text(1, FirstSubjectColumn + 1).toStdString(),
+            QStringLiteral("%1.%2").arg(even / 100).arg(even % 100, 2, 10, QLatin1Char('0')).toStdString())
+            << mark << " and " << next;
+    }
+}
+
 TEST(ExamAverages, AreCountedWithoutTheNoiseOfManyMarks)
 {
     std::vector<ComparedMark> marks;
@@ -159,6 +173,13 @@ TEST(StudentMarks, WithoutFractionsAreShownWholeAHalfToTheEvenNumberButAveragedA
     EXPECT_EQ(RowText(list, 3), "||Total Average||||71.00||30.33");
 }
 
+TEST(StudentMarks, TheirAverageCountsAHalfUpAsWrittenNumbersDo)
+{
+    const GridTable list =
+        ShowStudentMarks(TwoExams({{1, 10, 65.02}, {2, 10, 65.03}, {1, 20, 65.03}, {2, 20, 65.04}}), 2);
+    EXPECT_EQ(RowText(list, 3), "||Total Average||||65.03||65.04");
+}
+
 TEST(StudentMarks, OfNothingKeepTheirDecimalsAndCountInNoAverage)
 {
     const GridTable list = ShowStudentMarks(TwoExams({{1, 10, 0}, {2, 10, 50}, {1, 20, 0}}), 0);
@@ -233,6 +254,14 @@ TEST(YearMarks, OfTwoClassesInOneYearAreAveraged)
 {
     const GridTable list = ShowYearMarks(TwoYears({{5, 10, 60}, {5, 10, 71}}), 2);
     EXPECT_EQ(RowText(list, 2), "2|2024 - 2025 X/B||||10|65.50||");
+}
+
+TEST(YearMarks, OfTwoClassesInOneYearAHalfGoesToTheEvenNeighbour)
+{
+    const ComparisonInput marks =
+        TwoYears({{3, 10, 65.02}, {3, 10, 65.03}, {5, 20, 70.4}, {5, 20, 70.6}, {5, 10, 70}, {5, 10, 71}});
+    EXPECT_EQ(RowText(ShowYearMarks(marks, 2), 1), "1|2023 - 2024 IX/A||||10|65.02||");
+    EXPECT_EQ(RowText(ShowYearMarks(marks, 0), 2), "2|2024 - 2025 X/B||||10|70|20|70");
 }
 
 TEST(YearMarks, TheirChartLeavesOutAYearWithoutAMarkInTheFirstSubject)
