@@ -189,8 +189,10 @@ ComparisonInput ComparisonRepository::LoadYearMarks(int studentCode, int examCod
                             "(%1)"),
              subjectCodes)))
         shortNames.insert(code, shortName);
-    for (const int subjectCode : subjectCodes)
-        input.subjects.emplace_back(subjectCode, shortNames.value(subjectCode));
+    for (const int subjectCode : subjectCodes) {
+        if (const auto found = shortNames.constFind(subjectCode); found != shortNames.constEnd())
+            input.subjects.emplace_back(subjectCode, *found);
+    }
     // Marks of a year in which the student has no place any more are those of nobody's class.
     input.marks = ReadMarks(QueryCodes(
         main_,

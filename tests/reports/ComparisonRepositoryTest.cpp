@@ -196,6 +196,11 @@ TEST_F(ComparedSchool, OfAllYearsTheMarksAreThoseOfTheExamInTheOrderOfTheSubject
     EXPECT_EQ(Text(repository.LoadYearMarks(4, 1, {1, 2}, {4})), "4 Art | 1/4=88");
 }
 
+TEST_F(ComparedSchool, OfAllYearsASubjectThatIsGoneHasNoColumn)
+{
+    EXPECT_EQ(Text(repository.LoadYearMarks(1, 1, {1, 2}, {5, 77, 1})), "5 Drw; 1 Eng | 1/1=60 1/2=0");
+}
+
 TEST_F(ComparedSchool, MarksOfAYearWithoutAPlaceAreLeftOut)
 {
     Run("DELETE FROM StudentClassDivision WHERE StudentCode = 1 AND AcademicYearCode = 2");
