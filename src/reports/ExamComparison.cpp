@@ -8,10 +8,8 @@ std::span<const ExamComparison> ExamComparisons()
 {
     static constexpr std::array Known{
         ExamComparison{"frmdivisionsubjectexamavg", "Subject Average Based On Exam(s)", 24, false,
-                       "Subject Average Based On Exam(s)",
                        "'Classwise Mark Entry' Is Not Made To The Subject-%1 For One Or More Student(s)"},
         ExamComparison{"frmstudentexamavg", "Student Marks Based on Exam(s)", 25, true,
-                       "Student Marks Based on Exam(s)",
                        "'Classwise Mark Entry' Is Not Made For The Subject - %1"},
     };
     return Known;

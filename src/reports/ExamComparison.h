@@ -8,10 +8,9 @@ namespace tally {
 struct ExamComparison
 {
     const char* formName;
-    const char* caption;
+    const char* caption; ///< also the title of what is exported and printed
     int helpScreenNo;
-    bool ofStudent; ///< one student's marks with their average; else the averages of the division
-    const char* exportTitle;
+    bool ofStudent;             ///< one student's marks with their average; else the averages of the division
     const char* subjectRefusal; ///< why a subject cannot be ticked; %1 stands for it
 };
 

@@ -26,6 +26,11 @@ const QString ChartForm = QStringLiteral("frmStudentExamAvgChart");
 
 } // namespace
 
+QSize ReportScreen::sizeHint() const
+{
+    return {1400, 1400};
+}
+
 void ReportScreen::SetReportControls(const ReportControls& controls)
 {
     controls_ = controls;
@@ -39,18 +44,24 @@ void ReportScreen::SetReportControls(const ReportControls& controls)
     handle(controls.cmdCancel, &ReportScreen::cmdCancel_Click);
     SetExitButton(controls.cmdExit);
 
+    if (controls.printing == Printing::OfLists)
+        OfferPrint();
+    SwitchOutput(false);
+}
+
+void ReportScreen::OfferPrint()
+{
     print_ = new QAction(QStringLiteral("Print List..."), this);
     print_->setShortcut(QKeySequence::Print);
     print_->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(print_, &QAction::triggered, this, &ReportScreen::PrintList);
     addAction(print_);
-    for (FlexGrid* grid : {controls.msgDetails, controls.msgSummary}) {
+    for (FlexGrid* grid : {controls_.msgDetails, controls_.msgSummary}) {
         if (!grid)
             continue;
         grid->addAction(print_);
         grid->setContextMenuPolicy(Qt::ActionsContextMenu);
     }
-    SwitchOutput(false);
 }
 
 void ReportScreen::ShowReport(GridTable list)
@@ -67,7 +78,8 @@ void ReportScreen::SwitchOutput(bool on)
          std::initializer_list<QWidget*>{controls_.cmdExport, controls_.cmdPrint, controls_.Frame3})
         if (control)
             control->setEnabled(on);
-    print_->setEnabled(on);
+    if (print_)
+        print_->setEnabled(on);
 }
 
 void ReportScreen::ClearReport()
@@ -104,25 +116,27 @@ void ReportScreen::cmdExport_Click()
 
 void ReportScreen::cmdPrint_Click()
 {
-    PrintList();
+    if (MayPrint())
+        ShowPages();
 }
 
 bool ReportScreen::MayPrint()
 {
-    const auto allowed = Fetch([this] { return CheckPrivilege(objectName(), Right::Print); });
-    if (!allowed)
-        return false;
-    Session().gblnPrivilege = *allowed;
-    // Of the two ways out of the program only the export says why it is refused.
-    if (!*allowed)
+    const auto allowed = HasRight(Right::Print);
+    // The button alone does not say why it refuses.
+    if (allowed && !*allowed)
         Prompts::Information({});
-    return *allowed;
+    return allowed.value_or(false);
 }
 
 void ReportScreen::PrintList()
 {
-    if (!MayPrint())
-        return;
+    if (MayUse(Right::Print))
+        ShowPages();
+}
+
+void ReportScreen::ShowPages()
+{
     const ReportHead head = Head();
     ShowGridPreview(ShownList()->Table(), head.title, head.subTitle);
 }

@@ -25,7 +25,18 @@ class ReportScreen : public Screen
 {
     Q_OBJECT
 
+public:
+    /// As much of a list as most displays can show; a smaller one bounds it.
+    QSize sizeHint() const override;
+
 protected:
+    /// Whether a report may go to a printer.
+    enum class Printing
+    {
+        OfLists,
+        Never, ///< cmdPrint of the form stays off, and so does every other way to it
+    };
+
     /// The controls of a report. A screen without one of them leaves it null.
     struct ReportControls
     {
@@ -39,6 +50,7 @@ protected:
         QRadioButton* optLineGrph = nullptr;
         QPushButton* cmdCancel = nullptr;
         QPushButton* cmdExit = nullptr;
+        Printing printing = Printing::OfLists;
     };
 
     /// The two lines over an exported or printed list.
@@ -92,10 +104,13 @@ protected:
     void ShowChart(const ChartTable& chart, const ChartHeads& heads);
 
 private:
+    /// "Print List..." by Ctrl+P and in the menus of the lists.
+    void OfferPrint();
     void PrintList();
+    void ShowPages();
 
     ReportControls controls_;
-    QAction* print_ = nullptr; ///< Ctrl+P, also where cmdPrint prints a text
+    QAction* print_ = nullptr; ///< Ctrl+P, also where cmdPrint prints a text; null for Printing::Never
 };
 
 } // namespace tally

@@ -6,14 +6,12 @@
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/HourGlass.h"
-#include "core/ui/DivisionChoice.h"
 #include "core/ui/FormKeys.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
-#include "core/ui/Prompts.h"
 #include "core/ui/SelectAllBox.h"
-#include "reports/ChartDrawing.h"
 #include "reports/ComparisonRepository.h"
+#include "reports/StudentChoice.h"
 #include "ui_frmExamComparison.h"
 
 #include <QKeyEvent>
@@ -54,14 +52,14 @@ frmExamComparison::~frmExamComparison() = default;
 
 void frmExamComparison::ConnectHandlers()
 {
-    classDivision_ = new DivisionChoice(this, ui_->cboClass, ui_->cboDivision, DivisionChoice::Order::ByName);
+    student_ = new StudentChoice(
+        this, {ui_->cboClass, ui_->cboDivision, report_.ofStudent ? ui_->cbostudent : nullptr},
+        DivisionChoice::Order::ByName);
     exams_ = new SelectAllBox(ui_->chkSelectExamName, ui_->Lstexamnames);
     subjects_ = new SelectAllBox(ui_->chkSelectSubjects, ui_->Lstsubjects);
     connect(exams_, &SelectAllBox::Changed, this, &frmExamComparison::Lstexamnames_ItemCheck);
     connect(subjects_, &SelectAllBox::Changed, this, &frmExamComparison::ClearReport);
-    connect(ui_->cboClass, &DataCombo::Chosen, this, &frmExamComparison::LoadStudents);
-    connect(ui_->cboDivision, &DataCombo::Chosen, this, &frmExamComparison::LoadStudents);
-    connect(ui_->cbostudent, &DataCombo::Chosen, this, &frmExamComparison::LoadSubjects);
+    connect(student_, &StudentChoice::Changed, this, &frmExamComparison::LoadSubjects);
     // An arrow key gives the option the focus after switching it on, so what is missing takes it after that.
     connect(ui_->Optsubjectdisplayno, &QRadioButton::toggled, this,
             &frmExamComparison::Optsubjectdisplayno_Click, Qt::QueuedConnection);
@@ -74,22 +72,18 @@ void frmExamComparison::ConnectHandlers()
 
 void frmExamComparison::Form_Load()
 {
-    std::vector<ListItem> exams;
-    Read([&] {
-        for (const auto& [code, name] : SchoolListRepository(MainStore()).Exams())
-            exams.push_back({code, name, {}});
-    });
-    exams_->SetItems(exams);
-    Read([this] { classDivision_->Load(); });
     ui_->cboClass->setEnabled(false);
     OfferLineGraph(0);
-    LoadStudents();
+    TellOnce([this] {
+        std::vector<ListItem> exams;
+        Read([&] {
+            for (const auto& [code, name] : SchoolListRepository(MainStore()).Exams())
+                exams.push_back({code, name, {}});
+        });
+        exams_->SetItems(exams);
+        student_->Load();
+    });
     ui_->Lstexamnames->setFocus();
-}
-
-SchoolScope frmExamComparison::Scope() const
-{
-    return {Session().gintAcademicYearCode, 0, ui_->cboClass->BoundCode(), ui_->cboDivision->BoundCode()};
 }
 
 SubjectDisplay frmExamComparison::Display() const
@@ -120,42 +114,24 @@ void frmExamComparison::cboClass_Enter()
     if (ui_->cboClass->IsBlank())
         return;
     // Who comes by the keys has the divisions in the order of their codes, as the office is used to.
-    const int divisionCode = ui_->cboDivision->BoundCode();
-    classDivision_->OfferAgain(DivisionChoice::Order::ByCode);
-    if (ui_->cboDivision->BoundCode() != divisionCode)
-        LoadStudents();
+    student_->OfferDivisions(DivisionChoice::Order::ByCode);
     ui_->cboDivision->setFocus(Qt::TabFocusReason);
-}
-
-void frmExamComparison::LoadStudents()
-{
-    ui_->cbostudent->SetListBehindBlank({});
-    LoadSubjects();
-    const SchoolScope scope = Scope();
-    if (!report_.ofStudent || scope.classCode == 0 || scope.divisionCode == 0)
-        return;
-    const auto students = Fetch([&] { return ComparisonRepository(MainStore()).Students(scope); });
-    if (!students)
-        return;
-    ui_->cbostudent->SetListBehindBlank(*students);
-    if (students->empty())
-        Prompts::Information(QStringLiteral("Student Admission Entry Is Not Made In This Class-Division"));
 }
 
 void frmExamComparison::LoadSubjects()
 {
     ClearReport();
     subjects_->Clear();
-    const SchoolScope scope = Scope();
-    const int studentCode = ui_->cbostudent->BoundCode();
-    if (scope.classCode == 0 || scope.divisionCode == 0 || (report_.ofStudent && studentCode == 0))
+    if (!student_->IsMade())
         return;
+    const SchoolScope scope = student_->Scope();
     const std::vector<int> exams = ui_->Lstexamnames->TickedData();
     const auto found = Fetch([&] {
         const HourGlass hourGlass;
         ComparisonRepository repository(MainStore());
-        return report_.ofStudent ? repository.LoadStudentSubjects(scope, studentCode, exams, Display())
-                                 : repository.LoadDivisionSubjects(scope, exams, Display());
+        return report_.ofStudent
+                   ? repository.LoadStudentSubjects(scope, student_->StudentCode(), exams, Display())
+                   : repository.LoadDivisionSubjects(scope, exams, Display());
     });
     if (found)
         subjects_->SetItems(SubjectItems(*found, exams, QString::fromLatin1(report_.subjectRefusal)));
@@ -173,19 +149,17 @@ void frmExamComparison::Optsubjectdisplayno_Click(bool on)
         ui_->Optsubjectdisplayno->setChecked(false);
         ui_->subjectDisplay->setExclusive(true);
     }
-    Refuse(QStringLiteral("Select Class"), ui_->cboClass);
+    // Without an exam the class is off, and the exam comes first.
+    Refuse(QStringLiteral("Select Class"),
+           ui_->cboClass->isEnabled() ? static_cast<QWidget*>(ui_->cboClass) : ui_->Lstexamnames);
 }
 
 bool frmExamComparison::SelectionComplete()
 {
     if (ui_->Lstexamnames->TickedIndexes().isEmpty())
         return Refuse(QStringLiteral("Select Exam Name(s)"), ui_->Lstexamnames);
-    if (ui_->cboClass->IsBlank())
-        return Refuse(QStringLiteral("Select Class"), ui_->cboClass);
-    if (ui_->cboDivision->IsBlank())
-        return Refuse(QStringLiteral("Select Division"), ui_->cboDivision);
-    if (report_.ofStudent && ui_->cbostudent->IsBlank())
-        return Refuse(QStringLiteral("Select Student"), ui_->cbostudent);
+    if (!student_->IsComplete())
+        return false;
     if (!ui_->Optsubjectdisplayno->isChecked() && !ui_->Optsubjectdisplayyes->isChecked())
         return Refuse(QStringLiteral("Select 'Subjects Taken For Rank' Option"), ui_->Optsubjectdisplayno);
     if (ui_->Lstsubjects->TickedIndexes().isEmpty())
@@ -211,10 +185,10 @@ GridTable frmExamComparison::ReadList() const
     const std::vector<int> exams = ui_->Lstexamnames->TickedData();
     const std::vector<int> subjects = ui_->Lstsubjects->TickedData();
     ComparisonRepository repository(MainStore());
-    ComparisonInput input =
-        report_.ofStudent
-            ? repository.LoadStudentMarks(Scope(), ui_->cbostudent->BoundCode(), exams, subjects, Display())
-            : repository.LoadDivisionMarks(Scope(), exams, subjects, Display());
+    ComparisonInput input = report_.ofStudent
+                                ? repository.LoadStudentMarks(student_->Scope(), student_->StudentCode(),
+                                                              exams, subjects, Display())
+                                : repository.LoadDivisionMarks(student_->Scope(), exams, subjects, Display());
     for (const int index : ui_->Lstexamnames->TickedIndexes())
         input.lines.emplace_back(ui_->Lstexamnames->ItemData(index), ui_->Lstexamnames->item(index)->text());
     const SessionContext& session = Session();
@@ -225,25 +199,22 @@ GridTable frmExamComparison::ReadList() const
 
 ReportScreen::ReportHead frmExamComparison::Head() const
 {
-    const QString className = ui_->cboClass->currentText().trimmed();
-    const QString divisionName = ui_->cboDivision->currentText().trimmed();
-    const QString title = QString::fromLatin1(report_.exportTitle);
-    return report_.ofStudent
-               ? ReportHead{title, QStringLiteral("Class :%1 Division : %2 Student Name :%3")
-                                       .arg(className, divisionName, ui_->cbostudent->currentText())}
-               : ReportHead{title, QStringLiteral("Class :%1  Division :%2").arg(className, divisionName)};
+    return {
+        windowTitle(),
+        report_.ofStudent
+            ? QStringLiteral("Class :%1 Division : %2 Student Name :%3")
+                  .arg(student_->ClassName(), student_->DivisionName(), student_->StudentName())
+            : QStringLiteral("Class :%1  Division :%2").arg(student_->ClassName(), student_->DivisionName())};
 }
 
 QString frmExamComparison::ClassDivision() const
 {
-    return ui_->cboClass->currentText().trimmed() + QLatin1Char('/') +
-           ui_->cboDivision->currentText().trimmed();
+    return student_->ClassName() + QLatin1Char('/') + student_->DivisionName();
 }
 
 QString frmExamComparison::TextTitle() const
 {
-    return QStringLiteral("Marks For %1 Of %2 In Each Exam")
-        .arg(ui_->cbostudent->currentText(), ClassDivision());
+    return QStringLiteral("Marks For %1 Of %2 In Each Exam").arg(student_->StudentName(), ClassDivision());
 }
 
 void frmExamComparison::cmdPrint_Click()
@@ -273,12 +244,6 @@ void frmExamComparison::cmdCancel_Click()
     const QSignalBlocker quiet(ui_->Optsubjectdisplayno);
     ui_->Optsubjectdisplayno->setChecked(true);
     Form_Load();
-}
-
-QSize frmExamComparison::sizeHint() const
-{
-    // As much of a wide list as most displays can show; a smaller one bounds it.
-    return {1400, 1400};
 }
 
 } // namespace tally

@@ -12,8 +12,8 @@ class frmExamComparison;
 
 namespace tally {
 
-class DivisionChoice;
 class SelectAllBox;
+class StudentChoice;
 
 /// Compares the chosen exams: a division's average of each chosen subject, or one student's marks.
 class frmExamComparison : public ReportScreen
@@ -24,8 +24,6 @@ public:
     /// `report` must outlive the screen.
     explicit frmExamComparison(const ExamComparison& report);
     ~frmExamComparison() override;
-
-    QSize sizeHint() const override;
 
 protected:
     ReportHead Head() const override;
@@ -40,7 +38,6 @@ private:
 
     void Lstexamnames_ItemCheck();
     void cboClass_Enter();
-    void LoadStudents();
     void LoadSubjects();
     void Optsubjectdisplayno_Click(bool on);
     void cmdView_Click();
@@ -53,12 +50,11 @@ private:
     QString ClassDivision() const;
     QString TextTitle() const;
 
-    SchoolScope Scope() const;
     SubjectDisplay Display() const;
 
     const ExamComparison& report_;
     std::unique_ptr<Ui::frmExamComparison> ui_;
-    DivisionChoice* classDivision_ = nullptr;
+    StudentChoice* student_ = nullptr;
     SelectAllBox* exams_ = nullptr;
     SelectAllBox* subjects_ = nullptr;
 };

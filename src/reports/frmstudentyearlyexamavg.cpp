@@ -6,14 +6,13 @@
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/HourGlass.h"
-#include "core/ui/DivisionChoice.h"
 #include "core/ui/FormKeys.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
 #include "core/ui/SelectAllBox.h"
-#include "reports/ChartDrawing.h"
 #include "reports/ComparisonRepository.h"
+#include "reports/StudentChoice.h"
 #include "ui_frmstudentyearlyexamavg.h"
 
 namespace tally {
@@ -33,7 +32,6 @@ frmstudentyearlyexamavg::frmstudentyearlyexamavg()
     ui_->setupUi(this);
     DressButtons(this);
     ui_->msgDetails->SetFixedCols(ColumnsInSight);
-    // cmdPrint stays off.
     SetReportControls({.msgDetails = ui_->msgDetails,
                        .cmdExport = ui_->cmdExport,
                        .Frame3 = ui_->Frame3,
@@ -41,7 +39,8 @@ frmstudentyearlyexamavg::frmstudentyearlyexamavg()
                        .optBarGrph = ui_->optBarGrph,
                        .optLineGrph = ui_->optLineGrph,
                        .cmdCancel = ui_->cmdCancel,
-                       .cmdExit = ui_->cmdExit});
+                       .cmdExit = ui_->cmdExit,
+                       .printing = Printing::Never});
     ConnectHandlers();
     Form_Load();
 }
@@ -50,14 +49,13 @@ frmstudentyearlyexamavg::~frmstudentyearlyexamavg() = default;
 
 void frmstudentyearlyexamavg::ConnectHandlers()
 {
-    classDivision_ = new DivisionChoice(this, ui_->cboClass, ui_->cboDivision, DivisionChoice::Order::ByCode);
+    student_ = new StudentChoice(this, {ui_->cboClass, ui_->cboDivision, ui_->cbostudent},
+                                 DivisionChoice::Order::ByCode);
     years_ = new SelectAllBox(ui_->chkSelectYear, ui_->Lstacademicyear);
     subjects_ = new SelectAllBox(ui_->chkSelectSubjects, ui_->Lstsubjects);
     // A subject that was not taught in each of the years can be looked at all the same, one by one.
     subjects_->PassOver(QLatin1Char('.'));
-    connect(ui_->cboClass, &DataCombo::Chosen, this, &frmstudentyearlyexamavg::LoadStudents);
-    connect(ui_->cboDivision, &DataCombo::Chosen, this, &frmstudentyearlyexamavg::LoadStudents);
-    connect(ui_->cbostudent, &DataCombo::Chosen, this, &frmstudentyearlyexamavg::LoadYears);
+    connect(student_, &StudentChoice::Changed, this, &frmstudentyearlyexamavg::LoadYears);
     connect(years_, &SelectAllBox::Changed, this, &frmstudentyearlyexamavg::Lstacademicyear_ItemCheck);
     connect(ui_->Cboexamname, &DataCombo::Chosen, this, &frmstudentyearlyexamavg::LoadSubjects);
     connect(subjects_, &SelectAllBox::Changed, this, &frmstudentyearlyexamavg::ClearReport);
@@ -68,38 +66,18 @@ void frmstudentyearlyexamavg::ConnectHandlers()
 
 void frmstudentyearlyexamavg::Form_Load()
 {
-    Read([this] { classDivision_->Load(); });
-    ui_->Cboexamname->SetListBehindBlank({});
-    Read([this] { ui_->Cboexamname->SetListBehindBlank(SchoolListRepository(MainStore()).Exams()); });
-    LoadStudents();
+    TellOnce([this] {
+        student_->Load();
+        ui_->Cboexamname->SetListBehindBlank({});
+        Read([this] { ui_->Cboexamname->SetListBehindBlank(SchoolListRepository(MainStore()).Exams()); });
+    });
     ui_->cboClass->setFocus();
-}
-
-SchoolScope frmstudentyearlyexamavg::Scope() const
-{
-    return {Session().gintAcademicYearCode, ui_->Cboexamname->BoundCode(), ui_->cboClass->BoundCode(),
-            ui_->cboDivision->BoundCode()};
-}
-
-void frmstudentyearlyexamavg::LoadStudents()
-{
-    ui_->cbostudent->SetListBehindBlank({});
-    LoadYears();
-    const SchoolScope scope = Scope();
-    if (scope.classCode == 0 || scope.divisionCode == 0)
-        return;
-    const auto students = Fetch([&] { return ComparisonRepository(MainStore()).Students(scope); });
-    if (!students)
-        return;
-    ui_->cbostudent->SetListBehindBlank(*students);
-    if (students->empty())
-        Prompts::Information(QStringLiteral("Student Admission Entry Is Not Made In This Class-Division"));
 }
 
 void frmstudentyearlyexamavg::LoadYears()
 {
     std::vector<ListItem> years;
-    if (const int studentCode = ui_->cbostudent->BoundCode(); studentCode != 0) {
+    if (const int studentCode = student_->StudentCode(); studentCode != 0) {
         Read([&] {
             for (const auto& [code, text] : ComparisonRepository(MainStore()).StudentYears(studentCode))
                 years.push_back({code, text, {}});
@@ -121,7 +99,7 @@ void frmstudentyearlyexamavg::LoadSubjects()
 {
     ClearReport();
     subjects_->Clear();
-    const int studentCode = ui_->cbostudent->BoundCode();
+    const int studentCode = student_->StudentCode();
     const int examCode = ui_->Cboexamname->BoundCode();
     const std::vector<int> years = ui_->Lstacademicyear->TickedData();
     if (studentCode == 0 || examCode == 0)
@@ -134,12 +112,8 @@ void frmstudentyearlyexamavg::LoadSubjects()
 
 bool frmstudentyearlyexamavg::SelectionComplete()
 {
-    if (ui_->cboClass->IsBlank())
-        return Refuse(QStringLiteral("Select Class"), ui_->cboClass);
-    if (ui_->cboDivision->IsBlank())
-        return Refuse(QStringLiteral("Select Division"), ui_->cboDivision);
-    if (ui_->cbostudent->IsBlank())
-        return Refuse(QStringLiteral("Select Student"), ui_->cbostudent);
+    if (!student_->IsComplete())
+        return false;
     if (ui_->Lstacademicyear->TickedIndexes().isEmpty())
         return Refuse(QStringLiteral("Select Academic Year(s)"), ui_->Lstacademicyear);
     if (ui_->Cboexamname->IsBlank())
@@ -166,11 +140,10 @@ void frmstudentyearlyexamavg::cmdView_Click()
 
 GridTable frmstudentyearlyexamavg::ReadList() const
 {
-    const SchoolScope scope = Scope();
     ComparisonInput input =
         ComparisonRepository(MainStore())
-            .LoadYearMarks(ui_->cbostudent->BoundCode(), scope.examCode, ui_->Lstacademicyear->TickedData(),
-                           ui_->Lstsubjects->TickedData());
+            .LoadYearMarks(student_->StudentCode(), ui_->Cboexamname->BoundCode(),
+                           ui_->Lstacademicyear->TickedData(), ui_->Lstsubjects->TickedData());
     for (const int index : ui_->Lstacademicyear->TickedIndexes())
         input.lines.emplace_back(ui_->Lstacademicyear->ItemData(index),
                                  ui_->Lstacademicyear->item(index)->text());
@@ -180,10 +153,9 @@ GridTable frmstudentyearlyexamavg::ReadList() const
 
 ReportScreen::ReportHead frmstudentyearlyexamavg::Head() const
 {
-    return {QStringLiteral("Subject Marks Based On AcademicYear(s)"),
-            QStringLiteral("Class :%1 Division :%2 Student Name :%3 Exam Name : %4")
-                .arg(ui_->cboClass->currentText().trimmed(), ui_->cboDivision->currentText().trimmed(),
-                     ui_->cbostudent->currentText(), ui_->Cboexamname->currentText().trimmed())};
+    return {windowTitle(), QStringLiteral("Class :%1 Division :%2 Student Name :%3 Exam Name : %4")
+                               .arg(student_->ClassName(), student_->DivisionName(), student_->StudentName(),
+                                    ui_->Cboexamname->currentText().trimmed())};
 }
 
 void frmstudentyearlyexamavg::cmdChart_Click()
@@ -198,22 +170,16 @@ void frmstudentyearlyexamavg::cmdChart_Click()
         return;
     }
     // On a wall the chart has to say whose it is.
-    ShowChart(*chart, {QStringLiteral("%1 - %2 %3")
-                           .arg(Head().title, ui_->cbostudent->currentText(),
-                                ui_->Cboexamname->currentText().trimmed()),
-                       QStringLiteral("ACADEMIC YEAR"), QStringLiteral("MARKS")});
+    ShowChart(*chart,
+              {QStringLiteral("%1 - %2 %3")
+                   .arg(Head().title, student_->StudentName(), ui_->Cboexamname->currentText().trimmed()),
+               QStringLiteral("ACADEMIC YEAR"), QStringLiteral("MARKS")});
 }
 
 void frmstudentyearlyexamavg::cmdCancel_Click()
 {
     ResetReport();
     Form_Load();
-}
-
-QSize frmstudentyearlyexamavg::sizeHint() const
-{
-    // As much of a wide list as most displays can show; a smaller one bounds it.
-    return {1400, 1400};
 }
 
 } // namespace tally

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/school/SchoolTypes.h"
 #include "reports/ReportScreen.h"
 
 #include <memory>
@@ -11,8 +10,8 @@ class frmstudentyearlyexamavg;
 
 namespace tally {
 
-class DivisionChoice;
 class SelectAllBox;
+class StudentChoice;
 
 /// "Subject Marks Based On AcademicYear(s)": follows a student of this year through his own years in the
 /// school, and compares his marks in one exam.
@@ -24,8 +23,6 @@ public:
     frmstudentyearlyexamavg();
     ~frmstudentyearlyexamavg() override;
 
-    QSize sizeHint() const override;
-
 protected:
     ReportHead Head() const override;
     void cmdCancel_Click() override;
@@ -35,7 +32,6 @@ private:
     void Form_Load();
     void ConnectHandlers();
 
-    void LoadStudents();
     void LoadYears();
     void Lstacademicyear_ItemCheck();
     void LoadSubjects();
@@ -46,10 +42,8 @@ private:
     /// The list as it is chosen.
     GridTable ReadList() const;
 
-    SchoolScope Scope() const;
-
     std::unique_ptr<Ui::frmstudentyearlyexamavg> ui_;
-    DivisionChoice* classDivision_ = nullptr;
+    StudentChoice* student_ = nullptr;
     SelectAllBox* years_ = nullptr;
     SelectAllBox* subjects_ = nullptr;
 };

@@ -169,6 +169,40 @@ TEST_F(ExamComparisonScreen, TheRankOptionWithoutAClassAsksForItAndIsTakenBack)
     EXPECT_TRUE(IsEnabled("cmdExport"));
 }
 
+TEST_F(ExamComparisonScreen, AStudentIsAskedForBeforeTheRankOption)
+{
+    OpenStudent();
+    EXPECT_EQ(Option("Optsubjectdisplayno")->text(),
+              QStringLiteral("Don't Display The Subject(s) Which Is Not Taken For Rank"));
+    EXPECT_EQ(Option("Optsubjectdisplayyes")->text(), QStringLiteral("Display All Subject(s)"));
+    Tick(exams, 0);
+    Press(Option("Optsubjectdisplayyes"));
+    prompts.ExpectInformation(QStringLiteral("Select Class"));
+    Press(Option("Optsubjectdisplayno"));
+    Settle();
+    prompts.Verify();
+    EXPECT_TRUE(classes->hasFocus());
+    EXPECT_FALSE(Option("Optsubjectdisplayno")->isChecked());
+    ChooseDivisionB();
+    ExpectMissing("Select Student", "cbostudent");
+    Choose("cbostudent", QStringLiteral("Asha (A1)"));
+    ExpectMissing("Select 'Subjects Taken For Rank' Option", "Optsubjectdisplayno");
+}
+
+TEST_F(ExamComparisonScreen, TheRankOptionWithoutAnExamLeadsToTheExams)
+{
+    for (const char* name : {"frmstudentexamavg", "frmdivisionsubjectexamavg"}) {
+        OpenExams(name, {});
+        Press(Option("Optsubjectdisplayyes"));
+        prompts.ExpectInformation(QStringLiteral("Select Class"));
+        Press(Option("Optsubjectdisplayno"));
+        Settle();
+        prompts.Verify();
+        EXPECT_TRUE(HasFocus("Lstexamnames")) << FocusName();
+        EXPECT_FALSE(Option("Optsubjectdisplayno")->isChecked());
+    }
+}
+
 TEST_F(ExamComparisonScreen, TheClassIsOpenWhileAnExamIsTicked)
 {
     OpenStudent();
@@ -285,6 +319,23 @@ TEST_F(ExamComparisonScreen, ASubjectOfAStudentWithoutMarksInATickedExamIsRefuse
     EXPECT_EQ(Items(subjects), "  Subject 2|  Subject 1");
 }
 
+TEST_F(ExamComparisonScreen, AllSubjectsOfAStudentAreThoseWithMarksInEachExam)
+{
+    OpenStudent();
+    Press(allExams);
+    ChooseDivisionB();
+    Choose("cbostudent", QStringLiteral("Asha (A1)"));
+    Press(Option("Optsubjectdisplayyes"));
+    Settle();
+    EXPECT_EQ(Items(subjects), "  Subject 2|  Subject 1|. Subject 3");
+    Press(allSubjects);
+    EXPECT_EQ(subjects->TickedIndexes(), (QList<int>{0, 1}));
+    Choose("cbostudent", QStringLiteral("Binu (A2)"));
+    EXPECT_EQ(Items(subjects), ". Subject 2|. Subject 1|. Subject 3");
+    Press(allSubjects);
+    ExpectMissing("Select Subject(s)", "Lstsubjects");
+}
+
 TEST_F(ExamComparisonScreen, TheAveragesOfADivisionLeaveAbsenteesOut)
 {
     OpenDivision();
@@ -310,6 +361,20 @@ TEST_F(ExamComparisonScreen, ADivisionsAveragesHaveNoClosingRow)
     EXPECT_EQ(Row(2), "2||Term Two|||2|90.00|1|80.00");
     for (const int hidden : {1, 3, 4, 5, 7})
         EXPECT_EQ(grid->ColWidth(hidden), 0) << hidden;
+    ExpectWidth(0, 525);
+    ExpectWidth(2, 3000);
+    ExpectWidth(6, 600);
+}
+
+TEST_F(ExamComparisonScreen, ColumnsAreAtLeastAsWideAsTheFormGivesThem)
+{
+    Given("UPDATE SubjectMaster SET SubjectShortName = 'I' WHERE SubjectCode = 2");
+    Given("UPDATE SubjectMaster SET SubjectShortName = 'Long66' WHERE SubjectCode = 1");
+    ShowStudent();
+    ExpectWidth(0, 525);
+    ExpectWidth(2, 3000);
+    ExpectWidth(6, 600);
+    EXPECT_GE(grid->ColWidth(8), grid->fontMetrics().horizontalAdvance(QStringLiteral("Long66")));
 }
 
 TEST_F(ExamComparisonScreen, AStudentsMarksFollowTheOptionsOfTheSession)
@@ -381,6 +446,19 @@ TEST_F(ExamComparisonScreen, AMarkGoneMeanwhileLeavesItsCellBlank)
     EXPECT_EQ(Row(3), "||Total Average||||70.50||60.00");
 }
 
+TEST_F(ExamComparisonScreen, AnExamWhoseMarksAreGoneMeanwhileLeavesItsLineBlank)
+{
+    OpenDivision();
+    Press(allExams);
+    ChooseDivisionB();
+    Press(allSubjects);
+    Given("DELETE FROM MarkMaster WHERE ExamCode = 2 AND AcademicYearCode = 1 AND ClassCode = 1 AND "
+          "DivisionCode = 1");
+    Press(Button("cmdView"));
+    EXPECT_EQ(Row(1), "1||Term One|||2|70.75|1|30.00");
+    EXPECT_EQ(Row(2), "2||Term Two||||||");
+}
+
 TEST_F(ExamComparisonScreen, AMaximumMarkOfNothingChangesNoAverage)
 {
     Given("UPDATE ClassSubjectTeacher SET MaximumMark = 0, MaximumAllowed = 0");
@@ -411,6 +489,31 @@ TEST_F(ExamComparisonScreen, SixtyExamsAndFortySubjectsWithLongNamesFit)
     Press(Button("cmdChart"));
     const std::string chart = ChartRows();
     EXPECT_EQ(std::count(chart.begin(), chart.end(), ';'), 59);
+}
+
+TEST_F(ExamComparisonScreen, SixtyExamsAndFortySubjectsOfADivisionFit)
+{
+    for (int exam = 3; exam <= 60; ++exam)
+        cards->AddExam(exam, "Exam", exam);
+    for (int subject = 4; subject <= 41; ++subject)
+        school->AddSubject(1, subject, "Long66", subject);
+    for (int exam = 1; exam <= 60; ++exam)
+        for (int subject = 1; subject <= 41; ++subject)
+            Given("INSERT OR IGNORE INTO MarkMaster VALUES (1, 1, ?, 1, 1, ?, 50, 'P', 0, 0)", exam, subject);
+    OpenDivision();
+    Press(allExams);
+    ChooseDivisionB();
+    Press(allSubjects);
+    EXPECT_EQ(subjects->TickedIndexes().size(), 40);
+    Press(Button("cmdView"));
+    EXPECT_EQ(grid->Rows(), 61);
+    EXPECT_EQ(grid->Cols(), 5 + 2 * 40);
+    EXPECT_EQ(grid->Table().Text(60, grid->Cols() - 1), QStringLiteral("50.00"));
+    Press(Button("cmdChart"));
+    const std::string chart = ChartRows();
+    EXPECT_EQ(std::count(chart.begin(), chart.end(), ';'), 59);
+    Press(Button("cmdExport"));
+    EXPECT_EQ(WorkbookReader(output->workbook).At(QStringLiteral("AP67")).value.toDouble(), 50.0);
 }
 
 TEST_F(ExamComparisonScreen, ALineIsOfferedForMoreThanOneExam)
@@ -453,9 +556,22 @@ TEST_F(ExamComparisonScreen, ShortNamesThatWouldBreakATableAreCharted)
     EXPECT_EQ(ChartRows(), "Term One|70.75|30;Term Two|90|80");
 }
 
+TEST_F(ExamComparisonScreen, AChartThatCannotBeLaidDownIsToldAndNotShown)
+{
+    ShowStudent();
+    BlockChart();
+    prompts.ExpectCritical(QStringLiteral("use DROP VIEW to delete view TempChartReport"));
+    Press(Button("cmdChart"));
+    prompts.Verify();
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmStudentExamAvgChart")), nullptr);
+    EXPECT_TRUE(IsEnabled("cmdExport")) << "the list is as good as before";
+}
+
 TEST_F(ExamComparisonScreen, ADivisionsExportSaysWhatItIsOf)
 {
     ShowDivision();
+    Given("DELETE FROM MarkMaster WHERE AcademicYearCode = 1 AND ClassCode = 1 AND DivisionCode = 1 AND "
+          "ExamCode < 10");
     Press(Button("cmdExport"));
     const WorkbookReader sheet(output->workbook);
     EXPECT_EQ(sheet.At(QStringLiteral("A5")).value, QStringLiteral("Subject Average Based On Exam(s)"));
@@ -555,6 +671,21 @@ TEST_F(ExamComparisonScreen, ASchoolWithoutExamsHasNothingToCompare)
     Press(allExams);
     EXPECT_FALSE(classes->isEnabled());
     ExpectMissing("Select Exam Name(s)", "Lstexamnames");
+    OpenStudent();
+    EXPECT_EQ(exams->count(), 0);
+    ExpectMissing("Select Exam Name(s)", "Lstexamnames");
+}
+
+TEST_F(ExamComparisonScreen, AStudentOfADivisionWithoutSubjectsHasNothingToCompare)
+{
+    Given("DELETE FROM ClassSubjectTeacher WHERE DivisionCode = 1");
+    OpenStudent();
+    Press(allExams);
+    ChooseDivisionB();
+    Choose("cbostudent", QStringLiteral("Asha (A1)"));
+    EXPECT_EQ(subjects->count(), 0);
+    Press(allSubjects);
+    ExpectMissing("Select Subject(s)", "Lstsubjects");
 }
 
 TEST_F(ExamComparisonScreen, AClassWithoutDivisionsAndADivisionWithoutSubjectsOfferNothing)
@@ -583,6 +714,77 @@ TEST_F(ExamComparisonScreen, ASubjectTakenOutOfTheRankMeanwhileHasNoColumn)
     Press(Button("cmdView"));
     EXPECT_EQ(Row(0), "Sl.No.|Student Name|Exam Name|Class|Div|1|Eng");
     EXPECT_EQ(Row(2), "2||Term Two|||1|80.00");
+}
+
+TEST_F(ExamComparisonScreen, ExamsAndClassesThatCannotBeReadAreToldInOneBoxAtOpeningAndAtCancel)
+{
+    LeaveOthersUnguarded();
+    const auto hide = [this] {
+        Given("ALTER TABLE ExamMaster RENAME TO Elsewhere");
+        Given("ALTER TABLE ClassDivisionMaster RENAME TO Nowhere");
+        prompts.ExpectCritical(NoSuchTable("ExamMaster"));
+    };
+    const auto giveBack = [this] {
+        prompts.Verify();
+        Given("ALTER TABLE Elsewhere RENAME TO ExamMaster");
+        Given("ALTER TABLE Nowhere RENAME TO ClassDivisionMaster");
+    };
+    OpenStudent();
+    Press(Button("cmdExit"));
+    Settle();
+    hide();
+    OpenStudent();
+    giveBack();
+    EXPECT_EQ(exams->count(), 0);
+    EXPECT_EQ(Items(classes), " ");
+    EXPECT_FALSE(classes->isEnabled());
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(Items(exams), "Term One|Term Two");
+    EXPECT_EQ(Items(classes), " |X");
+    ShowStudent();
+    hide();
+    Press(Button("cmdCancel"));
+    giveBack();
+    ExpectNoList();
+    EXPECT_EQ(exams->count(), 0);
+    EXPECT_TRUE(classes->IsBlank());
+    EXPECT_EQ(Items(students), " ");
+    EXPECT_EQ(subjects->count(), 0);
+}
+
+TEST_F(ExamComparisonScreen, StudentsThatCannotBeReadAreToldAndNoneIsOffered)
+{
+    OpenStudent();
+    Tick(exams, 0);
+    Choose("cboClass", QStringLiteral("X"));
+    ExpectMissingTable("StudentMaster", [&] { Choose("cboDivision", QStringLiteral("A")); });
+    EXPECT_EQ(Items(students), " ");
+    Choose("cboDivision", QStringLiteral("B"));
+    EXPECT_EQ(Items(students), " |Asha (A1)|Binu (A2)");
+}
+
+TEST_F(ExamComparisonScreen, SubjectsThatCannotBeReadAreToldAndNoneIsOffered)
+{
+    OpenStudent();
+    Press(allExams);
+    ChooseDivisionB();
+    ExpectMissingTable("SubjectMaster", [&] { Choose("cbostudent", QStringLiteral("Asha (A1)")); });
+    EXPECT_EQ(subjects->count(), 0);
+    Tick(exams, 1);
+    EXPECT_EQ(Items(subjects), "  Subject 2|  Subject 1");
+}
+
+TEST_F(ExamComparisonScreen, DivisionsThatCannotBeReadByEnterAreToldAndStay)
+{
+    OpenStudent();
+    Tick(exams, 0);
+    ChooseDivisionB();
+    classes->setFocus();
+    ExpectMissingTable("ClassDivisionDetails", [&] { QTest::keyClick(classes, Qt::Key_Return); });
+    EXPECT_EQ(Items(divisions), " |A|B");
+    EXPECT_EQ(divisions->currentText(), QStringLiteral("B"));
+    EXPECT_EQ(Items(students), " |Asha (A1)|Binu (A2)");
+    EXPECT_TRUE(divisions->hasFocus());
 }
 
 TEST_F(ExamComparisonScreen, WhatCannotBeReadIsToldAndShowsNothing)

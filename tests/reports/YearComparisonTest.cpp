@@ -173,6 +173,9 @@ TEST_F(YearComparisonScreen, ASubjectWithoutMarksInOneYearIsMarkedLeftOutOfAllAn
     EXPECT_TRUE(Button("cmdExport")->hasFocus());
     for (const int hidden : {2, 3, 4, 5, 7})
         EXPECT_EQ(grid->ColWidth(hidden), 0) << hidden;
+    ExpectWidth(0, 525);
+    ExpectWidth(1, 3000);
+    ExpectWidth(6, 600);
 }
 
 TEST_F(YearComparisonScreen, UntickingAYearClearsItsBoxAndAsksForTheExamAnew)
@@ -292,9 +295,93 @@ TEST_F(YearComparisonScreen, MarksOfAYearThatIsGoneAreLeftOut)
     EXPECT_EQ(Row(2), "2|2025 - 2026 X/A||||1|72");
 }
 
+TEST_F(YearComparisonScreen, AYearDeletedMeanwhileIsABlankLine)
+{
+    OpenYears();
+    ChooseStudent("Asha (A1)");
+    Press(allYears);
+    Choose("Cboexamname", QStringLiteral("Term One"));
+    Press(allSubjects);
+    LeaveOthersUnguarded();
+    Given("DELETE FROM MarkMaster WHERE AcademicYearCode = 1");
+    Given("DELETE FROM StudentClassDivision WHERE AcademicYearCode = 1");
+    Given("PRAGMA foreign_keys = OFF");
+    Given("DELETE FROM AcademicYearSetup WHERE AcademicYearCode = 1");
+    Press(Button("cmdView"));
+    EXPECT_EQ(Row(1), "1|2024 - 2025 IX/P|||||");
+    EXPECT_EQ(Row(2), "2|2025 - 2026 X/A||||1|72");
+    Press(Button("cmdChart"));
+    EXPECT_EQ(ChartRows(), "2025 - 2026 X/A|72");
+}
+
+TEST_F(YearComparisonScreen, ASubjectDeletedMeanwhileHasNoColumn)
+{
+    OpenYears();
+    ChooseStudent("Asha (A1)");
+    Press(allYears);
+    Choose("Cboexamname", QStringLiteral("Term One"));
+    Tick(subjects, 1);
+    Tick(subjects, 2);
+    LeaveOthersUnguarded();
+    Given("DELETE FROM MarkMaster WHERE SubjectCode = 1");
+    Given("DELETE FROM SubjectMaster WHERE SubjectCode = 1");
+    Press(Button("cmdView"));
+    EXPECT_EQ(Row(0), "Sl.No.|Academic Year/Class/Division|Ad.No|Class|Div|2|Mat");
+    EXPECT_EQ(Row(2), "2|2025 - 2026 X/A||||2|40");
+}
+
+TEST_F(YearComparisonScreen, FortySubjectsFit)
+{
+    for (int subject = 4; subject <= 40; ++subject) {
+        Given("INSERT INTO SubjectMaster VALUES (?, 'Subject', 'Long66', 0)", subject);
+        for (int year = 1; year <= 2; ++year)
+            Given("INSERT INTO MarkMaster VALUES (?, 1, 1, ?, 1, ?, 50, 'P', 0, 0)", year, year == 1 ? 2 : 1,
+                  subject);
+    }
+    OpenYears();
+    ChooseStudent("Asha (A1)");
+    Press(allYears);
+    Choose("Cboexamname", QStringLiteral("Term One"));
+    EXPECT_EQ(subjects->count(), 40);
+    Press(allSubjects);
+    EXPECT_EQ(subjects->TickedIndexes().size(), 38) << "all but the two of one year only";
+    Press(Button("cmdView"));
+    EXPECT_EQ(grid->Rows(), 3);
+    EXPECT_EQ(grid->Cols(), 5 + 2 * 38);
+    EXPECT_EQ(grid->Table().Text(2, grid->Cols() - 1), QStringLiteral("50"));
+    Press(Button("cmdChart"));
+    EXPECT_NE(ScreenRegistry::OpenInstance(QStringLiteral("frmStudentExamAvgChart")), nullptr);
+}
+
+TEST_F(YearComparisonScreen, WithoutExamsNothingCanBeCompared)
+{
+    LeaveOthersUnguarded();
+    Given("DELETE FROM MarkMaster");
+    Given("DELETE FROM ExamMaster");
+    OpenYears();
+    EXPECT_EQ(Items(exam), " ");
+    ChooseStudent("Asha (A1)");
+    Press(allYears);
+    ExpectMissing("Select Exam Name", "Cboexamname");
+}
+
+TEST_F(YearComparisonScreen, WithoutMarksThereIsNoSubject)
+{
+    Given("DELETE FROM MarkMaster WHERE StudentCode = 1");
+    OpenYears();
+    ChooseStudent("Asha (A1)");
+    Press(allYears);
+    Choose("Cboexamname", QStringLiteral("Term One"));
+    EXPECT_EQ(subjects->count(), 0);
+    Press(allSubjects);
+    ExpectMissing("Select Subject(s)", "Lstsubjects");
+}
+
 TEST_F(YearComparisonScreen, TheExportSaysWhatItIsOf)
 {
     ShowYears();
+    // What leaves the screen is what was seen, whatever happened to its rows since.
+    Given("DELETE FROM MarkMaster WHERE StudentCode = 1 AND AcademicYearCode < 3");
     Press(Button("cmdExport"));
     const WorkbookReader sheet(output->workbook);
     EXPECT_EQ(sheet.At(QStringLiteral("A5")).value, QStringLiteral("Subject Marks Based On AcademicYear(s)"));
@@ -315,10 +402,16 @@ TEST_F(YearComparisonScreen, WithoutTheRightExportSaysWhy)
     EXPECT_EQ(output->workbook, QString());
 }
 
-TEST_F(YearComparisonScreen, PrintStaysOff)
+TEST_F(YearComparisonScreen, PrintStaysOffByEachWay)
 {
     ShowYears();
     EXPECT_FALSE(IsEnabled("cmdPrint"));
+    for (const QWidget* widget : {static_cast<QWidget*>(form), static_cast<QWidget*>(grid)})
+        for (const QAction* action : widget->actions())
+            EXPECT_NE(action->text(), QStringLiteral("Print List..."));
+    PressKey(form, Qt::Key_P, Qt::ControlModifier);
+    Settle();
+    EXPECT_TRUE(output->printed.empty());
 }
 
 TEST_F(YearComparisonScreen, CancelBringsTheScreenBackToItsStart)
@@ -351,6 +444,72 @@ TEST_F(YearComparisonScreen, LeavingAsksByTheCaption)
     Press(Button("cmdExit"));
     Settle();
     EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmstudentyearlyexamavg")), nullptr);
+}
+
+TEST_F(YearComparisonScreen, ClassesAndExamsThatCannotBeReadAreToldInOneBoxAtOpeningAndAtCancel)
+{
+    LeaveOthersUnguarded();
+    const auto hide = [this] {
+        Given("ALTER TABLE ExamMaster RENAME TO Elsewhere");
+        Given("ALTER TABLE ClassDivisionMaster RENAME TO Nowhere");
+        prompts.ExpectCritical(NoSuchTable("ClassDivisionMaster"));
+    };
+    const auto giveBack = [this] {
+        prompts.Verify();
+        Given("ALTER TABLE Elsewhere RENAME TO ExamMaster");
+        Given("ALTER TABLE Nowhere RENAME TO ClassDivisionMaster");
+    };
+    OpenYears();
+    Press(Button("cmdExit"));
+    Settle();
+    hide();
+    OpenYears();
+    giveBack();
+    EXPECT_EQ(Items(classes), " ");
+    EXPECT_EQ(Items(exam), " ");
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(Items(classes), " |X|IX");
+    EXPECT_EQ(Items(exam), " |Term One|Term Two");
+    ShowYears();
+    hide();
+    Press(Button("cmdCancel"));
+    giveBack();
+    ExpectNoList();
+    EXPECT_TRUE(classes->IsBlank());
+    EXPECT_EQ(Items(exam), " ");
+    EXPECT_EQ(Items(students), " ");
+    EXPECT_EQ(years->count(), 0);
+}
+
+TEST_F(YearComparisonScreen, StudentsYearsAndSubjectsThatCannotBeReadAreToldAndNoneIsOffered)
+{
+    OpenYears();
+    Choose("cboClass", QStringLiteral("X"));
+    ExpectMissingTable("StudentMaster", [&] { Choose("cboDivision", QStringLiteral("A")); });
+    EXPECT_EQ(Items(students), " ");
+    Choose("cboDivision", QStringLiteral(" "));
+    Choose("cboDivision", QStringLiteral("A"));
+    ExpectMissingTable("AcademicYearSetup", [&] { Choose("cbostudent", QStringLiteral("Asha (A1)")); });
+    EXPECT_EQ(years->count(), 0);
+    Choose("cbostudent", QStringLiteral(" "));
+    Choose("cbostudent", QStringLiteral("Asha (A1)"));
+    Press(allYears);
+    ExpectMissingTable("SubjectMaster", [&] { Choose("Cboexamname", QStringLiteral("Term One")); });
+    EXPECT_EQ(subjects->count(), 0);
+    Tick(years, 0);
+    Choose("Cboexamname", QStringLiteral("Term One"));
+    EXPECT_EQ(Items(subjects), "  Arts|  English|  Mathematics");
+}
+
+TEST_F(YearComparisonScreen, AChartThatCannotBeLaidDownIsToldAndNotShown)
+{
+    ShowYears();
+    BlockChart();
+    prompts.ExpectCritical(QStringLiteral("use DROP VIEW to delete view TempChartReport"));
+    Press(Button("cmdChart"));
+    prompts.Verify();
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmStudentExamAvgChart")), nullptr);
+    EXPECT_TRUE(IsEnabled("cmdChart"));
 }
 
 TEST_F(YearComparisonScreen, WhatCannotBeReadIsToldAndShowsNothing)
