@@ -1,5 +1,6 @@
 #include "core/ui/controls/CheckList.h"
 
+#include <QScrollBar>
 #include <QSignalBlocker>
 
 namespace tally {
@@ -15,6 +16,9 @@ CheckList::CheckList(QWidget* parent) : QListWidget(parent)
 {
     setUniformItemSizes(true);
     setSpacing(2);
+    // What no whole line fits into looks as the list does.
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
     connect(this, &QListWidget::itemChanged, this,
             [this](QListWidgetItem* item) { Q_EMIT Ticked(row(item), item->checkState() == Qt::Checked); });
 }
@@ -90,6 +94,18 @@ void CheckList::initViewItemOption(QStyleOptionViewItem* option) const
     // The strong paint is for the item that the keys would tick.
     option->palette.setBrush(QPalette::Highlight, palette().midlight());
     option->palette.setBrush(QPalette::HighlightedText, palette().text());
+}
+
+void CheckList::updateGeometries()
+{
+    if (count() > 1) {
+        const int line = visualItemRect(item(1)).top() - visualItemRect(item(0)).top();
+        const int room = viewport()->height() + viewportMargins().bottom();
+        const int rest = room > line ? room % line : 0;
+        if (rest != viewportMargins().bottom())
+            setViewportMargins(0, 0, 0, rest);
+    }
+    QListWidget::updateGeometries();
 }
 
 void CheckList::focusInEvent(QFocusEvent* event)

@@ -8,7 +8,8 @@
 
 namespace tally {
 
-/// A list whose items carry a code each and can be ticked, with the mouse or the blank key.
+/// A list whose items carry a code each and can be ticked, with the mouse or the blank key. Whatever its
+/// height is, it shows whole lines.
 class CheckList : public QListWidget
 {
     Q_OBJECT
@@ -39,6 +40,7 @@ Q_SIGNALS:
 protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
     void focusInEvent(QFocusEvent* event) override;
+    void updateGeometries() override;
 };
 
 } // namespace tally
