@@ -7,6 +7,7 @@
 #include "core/shell/mdiTallyboard.h"
 #include "core/ui/controls/Grid.h"
 #include "core/ui/ScreenRegistry.h"
+#include "reports/ReportOutput.h"
 #include "support/ScreenFixture.h"
 #include "tools/SampleSchool.h"
 
@@ -29,6 +30,7 @@ protected:
         ScreenFixture::SetUp();
         StopPresence();
         LeaveOthersUnguarded();
+        output_.emplace(Folder());
         window->setWindowState(Qt::WindowNoState);
         window->resize(1920, 1080);
         {
@@ -55,6 +57,12 @@ protected:
             return true;
         });
         Open();
+    }
+
+    void TearDown() override
+    {
+        output_.reset();
+        ScreenFixture::TearDown();
     }
 
     void Open()
@@ -197,14 +205,18 @@ protected:
     {
         list->setFocus();
         list->setCurrentRow(0);
-        if (list->item(0)->checkState() != Qt::Checked)
-            QTest::keyClick(list, Qt::Key_Space);
+        {
+            const QSignalBlocker unheard(list);
+            list->item(0)->setCheckState(Qt::Unchecked);
+        }
+        QTest::keyClick(list, Qt::Key_Space);
     }
 
     Screen* screen_ = nullptr;
     int losses_ = 0;
 
 private:
+    std::optional<ReportOutput> output_;
     QList<std::pair<Prompts::Kind, QString>> told_;
 };
 
@@ -219,8 +231,9 @@ TEST_P(LostStoreTest, IsToldInOneBoxBehindWhichNothingGoesOn)
         // Without any condition all are found.
         if (*begin != '\0' || !searches)
             Fill();
-        for (const char* next : {"cmdUpdate", "cmdView", "cmdSearch", "cmdSave", "cmdDelete", "cmdAddOneDay",
-                                 "cmdDeleteLastDay", "cmdTotalDetails", "cmdCancel"}) {
+        for (const char* next :
+             {"cmdUpdate", "cmdView", "cmdSearch", "cmdSave", "cmdDelete", "cmdAddOneDay", "cmdDeleteLastDay",
+              "cmdTotalDetails", "cmdExport", "cmdPrint", "cmdChart", "cmdCancel"}) {
             PressInTurn(next);
             if (searches && QLatin1String(next) == QLatin1String("cmdSearch"))
                 ChooseRow();
@@ -238,8 +251,11 @@ INSTANTIATE_TEST_SUITE_P(
                     "frmMasStudentRelievingMaster", "frmMasStudentRelievingSearch", "frmPromotionEntry",
                     "frmRankCalculation", "frmRankCardPrinting", "frmSalutationMaster", "frmSubjectMaster",
                     "frmTeacherMaster", "frmTeacherSearch", "frmUtilApplicationDateChange",
-                    "frmUtilApplicationDateSetup", "frmUtilOptions", "frmUtilUserMaster", "frmexammarkentry",
-                    "frmexamnamemaster"),
+                    "frmUtilApplicationDateSetup", "frmUtilOptions", "frmUtilUserMaster",
+                    "frmclassdivisionsubjectavg", "frmdivisionsubjectexamavg", "frmexammarkentry",
+                    "frmexamnamemaster", "frmStudentList", "frmrptClassList", "frmrptClasssubjectteacher",
+                    "frmstudentexamavg", "frmstudentslistabove", "frmstudentslistbelow",
+                    "frmstudentyearlyexamavg"),
     [](const auto& screen) { return std::string(screen.param); });
 
 } // namespace
