@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
+#include <set>
 
 namespace tally::test {
 namespace {
@@ -55,6 +56,9 @@ public:
         return found != taught_.end() && (display == SubjectDisplay::All || found->second);
     }
 
+    /// In whatever year.
+    bool WasIn(int student, int division) const { return placed_.contains({student, division}); }
+
     TestSchool school;
     std::vector<Entry> entries;
 
@@ -78,11 +82,12 @@ private:
             }
         }
         for (int student = 1; student <= Students; ++student) {
+            const int division = Number(1, Divisions);
+            placed_.insert({student, division});
             if (year == 1)
-                school.AddStudent(Number(1, Divisions), QStringLiteral("Student"));
+                school.AddStudent(division, QStringLiteral("Student"));
             else
-                Run("INSERT INTO StudentClassDivision VALUES (?, ?, 1, ?, 'Y', 0)", student, year,
-                    Number(1, Divisions));
+                Run("INSERT INTO StudentClassDivision VALUES (?, ?, 1, ?, 'Y', 0)", student, year, division);
             for (int exam = 1; exam <= Exams; ++exam)
                 LayMarks(year, student, exam);
         }
@@ -107,6 +112,7 @@ private:
     std::mt19937 chance_;
     RankCardSchool cards_{school};
     std::map<std::tuple<int, int, int>, bool> taught_; ///< taken for rank, by year, division and subject
+    std::set<std::pair<int, int>> placed_;             ///< student and division
 };
 
 /// Sum by count in steps of so many hundredths, a half to the even step or, as for written numbers, up.
@@ -193,6 +199,29 @@ protected:
         exam = random.Number(1, RandomSchool::Exams);
         display = random.Chance(50) ? SubjectDisplay::All : SubjectDisplay::TakenForRankOnly;
         decimals = random.Chance(50) ? 2 : 0;
+    }
+
+    /// The subjects that are taught, each with a mark before its name where one of the exams has no entry of
+    /// it that counts.
+    template <typename Counts>
+    void ExpectMarked(const std::vector<ListItem>& items, const Counts& counts)
+    {
+        std::set<std::pair<int, QString>> expected;
+        for (const int subject : subjects) {
+            if (!random.IsTaught(year, division, subject, display))
+                continue;
+            const bool complete = std::all_of(exams.begin(), exams.end(), [&](int line) {
+                return std::any_of(random.entries.begin(), random.entries.end(), [&](const Entry& entry) {
+                    return entry.exam == line && entry.subject == subject && counts(entry);
+                });
+            });
+            expected.insert({subject, complete ? QStringLiteral("  Subject") : QStringLiteral(". Subject")});
+        }
+        std::set<std::pair<int, QString>> found;
+        for (const ListItem& item : items)
+            found.insert({item.code, item.text});
+        EXPECT_TRUE(found == expected) << "school " << GetParam();
+        EXPECT_EQ(items.size(), expected.size());
     }
 
     RandomSchool random{GetParam()};
@@ -300,6 +329,24 @@ TEST_P(ComparedSchools, TheMarkBeforeASubjectTellsOfALineWithoutMarks)
                       return entry.student == student && entry.subject == subject;
                   }));
     }
+}
+
+TEST_P(ComparedSchools, TheMarksBeforeTheSubjectsOfADivisionTellOfAnExamWithoutMarks)
+{
+    const auto items =
+        SubjectItems(repository.LoadDivisionSubjects({year, 0, 1, division}, exams, display), exams, {});
+    ExpectMarked(items, [&](const Entry& entry) {
+        return entry.year == year && entry.division == division && random.WasIn(entry.student, division);
+    });
+}
+
+TEST_P(ComparedSchools, TheMarksBeforeTheSubjectsOfAStudentTellOfAnExamWithoutMarks)
+{
+    const auto items = SubjectItems(
+        repository.LoadStudentSubjects({year, 0, 1, division}, student, exams, display), exams, {});
+    ExpectMarked(items, [&](const Entry& entry) {
+        return entry.student == student && entry.division == division && random.WasIn(student, division);
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(Thirty, ComparedSchools, testing::Range(1U, 31U));
