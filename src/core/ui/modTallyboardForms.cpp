@@ -216,8 +216,11 @@ void ClearMSGrid(FlexGrid* grid)
 {
     grid->SetRows(1);
     grid->SetRows(2);
-    if (grid->objectName() != QLatin1String("msgSummary"))
-        grid->SetCols(1);
+    if (grid->objectName() == QLatin1String("msgSummary"))
+        return;
+    grid->SetCols(1);
+    // An emptied list is a box with a head, and its one column is the box.
+    grid->SetColHidden(0, false);
 }
 
 void SelectAllText(QLineEdit* control)

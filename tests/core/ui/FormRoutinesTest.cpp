@@ -149,6 +149,17 @@ TEST_F(FormRoutinesTest, AClearedGridKeepsOneEmptyRowAndOneColumn)
     EXPECT_EQ(grid->TextMatrix(1, 0), QString());
 }
 
+TEST_F(FormRoutinesTest, AClearedGridShowsItsColumnAlsoWhereThatWasHidden)
+{
+    auto* grid = Add<FlexGrid>();
+    GridTable table({{.head = {}, .hidden = true}, {QStringLiteral("Name")}});
+    table.AddRow();
+    grid->Show(std::move(table));
+    Show();
+    ClearMSGrid(grid);
+    EXPECT_EQ(grid->ColWidth(0), grid->viewport()->width());
+}
+
 TEST_F(FormRoutinesTest, TheHeadOfALoneColumnSpansTheGrid)
 {
     auto* grid = Add<FlexGrid>();
