@@ -141,7 +141,7 @@ void frmRankCalculation::cboClass_Click()
     ui_->cmdExport->setEnabled(false);
     ui_->Lstdivision->clear();
     bool allReady = true;
-    Read([&] {
+    const bool isRead = Read([&] {
         for (const DivisionFacts& facts : DivisionRepository(MainStore()).LoadDivisionFacts(Scope())) {
             const ListItem item = DivisionItem(facts, Display());
             ui_->Lstdivision->AddItem(item);
@@ -149,6 +149,9 @@ void frmRankCalculation::cboClass_Click()
         }
     });
     ui_->chkSelectAll->setEnabled(allReady);
+    // A class over no divisions could not be chosen again.
+    if (!isRead)
+        ui_->cboClass->SetBoundCode(0);
 }
 
 void frmRankCalculation::Lstdivision_ItemCheck(int index, bool ticked)

@@ -272,6 +272,23 @@ TEST_F(RankListSelection, DivisionsThatCannotBeComparedAreNotTickedTogether)
     EXPECT_EQ(divisions->TickedIndexes(), QList<int>());
 }
 
+TEST_F(RankListSelection, AClassWhoseDivisionsCannotBeReadIsTakenBackAndCanBeChosenAgain)
+{
+    GivenDivision(1, "A");
+    OpenForm();
+    ChooseExamAndClass();
+    Choose("cboClass", QStringLiteral(" "));
+    Given("ALTER TABLE RankMaster RENAME TO Lost");
+    prompts.ExpectCritical(NoSuchTable("RankMaster"));
+    PressKey(form, Qt::Key_Down);
+    prompts.Verify();
+    EXPECT_TRUE(List("cboClass")->IsBlank());
+    EXPECT_EQ(divisions->count(), 0);
+    Given("ALTER TABLE Lost RENAME TO RankMaster");
+    Choose("cboClass", QStringLiteral("X"));
+    EXPECT_EQ(divisions->count(), 1);
+}
+
 TEST_F(RankListSelection, DisplayingAllSubjectsUnticksADivisionThatDiffersInASubjectNotTakenForRank)
 {
     GivenDivision(1, "A");
