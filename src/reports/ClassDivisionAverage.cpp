@@ -1,7 +1,6 @@
 #include "reports/ClassDivisionAverage.h"
 
 #include "reports/DivisionReport.h"
-#include "reports/PercentAverage.h"
 
 #include <algorithm>
 #include <map>
@@ -15,20 +14,14 @@ constexpr Qt::Alignment Centred = Qt::AlignHCenter | Qt::AlignVCenter;
 
 using Column = DivisionAverageColumn;
 
-bool IsShown(const SubjectSetup& subject, const DivisionAverageChoice& choice)
-{
-    return (choice.display == SubjectDisplay::All || subject.takenForRank) &&
-           std::find(choice.subjectCodes.begin(), choice.subjectCodes.end(), subject.subjectCode) !=
-               choice.subjectCodes.end();
-}
-
 /// The subjects of the division that are shown, in their order.
 std::vector<SubjectSetup> ShownSubjects(const std::vector<SubjectSetup>& setup, int division,
                                         const DivisionAverageChoice& choice)
 {
-    std::vector<SubjectSetup> subjects;
-    std::copy_if(setup.begin(), setup.end(), std::back_inserter(subjects), [&](const SubjectSetup& subject) {
-        return subject.divisionCode == division && IsShown(subject, choice);
+    std::vector<SubjectSetup> subjects = SubjectsOf(setup, division, choice.display);
+    const auto& chosen = choice.subjectCodes;
+    std::erase_if(subjects, [&chosen](const SubjectSetup& subject) {
+        return std::find(chosen.begin(), chosen.end(), subject.subjectCode) == chosen.end();
     });
     return subjects;
 }
@@ -37,11 +30,17 @@ std::vector<SubjectSetup> ShownSubjects(const std::vector<SubjectSetup>& setup, 
 
 GridTable ShowClassDivisionAverages(const DivisionAverageInput& input, const DivisionAverageChoice& choice)
 {
-    std::vector<GridColumn> columns{{.head = QStringLiteral("Sl.No."), .alignment = Centred},
-                                    {.head = QStringLiteral("Student Name"), .hidden = true},
-                                    {.head = QStringLiteral("Ad.No"), .hidden = true},
-                                    {QStringLiteral("Class")},
-                                    {QStringLiteral("Div")}};
+    constexpr int SerialNoTwips = 525;
+    constexpr int ClassTwips = 500;
+    constexpr int DivisionTwips = 500;
+    constexpr int SubjectTwips = 600;
+
+    std::vector<GridColumn> columns{
+        {.head = QStringLiteral("Sl.No."), .alignment = Centred, .twips = SerialNoTwips},
+        {.head = QStringLiteral("Student Name"), .hidden = true},
+        {.head = QStringLiteral("Ad.No"), .hidden = true},
+        {.head = QStringLiteral("Class"), .twips = ClassTwips},
+        {.head = QStringLiteral("Div"), .twips = DivisionTwips}};
     const std::vector<SubjectSetup> shown =
         choice.divisions.empty() ? std::vector<SubjectSetup>()
                                  : ShownSubjects(input.setup, choice.divisions.front().code, choice);
@@ -49,11 +48,11 @@ GridTable ShowClassDivisionAverages(const DivisionAverageInput& input, const Div
     for (const SubjectSetup& subject : shown) {
         columnOf[subject.subjectCode] = columns.size();
         columns.push_back({.head = QString::number(subject.subjectCode), .hidden = true});
-        columns.push_back({.head = subject.shortName, .alignment = NumberAlignment});
+        columns.push_back({.head = subject.shortName, .alignment = NumberAlignment, .twips = SubjectTwips});
     }
 
     std::map<std::pair<int, int>, PercentAverage> averages; // by division and subject
-    for (const PresentMark& mark : input.marks)
+    for (const DivisionMark& mark : input.marks)
         averages[{mark.divisionCode, mark.subjectCode}].Add(mark.mark);
     GridTable list(std::move(columns));
     for (const ListItem& division : choice.divisions) {

@@ -4,24 +4,17 @@
 #include "core/school/ListItem.h"
 #include "core/school/SchoolTypes.h"
 #include "reports/ChartTable.h"
+#include "reports/PercentAverage.h"
 
 #include <vector>
 
 namespace tally {
 
-/// The mark of a student who was present.
-struct PresentMark
-{
-    int divisionCode = 0;
-    int subjectCode = 0;
-    double mark = 0;
-};
-
 /// From what the averages of the divisions of a class are made.
 struct DivisionAverageInput
 {
     std::vector<SubjectSetup> setup; ///< of the whole class, by SlNo
-    std::vector<PresentMark> marks;  ///< of the exam, all divisions chosen and all subjects
+    std::vector<DivisionMark> marks; ///< of the exam, all divisions chosen and all subjects, of those present
 };
 
 /// What is chosen for the list.

@@ -14,21 +14,6 @@ const QLatin1String NoSubjects("$ ");
 const QLatin1String IncompleteMarks("# ");
 const QLatin1String MarkMissing(". ");
 
-bool IsShown(const SubjectSetup& subject, SubjectDisplay display)
-{
-    return display == SubjectDisplay::All || subject.takenForRank;
-}
-
-std::vector<SubjectSetup> SubjectsOf(const std::vector<SubjectSetup>& setup, int division,
-                                     SubjectDisplay display)
-{
-    std::vector<SubjectSetup> subjects;
-    std::copy_if(setup.begin(), setup.end(), std::back_inserter(subjects), [&](const SubjectSetup& subject) {
-        return subject.divisionCode == division && IsShown(subject, display);
-    });
-    return subjects;
-}
-
 bool IsSameSubject(const SubjectSetup& one, const SubjectSetup& other)
 {
     return one.subjectCode == other.subjectCode && one.maximumMark == other.maximumMark &&
@@ -136,9 +121,14 @@ AllDivisions ChooseAllDivisions(const std::vector<ListItem>& items, const std::v
     return all;
 }
 
-bool TakesSubjects(const std::vector<SubjectSetup>& setup, int division, SubjectDisplay display)
+std::vector<SubjectSetup> SubjectsOf(const std::vector<SubjectSetup>& setup, int division,
+                                     SubjectDisplay display)
 {
-    return !SubjectsOf(setup, division, display).empty();
+    std::vector<SubjectSetup> subjects;
+    std::copy_if(setup.begin(), setup.end(), std::back_inserter(subjects), [&](const SubjectSetup& subject) {
+        return subject.divisionCode == division && (display == SubjectDisplay::All || subject.takenForRank);
+    });
+    return subjects;
 }
 
 std::vector<ListItem> CommonSubjects(const CommonSubjectsInput& input, const DivisionReportRules& rules)
@@ -152,7 +142,7 @@ std::vector<ListItem> CommonSubjects(const CommonSubjectsInput& input, const Div
 
     std::vector<std::size_t> marks(subjects.size(), 0);
     std::vector<std::size_t> marked(subjects.size(), 0);
-    std::vector<bool> hasMark(input.students.size() * input.subjects.size(), false);
+    std::vector<std::size_t> hasMark(input.students.size() * input.subjects.size(), 0); // 0 or 1
     for (const EnteredMark& mark : input.marks) {
         const auto subject = subjects.constFind(mark.subjectCode);
         if (subject == subjects.cend())
@@ -161,9 +151,9 @@ std::vector<ListItem> CommonSubjects(const CommonSubjectsInput& input, const Div
         const auto student = students.constFind(mark.studentCode);
         if (student == students.cend())
             continue;
-        auto has = hasMark[*student * input.subjects.size() + *subject];
-        marked[*subject] += has ? 0 : 1;
-        has = true;
+        std::size_t& has = hasMark[*student * input.subjects.size() + *subject];
+        marked[*subject] += 1 - has;
+        has = 1;
     }
 
     std::vector<ListItem> items;

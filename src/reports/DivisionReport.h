@@ -59,8 +59,9 @@ struct AllDivisions
 AllDivisions ChooseAllDivisions(const std::vector<ListItem>& items, const std::vector<SubjectSetup>& setup,
                                 SubjectDisplay display, const DivisionReportRules& rules);
 
-/// Whether the division takes a subject that is displayed.
-bool TakesSubjects(const std::vector<SubjectSetup>& setup, int division, SubjectDisplay display);
+/// The division's subjects that are displayed, in the order of the set-up.
+std::vector<SubjectSetup> SubjectsOf(const std::vector<SubjectSetup>& setup, int division,
+                                     SubjectDisplay display);
 
 /// That a student has a mark in a subject.
 struct EnteredMark

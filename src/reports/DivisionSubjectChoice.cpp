@@ -153,8 +153,11 @@ void DivisionSubjectChoice::LoadDivisions()
         const HourGlass hourGlass;
         return DivisionRepository(MainStore()).LoadDivisionFacts(Scope(), DivisionOrder::ByName);
     });
-    if (!divisions)
+    if (!divisions) {
+        // A class over no divisions could not be chosen again.
+        controls_.cboClass->SetBoundCode(0);
         return;
+    }
     bool allUsable = true;
     for (const DivisionFacts& facts : *divisions) {
         const ListItem item = DivisionLine(facts, Display(), rules_);
@@ -275,7 +278,7 @@ void DivisionSubjectChoice::LoadSubjects()
     });
     if (!read)
         return;
-    if (!TakesSubjects(read->setup, base_, Display())) {
+    if (SubjectsOf(read->setup, base_, Display()).empty()) {
         Untick(divisions);
         return;
     }

@@ -6,6 +6,14 @@
 
 namespace tally {
 
+/// A mark of some student of the division.
+struct DivisionMark
+{
+    int divisionCode = 0;
+    int subjectCode = 0;
+    double mark = 0;
+};
+
 /// The average of marks in percent of the maximum mark.
 class PercentAverage
 {

@@ -1,7 +1,6 @@
 #include "reports/StudentsList.h"
 
 #include "core/Numbers.h"
-#include "reports/PercentAverage.h"
 
 #include <algorithm>
 #include <map>
@@ -21,7 +20,7 @@ std::optional<double> LimitOf(int subjectCode, const std::vector<SubjectLimit>& 
         return one.subjectCode == subjectCode;
     });
     if (limit == limits.end())
-        return 0.0;
+        return options.side == AverageSide::Below ? std::optional(0.0) : std::nullopt;
     return limit->text.isEmpty() ? std::nullopt : std::optional<double>(Val(limit->text));
 }
 
@@ -87,7 +86,7 @@ std::vector<SubjectLimit> SubjectLimits(const StudentsListInput& input, const St
         maximumMarks[{subject.divisionCode, subject.subjectCode}] = subject.maximumMark;
 
     std::map<std::pair<int, double>, PercentAverage> averages; // by subject and maximum mark
-    for (const ListedMark& mark : input.marks) {
+    for (const DivisionMark& mark : input.marks) {
         const auto maximum = maximumMarks.find({mark.divisionCode, mark.subjectCode});
         if (mark.mark > 0 && maximum != maximumMarks.end())
             averages[{mark.subjectCode, maximum->second}].Add(mark.mark);
@@ -111,9 +110,12 @@ std::vector<SubjectLimit> SubjectLimits(const StudentsListInput& input, const St
 
 GridTable ListStudents(const StudentsListInput& input, const StudentsListOptions& options)
 {
+    constexpr int NameTwips = 2500;
+
     const std::vector<SubjectLimit> limits = SubjectLimits(input, options);
-    std::vector<GridColumn> columns{{.head = {}, .hidden = true},
-                                    {QStringLiteral("Student Name (Admission No)")}};
+    std::vector<GridColumn> columns{
+        {.head = {}, .hidden = true},
+        {.head = QStringLiteral("Student Name (Admission No)"), .twips = NameTwips}};
     std::vector<std::optional<double>> limitOf;
     for (const auto& [code, shortName] : input.subjects) {
         columns.push_back({.head = shortName, .alignment = NumberAlignment});
@@ -170,15 +172,16 @@ TextReport PrintedStudents(const GridTable& list)
     constexpr int MarkWidth = 5;
     constexpr int FirstPrinted = 2;
 
-    TextReport report{.title = QStringLiteral("Details of List of Students Above Class Average/Given value"),
-                      .columns = {{QStringLiteral("Student Name"), NameWidth},
-                                  {QStringLiteral("Admission No"), NumberWidth}},
-                      .rows = {}};
+    TextReport report{
+        .title = QStringLiteral("Details of List of Students Above Class Average/Given value"),
+        .columns = {{QStringLiteral("Student Name"), NameWidth}, {QStringLiteral("Ad.No"), NumberWidth}},
+        .rows = {}};
     for (int col = static_cast<int>(StudentsListColumn::FirstSubject); col < list.Cols(); ++col)
         report.columns.push_back({list.Text(0, col), MarkWidth});
     for (int row = FirstPrinted; row < list.Rows(); ++row) {
         if (row == list.Rows() - RowsBelowStudents)
             continue;
+        // In one column of the paper a long name would cut its number off.
         const QString student = list.Text(row, StudentsListColumn::StudentName);
         const auto bracket = student.lastIndexOf(QLatin1Char('('));
         QStringList cells{student.left(bracket),

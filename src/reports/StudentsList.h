@@ -3,6 +3,7 @@
 #include "core/CodedTexts.h"
 #include "core/GridTable.h"
 #include "core/school/SchoolTypes.h"
+#include "reports/PercentAverage.h"
 #include "reports/TextReport.h"
 
 #include <array>
@@ -38,15 +39,6 @@ struct StudentsListDefinition
 
 const std::array<StudentsListDefinition, 2>& StudentsListDefinitions();
 
-/// A mark of a student, absent or not.
-struct ListedMark
-{
-    int studentCode = 0;
-    int divisionCode = 0;
-    int subjectCode = 0;
-    double mark = 0;
-};
-
 /// Stands for a mark of 0 in the list below and is shown as 0.
 inline constexpr double StoredZero = -1;
 
@@ -63,7 +55,7 @@ struct StudentsListInput
 {
     CodedTexts subjects;                   ///< chosen, with their short names, in the order of the columns
     std::vector<SubjectSetup> setup;       ///< of the whole class
-    std::vector<ListedMark> marks;         ///< of the exam, the divisions and the subjects chosen
+    std::vector<DivisionMark> marks;       ///< of the exam, the divisions and the subjects chosen
     std::vector<ClassAverageRow> students; ///< by name
 };
 
@@ -104,15 +96,15 @@ struct SubjectLimit
 std::vector<SubjectLimit> SubjectLimits(const StudentsListInput& input, const StudentsListOptions& options);
 
 /// A row for each student with at least one mark on the side, showing those marks, below them a blank row and
-/// one of the limits. Marks are compared as they are with averages in percent. A subject in which nobody has
-/// more than 0 has the limit 0.
+/// one of the limits. Marks are compared as they are with averages in percent. In a subject that has no
+/// average, as nobody has more than 0 or its set-up is gone, those with 0 are below it and nobody is above.
 GridTable ListStudents(const StudentsListInput& input, const StudentsListOptions& options);
 
 /// How many students the list shows in each subject; blank for none. Marks that are written as 0 count in the
 /// list below only.
 GridTable SummariseStudents(const GridTable& list, AverageSide side);
 
-/// The list as a text, without its first student, who has always been missing in it.
+/// The list as a text, without its first student: the office's paper begins with the second.
 TextReport PrintedStudents(const GridTable& list);
 TextReport PrintedSummary(const GridTable& summary);
 

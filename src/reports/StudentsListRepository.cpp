@@ -49,22 +49,19 @@ CodedTexts StudentsListRepository::LoadSubjects(const std::vector<int>& subjectC
     return subjects;
 }
 
-std::vector<ListedMark> StudentsListRepository::LoadMarks(const SchoolScope& scope,
-                                                          const std::vector<int>& divisionCodes,
-                                                          const std::vector<int>& subjectCodes)
+std::vector<DivisionMark> StudentsListRepository::LoadMarks(const SchoolScope& scope,
+                                                            const std::vector<int>& divisionCodes,
+                                                            const std::vector<int>& subjectCodes)
 {
-    std::vector<ListedMark> marks;
+    std::vector<DivisionMark> marks;
     store::Statement rows = QueryCodes(
         main_,
-        QStringLiteral("SELECT StudentCode, DivisionCode, SubjectCode, Mark FROM MarkMaster WHERE "
-                       "AcademicYearCode = ? AND ExamCode = ? AND ClassCode = ? AND DivisionCode IN (%1)"),
-        divisionCodes, scope.academicYearCode, scope.examCode, scope.classCode);
-    while (rows.Next()) {
-        const int subject = rows.Int(2);
-        if (!rows.IsNull(3) &&
-            std::find(subjectCodes.begin(), subjectCodes.end(), subject) != subjectCodes.end())
-            marks.push_back({rows.Int(0), rows.Int(1), subject, rows.Double(3)});
-    }
+        QStringLiteral("SELECT DivisionCode, SubjectCode, Mark FROM MarkMaster WHERE AcademicYearCode = ? "
+                       "AND ExamCode = ? AND ClassCode = ? AND Mark IS NOT NULL AND DivisionCode IN (%1) "
+                       "AND SubjectCode IN (%2)"),
+        {divisionCodes, subjectCodes}, scope.academicYearCode, scope.examCode, scope.classCode);
+    while (rows.Next())
+        marks.push_back({rows.Int(0), rows.Int(1), rows.Double(2)});
     return marks;
 }
 

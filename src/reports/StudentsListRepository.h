@@ -25,8 +25,8 @@ public:
 
 private:
     CodedTexts LoadSubjects(const std::vector<int>& subjectCodes);
-    std::vector<ListedMark> LoadMarks(const SchoolScope& scope, const std::vector<int>& divisionCodes,
-                                      const std::vector<int>& subjectCodes);
+    std::vector<DivisionMark> LoadMarks(const SchoolScope& scope, const std::vector<int>& divisionCodes,
+                                        const std::vector<int>& subjectCodes);
     /// The columns of the marks are named after the subjects.
     static void FillTempClassAverage(store::Transaction& transaction, const SchoolScope& scope,
                                      const std::vector<int>& divisionCodes, const CodedTexts& subjects,

@@ -46,6 +46,17 @@ TEST(DivisionAverages, HideWhatTheScreenAloneNeeds)
     EXPECT_EQ(list.Column(0).alignment, Qt::AlignHCenter | Qt::AlignVCenter);
 }
 
+TEST(DivisionAverages, HaveColumnsOfTheWidthsThatTheOfficeKnows)
+{
+    const GridTable list =
+        ShowClassDivisionAverages({.setup = {Subject(1, 1, "Eng")}, .marks = {}}, Choice({1}));
+    std::vector<int> twips;
+    for (int col = 0; col < list.Cols(); ++col)
+        if (!list.Column(col).hidden)
+            twips.push_back(list.Column(col).twips);
+    EXPECT_EQ(twips, (std::vector{525, 500, 500, 600}));
+}
+
 TEST(DivisionAverages, StayBlankWithoutMarksOrWithoutTheSubject)
 {
     const DivisionAverageInput input{

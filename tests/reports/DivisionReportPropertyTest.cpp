@@ -223,8 +223,10 @@ TEST_P(ClassesOfChance, ListTheStudentsThatAreComparedOneByOne)
                 QString cell;
                 if (entry != random.entries.end()) {
                     const bool zero = entry->hundredths == 0;
-                    // A zero lies below everything, also below an average that nobody has made.
-                    if (below ? zero || entry->hundredths < limit : !zero && entry->hundredths > limit)
+                    // A zero lies below everything, also below an average that nobody has made; above that
+                    // lies nothing.
+                    const bool above = !zero && (given || !limitText.isEmpty()) && entry->hundredths > limit;
+                    if (below ? zero || entry->hundredths < limit : above)
                         cell = FormatMark(entry->hundredths / 100.0, options.markDecimals);
                 }
                 counts[number] += cell.toDouble() > 0 || (below && !cell.isEmpty()) ? 1 : 0;

@@ -206,13 +206,19 @@ TEST_P(EveryCombinationOfMarks, TicksExactlyTheUsableDivisions)
 
 INSTANTIATE_TEST_SUITE_P(OfThreeDivisions, EveryCombinationOfMarks, testing::Range(0, 64));
 
-TEST(BaseDivision, HasSubjectsToShowByTheOption)
+TEST(SubjectsOfADivision, AreShownByTheOptionInTheOrderOfTheSetUp)
 {
-    const std::vector<SubjectSetup> setup{Subject(1, 1, false), Subject(2, 1)};
-    EXPECT_FALSE(TakesSubjects(setup, 1, Taken));
-    EXPECT_TRUE(TakesSubjects(setup, 1, All));
-    EXPECT_TRUE(TakesSubjects(setup, 2, Taken));
-    EXPECT_FALSE(TakesSubjects(setup, 3, All));
+    const std::vector<SubjectSetup> setup{Subject(1, 3), Subject(2, 1), Subject(1, 1, false), Subject(1, 2)};
+    const auto codes = [&setup](int division, SubjectDisplay display) {
+        Codes found;
+        for (const SubjectSetup& subject : SubjectsOf(setup, division, display))
+            found.push_back(subject.subjectCode);
+        return found;
+    };
+    EXPECT_EQ(codes(1, Taken), (Codes{3, 2}));
+    EXPECT_EQ(codes(1, All), (Codes{3, 1, 2}));
+    EXPECT_EQ(codes(2, Taken), (Codes{1}));
+    EXPECT_EQ(codes(3, All), Codes());
 }
 
 std::string Texts(const std::vector<ListItem>& items)

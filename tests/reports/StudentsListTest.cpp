@@ -24,13 +24,7 @@ StudentsListInput Class(AverageSide side)
     const auto zero = below ? std::optional<double>(StoredZero) : std::nullopt;
     return {.subjects = {{1, QStringLiteral("Eng")}, {2, QStringLiteral("Mat")}},
             .setup = {Subject(1), Subject(2, 50)},
-            .marks = {{1, 1, 1, 90},
-                      {1, 1, 2, 10},
-                      {2, 1, 1, 0},
-                      {2, 1, 2, 45},
-                      {3, 1, 1, 60},
-                      {4, 1, 1, 0},
-                      {4, 1, 2, 0}},
+            .marks = {{1, 1, 90}, {1, 2, 10}, {1, 1, 0}, {1, 2, 45}, {1, 1, 60}, {1, 1, 0}, {1, 2, 0}},
             .students = {{QStringLiteral("Asha(A1)"), Marks{90.0, 10.0}},
                          {QStringLiteral("Binu(A2)"), Marks{zero, 45.0}},
                          {QStringLiteral("Cara(A3)"), Marks{60.0, std::nullopt}},
@@ -95,7 +89,7 @@ TEST(StudentsBesideAnAverage, AreNotThoseWhoHaveExactlyIt)
 {
     StudentsListInput input{.subjects = {{1, QStringLiteral("Eng")}},
                             .setup = {Subject(1)},
-                            .marks = {{1, 1, 1, 40}, {2, 1, 1, 60}, {3, 1, 1, 50}},
+                            .marks = {{1, 1, 40}, {1, 1, 60}, {1, 1, 50}},
                             .students = {{QStringLiteral("Asha(1)"), Marks{50.0}}}};
     for (const auto& options :
          {Below(), Above(), Given(AverageSide::Below, "50"), Given(AverageSide::Above, "50")})
@@ -144,7 +138,7 @@ TEST(StudentsBesideAnAverage, AreShownWithTheDecimalsThatTheOfficeUses)
 {
     StudentsListInput input{.subjects = {{1, QStringLiteral("Eng")}},
                             .setup = {Subject(1)},
-                            .marks = {{1, 1, 1, 100}},
+                            .marks = {{1, 1, 100}},
                             .students = {{QStringLiteral("Asha(1)"), Marks{10.5}},
                                          {QStringLiteral("Binu(2)"), Marks{11.5}},
                                          {QStringLiteral("Cara(3)"), Marks{0.3}},
@@ -182,7 +176,7 @@ TEST(StudentsBelow, WhoWereAllAbsentAreListedWithZerosAndThereIsNoAverage)
 {
     const StudentsListInput below{.subjects = {{1, QStringLiteral("Eng")}},
                                   .setup = {Subject(1)},
-                                  .marks = {{1, 1, 1, 0}, {2, 1, 1, 0}},
+                                  .marks = {{1, 1, 0}, {1, 1, 0}},
                                   .students = {{QStringLiteral("Asha(1)"), Marks{StoredZero}}}};
     EXPECT_EQ(GridText(ListStudents(below, Below())), "|Student Name (Admission No)|Eng\n"
                                                       "|Asha(1)|0.00\n"
@@ -203,6 +197,33 @@ TEST(StudentsBesideAnAverage, AreNotMeasuredByMarksOutOfZero)
     }
 }
 
+TEST(StudentsBesideAnAverage, OfASubjectWithoutOneAreThoseWithZerosBelowAndNobodyAbove)
+{
+    const auto list = [](AverageSide side) {
+        StudentsListInput input = Class(side);
+        input.setup = {Subject(1)};
+        return GridText(ListStudents(input, {.side = side, .givenValue = {}, .markDecimals = 0}));
+    };
+    EXPECT_EQ(list(AverageSide::Below), "|Student Name (Admission No)|Eng|Mat\n"
+                                        "|Binu(A2)|0|\n"
+                                        "|Cara(A3)|60|\n"
+                                        "|Dev(A4)|0|0\n"
+                                        "|||\n"
+                                        "||75|\n");
+    EXPECT_EQ(list(AverageSide::Above), "|Student Name (Admission No)|Eng|Mat\n"
+                                        "|Asha(A1)|90|\n"
+                                        "|||\n"
+                                        "||75|\n")
+        << "a set-up that is gone names nobody";
+}
+
+TEST(StudentsBesideAnAverage, StandInAColumnThatIsWideFromTheStart)
+{
+    const GridTable list = ListStudents(Class(AverageSide::Below), Below());
+    EXPECT_EQ(list.Column(StudentsListColumn::StudentName).twips, 2500);
+    EXPECT_TRUE(list.Column(StudentsListColumn::Blank).hidden);
+}
+
 TEST(ClassAverages, CountMarksAboveZeroWhetherPresentOrNot)
 {
     EXPECT_EQ(Limits(Class(AverageSide::Below), Below()), "1:75.00 2:55.00");
@@ -211,7 +232,7 @@ TEST(ClassAverages, CountMarksAboveZeroWhetherPresentOrNot)
 TEST(ClassAverages, LeaveOutMarksInDivisionsThatDoNotTakeTheSubject)
 {
     StudentsListInput input = Class(AverageSide::Below);
-    input.marks.push_back({5, 2, 1, 30});
+    input.marks.push_back({2, 1, 30});
     EXPECT_EQ(Limits(input, Below()), "1:75.00 2:55.00");
     input.setup.push_back(Subject(1, 100, 2));
     EXPECT_EQ(Limits(input, Below()), "1:60.00 2:55.00");
@@ -221,7 +242,7 @@ TEST(ClassAverages, OfDifferentMaximumMarksAreThoseOfTheHighest)
 {
     StudentsListInput input = Class(AverageSide::Below);
     input.setup = {Subject(1, 100, 1), Subject(1, 200, 2)};
-    input.marks = {{5, 2, 1, 50}, {1, 1, 1, 90}};
+    input.marks = {{2, 1, 50}, {1, 1, 90}};
     EXPECT_EQ(Limits(input, Below()), "1:25.00");
 }
 
@@ -231,7 +252,7 @@ TEST(ClassAverages, HaveTwoDecimalsBeforeTheyAreComparedWith)
     const StudentsListInput input{
         .subjects = {{1, QStringLiteral("Eng")}},
         .setup = {Subject(1)},
-        .marks = {{1, 1, 1, 66.67}, {2, 1, 1, 66.66}, {3, 1, 1, 66.67}},
+        .marks = {{1, 1, 66.67}, {1, 1, 66.66}, {1, 1, 66.67}},
         .students = {{QStringLiteral("Asha(1)"), Marks{66.67}}, {QStringLiteral("Binu(2)"), Marks{66.66}}}};
     EXPECT_EQ(GridText(ListStudents(input, Below())), "|Student Name (Admission No)|Eng\n"
                                                       "|Binu(2)|66.66\n"
@@ -265,7 +286,7 @@ TEST(StudentsSummary, CountsOnlyMarksThatAreWrittenAboveZeroInTheListAbove)
 {
     const StudentsListInput input{.subjects = {{1, QStringLiteral("Eng")}, {2, QStringLiteral("Mat")}},
                                   .setup = {Subject(1), Subject(2)},
-                                  .marks = {{1, 1, 1, 0.1}, {2, 1, 1, 0.4}, {2, 1, 2, 80}},
+                                  .marks = {{1, 1, 0.1}, {1, 1, 0.4}, {1, 2, 80}},
                                   .students = {{QStringLiteral("Asha(1)"), Marks{0.1, std::nullopt}},
                                                {QStringLiteral("Binu(2)"), Marks{0.4, 80.0}}}};
     const GridTable list = ListStudents(input, Above(0));
@@ -303,7 +324,7 @@ TEST(PrintedDetails, LeaveOutTheFirstStudentAndTheBlankRow)
     const GridTable list = ListStudents(Class(AverageSide::Above), Given(AverageSide::Above, "30"));
     ASSERT_EQ(list.Text(1, 1).toStdString(), "Asha(A1)");
     EXPECT_EQ(Text(PrintedStudents(list)), "Details of List of Students Above Class Average/Given value\n"
-                                           "Student Name:15|Admission No:5|Eng:5|Mat:5\n"
+                                           "Student Name:15|Ad.No:5|Eng:5|Mat:5\n"
                                            "Binu|A2||45.00\n"
                                            "Cara|A3|60.00|\n"
                                            "||30|30");
@@ -312,7 +333,7 @@ TEST(PrintedDetails, LeaveOutTheFirstStudentAndTheBlankRow)
 TEST(PrintedDetails, HoldTheAveragesAloneWhereNobodyOrOneStudentIsListed)
 {
     const std::string averages = "Details of List of Students Above Class Average/Given value\n"
-                                 "Student Name:15|Admission No:5|Eng:5|Mat:5\n"
+                                 "Student Name:15|Ad.No:5|Eng:5|Mat:5\n"
                                  "||75|55";
     EXPECT_EQ(Text(PrintedStudents(ListStudents(Class(AverageSide::Above), Above()))), averages);
     StudentsListInput nobody = Class(AverageSide::Above);
@@ -328,10 +349,35 @@ TEST(PrintedDetails, PartANameWithBracketsFromItsNumberAtTheLastOfThem)
                       {QString(), Marks{92.0, std::nullopt}}};
     EXPECT_EQ(Text(PrintedStudents(ListStudents(input, Above()))),
               "Details of List of Students Above Class Average/Given value\n"
-              "Student Name:15|Admission No:5|Eng:5|Mat:5\n"
+              "Student Name:15|Ad.No:5|Eng:5|Mat:5\n"
               "Binu (S) K|12|91.00|\n"
               "||92.00|\n"
               "||75|55");
+}
+
+TEST(PrintedDetails, CutNamesAndNumbersThatAreLongerThanTheirColumns)
+{
+    StudentsListInput input = Class(AverageSide::Above);
+    input.students = {{QStringLiteral("Asha(A1)"), Marks{90.0, std::nullopt}},
+                      {QStringLiteral("Bartholomew Kurian Paul(A12345)"), Marks{91.0, std::nullopt}},
+                      {QStringLiteral("Cara(7)"), Marks{std::nullopt, 45.0}}};
+    EXPECT_EQ(
+        LayOutText(PrintedStudents(ListStudents(input, Given(AverageSide::Above, "30"))),
+                   {QStringLiteral("Hill School"), QStringLiteral("Hill Road"), QStringLiteral("Kochi")})
+            .toStdString(),
+        "            Hill School\n"
+        "             Hill Road\n"
+        "               Kochi\n"
+        "Details of List of Students Above Class Average/Given value\n"
+        "-----------------------------------\n"
+        "|  Student Name |Ad.No| Eng | Mat |\n"
+        "-----------------------------------\n"
+        "|Bartholomew Kur|A1234|91.00|     |\n"
+        "-----------------------------------\n"
+        "|      Cara     |  7  |     |45.00|\n"
+        "-----------------------------------\n"
+        "|               |     |  30 |  30 |\n"
+        "-----------------------------------\n");
 }
 
 TEST(PrintedSummary, HasALineForEachSubject)
