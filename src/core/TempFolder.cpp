@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -59,10 +58,8 @@ void HideFolder([[maybe_unused]] const QString& folder)
     if (!names.isEmpty() && !names.endsWith('\n'))
         names += '\n';
     names += "Temp\n";
-    QSaveFile list(path);
-    // What only the commit finds no room for is not noticed there.
-    if (list.open(QIODevice::WriteOnly) && list.write(names) == names.size() && list.flush())
-        list.commit();
+    // The folder is seen then, which harms nobody.
+    (void)store::ReplaceFile(path, names);
 #endif
 }
 

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 
 #ifdef Q_OS_WIN
 #include <io.h>
@@ -109,7 +110,7 @@ void RemoveOwnFolder(const QString& folder, const QStringList& files)
     QDir().rmdir(folder);
 }
 
-bool BringToDisk(QFile& file)
+bool BringToDisk(QFileDevice& file)
 {
     if (!file.flush())
         return false;
@@ -118,6 +119,14 @@ bool BringToDisk(QFile& file)
 #else
     return fsync(file.handle()) == 0;
 #endif
+}
+
+bool ReplaceFile(const QString& path, const QByteArray& content, QIODevice::OpenMode mode)
+{
+    QSaveFile file(path);
+    // The commit takes no notice of a disk that only finds itself full when it has to keep the file.
+    return file.open(QIODevice::WriteOnly | mode) && file.write(content) == content.size() &&
+           BringToDisk(file) && file.commit();
 }
 
 const std::array<MoveWay, 3>& MoveWays()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIODevice>
 #include <QString>
 #include <QStringList>
 
@@ -7,7 +8,7 @@
 #include <filesystem>
 #include <system_error>
 
-class QFile;
+class QFileDevice;
 
 namespace tally::store {
 
@@ -24,7 +25,11 @@ bool IsFreeName(const QString& path);
 void RemoveOwnFolder(const QString& folder, const QStringList& files);
 /// Waits until all that was written to the open `file` lies on the disk, where no power cut takes it. False
 /// when it could not be written there.
-[[nodiscard]] bool BringToDisk(QFile& file);
+[[nodiscard]] bool BringToDisk(QFileDevice& file);
+/// Makes `content` the file `path`, of which nobody ever sees a part, and waits until it lies on the disk.
+/// False when that fails: the file that was there before, or none, is there then. `mode` may add Text.
+[[nodiscard]] bool ReplaceFile(const QString& path, const QByteArray& content,
+                               QIODevice::OpenMode mode = QIODevice::WriteOnly);
 /// Gives `file` the name `path` within its own file system. False, and `file` keeps its name, when that name
 /// is taken, or the moment another program takes it: no file is ever replaced. The new name is brought to the
 /// disk too, where the file system does so.

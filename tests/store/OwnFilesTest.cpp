@@ -73,6 +73,22 @@ TEST_F(OwnFiles, WhatADiskHasNoRoomForDoesNotLieOnIt)
     EXPECT_EQ(Read("letter"), "a clerk's letter");
 }
 
+TEST_F(OwnFiles, AReplacedFileIsWholeOrTheOneBefore)
+{
+    const QString path = Path("letter");
+    EXPECT_TRUE(ReplaceFile(path, "a clerk's letter"));
+    EXPECT_EQ(Read("letter"), "a clerk's letter");
+    EXPECT_TRUE(ReplaceFile(path, "short"));
+    EXPECT_EQ(Read("letter"), "short");
+    {
+        const FileSizeLimit full(4);
+        EXPECT_FALSE(ReplaceFile(path, "another letter"));
+    }
+    EXPECT_EQ(Read("letter"), "short");
+    EXPECT_FALSE(ReplaceFile(Path("no folder/letter"), "text"));
+    EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files).join(u' ').toStdString(), "letter");
+}
+
 TEST_F(OwnFiles, ALinkIsNeitherAPlainFileNorAPlainFolderNorAFreeName)
 {
     Write("file", "text");

@@ -6,9 +6,9 @@
 #include "core/ui/Prompts.h"
 #include "store/OwnFiles.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSaveFile>
 
 #include <map>
 #include <memory>
@@ -49,6 +49,9 @@ OwnFile TakeOwnFile(const QString& fileName)
         // A link, or whatever else somebody has put there, is none of the program's files.
         if (!store::IsFreeName(path) && !store::IsPlainFile(path))
             continue;
+        // So is a report that was written under another account, whose owner alone may replace it.
+        if (!store::IsFreeName(path) && !QFile(path).open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+            continue;
         auto lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
         // Age says nothing, only whether the program lives does.
         lock->setStaleLockTime(0);
@@ -71,12 +74,9 @@ QString WriteTextFile(const QString& fileName, const QString& text)
             return {};
         own = OwnFiles().emplace(wanted, std::move(taken)).first;
     }
-    const QByteArray bytes = text.toUtf8();
-    QSaveFile file(own->second.path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text) || file.write(bytes) != bytes.size() ||
-        !file.commit())
-        return {};
-    return own->second.path;
+    const bool written =
+        store::ReplaceFile(own->second.path, text.toUtf8(), QIODevice::WriteOnly | QIODevice::Text);
+    return written ? own->second.path : QString();
 }
 
 } // namespace

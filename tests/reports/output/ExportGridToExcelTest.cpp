@@ -3,6 +3,7 @@
 #include "core/SessionContext.h"
 #include "core/ui/OpenDocument.h"
 #include "core/ui/Prompts.h"
+#include "reports/output/Disk.h"
 #include "reports/output/ExportWorkbook.h"
 #include "reports/output/Workbook.h"
 #include "reports/output/WorkbookReader.h"
@@ -33,36 +34,6 @@ QString Latin(const char* text)
 {
     return QString::fromUtf8(text);
 }
-
-/// What the disk was asked to take for good, and what it refuses.
-struct Disk
-{
-    QHash<QString, qint64> synced; ///< the size at that time, by the name of the file
-    QString fails;                 ///< the name of a file that it cannot take
-};
-
-Disk disk; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
-
-} // namespace
-
-} // namespace tally::test
-
-/// Stands before the function of the system in this program.
-extern "C" int fsync(int descriptor)
-{
-    using tally::test::disk;
-    const QFileInfo file(QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(descriptor)));
-    if (file.fileName() == disk.fails) {
-        errno = EIO;
-        return -1;
-    }
-    disk.synced[file.fileName()] = file.size();
-    return static_cast<int>(syscall(SYS_fsync, descriptor));
-}
-
-namespace tally::test {
-
-namespace {
 
 /// A school, a folder for workbooks, and a spreadsheet program that remembers what it was asked to open.
 class Export : public testing::Test

@@ -2,6 +2,7 @@
 
 #include "core/ProgramFolder.h"
 #include "core/ui/OpenDocument.h"
+#include "reports/output/Disk.h"
 #include "support/AsOrdinaryUser.h"
 #include "support/ExpectedPrompts.h"
 #include "support/FileSizeLimit.h"
@@ -14,6 +15,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace tally::test {
 namespace {
@@ -177,6 +179,42 @@ TEST_F(TextFileTest, OnAFullDiskTheUserIsToldAndTheReportBeforeStands)
     EXPECT_EQ(Files(), "Summary.txt Summary.txt.lock") << "no half of a file is left";
     Show("after\n");
     EXPECT_EQ(read, "after\n");
+}
+
+TEST_F(TextFileTest, ADiskThatIsOnlyFoundFullInTheEndLeavesTheReportBefore)
+{
+    Show("before\n");
+    opened.clear();
+    // The file has no name of its own until it is whole.
+    disk.fails = QStringLiteral("#");
+    prompts.ExpectCritical(NotWritten());
+    Show("after\n");
+    prompts.Verify();
+    disk.fails.clear();
+    EXPECT_EQ(opened.toStdString(), "");
+    EXPECT_EQ(Content(QStringLiteral("Summary.txt")), "before\n");
+    EXPECT_EQ(Files(), "Summary.txt Summary.txt.lock");
+}
+
+TEST_F(TextFileTest, AReportThatSomebodyElseHasLeftAndNobodyMayReplaceIsPassedOver)
+{
+    QFile theirs(Path(QStringLiteral("Summary.txt")));
+    ASSERT_TRUE(theirs.open(QIODevice::WriteOnly));
+    theirs.write("theirs");
+    theirs.close();
+    constexpr auto OwnerWrites = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther;
+    ASSERT_TRUE(theirs.setPermissions(OwnerWrites));
+    // Everybody may write into such a folder, and replace nothing but his own.
+    constexpr mode_t EachHisOwn = S_ISVTX | S_IRWXU | S_IRWXG | S_IRWXO;
+    ASSERT_EQ(chmod(QFile::encodeName(ProgramFolder()).constData(), EachHisOwn), 0);
+    {
+        const AsOrdinaryUser clerk;
+        Show("mine\n");
+        prompts.Verify();
+    }
+    EXPECT_EQ(opened.toStdString(), "Summary 2.txt");
+    EXPECT_EQ(read, "mine\n");
+    EXPECT_EQ(Content(QStringLiteral("Summary.txt")), "theirs");
 }
 
 TEST_F(TextFileTest, AFolderThatCannotBeWrittenIsTold)
