@@ -4,7 +4,6 @@
 #include "core/SessionContext.h"
 #include "core/ui/controls/CheckList.h"
 #include "core/ui/controls/DataCombo.h"
-#include "core/ui/FormKeys.h"
 #include "core/ui/Screen.h"
 #include "core/ui/SelectAllBox.h"
 
@@ -14,7 +13,6 @@ DivisionTicks::DivisionTicks(Screen* screen, Controls controls, std::function<vo
     : QObject(screen), screen_(screen), controls_(controls),
       ticks_(new SelectAllBox(controls.chkSelectAll, controls.Lstdivision)), changed_(std::move(changed))
 {
-    controls_.cboClass->setProperty(EnterNeedsText, true);
     connect(controls_.cboClass, &DataCombo::Chosen, this, [this] {
         LoadDivisions();
         changed_();
@@ -33,13 +31,16 @@ void DivisionTicks::Load()
 void DivisionTicks::LoadDivisions()
 {
     ticks_->Clear();
-    screen_->Read([this] {
+    const bool isRead = screen_->Read([this] {
         std::vector<ListItem> items;
         for (const auto& [code, name] :
              SchoolListRepository(MainStore()).DivisionsByName(controls_.cboClass->BoundCode()))
             items.push_back({code, name, {}});
         ticks_->SetItems(items);
     });
+    // A class over no divisions could not be chosen again.
+    if (!isRead)
+        controls_.cboClass->SetBoundCode(0);
 }
 
 QString DivisionTicks::Names() const
