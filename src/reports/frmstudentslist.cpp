@@ -132,7 +132,7 @@ void frmstudentslist::cmdView_Click()
         ui_->msgSummary->Show(SummariseStudents(list, definition_.side));
         ShowPanel(static_cast<ReportType>(ui_->cboReportType->BoundCode()));
         ShowReport(std::move(list));
-        SwitchOutput(!input.students.empty());
+        SwitchOutput(!input.students.empty() && !input.subjects.empty());
     });
 }
 

@@ -2,6 +2,7 @@
 #include "reports/DivisionReportScreen.h"
 #include "reports/frmclassdivisionsubjectavg.h"
 #include "reports/output/WorkbookReader.h"
+#include "support/TestPaper.h"
 
 #include <QButtonGroup>
 #include <QLabel>
@@ -568,6 +569,81 @@ TEST_F(DivisionAverageScreen, ASetUpThatIsGoneSinceLeavesAListWithoutSubjects)
     EXPECT_EQ(Row(1), "1|||X|  A");
 }
 
+TEST_F(DivisionAverageScreen, AYearGoneSinceLeavesAListWithoutSubjects)
+{
+    GivenTwoDivisions();
+    OpenForm();
+    ChooseAll();
+    GivenNothingOfTheYear();
+    Press(Button("cmdView"));
+    EXPECT_EQ(GridText(grid->Table()), "Sl.No.|Student Name|Ad.No|Class|Div\n"
+                                       "1|||X|  A\n"
+                                       "2|||X|  B\n");
+}
+
+TEST_F(DivisionAverageScreen, AMarkGoneSinceCountsNowhere)
+{
+    GivenTwoDivisions();
+    OpenForm();
+    ChooseAll();
+    Given("DELETE FROM MarkMaster WHERE AcademicYearCode = 1 AND ExamCode = 1 AND ClassCode = 1 AND "
+          "DivisionCode = 1 AND StudentCode = 3 AND SubjectCode = 1");
+    Press(Button("cmdView"));
+    EXPECT_EQ(Row(2), "2|||X|  B|1|30.00|2|50.00");
+}
+
+TEST_F(DivisionAverageScreen, SixtyExamsAndFortySubjectsAreListedAndCharted)
+{
+    GivenManyExamsAndSubjects();
+    OpenForm();
+    EXPECT_EQ(exams->count(), ManyExams + 1);
+    Choose("Cboexamname", QStringLiteral("Test 60"));
+    EXPECT_TRUE(classes->isEnabled());
+    ChooseAll();
+    Press(Button("cmdView"));
+    EXPECT_EQ(grid->Cols(), 5 + 2 * ManySubjects);
+    EXPECT_EQ(grid->TextMatrix(1, 84), QStringLiteral("63.33"));
+    Press(Button("cmdChart"));
+    EXPECT_EQ(ChartRows(), "X A" + QStringLiteral("|63.33").repeated(ManySubjects).toStdString());
+    Press(Button("cmdExport"));
+    EXPECT_EQ(WorkbookReader(output->workbook).At(QStringLiteral("AQ8")).value.toDouble(), 63.33);
+}
+
+TEST_F(DivisionAverageScreen, TheLongestNamesKeepScreenPagesAndChartInShape)
+{
+    GivenTwoDivisions();
+    GivenLongNames();
+    window->setWindowState(Qt::WindowNoState);
+    window->resize(800, 600);
+    OpenForm();
+    const int widest = form->width();
+    ChooseAllWithLongNames();
+    Press(Button("cmdView"));
+    EXPECT_LE(form->minimumSizeHint().width(), widest);
+    EXPECT_EQ(grid->TextMatrix(1, 4), QStringLiteral("  Aww"));
+    Press(Button("cmdPrint"));
+    ASSERT_EQ(output->printed.size(), 1U);
+    TestPaper paper(output->printed[0].orientation);
+    output->printed[0].paint(paper);
+    for (const TestPaper::Page& page : paper.Pages())
+        for (const TestPaper::Word& word : page.words)
+            EXPECT_TRUE(paper.Edges().contains(word.place)) << word.text.toStdString();
+    Press(Button("cmdChart"));
+    EXPECT_NE(ScreenRegistry::OpenInstance(QStringLiteral("frmStudentExamAvgChart")), nullptr);
+}
+
+TEST_F(DivisionAverageScreen, RowsAreAsHighAsTheOfficeKnowsThem)
+{
+    GivenTwoDivisions();
+    ShowAverages();
+    EXPECT_GE(grid->RowHeight(1), 21);
+}
+
+TEST_F(DivisionAverageScreen, TheListsOfTheSelectionUseTheRoom)
+{
+    ExpectListsToUseTheRoom("frmclassdivisionsubjectavg");
+}
+
 TEST_F(DivisionAverageScreen, WhatCannotBeReadIsToldAndShowsNothing)
 {
     GivenTwoDivisions();
@@ -594,8 +670,15 @@ TEST_F(DivisionAverageScreen, WhatCannotBeReadIsToldAndShowsNothing)
     Press(allSubjects);
     without("MarkMaster", [&] { Press(Button("cmdView")); });
     ExpectNoList();
-    without("StudentClassDivision", [&] { Choose("cboClass", QStringLiteral("X")); });
+    Choose("cboClass", QStringLiteral(" "));
+    without("StudentClassDivision", [&] {
+        classes->setFocus();
+        PressKey(form, Qt::Key_Down);
+    });
     EXPECT_EQ(divisions->count(), 0);
+    EXPECT_TRUE(classes->IsBlank()) << "a class over no divisions could not be chosen again";
+    Choose("cboClass", QStringLiteral("X"));
+    EXPECT_EQ(Items(divisions), "  A|  B");
 }
 
 TEST_F(DivisionAverageScreen, ADivisionThatCannotBeComparedIsNotAdded)

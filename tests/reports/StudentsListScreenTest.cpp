@@ -3,6 +3,7 @@
 #include "reports/frmstudentslist.h"
 #include "reports/output/WorkbookReader.h"
 #include "support/StoreWords.h"
+#include "support/TestPaper.h"
 
 #include <QButtonGroup>
 #include <QHeaderView>
@@ -315,6 +316,158 @@ TEST_F(StudentsListScreen, AMarkGoneSinceIsInNeitherList)
     EXPECT_EQ(Row(4), "||52.75|65");
 }
 
+TEST_F(StudentsListScreen, ASetUpGoneSinceLeavesZerosBelowAndNobodyAbove)
+{
+    GivenTwoDivisions();
+    const auto view = [this] {
+        ChooseAll();
+        Choose("cboReportType", Detail);
+        Given("CREATE TEMP TABLE Kept AS SELECT * FROM ClassSubjectTeacher WHERE ClassCode = 1 AND "
+              "AcademicYearCode = 1 AND DivisionCode < 10");
+        Given(
+            "DELETE FROM ClassSubjectTeacher WHERE ClassCode = 1 AND AcademicYearCode = 1 AND DivisionCode < "
+            "10");
+        Press(Button("cmdView"));
+        Given("INSERT INTO ClassSubjectTeacher SELECT * FROM Kept");
+        Given("DROP TABLE Kept");
+        return ListText();
+    };
+    OpenBelow();
+    EXPECT_EQ(view(), "|Student Name (Admission No)|Eng|Mat\n"
+                      "|Binu(A2)||0\n"
+                      "|||\n"
+                      "|||\n");
+    OpenAbove();
+    EXPECT_EQ(view(), "|Student Name (Admission No)|Eng|Mat\n"
+                      "|||\n"
+                      "|||\n");
+}
+
+TEST_F(StudentsListScreen, AYearGoneSinceLeavesNothingToTakeAway)
+{
+    GivenTwoDivisions();
+    OpenBelow();
+    ChooseAll();
+    Choose("cboReportType", Detail);
+    GivenNothingOfTheYear();
+    Press(Button("cmdView"));
+    EXPECT_EQ(ListText(), "|Student Name (Admission No)|Eng|Mat\n"
+                          "|||\n"
+                          "|||\n");
+    EXPECT_FALSE(IsEnabled("cmdExport"));
+    EXPECT_FALSE(IsEnabled("cmdPrint"));
+}
+
+TEST_F(StudentsListScreen, WithoutAnySubjectNothingCanLeaveTheScreen)
+{
+    GivenTwoDivisions();
+    OpenBelow();
+    ChooseAll();
+    Choose("cboReportType", Detail);
+    LeaveOthersUnguarded();
+    for (const char* table : {"MarkMaster", "ClassSubjectTeacher", "SubjectMaster"})
+        Session().gcnnMain->Execute(
+            QStringLiteral("DELETE FROM %1 WHERE SubjectCode > 0").arg(QLatin1String(table)));
+    Press(Button("cmdView"));
+    EXPECT_EQ(ListText(), "|Student Name (Admission No)\n|\n|\n");
+    EXPECT_FALSE(IsEnabled("cmdExport"));
+    EXPECT_FALSE(IsEnabled("cmdPrint"));
+}
+
+TEST_F(StudentsListScreen, WhatWasSeenLeavesTheScreenWhateverHappenedSince)
+{
+    GivenTwoDivisions();
+    OpenBelow();
+    Proceed(Detail);
+    GivenNothingOfTheYear();
+    Press(Button("cmdExport"));
+    EXPECT_EQ(WorkbookReader(output->workbook).At(QStringLiteral("A9")).value, QStringLiteral("Cara(A3)"));
+    Press(Button("cmdPrint"));
+    ASSERT_EQ(output->printed.size(), 1U);
+    TestPaper paper(output->printed[0].orientation);
+    output->printed[0].paint(paper);
+    EXPECT_TRUE(paper.Holds(0, "|Cara(A3)|50")) << paper.Text(0);
+}
+
+TEST_F(StudentsListScreen, TheTextOfWhatWasSeenIsPrintedWhateverHappenedSince)
+{
+    GivenTwoDivisions();
+    OpenAbove();
+    Proceed(Detail);
+    GivenNothingOfTheYear();
+    Press(Button("cmdPrint"));
+    EXPECT_TRUE(output->text.contains(QLatin1String("Cara"))) << output->text.toStdString();
+}
+
+TEST_F(StudentsListScreen, SixtyExamsAndFortySubjectsAreListedAndPrinted)
+{
+    GivenManyExamsAndSubjects();
+    OpenAbove();
+    EXPECT_EQ(exams->count(), ManyExams + 1);
+    Choose("Cboexamname", QStringLiteral("Test 60"));
+    EXPECT_TRUE(classes->isEnabled());
+    Proceed(Detail);
+    EXPECT_EQ(grid->Cols(), 2 + ManySubjects);
+    EXPECT_EQ(grid->Rows(), 5);
+    EXPECT_EQ(grid->TextMatrix(2, 1), QStringLiteral("Cara(A3)"));
+    EXPECT_EQ(grid->TextMatrix(2, 41), QStringLiteral("90"));
+    EXPECT_EQ(grid->TextMatrix(4, 41), QStringLiteral("63.33"));
+    Press(Button("cmdPrint"));
+    const QStringList lines = output->text.split(u'\n');
+    EXPECT_EQ(lines.filter(QStringLiteral("Cara")),
+              QStringList(QStringLiteral("|      Cara     |  A3 |") +
+                          QStringLiteral("  90 |").repeated(ManySubjects)));
+    EXPECT_TRUE(lines.contains(QString(23 + 6 * ManySubjects, u'-')));
+    Press(Button("cmdExport"));
+    EXPECT_EQ(WorkbookReader(output->workbook).At(QStringLiteral("AO9")).value, QStringLiteral("90"));
+}
+
+TEST_F(StudentsListScreen, TheLongestNamesKeepScreenPagesAndTextInShape)
+{
+    GivenTwoDivisions();
+    GivenLongNames();
+    window->setWindowState(Qt::WindowNoState);
+    window->resize(800, 600);
+    OpenAbove();
+    const int widest = form->width();
+    ChooseAllWithLongNames();
+    Choose("cboReportType", Detail);
+    Press(Button("cmdView"));
+    EXPECT_LE(form->minimumSizeHint().width(), widest);
+    EXPECT_EQ(grid->TextMatrix(2, 1), LongName('C', 100) + QStringLiteral("(A3)"));
+    EXPECT_LT(grid->ColWidth(1), grid->viewport()->width() / 2) << "the marks are to be seen beside it";
+
+    Press(Button("cmdPrint"));
+    const QString line = output->text.split(u'\n').filter(QStringLiteral("|Cwww")).value(0);
+    EXPECT_EQ(line.toStdString(), "|Cwwwwwwwwwwwwww|  A3 |  46 |     |");
+
+    form->activateWindow();
+    PressKey(form, Qt::Key_P, Qt::ControlModifier);
+    ASSERT_EQ(output->printed.size(), 1U);
+    TestPaper paper(output->printed[0].orientation);
+    output->printed[0].paint(paper);
+    for (const TestPaper::Page& page : paper.Pages())
+        for (const TestPaper::Word& word : page.words)
+            EXPECT_TRUE(paper.Edges().contains(word.place)) << word.text.toStdString();
+}
+
+TEST_F(StudentsListScreen, ThePlaceOfAClearedListKeepsItsBox)
+{
+    GivenTwoDivisions();
+    OpenBelow();
+    Proceed(Detail);
+    EXPECT_GE(grid->RowHeight(1), 21);
+    EXPECT_EQ(grid->ColWidth(0), 0);
+    Tick(subjects, 0);
+    ExpectNoList();
+    EXPECT_GT(grid->ColWidth(0), 0);
+}
+
+TEST_F(StudentsListScreen, TheListsOfTheSelectionUseTheRoom)
+{
+    ExpectListsToUseTheRoom("frmstudentslistbelow");
+}
+
 TEST_F(StudentsListScreen, AMaximumMarkOfNothingGivesNoAverage)
 {
     GivenTwoDivisions();
@@ -414,6 +567,8 @@ TEST_F(StudentsListScreen, TheListAboveIsExportedAsItIsShown)
               QStringLiteral("Exam Name :Term One Class :X Division : A,B"));
     EXPECT_EQ(summary.At(QStringLiteral("A8")).value, QStringLiteral("Eng"));
     EXPECT_EQ(summary.At(QStringLiteral("B8")).value, QStringLiteral("2"));
+    EXPECT_EQ(Find<FlexGrid>(form, "msgSummary")->TextMatrix(1, 2), QStringLiteral("60"));
+    EXPECT_FALSE(summary.At(QStringLiteral("C8")).value.contains(QLatin1String("60"))) << "it is hidden";
     Choose("cboReportType", Detail);
     Press(Button("cmdView"));
     Press(Button("cmdExport"));
