@@ -41,6 +41,8 @@
 
 #include <QDir>
 
+#include <utility>
+
 // The resources of a static library are linked only where they are asked for, and by a name outside all
 // namespaces.
 static void InitResources()
@@ -52,10 +54,16 @@ namespace tally {
 
 namespace {
 
+void Enter(const char* formName, ScreenRegistry::Factory factory)
+{
+    if (!ScreenRegistry::Register(QString::fromLatin1(formName), std::move(factory)))
+        qFatal("The screen %s is entered twice", formName);
+}
+
 template <typename Form>
 void Register(const char* formName)
 {
-    ScreenRegistry::Register(QString::fromLatin1(formName), [] { return new Form; });
+    Enter(formName, [] { return new Form; });
 }
 
 /// Screens that are one class and a table of definitions.
@@ -63,8 +71,7 @@ template <typename Form, typename Definitions>
 void RegisterEach(const Definitions& definitions)
 {
     for (const auto& definition : definitions)
-        ScreenRegistry::Register(QString::fromLatin1(definition.formName),
-                                 [&definition] { return new Form(definition); });
+        Enter(definition.formName, [&definition] { return new Form(definition); });
 }
 
 } // namespace
@@ -95,10 +102,6 @@ void RegisterScreens()
     Register<frmPromotionEntry>("frmPromotionEntry");
     Register<frmRankCalculation>("frmRankCalculation");
     Register<frmRankCardPrinting>("frmRankCardPrinting");
-    for (const ExamComparison& report : ExamComparisons())
-        ScreenRegistry::Register(QString::fromLatin1(report.formName),
-                                 [&report] { return new frmExamComparison(report); });
-    Register<frmstudentyearlyexamavg>("frmstudentyearlyexamavg");
     RegisterEach<frmstudentslist>(StudentsListDefinitions());
     RegisterEach<frmExamComparison>(ExamComparisons());
     Register<frmclassdivisionsubjectavg>("frmclassdivisionsubjectavg");
@@ -110,7 +113,11 @@ void RegisterScreens()
     Register<frmTeacherMaster>("frmTeacherMaster");
     Register<frmTeacherSearch>("frmTeacherSearch");
     Register<frmUtilOptions>("frmUtilOptions");
+    RegisterCommands();
+}
 
+void RegisterCommands()
+{
     // The menus in which these stand are the window's own.
     MenuCommands::Register(QStringLiteral("Lock"), [] { frmStartLock::Lock(mdiTallyboard::Instance()); });
     MenuCommands::Register(QStringLiteral("Close"), [] { mdiTallyboard::Instance()->mnuClose_Click(); });

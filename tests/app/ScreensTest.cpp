@@ -30,6 +30,18 @@ TEST(ScreensTest, EveryScreenOfTheProgramIsReachableFromTheMenus)
         "frmUtilApplicationDateChange frmUtilUserMaster frmUtilOptions AboutUs");
 }
 
+TEST(ScreensTest, ASecondScreenOfOneNameIsRefused)
+{
+    const QString about = QStringLiteral("AboutUs");
+    EXPECT_FALSE(ScreenRegistry::Register(about, [] { return nullptr; }));
+    const auto made = ScreenRegistry::Forget(about);
+    ASSERT_TRUE(made);
+    EXPECT_FALSE(ScreenRegistry::Knows(about));
+    EXPECT_FALSE(ScreenRegistry::Forget(about));
+    EXPECT_TRUE(ScreenRegistry::Register(about, made));
+    EXPECT_TRUE(ScreenRegistry::Knows(about));
+}
+
 TEST(ScreensTest, EveryCommandOfTheProgramHasAMenuEntryAndNoEntryTakesOneForTheOther)
 {
     QStringList entries;

@@ -2,12 +2,15 @@
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/ScreenRegistry.h"
 #include "masters/TeacherFixture.h"
+#include "support/StandIn.h"
 
 #include <QFocusEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
 #include <array>
+#include <memory>
+#include <vector>
 
 namespace tally::test {
 namespace {
@@ -28,8 +31,8 @@ protected:
     {
         TeacherFixture::SetUp();
         for (const char* name : Masters)
-            ScreenRegistry::Register(QString::fromLatin1(name),
-                                     [name] { return new BlankMaster(QString::fromLatin1(name)); });
+            masters.push_back(std::make_unique<StandIn>(
+                QString::fromLatin1(name), [name] { return new BlankMaster(QString::fromLatin1(name)); }));
         StartNew();
         Choose("dbcStateName", QStringLiteral("Kerala"));
         Choose("dbcCityName", QStringLiteral("Kochi"));
@@ -39,9 +42,10 @@ protected:
     void TearDown() override
     {
         TeacherFixture::TearDown();
-        for (const char* name : Masters)
-            ScreenRegistry::Forget(QString::fromLatin1(name));
+        masters.clear();
     }
+
+    std::vector<std::unique_ptr<StandIn>> masters;
 
     Screen* OnTop(const char* name)
     {

@@ -23,14 +23,17 @@ QHash<QString, Entry>& Entries()
 
 } // namespace
 
-void Register(const QString& formName, Factory factory)
+bool Register(const QString& formName, Factory factory)
 {
+    if (Knows(formName))
+        return false;
     Entries()[formName].factory = std::move(factory);
+    return true;
 }
 
-void Forget(const QString& formName)
+Factory Forget(const QString& formName)
 {
-    Entries().remove(formName);
+    return Entries().take(formName).factory;
 }
 
 QStringList Names()

@@ -15,10 +15,10 @@ namespace ScreenRegistry {
 
 using Factory = std::function<Screen*()>;
 
-/// Enters a screen. A second entry under the same name takes the place of the first.
-void Register(const QString& formName, Factory factory);
-/// Takes a screen out again, for tests that entered one of their own.
-void Forget(const QString& formName);
+/// Enters a screen. False for a name that is entered already; then the first entry stays.
+bool Register(const QString& formName, Factory factory);
+/// Takes a screen out and gives how it was made; null for a name that is not registered.
+Factory Forget(const QString& formName);
 bool Knows(const QString& formName);
 /// All screens that are entered, in the order of the alphabet.
 QStringList Names();

@@ -181,7 +181,7 @@ TEST_F(MenuTreeTest, AnEntryWhoseCommandIsMissingLeadsNowhere)
     MenuCommands::Forget(QStringLiteral("Lock"));
     EXPECT_FALSE(LeadsSomewhere(entry));
     EXPECT_FALSE(lockOfANewBar());
-    RegisterScreens();
+    RegisterCommands();
     EXPECT_TRUE(LeadsSomewhere(entry));
 }
 

@@ -1,13 +1,12 @@
 #include "core/shell/frmStartLogin.h"
 
-#include "app/Screens.h"
 #include "core/shell/mdiTallyboard.h"
 #include "core/shell/MenuCommands.h"
 #include "core/ui/controls/ImageButton.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/Screen.h"
-#include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
+#include "support/StandIn.h"
 
 #include <QAction>
 #include <QApplication>
@@ -220,17 +219,12 @@ TEST_F(frmStartLoginTest, ALeafRightWithoutItsGroupLeavesTheGroupOff)
 
 TEST_F(frmStartLoginTest, TwoReportsNeedNoRightEvenWhereTheirMenuIsOff)
 {
-    for (const auto& name :
-         {QStringLiteral("frmRankCardPrinting"), QStringLiteral("frmrptClasssubjectteacher")})
-        ScreenRegistry::Register(name, [name] { return new Screen(name, 0); });
     GivenMary({{QStringLiteral("frmUtilOptions"), QStringLiteral("N")}});
     LogIn(mary, secret);
     EXPECT_TRUE(On("mnufrmRankCardPrinting"));
     EXPECT_TRUE(On("mnufrmrptClassSubjectteacher"));
     EXPECT_FALSE(On("mnufrmrptClassList"));
     EXPECT_FALSE(On("mnuReports"));
-    ScreenRegistry::Forget(QStringLiteral("frmrptClasssubjectteacher"));
-    RegisterScreens();
 }
 
 TEST_F(frmStartLoginTest, ARightInAnotherCaseDoesNotReachItsMenu)
@@ -244,10 +238,9 @@ TEST_F(frmStartLoginTest, ARightToAScreenThatIsMissingEnablesNothing)
 {
     const QString states = QStringLiteral("frmMasStateMaster");
     GivenMary({{states, QStringLiteral("D")}});
-    ScreenRegistry::Forget(states);
+    const StandIn nothing(states);
     LogIn(mary, secret);
     EXPECT_FALSE(On("mnufrmMasStateMaster"));
-    RegisterScreens();
 }
 
 TEST_F(frmStartLoginTest, ACommandOfTheMenusNeedsItsRightAndRunsByItsKeys)
@@ -269,7 +262,6 @@ TEST_F(frmStartLoginTest, ACommandOfTheMenusNeedsItsRightAndRunsByItsKeys)
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_C);
     EXPECT_EQ(runs, 1);
     MenuCommands::Forget(compact);
-    RegisterScreens();
 }
 
 TEST_F(frmStartLoginTest, WithoutItsRightACommandOfTheMenusIsOff)
@@ -282,7 +274,6 @@ TEST_F(frmStartLoginTest, WithoutItsRightACommandOfTheMenusIsOff)
     EXPECT_FALSE(On("mnufrmCompactDatabase"));
     mdiTallyboard::Instance()->MenuItem(QStringLiteral("mnufrmCompactDatabase"))->trigger();
     MenuCommands::Forget(compact);
-    RegisterScreens();
 }
 
 TEST_F(frmStartLoginTest, ARightToACommandThatIsMissingEnablesNothing)
@@ -292,7 +283,6 @@ TEST_F(frmStartLoginTest, ARightToACommandThatIsMissingEnablesNothing)
     GivenMary({{compact, QStringLiteral("D")}});
     LogIn(mary, secret);
     EXPECT_FALSE(On("mnufrmCompactDatabase"));
-    RegisterScreens();
 }
 
 TEST_F(frmStartLoginTest, ThePicturesFollowTheMouse)

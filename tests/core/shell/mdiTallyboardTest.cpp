@@ -8,6 +8,7 @@
 #include "core/ui/ScreenRegistry.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScreenFixture.h"
+#include "support/StandIn.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -467,8 +468,8 @@ TEST_F(mdiTallyboardTest, ANewSystemIsForcedToItsSchoolAndThenToItsYear)
 {
     const QString school = QStringLiteral("frmMasSchoolSetup");
     const QString year = QStringLiteral("frmMasAcademicYearSetup");
-    for (const QString& name : {school, year})
-        ScreenRegistry::Register(name, [name] { return new ForcedScreen(name); });
+    const StandIn forcedSchool(school, [school] { return new ForcedScreen(school); });
+    const StandIn forcedYear(year, [year] { return new ForcedScreen(year); });
 
     Session().gblnSchoolExists = false;
     Session().gblnActiveYearExists = false;
@@ -488,9 +489,6 @@ TEST_F(mdiTallyboardTest, ANewSystemIsForcedToItsSchoolAndThenToItsYear)
     EXPECT_FALSE(AnyChildFormOpen());
     Activate();
     EXPECT_FALSE(AnyChildFormOpen());
-
-    for (const QString& name : {school, year})
-        ScreenRegistry::Forget(name);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
+#include "support/StandIn.h"
 
 #include <QAction>
 #include <QApplication>
@@ -89,7 +90,7 @@ TEST_F(ShowFormTest, AScreenHasOneInstanceUntilItCloses)
 TEST_F(ShowFormTest, HelpOpensAtTheScreensNumberBeforeThePlainPictureWhichStaysUntilTheScreenCloses)
 {
     const QString help = QStringLiteral("frmHelp");
-    ScreenRegistry::Register(help, [help] { return new Screen(help, 0); });
+    const StandIn helpScreen(help, [help] { return new Screen(help, 0); });
     Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
     const qint64 plainPicture = ShownPicture();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
@@ -104,7 +105,6 @@ TEST_F(ShowFormTest, HelpOpensAtTheScreensNumberBeforeThePlainPictureWhichStaysU
     options->Unload();
     Settle();
     EXPECT_NE(ShownPicture(), plainPicture);
-    ScreenRegistry::Forget(help);
 }
 
 TEST_F(ShowFormTest, AScreenFitsTheSmallScreenAndStandsInTheMiddle)
