@@ -1,6 +1,6 @@
 #include "core/ui/controls/CheckList.h"
 
-#include <QScrollBar>
+#include <QPainter>
 #include <QSignalBlocker>
 
 namespace tally {
@@ -16,9 +16,6 @@ CheckList::CheckList(QWidget* parent) : QListWidget(parent)
 {
     setUniformItemSizes(true);
     setSpacing(2);
-    // What no whole line fits into looks as the list does.
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Base);
     connect(this, &QListWidget::itemChanged, this,
             [this](QListWidgetItem* item) { Q_EMIT Ticked(row(item), item->checkState() == Qt::Checked); });
 }
@@ -94,6 +91,17 @@ void CheckList::initViewItemOption(QStyleOptionViewItem* option) const
     // The strong paint is for the item that the keys would tick.
     option->palette.setBrush(QPalette::Highlight, palette().midlight());
     option->palette.setBrush(QPalette::HighlightedText, palette().text());
+}
+
+bool CheckList::event(QEvent* event)
+{
+    const bool handled = QListWidget::event(event);
+    if (const int rest = viewportMargins().bottom(); event->type() == QEvent::Paint && rest > 0) {
+        // What no whole line fits into looks as the list does.
+        const QRect lines = viewport()->geometry();
+        QPainter(this).fillRect(lines.left(), lines.bottom() + 1, lines.width(), rest, palette().base());
+    }
+    return handled;
 }
 
 void CheckList::updateGeometries()

@@ -41,6 +41,7 @@ protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
     void focusInEvent(QFocusEvent* event) override;
     void updateGeometries() override;
+    bool event(QEvent* event) override;
 };
 
 } // namespace tally
