@@ -8,6 +8,7 @@
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/HourGlass.h"
 #include "core/ui/FormKeys.h"
+#include "core/ui/ListRoom.h"
 #include "core/ui/look/CellPaint.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
@@ -438,8 +439,7 @@ void frmRankCalculation::ResetGrid()
 
 QSize frmRankCalculation::sizeHint() const
 {
-    // As much of a long and wide list as most displays can show; a smaller one bounds it.
-    return {1400, 1400};
+    return ListRoom;
 }
 
 QString frmRankCalculation::ExitCaption() const

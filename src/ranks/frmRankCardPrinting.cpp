@@ -9,6 +9,7 @@
 #include "core/ui/controls/HourGlass.h"
 #include "core/ui/DivisionChoice.h"
 #include "core/ui/FormKeys.h"
+#include "core/ui/ListRoom.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
@@ -173,8 +174,7 @@ void frmRankCardPrinting::cmdCancel_Click()
 
 QSize frmRankCardPrinting::sizeHint() const
 {
-    // As much of the cards as most displays can show; a smaller one bounds it.
-    return {1400, 1400};
+    return ListRoom;
 }
 
 } // namespace tally

@@ -2,6 +2,7 @@
 
 #include "core/modTallyboard.h"
 #include "core/ui/controls/FlexGrid.h"
+#include "core/ui/ListRoom.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
 #include "core/ui/ScreenRegistry.h"
@@ -28,7 +29,7 @@ const QString ChartForm = QStringLiteral("frmStudentExamAvgChart");
 
 QSize ReportScreen::sizeHint() const
 {
-    return {1400, 1400};
+    return ListRoom;
 }
 
 void ReportScreen::SetReportControls(const ReportControls& controls)

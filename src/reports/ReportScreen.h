@@ -26,7 +26,7 @@ class ReportScreen : public Screen
     Q_OBJECT
 
 public:
-    /// As much of a list as most displays can show; a smaller one bounds it.
+    /// ListRoom, unless a report is content with less.
     QSize sizeHint() const override;
 
 protected:
