@@ -137,6 +137,34 @@ TEST_P(GridLine, TheTextOfAMarkAndAnyOtherIsReadOnItsGround)
     }
 }
 
+TEST_P(GridLine, ATextStandsAtTheLeftInTheMiddleOrAtTheRightOfItsColumn)
+{
+    constexpr int Twips = 1500;
+    GridTable table({{.head = QStringLiteral("Name"), .twips = Twips},
+                     {.head = QStringLiteral("Sl.No."), .alignment = Qt::AlignCenter, .twips = Twips},
+                     {.head = QStringLiteral("Mark"), .alignment = NumberAlignment, .twips = Twips}});
+    table.AddRow({{QStringLiteral("HHH")}, {QStringLiteral("HHH")}, {QStringLiteral("HHH")}});
+    grid->Show(std::move(table));
+    const auto roomBeside = [this](int col) {
+        const QImage cell = Cell(1, col);
+        const int middle = cell.height() / 2;
+        const QColor ground = cell.pixelColor(0, middle);
+        std::vector<int> ink;
+        for (int x = 0; x < cell.width(); ++x)
+            if (cell.pixelColor(x, middle) != ground)
+                ink.push_back(x);
+        EXPECT_FALSE(ink.empty());
+        return ink.empty() ? std::pair(0, 0) : std::pair(ink.front(), cell.width() - ink.back());
+    };
+    const auto [beforeName, behindName] = roomBeside(0);
+    EXPECT_LT(beforeName, 10);
+    const auto [beforeNumber, behindNumber] = roomBeside(1);
+    EXPECT_NEAR(beforeNumber, behindNumber, 3);
+    const auto [beforeMark, behindMark] = roomBeside(2);
+    EXPECT_LT(behindMark, 10);
+    EXPECT_GT(std::min(behindName, beforeMark), 50);
+}
+
 /// What was painted of a widget.
 class Painted : public QObject
 {

@@ -100,8 +100,11 @@ void PlainDelegate::PaintText(QPainter* painter, const QRect& area, int alignmen
                           painter->fontMetrics().elidedText(text, Qt::ElideRight, area.width()));
         return;
     }
-    // Texts stand at the left and numbers at the right; no list has anything in the middle.
-    const double left = (alignment & Qt::AlignRight) != 0 ? area.width() - size.width() : 0;
+    double left = 0;
+    if ((alignment & Qt::AlignRight) != 0)
+        left = area.width() - size.width();
+    else if ((alignment & Qt::AlignHCenter) != 0)
+        left = (area.width() - size.width()) / 2;
     painter->drawStaticText(QPointF(area.left() + left, area.top() + (area.height() - size.height()) / 2),
                             laidOut);
 }
