@@ -28,15 +28,17 @@ QString Spoken(const ChartTable& table)
     return lines.join(u'\n');
 }
 
-/// The chart on the whole of one page. Its letters are as large there as those of a list.
-void PaintPage(QPagedPaintDevice& paper, const Chart& chart)
+/// The chart on the whole of one page. Its letters are as large there as those of a list. False when the
+/// paper does not take it.
+bool PaintPage(QPagedPaintDevice& paper, const Chart& chart)
 {
     constexpr double UnitsPerInch = 80;
     QPainter painter;
     if (!painter.begin(&paper))
-        return;
+        return false;
     const QSizeF dots(paper.width(), paper.height());
     PaintChart(painter, QRectF(QPointF(), dots), chart, dots * (UnitsPerInch / paper.logicalDpiX()));
+    return painter.end();
 }
 
 } // namespace
@@ -69,7 +71,7 @@ void frmStudentExamAvgChart::cmdPrint_Click()
 {
     const Chart& chart = ui_->mscChart->ShownChart();
     ShowPrintPreview({chart.heads.title, QPageLayout::Landscape,
-                      [chart](QPagedPaintDevice& paper) { PaintPage(paper, chart); }});
+                      [chart](QPagedPaintDevice& paper) { return PaintPage(paper, chart); }});
 }
 
 QSize frmStudentExamAvgChart::sizeHint() const

@@ -166,14 +166,18 @@ QString GridPages::CellText(int row, const Column& column) const
     return column.wraps ? Breakable(text) : text;
 }
 
+QFont GridPages::Letters(int row, const Column& column) const
+{
+    return row == 0 ? PaperFont(LetterSize, true) : CellLetters(grid_.Mark(row, column.source));
+}
+
 double GridPages::RowHeight(int row) const
 {
-    const QFontMetricsF letters(PaperFont(LetterSize, row == 0));
-    double height = letters.height();
+    double height = QFontMetricsF(PaperFont(LetterSize, row == 0)).height();
     for (const Column& column : columns_)
         if (column.wraps)
             height =
-                std::max(height, letters
+                std::max(height, QFontMetricsF(Letters(row, column))
                                      .boundingRect(QRectF(0, 0, column.width - 2 * Padding, Endless),
                                                    Qt::AlignLeft | Qt::TextWordWrap, CellText(row, column))
                                      .height());
@@ -201,7 +205,7 @@ std::vector<std::size_t> GridPages::PageStarts(double room, double roomOfFirst) 
     return starts;
 }
 
-void GridPages::PaintRow(QPainter& painter, int row, double top, double height) const
+void GridPages::PaintRow(QPainter& painter, int row, double top, double height, bool firstOfPage) const
 {
     double left = 0;
     for (const Column& column : columns_) {
@@ -213,11 +217,13 @@ void GridPages::PaintRow(QPainter& painter, int row, double top, double height) 
         painter.setPen(QPen(Rule, LineWidth));
         painter.drawRect(cell);
         painter.setPen(Ink);
-        painter.setFont(row == 0 ? PaperFont(LetterSize, true) : CellLetters(mark));
-        painter.drawText(cell.adjusted(Padding, 0, -Padding, 0),
-                         static_cast<int>(grid_.Column(column.source).alignment) |
-                             (column.wraps ? Qt::TextWordWrap : 0),
-                         CellText(row, column));
+        painter.setFont(Letters(row, column));
+        // A page is read without the one before it.
+        if (firstOfPage || !grid_.Repeats(row, column.source))
+            painter.drawText(cell.adjusted(Padding, 0, -Padding, 0),
+                             static_cast<int>(grid_.Column(column.source).alignment) |
+                                 (column.wraps ? Qt::TextWordWrap : 0),
+                             CellText(row, column));
         left += column.width;
     }
 }
@@ -240,8 +246,8 @@ int GridPages::Paint(QPagedPaintDevice& paper) const
     const std::size_t pages = starts.size() - 1;
 
     for (std::size_t page = 0; page < pages; ++page) {
-        if (page > 0)
-            paper.newPage();
+        if (page > 0 && !paper.newPage())
+            return 0;
         if (page == 0)
             PaintHeadLines(painter, headLines, pageWidth);
         PaintFooter(painter, {0, pageHeight - FooterHeight, pageWidth, FooterHeight}, title_,
@@ -250,10 +256,10 @@ int GridPages::Paint(QPagedPaintDevice& paper) const
         painter.save();
         painter.translate((pageWidth - width_ * scale) / 2, page == 0 ? headHeight : 0);
         painter.scale(scale, scale);
-        PaintRow(painter, 0, 0, headHeight_);
+        PaintRow(painter, 0, 0, headHeight_, true);
         double top = headHeight_;
         for (std::size_t number = starts[page]; number < starts[page + 1]; ++number) {
-            PaintRow(painter, rows_[number], top, heights_[number]);
+            PaintRow(painter, rows_[number], top, heights_[number], number == starts[page]);
             top += heights_[number];
         }
         painter.restore();

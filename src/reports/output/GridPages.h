@@ -2,6 +2,7 @@
 
 #include "core/GridTable.h"
 
+#include <QFont>
 #include <QPageLayout>
 #include <QString>
 
@@ -22,7 +23,7 @@ public:
 
     /// On its side where the list is wider than an upright page at the usual size of letters.
     QPageLayout::Orientation Orientation() const;
-    /// Paints all pages, at least one. Gives their number.
+    /// Paints all pages, at least one. Gives their number; 0 when the paper takes them not or not all.
     int Paint(QPagedPaintDevice& paper) const;
 
 private:
@@ -34,8 +35,9 @@ private:
     };
 
     QString CellText(int row, const Column& column) const;
+    QFont Letters(int row, const Column& column) const;
     double RowHeight(int row) const;
-    void PaintRow(QPainter& painter, int row, double top, double height) const;
+    void PaintRow(QPainter& painter, int row, double top, double height, bool firstOfPage) const;
     /// The rows of the list that each page begins with, and behind the last one.
     std::vector<std::size_t> PageStarts(double room, double roomOfFirst) const;
 

@@ -13,7 +13,7 @@ void ShowGridPreview(const GridTable& grid, const QString& title, const QString&
     const HourGlass hourGlass;
     const auto pages = std::make_shared<GridPages>(grid, title, subTitle);
     ShowPrintPreview(
-        {title, pages->Orientation(), [pages](QPagedPaintDevice& paper) { pages->Paint(paper); }});
+        {title, pages->Orientation(), [pages](QPagedPaintDevice& paper) { return pages->Paint(paper) > 0; }});
 }
 
 } // namespace tally

@@ -3,12 +3,17 @@
 #include "core/SessionContext.h"
 #include "reports/output/GridPrint.h"
 #include "reports/output/PrintPreview.h"
+#include "support/ExpectedPrompts.h"
+#include "support/FileSizeLimit.h"
 #include "support/TableOf.h"
 #include "support/TestPaper.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <algorithm>
@@ -57,6 +62,21 @@ protected:
             for (const TestPaper::Word& word : page.words)
                 EXPECT_TRUE(paper->Edges().contains(word.place)) << word.text.toStdString();
         return paper;
+    }
+
+    /// The window that is open.
+    static QPrintPreviewDialog* Preview()
+    {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (auto* dialog = qobject_cast<QPrintPreviewDialog*>(window); dialog && dialog->isVisible())
+                return dialog;
+        return nullptr;
+    }
+    static QString NotPrinted()
+    {
+        return QStringLiteral(
+            "\"CLASS LIST\" could not be printed. The printer may not be there, or the file "
+            "may not be written.");
     }
 };
 
@@ -148,6 +168,20 @@ TEST_F(GridPagesTest, NumbersStandAtTheRightOfTheirColumn)
     EXPECT_GT(place("5").left(), place("100000").left());
 }
 
+TEST_F(GridPagesTest, WhatRepeatsInAMergedColumnStandsOnceAndAgainAtTheTopOfEachPage)
+{
+    GridTable table({{.head = QStringLiteral("Class"), .merged = true}, {.head = QStringLiteral("Subject")}});
+    constexpr int Subjects = 120;
+    for (int row = 0; row < Subjects; ++row)
+        table.AddRow({{QStringLiteral("X")}, {QStringLiteral("Eng%1").arg(row)}});
+    const auto paper = Print(table);
+    ASSERT_GE(paper->Pages().size(), 2U);
+    for (std::size_t page = 0; page < paper->Pages().size(); ++page) {
+        EXPECT_TRUE(paper->Holds(page, "|Class|Subject|X|Eng")) << page;
+        EXPECT_EQ(QString::fromStdString(paper->Text(page)).count(QStringLiteral("|X|")), 1) << page;
+    }
+}
+
 TEST_F(GridPagesTest, WhatIsHiddenIsNotPrinted)
 {
     GridTable table = TableOf({{{QStringLiteral("Name")}, {QStringLiteral("Code")}},
@@ -206,6 +240,28 @@ TEST_F(GridPagesTest, ARowHigherThanAPageTakesNoMoreThanOne)
     EXPECT_EQ(pages.Paint(paper), 3);
 }
 
+TEST_F(GridPagesTest, ALongTextInBoldLettersHasRoomForAllItsLines)
+{
+    // Of names of every length, some take a line more in bold letters than in others.
+    for (int letters = 20; letters < 120; ++letters) {
+        QString name;
+        while (name.size() < letters)
+            name += QStringLiteral("wm ");
+        GridTable table = Rows(2, name);
+        table.SetMark(1, 1, CellMark::Sum);
+        QRectF next;
+        double end = 0;
+        const auto paper = Print(table);
+        for (const TestPaper::Word& word : paper->Pages()[0].words) {
+            if (word.text == QLatin1String("2"))
+                next = word.place;
+            else if (next.isNull() && word.text.contains(QLatin1String("wm")))
+                end = std::max(end, word.place.bottom());
+        }
+        EXPECT_LE(end, next.top()) << letters;
+    }
+}
+
 TEST_F(GridPagesTest, MarkedCellsKeepTheirPaint)
 {
     GridTable table = Rows(1);
@@ -239,13 +295,64 @@ TEST_F(GridPagesTest, ThePreviewShowsACopyOfItsOwn)
     EXPECT_TRUE(paper.Holds(0, "|3|Asha"));
 }
 
+TEST_F(GridPagesTest, AFileThatCannotBePrintedIntoIsToldOnceAndAfterThePreview)
+{
+    ShowGridPreview(Rows(3), QStringLiteral("CLASS LIST"), {});
+    QPrintPreviewDialog* preview = Preview();
+    ASSERT_NE(preview, nullptr);
+    preview->printer()->setOutputFormat(QPrinter::PdfFormat);
+    preview->printer()->setOutputFileName(QStringLiteral("/no such folder/list.pdf"));
+    auto* pages = preview->findChild<QPrintPreviewWidget*>();
+    ASSERT_NE(pages, nullptr);
+    ExpectedPrompts prompts;
+    // The toolkit warns of a file that cannot be opened.
+    const QtMessageHandler before =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    pages->print();
+    pages->print();
+    qInstallMessageHandler(before);
+    prompts.Verify();
+    prompts.ExpectCritical(NotPrinted());
+    preview->accept();
+    prompts.Verify();
+}
+
+TEST_F(GridPagesTest, AFileForWhichTheDiskHasNoRoomIsTold)
+{
+    const QTemporaryDir folder;
+    ShowGridPreview(Rows(300), QStringLiteral("CLASS LIST"), {});
+    QPrintPreviewDialog* preview = Preview();
+    ASSERT_NE(preview, nullptr);
+    preview->printer()->setOutputFormat(QPrinter::PdfFormat);
+    preview->printer()->setOutputFileName(folder.filePath(QStringLiteral("list.pdf")));
+    ExpectedPrompts prompts;
+    {
+        const FileSizeLimit full(2048);
+        preview->findChild<QPrintPreviewWidget*>()->print();
+    }
+    prompts.ExpectCritical(NotPrinted());
+    preview->accept();
+    prompts.Verify();
+}
+
+TEST_F(GridPagesTest, WhatCameOutOfThePrinterIsNotTold)
+{
+    const QTemporaryDir folder;
+    ShowGridPreview(Rows(300), QStringLiteral("CLASS LIST"), {});
+    QPrintPreviewDialog* preview = Preview();
+    ASSERT_NE(preview, nullptr);
+    preview->printer()->setOutputFormat(QPrinter::PdfFormat);
+    preview->printer()->setOutputFileName(folder.filePath(QStringLiteral("list.pdf")));
+    const ExpectedPrompts prompts;
+    preview->findChild<QPrintPreviewWidget*>()->print();
+    preview->accept();
+    EXPECT_GT(QFileInfo(folder.filePath(QStringLiteral("list.pdf"))).size(), 2048);
+}
+
 TEST_F(GridPagesTest, TheRealPreviewOpensWithoutAPrinterAndClosesAgain)
 {
     ShowGridPreview(Rows(100), QStringLiteral("CLASS LIST"), {});
-    QPrintPreviewDialog* preview = nullptr;
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (auto* dialog = qobject_cast<QPrintPreviewDialog*>(window))
-            preview = dialog;
+    QPrintPreviewDialog* preview = Preview();
     ASSERT_NE(preview, nullptr);
     EXPECT_EQ(preview->windowTitle().toStdString(), "CLASS LIST");
     EXPECT_EQ(preview->printer()->docName().toStdString(), "CLASS LIST");
