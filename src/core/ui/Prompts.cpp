@@ -156,6 +156,8 @@ QString Show(const FileDialog& wanted)
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
         dialog.setDefaultSuffix(SuffixOf(wanted.filter));
+        if (!startIsThere && !wanted.folder.contains(u'/'))
+            dialog.selectFile(wanted.folder);
         break;
     case FileDialog::Kind::Folder:
         dialog.setFileMode(QFileDialog::Directory);
@@ -203,9 +205,9 @@ QString ChooseFile(const QString& title, const QString& folder, const QString& f
     return Show({FileDialog::Kind::Open, title, folder, filter});
 }
 
-QString ChooseFileToSave(const QString& title, const QString& folder, const QString& filter)
+QString ChooseFileToSave(const QString& title, const QString& start, const QString& filter)
 {
-    return Show({FileDialog::Kind::SaveAs, title, folder, filter});
+    return Show({FileDialog::Kind::SaveAs, title, start, filter});
 }
 
 QString ChooseFolder(const QString& title, const QString& folder)

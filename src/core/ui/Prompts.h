@@ -53,15 +53,17 @@ struct FileDialog
 
     Kind kind;
     QString title;
-    QString folder; ///< where it starts; the user's documents where it is empty or gone
+    QString folder; ///< where it starts; the user's documents where it is empty or gone. For SaveAs the name
+                    ///< alone of a file, which is offered there
     QString filter; ///< such as "Database Files (*.mdb)"; empty for all files
 };
 
 /// The file that the user chose, which exists; empty when he chose none.
 QString ChooseFile(const QString& title, const QString& folder, const QString& filter);
 /// The path under which something is to be saved; empty when the user chose none. A name without a suffix
-/// gets the first one of the filter. A file that exists may be chosen: whoever writes it asks first.
-QString ChooseFileToSave(const QString& title, const QString& folder, const QString& filter);
+/// gets the first one of the filter. A file that exists may be chosen: whoever writes it asks first. `start`
+/// is a folder, or the name of a file that is offered.
+QString ChooseFileToSave(const QString& title, const QString& start, const QString& filter);
 /// The folder that the user chose, which exists; empty when he chose none.
 QString ChooseFolder(const QString& title, const QString& folder);
 

@@ -4,6 +4,7 @@
 #include "core/ui/controls/HourGlass.h"
 #include "core/ui/OpenDocument.h"
 #include "core/ui/Prompts.h"
+#include "reports/output/FileName.h"
 #include "reports/output/Workbook.h"
 #include "reports/output/WorkFolder.h"
 #include "store/OwnFiles.h"
@@ -15,16 +16,9 @@ namespace tally {
 
 namespace {
 
-/// A name that every file system takes.
 QString FileName(const QString& title)
 {
-    constexpr int LongestTitle = 70;
-    QString name = title.simplified().left(LongestTitle);
-    for (QChar& letter : name) {
-        if (QStringLiteral("/\\:*?\"<>|").contains(letter) || !letter.isPrint())
-            letter = u'-';
-    }
-    return name + QDateTime::currentDateTime().toString(QStringLiteral(" yyyy-MM-dd HH.mm.ss"));
+    return FileNameOf(title) + QDateTime::currentDateTime().toString(QStringLiteral(" yyyy-MM-dd HH.mm.ss"));
 }
 
 /// Gives the finished file its name, which no other client may have taken meanwhile.

@@ -144,6 +144,21 @@ TEST_F(FileDialogsTest, ANameToSaveGetsTheSuffixOfTheFilterWhereItHasNone)
     EXPECT_EQ(saved("monday", {}), "monday");
 }
 
+TEST_F(FileDialogsTest, ANameThatIsOfferedForAFileOnlyNeedsEnter)
+{
+    QString offered;
+    QTimer::singleShot(0, [&offered] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        offered = dialog->findChild<QLineEdit*>()->text();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    EXPECT_EQ(Prompts::ChooseFileToSave(QStringLiteral("Save"), QStringLiteral("Marks Of Asha.mdb"),
+                                        DatabaseFilter),
+              QString());
+    EXPECT_EQ(offered.toStdString(), "Marks Of Asha.mdb");
+}
+
 TEST_F(FileDialogsTest, WhoeverWritesTheFileAsksWhetherToReplaceIt)
 {
     Answer(QStringLiteral("school.mdb"), Qt::Key_Return);
