@@ -6,31 +6,36 @@
 #include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QBarSet>
+#include <QFontMetricsF>
 #include <QGraphicsLayout>
+#include <QGraphicsPathItem>
 #include <QGraphicsScene>
 #include <QLegend>
-#include <QLegendMarker>
 #include <QLineSeries>
 #include <QPainter>
 #include <QScatterSeries>
+#include <QtMath>
 #include <QValueAxis>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <numbers>
 #include <optional>
 
 namespace tally {
 
 namespace {
 
-/// With more bars than these the numbers over them would lie over one another.
-constexpr int MostNumberedBars = 14;
-/// So many letters have room side by side along the axis of the smallest window.
-constexpr qsizetype LettersAlongAxis = 88;
 constexpr int MostLabelLines = 3;
-/// Upright labels take from the height of the chart.
-constexpr qsizetype MostUprightLetters = 16;
 constexpr int Upright = -90;
+constexpr double MostUpright = 0.3; ///< of the height, for labels that stand upright
+constexpr double MostLegend = 0.4;  ///< of the width
+constexpr int Margin = 9;           ///< around the whole
+// In heights of a letter:
+constexpr double LegendLine = 1.4;
+constexpr double LegendSign = 1.8; ///< the width of what stands before a name
+constexpr double LegendGap = 0.4;
 constexpr double WidestGroup = 0.86; ///< of the room between two labels
 constexpr double WidestBar = 0.1;    ///< of the whole axis
 constexpr double MarkSize = 9;
@@ -40,12 +45,21 @@ constexpr std::array Marks{QScatterSeries::MarkerShapeCircle,   QScatterSeries::
                            QScatterSeries::MarkerShapeTriangle, QScatterSeries::MarkerShapeRotatedRectangle,
                            QScatterSeries::MarkerShapePentagon, QScatterSeries::MarkerShapeStar};
 
-QFont ChartFont(double factor, bool bold = false)
+QFont TitleFont(QFont letters)
 {
-    QFont font = QApplication::font();
-    font.setPointSizeF(font.pointSizeF() * factor);
-    font.setBold(bold);
-    return font;
+    constexpr double Larger = 1.2;
+    if (letters.pixelSize() > 0)
+        letters.setPixelSize(qRound(letters.pixelSize() * Larger));
+    else
+        letters.setPointSizeF(letters.pointSizeF() * Larger);
+    letters.setBold(true);
+    return letters;
+}
+
+QFont Bold(QFont letters)
+{
+    letters.setBold(true);
+    return letters;
 }
 
 /// The drawing takes its texts for markup.
@@ -54,14 +68,14 @@ QString Plain(const QString& text)
     return text.toHtmlEscaped();
 }
 
-/// The words in lines of at most so many letters; nothing where a word has more, or the lines are too many.
-std::optional<QStringList> Lines(const QString& text, qsizetype letters)
+/// The words in lines within the room; nothing where a word is wider, or the lines are too many.
+std::optional<QStringList> Lines(const QString& text, const QFontMetricsF& letters, double room)
 {
     QStringList lines;
     for (const QString& word : text.simplified().split(u' ')) {
-        if (word.size() > letters)
+        if (letters.horizontalAdvance(word) > room)
             return {};
-        if (!lines.isEmpty() && lines.last().size() + 1 + word.size() <= letters)
+        if (!lines.isEmpty() && letters.horizontalAdvance(lines.last() + u' ' + word) <= room)
             lines.last() += u' ' + word;
         else
             lines.append(word);
@@ -69,23 +83,17 @@ std::optional<QStringList> Lines(const QString& text, qsizetype letters)
     return lines.size() <= MostLabelLines ? std::optional(lines) : std::nullopt;
 }
 
-/// Puts blanks before the shorter lines, each about half as wide as a letter, and makes them plain.
-void CenterLines(QStringList& lines)
+/// Puts blanks before the shorter lines and makes them plain.
+void CenterLines(QStringList& lines, const QFontMetricsF& letters)
 {
-    qsizetype longest = 0;
+    double widest = 0;
     for (const QString& line : lines)
-        longest = std::max(longest, line.size());
-    for (QString& line : lines)
-        line = QString(longest - line.size(), QChar::Nbsp) + Plain(line);
-}
-
-/// Cut in its middle, since the names of exams mostly differ at their ends.
-QString Shortened(const QString& text)
-{
-    if (text.size() <= MostUprightLetters)
-        return text;
-    constexpr qsizetype Half = MostUprightLetters / 2;
-    return text.left(Half) + QChar(0x2026) + text.right(Half - 1);
+        widest = std::max(widest, letters.horizontalAdvance(line));
+    const double blank = letters.horizontalAdvance(QChar(QChar::Nbsp));
+    for (QString& line : lines) {
+        const double before = (widest - letters.horizontalAdvance(line)) / 2;
+        line = QString(qRound(before / blank), QChar::Nbsp) + Plain(line);
+    }
 }
 
 struct AxisLabels
@@ -94,19 +102,26 @@ struct AxisLabels
     bool upright = false;
 };
 
-/// Level where all labels have room in some lines, else upright.
-AxisLabels LabelsOf(const ChartTable& table)
+/// Level where each label has room in some lines, else upright and cut in its middle, since the names of
+/// exams mostly differ at their ends. `room` is that of one label when level, and of its length upright.
+AxisLabels LabelsOf(const ChartTable& table, const QFontMetricsF& letters, QSizeF room)
 {
-    const qsizetype letters = LettersAlongAxis / std::max<qsizetype>(1, std::ssize(table.rows));
+    const double level = room.width() - letters.averageCharWidth();
     AxisLabels labels;
-    labels.upright = std::any_of(table.rows.begin(), table.rows.end(), [letters](const ChartTable::Row& row) {
-        return !Lines(row.label, letters);
+    labels.upright = std::any_of(table.rows.begin(), table.rows.end(), [&](const ChartTable::Row& row) {
+        return !Lines(row.label, letters, level);
     });
+    // Where even upright ones would lie over one another, some are left out.
+    const auto apart = static_cast<qsizetype>(std::ceil(letters.height() / std::max(1.0, room.width())));
     for (const ChartTable::Row& row : table.rows) {
-        QStringList lines = labels.upright ? QStringList(Shortened(row.label)) : *Lines(row.label, letters);
-        CenterLines(lines);
+        QStringList lines;
+        if (!labels.upright)
+            lines = *Lines(row.label, letters, level);
+        else if (labels.texts.size() % apart == 0)
+            lines = {letters.elidedText(row.label.simplified(), Qt::ElideMiddle, room.height())};
+        CenterLines(lines, letters);
         QString text = lines.join(QStringLiteral("<br>"));
-        while (labels.texts.contains(text))
+        while (text.isEmpty() || labels.texts.contains(text))
             text += QChar(0x200b);
         labels.texts.append(text);
     }
@@ -154,20 +169,29 @@ KeptTable Kept(const Chart& chart, const ChartHover& hover)
     return hover ? std::make_shared<const ChartTable>(chart.table) : nullptr;
 }
 
-void AddBars(QChart& drawing, const Chart& chart, const ChartColors& colors, const ChartHover& hover)
+/// The bars of a colour that comes again differ in what their edge holds.
+QColor FillOf(qsizetype series, const ChartColors& colors)
 {
-    // Of a colour that comes again, the bars have less and less of it within their edge.
-    constexpr std::array Fill{1.0, 0.3, 0.65};
+    const QColor color = ColorOf(series, colors);
+    constexpr double Light = 0.3;
+    constexpr double Lighter = 0.65;
+    constexpr double Dark = 0.45;
+    const std::array fills{color, Mixed(color, colors.ground, Light), Mixed(color, colors.ground, Lighter),
+                           colors.ground, Mixed(color, colors.text, Dark)};
+    return fills.at(Turn(series, colors) % fills.size());
+}
+
+QBarSeries* AddBars(QChart& drawing, const Chart& chart, const ChartColors& colors, const ChartHover& hover)
+{
     const ChartTable& table = chart.table;
     const KeptTable kept = Kept(chart, hover);
     auto* bars = new QBarSeries;
     for (qsizetype series = 0; series < table.series.size(); ++series) {
-        auto* set = new QBarSet(Plain(table.series[series]));
+        auto* set = new QBarSet(table.series[series]);
         for (const ChartTable::Row& row : table.rows)
             set->append(row.values[static_cast<std::size_t>(series)]);
-        const QColor color = ColorOf(series, colors);
-        set->setPen(QPen(color, 1));
-        set->setBrush(Mixed(color, colors.ground, Fill[Turn(series, colors) % Fill.size()]));
+        set->setPen(QPen(ColorOf(series, colors), 1));
+        set->setBrush(FillOf(series, colors));
         set->setLabelColor(colors.text);
         if (hover)
             QObject::connect(set, &QBarSet::hovered, &drawing, [kept, hover, series](bool on, int row) {
@@ -177,20 +201,40 @@ void AddBars(QChart& drawing, const Chart& chart, const ChartColors& colors, con
     }
     const qsizetype count = table.series.size() * std::ssize(table.rows);
     bars->setBarWidth(std::min(WidestGroup, WidestBar * static_cast<double>(count)));
-    if (count <= MostNumberedBars) {
-        bars->setLabelsVisible(true);
-        bars->setLabelsPosition(QAbstractBarSeries::LabelsOutsideEnd);
-    }
+    bars->setLabelsPosition(QAbstractBarSeries::LabelsOutsideEnd);
     Attach(drawing, bars);
+    return bars;
+}
+
+/// A series as a line.
+struct SeriesLook
+{
+    QPen line;
+    QScatterSeries::MarkerShape mark;
+    QColor fill; ///< of its marks
+    QColor edge;
+};
+
+SeriesLook LookOf(qsizetype series, const ChartColors& colors)
+{
+    constexpr std::array Dashes{Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine,
+                                Qt::DashDotDotLine};
+    // By then each colour has had each mark.
+    constexpr std::size_t FilledTurns = 3;
+    const QColor color = ColorOf(series, colors);
+    const std::size_t turn = Turn(series, colors);
+    const bool filled = turn < FilledTurns;
+    return {.line = QPen(color, LinePen, Dashes.at(turn % Dashes.size())),
+            .mark = Marks.at(static_cast<std::size_t>(series) % Marks.size()),
+            .fill = filled ? color : colors.ground,
+            .edge = filled ? colors.ground : color};
 }
 
 void AddLines(QChart& drawing, const Chart& chart, const ChartColors& colors, const ChartHover& hover)
 {
-    constexpr std::array Dashes{Qt::SolidLine, Qt::DashLine, Qt::DotLine};
     const ChartTable& table = chart.table;
     const KeptTable kept = Kept(chart, hover);
     for (qsizetype series = 0; series < table.series.size(); ++series) {
-        const QColor color = ColorOf(series, colors);
         auto* line = new QLineSeries;
         auto* marks = new QScatterSeries;
         double place = 0;
@@ -199,12 +243,12 @@ void AddLines(QChart& drawing, const Chart& chart, const ChartColors& colors, co
             line->append(point);
             marks->append(point);
         }
-        line->setPen(QPen(color, LinePen, Dashes[Turn(series, colors) % Dashes.size()]));
-        marks->setName(Plain(table.series[series]));
-        marks->setMarkerShape(Marks[static_cast<std::size_t>(series) % Marks.size()]);
+        const SeriesLook look = LookOf(series, colors);
+        line->setPen(look.line);
+        marks->setMarkerShape(look.mark);
         marks->setMarkerSize(MarkSize);
-        marks->setColor(color);
-        marks->setBorderColor(colors.ground);
+        marks->setColor(look.fill);
+        marks->setBorderColor(look.edge);
         if (hover)
             QObject::connect(marks, &QXYSeries::hovered, &drawing,
                              [kept, hover, series](const QPointF& point, bool on) {
@@ -212,40 +256,162 @@ void AddLines(QChart& drawing, const Chart& chart, const ChartColors& colors, co
                              });
         Attach(drawing, line);
         Attach(drawing, marks);
-        const auto ofLine = drawing.legend()->markers(line);
-        for (QLegendMarker* marker : ofLine)
-            marker->setVisible(false);
     }
 }
 
-void AddAxes(QChart& drawing, const Chart& chart, const ChartColors& colors)
+struct Axes
+{
+    QBarCategoryAxis* labels;
+    QValueAxis* values;
+};
+
+void ShowRange(QValueAxis* values, const ChartAxis& range)
+{
+    values->setRange(0, range.top);
+    values->setTickCount(range.Lines());
+    values->setLabelFormat(QStringLiteral("%.%1f").arg(range.Decimals()));
+}
+
+Axes AddAxes(QChart& drawing, const Chart& chart, const ChartColors& colors, const QFont& letters)
 {
     auto* labels = new QBarCategoryAxis;
-    const AxisLabels texts = LabelsOf(chart.table);
-    labels->append(texts.texts);
+    for (std::size_t row = 0; row < chart.table.rows.size(); ++row)
+        labels->append(QString::number(row));
     labels->setTruncateLabels(false);
-    if (texts.upright)
-        labels->setLabelsAngle(Upright);
     labels->setGridLineVisible(false);
     labels->setTitleText(Plain(chart.heads.xAxis));
 
-    const ChartAxis range = AxisOf(chart.table);
     auto* values = new QValueAxis;
-    values->setRange(0, range.top);
-    values->setTickCount(range.Lines());
-    values->setLabelFormat(range.step < 1 ? QStringLiteral("%.1f") : QStringLiteral("%.0f"));
+    ShowRange(values, AxisOf(chart.table));
     values->setTitleText(Plain(chart.heads.yAxis));
 
     for (QAbstractAxis* axis : std::initializer_list<QAbstractAxis*>{labels, values}) {
         axis->setLabelsBrush(colors.text);
         axis->setTitleBrush(colors.text);
-        axis->setLabelsFont(ChartFont(1));
-        axis->setTitleFont(ChartFont(1, true));
+        axis->setLabelsFont(letters);
+        axis->setTitleFont(Bold(letters));
         axis->setLinePen(QPen(colors.text, 1));
         axis->setGridLinePen(QPen(colors.grid, 1));
     }
     drawing.addAxis(labels, Qt::AlignBottom);
     drawing.addAxis(values, Qt::AlignLeft);
+    return {labels, values};
+}
+
+/// The room that the drawing leaves to what stands between its axes.
+QRectF LaidOut(QChart& drawing)
+{
+    drawing.layout()->invalidate();
+    drawing.layout()->activate();
+    return drawing.plotArea();
+}
+
+QPainterPath MarkPath(QScatterSeries::MarkerShape shape)
+{
+    constexpr double Radius = MarkSize / 2;
+    constexpr double Inner = 0.45; ///< of a star
+    constexpr double Pi = std::numbers::pi;
+    const auto path = [](int corners, double inner) {
+        QPolygonF polygon;
+        for (int corner = 0; corner < corners; ++corner) {
+            const double radius = corner % 2 == 0 ? Radius : Radius * inner;
+            const double angle = 2 * Pi * corner / corners;
+            polygon.append(QPointF(std::sin(angle), -std::cos(angle)) * radius);
+        }
+        QPainterPath closed;
+        closed.addPolygon(polygon);
+        closed.closeSubpath();
+        return closed;
+    };
+    QPainterPath round;
+    switch (shape) {
+    case QScatterSeries::MarkerShapeRectangle: round.addRect(-Radius, -Radius, MarkSize, MarkSize); break;
+    case QScatterSeries::MarkerShapeTriangle: return path(3, 1);
+    case QScatterSeries::MarkerShapeRotatedRectangle: return path(4, 1);
+    case QScatterSeries::MarkerShapePentagon: return path(5, 1);
+    case QScatterSeries::MarkerShapeStar: return path(10, Inner);
+    case QScatterSeries::MarkerShapeCircle: round.addEllipse({}, Radius, Radius); break;
+    }
+    return round;
+}
+
+/// What stands for the series before its name.
+void AddSign(QChart& drawing, ChartKind kind, qsizetype series, const ChartColors& colors, const QRectF& room)
+{
+    auto* sign = new QGraphicsPathItem(&drawing);
+    if (kind == ChartKind::Line) {
+        auto* line = new QGraphicsLineItem(
+            QLineF(room.left(), room.center().y(), room.right(), room.center().y()), &drawing);
+        const SeriesLook look = LookOf(series, colors);
+        line->setPen(look.line);
+        line->stackBefore(sign);
+        sign->setPath(MarkPath(look.mark).translated(room.center()));
+        sign->setPen(look.edge);
+        sign->setBrush(look.fill);
+    } else {
+        const double side = room.height() / LegendLine * 0.8;
+        QPainterPath square;
+        square.addRect(room.right() - side, room.center().y() - side / 2, side, side);
+        sign->setPath(square);
+        sign->setPen(QPen(ColorOf(series, colors), 1));
+        sign->setBrush(FillOf(series, colors));
+    }
+}
+
+/// Puts the names of the series to the right, in as many columns as they need. The chart's own legend would
+/// have a single one, from which a chart of many subjects has no way out.
+void AddLegend(QChart& drawing, const Chart& chart, const ChartColors& colors, const ChartRoom& room)
+{
+    const QStringList& names = chart.table.series;
+    const QFontMetricsF letters(room.letters);
+    const double above = QFontMetricsF(TitleFont(room.letters)).height() + 2 * Margin;
+    const double height = std::max(1.0, room.size.height() - above - Margin);
+    const double line = letters.height() * LegendLine;
+    const qsizetype lines =
+        std::min(std::max<qsizetype>(1, static_cast<qsizetype>(height / line)), names.size());
+    const qsizetype columns = (names.size() + lines - 1) / lines;
+    const double sign = letters.height() * LegendSign;
+    const double gap = letters.height() * LegendGap;
+    double widest = 0;
+    for (const QString& name : names)
+        widest = std::max(widest, letters.horizontalAdvance(name));
+    const double column = std::min(sign + gap + std::ceil(widest) + 1 + gap,
+                                   room.size.width() * MostLegend / static_cast<double>(columns));
+    const double width = column * static_cast<double>(columns);
+    const QPointF first(room.size.width() - Margin - width,
+                        above + (height - static_cast<double>(lines) * line) / 2);
+    for (qsizetype series = 0; series < names.size(); ++series) {
+        const QPointF place = first + QPointF(static_cast<double>(series / lines) * column,
+                                              static_cast<double>(series % lines) * line);
+        AddSign(drawing, chart.kind, series, colors, {place, QSizeF(sign, line)});
+        auto* text = new QGraphicsSimpleTextItem(
+            letters.elidedText(names[series], Qt::ElideRight, column - sign - 2 * gap), &drawing);
+        text->setFont(room.letters);
+        text->setBrush(colors.text);
+        text->setPos(place + QPointF(sign + gap, (line - letters.height()) / 2));
+    }
+    drawing.legend()->hide();
+    drawing.setMargins({Margin, Margin, qCeil(width) + 2 * Margin, Margin});
+}
+
+/// What stands at an end of the axis of values is to be seen whole.
+void LetMarksPassTheEdge(const QChart& drawing)
+{
+    for (QGraphicsItem* item : drawing.childItems())
+        item->setFlag(QGraphicsItem::ItemClipsChildrenToShape, false);
+}
+
+/// Whether the numbers over the bars have room side by side.
+bool NumbersHaveRoom(const ChartTable& table, const QBarSeries& bars, const QFontMetricsF& letters,
+                     double width)
+{
+    double widest = 0;
+    for (const ChartTable::Row& row : table.rows)
+        for (const double value : row.values)
+            widest = std::max(widest, letters.horizontalAdvance(PlainNumber(value)));
+    const double bar =
+        width * bars.barWidth() / static_cast<double>(table.series.size() * std::ssize(table.rows));
+    return widest + letters.averageCharWidth() / 2 <= bar;
 }
 
 } // namespace
@@ -267,36 +433,57 @@ ChartColors ColorsOfCharts(bool dark)
              QColor(0x11, 0x00, 0x1e), QColor(0x93, 0x92, 0x7d)}};
 }
 
-std::unique_ptr<QChart> DrawChart(const Chart& chart, const ChartColors& colors, const ChartHover& hover)
+std::unique_ptr<QChart> DrawChart(const Chart& chart, const ChartColors& colors, const ChartRoom& room,
+                                  const ChartHover& hover)
 {
     auto drawing = std::make_unique<QChart>();
     drawing->setBackgroundBrush(colors.ground);
     drawing->setBackgroundRoundness(0);
     drawing->setTitle(Plain(chart.heads.title));
-    drawing->setTitleFont(ChartFont(1.2, true));
+    drawing->setTitleFont(TitleFont(room.letters));
     drawing->setTitleBrush(colors.text);
-    drawing->legend()->setAlignment(Qt::AlignRight);
-    drawing->legend()->setFont(ChartFont(1));
-    drawing->legend()->setLabelColor(colors.text);
-    drawing->legend()->setMarkerShape(chart.kind == ChartKind::Line ? QLegend::MarkerShapeFromSeries
-                                                                    : QLegend::MarkerShapeRectangle);
-    if (chart.table.rows.empty() || chart.table.series.isEmpty())
+    drawing->resize(room.size);
+    const ChartTable& table = chart.table;
+    if (table.rows.empty() || table.series.isEmpty())
         return drawing;
-    AddAxes(*drawing, chart, colors);
+
+    const Axes axes = AddAxes(*drawing, chart, colors, room.letters);
+    AddLegend(*drawing, chart, colors, room);
+    QBarSeries* bars = nullptr;
     if (chart.kind == ChartKind::Line)
         AddLines(*drawing, chart, colors, hover);
     else
-        AddBars(*drawing, chart, colors, hover);
+        bars = AddBars(*drawing, chart, colors, hover);
+
+    const QFontMetricsF letters(room.letters);
+    QRectF plot = LaidOut(*drawing);
+    const AxisLabels labels =
+        LabelsOf(table, letters,
+                 {plot.width() / static_cast<double>(table.rows.size()), room.size.height() * MostUpright});
+    axes.labels->setCategories(labels.texts);
+    if (labels.upright)
+        axes.labels->setLabelsAngle(Upright);
+    plot = LaidOut(*drawing);
+    if (bars && NumbersHaveRoom(table, *bars, letters, plot.width())) {
+        bars->setLabelsVisible(true);
+        ShowRange(axes.values, AxisOf(table, letters.height() / std::max(1.0, plot.height())));
+    }
+    LetMarksPassTheEdge(*drawing);
     return drawing;
 }
 
 void PaintChart(QPainter& painter, const QRectF& room, const Chart& chart, QSizeF size)
 {
+    // Counted in the units of the size: what paper or picture the drawing goes to has other dots than the
+    // display.
+    constexpr int LetterSize = 12;
+    QFont letters = QApplication::font();
+    letters.setPixelSize(LetterSize);
+    letters.setHintingPreference(QFont::PreferNoHinting);
     QGraphicsScene scene;
-    QChart* drawing = DrawChart(chart, ColorsOfCharts(false)).release();
+    QChart* drawing = DrawChart(chart, ColorsOfCharts(false), {size, letters}).release();
     scene.addItem(drawing);
-    drawing->resize(size);
-    drawing->layout()->activate();
+    LaidOut(*drawing);
     scene.setSceneRect(QRectF({}, size));
     scene.render(&painter, room, scene.sceneRect(), Qt::KeepAspectRatio);
 }

@@ -4,6 +4,8 @@
 
 #include <QChart>
 #include <QColor>
+#include <QFont>
+#include <QSizeF>
 #include <QString>
 
 #include <functional>
@@ -29,9 +31,17 @@ ChartColors ColorsOfCharts(bool dark);
 /// Hears of the value under the mouse; an empty text when the mouse has left it.
 using ChartHover = std::function<void(const QString& text)>;
 
-/// The drawing, to be put into a scene. Series beyond the number of colours come in lighter bars with an edge
-/// of their colour, lines with other marks and dashes, so that no two look alike.
-std::unique_ptr<QChart> DrawChart(const Chart& chart, const ChartColors& colors,
+/// What a drawing is to fill, and the letters that it takes.
+struct ChartRoom
+{
+    QSizeF size;
+    QFont letters;
+};
+
+/// The drawing, to be put into a scene; labels, legend and numbers have their places for this room. Series
+/// beyond the number of colours come in bars with an edge of their colour and other fillings, lines with
+/// other marks and dashes, so that no two of forty look alike.
+std::unique_ptr<QChart> DrawChart(const Chart& chart, const ChartColors& colors, const ChartRoom& room,
                                   const ChartHover& hover = {});
 
 /// Paints the chart, light, over the whole of `room`, with letters as large as on a page or picture of

@@ -31,7 +31,14 @@ int ChartAxis::Lines() const
     return static_cast<int>(std::lround(top / step)) + 1;
 }
 
-ChartAxis AxisOf(const ChartTable& chart)
+int ChartAxis::Decimals() const
+{
+    // Beside the step, its logarithm too may lie a hair below a whole number.
+    constexpr double Hair = 1e-9;
+    return std::max(0, static_cast<int>(-std::floor(std::log10(step) + Hair)));
+}
+
+ChartAxis AxisOf(const ChartTable& chart, double free)
 {
     constexpr double MostSteps = 6;
     constexpr std::array Rounds{1.0, 2.0, 5.0, 10.0};
@@ -49,7 +56,11 @@ ChartAxis AxisOf(const ChartTable& chart)
         return largest / (candidate * unit) <= MostSteps + Hair;
     });
     const double step = round * unit;
-    return {std::ceil(largest / step - Hair) * step, step};
+    ChartAxis axis{std::ceil(largest / step - Hair) * step, step};
+    constexpr double MostFree = 0.5;
+    while (axis.top - largest < axis.top * (std::min(free, MostFree) - Hair))
+        axis.top += step;
+    return axis;
 }
 
 } // namespace tally

@@ -67,7 +67,10 @@ struct ChartAxis
     double top = 0;
     double step = 0; ///< between two lines; 1, 2 or 5 and zeros
     int Lines() const;
+    /// So many has the step.
+    int Decimals() const;
 };
-ChartAxis AxisOf(const ChartTable& chart);
+/// At least the share `free` of the axis, half of it at most, lies above the largest value.
+ChartAxis AxisOf(const ChartTable& chart, double free = 0);
 
 } // namespace tally

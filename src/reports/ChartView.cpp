@@ -2,17 +2,18 @@
 
 #include "core/ui/look/Look.h"
 #include "core/ui/Prompts.h"
+#include "reports/output/FileName.h"
+#include "store/OwnFiles.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QBuffer>
 #include <QClipboard>
 #include <QCursor>
 #include <QEvent>
 #include <QFile>
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 #include <QToolTip>
 
@@ -55,20 +56,29 @@ void ChartView::SetChart(const Chart& chart)
 void ChartView::Redraw()
 {
     const QChart* before = chart();
-    setChart(DrawChart(shown_, ColorsOfCharts(IsDark(palette())), [this](const QString& text) {
-                 if (text.isEmpty())
-                     QToolTip::hideText();
-                 else
-                     QToolTip::showText(QCursor::pos(), WrappedToolTip(text), this);
-             }).release());
+    const auto hover = [this](const QString& text) {
+        if (text.isEmpty())
+            QToolTip::hideText();
+        else
+            QToolTip::showText(QCursor::pos(), WrappedToolTip(text), this);
+    };
+    setChart(DrawChart(shown_, ColorsOfCharts(IsDark(palette())), {viewport()->size(), QApplication::font()},
+                       hover)
+                 .release());
     delete before;
 }
 
 void ChartView::changeEvent(QEvent* event)
 {
     QChartView::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange)
         Redraw();
+}
+
+void ChartView::resizeEvent(QResizeEvent* event)
+{
+    QChartView::resizeEvent(event);
+    Redraw();
 }
 
 QImage ChartView::Picture() const
@@ -97,7 +107,7 @@ QByteArray ChartView::Drawing() const
 
 void ChartView::CopyPicture()
 {
-    QGuiApplication::clipboard()->setImage(Picture());
+    QApplication::clipboard()->setImage(Picture());
 }
 
 void ChartView::SavePicture()
@@ -106,25 +116,26 @@ void ChartView::SavePicture()
     QBuffer bytes(&content);
     bytes.open(QIODevice::WriteOnly);
     Picture().save(&bytes, "PNG");
-    Save(QStringLiteral("Pictures (*.png)"), content);
+    Save(QStringLiteral("Pictures (*.png)"), QStringLiteral(".png"), content);
 }
 
 void ChartView::SaveDrawing()
 {
-    Save(QStringLiteral("Drawings (*.svg)"), Drawing());
+    Save(QStringLiteral("Drawings (*.svg)"), QStringLiteral(".svg"), Drawing());
 }
 
-void ChartView::Save(const QString& filter, const QByteArray& content)
+void ChartView::Save(const QString& filter, const QString& ending, const QByteArray& content) const
 {
-    const QString path = Prompts::ChooseFileToSave(QStringLiteral("Save Chart As"), {}, filter);
+    const QString name = FileNameOf(shown_.heads.title);
+    const QString path = Prompts::ChooseFileToSave(QStringLiteral("Save Chart As"),
+                                                   name.isEmpty() ? QString() : name + ending, filter);
     if (path.isEmpty())
         return;
     if (QFile::exists(path) &&
         !Prompts::Ask(
             QStringLiteral("The File \"%1\" Already Exists. Do You Want To Replace It ?").arg(path)))
         return;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+    if (!store::ReplaceFile(path, content))
         Prompts::Critical(
             QStringLiteral("The chart could not be saved as \"%1\". The disk may be full, or you may not "
                            "write there.")

@@ -32,11 +32,12 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void Redraw();
     void AddEntry(const QString& text, const QKeySequence& keys, void (ChartView::*handler)());
-    static void Save(const QString& filter, const QByteArray& content);
+    void Save(const QString& filter, const QString& ending, const QByteArray& content) const;
 
     Chart shown_;
 };

@@ -4,6 +4,7 @@
 #include "store/StoreError.h"
 #include "support/TestStore.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace tally::test {
@@ -93,6 +94,36 @@ TEST(ChartTableTest, TheAxisOfValuesEndsAtARoundNumberThatNoValueExceeds)
         EXPECT_DOUBLE_EQ(axis.step, step) << largest;
         EXPECT_EQ(axis.Lines(), qRound(top / step) + 1) << largest;
     }
+}
+
+TEST(ChartTableTest, TheNumbersAtTheAxisHaveTheDecimalsOfItsStep)
+{
+    const auto decimals = [](double value) {
+        return AxisOf({.labelColumn = "", .series = {QStringLiteral("Eng")}, .rows = {{{}, {value}}}})
+            .Decimals();
+    };
+    EXPECT_EQ(decimals(100), 0);
+    EXPECT_EQ(decimals(6), 0);
+    EXPECT_EQ(decimals(3), 1) << "in halves";
+    EXPECT_EQ(decimals(0.6), 1);
+    EXPECT_EQ(decimals(0.1), 2) << "in steps of 0.02";
+    EXPECT_EQ(decimals(0.01), 3);
+    EXPECT_EQ(AxisOf({}).Decimals(), 0);
+}
+
+TEST(ChartTableTest, AboveTheLargestValueAsMuchOfTheAxisIsFreeAsIsAskedFor)
+{
+    for (const double largest : {100.0, 96.4, 99.99, 0.1, 61.0, 250.0})
+        for (const double free : {0.0, 0.05, 0.2, 0.5}) {
+            const ChartTable chart{
+                .labelColumn = "", .series = {QStringLiteral("Eng")}, .rows = {{{}, {largest}}}};
+            const ChartAxis axis = AxisOf(chart, free);
+            EXPECT_GE(axis.top - largest, axis.top * free - 1e-9) << largest << " with " << free;
+            EXPECT_NEAR(std::remainder(axis.top, axis.step), 0, 1e-9) << largest;
+            const bool stepLess = axis.top - axis.step - largest < (axis.top - axis.step) * free - 1e-9;
+            EXPECT_TRUE(stepLess || axis.top - axis.step < largest)
+                << "no step more than needed, " << largest;
+        }
 }
 
 TEST(ChartTableTest, AChartWithoutRowsHasAnAxisAllTheSame)

@@ -13,7 +13,9 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPdfWriter>
 #include <QSvgRenderer>
+#include <QToolTip>
 
 #include <memory>
 
@@ -59,9 +61,9 @@ protected:
     QString FilePath(const char* name) const { return Folder() + QLatin1Char('/') + QLatin1String(name); }
     void ExpectSaveDialog(const char* filter, const QString& chosen)
     {
-        prompts.ExpectFileDialog({Prompts::FileDialog::Kind::SaveAs,
-                                  QStringLiteral("Save Chart As"),
-                                  {},
+        prompts.ExpectFileDialog({Prompts::FileDialog::Kind::SaveAs, QStringLiteral("Save Chart As"),
+                                  QStringLiteral("Marks Of Asha.") +
+                                      QLatin1String(filter).mid(QLatin1String(filter).size() - 4, 3),
                                   QString::fromLatin1(filter)},
                                  chosen);
     }
@@ -113,7 +115,7 @@ TEST_F(ChartWindow, PrintsOnOnePageOnItsSideInLightColorsWhateverTheDisplayHas)
     EXPECT_EQ(output->printed[0].orientation, QPageLayout::Landscape);
     EXPECT_EQ(output->printed[0].title.toStdString(), "Marks Of Asha");
     TestPaper paper(QPageLayout::Landscape);
-    output->printed[0].paint(paper);
+    EXPECT_TRUE(output->printed[0].paint(paper));
     ASSERT_EQ(paper.Pages().size(), 1U);
     for (const char* text : {"Marks Of Asha", "EXAMS", "MARKS", "Eng", "Annual"})
         EXPECT_TRUE(paper.Holds(0, text)) << text;
@@ -204,6 +206,68 @@ TEST_F(ChartWindow, OnAFullDiskTheUserIsToldAndNoHalfOfAFileIsLeft)
     ChooseEntry("Save As SVG...");
     prompts.Verify();
     EXPECT_FALSE(QFile::exists(FilePath("chart.svg")));
+}
+
+TEST_F(ChartWindow, IntoAFolderThatCannotBeWrittenNothingIsSavedAndTheUserIsTold)
+{
+    Open();
+    const QString path = QStringLiteral("/dev/null/chart.png");
+    ExpectSaveDialog("Pictures (*.png)", path);
+    prompts.ExpectCritical(QStringLiteral("The chart could not be saved as \"%1\". The disk may be full, or "
+                                          "you may not write there.")
+                               .arg(path));
+    ChooseEntry("Save As PNG...");
+    prompts.Verify();
+}
+
+TEST_F(ChartWindow, OffersItsTitleAsAFileNameThatEverySystemTakes)
+{
+    Open();
+    form->ShowChart(TwoExams, {QStringLiteral("Marks Of A/B: <Term>"), {}, {}}, ChartKind::Bar);
+    prompts.ExpectFileDialog({Prompts::FileDialog::Kind::SaveAs, QStringLiteral("Save Chart As"),
+                              QStringLiteral("Marks Of A-B- -Term-.png"), QStringLiteral("Pictures (*.png)")},
+                             {});
+    ChooseEntry("Save As PNG...");
+    form->ShowChart(TwoExams, {}, ChartKind::Bar);
+    prompts.ExpectFileDialog({Prompts::FileDialog::Kind::SaveAs,
+                              QStringLiteral("Save Chart As"),
+                              {},
+                              QStringLiteral("Pictures (*.png)")},
+                             {});
+    ChooseEntry("Save As PNG...");
+}
+
+TEST_F(ChartWindow, PaperThatCannotBePrintedOnIsKnown)
+{
+    Open();
+    Press(Button("cmdPrint"));
+    ASSERT_EQ(output->printed.size(), 1U);
+    QPdfWriter paper(QStringLiteral("/dev/null/chart.pdf"));
+    // The toolkit warns of a file that cannot be opened.
+    const QtMessageHandler before =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    EXPECT_FALSE(output->printed[0].paint(paper));
+    qInstallMessageHandler(before);
+}
+
+TEST_F(ChartWindow, TheMouseOverABarShowsSeriesLabelAndValue)
+{
+    Open();
+    QToolTip::hideText();
+    const auto* bars = qobject_cast<QBarSeries*>(chart->chart()->series().value(0));
+    ASSERT_NE(bars, nullptr);
+    // Within the first bar of the first exam, which stands at the left of its label.
+    const QPointF top = chart->chart()->mapToPosition(QPointF(0, 20), chart->chart()->series().value(0));
+    const double group = chart->chart()->plotArea().width() / 2 * bars->barWidth();
+    const QPoint place = chart->mapFromScene(chart->chart()->mapToScene(top - QPointF(group / 4, 0)));
+    QTest::mouseMove(chart->viewport(), place + QPoint(0, 2));
+    QTest::mouseMove(chart->viewport(), place);
+    ASSERT_TRUE(QTest::qWaitFor([] { return QToolTip::isVisible(); }));
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("Eng"))) << QToolTip::text().toStdString();
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("Mid Term: 56.67")))
+        << QToolTip::text().toStdString();
+    QTest::mouseMove(chart->viewport(), QPoint(3, 3));
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
 }
 
 TEST_F(ChartWindow, CloseAsksWhereTheOfficeWantsToBeAsked)
