@@ -23,8 +23,8 @@ GridTable SetupReportTable(const std::vector<SetupReportRow>& setup)
 {
     constexpr Qt::Alignment Centered = Qt::AlignHCenter | Qt::AlignVCenter;
     GridTable list({{QStringLiteral("Sl.No."), Centered},
-                    {QStringLiteral("Class")},
-                    {QStringLiteral("Division")},
+                    {.head = QStringLiteral("Class"), .merged = true},
+                    {.head = QStringLiteral("Division"), .merged = true},
                     {QStringLiteral("Subject")},
                     {QStringLiteral("Teacher")},
                     {QStringLiteral("Maximum Mark"), NumberAlignment},
@@ -32,21 +32,16 @@ GridTable SetupReportTable(const std::vector<SetupReportRow>& setup)
                     {QStringLiteral("Taken For Rank")},
                     {QStringLiteral("Order"), NumberAlignment}});
     list.Reserve(static_cast<int>(setup.size()));
-    const SetupReportRow* before = nullptr;
-    for (const SetupReportRow& row : setup) {
-        const bool newClass = !before || before->classCode != row.classCode;
-        const bool newDivision = newClass || before->divisionCode != row.divisionCode;
+    for (const SetupReportRow& row : setup)
         list.AddRow({{QString::number(list.Rows())},
-                     {newClass ? row.className : QString()},
-                     {newDivision ? row.divisionName : QString()},
+                     {row.className},
+                     {row.divisionName},
                      {row.subjectName},
                      {row.teacherName},
                      {PlainNumber(row.maximumMark)},
                      {PlainNumber(row.maximumAllowed)},
                      {row.takenForRank},
                      {QString::number(row.slNo)}});
-        before = &row;
-    }
     return list;
 }
 
@@ -54,20 +49,18 @@ std::vector<SetupSheetLine> SetupSheetLines(const GridTable& list, int lastRow, 
 {
     using Kind = SetupSheetLine::Kind;
     std::vector<SetupSheetLine> lines{{Kind::Head, SheetTexts(list, 0, lastCol)}};
-    QString className;
     ExactSum sum;
     const auto addTotal = [&] { lines.push_back({Kind::Total, {Format2(sum.Value())}}); };
     for (int row = 1; row <= lastRow; ++row) {
-        const QString& divisionName = list.Text(row, Column::Division);
-        if (row == 1 || !divisionName.isEmpty()) {
+        if (!list.Repeats(row, Column::Division)) {
             if (row > 1)
                 addTotal();
             sum = {};
-            if (!list.Text(row, Column::Class).isEmpty())
-                className = list.Text(row, Column::Class);
-            lines.push_back({Kind::Heading, {className, divisionName}});
+            lines.push_back(
+                {Kind::Heading, {list.Text(row, Column::Class), list.Text(row, Column::Division)}});
         }
         lines.push_back({Kind::Subject, SheetTexts(list, row, lastCol)});
+        // Small letters too, as the store compares.
         if (list.Text(row, Column::TakenForRank).startsWith(u'Y', Qt::CaseInsensitive))
             sum.Add(Val(list.Text(row, Column::MaximumMark)));
     }

@@ -23,7 +23,7 @@ enum class SetupReportColumn
     SlNo,
 };
 
-/// The list, numbered from 1. A class and a division show in their first row only.
+/// The list, numbered from 1, in which classes and divisions are merged columns.
 GridTable SetupReportTable(const std::vector<SetupReportRow>& setup);
 
 /// A line of the sheet into which the list is exported.

@@ -5,7 +5,6 @@
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/HourGlass.h"
-#include "core/ui/FormKeys.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
@@ -52,8 +51,6 @@ void frmrptClasssubjectteacher::ConnectHandlers()
     connect(ui_->dbcClass, &DataCombo::Chosen, this, &Form::dbcClass_Change);
     connect(ui_->dbcDivision, &DataCombo::Chosen, this, &Form::ClearReport);
     connect(ui_->cmdView, &QPushButton::clicked, this, &Form::cmdView_Click);
-    for (DataCombo* combo : {ui_->dbcClass, ui_->dbcDivision})
-        combo->setProperty(EnterNeedsText, true);
 }
 
 void frmrptClasssubjectteacher::Form_Load()
@@ -100,11 +97,14 @@ void frmrptClasssubjectteacher::dbcClass_Change()
     ui_->dbcDivision->SetListBehindBlank({});
     ui_->optAllDivision->setChecked(true);
     optAllDivision_Click();
-    ui_->Frame3->setEnabled(!ui_->dbcClass->IsBlank());
-    Read([this] {
+    const bool isRead = Read([this] {
         ui_->dbcDivision->SetListBehindBlank(
             SchoolListRepository(MainStore()).DivisionsByName(ui_->dbcClass->BoundCode()));
     });
+    // A class over no divisions could not be chosen again.
+    if (!isRead)
+        ui_->dbcClass->SetBoundCode(0);
+    ui_->Frame3->setEnabled(!ui_->dbcClass->IsBlank());
 }
 
 void frmrptClasssubjectteacher::cmdView_Click()

@@ -1,54 +1,38 @@
 #include "reports/frmrptClasssubjectteacher.h"
 
 #include "reports/output/WorkbookReader.h"
-#include "reports/ReportOutput.h"
-#include "support/FormDriver.h"
-#include "support/TestSchool.h"
+#include "reports/ReportDriver.h"
+#include "support/TestPaper.h"
 
 #include <QDateTime>
 #include <QGroupBox>
 
 #include <functional>
-#include <memory>
 
 namespace tally::test {
 namespace {
 
 /// Class X with divisions B (code 1) and A (code 2), which take subjects from Anu; class IX, which comes
 /// first and takes nothing.
-class SetupReportScreen : public FormDriver<frmrptClasssubjectteacher>
+class SetupReportScreen : public ReportDriver<frmrptClasssubjectteacher>
 {
 protected:
     void SetUp() override
     {
-        ScreenFixture::SetUp();
-        Session().gintAcademicYearCode = 1;
-        TestSchool school(*Session().gcnnMain, *Session().gcnnTemp);
+        ReportDriver::SetUp();
         Given("INSERT INTO TeacherMaster (TeacherCode, TeacherName, TeacherShortName) VALUES (1, 'Anu', "
               "'ANU')");
-        school.AddDivision(1, "B");
-        school.AddDivision(2, "A");
-        school.AddSubject(1, 1, "Eng", 1, "Yes", 50, 60);
-        school.AddSubject(1, 2, "Art", 2, "No", 20, 20);
-        school.AddSubject(2, 1, "Eng", 1, "Yes", 80.5, 100);
+        school->AddDivision(1, "B");
+        school->AddDivision(2, "A");
+        school->AddSubject(1, 1, "Eng", 1, "Yes", 50, 60);
+        school->AddSubject(1, 2, "Art", 2, "No", 20, 20);
+        school->AddSubject(2, 1, "Eng", 1, "Yes", 80.5, 100);
         Given("UPDATE ClassSubjectTeacher SET TeacherCode = 1");
         Given("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 1, 0, 0)");
         Given("INSERT INTO ClassDivisionDetails VALUES (2, 'A', 1)");
-        output = std::make_unique<ReportOutput>(Folder());
-    }
-    void TearDown() override
-    {
-        output.reset();
-        ScreenFixture::TearDown();
     }
 
-    void Open()
-    {
-        if (!form)
-            SurroundSchool({Side::Year});
-        OpenForm("frmrptClasssubjectteacher");
-        grid = Find<FlexGrid>(form, "msgDetails");
-    }
+    void Open() { OpenReport("frmrptClasssubjectteacher", {Side::Year}); }
     void ChooseClass(const char* name)
     {
         Press(Option("optSpecificClass"));
@@ -60,22 +44,12 @@ protected:
         Press(Button("cmdView"));
         ASSERT_TRUE(Button("cmdExport")->isEnabled());
     }
-    std::string Row(int row) const
-    {
-        QStringList texts;
-        for (int col = 0; col < grid->Cols(); ++col)
-            texts.append(grid->TextMatrix(row, col));
-        return texts.join(QLatin1Char('|')).toStdString();
-    }
     void ExpectNoList() const
     {
         EXPECT_EQ(grid->Rows(), 2);
         EXPECT_EQ(Row(1), "");
         EXPECT_FALSE(Button("cmdExport")->isEnabled());
     }
-
-    std::unique_ptr<ReportOutput> output;
-    FlexGrid* grid = nullptr;
 };
 
 TEST_F(SetupReportScreen, OpensOnAllClassesWithEverythingElseOff)
@@ -111,10 +85,7 @@ TEST_F(SetupReportScreen, AChosenClassOffersItsDivisionsByName)
     EXPECT_FALSE(IsEnabled("dbcDivision"));
     Press(Option("optSpecificDivision"));
     EXPECT_TRUE(IsEnabled("dbcDivision"));
-    QStringList divisions;
-    for (int index = 0; index < List("dbcDivision")->count(); ++index)
-        divisions.append(List("dbcDivision")->itemText(index));
-    EXPECT_EQ(divisions.join(QLatin1Char('|')).toStdString(), " |A|B");
+    EXPECT_EQ(Items(List("dbcDivision")), " |A|B");
 
     Choose("dbcDivision", QStringLiteral("B"));
     Press(Option("optAllDivision"));
@@ -164,8 +135,8 @@ TEST_F(SetupReportScreen, AllClassesStandInTheirOrderEachDivisionByItsCode)
     ASSERT_EQ(grid->Rows(), 5);
     EXPECT_EQ(Row(1), "1|IX|A|Subject 2|Anu|100|100|Yes|7");
     EXPECT_EQ(Row(2), "2|X|B|Subject 1|Anu|50|60|Yes|1");
-    EXPECT_EQ(Row(3), "3|||Subject 2|Anu|20|20|No|2");
-    EXPECT_EQ(Row(4), "4||A|Subject 1|Anu|80.5|100|Yes|1");
+    EXPECT_EQ(Row(3), "3|X|B|Subject 2|Anu|20|20|No|2");
+    EXPECT_EQ(Row(4), "4|X|A|Subject 1|Anu|80.5|100|Yes|1");
     EXPECT_TRUE(HasFocus("cmdExport"));
 }
 
@@ -320,6 +291,126 @@ TEST_F(SetupReportScreen, AListThatCannotBeReadIsToldAndNotCalledEmpty)
     prompts.Verify();
     ExpectNoList();
     Given("ALTER TABLE Away RENAME TO ClassSubjectTeacher");
+}
+
+TEST_F(SetupReportScreen, AFolderInWhichNoWorkbookCanBeSavedIsTold)
+{
+    OpenAndView();
+    SetExportFolder(QStringLiteral("/dev/null/exports"));
+    prompts.ExpectCritical(
+        QStringLiteral("Workbooks are saved in the folder \"/dev/null/exports\", but nothing "
+                       "can be written there. The disk may be full."));
+    Press(Button("cmdExport"));
+    prompts.Verify();
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(SetupReportScreen, EnterPassesBlankListsBy)
+{
+    Open();
+    Press(Option("optSpecificClass"));
+    List("dbcClass")->setFocus();
+    PressKey(List("dbcClass"), Qt::Key_Return);
+    EXPECT_FALSE(HasFocus("dbcClass"));
+    Choose("dbcClass", QStringLiteral("X"));
+    Press(Option("optSpecificDivision"));
+    List("dbcDivision")->setFocus();
+    PressKey(List("dbcDivision"), Qt::Key_Return);
+    EXPECT_FALSE(HasFocus("dbcDivision"));
+}
+
+TEST_F(SetupReportScreen, AClassShowsOnceOnTheScreenAndStandsInEachRow)
+{
+    OpenAndView();
+    EXPECT_EQ(Row(2), "2|X|B|Subject 2|Anu|20|20|No|2");
+    EXPECT_EQ(grid->model()->index(0, 1).data().toString().toStdString(), "X");
+    EXPECT_EQ(grid->model()->index(1, 1).data().toString().toStdString(), "");
+    EXPECT_EQ(grid->model()->index(1, 2).data().toString().toStdString(), "");
+    EXPECT_EQ(grid->model()->index(2, 2).data().toString().toStdString(), "A");
+}
+
+TEST_F(SetupReportScreen, CtrlPShowsThePagesEachWithItsClass)
+{
+    for (int subject = 3; subject < 120; ++subject)
+        school->AddSubject(1, subject, ("S" + std::to_string(subject)).c_str(), subject);
+    Given("UPDATE ClassSubjectTeacher SET TeacherCode = 1");
+    OpenAndView();
+    PressKey(form, Qt::Key_P, Qt::ControlModifier);
+    ASSERT_EQ(output->printed.size(), 1U);
+    EXPECT_EQ(output->printed[0].title.toStdString(), "Classwise  Subject / Teacher / Marks Details");
+    TestPaper paper(output->printed[0].orientation);
+    EXPECT_TRUE(output->printed[0].paint(paper));
+    ASSERT_GE(paper.Pages().size(), 2U);
+    for (std::size_t page = 0; page < paper.Pages().size(); ++page)
+        EXPECT_EQ(QString::fromStdString(paper.Text(page)).count(QStringLiteral("|X|B|Subject")), 1) << page;
+}
+
+TEST_F(SetupReportScreen, CtrlPSaysWhyItIsRefusedThoughTheExportAsksForNoRight)
+{
+    GivenUser(1, QStringLiteral("anu"), QStringLiteral("x"));
+    Session().gintPrivilegeUserCode = 1;
+    OpenAndView();
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Export This Report"));
+    PressKey(form, Qt::Key_P, Qt::ControlModifier);
+    prompts.Verify();
+    EXPECT_TRUE(output->printed.empty());
+}
+
+TEST_F(SetupReportScreen, RowsThatGoMeanwhileStayInTheListThatIsExported)
+{
+    OpenAndView();
+    Given("DELETE FROM ClassSubjectTeacher WHERE AcademicYearCode = 1 AND DivisionCode = 1");
+    Press(Button("cmdExport"));
+    EXPECT_EQ(WorkbookReader(output->workbook).At(QStringLiteral("B9")).value.toStdString(), "Subject 1");
+    Given("DELETE FROM ClassSubjectTeacher WHERE AcademicYearCode = 1");
+    prompts.ExpectInformation(QStringLiteral("No Record Exists"));
+    Press(Button("cmdView"));
+    ExpectNoList();
+}
+
+TEST_F(SetupReportScreen, ADivisionWithoutASubjectForRankHasATotalOfZeroOnTheSheet)
+{
+    Given("UPDATE ClassSubjectTeacher SET TakenForRank = 'No'");
+    OpenAndView();
+    Press(Button("cmdExport"));
+    const WorkbookReader::Cell total = WorkbookReader(output->workbook).At(QStringLiteral("F11"));
+    EXPECT_EQ(total.value.toStdString(), "0");
+    EXPECT_EQ(total.style.numberFormat.toStdString(), "0.00");
+}
+
+TEST_F(SetupReportScreen, ANameOfAHundredLettersIsThereOnTheScreenAndTheSheet)
+{
+    const QString name = QString(99, u'n') + u'Z';
+    Given(QStringLiteral("UPDATE TeacherMaster SET TeacherName = '%1'").arg(name).toLatin1().constData());
+    OpenAndView();
+    EXPECT_NE(Row(1).find(name.toStdString()), std::string::npos);
+    Press(Button("cmdExport"));
+    EXPECT_EQ(WorkbookReader(output->workbook).At(QStringLiteral("C9")).value.toStdString(),
+              name.toStdString());
+}
+
+TEST_F(SetupReportScreen, ListsThatCannotBeReadAreToldAndCanBeReadAgain)
+{
+    Given("ALTER TABLE ClassDivisionMaster RENAME TO Away");
+    prompts.ExpectCritical(QStringLiteral("no such table: ClassDivisionMaster"));
+    OpenForm("frmrptClasssubjectteacher");
+    prompts.Verify();
+    EXPECT_EQ(List("dbcClass")->count(), 1);
+    Given("ALTER TABLE Away RENAME TO ClassDivisionMaster");
+    Press(Button("cmdCancel"));
+
+    Press(Option("optSpecificClass"));
+    List("dbcClass")->setFocus();
+    Given("ALTER TABLE ClassDivisionDetails RENAME TO Away");
+    prompts.ExpectCritical(QStringLiteral("no such table: ClassDivisionDetails"));
+    PressKey(form, Qt::Key_Down);
+    prompts.Verify();
+    EXPECT_TRUE(List("dbcClass")->IsBlank());
+    EXPECT_FALSE(IsEnabled("Frame3"));
+    Given("ALTER TABLE Away RENAME TO ClassDivisionDetails");
+    Choose("dbcClass", QStringLiteral("X"));
+    EXPECT_TRUE(IsEnabled("Frame3"));
+    EXPECT_EQ(Items(List("dbcDivision")), " |A|B");
 }
 
 TEST_F(SetupReportScreen, CancelStartsAnew)
