@@ -1,14 +1,9 @@
 #include "reports/ExportFlexGridToExcel1.h"
 
-#include "core/modTallyboard.h"
-#include "core/SessionContext.h"
 #include "reports/output/ExportWorkbook.h"
 #include "reports/output/SheetParts.h"
 #include "reports/output/Workbook.h"
 #include "reports/SetupReport.h"
-
-#include <QDateTime>
-#include <QLocale>
 
 #include <algorithm>
 #include <numeric>
@@ -20,10 +15,6 @@ namespace {
 
 using Kind = SetupSheetLine::Kind;
 
-/// The lines over the list span these columns, however many the list has.
-constexpr int TitleColumns = 9;
-constexpr int FirstRow = 6;
-constexpr double WidthReserve = 3.5;
 // In a heading the class spans the columns up to the fourth, the division the two behind them.
 constexpr int LastClassColumn = 3;
 constexpr int LastDivisionColumn = 5;
@@ -48,11 +39,7 @@ void WriteTitles(Workbook& workbook, const QString& title, const QString& subTit
     for (const QString& text : SchoolHead())
         WriteHeadLine(workbook, row++, TitleColumns - 1, text,
                       {.align = CellStyle::Align::Center, .middle = true, .bold = true}, width);
-    const QDateTime now = QDateTime::currentDateTime();
-    WriteHeadLine(workbook, row++, TitleColumns - 1,
-                  QStringLiteral("User Name : %1    Date : %2    Time : %3")
-                      .arg(Session().gstrUserName, ShownDate(now.date()),
-                           QLocale::c().toString(now.time(), QStringLiteral("hh:mm AP"))),
+    WriteHeadLine(workbook, row++, TitleColumns - 1, StampLine(),
                   {.align = CellStyle::Align::Right, .middle = true}, width);
     for (const QString& text : {title, subTitle})
         WriteHeadLine(workbook, row++, TitleColumns - 1, text,
@@ -107,7 +94,7 @@ void WriteSheet(Workbook& workbook, const std::vector<SetupSheetLine>& lines, co
     const double width = std::accumulate(widths.begin(), widths.end(), beside);
     WriteTitles(workbook, title, subTitle, width);
 
-    int row = FirstRow;
+    int row = ListRow;
     for (const SetupSheetLine& line : lines) {
         switch (line.kind) {
         case Kind::Heading: WriteHeading(workbook, row, columns, line.texts); break;
@@ -118,10 +105,8 @@ void WriteSheet(Workbook& workbook, const std::vector<SetupSheetLine>& lines, co
         ++row;
     }
 
-    // What fits on a portrait page in letters without becoming too small to read.
-    constexpr double PortraitLetters = 100;
-    workbook.FreezeRowsAbove(FirstRow + 1);
-    workbook.SetUpPrint({.headRow = FirstRow,
+    workbook.FreezeRowsAbove(ListRow + 1);
+    workbook.SetUpPrint({.headRow = ListRow,
                          .lastRow = row - 1,
                          .lastColumn = std::max(columns, TitleColumns) - 1,
                          .landscape = width > PortraitLetters,

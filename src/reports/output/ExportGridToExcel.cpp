@@ -1,15 +1,10 @@
 #include "reports/output/ExportGridToExcel.h"
 
 #include "core/GridTable.h"
-#include "core/modTallyboard.h"
-#include "core/SessionContext.h"
 #include "core/ui/look/CellPaint.h"
 #include "reports/output/ExportWorkbook.h"
 #include "reports/output/SheetParts.h"
 #include "reports/output/Workbook.h"
-
-#include <QDateTime>
-#include <QLocale>
 
 #include <algorithm>
 #include <array>
@@ -20,13 +15,6 @@ namespace tally {
 namespace {
 
 constexpr int TitleRows = 6;
-/// The title rows span these columns, however many the grid has.
-constexpr int TitleColumns = 9;
-/// The sheet row of the grid's row 0.
-constexpr int FirstGridRow = 6;
-constexpr double WidthReserve = 3.5;
-/// What fits on a portrait page in letters without becoming too small to read.
-constexpr double PortraitLetters = 100;
 
 /// A visible column of the grid on its way to the sheet.
 struct Column
@@ -71,15 +59,7 @@ std::vector<Column> VisibleColumns(const GridTable& grid, int lastRow, int lastC
 std::array<QString, TitleRows> TitleTexts(const QString& title, const QString& subTitle)
 {
     const auto [name, address, city] = SchoolHead();
-    const QDateTime now = QDateTime::currentDateTime();
-    return {name,
-            address,
-            city,
-            QStringLiteral("User Name : %1    Date : %2    Time : %3")
-                .arg(Session().gstrUserName, ShownDate(now.date()),
-                     QLocale::c().toString(now.time(), QStringLiteral("hh:mm AP"))),
-            title,
-            subTitle};
+    return {name, address, city, StampLine(), title, subTitle};
 }
 
 double WidthOfTitle(const std::vector<Column>& columns)
@@ -120,12 +100,12 @@ void WriteGrid(Workbook& workbook, const GridTable& grid, int lastRow, const std
                 text = grid.Text(row, column.source).trimmed();
             }
             if (row > 0 && !column.identities)
-                WriteTyped(workbook, FirstGridRow + row, col, text, style);
+                WriteTyped(workbook, ListRow + row, col, text, style);
             else
-                workbook.WriteText(FirstGridRow + row, col, text, style);
+                workbook.WriteText(ListRow + row, col, text, style);
         }
         if (row == 0)
-            workbook.WriteText(FirstGridRow, count, {}, {.bold = true});
+            workbook.WriteText(ListRow, count, {}, {.bold = true});
     }
 }
 
@@ -146,10 +126,10 @@ void WriteSheet(Workbook& workbook, const GridTable& grid, int lastRow, int last
     WriteGrid(workbook, grid, lastRow, columns);
 
     const int lastColumn = std::max(count, TitleColumns) - 1;
-    workbook.FreezeRowsAbove(FirstGridRow + 1);
-    workbook.AllowDigitTexts(FirstGridRow, FirstGridRow + lastRow, lastColumn);
-    workbook.SetUpPrint({.headRow = FirstGridRow,
-                         .lastRow = FirstGridRow + lastRow,
+    workbook.FreezeRowsAbove(ListRow + 1);
+    workbook.AllowDigitTexts(ListRow, ListRow + lastRow, lastColumn);
+    workbook.SetUpPrint({.headRow = ListRow,
+                         .lastRow = ListRow + lastRow,
                          .lastColumn = lastColumn,
                          .landscape = std::max(width, WidthOfTitle(columns)) > PortraitLetters,
                          .footer = title});

@@ -1,6 +1,10 @@
 #include "reports/output/SheetParts.h"
 
+#include "core/modTallyboard.h"
 #include "core/SessionContext.h"
+
+#include <QDateTime>
+#include <QLocale>
 
 #include <algorithm>
 #include <optional>
@@ -57,6 +61,14 @@ std::array<QString, SchoolHeadRows> SchoolHead()
 {
     const SessionContext& session = Session();
     return {session.gstrSchoolName, session.gstrSchoolAddress, session.gstrSchoolCity};
+}
+
+QString StampLine()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    return QStringLiteral("User Name : %1    Date : %2    Time : %3")
+        .arg(Session().gstrUserName, ShownDate(now.date()),
+             QLocale::c().toString(now.time(), QStringLiteral("hh:mm AP")));
 }
 
 double LettersOnPaper(const QString& text)

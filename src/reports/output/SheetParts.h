@@ -14,6 +14,18 @@ namespace tally {
 inline constexpr int SchoolHeadRows = 3;
 std::array<QString, SchoolHeadRows> SchoolHead();
 
+/// Who made the sheet, and when by the clock of the machine.
+QString StampLine();
+
+/// The lines over a list span these columns, however many the list has.
+inline constexpr int TitleColumns = 9;
+/// The sheet row of the heads of a list, counted from 0.
+inline constexpr int ListRow = 6;
+/// A column is so much wider than its longest text, in letters.
+inline constexpr double WidthReserve = 3.5;
+/// What fits on a portrait page in letters without becoming too small to read.
+inline constexpr double PortraitLetters = 100;
+
 /// The width of the text in digits of the standard font, roughly.
 double LettersOnPaper(const QString& text);
 /// The height in points, `least` or more, of a row that holds `text` over `width` letters: a merged cell cuts
