@@ -38,11 +38,9 @@ TextReport ClassListText(const GridTable& list, const QString& className, const 
     return report;
 }
 
-QString AddedColumnRefusal(const QString& number, const QString& name, int added)
+bool IsAddedColumn(const QString& number, int added)
 {
-    if (Val(number) <= 0 || Val(number) > added)
-        return QStringLiteral("Enter Correct Column number");
-    return name.trimmed().isEmpty() ? QStringLiteral("Enter Column Name") : QString();
+    return Val(number) > 0 && Val(number) <= added;
 }
 
 } // namespace tally

@@ -22,8 +22,7 @@ GridTable ClassListTable(const std::vector<ClassListStudent>& students, const QS
 /// The list of a class as a text, with room to write in each added column.
 TextReport ClassListText(const GridTable& list, const QString& className, const QString& divisions);
 
-/// Why an added column cannot get its name; empty where it can. `number` counts the added columns from 1, as
-/// typed.
-QString AddedColumnRefusal(const QString& number, const QString& name, int added);
+/// Whether one of the added columns has this number, as typed; they count from 1.
+bool IsAddedColumn(const QString& number, int added);
 
 } // namespace tally

@@ -8,6 +8,16 @@ namespace tally {
 
 namespace {
 
+/// A name that was entered with a line break, or with what moves the letters behind it, stays in its cell.
+QString OneLine(QString text)
+{
+    for (QChar& letter : text)
+        if (letter.category() == QChar::Other_Control || letter.category() == QChar::Separator_Line ||
+            letter.category() == QChar::Separator_Paragraph)
+            letter = u' ';
+    return text;
+}
+
 /// The text behind the blanks that bring it into the middle of `width` letters.
 QString Centered(const QString& text, qsizetype width)
 {
@@ -20,7 +30,7 @@ QString Line(const std::vector<TextReport::Column>& columns, const QStringList& 
     QString line = QStringLiteral("|");
     qsizetype number = 0;
     for (const TextReport::Column& column : columns) {
-        const QString cell = Centered(cells.value(number++).simplified(), column.width);
+        const QString cell = Centered(OneLine(cells.value(number++)), column.width);
         line += cell.leftJustified(column.width, u' ', true) + u'|';
     }
     return line;

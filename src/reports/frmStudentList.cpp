@@ -9,7 +9,6 @@
 #include "core/ui/controls/HourGlass.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
-#include "core/ui/Prompts.h"
 #include "core/ui/TakeOnly.h"
 #include "reports/ClassList.h"
 #include "reports/ClassListRepository.h"
@@ -108,14 +107,18 @@ void frmStudentList::cmdAddColumnName_Click()
 {
     const QString number = ui_->txtColumnNumber->text();
     const QString name = ui_->txtColumnName->text();
-    const QString refusal = AddedColumnRefusal(number, name, added_);
-    if (!refusal.isEmpty()) {
-        Prompts::Information(refusal);
+    if (!IsAddedColumn(number, added_)) {
+        Refuse(QStringLiteral("Enter Correct Column number"), ui_->txtColumnNumber);
+        return;
+    }
+    if (name.trimmed().isEmpty()) {
+        Refuse(QStringLiteral("Enter Column Name"), ui_->txtColumnName);
         return;
     }
     ui_->msgDetails->SetTextMatrix(0, ToWhole(Val(number)) + 1, name);
     ui_->txtColumnNumber->clear();
     ui_->txtColumnName->clear();
+    ui_->txtColumnNumber->setFocus();
 }
 
 void frmStudentList::cmdPrint_Click()

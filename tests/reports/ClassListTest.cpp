@@ -1,5 +1,6 @@
 #include "reports/ClassList.h"
 
+#include "reports/GridText.h"
 #include "support/Neighbours.h"
 #include "support/TestSchool.h"
 
@@ -8,32 +9,21 @@
 namespace tally::test {
 namespace {
 
-std::string Text(const GridTable& list)
-{
-    QStringList lines;
-    for (int row = 0; row < list.Rows(); ++row) {
-        QStringList cells;
-        for (int col = 0; col < list.Cols(); ++col)
-            cells.append(list.Text(row, col));
-        lines.append(cells.join(QLatin1Char('|')));
-    }
-    return lines.join(QStringLiteral("; ")).toStdString();
-}
-
 const std::vector<ClassListStudent> TwoStudents{{QStringLiteral("B7"), QStringLiteral("Asha")},
                                                 {QStringLiteral("A9"), QStringLiteral("Binu")}};
 
 TEST(ClassListTest, TheStudentsStandUnderTheirHeadsInTheOrderGiven)
 {
-    EXPECT_EQ(Text(ClassListTable(TwoStudents, QStringLiteral("Admission No."), 0)),
-              "Admission No.|Student Name; B7|Asha; A9|Binu");
-    EXPECT_EQ(Text(ClassListTable({}, QStringLiteral("Admission No."), 0)), "Admission No.|Student Name");
+    EXPECT_EQ(GridText(ClassListTable(TwoStudents, QStringLiteral("Admission No."), 0)),
+              "Admission No.|Student Name\nB7|Asha\nA9|Binu\n");
+    EXPECT_EQ(GridText(ClassListTable({}, QStringLiteral("Admission No."), 0)),
+              "Admission No.|Student Name\n");
 }
 
 TEST(ClassListTest, AddedColumnsAreEmpty)
 {
-    EXPECT_EQ(Text(ClassListTable(TwoStudents, QStringLiteral("Admission.No."), 2)),
-              "Admission.No.|Student Name||; B7|Asha||; A9|Binu||");
+    EXPECT_EQ(GridText(ClassListTable(TwoStudents, QStringLiteral("Admission.No."), 2)),
+              "Admission.No.|Student Name||\nB7|Asha||\nA9|Binu||\n");
 }
 
 TEST(ClassListTest, TheTextHasFiveLettersForEachAddedColumn)
@@ -52,18 +42,12 @@ TEST(ClassListTest, TheTextHasFiveLettersForEachAddedColumn)
               "----------------------------------------------\n");
 }
 
-TEST(ClassListTest, AColumnIsNamedOnlyByANumberThatThereIs)
+TEST(ClassListTest, AddedColumnsCountFromOne)
 {
-    const auto refusal = [](const char* number, const char* name) {
-        return AddedColumnRefusal(QString::fromLatin1(number), QString::fromLatin1(name), 3).toStdString();
-    };
     for (const char* number : {"", "0", "4", "99", "-1", "abc"})
-        EXPECT_EQ(refusal(number, "Test"), "Enter Correct Column number") << number;
-    EXPECT_EQ(refusal("4", ""), "Enter Correct Column number") << "the number is looked at first";
+        EXPECT_FALSE(IsAddedColumn(QString::fromLatin1(number), 3)) << number;
     for (const char* number : {"1", "3"})
-        EXPECT_EQ(refusal(number, "Test"), "") << number;
-    EXPECT_EQ(refusal("1", ""), "Enter Column Name");
-    EXPECT_EQ(refusal("1", "  "), "Enter Column Name");
+        EXPECT_TRUE(IsAddedColumn(QString::fromLatin1(number), 3)) << number;
 }
 
 /// Class X with divisions A, B and C, and neighbours on all sides.
@@ -116,6 +100,16 @@ TEST_F(ClassListRows, HoldWhoHasLeft)
     school.main.Execute(QStringLiteral(
         "UPDATE StudentMaster SET TCNo = 'T1', RelievingDate = '2024-09-01' WHERE StudentCode = 1"));
     EXPECT_EQ(Load(ClassListOrder::Alphabetical), "100 Asha; 20 Asha; 9 Cara");
+}
+
+TEST_F(ClassListRows, AreThoseOfTheYearAskedFor)
+{
+    school.main.Execute(QStringLiteral(
+        "INSERT INTO AcademicYearSetup (AcademicYearCode, YearFrom, YearTo) VALUES (2, 2025, 2026)"));
+    school.main.Execute(QStringLiteral("INSERT INTO StudentClassDivision (StudentCode, AcademicYearCode, "
+                                       "ClassCode, DivisionCode) VALUES (1, 2, 1, 3)"));
+    EXPECT_EQ(Load(ClassListOrder::Alphabetical), "100 Asha; 20 Asha; 9 Cara");
+    EXPECT_EQ(Load(ClassListOrder::Alphabetical, {3}), "7 Dev") << "Cara is there a year later";
 }
 
 TEST_F(ClassListRows, AreNoneInADivisionWithoutStudents)

@@ -64,6 +64,13 @@ TEST(TextReportTest, ATitleThatIsLongerThanTheTableBeginsAtTheLeft)
 TEST(TextReportTest, ALineBreakWithinATextDoesNotBreakTheTable)
 {
     EXPECT_EQ(Cell(9, "Mid\nTerm"), "|Mid Term |");
+    EXPECT_EQ(Cell(9, "Mid\tTerm"), "|Mid Term |");
+    EXPECT_EQ(Cell(8, "\u2028A\u2029\r"), "|   A    |");
+}
+
+TEST(TextReportTest, BlanksWithinATextStayAsTheyAre)
+{
+    EXPECT_EQ(Cell(9, "A  B"), "|  A  B   |");
 }
 
 TEST(TextReportTest, LettersOfAllLanguagesAreCountedAsLetters)

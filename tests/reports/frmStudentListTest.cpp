@@ -1,47 +1,34 @@
 #include "reports/frmStudentList.h"
 
+#include "core/ProgramFolder.h"
 #include "core/shell/MenuTree.h"
-#include "core/ui/controls/CheckList.h"
 #include "core/ui/ScreenRegistry.h"
-#include "reports/ReportOutput.h"
-#include "support/FormDriver.h"
-#include "support/TestSchool.h"
+#include "reports/ReportDriver.h"
+#include "support/FileSizeLimit.h"
+#include "support/TestPaper.h"
 
 #include <QCheckBox>
 #include <QFileInfo>
-
-#include <memory>
 
 namespace tally::test {
 namespace {
 
 /// Class X with division A, in it Cara and Asha.
-class StudentListScreen : public FormDriver<frmStudentList>
+class StudentListScreen : public ReportDriver<frmStudentList>
 {
 protected:
     void SetUp() override
     {
-        ScreenFixture::SetUp();
-        Session().gintAcademicYearCode = 1;
-        TestSchool school(*Session().gcnnMain, *Session().gcnnTemp);
-        school.AddDivision(1, "A");
-        school.AddStudent(1, QStringLiteral("Cara"), QStringLiteral("100"));
-        school.AddStudent(1, QStringLiteral("Asha"), QStringLiteral("20"));
-        output = std::make_unique<ReportOutput>(Folder());
-    }
-    void TearDown() override
-    {
-        output.reset();
-        ScreenFixture::TearDown();
+        ReportDriver::SetUp();
+        school->AddDivision(1, "A");
+        school->AddStudent(1, QStringLiteral("Cara"), QStringLiteral("100"));
+        school->AddStudent(1, QStringLiteral("Asha"), QStringLiteral("20"));
     }
 
     void Open()
     {
-        if (!form)
-            SurroundSchool();
-        OpenForm("frmStudentList");
+        OpenReport("frmStudentList", {Side::Year, Side::Exam, Side::Class, Side::Division});
         divisions = Find<CheckList>(form, "Lstdivision");
-        grid = Find<FlexGrid>(form, "msgDetails");
     }
     void OpenAndView(const char* columns = "")
     {
@@ -52,26 +39,13 @@ protected:
         Press(Button("cmdView"));
         ASSERT_TRUE(Button("cmdPrint")->isEnabled());
     }
-    std::string Rows() const
-    {
-        QStringList rows;
-        for (int row = 0; row < grid->Rows(); ++row) {
-            QStringList texts;
-            for (int col = 0; col < grid->Cols(); ++col)
-                texts.append(grid->TextMatrix(row, col));
-            rows.append(texts.join(QLatin1Char('|')));
-        }
-        return rows.join(QStringLiteral("; ")).toStdString();
-    }
     void ExpectColumnBoxes(bool on) const
     {
         for (const char* control : {"txtColumnNumber", "txtColumnName", "cmdAddColumnName"})
             EXPECT_EQ(IsEnabled(control), on) << control;
     }
 
-    std::unique_ptr<ReportOutput> output;
     CheckList* divisions = nullptr;
-    FlexGrid* grid = nullptr;
 };
 
 TEST_F(StudentListScreen, IsThereThoughNoMenuLeadsToIt)
@@ -85,7 +59,7 @@ TEST_F(StudentListScreen, OpensWithItsOwnHeadAndWithoutAddedColumns)
 {
     Open();
     EXPECT_EQ(form->windowTitle().toStdString(), "Student Name List");
-    EXPECT_EQ(Rows(), "Admission.No.|Student Name");
+    EXPECT_EQ(GridText(grid->Table()), "Admission.No.|Student Name\n");
     EXPECT_TRUE(Option("optAlphabeticalOrder")->isChecked());
     ExpectColumnBoxes(false);
     EXPECT_FALSE(Button("cmdPrint")->isEnabled());
@@ -108,18 +82,19 @@ TEST_F(StudentListScreen, ViewingAsksForTheClassNameAndThenForADivision)
 TEST_F(StudentListScreen, TheListGrowsByTheNumberOfColumnsTyped)
 {
     OpenAndView("2");
-    EXPECT_EQ(Rows(), "Admission.No.|Student Name||; 20|Asha||; 100|Cara||");
+    EXPECT_EQ(GridText(grid->Table()), "Admission.No.|Student Name||\n20|Asha||\n100|Cara||\n");
     ExpectColumnBoxes(true);
     Press(Option("optAdmissionOrder"));
     ExpectColumnBoxes(false);
     Press(Button("cmdView"));
-    EXPECT_EQ(Rows(), "Admission.No.|Student Name||; 100|Cara||; 20|Asha||") << "the numbers are texts";
+    EXPECT_EQ(GridText(grid->Table()), "Admission.No.|Student Name||\n100|Cara||\n20|Asha||\n")
+        << "the numbers are texts";
 }
 
 TEST_F(StudentListScreen, WithoutANumberOfColumnsNoneCanBeNamed)
 {
     OpenAndView("0");
-    EXPECT_EQ(Rows(), "Admission.No.|Student Name; 20|Asha; 100|Cara");
+    EXPECT_EQ(GridText(grid->Table()), "Admission.No.|Student Name\n20|Asha\n100|Cara\n");
     ExpectColumnBoxes(false);
 }
 
@@ -176,11 +151,97 @@ TEST_F(StudentListScreen, PrintIsRefusedWithAnEmptyBox)
     EXPECT_EQ(output->textFile, QString());
 }
 
+TEST_F(StudentListScreen, AfterANameTheNextNumberIsTypedAndAfterARefusalTheFieldThatIsMeant)
+{
+    OpenAndView("2");
+    Retype("txtColumnNumber", "3");
+    prompts.ExpectInformation(QStringLiteral("Enter Correct Column number"));
+    Press(Button("cmdAddColumnName"));
+    EXPECT_TRUE(HasFocus("txtColumnNumber")) << FocusName();
+    Retype("txtColumnNumber", "2");
+    prompts.ExpectInformation(QStringLiteral("Enter Column Name"));
+    Press(Button("cmdAddColumnName"));
+    EXPECT_TRUE(HasFocus("txtColumnName")) << FocusName();
+    Retype("txtColumnName", "Test");
+    Press(Button("cmdAddColumnName"));
+    EXPECT_TRUE(HasFocus("txtColumnNumber")) << FocusName();
+}
+
+TEST_F(StudentListScreen, CtrlPShowsThePagesOfTheListWithTheAddedColumns)
+{
+    OpenAndView("1");
+    Retype("txtColumnNumber", "1");
+    Retype("txtColumnName", "Test");
+    Press(Button("cmdAddColumnName"));
+    PressKey(form, Qt::Key_P, Qt::ControlModifier);
+    ASSERT_EQ(output->printed.size(), 1U);
+    TestPaper paper(output->printed[0].orientation);
+    EXPECT_TRUE(output->printed[0].paint(paper));
+    EXPECT_TRUE(paper.Holds(0, "|Admission.No.|Student Name|Test|20|Asha")) << paper.Text(0);
+    EXPECT_EQ(output->textFile, QString());
+}
+
+TEST_F(StudentListScreen, CtrlPSaysWhyItIsRefused)
+{
+    GivenUser(1, QStringLiteral("anu"), QStringLiteral("x"));
+    Session().gintPrivilegeUserCode = 1;
+    OpenAndView();
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Export This Report"));
+    PressKey(form, Qt::Key_P, Qt::ControlModifier);
+    prompts.Verify();
+    EXPECT_TRUE(output->printed.empty());
+}
+
+TEST_F(StudentListScreen, WithoutAProgramForTextsTheUserIsToldWhereTheReportIs)
+{
+    OpenAndView();
+    UseTextProgram([](const QString&) { return false; });
+    prompts.ExpectCritical(
+        QStringLiteral("The report is saved as \"%1\", but the program for texts did not start.")
+            .arg(ProgramFile(QStringLiteral("Studentlist.txt"))));
+    Press(Button("cmdPrint"));
+    prompts.Verify();
+}
+
+TEST_F(StudentListScreen, AReportThatCannotBeWrittenIsToldAndTheListStays)
+{
+    OpenAndView();
+    const QString message =
+        QStringLiteral("The report could not be written into the folder \"%1\". The disk may be full, or "
+                       "you may not write there.");
+    {
+        const FileSizeLimit full(16);
+        prompts.ExpectCritical(message.arg(ProgramFolder()));
+        Press(Button("cmdPrint"));
+        prompts.Verify();
+    }
+    EXPECT_FALSE(QFile::exists(ProgramFile(QStringLiteral("Studentlist.txt"))));
+    const QString folder = ProgramFolder();
+    SetProgramFolder(QStringLiteral("/dev/null"));
+    prompts.ExpectCritical(message.arg(QStringLiteral("/dev/null")));
+    Press(Button("cmdPrint"));
+    prompts.Verify();
+    SetProgramFolder(folder);
+    EXPECT_EQ(GridText(grid->Table()), "Admission.No.|Student Name\n20|Asha\n100|Cara\n");
+    EXPECT_TRUE(Button("cmdPrint")->isEnabled());
+}
+
+TEST_F(StudentListScreen, ANameOfAHundredLettersIsWholeOnTheScreenAndCutInTheText)
+{
+    const QString name = QString(99, u'n') + u'Z';
+    school->AddStudent(1, name, QStringLiteral("7"));
+    OpenAndView();
+    EXPECT_NE(GridText(grid->Table()).find("7|" + name.toStdString()), std::string::npos);
+    Press(Button("cmdPrint"));
+    EXPECT_TRUE(output->text.contains(u'|' + QString(25, u'n') + QStringLiteral("|\n")))
+        << output->text.toStdString();
+}
+
 TEST_F(StudentListScreen, CancelStartsAnew)
 {
     OpenAndView("2");
     Press(Button("cmdCancel"));
-    EXPECT_EQ(Rows(), "Admission.No.|Student Name");
+    EXPECT_EQ(GridText(grid->Table()), "Admission.No.|Student Name\n");
     EXPECT_EQ(TextOf("txtNoOfColumn"), "");
     ExpectColumnBoxes(false);
     EXPECT_FALSE(Button("cmdPrint")->isEnabled());

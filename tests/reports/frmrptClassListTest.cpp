@@ -1,54 +1,39 @@
 #include "reports/frmrptClassList.h"
 
-#include "core/ui/controls/CheckList.h"
 #include "reports/output/WorkbookReader.h"
-#include "reports/ReportOutput.h"
-#include "support/FormDriver.h"
+#include "reports/ReportDriver.h"
 #include "support/TestPaper.h"
-#include "support/TestSchool.h"
 
 #include <QCheckBox>
 #include <QDir>
 
 #include <functional>
-#include <memory>
 
 namespace tally::test {
 namespace {
 
 /// Class X with divisions B (code 1) and A (code 2), in B Cara and Asha, in A Binu, who has left; class IX
 /// without divisions.
-class ClassListScreen : public FormDriver<frmrptClassList>
+class ClassListScreen : public ReportDriver<frmrptClassList>
 {
 protected:
     void SetUp() override
     {
-        ScreenFixture::SetUp();
-        Session().gintAcademicYearCode = 1;
-        TestSchool school(*Session().gcnnMain, *Session().gcnnTemp);
-        school.AddDivision(1, "B");
-        school.AddDivision(2, "A");
-        school.AddStudent(1, QStringLiteral("Cara"), QStringLiteral("20"));
-        school.AddStudent(2, QStringLiteral("Binu"), QStringLiteral("100"));
-        school.AddStudent(1, QStringLiteral("Asha"), QStringLiteral("3"));
+        ReportDriver::SetUp();
+        school->AddDivision(1, "B");
+        school->AddDivision(2, "A");
+        school->AddStudent(1, QStringLiteral("Cara"), QStringLiteral("20"));
+        school->AddStudent(2, QStringLiteral("Binu"), QStringLiteral("100"));
+        school->AddStudent(1, QStringLiteral("Asha"), QStringLiteral("3"));
         Given("UPDATE StudentMaster SET TCNo = 'T1' WHERE StudentCode = 2");
         Given("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 0, 2, 0)");
-        output = std::make_unique<ReportOutput>(Folder());
-    }
-    void TearDown() override
-    {
-        output.reset();
-        ScreenFixture::TearDown();
     }
 
     void Open()
     {
-        if (!form)
-            SurroundSchool();
-        OpenForm("frmrptClassList");
+        OpenReport("frmrptClassList", {Side::Year, Side::Exam, Side::Class, Side::Division});
         divisions = Find<CheckList>(form, "Lstdivision");
         all = Find<QCheckBox>(form, "chkSelectAll");
-        grid = Find<FlexGrid>(form, "msgDetails");
     }
     void OpenAndView()
     {
@@ -58,34 +43,14 @@ protected:
         Press(Button("cmdView"));
         ASSERT_TRUE(Button("cmdExport")->isEnabled());
     }
-    std::string Items() const
-    {
-        QStringList texts;
-        for (int index = 0; index < divisions->count(); ++index)
-            texts.append(divisions->item(index)->text());
-        return texts.join(QLatin1Char('|')).toStdString();
-    }
-    std::string Rows() const
-    {
-        QStringList rows;
-        for (int row = 0; row < grid->Rows(); ++row) {
-            QStringList texts;
-            for (int col = 0; col < grid->Cols(); ++col)
-                texts.append(grid->TextMatrix(row, col));
-            rows.append(texts.join(QLatin1Char('|')));
-        }
-        return rows.join(QStringLiteral("; ")).toStdString();
-    }
     void ExpectNoList() const
     {
-        EXPECT_EQ(Rows(), "Admission No.; ");
+        EXPECT_EQ(GridText(grid->Table()), "Admission No.\n\n");
         EXPECT_FALSE(Button("cmdExport")->isEnabled());
     }
 
-    std::unique_ptr<ReportOutput> output;
     CheckList* divisions = nullptr;
     QCheckBox* all = nullptr;
-    FlexGrid* grid = nullptr;
 };
 
 TEST_F(ClassListScreen, OpensWithTheClassesInFrontAndTheHeadsOfTheList)
@@ -94,9 +59,9 @@ TEST_F(ClassListScreen, OpensWithTheClassesInFrontAndTheHeadsOfTheList)
     EXPECT_EQ(form->windowTitle().toStdString(), "Class  List");
     EXPECT_TRUE(List("cboClass")->hasFocus());
     EXPECT_EQ(List("cboClass")->currentText().toStdString(), " ");
-    EXPECT_EQ(Items(), "");
+    EXPECT_EQ(Items(divisions), "");
     EXPECT_TRUE(Option("optAlphabeticalOrder")->isChecked());
-    EXPECT_EQ(Rows(), "Admission No.|Student Name");
+    EXPECT_EQ(GridText(grid->Table()), "Admission No.|Student Name\n");
     EXPECT_FALSE(Button("cmdExport")->isEnabled());
     EXPECT_EQ(Button("cmdExport")->toolTip().toStdString(), "Export To EXCEL");
     EXPECT_EQ(Button("cmdView")->text().toStdString(), "&View");
@@ -118,7 +83,7 @@ TEST_F(ClassListScreen, AClassWithoutDivisionsHasNothingToTick)
 {
     Open();
     Choose("cboClass", QStringLiteral("IX"));
-    EXPECT_EQ(Items(), "");
+    EXPECT_EQ(Items(divisions), "");
     Press(all);
     prompts.ExpectInformation(QStringLiteral("Select Division(s)"));
     Press(Button("cmdView"));
@@ -127,14 +92,14 @@ TEST_F(ClassListScreen, AClassWithoutDivisionsHasNothingToTick)
 TEST_F(ClassListScreen, TheStudentsOfTheTickedDivisionsShowByNameThoseWhoLeftAmongThem)
 {
     OpenAndView();
-    EXPECT_EQ(Items(), "A|B");
-    EXPECT_EQ(Rows(), "Admission No.|Student Name; 3|Asha; 100|Binu; 20|Cara");
+    EXPECT_EQ(Items(divisions), "A|B");
+    EXPECT_EQ(GridText(grid->Table()), "Admission No.|Student Name\n3|Asha\n100|Binu\n20|Cara\n");
     EXPECT_TRUE(HasFocus("cmdExport"));
     EXPECT_GE(grid->ColWidth(0), 80);
     EXPECT_GE(grid->ColWidth(1), 233);
     Tick(divisions, 0);
     Press(Button("cmdView"));
-    EXPECT_EQ(Rows(), "Admission No.|Student Name; 3|Asha; 20|Cara");
+    EXPECT_EQ(GridText(grid->Table()), "Admission No.|Student Name\n3|Asha\n20|Cara\n");
 }
 
 TEST_F(ClassListScreen, TheOrderOfAdmissionIsThatOfTheProgramsNumbers)
@@ -143,7 +108,7 @@ TEST_F(ClassListScreen, TheOrderOfAdmissionIsThatOfTheProgramsNumbers)
     Press(Option("optAdmissionOrder"));
     ExpectNoList();
     Press(Button("cmdView"));
-    EXPECT_EQ(Rows(), "Admission No.|Student Name; 20|Cara; 100|Binu; 3|Asha");
+    EXPECT_EQ(GridText(grid->Table()), "Admission No.|Student Name\n20|Cara\n100|Binu\n3|Asha\n");
 }
 
 TEST_F(ClassListScreen, ADivisionWithoutStudentsShowsItsHeadsAlone)
@@ -153,7 +118,7 @@ TEST_F(ClassListScreen, ADivisionWithoutStudentsShowsItsHeadsAlone)
     Choose("cboClass", QStringLiteral("X"));
     Tick(divisions, 2);
     Press(Button("cmdView"));
-    EXPECT_EQ(Rows(), "Admission No.|Student Name");
+    EXPECT_EQ(GridText(grid->Table()), "Admission No.|Student Name\n");
     EXPECT_TRUE(Button("cmdExport")->isEnabled());
 }
 
@@ -232,6 +197,68 @@ TEST_F(ClassListScreen, WithoutASpreadsheetProgramTheUserIsToldAndThePointerIsAs
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(ClassListScreen, AFolderInWhichNoWorkbookCanBeSavedIsTold)
+{
+    OpenAndView();
+    SetExportFolder(QStringLiteral("/dev/null/exports"));
+    prompts.ExpectCritical(
+        QStringLiteral("Workbooks are saved in the folder \"/dev/null/exports\", but nothing "
+                       "can be written there. The disk may be full."));
+    Press(Button("cmdExport"));
+    prompts.Verify();
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ClassListScreen, EnterPassesABlankClassBy)
+{
+    Open();
+    PressKey(List("cboClass"), Qt::Key_Return);
+    EXPECT_FALSE(List("cboClass")->hasFocus());
+}
+
+TEST_F(ClassListScreen, ClassesThatCannotBeReadAreToldAndLeftOut)
+{
+    Given("ALTER TABLE ClassDivisionMaster RENAME TO Away");
+    prompts.ExpectCritical(QStringLiteral("no such table: ClassDivisionMaster"));
+    OpenForm("frmrptClassList");
+    prompts.Verify();
+    EXPECT_EQ(List("cboClass")->count(), 1);
+    Given("ALTER TABLE Away RENAME TO ClassDivisionMaster");
+    Press(Button("cmdCancel"));
+    EXPECT_GT(List("cboClass")->count(), 1);
+}
+
+TEST_F(ClassListScreen, AYearThatIsDeletedMeanwhileHasNoStudents)
+{
+    OpenAndView();
+    LeaveOthersUnguarded();
+    Given("DELETE FROM StudentClassDivision WHERE AcademicYearCode = 1");
+    Press(Button("cmdView"));
+    EXPECT_EQ(GridText(grid->Table()), "Admission No.|Student Name\n");
+}
+
+TEST_F(ClassListScreen, ANameOfAHundredLettersIsThereOnTheScreenThePageAndTheSheet)
+{
+    const QString name = QString(99, u'n') + u'Z';
+    school->AddStudent(1, name, QStringLiteral("7"));
+    OpenAndView();
+    EXPECT_TRUE(GridText(grid->Table()).find("7|" + name.toStdString()) != std::string::npos);
+    EXPECT_LE(grid->ColWidth(1), grid->viewport()->width());
+    Press(Button("cmdExport"));
+    EXPECT_EQ(WorkbookReader(output->workbook).At(QStringLiteral("B11")).value.toStdString(),
+              name.toStdString());
+    PressKey(form, Qt::Key_P, Qt::ControlModifier);
+    ASSERT_EQ(output->printed.size(), 1U);
+    TestPaper paper(output->printed[0].orientation);
+    EXPECT_TRUE(output->printed[0].paint(paper));
+    int letters = 0;
+    for (const TestPaper::Word& word : paper.Pages()[0].words) {
+        EXPECT_TRUE(paper.Edges().contains(word.place)) << word.text.toStdString();
+        letters += static_cast<int>(word.text.count(u'n'));
+    }
+    EXPECT_GE(letters, 99);
+}
+
 TEST_F(ClassListScreen, CtrlPShowsThePagesOfTheList)
 {
     OpenAndView();
@@ -244,7 +271,7 @@ TEST_F(ClassListScreen, CtrlPShowsThePagesOfTheList)
     EXPECT_TRUE(paper.Holds(0, "|3|Asha|100|Binu|20|Cara"));
 }
 
-TEST_F(ClassListScreen, CtrlPDoesNothingWithoutAListAndIsRefusedWithAnEmptyBox)
+TEST_F(ClassListScreen, CtrlPDoesNothingWithoutAListAndSaysWhyItIsRefused)
 {
     Open();
     PressKey(form, Qt::Key_P, Qt::ControlModifier);
@@ -253,7 +280,7 @@ TEST_F(ClassListScreen, CtrlPDoesNothingWithoutAListAndIsRefusedWithAnEmptyBox)
     Choose("cboClass", QStringLiteral("X"));
     Press(all);
     Press(Button("cmdView"));
-    prompts.ExpectInformation(QString());
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Export This Report"));
     PressKey(form, Qt::Key_P, Qt::ControlModifier);
     prompts.Verify();
     EXPECT_TRUE(output->printed.empty());
@@ -268,10 +295,10 @@ TEST_F(ClassListScreen, CancelStartsAnew)
     Press(Button("cmdCancel"));
     EXPECT_EQ(List("cboClass")->currentText().toStdString(), " ");
     EXPECT_NE(List("cboClass")->findText(QStringLiteral("XI")), -1);
-    EXPECT_EQ(Items(), "");
+    EXPECT_EQ(Items(divisions), "");
     EXPECT_FALSE(all->isChecked());
     EXPECT_TRUE(Option("optAlphabeticalOrder")->isChecked());
-    EXPECT_EQ(Rows(), "Admission No.|Student Name");
+    EXPECT_EQ(GridText(grid->Table()), "Admission No.|Student Name\n");
     EXPECT_FALSE(Button("cmdExport")->isEnabled());
     EXPECT_TRUE(HasFocus("cboClass"));
 }
@@ -285,6 +312,19 @@ TEST_F(ClassListScreen, AListThatCannotBeReadIsToldAndNotShownAsEmpty)
     prompts.Verify();
     ExpectNoList();
     Given("ALTER TABLE Away RENAME TO StudentClassDivision");
+}
+
+TEST_F(ClassListScreen, AClassWhoseDivisionsCannotBeReadIsTakenBackAndCanBeChosenAgain)
+{
+    Open();
+    Given("ALTER TABLE ClassDivisionDetails RENAME TO Away");
+    prompts.ExpectCritical(QStringLiteral("no such table: ClassDivisionDetails"));
+    PressKey(form, Qt::Key_Down);
+    prompts.Verify();
+    EXPECT_TRUE(List("cboClass")->IsBlank());
+    Given("ALTER TABLE Away RENAME TO ClassDivisionDetails");
+    Choose("cboClass", QStringLiteral("X"));
+    EXPECT_EQ(Items(divisions), "A|B");
 }
 
 TEST_F(ClassListScreen, EachUnderlinedLetterLeadsToOneControl)
