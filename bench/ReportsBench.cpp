@@ -22,9 +22,11 @@
 #include <QFile>
 #include <QListWidget>
 
+#include <cmath>
 #include <cstdio>
 #include <limits>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace {
@@ -223,6 +225,12 @@ bool ReportFigure(const char* what, double figure, const char* unit, double limi
     return kept;
 }
 
+/// A report without a statement to compare has no such figure.
+std::string Figure(double figure)
+{
+    return std::isnan(figure) ? "-" : QByteArray::number(figure, 'f', 2).toStdString();
+}
+
 bool ReportViews(const std::vector<Viewed>& large, const std::vector<Viewed>& real)
 {
     std::printf(
@@ -236,8 +244,9 @@ bool ReportViews(const std::vector<Viewed>& large, const std::vector<Viewed>& re
         // A report without a statement to compare has no ratio, and its limit is that of the real class.
         const bool kept = real[number].screen.median <= RealViewLimit && !(ratio > ViewRatio) &&
                           large[number].statements == real[number].statements;
-        std::printf("%-28s %8.2f %10.2f %9.2f %7.2f %5llu %5llu%s\n", qUtf8Printable(Reports()[number].form),
-                    real[number].screen.median, large[number].screen.median, large[number].bare, ratio,
+        std::printf("%-28s %8.2f %10.2f %9s %7s %5llu %5llu%s\n", qUtf8Printable(Reports()[number].form),
+                    real[number].screen.median, large[number].screen.median,
+                    Figure(large[number].bare).c_str(), Figure(ratio).c_str(),
                     static_cast<unsigned long long>(real[number].statements),
                     static_cast<unsigned long long>(large[number].statements), kept ? "" : "   MISSED");
         allKept &= kept;
