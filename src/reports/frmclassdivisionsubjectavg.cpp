@@ -3,7 +3,6 @@
 #include "core/SessionContext.h"
 #include "core/ui/controls/HourGlass.h"
 #include "core/ui/look/Look.h"
-#include "reports/ChartDrawing.h"
 #include "reports/ClassDivisionAverage.h"
 #include "reports/DivisionReportRepository.h"
 #include "reports/DivisionSubjectChoice.h"
