@@ -8,6 +8,13 @@
 
 namespace tally {
 
+void AddSubjectColumns(std::vector<GridColumn>& columns, int subjectCode, const QString& shortName)
+{
+    constexpr int SubjectTwips = 600;
+    columns.push_back({.head = QString::number(subjectCode), .hidden = true});
+    columns.push_back({.head = shortName, .alignment = NumberAlignment, .twips = SubjectTwips});
+}
+
 ChartTable ChartOf(const GridTable& grid, const char* labelColumn, const std::vector<ChartLabel>& labels)
 {
     ChartTable chart{.labelColumn = labelColumn, .series = {}, .rows = {}};

@@ -56,6 +56,8 @@ struct ChartLabel
 /// The first column of a report's grid that can hold marks. The columns before it say whose they are; from it
 /// on every second one is hidden and holds the subject's code, and the one behind it shows the subject.
 inline constexpr int FirstSubjectColumn = 5;
+/// Sets the two columns of a subject behind the others, with the least width that the forms give a subject.
+void AddSubjectColumns(std::vector<GridColumn>& columns, int subjectCode, const QString& shortName);
 
 /// The visible subject columns of a report's grid as series, named by their heads without blanks around them.
 /// A cell that holds no number, or one that is not above 0, counts as 0.

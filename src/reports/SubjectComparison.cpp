@@ -19,7 +19,6 @@ constexpr int AverageDecimals = 2;
 // The least widths of the columns, in twips.
 constexpr int SerialNoTwips = 525;
 constexpr int LineTwips = 3000;
-constexpr int SubjectTwips = 600;
 
 /// Where each code stands among the texts.
 QHash<int, std::size_t> PlacesOf(const CodedTexts& texts)
@@ -72,10 +71,8 @@ std::vector<GridColumn> ExamColumns(const char* serialNo, const char* examName)
 GridTable ShowLines(const ComparisonInput& input, std::vector<GridColumn> columns, GridCol lineColumn,
                     int decimals)
 {
-    for (const auto& [code, shortName] : input.subjects) {
-        columns.push_back({.head = QString::number(code), .hidden = true});
-        columns.push_back({.head = shortName, .alignment = NumberAlignment, .twips = SubjectTwips});
-    }
+    for (const auto& [code, shortName] : input.subjects)
+        AddSubjectColumns(columns, code, shortName);
     GridTable list(std::move(columns));
     const AverageTable averages(input);
     for (std::size_t line = 0; line < input.lines.size(); ++line) {

@@ -97,6 +97,14 @@ TEST_F(ComparedSchool, SubjectsAreThoseOfTheDivisionInTheirOrderThenByCode)
               "5 Subject 5; 1 Subject 1");
 }
 
+TEST_F(ComparedSchool, SubjectsWithOneNumberStandByCode)
+{
+    Run("UPDATE ClassSubjectTeacher SET SlNo = 1");
+    EXPECT_EQ(Text(repository.LoadDivisionSubjects(own, {}, ForRank).subjects), "1 Subject 1; 5 Subject 5");
+    EXPECT_EQ(Text(repository.LoadDivisionMarks(own, {}, {5, 1}, ForRank).subjects), "1 Eng; 5 Drw");
+    EXPECT_EQ(Text(repository.LoadDivisionMarks(own, {}, {5, 2, 1}, All).subjects), "1 Eng; 2 Mat; 5 Drw");
+}
+
 TEST_F(ComparedSchool, OfADivisionEnteredIsWhatAnyoneHasAMarkOfInTheYearPresentOrNot)
 {
     EXPECT_EQ(Text(repository.LoadDivisionSubjects(own, {1, 2, 3}, All)),
@@ -129,6 +137,37 @@ TEST_F(ComparedSchool, OfAStudentEnteredIsWhatHeHasAMarkOfInTheDivisionInAnyYear
     EXPECT_EQ(Text(repository.LoadStudentSubjects(own, 2, {2, 3}, ForRank)),
               "5 Subject 5; 1 Subject 1 | 2/1");
     EXPECT_EQ(Text(repository.LoadStudentSubjects({1, 0, 1, 2}, 4, {1}, ForRank)), "4 Subject 4 | 1/4");
+}
+
+TEST_F(ComparedSchool, ADivisionOfTheSameCodeInAnotherClassIsNotNoticed)
+{
+    const auto division = [this] {
+        return Text(repository.LoadDivisionSubjects(own, {1, 2, 3}, ForRank)) + " / " +
+               Text(repository.LoadDivisionMarks(own, {1, 2, 3}, {1, 2, 5}, ForRank));
+    };
+    const auto student = [this] {
+        return Text(repository.LoadStudentSubjects(own, 1, {1, 2, 3}, ForRank)) + " / " +
+               Text(repository.LoadStudentMarks(own, 1, {1, 2, 3}, {1, 2, 5}, ForRank)) + " / " +
+               Text(repository.StudentYears(1));
+    };
+    const std::string divisionBefore = division();
+    const std::string studentBefore = student();
+    Run("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 9, 2, 0)");
+    Run("INSERT INTO ClassDivisionDetails VALUES (2, 'P', 1)");
+    Run("INSERT INTO ClassSubjectTeacher VALUES (1, 2, 1, 2, 0, 100, 100, 'Yes', 1), "
+        "(1, 2, 1, 5, 0, 100, 100, 'Yes', 2)");
+    EXPECT_EQ(student(), studentBefore);
+    const int other = school.AddStudent(1, QStringLiteral("Other"));
+    school.main.Execute(QStringLiteral("UPDATE StudentClassDivision SET ClassCode = 2 WHERE StudentCode = ?"),
+                        other);
+    school.main.Execute(QStringLiteral("INSERT INTO MarkMaster VALUES (1, ?, 1, 2, 1, 5, 50, 'P', 0, 0)"),
+                        other);
+    EXPECT_EQ(division(), divisionBefore);
+    // She has gone on into the other class, where she has a mark of a subject that she had none of here.
+    Run("UPDATE StudentClassDivision SET ClassCode = 2 WHERE StudentCode = 1 AND AcademicYearCode = 2");
+    Run("INSERT INTO MarkMaster VALUES (2, 1, 1, 2, 1, 5, 50, 'P', 0, 0)");
+    EXPECT_EQ(Text(repository.LoadStudentSubjects(own, 1, {1, 2}, ForRank)),
+              "5 Subject 5; 1 Subject 1 | 1/1 1/2 2/5");
 }
 
 TEST_F(ComparedSchool, OfADivisionTheMarksOfThosePresentAreReadInItsYearAndExams)
@@ -171,12 +210,12 @@ TEST_F(ComparedSchool, TheYearsAreThoseInWhichTheStudentHadAPlace)
 
 TEST_F(ComparedSchool, OfAllYearsTheSubjectsAreThoseWithMarksInAnyExamByName)
 {
-    Run("UPDATE SubjectMaster SET SubjectName = 'English' WHERE SubjectCode = 1");
+    Run("UPDATE SubjectMaster SET SubjectName = 'Zoology' WHERE SubjectCode = 1");
     EXPECT_EQ(Text(repository.LoadYearSubjects(1, 1, {1, 2})),
-              "1 English; 2 Subject 2; 5 Subject 5 | 1/1 1/2");
+              "2 Subject 2; 5 Subject 5; 1 Zoology | 1/1 1/2");
     EXPECT_EQ(Text(repository.LoadYearSubjects(1, 3, {1, 2})),
-              "1 English; 2 Subject 2; 5 Subject 5 | 2/1 2/5");
-    EXPECT_EQ(Text(repository.LoadYearSubjects(1, 3, {2})), "1 English; 5 Subject 5 | 2/1 2/5");
+              "2 Subject 2; 5 Subject 5; 1 Zoology | 2/1 2/5");
+    EXPECT_EQ(Text(repository.LoadYearSubjects(1, 3, {2})), "5 Subject 5; 1 Zoology | 2/1 2/5");
     EXPECT_EQ(Text(repository.LoadYearSubjects(4, 1, {1, 2})), "4 Subject 4 | 1/4");
     EXPECT_EQ(Text(repository.LoadYearSubjects(1, 1, {})), " | ");
 }

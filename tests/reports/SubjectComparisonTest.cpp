@@ -99,11 +99,8 @@ TEST(ExamAverages, AnExactHalfGoesToTheEvenHundredthWhateverItsBinaryForm)
 
 TEST(ExamAverages, AreCountedWithoutTheNoiseOfManyMarks)
 {
-    std::vector<ComparedMark> marks;
-    for (int mark = 0; mark < 30000; ++mark)
-        marks.push_back({1, 10, 0.02});
-    for (int mark = 0; mark < 30000; ++mark)
-        marks.push_back({1, 10, 0.03});
+    std::vector<ComparedMark> marks(30000, {1, 10, 0.02});
+    marks.insert(marks.end(), 30000, {1, 10, 0.03});
     EXPECT_EQ(RowText(ShowDivisionAverages(TwoExams(marks)), 1), "1||Term One|||10|0.02||");
 }
 
