@@ -254,6 +254,34 @@ bool ReportViews(const std::vector<Viewed>& large, const std::vector<Viewed>& re
     return allKept;
 }
 
+/// How long the subjects of a division take to be listed for all exams, where nobody has a mark of one of
+/// them.
+bool ReportExamSubjects()
+{
+    const QString form = QStringLiteral("frmdivisionsubjectexamavg");
+    for (const char* added : {"INSERT INTO SubjectMaster VALUES (99, 'Not Examined', 'Not', 0)",
+                              "INSERT INTO ClassSubjectTeacher SELECT AcademicYearCode, ClassCode, "
+                              "DivisionCode, 99, TeacherCode, "
+                              "MaximumMark, MaximumAllowed, 'Yes', 99 FROM ClassSubjectTeacher WHERE "
+                              "ClassCode = 1 AND DivisionCode = "
+                              "1 LIMIT 1"})
+        MainStore().Execute(QString::fromLatin1(added));
+    std::vector<double> subjects;
+    Open(form);
+    for (int run = 0; run < Runs; ++run) {
+        Click(form, "chkSelectExamName");
+        Choose(form, "cboClass", TheClass);
+        const auto start = Clock::now();
+        Choose(form, "cboDivision", FirstDivision);
+        subjects.push_back(Milliseconds(Clock::now() - start));
+        if (On<QListWidget>(form, "Lstsubjects")->count() == 0)
+            qFatal("The list is not filled");
+        Click(form, "cmdCancel");
+    }
+    Close(form);
+    return ReportFigure("List of subjects of all exams", Summary(subjects).median, "ms", ListLimit);
+}
+
 /// How long the lists take from which divisions and subjects are chosen.
 bool ReportLists()
 {
@@ -340,5 +368,7 @@ int main(int argc, char** argv)
         kept &= ReportExport();
     }
     kept &= ReportMemory(argv[0], school.Folder());
+    const auto window = Begin(school.Folder());
+    kept &= ReportExamSubjects();
     return kept ? 0 : 1;
 }
