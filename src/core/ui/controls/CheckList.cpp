@@ -1,5 +1,6 @@
 #include "core/ui/controls/CheckList.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QSignalBlocker>
 
