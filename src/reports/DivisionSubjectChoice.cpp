@@ -244,6 +244,7 @@ bool DivisionSubjectChoice::TickAll()
         return false;
     CheckList* list = controls_.Lstdivision;
     std::vector<ListItem> items;
+    items.reserve(static_cast<std::size_t>(list->count()));
     for (int index = 0; index < list->count(); ++index)
         items.push_back({list->ItemData(index), list->item(index)->text(), {}});
     const AllDivisions all = ChooseAllDivisions(items, *setup, Display(), rules_);

@@ -103,6 +103,7 @@ std::vector<SubjectLimit> SubjectLimits(const StudentsListInput& input, const St
                 options.side == AverageSide::Below ? Format2(Val(*options.givenValue)) : *options.givenValue;
     }
     std::vector<SubjectLimit> limits;
+    limits.reserve(texts.size());
     for (const auto& [subjectCode, text] : texts)
         limits.push_back({subjectCode, text});
     return limits;
@@ -182,7 +183,7 @@ TextReport PrintedStudents(const GridTable& list)
         if (row == list.Rows() - RowsBelowStudents)
             continue;
         // In one column of the paper a long name would cut its number off.
-        const QString student = list.Text(row, StudentsListColumn::StudentName);
+        const QString& student = list.Text(row, StudentsListColumn::StudentName);
         const auto bracket = student.lastIndexOf(QLatin1Char('('));
         QStringList cells{student.left(bracket),
                           bracket < 0 ? QString() : student.mid(bracket + 1).chopped(1)};
