@@ -2,7 +2,6 @@
 #include "reports/DivisionReportScreen.h"
 #include "reports/frmclassdivisionsubjectavg.h"
 #include "reports/output/WorkbookReader.h"
-#include "support/TestPaper.h"
 
 #include <QButtonGroup>
 #include <QLabel>
@@ -622,12 +621,7 @@ TEST_F(DivisionAverageScreen, TheLongestNamesKeepScreenPagesAndChartInShape)
     EXPECT_LE(form->minimumSizeHint().width(), widest);
     EXPECT_EQ(grid->TextMatrix(1, 4), QStringLiteral("  Aww"));
     Press(Button("cmdPrint"));
-    ASSERT_EQ(output->printed.size(), 1U);
-    TestPaper paper(output->printed[0].orientation);
-    output->printed[0].paint(paper);
-    for (const TestPaper::Page& page : paper.Pages())
-        for (const TestPaper::Word& word : page.words)
-            EXPECT_TRUE(paper.Edges().contains(word.place)) << word.text.toStdString();
+    ExpectPrintWithinItsPages();
     Press(Button("cmdChart"));
     EXPECT_NE(ScreenRegistry::OpenInstance(QStringLiteral("frmStudentExamAvgChart")), nullptr);
 }

@@ -2,6 +2,7 @@
 
 #include "core/shell/mdiTallyboard.h"
 #include "reports/ReportDriver.h"
+#include "support/TestPaper.h"
 
 #include <QCheckBox>
 
@@ -104,6 +105,18 @@ protected:
         for (const char* table : {"MarkMaster", "ClassSubjectTeacher", "StudentClassDivision"})
             Session().gcnnMain->Execute(
                 QStringLiteral("DELETE FROM %1 WHERE AcademicYearCode = 1").arg(QLatin1String(table)));
+    }
+
+    /// What was printed last leaves no word beyond the edges of its pages.
+    void ExpectPrintWithinItsPages()
+    {
+        ASSERT_FALSE(Base::output->printed.empty());
+        const PrintJob& job = Base::output->printed.back();
+        TestPaper paper(job.orientation);
+        job.paint(paper);
+        for (const TestPaper::Page& page : paper.Pages())
+            for (const TestPaper::Word& word : page.words)
+                EXPECT_TRUE(paper.Edges().contains(word.place)) << word.text.toStdString();
     }
 
     /// Whether the list's items stand whole in it, at least five of them.

@@ -443,12 +443,7 @@ TEST_F(StudentsListScreen, TheLongestNamesKeepScreenPagesAndTextInShape)
 
     form->activateWindow();
     PressKey(form, Qt::Key_P, Qt::ControlModifier);
-    ASSERT_EQ(output->printed.size(), 1U);
-    TestPaper paper(output->printed[0].orientation);
-    output->printed[0].paint(paper);
-    for (const TestPaper::Page& page : paper.Pages())
-        for (const TestPaper::Word& word : page.words)
-            EXPECT_TRUE(paper.Edges().contains(word.place)) << word.text.toStdString();
+    ExpectPrintWithinItsPages();
 }
 
 TEST_F(StudentsListScreen, ThePlaceOfAClearedListKeepsItsBox)
