@@ -381,8 +381,9 @@ void AddLegend(QChart& drawing, const Chart& chart, const ChartColors& colors, c
     const QPointF first(room.size.width() - Margin - width,
                         above + (height - static_cast<double>(lines) * line) / 2);
     for (qsizetype series = 0; series < names.size(); ++series) {
-        const QPointF place = first + QPointF(static_cast<double>(series / lines) * column,
-                                              static_cast<double>(series % lines) * line);
+        const qsizetype of = series / lines;
+        const QPointF place = first + QPointF(column * static_cast<double>(of),
+                                              line * static_cast<double>(series - of * lines));
         AddSign(drawing, chart.kind, series, colors, {place, QSizeF(sign, line)});
         auto* text = new QGraphicsSimpleTextItem(
             letters.elidedText(names[series], Qt::ElideRight, column - sign - 2 * gap), &drawing);
