@@ -18,7 +18,7 @@ CommonSubjectsInput DivisionReportRepository::LoadCommonSubjects(const SchoolSco
         "e.DivisionCode IN (%1)");
     if (display == SubjectDisplay::TakenForRankOnly)
         subjects += QLatin1String(" AND e.TakenForRank = 'Yes'");
-    subjects += QLatin1String(" GROUP BY a.SubjectCode, a.SubjectName ORDER BY min(e.SlNo), a.SubjectCode");
+    subjects += QLatin1String(" GROUP BY a.SubjectCode ORDER BY min(e.SlNo), a.SubjectCode");
     input.subjects =
         ReadCodedTexts(QueryCodes(main_, subjects, divisionCodes, scope.academicYearCode, scope.classCode));
 

@@ -1,6 +1,7 @@
 #include "core/Numbers.h"
 #include "reports/DivisionReportRepository.h"
 #include "reports/StudentsListRepository.h"
+#include "support/Neighbours.h"
 #include "support/TestSchool.h"
 
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
+#include <tuple>
 
 namespace tally::test {
 namespace {
@@ -93,11 +95,16 @@ QString PlainPercent(qint64 hundredths, int maximum, int count)
     return QStringLiteral("%1.%2").arg(rounded / 100).arg(rounded % 100, 2, 10, QLatin1Char('0'));
 }
 
-class ClassesOfChance : public testing::TestWithParam<unsigned>
+/// Each class among both kinds of neighbours.
+class ClassesOfChance : public testing::TestWithParam<std::tuple<unsigned, Listed>>
 {
 protected:
     void SetUp() override
     {
+        if (std::get<Listed>(GetParam()) == Listed::Yes)
+            AddNeighbours(random.school.main);
+        else
+            AddNeighbours(random.school.main, {Side::Year, Side::Exam, Side::Class}, Listed::No);
         display = random.Chance(50) ? SubjectDisplay::All : SubjectDisplay::TakenForRankOnly;
         for (int division = 1; division <= Divisions; ++division)
             if (division == 1 || random.Chance(70))
@@ -119,7 +126,8 @@ protected:
         return std::find(divisions.begin(), divisions.end(), division) != divisions.end();
     }
 
-    RandomClass random{GetParam()};
+    const unsigned seed = std::get<unsigned>(GetParam());
+    RandomClass random{seed};
     std::vector<int> divisions;
     std::vector<int> subjects;
     SubjectDisplay display{};
@@ -158,7 +166,7 @@ TEST_P(ClassesOfChance, HaveTheAveragesThatAreCountedOneByOne)
                     : QString();
             const int col = FirstSubjectColumn + 2 * static_cast<int>(number) + 1;
             EXPECT_EQ(list.Text(row, col).toStdString(), expected.toStdString())
-                << "class " << GetParam() << " division " << division << " subject " << subject;
+                << "class " << seed << " division " << division << " subject " << subject;
         }
     }
 }
@@ -240,14 +248,14 @@ TEST_P(ClassesOfChance, ListTheStudentsThatAreComparedOneByOne)
                 shown.append(list.Text(row, col));
             EXPECT_EQ(shown.join(QLatin1Char('|')).toStdString(),
                       (name + QLatin1Char('|') + cells.join(QLatin1Char('|'))).toStdString())
-                << "class " << GetParam();
+                << "class " << seed;
         }
-        EXPECT_EQ(list.Rows(), row + 1 + RowsBelowStudents) << "class " << GetParam();
+        EXPECT_EQ(list.Rows(), row + 1 + RowsBelowStudents) << "class " << seed;
 
         const GridTable summary = SummariseStudents(list, side);
         for (std::size_t number = 0; number < subjects.size(); ++number) {
             const int line = static_cast<int>(number) + 1;
-            EXPECT_EQ(summary.Text(line, 1).toInt(), counts[number]) << "class " << GetParam();
+            EXPECT_EQ(summary.Text(line, 1).toInt(), counts[number]) << "class " << seed;
             const QString limit = PlainLimit(random, divisions, subjects[number]);
             const QString last = limit.isEmpty() ? QString()
                                  : given         ? QString::number(value)
@@ -257,7 +265,8 @@ TEST_P(ClassesOfChance, ListTheStudentsThatAreComparedOneByOne)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Forty, ClassesOfChance, testing::Range(1U, 41U));
+INSTANTIATE_TEST_SUITE_P(Forty, ClassesOfChance,
+                         testing::Combine(testing::Range(1U, 41U), testing::Values(Listed::Yes, Listed::No)));
 
 } // namespace
 } // namespace tally::test

@@ -136,6 +136,33 @@ TEST_F(DivisionReports, ListSubjectsOfOneNumberByTheirCodes)
     Run("UPDATE ClassSubjectTeacher SET SlNo = 1");
     EXPECT_EQ(Text(divisionsOf.LoadCommonSubjects(school.scope, {2, 1}, All)).substr(0, 36),
               "1 Subject 1; 2 Subject 2; 3 Subject ");
+    EXPECT_EQ(Text(divisionsOf.LoadCommonSubjects(school.scope, {2, 1}, Taken)).substr(0, 26),
+              "1 Subject 1; 2 Subject 2 |");
+    Run("UPDATE ClassSubjectTeacher SET SlNo = 0 WHERE SubjectCode = 2");
+    EXPECT_EQ(Text(divisionsOf.LoadCommonSubjects(school.scope, {2, 1}, Taken)).substr(0, 26),
+              "2 Subject 2; 1 Subject 1 |");
+}
+
+TEST_F(DivisionReports, ListSubjectsOfOneNameEach)
+{
+    Run("UPDATE SubjectMaster SET SubjectName = 'Same' WHERE SubjectCode > 0");
+    EXPECT_EQ(Text(divisionsOf.LoadCommonSubjects(school.scope, {1, 2}, All)).substr(0, 24),
+              "3 Same; 1 Same; 2 Same |");
+    EXPECT_EQ(Text(divisionsOf.LoadCommonSubjects(school.scope, {1, 2}, Taken)).substr(0, 16),
+              "1 Same; 2 Same |");
+}
+
+TEST_F(DivisionReports, ListNoSubjectThatOnlyNeighboursTake)
+{
+    AddNeighbours(school.main);
+    Run("INSERT INTO SubjectMaster VALUES (7, 'Next', 'Next', 0)");
+    for (const char* place : {"10001, 1, 1", "1, 10001, 1", "1, 1, 10001"})
+        Run(("INSERT INTO ClassSubjectTeacher VALUES (" + std::string(place) + ", 7, 0, 100, 100, 'Yes', 1)")
+                .c_str());
+    EXPECT_EQ(Text(divisionsOf.LoadCommonSubjects(school.scope, {1, 2}, All)).substr(0, 38),
+              "3 Subject 3; 1 Subject 1; 2 Subject 2 ");
+    EXPECT_EQ(Text(divisionsOf.LoadCommonSubjects(school.scope, {1, 2}, Taken)).substr(0, 26),
+              "1 Subject 1; 2 Subject 2 |");
 }
 
 TEST_F(DivisionReports, AverageTheMarksOfThoseWhoWerePresent)
