@@ -21,6 +21,7 @@ public:
     bool Exists() const { return count_ > 0; }
     /// Only with marks, as all below.
     double Value() const { return sum_.Value() / count_; }
+    double PercentOf(double maximumMark) const { return sum_.Value() / (maximumMark * count_) * 100; }
     /// As lists show it: rounded to `decimals` (0 or 2), a half to the even neighbour. It is a half where it
     /// is one on paper: 65.02 and 65.03 give 65.02.
     QString Text(int decimals) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Numbers.h"
+#include "reports/MarkAverage.h"
 
 #include <QString>
 
@@ -18,21 +19,16 @@ struct DivisionMark
 class PercentAverage
 {
 public:
-    void Add(double mark)
-    {
-        sum_.Add(mark);
-        ++count_;
-    }
+    void Add(double mark) { marks_.Add(mark); }
 
     /// With two decimals; empty for marks out of 0, by which nobody can be measured. Only with marks.
     QString Text(double maximumMark) const
     {
-        return maximumMark == 0 ? QString() : Format2(sum_.Value() / (maximumMark * count_) * 100);
+        return maximumMark == 0 ? QString() : Format2(marks_.PercentOf(maximumMark));
     }
 
 private:
-    ExactSum sum_;
-    int count_ = 0;
+    MarkAverage marks_;
 };
 
 } // namespace tally
