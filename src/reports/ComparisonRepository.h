@@ -42,8 +42,8 @@ public:
     /// The subjects by name in which the student has marks in the years, in any exam; entered is what has one
     /// in this exam.
     SubjectListInput LoadYearSubjects(int studentCode, int examCode, const std::vector<int>& yearCodes);
-    /// The subjects that there are, in the order given, and the student's marks in the exam in all years, wherever in the
-    /// school they were made and whether he was absent or not.
+    /// The subjects that there are, in the order given, and the student's marks in the exam in all years,
+    /// wherever in the school they were made and whether he was absent or not.
     ComparisonInput LoadYearMarks(int studentCode, int examCode, const std::vector<int>& yearCodes,
                                   const std::vector<int>& subjectCodes);
 
