@@ -28,6 +28,8 @@ void SelectAllBox::TickAll(bool ticked)
         if (!passedOver_.isNull() && list_->item(index)->text().startsWith(passedOver_))
             list_->SetTicked(index, false);
     }
+    if (list_->TickedIndexes().isEmpty())
+        box_->setChecked(false);
     Q_EMIT Changed();
 }
 

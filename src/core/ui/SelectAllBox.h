@@ -13,8 +13,8 @@ namespace tally {
 class CheckList;
 
 /// The box "Select All" and the list that it ticks and unticks. It passes over items that cannot be ticked,
-/// and goes off when one of the others is unticked. The user is told why an item cannot be ticked, and its
-/// tick is taken back.
+/// and goes off when one of the others is unticked, or when there was nothing to tick. The user is told why
+/// an item cannot be ticked, and its tick is taken back.
 class SelectAllBox : public QObject
 {
     Q_OBJECT

@@ -67,6 +67,16 @@ TEST_F(SelectAllBoxTest, GoesOffWhenAnItemIsUntickedAndKeepsTheOthers)
     EXPECT_EQ(changes, 2);
 }
 
+TEST_F(SelectAllBoxTest, GoesOffWhereNothingCanBeTicked)
+{
+    all->PassOver(QLatin1Char('.'));
+    all->SetItems(
+        {{2, QStringLiteral("  Two"), QStringLiteral("Not Two")}, {3, QStringLiteral(". Three"), {}}});
+    ToggleAll();
+    EXPECT_TRUE(list.TickedData().empty());
+    EXPECT_FALSE(box.isChecked());
+}
+
 TEST_F(SelectAllBoxTest, TellsWhyAnItemCannotBeTickedAndTakesItsTickBack)
 {
     prompts.ExpectInformation(QStringLiteral("Not Two"));
