@@ -5,21 +5,16 @@ namespace tally {
 std::vector<SetupReportRow> SetupReportRepository::LoadSetup(int academicYearCode, int classCode,
                                                              int divisionCode)
 {
-    QString sql = QStringLiteral(
+    std::vector<SetupReportRow> setup;
+    store::Statement rows = main_.Prepare(QStringLiteral(
         "SELECT d.ClassName, e.DivisionName, a.ClassCode, a.DivisionCode, b.SubjectName, c.TeacherName, "
         "a.MaximumMark, a.MaximumAllowed, a.TakenForRank, a.SlNo FROM ClassSubjectTeacher a, "
         "SubjectMaster b, TeacherMaster c, ClassDivisionMaster d, ClassDivisionDetails e "
         "WHERE a.SubjectCode = b.SubjectCode AND a.TeacherCode = c.TeacherCode AND "
         "a.ClassCode = d.ClassCode AND a.ClassCode = e.ClassCode AND a.DivisionCode = e.DivisionCode AND "
-        "a.AcademicYearCode = :Year");
-    if (classCode != 0)
-        sql += QStringLiteral(" AND a.ClassCode = :Class");
-    if (divisionCode != 0)
-        sql += QStringLiteral(" AND a.DivisionCode = :Division");
-    sql += QStringLiteral(" ORDER BY d.ClassOrder, e.DivisionCode, a.SlNo, a.SubjectCode");
-
-    std::vector<SetupReportRow> setup;
-    store::Statement rows = main_.Prepare(sql);
+        "a.AcademicYearCode = :Year AND (:Class = 0 OR a.ClassCode = :Class) AND "
+        "(:Division = 0 OR a.DivisionCode = :Division) "
+        "ORDER BY d.ClassOrder, e.DivisionCode, a.SlNo, a.SubjectCode"));
     rows.BindNamed(":Year", academicYearCode);
     rows.BindNamed(":Class", classCode);
     rows.BindNamed(":Division", divisionCode);

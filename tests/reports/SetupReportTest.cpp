@@ -122,11 +122,13 @@ protected:
             "'ANU')");
         school.AddDivision(2, "A");
         school.AddDivision(1, "B");
-        Run("INSERT INTO ClassDivisionDetails VALUES (2, 'A', 1)");
+        Run("INSERT INTO ClassDivisionDetails VALUES (2, 'A', 2)");
+        school.AddSubject(1, 4, "His", 4);
+        school.AddSubject(1, 3, "Geo", 4);
         school.AddSubject(1, 1, "Eng", 3);
         school.AddSubject(1, 2, "Mat", 1, "No", 50, 60);
         school.AddSubject(2, 1, "Eng", 1);
-        Run("INSERT INTO ClassSubjectTeacher VALUES (1, 2, 1, 1, 1, 100, 100, 'Yes', 4)");
+        Run("INSERT INTO ClassSubjectTeacher VALUES (1, 2, 2, 1, 1, 100, 100, 'Yes', 4)");
         AddNeighbours(school.main, {Side::Year});
     }
 
@@ -147,23 +149,26 @@ protected:
 
 TEST_F(SetupReportRows, OfAllClassesStandInTheOrderOfClassesThenByDivisionAndOrder)
 {
-    EXPECT_EQ(Load(0, 0), "IX/A Subject 1 4; X/B Subject 2 1; X/B Subject 1 3; X/A Subject 1 1");
+    EXPECT_EQ(Load(0, 0), "IX/A Subject 1 4; X/B Subject 2 1; X/B Subject 1 3; X/B Subject 3 4; X/B Subject "
+                          "4 4; X/A Subject 1 1");
 }
 
 TEST_F(SetupReportRows, AreThoseOfOneClassOrOneDivisionWhereThatIsChosen)
 {
-    EXPECT_EQ(Load(1, 0), "X/B Subject 2 1; X/B Subject 1 3; X/A Subject 1 1");
+    EXPECT_EQ(Load(1, 0),
+              "X/B Subject 2 1; X/B Subject 1 3; X/B Subject 3 4; X/B Subject 4 4; X/A Subject 1 1");
     EXPECT_EQ(Load(1, 2), "X/A Subject 1 1");
-    EXPECT_EQ(Load(2, 2), "");
+    EXPECT_EQ(Load(2, 2), "IX/A Subject 1 4");
+    EXPECT_EQ(Load(2, 1), "");
 }
 
 TEST_F(SetupReportRows, TellWhatTheDivisionTakesFromWhom)
 {
     const std::vector<SetupReportRow> rows = SetupReportRepository(school.main).LoadSetup(1, 0, 0);
-    ASSERT_EQ(rows.size(), 4U);
+    ASSERT_EQ(rows.size(), 6U);
     EXPECT_EQ(rows[0].teacherName.toStdString(), "Anu");
     EXPECT_EQ(rows[0].classCode, 2);
-    EXPECT_EQ(rows[0].divisionCode, 1);
+    EXPECT_EQ(rows[0].divisionCode, 2);
     EXPECT_EQ(rows[1].maximumMark, 50);
     EXPECT_EQ(rows[1].maximumAllowed, 60);
     EXPECT_EQ(rows[1].takenForRank.toStdString(), "No");
