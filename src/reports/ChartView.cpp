@@ -81,6 +81,12 @@ void ChartView::resizeEvent(QResizeEvent* event)
     Redraw();
 }
 
+bool ChartView::viewportEvent(QEvent* event)
+{
+    // The scene, which has no tips of its own, would take away that of the value where the mouse rests.
+    return event->type() == QEvent::ToolTip || QChartView::viewportEvent(event);
+}
+
 QImage ChartView::Picture() const
 {
     QImage picture(PictureSize * PictureDots, QImage::Format_RGB32);

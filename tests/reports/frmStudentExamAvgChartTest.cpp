@@ -12,6 +12,7 @@
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QImage>
 #include <QPdfWriter>
 #include <QSvgRenderer>
@@ -254,6 +255,8 @@ TEST_F(ChartWindow, TheMouseOverABarShowsSeriesLabelAndValue)
 {
     Open();
     QToolTip::hideText();
+    EXPECT_TRUE(chart->viewport()->hasMouseTracking())
+        << "a display tells of no move without a button otherwise";
     const auto* bars = qobject_cast<QBarSeries*>(chart->chart()->series().value(0));
     ASSERT_NE(bars, nullptr);
     // Within the first bar of the first exam, which stands at the left of its label.
@@ -266,6 +269,10 @@ TEST_F(ChartWindow, TheMouseOverABarShowsSeriesLabelAndValue)
     EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("Eng"))) << QToolTip::text().toStdString();
     EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("Mid Term: 56.67")))
         << QToolTip::text().toStdString();
+    // What comes when the mouse has rested for a while.
+    QHelpEvent rest(QEvent::ToolTip, place, chart->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(chart->viewport(), &rest);
+    EXPECT_FALSE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 600));
     QTest::mouseMove(chart->viewport(), QPoint(3, 3));
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
 }
