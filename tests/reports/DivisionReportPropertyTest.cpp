@@ -104,7 +104,8 @@ protected:
         if (std::get<Listed>(GetParam()) == Listed::Yes)
             AddNeighbours(random.school.main);
         else
-            AddNeighbours(random.school.main, {Side::Year, Side::Exam, Side::Class}, Listed::No);
+            AddNeighbours(random.school.main, {Side::Year, Side::Exam, Side::Class, Side::Division},
+                          Listed::No);
         display = random.Chance(50) ? SubjectDisplay::All : SubjectDisplay::TakenForRankOnly;
         for (int division = 1; division <= Divisions; ++division)
             if (division == 1 || random.Chance(70))
@@ -217,6 +218,9 @@ TEST_P(ClassesOfChance, ListTheStudentsThatAreComparedOneByOne)
         for (const auto& [student, division] : random.divisionOf)
             if (IsChosen(division))
                 students[QStringLiteral("Student(A%1)").arg(student)] = student;
+        ASSERT_EQ(input.students.size(), students.size()) << "class " << seed;
+        for (const ClassAverageRow& student : input.students)
+            EXPECT_EQ(std::count(student.marks.begin(), student.marks.end(), 0.0), 0) << "class " << seed;
         std::vector<int> counts(subjects.size(), 0);
         for (const auto& [name, student] : students) {
             QStringList cells;
