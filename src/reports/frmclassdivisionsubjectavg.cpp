@@ -102,10 +102,4 @@ void frmclassdivisionsubjectavg::cmdCancel_Click()
     ui_->Cboexamname->setFocus();
 }
 
-QSize frmclassdivisionsubjectavg::sizeHint() const
-{
-    // As much of a wide list as most displays can show; a smaller one bounds it.
-    return {1400, 1400};
-}
-
 } // namespace tally

@@ -22,7 +22,6 @@ public:
     frmclassdivisionsubjectavg();
     ~frmclassdivisionsubjectavg() override;
 
-    QSize sizeHint() const override;
 
 protected:
     ReportHead Head() const override;

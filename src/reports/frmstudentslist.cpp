@@ -201,10 +201,4 @@ QString frmstudentslist::ExitCaption() const
     return QString::fromLatin1(definition_.exitCaption);
 }
 
-QSize frmstudentslist::sizeHint() const
-{
-    // As much of a long list as most displays can show; a smaller one bounds it.
-    return {1400, 1400};
-}
-
 } // namespace tally

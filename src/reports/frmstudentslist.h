@@ -23,7 +23,6 @@ public:
     explicit frmstudentslist(const StudentsListDefinition& definition);
     ~frmstudentslist() override;
 
-    QSize sizeHint() const override;
 
 protected:
     QString ExitCaption() const override;

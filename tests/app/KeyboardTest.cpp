@@ -198,7 +198,7 @@ constexpr Ways Known[] = {
      "S:cbostudent U:Lstsubjects X:cmdExit",
      "Optsubjectdisplayno optBarGrph"},
     {"frmclassdivisionsubjectavg",
-     "Cboexamname cboClass Optsubjectdisplayyes Optsubjectdisplayno ChkSelectDivision Lstdivision "
+     "Cboexamname cboClass Optsubjectdisplayno Optsubjectdisplayyes ChkSelectDivision Lstdivision "
      "chkSelectSubjects Lstsubjects cmdView msgDetails cmdChart optBarGrph optLineGrph cmdExport cmdPrint "
      "cmdCancel cmdExit",
      "C:cmdCancel D:Lstdivision E:cmdExport H:cmdChart K:cmdView L:cboClass N:Cboexamname P:cmdPrint "
@@ -230,14 +230,14 @@ constexpr Ways Known[] = {
      "P:cmdPrint S:cbostudent U:Lstsubjects X:cmdExit",
      "optBarGrph"},
     {"frmstudentslistabove",
-     "Cboexamname cboClass Optsubjectdisplayyes Optsubjectdisplayno chkSelectAllDivision Lstdivision "
+     "Cboexamname cboClass Optsubjectdisplayno Optsubjectdisplayyes chkSelectAllDivision Lstdivision "
      "chkSelectAll Lstsubjects optClassAverage optGivenValue Txtgivenvalue optAll optAnyOne cboReportType "
      "cmdView msgDetails msgSummary cmdExport cmdPrint cmdCancel cmdExit",
      "C:cmdCancel D:Lstdivision E:cmdExport K:cmdView L:cboClass N:Cboexamname P:cmdPrint S:Lstsubjects "
      "T:cboReportType X:cmdExit",
      "Optsubjectdisplayno optAll optClassAverage"},
     {"frmstudentslistbelow",
-     "Cboexamname cboClass Optsubjectdisplayyes Optsubjectdisplayno chkSelectAllDivision Lstdivision "
+     "Cboexamname cboClass Optsubjectdisplayno Optsubjectdisplayyes chkSelectAllDivision Lstdivision "
      "chkSelectAll Lstsubjects optClassAverage optGivenValue Txtgivenvalue optAll optAnyOne cboReportType "
      "cmdView msgDetails msgSummary cmdExport cmdPrint cmdCancel cmdExit",
      "C:cmdCancel D:Lstdivision E:cmdExport K:cmdView L:cboClass N:Cboexamname P:cmdPrint S:Lstsubjects "

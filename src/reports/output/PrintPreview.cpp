@@ -73,7 +73,7 @@ void ShowPrintPreview(PrintJob job)
                     .arg(title));
     });
     if (preview->parentWidget())
-        preview->resize(preview->parentWidget()->size() * 9 / 10);
+        preview->resize(preview->parentWidget()->size() * 4 / 5);
     preview->open();
 }
 
