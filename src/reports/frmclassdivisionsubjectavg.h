@@ -22,7 +22,6 @@ public:
     frmclassdivisionsubjectavg();
     ~frmclassdivisionsubjectavg() override;
 
-
 protected:
     ReportHead Head() const override;
     void cmdCancel_Click() override;

@@ -23,7 +23,6 @@ public:
     explicit frmstudentslist(const StudentsListDefinition& definition);
     ~frmstudentslist() override;
 
-
 protected:
     QString ExitCaption() const override;
     ReportHead Head() const override;
