@@ -55,10 +55,10 @@ TEST_F(DivisionAverageScreen, EachUnderlinedLetterLeadsToOneControl)
 {
     OpenForm();
     EXPECT_EQ(ExpectOneControlALetter(form),
-              QStringList({QStringLiteral("Display All Subject(s)"),
-                           QStringLiteral("Don't Display The Subject(s) Which Is Not Taken For Rank"),
-                           QStringLiteral("Select All"), QStringLiteral("Select All"),
-                           QStringLiteral("Bar Graph"), QStringLiteral("Line Graph")}));
+              QStringList({QStringLiteral("Don't Display The Subject(s) Which Is Not Taken For Rank"),
+                           QStringLiteral("Display All Subject(s)"), QStringLiteral("Select All"),
+                           QStringLiteral("Select All"), QStringLiteral("Bar Graph"),
+                           QStringLiteral("Line Graph")}));
 }
 
 TEST_F(DivisionAverageScreen, WhatIsMissingIsAskedForInItsOrder)
@@ -304,7 +304,7 @@ TEST_F(DivisionAverageScreen, TheArrowKeyToAnotherOptionLeavesTheKeyboardWithThe
     ChooseClass();
     Press(Option("Optsubjectdisplayno"));
     prompts.ExpectInformation(NoDivision);
-    QTest::keyClick(Option("Optsubjectdisplayno"), Qt::Key_Up);
+    QTest::keyClick(Option("Optsubjectdisplayno"), Qt::Key_Down);
     Settle();
     prompts.Verify();
     EXPECT_TRUE(Option("Optsubjectdisplayyes")->isChecked());

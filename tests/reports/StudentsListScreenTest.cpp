@@ -108,11 +108,11 @@ TEST_F(StudentsListScreen, EachUnderlinedLetterLeadsToOneControl)
 {
     OpenBelow();
     EXPECT_EQ(ExpectOneControlALetter(form),
-              QStringList({QStringLiteral("Display All Subject(s)"),
-                           QStringLiteral("Don't Display The Subject(s) Which Is Not Taken For Rank"),
-                           QStringLiteral("Select All"), QStringLiteral("Select All"),
-                           QStringLiteral("Class Average"), QStringLiteral("Given Value"),
-                           QStringLiteral("All Subject"), QStringLiteral("Any One Subject")}));
+              QStringList({QStringLiteral("Don't Display The Subject(s) Which Is Not Taken For Rank"),
+                           QStringLiteral("Display All Subject(s)"), QStringLiteral("Select All"),
+                           QStringLiteral("Select All"), QStringLiteral("Class Average"),
+                           QStringLiteral("Given Value"), QStringLiteral("All Subject"),
+                           QStringLiteral("Any One Subject")}));
 }
 
 TEST_F(StudentsListScreen, WhatIsMissingIsAskedForInItsOrder)
