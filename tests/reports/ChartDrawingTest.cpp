@@ -73,7 +73,7 @@ double Contrast(const QColor& one, const QColor& other)
         const Linear light = LinearOf(color);
         return 0.2126 * light.red + 0.7152 * light.green + 0.0722 * light.blue;
     };
-    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
