@@ -21,6 +21,80 @@ namespace {
 
 /// In bytes.
 constexpr qint64 CopyStep = 1 << 20;
+/// Pages that are poured between two words about how far it has come.
+constexpr int PourStep = 256;
+/// The first page of every file, which each commit writes anew: its counter of changes stands there, and what
+/// is encrypted begins with other random bytes each time.
+constexpr qint64 FirstPageSize = 4096;
+/// Steps of the engine's machine between two words about a long statement.
+constexpr int StepsBetweenWords = 200000;
+
+/// The file under a connection, reached through the engine's own handle: where a process closes a second one
+/// on the same file, it loses the locks that it holds there.
+class FileOf
+{
+public:
+    explicit FileOf(sqlite3* engine)
+    {
+        Check(sqlite3_file_control(engine, "main", SQLITE_FCNTL_FILE_POINTER, &file_));
+    }
+
+    qint64 Size() const
+    {
+        sqlite3_int64 size = 0;
+        Check(file_->pMethods->xFileSize(file_, &size));
+        return size;
+    }
+
+    QByteArray Read(qint64 from, qint64 count) const
+    {
+        QByteArray bytes(count, Qt::Uninitialized);
+        Check(file_->pMethods->xRead(file_, bytes.data(), static_cast<int>(count), from));
+        return bytes;
+    }
+
+private:
+    static void Check(int result)
+    {
+        if (result != SQLITE_OK)
+            throw StoreError(result, QString::fromUtf8(sqlite3_errstr(result)));
+    }
+
+    sqlite3_file* file_ = nullptr;
+};
+
+/// While it lives, `progress` hears of each stretch of a long statement and may end it.
+class Words
+{
+public:
+    Words(sqlite3* engine, const Progress& progress) : engine_(engine), progress_(progress)
+    {
+        if (progress_)
+            sqlite3_progress_handler(engine_, StepsBetweenWords, &Words::Say, this);
+    }
+    Words(const Words&) = delete;
+    Words& operator=(const Words&) = delete;
+    ~Words() { sqlite3_progress_handler(engine_, 0, nullptr, nullptr); }
+
+    bool WereCutShort() const { return cutShort_; }
+
+private:
+    static int Say(void* self)
+    {
+        auto* words = static_cast<Words*>(self);
+        words->cutShort_ = !words->progress_(0, 0);
+        return words->cutShort_ ? 1 : 0;
+    }
+
+    sqlite3* engine_;
+    const Progress& progress_;
+    bool cutShort_ = false;
+};
+
+struct EndPouring
+{
+    void operator()(sqlite3_backup* pouring) const { sqlite3_backup_finish(pouring); }
+};
 
 } // namespace
 
@@ -156,23 +230,63 @@ int Connection::SchemaVersion()
     return static_cast<int>(Number(dialect::ReadSchemaVersion()));
 }
 
-void Connection::CopyTo(QIODevice& copy)
+void Connection::CopyTo(QIODevice& copy, const Progress& progress)
 {
-    // Through the engine's own handle: where a process closes a second one on the same file, it loses the
-    // locks that it holds there.
-    sqlite3_file* file = nullptr;
-    sqlite3_int64 size = 0;
-    int result = sqlite3_file_control(engine_.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-    if (result == SQLITE_OK)
-        result = file->pMethods->xFileSize(file, &size);
-    QByteArray bytes;
-    for (qint64 done = 0; result == SQLITE_OK && done < size; done += bytes.size()) {
-        bytes.resize(std::min(CopyStep, size - done));
-        result = file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), done);
-        if (result == SQLITE_OK && copy.write(bytes) != bytes.size())
+    const FileOf file(engine_.get());
+    const qint64 size = file.Size();
+    for (qint64 done = 0; done < size;) {
+        Tell(progress, done, size);
+        const QByteArray bytes = file.Read(done, std::min(CopyStep, size - done));
+        if (copy.write(bytes) != bytes.size())
             throw StoreError(QStringLiteral("The Copy Could Not Be Written (%1)").arg(copy.errorString()));
+        done += bytes.size();
     }
-    if (result != SQLITE_OK)
+}
+
+QByteArray Connection::CommitMark()
+{
+    const FileOf file(engine_.get());
+    return file.Read(0, std::min(FirstPageSize, file.Size()));
+}
+
+void Connection::Prove(bool indexes, const Progress& progress)
+{
+    const Words words(engine_.get(), progress);
+    try {
+        Statement rows = Query(dialect::Prove(indexes));
+        if (rows.Next() && rows.Text(0) != QLatin1String("ok"))
+            throw StoreError(dialect::DamagedFile(), rows.Text(0));
+    } catch (const StoreError&) {
+        if (words.WereCutShort())
+            throw Cancelled();
+        throw;
+    }
+}
+
+void Connection::Vacuum()
+{
+    Execute(dialect::Vacuum());
+}
+
+void Connection::PourFrom(Connection& source, const std::function<void()>& locked, const Progress& progress)
+{
+    const std::unique_ptr<sqlite3_backup, EndPouring> pouring(
+        sqlite3_backup_init(engine_.get(), "main", source.engine_.get(), "main"));
+    if (!pouring)
+        throw StoreError(sqlite3_extended_errcode(engine_.get()),
+                         QString::fromUtf8(sqlite3_errmsg(engine_.get())));
+    // A step of no pages takes the lock against all others, and the last step commits.
+    int result = sqlite3_backup_step(pouring.get(), 0);
+    if (result == SQLITE_OK)
+        locked();
+    while (result == SQLITE_OK) {
+        result = sqlite3_backup_step(pouring.get(), PourStep);
+        if (result == SQLITE_OK) {
+            const int total = sqlite3_backup_pagecount(pouring.get());
+            Tell(progress, total - sqlite3_backup_remaining(pouring.get()), total);
+        }
+    }
+    if (result != SQLITE_DONE)
         throw StoreError(result, QString::fromUtf8(sqlite3_errstr(result)));
 }
 

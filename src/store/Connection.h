@@ -1,11 +1,13 @@
 #pragma once
 
+#include "store/Progress.h"
 #include "store/Statement.h"
 
 #include <QString>
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 class QIODevice;
@@ -85,7 +87,21 @@ public:
     int SchemaVersion();
     /// Writes the bytes of the file, as they were last committed, to `copy`. Not for a store in memory. Only
     /// in a transaction that has changed nothing yet; it keeps other writers away meanwhile.
-    void CopyTo(QIODevice& copy);
+    void CopyTo(QIODevice& copy, const Progress& progress = {});
+    /// Bytes of the file that no two commits leave alike, whoever makes them. Only in a transaction or under
+    /// the lock of PourFrom.
+    QByteArray CommitMark();
+    /// Reads the whole file: every page and how the pages hang together, with `indexes` also that each index
+    /// leads to the rows it should. Throws where it is damaged.
+    void Prove(bool indexes, const Progress& progress = {});
+    /// Writes the file anew without the gaps that deleted rows have left.
+    void Vacuum();
+    /// Gives this file all that `source` holds, in one step: whatever stops the work leaves the one content or
+    /// the other. Other clients that have the file open wait, and go on in what was poured. `locked` runs when
+    /// nobody else can read or write this file any more and nothing in it has changed yet; where it throws,
+    /// nothing is poured. Both files have their passwords or neither has one; no transaction is open on this
+    /// one. `source` must keep still: begin reading on it first where other clients may write to it.
+    void PourFrom(Connection& source, const std::function<void()>& locked, const Progress& progress = {});
     /// Statements run so far, for proving that an action's cost does not grow with the school.
     std::uint64_t StatementsRun() const { return *runs_; }
     /// Empty for a store in memory.

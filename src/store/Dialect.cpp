@@ -115,6 +115,22 @@ QString BeginReading()
     return QStringLiteral("BEGIN");
 }
 
+QString Prove(bool indexes)
+{
+    return indexes ? QStringLiteral("PRAGMA integrity_check(1)") : QStringLiteral("PRAGMA quick_check(1)");
+}
+
+QString Vacuum()
+{
+    return QStringLiteral("VACUUM");
+}
+
+QString ReadTableNames()
+{
+    return QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%'"
+                          " ORDER BY name");
+}
+
 QString ReadChangesByOthers()
 {
     return QStringLiteral("PRAGMA data_version");
@@ -133,6 +149,11 @@ QString WriteSchemaVersion(int version)
 int ReferenceError()
 {
     return SQLITE_CONSTRAINT;
+}
+
+int DamagedFile()
+{
+    return SQLITE_CORRUPT;
 }
 
 ErrorKind KindOf(int engineCode, const QString& engineText)

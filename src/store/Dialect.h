@@ -50,6 +50,13 @@ QString WaitLessForDisk();
 QString BeginWriting();
 QString BeginReading();
 
+/// Reads the whole file and gives "ok" or what is wrong with it first; see Connection::Prove.
+QString Prove(bool indexes);
+/// Writes the file anew without its gaps.
+QString Vacuum();
+/// The names of the tables that the program itself has made.
+QString ReadTableNames();
+
 /// A number that changes with every commit of another connection.
 QString ReadChangesByOthers();
 /// The version of the tables, which lies in the file itself; 0 where none was ever set.
@@ -61,6 +68,8 @@ QString WriteSchemaVersion(int version);
 
 /// For a row that another client has deleted: the number that a broken reference has.
 int ReferenceError();
+/// For a file that opens and yet is not whole.
+int DamagedFile();
 ErrorKind KindOf(int engineCode, const QString& engineText);
 bool IsLock(int engineCode);
 bool IsDuplicateKey(int engineCode);

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -20,6 +21,9 @@ namespace tally::store {
 namespace {
 
 using FilePath = std::filesystem::path;
+
+/// More files of one name than this are no accident, and the folder is left to people.
+constexpr int MostNumbers = 99;
 
 bool IsLink(const QFileInfo& file)
 {
@@ -148,6 +152,56 @@ bool MoveToFreeName(const QString& file, const QString& path)
             return !error;
     }
     return false;
+}
+
+QString MoveToNumberedName(const QString& file, const QString& folder, const QString& base,
+                           const QString& suffix)
+{
+    for (int number = 1; number <= MostNumbers; ++number) {
+        const QString again = number == 1 ? QString() : QStringLiteral(" (%1)").arg(number);
+        QString path = QDir(folder).filePath(base + again + QLatin1Char('.') + suffix);
+        if (MoveToFreeName(file, path))
+            return path;
+        if (IsFreeName(path))
+            break;
+    }
+    return {};
+}
+
+bool MoveInPlace(const QString& file, const QString& path)
+{
+    const FilePath to = QFileInfo(path).filesystemFilePath();
+    std::error_code error;
+    std::filesystem::rename(QFileInfo(file).filesystemFilePath(), to, error);
+    if (!error)
+        BringNamesToDisk(to.parent_path());
+    return !error;
+}
+
+bool AreOneFile(const QString& path, const QString& other)
+{
+    std::error_code error;
+    return std::filesystem::equivalent(QFileInfo(path).filesystemFilePath(),
+                                       QFileInfo(other).filesystemFilePath(), error) &&
+           !error;
+}
+
+void TakeRightsOf(QFile& copy, const QString& original)
+{
+#ifdef Q_OS_UNIX
+    struct stat wanted = {};
+    struct stat given = {};
+    const int descriptor = copy.handle();
+    if (stat(QFile::encodeName(original).constData(), &wanted) != 0 || fstat(descriptor, &given) != 0)
+        return;
+    mode_t mode = wanted.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
+    // The people of another group get no more than everybody else.
+    if (given.st_gid != wanted.st_gid && fchown(descriptor, static_cast<uid_t>(-1), wanted.st_gid) != 0)
+        mode = (mode & ~S_IRWXG) | ((mode & S_IRWXO) << 3U);
+    fchmod(descriptor, mode);
+#else
+    copy.setPermissions(QFile::permissions(original));
+#endif
 }
 
 } // namespace tally::store

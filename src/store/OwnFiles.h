@@ -34,6 +34,18 @@ void RemoveOwnFolder(const QString& folder, const QStringList& files);
 /// is taken, or the moment another program takes it: no file is ever replaced. The new name is brought to the
 /// disk too, where the file system does so.
 [[nodiscard]] bool MoveToFreeName(const QString& file, const QString& path);
+/// The same under the first free one of the names "`base`.`suffix`", "`base` (2).`suffix`" and so on in
+/// `folder`. Gives the path taken; empty where none could be had.
+[[nodiscard]] QString MoveToNumberedName(const QString& file, const QString& folder, const QString& base,
+                                         const QString& suffix);
+/// Gives `file` the name `path` within its own file system, in place of the file that has it. Whoever looks
+/// finds the one or the other under the name, at every moment. The name is brought to the disk too.
+[[nodiscard]] bool MoveInPlace(const QString& file, const QString& path);
+/// Whether both paths lead to one and the same file, by whatever spelling or link.
+bool AreOneFile(const QString& path, const QString& other);
+/// Lets nobody read or write the open `copy` who may not do so with `original`, and everybody else as far as
+/// the system lets this program say so.
+void TakeRightsOf(QFile& copy, const QString& original);
 /// The ways in which MoveToFreeName does so, the safest first. Not every file system knows every one.
 using MoveWay = std::error_code (*)(const std::filesystem::path& from, const std::filesystem::path& to);
 const std::array<MoveWay, 3>& MoveWays();

@@ -30,9 +30,6 @@ constexpr void (*Steps[])(Transaction&) = {
 };
 static_assert(MainVersion == std::size(Steps) + 1);
 
-/// More copies than this of one upgrade are no accident, and the folder is left to people.
-constexpr int MostCopies = 99;
-
 QString Shown(const Connection& main)
 {
     return QDir::toNativeSeparators(main.Path());
@@ -72,17 +69,12 @@ StoreError NoCopy(const QString& reason)
 /// A free name for the finished copy. Gives the name taken.
 QString NameCopy(const QString& unfinished, const QFileInfo& file)
 {
-    const QString wanted = file.dir().filePath(
-        QStringLiteral("%1 before upgrade %2").arg(file.completeBaseName()).arg(MainVersion));
-    for (int number = 1; number <= MostCopies; ++number) {
-        const QString again = number == 1 ? QString() : QStringLiteral(" (%1)").arg(number);
-        QString name = wanted + again + QLatin1Char('.') + file.suffix();
-        if (MoveToFreeName(unfinished, name))
-            return name;
-        if (IsFreeName(name))
-            break;
-    }
-    throw NoCopy(QStringLiteral("its name could not be given"));
+    QString name = MoveToNumberedName(
+        unfinished, file.path(),
+        QStringLiteral("%1 before upgrade %2").arg(file.completeBaseName()).arg(MainVersion), file.suffix());
+    if (name.isEmpty())
+        throw NoCopy(QStringLiteral("its name could not be given"));
+    return name;
 }
 
 /// Copies the file under the write lock that the caller holds. Gives the copy's name, under which it appears
