@@ -150,6 +150,21 @@ void SessionRepository::RemovePresence(store::Transaction& transaction)
     transaction.Execute(QStringLiteral("DELETE FROM ExamBoardMaster WHERE BoardCode = 1"));
 }
 
+void SessionRepository::CallRoll(store::Transaction& transaction)
+{
+    // The row may be missing while clients are there: the one that left last has taken it along.
+    transaction.Execute(QStringLiteral("DELETE FROM ExamBoardMaster"));
+    transaction.Execute(
+        QStringLiteral("INSERT INTO ExamBoardMaster (BoardCode, BoardNo, Status) VALUES (1, 1, '?')"));
+}
+
+bool SessionRepository::IsRollAnswered()
+{
+    return main_.Number(
+               QStringLiteral("SELECT count(*) FROM ExamBoardMaster WHERE BoardCode = 1 AND Status = 'A'")) >
+           0;
+}
+
 void SessionRepository::TakeScreen(store::Transaction& transaction, const QString& screenName)
 {
     transaction.Execute(QStringLiteral("INSERT INTO ScreenStatus (Screen) VALUES (?)"), screenName);

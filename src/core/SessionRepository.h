@@ -77,6 +77,11 @@ public:
     void WriteStartRows(store::Transaction& transaction, const QDate& today);
     void RefreshPresence(store::Transaction& transaction);
     void RemovePresence(store::Transaction& transaction);
+    /// Asks who is there: each client that works with the school answers within about a second, through
+    /// RefreshPresence.
+    void CallRoll(store::Transaction& transaction);
+    /// Whether a client has answered since.
+    bool IsRollAnswered();
 
     /// Enters a screen among those in use; a general failure when another client has it open.
     void TakeScreen(store::Transaction& transaction, const QString& screenName);

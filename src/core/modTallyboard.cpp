@@ -39,14 +39,29 @@ QString RefusalText(Right right)
     return {};
 }
 
+std::unique_ptr<store::Connection> OpenMain()
+{
+    return std::make_unique<store::Connection>(MainFile(), DatabasePassword(Session()));
+}
+
 } // namespace
+
+QString MainFile()
+{
+    return ProgramFile(QStringLiteral("Tallyboard.mdb"));
+}
+
+void OpenMainAgain()
+{
+    Session().gcnnMain = OpenMain();
+}
 
 void OpenConnections()
 {
     SessionContext& session = Session();
     BuildDatabasePassword(session);
     const QString password = DatabasePassword(session);
-    auto main = std::make_unique<store::Connection>(ProgramFile(QStringLiteral("Tallyboard.mdb")), password);
+    auto main = OpenMain();
     auto temp =
         std::make_unique<store::Connection>(ProgramFile(QStringLiteral("TempTallyboard.mdb")), password);
     temp->HoldsWorkingTables();

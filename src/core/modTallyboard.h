@@ -11,9 +11,15 @@ namespace tally {
 /// The routines that every screen calls, as far as they need no window. They read and fill Session() and
 /// throw StoreError when a statement fails.
 
+/// The full path of the main database.
+QString MainFile();
+
 /// Builds the database password and opens both shared connections in the program's folder; a main file of an
 /// older program is upgraded first. Throws StoreError and leaves both closed when one of them can't be used.
 void OpenConnections();
+/// Opens the main database anew after work on its file closed it. Throws StoreError and leaves it closed when
+/// it can't be used.
+void OpenMainAgain();
 
 /// Fills the year's values from the active academic year; without one only gblnActiveYearExists changes.
 void GetActiveAcademicYear();
