@@ -37,7 +37,11 @@
 #include "students/frmMasStudentRelievingMaster.h"
 #include "students/frmMasStudentRelievingSearch.h"
 #include "students/frmPromotionEntry.h"
+#include "utilities/CompactDatabase.h"
+#include "utilities/frmHelp.h"
+#include "utilities/frmUtilBackupRestore.h"
 #include "utilities/frmUtilOptions.h"
+#include "utilities/frmUtilUserPrivileges.h"
 
 #include <QDir>
 
@@ -85,6 +89,7 @@ void RegisterScreens()
     Register<frmClassSubjectTeacher>("frmClassSubjectTeacher");
     Register<frmClassSubjectTeacherTransfer>("frmClassSubjectTeacherTransfer");
     Register<frmexammarkentry>("frmexammarkentry");
+    Register<frmHelp>("frmHelp");
     Register<frmMasAcademicYearChange>("frmMasAcademicYearChange");
     Register<frmMasAcademicYearSetup>("frmMasAcademicYearSetup");
     Register<frmUtilApplicationDateChange>("frmUtilApplicationDateChange");
@@ -112,12 +117,15 @@ void RegisterScreens()
     Register<frmstudentyearlyexamavg>("frmstudentyearlyexamavg");
     Register<frmTeacherMaster>("frmTeacherMaster");
     Register<frmTeacherSearch>("frmTeacherSearch");
+    Register<frmUtilBackupRestore>("frmUtilBackupRestore");
     Register<frmUtilOptions>("frmUtilOptions");
+    Register<frmUtilUserPrivileges>("frmUtilUserPrivileges");
     RegisterCommands();
 }
 
 void RegisterCommands()
 {
+    MenuCommands::Register(QStringLiteral("frmCompactDatabase"), &CompactDatabase);
     // The menus in which these stand are the window's own.
     MenuCommands::Register(QStringLiteral("Lock"), [] { frmStartLock::Lock(mdiTallyboard::Instance()); });
     MenuCommands::Register(QStringLiteral("Close"), [] { mdiTallyboard::Instance()->mnuClose_Click(); });
