@@ -1,0 +1,659 @@
+#include "utilities/frmUtilUserPrivileges.h"
+
+#include "core/shell/mdiTallyboard.h"
+#include "core/ui/ScreenRegistry.h"
+#include "support/FormDriver.h"
+#include "utilities/PrivilegeTree.h"
+#include "utilities/PrivilegeTreeView.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+
+namespace tally::test {
+namespace {
+
+const QString AlreadyExists =
+    QStringLiteral("Privilege Already Exists To This User. Do You Want To View The Details ?");
+const QString NobodyManages =
+    QStringLiteral("Atleast One User Should Have Privilege To 'Utility Privilege' Menu");
+const QString PasswordsDiffer = QStringLiteral("Password Does Not Match");
+
+const QList<std::pair<QString, QString>> AllOfPrivileges{
+    {QStringLiteral("ToolsMenu"), QStringLiteral("D")},
+    {QStringLiteral("frmUtilUserPrivileges"), QStringLiteral("D")},
+    {QStringLiteral("frmUtilUserPrivileges"), QStringLiteral("N")},
+    {QStringLiteral("frmUtilUserPrivileges"), QStringLiteral("E")},
+};
+
+class frmUtilUserPrivilegesTest : public FormDriver<frmUtilUserPrivileges>
+{
+protected:
+    void SetUp() override
+    {
+        ScreenFixture::SetUp();
+        StopPresence();
+        Session().gintUserCode = 1;
+        Session().gintPrivilegeUserCode = 1;
+    }
+
+    void OpenPrivileges() { OpenForm("frmUtilUserPrivileges"); }
+    /// The one who works here, with the rights for it.
+    void GivenManager() { GivenUser(1, QStringLiteral("boss"), QStringLiteral("Secret"), AllOfPrivileges); }
+    void GivenPerson(int code, const char* name)
+    {
+        Given("INSERT INTO UserMaster (UserCode, UserName, EnteredBy) VALUES (?, ?, 0)", code, name);
+    }
+
+    PrivilegeTreeView* Tree() const { return Find<PrivilegeTreeView>(form, "tvwDisplay"); }
+    QComboBox* Blocked() const { return Find<QComboBox>(form, "cboBlocked"); }
+    QTreeWidgetItem* Line(int number) const
+    {
+        QTreeWidgetItemIterator line(Tree());
+        for (int passed = 1; passed < number; ++passed)
+            ++line;
+        return *line;
+    }
+    /// Ticks or clears a line of the tree with the blank key.
+    void Toggle(int number) const
+    {
+        Tree()->setFocus();
+        for (QTreeWidgetItem* above = Line(number)->parent(); above; above = above->parent())
+            above->setExpanded(true);
+        Tree()->setCurrentItem(Line(number));
+        QTest::keyClick(Tree(), Qt::Key_Space);
+    }
+    void ToggleManagingLines() const
+    {
+        for (const int line : {PrivilegeLine::UserPrivileges})
+            Toggle(line);
+        // Its group alone, without what else stands below.
+        Toggle(PrivilegeLine::Utilities);
+        for (const int line : PrivilegeLinesBelow(PrivilegeLine::Utilities))
+            if (Line(line)->parent() == Line(PrivilegeLine::Utilities) &&
+                line != PrivilegeLine::UserPrivileges)
+                Toggle(line);
+    }
+    /// Leaves the list with Tab, which settles what is chosen in it.
+    void ChoosePerson(const char* name)
+    {
+        Choose("dbcUserName", QString::fromLatin1(name));
+        QTest::keyClick(List("dbcUserName"), Qt::Key_Tab);
+        Settle();
+    }
+    void ChooseBlocked(const char* word) { Choose(Blocked(), QString::fromLatin1(word)); }
+    void EnterLogin(const char* id, const char* password, const char* blocked = "NO")
+    {
+        Retype("txtLoginID", id);
+        Retype("txtPassword", password);
+        Retype("txtRePassword", password);
+        ChooseBlocked(blocked);
+    }
+    void BeginNew(const char* name)
+    {
+        Press(Button("cmdNew"));
+        ChoosePerson(name);
+    }
+    /// From the login that the person has to its fields, ready to be changed.
+    void BeginEdit(const char* name)
+    {
+        Press(Button("cmdNew"));
+        prompts.ExpectQuestion(AlreadyExists, true);
+        ChoosePerson(name);
+        prompts.Verify();
+        Press(Button("cmdEdit"));
+    }
+    void ExpectTold(const QString& text)
+    {
+        prompts.ExpectInformation(text);
+        Press(Button("cmdSave"));
+        prompts.Verify();
+    }
+    void CopyTo(const char* from, const char* to)
+    {
+        if (*from)
+            Choose("dbcFromUser", QString::fromLatin1(from));
+        if (*to)
+            Choose("dbcToUser", QString::fromLatin1(to));
+        Press(Button("cmdTransfer"));
+        prompts.Verify();
+    }
+    qint64 RightsOfUser(int code)
+    {
+        return Count("SELECT count(*) FROM UserPrivilegeDetails WHERE UserCode = ?", code);
+    }
+    std::string States() const
+    {
+        std::string on;
+        for (const char* name : {"Frame1", "cmdNew", "cmdEdit", "cmdSave"})
+            on += IsEnabled(name) ? std::string(name) + ' ' : std::string();
+        return on;
+    }
+};
+
+TEST_F(frmUtilUserPrivilegesTest, OpensIdleWithEmptyFieldsAndTheKeyboardOnNew)
+{
+    OpenPrivileges();
+    EXPECT_EQ(form->windowTitle().toStdString(), "User Privileges");
+    EXPECT_EQ(States(), "cmdNew ");
+    EXPECT_TRUE(List("dbcUserName")->IsBlank());
+    EXPECT_EQ(Blocked()->currentIndex(), -1);
+    EXPECT_EQ(Blocked()->count(), 2);
+    EXPECT_EQ(Tree()->Checked(), std::set<int>());
+    EXPECT_EQ(FocusName(), "cmdNew");
+    for (const char* name : {"txtPassword", "txtRePassword"})
+        EXPECT_EQ(Box(name)->echoMode(), QLineEdit::Password) << name;
+}
+
+TEST_F(frmUtilUserPrivilegesTest, TheFirstLoginIsMadeInTheWindow)
+{
+    Session().gintUserCode = 0;
+    GivenPerson(1, "Meena");
+    OpenPrivileges();
+    BeginNew("Meena");
+    EXPECT_EQ(States(), "Frame1 cmdSave ");
+    EnterLogin("meena", "Secret");
+    Retype("txtDays", "30");
+    ToggleManagingLines();
+    Save();
+    EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster WHERE UserCode = 1 AND LoginId = 'meena'"
+                    " AND Password = 'Secret' AND Block = 'N' AND Days = 30"),
+              1);
+    EXPECT_EQ(RightsOfUser(1), 4);
+    EXPECT_EQ(States(), "cmdNew ");
+    EXPECT_EQ(TextOf("txtLoginID"), "");
+    EXPECT_EQ(Tree()->Checked(), std::set<int>());
+    EXPECT_EQ(FocusName(), "cmdNew");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, TheFirstLoginIsRefusedWithoutEachOfTheFourLinesAndBlocked)
+{
+    GivenPerson(1, "Meena");
+    OpenPrivileges();
+    BeginNew("Meena");
+    EnterLogin("meena", "Secret");
+    ToggleManagingLines();
+    Toggle(PrivilegeLine::UserPrivilegesEdit);
+    ExpectTold(NobodyManages);
+    Toggle(PrivilegeLine::UserPrivilegesEdit);
+    ChooseBlocked("YES");
+    ExpectTold(QStringLiteral("All The Users Cannot Be Blocked"));
+    EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster"), 0);
+    EXPECT_EQ(TextOf("txtLoginID"), "meena");
+    ChooseBlocked("NO");
+    Save();
+}
+
+TEST_F(frmUtilUserPrivilegesTest, FieldsAreAskedForInTheirOrder)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    Press(Button("cmdNew"));
+    ExpectRefusal(QStringLiteral("Select User Name"), "dbcUserName");
+    ChoosePerson("Bala");
+    ExpectRefusal(QStringLiteral("Enter Login ID"), "txtLoginID");
+    Retype("txtLoginID", "  ");
+    ExpectRefusal(QStringLiteral("Enter Login ID"), "txtLoginID");
+    Retype("txtLoginID", "bala");
+    ExpectRefusal(QStringLiteral("Enter Password"), "txtPassword");
+    Retype("txtPassword", "one");
+    ExpectRefusal(QStringLiteral("Enter Re-Type Password"), "txtRePassword");
+    Retype("txtRePassword", "One");
+    ExpectRefusal(QStringLiteral("Select Whether User Is Blocked Or Not"), "cboBlocked");
+    ChooseBlocked("NO");
+    ExpectRefusal(PasswordsDiffer, "txtPassword");
+    EXPECT_EQ(TextOf("txtPassword"), "");
+    EXPECT_EQ(TextOf("txtRePassword"), "");
+    EXPECT_EQ(RightsOfUser(2), 0);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ATakenLoginIdKeepsTheKeyboardAndIsRefusedAtTheSave)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    Retype("txtLoginID", " BOSS ");
+    prompts.ExpectInformation(QStringLiteral("Login ID Already Exists"));
+    QTest::keyClick(Box("txtLoginID"), Qt::Key_Tab);
+    prompts.Verify();
+    Settle();
+    EXPECT_TRUE(HasFocus("txtLoginID"));
+    Retype("txtLoginID", "bala");
+    EnterLogin("bala", "Secret");
+    Given("INSERT INTO UserMaster (UserCode, UserName, EnteredBy) VALUES (3, 'Third', 0)");
+    Given("INSERT INTO UserPrivilegeMaster (UserCode, LoginId, Password, Block, EnteredBy, Days)"
+          " VALUES (3, 'Bala', 'x', 'N', 0, 0)");
+    ExpectRefusal(QStringLiteral("Login ID Already Exists"), "txtLoginID");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ARetypedPasswordThatDiffersIsToldWhenItIsLeftButNotOnTheWayBack)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    Retype("txtPassword", "one");
+    Retype("txtRePassword", "two");
+    QTest::keyClick(Box("txtRePassword"), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(FocusName(), "txtPassword");
+    QTest::keyClick(Box("txtPassword"), Qt::Key_Tab);
+    prompts.ExpectInformation(PasswordsDiffer);
+    QTest::keyClick(Box("txtRePassword"), Qt::Key_Tab);
+    prompts.Verify();
+    EXPECT_EQ(TextOf("txtRePassword"), "two");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, LoginAndPasswordTakeWhatTheLoginCanType)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    EnterLogin(" b+,-./9 Z'\"%_\xe9 ", " aB9+,-./ x ");
+    Save();
+    EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster WHERE UserCode = 2 AND LoginId = 'b+,-./9 Z'"
+                    " AND Password = 'aB9+,-./ x' COLLATE BINARY"),
+              1);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, LoginIdAndPasswordTakeFifteenSigns)
+{
+    OpenPrivileges();
+    for (const char* name : {"txtLoginID", "txtPassword", "txtRePassword"})
+        EXPECT_EQ(Box(name)->maxLength(), 15) << name;
+}
+
+TEST_F(frmUtilUserPrivilegesTest, MoreThanAYearOfDaysIsRefusedWhileTyping)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    Retype("txtDays", "365");
+    EXPECT_EQ(TextOf("txtDays"), "365");
+    prompts.ExpectInformation(QStringLiteral("Days Should Not Be Greater Than 365"));
+    Retype("txtDays", "366");
+    prompts.Verify();
+    EXPECT_EQ(TextOf("txtDays"), "");
+    EXPECT_EQ(FocusName(), "txtDays");
+    Retype("txtDays", "x1-2");
+    EXPECT_EQ(TextOf("txtDays"), "12");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, DaysLeftEmptyAreStoredAsNone)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    EnterLogin("bala", "x");
+    Save();
+    EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster WHERE UserCode = 2 AND Days = 0"), 1);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ATickGoesToAllLinesBelowAndToNoneAbove)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    Toggle(79);
+    EXPECT_EQ(Tree()->Checked(), (std::set{79, 80, 81, 82, 83}));
+    Toggle(80);
+    EXPECT_EQ(Tree()->Checked(), (std::set{79, 82, 83}));
+    Toggle(81);
+    EXPECT_EQ(Tree()->Checked(), (std::set{79, 81, 82, 83}));
+    Toggle(79);
+    EXPECT_EQ(Tree()->Checked(), std::set<int>());
+}
+
+TEST_F(frmUtilUserPrivilegesTest, TheTreeCanBeReadButNotTickedWhileNothingIsEntered)
+{
+    OpenPrivileges();
+    Toggle(1);
+    EXPECT_EQ(Tree()->Checked(), std::set<int>());
+    EXPECT_TRUE(Tree()->isEnabled());
+}
+
+TEST_F(frmUtilUserPrivilegesTest, AStoredLoginIsShownWhereTheClerkWantsIt)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"),
+              {{QStringLiteral("Masters"), QStringLiteral("D")},
+               {QStringLiteral("frmMasStateMaster"), QStringLiteral("N")},
+               {QStringLiteral("frmUtilApplicationDateSetup"), QStringLiteral("A")}},
+              QStringLiteral("Y"));
+    OpenPrivileges();
+    Press(Button("cmdNew"));
+    prompts.ExpectQuestion(AlreadyExists, false);
+    ChoosePerson("User bala");
+    prompts.Verify();
+    EXPECT_TRUE(List("dbcUserName")->IsBlank());
+    EXPECT_EQ(States(), "Frame1 cmdSave ");
+    EXPECT_EQ(TextOf("txtLoginID"), "");
+
+    prompts.ExpectQuestion(AlreadyExists, true);
+    ChoosePerson("User bala");
+    prompts.Verify();
+    EXPECT_EQ(States(), "cmdEdit ");
+    EXPECT_EQ(TextOf("txtLoginID"), "bala");
+    EXPECT_EQ(TextOf("txtPassword"), "Pass");
+    EXPECT_EQ(TextOf("txtRePassword"), "Pass");
+    EXPECT_EQ(TextOf("txtDays"), "0");
+    EXPECT_EQ(Blocked()->currentText().toStdString(), "YES");
+    EXPECT_EQ(Tree()->Checked(), (std::set{1, 3, 109}));
+    EXPECT_EQ(FocusName(), "cmdEdit");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, AnEditChangesLoginAndRightsAndLeavesThePerson)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"),
+              {{QStringLiteral("Masters"), QStringLiteral("D")}});
+    OpenPrivileges();
+    BeginEdit("User bala");
+    EXPECT_EQ(States(), "Frame1 cmdSave ");
+    EXPECT_FALSE(IsEnabled("dbcUserName"));
+    Retype("txtLoginID", "second");
+    Toggle(2);
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster WHERE UserCode = 2 AND LoginId = 'second'"
+                    " AND Password = 'Pass' AND EnteredBy = 1"),
+              1);
+    EXPECT_EQ(RightsOfUser(2), 5);
+    EXPECT_EQ(RightsOfUser(1), 4);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, BlockingTheOnlyUnblockedLoginIsRefused)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"), AllOfPrivileges, QStringLiteral("Y"));
+    OpenPrivileges();
+    BeginEdit("User boss");
+    ChooseBlocked("YES");
+    ExpectTold(QStringLiteral("All The Users Cannot Be Blocked"));
+    EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster WHERE Block = 'N'"), 1);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, TakingTheRightFromTheOnlyHolderIsRefusedAndFromASecondOneNot)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    BeginEdit("User boss");
+    Toggle(PrivilegeLine::UserPrivileges);
+    ExpectTold(NobodyManages);
+    Press(Button("cmdCancel"));
+    for (const auto& [formName, right] : AllOfPrivileges)
+        Given("INSERT INTO UserPrivilegeDetails (FormName, ButtonName, UserCode) VALUES (?, ?, 2)", formName,
+              right);
+    BeginEdit("User boss");
+    Toggle(PrivilegeLine::UserPrivileges);
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(RightsOfUser(1), 1);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, OfTwoWhoTakeTheRightFromEachOtherAtOnceTheSecondIsRefused)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"), AllOfPrivileges);
+    OpenPrivileges();
+    BeginEdit("User bala");
+    Toggle(PrivilegeLine::UserPrivileges);
+    // The other one saves first, at his own computer.
+    const auto other = AnotherClient();
+    other->Execute(
+        QStringLiteral("DELETE FROM UserPrivilegeDetails WHERE UserCode = 1 AND ButtonName IN ('N', 'E')"));
+    ExpectTold(NobodyManages);
+    EXPECT_EQ(RightsOfUser(2), 4);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhatAnotherUserStoredMeanwhileIsNotWrittenOver)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    BeginEdit("User bala");
+    AnotherClient()->Execute(
+        QStringLiteral("UPDATE UserPrivilegeMaster SET Password = 'New' WHERE UserCode = 2"));
+    Toggle(3);
+    ExpectTold(QStringLiteral("Privileges Of This User Were Changed By Another User Meanwhile.\n"
+                              "You Cannot Save This Data."));
+    EXPECT_EQ(Tree()->Checked(), std::set{3});
+    EXPECT_EQ(RightsOfUser(2), 0);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ALoginThatAnotherUserMadeMeanwhileIsOffered)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    EnterLogin("bala", "x");
+    AnotherClient()->Execute(
+        QStringLiteral("INSERT INTO UserPrivilegeMaster (UserCode, LoginId, Password, Block, EnteredBy, Days)"
+                       " VALUES (2, 'other', 'y', 'N', 0, 0)"));
+    prompts.ExpectQuestion(AlreadyExists, true);
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_EQ(TextOf("txtLoginID"), "other");
+    EXPECT_EQ(States(), "cmdEdit ");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, APersonWhoIsDeletedMeanwhileGetsNoLogin)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    EnterLogin("bala", "x");
+    AnotherClient()->Execute(QStringLiteral("DELETE FROM UserMaster WHERE UserCode = 2"));
+    prompts.ExpectCritical(QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data."));
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_EQ(TextOf("txtLoginID"), "bala");
+    EXPECT_TRUE(List("dbcUserName")->IsBlank());
+    EXPECT_EQ(List("dbcUserName")->findText(QStringLiteral("Bala")), -1);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ALockedFileLeavesWhatWasEntered)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    EnterLogin("bala", "x");
+    Session().gcnnMain->SetPatience(std::chrono::milliseconds(1));
+    const auto other = AnotherClient();
+    const store::Transaction saving(*other);
+    prompts.ExpectCritical(
+        QStringLiteral("The Data Is In Use By Another Client. Please Try Again In A Moment"));
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_EQ(States(), "Frame1 cmdSave ");
+    EXPECT_EQ(TextOf("txtLoginID"), "bala");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, NewAndEditNeedTheirRights)
+{
+    GivenUser(1, QStringLiteral("boss"), QStringLiteral("Secret"),
+              {{QStringLiteral("frmUtilUserPrivileges"), QStringLiteral("N")}});
+    OpenPrivileges();
+    Press(Button("cmdNew"));
+    prompts.ExpectQuestion(AlreadyExists, true);
+    ChoosePerson("User boss");
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Modify This Entry"));
+    Press(Button("cmdEdit"));
+    prompts.Verify();
+    EXPECT_EQ(States(), "cmdEdit ");
+    Press(Button("cmdCancel"));
+    Given("DELETE FROM UserPrivilegeDetails WHERE UserCode = 1");
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Create New Entry"));
+    Press(Button("cmdNew"));
+    prompts.Verify();
+    EXPECT_EQ(States(), "cmdNew ");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, TheUserMasterOpensBesideTheListAndBringsItsPeople)
+{
+    GivenManager();
+    OpenPrivileges();
+    Press(Button("cmdNew"));
+    Press(Button("cmdAddUserName"));
+    Settle();
+    Screen* master = ScreenRegistry::OpenInstance(QStringLiteral("frmUtilUserMaster"));
+    ASSERT_NE(master, nullptr);
+    GivenPerson(2, "Bala");
+    master->Unload();
+    Settle();
+    EXPECT_GE(List("dbcUserName")->findText(QStringLiteral("Bala")), 0);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, CancelTakesEverythingBack)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    EnterLogin("bala", "x", "YES");
+    Retype("txtDays", "3");
+    Toggle(1);
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(States(), "cmdNew ");
+    for (const char* name : {"txtLoginID", "txtPassword", "txtRePassword", "txtDays"})
+        EXPECT_EQ(TextOf(name), "") << name;
+    EXPECT_TRUE(List("dbcUserName")->IsBlank());
+    EXPECT_EQ(Blocked()->currentIndex(), -1);
+    EXPECT_EQ(Tree()->Checked(), std::set<int>());
+    EXPECT_EQ(FocusName(), "cmdNew");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, EachCopyListLeavesTheOthersChoiceOut)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    GivenPerson(3, "Without");
+    OpenPrivileges();
+    EXPECT_EQ(List("dbcFromUser")->count(), 3);
+    Choose("dbcFromUser", QStringLiteral("User boss"));
+    EXPECT_EQ(List("dbcToUser")->count(), 2);
+    EXPECT_EQ(List("dbcToUser")->findText(QStringLiteral("User boss")), -1);
+    Choose("dbcToUser", QStringLiteral("User bala"));
+    EXPECT_EQ(List("dbcFromUser")->findText(QStringLiteral("User bala")), -1);
+    EXPECT_EQ(List("dbcFromUser")->currentText().toStdString(), "User boss");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ACopyAsksForBothPeople)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    prompts.ExpectInformation(QStringLiteral("Select 'From User'"));
+    CopyTo("", "");
+    EXPECT_EQ(FocusName(), "dbcFromUser");
+    prompts.ExpectInformation(QStringLiteral("Select 'To User'"));
+    CopyTo("User boss", "");
+    EXPECT_EQ(FocusName(), "dbcToUser");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, CopyingToOneselfIsRefused)
+{
+    GivenManager();
+    OpenPrivileges();
+    // The lists leave the other's choice out; one that was read before may still hold it.
+    Choose("dbcFromUser", QStringLiteral("User boss"));
+    List("dbcToUser")->addItem(QStringLiteral("User boss"), 1);
+    prompts.ExpectInformation(QStringLiteral("Both 'From User' And 'To User' Should Not Be Same"));
+    List("dbcToUser")->SetBoundCode(1);
+    CopyTo("", "");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, RightsAreCopiedOverThoseOfTheTargetOnlyAfterAsking)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"),
+              {{QStringLiteral("Masters"), QStringLiteral("D")}}, QStringLiteral("Y"));
+    GivenUser(3, QStringLiteral("chitra"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    const QString question = QStringLiteral(
+        "Privilege Already Exists For User bala.Do You Want To Replace The Existing Privilege ?");
+    prompts.ExpectQuestion(question, false);
+    CopyTo("User boss", "User bala");
+    EXPECT_EQ(RightsOfUser(2), 1);
+    prompts.ExpectQuestion(question, true);
+    prompts.ExpectInformation(QStringLiteral("Privilege Copied"));
+    CopyTo("", "");
+    EXPECT_EQ(RightsOfUser(2), 4);
+    EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster WHERE UserCode = 2 AND LoginId = 'bala'"
+                    " AND Block = 'Y'"),
+              1);
+    EXPECT_TRUE(List("dbcFromUser")->IsBlank());
+    EXPECT_TRUE(List("dbcToUser")->IsBlank());
+    EXPECT_EQ(List("dbcToUser")->count(), 4);
+    prompts.ExpectInformation(QStringLiteral("Privilege Copied"));
+    CopyTo("User boss", "User chitra");
+    EXPECT_EQ(RightsOfUser(3), 4);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ACopyFromWhoHasNoRightsIsRefused)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    prompts.ExpectInformation(QStringLiteral("No Privilege Exists For User bala"));
+    CopyTo("User bala", "User boss");
+    EXPECT_EQ(RightsOfUser(1), 4);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ACopyToWhoLostHisLoginMeanwhileIsRefused)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    Choose("dbcFromUser", QStringLiteral("User boss"));
+    Choose("dbcToUser", QStringLiteral("User bala"));
+    Given("DELETE FROM UserPrivilegeMaster WHERE UserCode = 2");
+    prompts.ExpectInformation(QStringLiteral("Login Not Created For User bala"));
+    CopyTo("", "");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ACopyThatTakesTheRightFromItsOnlyHolderIsRefused)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"),
+              {{QStringLiteral("Masters"), QStringLiteral("D")}});
+    OpenPrivileges();
+    prompts.ExpectQuestion(
+        QStringLiteral(
+            "Privilege Already Exists For User boss.Do You Want To Replace The Existing Privilege ?"),
+        true);
+    prompts.ExpectInformation(
+        QStringLiteral("Atleast One User Should Have Privilege To Work Cannot Able To Tansfer"));
+    CopyTo("User bala", "User boss");
+    EXPECT_EQ(RightsOfUser(1), 4);
+    EXPECT_FALSE(List("dbcFromUser")->IsBlank());
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ACopyWithoutAnyHolderIsRefused)
+{
+    GivenUser(1, QStringLiteral("boss"), QStringLiteral("Secret"),
+              {{QStringLiteral("Masters"), QStringLiteral("D")}});
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    prompts.ExpectInformation(QStringLiteral("Selected USer Doesnot Have Any Privilege To Transfer"));
+    CopyTo("User boss", "User bala");
+    EXPECT_EQ(RightsOfUser(2), 0);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, FitsASmallDisplayAndLeadsEachLetterToOneControl)
+{
+    ExpectToFit("frmUtilUserPrivileges");
+    const Screen* screen = ScreenRegistry::OpenInstance(QStringLiteral("frmUtilUserPrivileges"));
+    ASSERT_NE(screen, nullptr);
+    EXPECT_EQ(ExpectOneControlALetter(screen).join(QLatin1Char(' ')).toStdString(), "");
+}
+
+} // namespace
+} // namespace tally::test
