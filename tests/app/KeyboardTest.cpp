@@ -47,6 +47,7 @@ constexpr Ways Known[] = {
      "A:cboClassTo C:cmdCancel D:cboDivision I:cboDivisionTo L:cboClassFrom N:cmdNew O:cmdTransfer "
      "R:cboAcademicYearTo S:cmdSave X:cmdExit Y:cboFromAcademicyear",
      ""},
+    {"frmHelp", "tvwDisplay cmdExit", "X:cmdExit", ""},
     {"frmMasAcademicYearChange", "txtAcademicYearFrom cmdSave cmdCancel cmdExit",
      "C:cmdCancel F:txtAcademicYearFrom S:cmdSave X:cmdExit", ""},
     {"frmMasAcademicYearSetup",
@@ -204,6 +205,13 @@ constexpr Ways Known[] = {
      "C:cmdCancel D:Lstdivision E:cmdExport H:cmdChart K:cmdView L:cboClass N:Cboexamname P:cmdPrint "
      "S:Lstsubjects X:cmdExit",
      "Optsubjectdisplayno optBarGrph"},
+    {"frmUtilUserPrivileges",
+     "dbcUserName txtLoginID txtPassword txtRePassword cboBlocked txtDays tvwDisplay cmdNew cmdEdit cmdSave "
+     "cmdCancel cmdExit dbcFromUser dbcToUser cmdTransfer",
+     "Alt+Shift+U:cmdAddUserName B:cboBlocked C:cmdCancel E:cmdEdit F:dbcFromUser G:tvwDisplay L:txtLoginID "
+     "N:cmdNew O:cmdTransfer P:txtPassword R:txtRePassword S:cmdSave T:dbcToUser U:dbcUserName X:cmdExit "
+     "Y:txtDays",
+     ""},
     {"frmexammarkentry",
      "dbcExam cboClass cboDivision Optsubject Optstudent dbcSubject dbcStudent msgDetails txtmarkobtained "
      "cboPresentAbsent txtpresentorabsent cmdNew cmdEdit cmdDelete cmdSave cmdCancel cmdExit",
