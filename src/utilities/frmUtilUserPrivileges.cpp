@@ -159,7 +159,7 @@ void frmUtilUserPrivileges::dbcUserName_Settled()
 
 void frmUtilUserPrivileges::OfferDetails(const UserPrivileges& stored)
 {
-    if (Prompts::Ask(TextOf(PrivilegeFault::AlreadyExists))) {
+    if (Prompts::Ask(tally::TextOf(PrivilegeFault::AlreadyExists))) {
         Show(stored);
         return;
     }
@@ -189,7 +189,7 @@ bool frmUtilUserPrivileges::txtLoginID_Validate()
         return true;
     const auto taken = Fetch([&] { return Privileges().LoginIdTaken(loginId, UserCode()); });
     if (taken && *taken)
-        Prompts::Information(TextOf(PrivilegeFault::LoginIdTaken));
+        Prompts::Information(tally::TextOf(PrivilegeFault::LoginIdTaken));
     return taken && !*taken;
 }
 
@@ -261,10 +261,10 @@ void frmUtilUserPrivileges::Explain(PrivilegeFault fault)
     if (fault == PrivilegeFault::AlreadyExists)
         dbcUserName_Settled();
     else if (fault == PrivilegeFault::LoginIdTaken)
-        Refuse(TextOf(fault), ui_->txtLoginID);
+        Refuse(tally::TextOf(fault), ui_->txtLoginID);
     else
         // What was typed stays, to be mended or compared.
-        Prompts::Information(TextOf(fault));
+        Prompts::Information(tally::TextOf(fault));
 }
 
 void frmUtilUserPrivileges::cmdCancel_Click()
@@ -304,7 +304,7 @@ void frmUtilUserPrivileges::cmdTransfer_Click()
             OnRefusal::Stay);
     };
     const auto text = [&] {
-        return TextOf(fault, ui_->dbcFromUser->currentText(), ui_->dbcToUser->currentText());
+        return tally::TextOf(fault, ui_->dbcFromUser->currentText(), ui_->dbcToUser->currentText());
     };
     // Whether the target has rights is known only where they would be replaced.
     bool done = copy(false);
