@@ -94,6 +94,53 @@ void EnterAcademicYear(Tour& tour, QWidget* window)
     LeaveScreen(tour, "frmMasAcademicYearSetup", caption);
 }
 
+/// The people of the office by name, still without a login.
+void EnterPeople(Tour& tour, QWidget* window)
+{
+    OpenScreen(tour, Qt::Key_U, "frmUtilUserMaster");
+    tour.Press(Qt::Key_N, Qt::AltModifier);
+    tour.Type(QStringLiteral("Daniel Roy"));
+    Save(tour, "Record Saved");
+    tour.Press(Qt::Key_N, Qt::AltModifier);
+    AddEntry(tour, window, "frmUtilUserMaster", QStringLiteral("Asha Menon"), "people.png");
+}
+
+/// Chooses the person in a new entry and types the login, up to the tree of rights.
+void EnterLogin(Tour& tour, int person, const SampleAccount& account, const char* days)
+{
+    tour.Press(Qt::Key_N, Qt::AltModifier);
+    tour.ChooseNext(person);
+    tour.Fill(QString::fromLatin1(account.loginId));
+    tour.Fill(QString::fromLatin1(account.password));
+    tour.Fill(QString::fromLatin1(account.password));
+    // "YES" is the first entry, "NO" the second one.
+    tour.ChooseNext(2);
+    tour.Fill(QString::fromLatin1(days));
+}
+
+/// Ticks whole menus of the tree, from the first one on, and passes over what stands below them.
+void TickMenus(Tour& tour, int menus)
+{
+    for (int menu = 0; menu < menus; ++menu) {
+        tour.Press(Qt::Key_Space);
+        tour.Press(Qt::Key_Left);
+        tour.Press(Qt::Key_Down);
+    }
+}
+
+/// The first login has all rights. With it the time is over in which everybody may do everything.
+void MakeFirstLogin(Tour& tour, QWidget* window)
+{
+    const Screen* screen = OpenScreen(tour, Qt::Key_U, "frmUtilUserPrivileges");
+    EnterLogin(tour, 1, SampleAccounts().at(0), "365");
+    TickMenus(tour, 4);
+    tour.Picture(QStringLiteral("the first login, with all rights"), QStringLiteral("privileges-entered.png"),
+                 window);
+    Save(tour, "Record Saved");
+    tour.Picture(QStringLiteral("the first login is saved"), QStringLiteral("privileges-saved.png"), window);
+    LeaveScreen(tour, "frmUtilUserPrivileges", screen->windowTitle());
+}
+
 /// Without any user yet, whatever is typed at the login opens the program.
 void StartForTheFirstTime(Tour& tour, const QDir& folder)
 {
@@ -103,17 +150,20 @@ void StartForTheFirstTime(Tour& tour, const QDir& folder)
     QWidget* window = ShowMainWindow(tour);
     EnterSchool(tour, window);
     EnterAcademicYear(tour, window);
+    EnterPeople(tour, window);
+    MakeFirstLogin(tour, window);
     CloseProgram(tour);
 }
 
-/// The menus open with a user's rights, which the tour hands out itself.
-void GiveUsers(Tour& tour, const QDir& folder)
+/// A second login: all masters and transactions, but neither reports nor utilities.
+void MakeOfficeLogin(Tour& tour, QWidget* window)
 {
-    store::Connection connection(folder.filePath(QStringLiteral("Tallyboard.mdb")), Password());
-    store::Transaction transaction(connection);
-    InsertSampleUsers(transaction);
-    transaction.Commit();
-    tour.Done(QStringLiteral("the tour gives the new school the sample's users and their rights"));
+    const Screen* screen = OpenScreen(tour, Qt::Key_U, "frmUtilUserPrivileges");
+    EnterLogin(tour, 2, SampleAccounts().at(1), "30");
+    TickMenus(tour, 2);
+    Save(tour, "Record Saved");
+    tour.Picture(QStringLiteral("the office has its login too"), QStringLiteral("office-login.png"), window);
+    LeaveScreen(tour, "frmUtilUserPrivileges", screen->windowTitle());
 }
 
 void EnterClasses(Tour& tour, QWidget* window)
@@ -176,6 +226,7 @@ void FillMasters(Tour& tour, const QDir& folder)
                QStringLiteral("login of the new school's administrator"),
                QStringLiteral("second-login.png")});
     QWidget* window = ShowMainWindow(tour);
+    MakeOfficeLogin(tour, window);
     EnterClasses(tour, window);
     EnterTeacher(tour, window);
     SetUpExams(tour, window);
@@ -197,7 +248,6 @@ void SetUpNewSchool(Tour& tour)
     MakeDeliveredDatabases(folder.path(), Password());
     tour.Done(QStringLiteral("databases as they are delivered"));
     StartForTheFirstTime(tour, folder);
-    GiveUsers(tour, folder);
     FillMasters(tour, folder);
 }
 
