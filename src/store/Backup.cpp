@@ -72,14 +72,15 @@ void KeepDayCopy(Connection& main, const QString& password, const QDate& day)
 QStringList DayCopies(const QString& main)
 {
     const QFileInfo file(main);
-    const QRegularExpression ownName(
-        QStringLiteral("^%1 copy of (\\d{4}-\\d\\d-\\d\\d)\\.%2$")
-            .arg(QRegularExpression::escape(file.completeBaseName()), QRegularExpression::escape(file.suffix())));
+    const QRegularExpression ownName(QStringLiteral("^%1 copy of (\\d{4}-\\d\\d-\\d\\d)\\.%2$")
+                                         .arg(QRegularExpression::escape(file.completeBaseName()),
+                                              QRegularExpression::escape(file.suffix())));
     QStringList copies;
     for (const QString& name : file.dir().entryList(QDir::Files, QDir::Name)) {
         const auto match = ownName.match(name);
         const QString path = file.dir().filePath(name);
-        if (match.hasMatch() && QDate::fromString(match.captured(1), Qt::ISODate).isValid() && IsPlainFile(path))
+        if (match.hasMatch() && QDate::fromString(match.captured(1), Qt::ISODate).isValid() &&
+            IsPlainFile(path))
             copies.append(path);
     }
     return copies;

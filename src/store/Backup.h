@@ -6,10 +6,10 @@
 
 namespace tally::store {
 
-/// Copies the file under `main`, as it was last committed, to `destination`, while others go on working in it.
-/// The copy is whole, proved and on the disk before it takes its place; a file that lies there stays as it is
-/// until then. Throws StoreError: "Invalid File Name" where the place itself is none, Cancelled, a full disk,
-/// a missing right.
+/// Copies the file under `main`, as it was last committed, to `destination`, while others go on working in
+/// it. The copy is whole, proved and on the disk before it takes its place; a file that lies there stays as
+/// it is until then. Throws StoreError: "Invalid File Name" where the place itself is none, Cancelled, a full
+/// disk, a missing right.
 void BackUp(Connection& main, const QString& password, const QString& destination,
             const Progress& progress = {});
 

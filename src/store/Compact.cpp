@@ -40,8 +40,9 @@ void Compact(Connection& main, const QString& password, const Progress& progress
         [&] {
             // Between the two locks there is a moment.
             if (main.CommitMark() != asCopied)
-                throw StoreError(QStringLiteral("Another Client Has Saved Meanwhile. The Database Is As It Was. "
-                                                "Please Try Again In A Moment"));
+                throw StoreError(
+                    QStringLiteral("Another Client Has Saved Meanwhile. The Database Is As It Was. "
+                                   "Please Try Again In A Moment"));
         },
         progress);
 }

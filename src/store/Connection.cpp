@@ -230,6 +230,11 @@ int Connection::SchemaVersion()
     return static_cast<int>(Number(dialect::ReadSchemaVersion()));
 }
 
+qint64 Connection::RowsChanged() const
+{
+    return sqlite3_total_changes(engine_.get());
+}
+
 void Connection::CopyTo(QIODevice& copy, const Progress& progress)
 {
     const FileOf file(engine_.get());

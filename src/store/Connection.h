@@ -96,12 +96,14 @@ public:
     void Prove(bool indexes, const Progress& progress = {});
     /// Writes the file anew without the gaps that deleted rows have left.
     void Vacuum();
-    /// Gives this file all that `source` holds, in one step: whatever stops the work leaves the one content or
-    /// the other. Other clients that have the file open wait, and go on in what was poured. `locked` runs when
-    /// nobody else can read or write this file any more and nothing in it has changed yet; where it throws,
-    /// nothing is poured. Both files have their passwords or neither has one; no transaction is open on this
-    /// one. `source` must keep still: begin reading on it first where other clients may write to it.
+    /// Gives this file all that `source` holds, in one step: whatever stops the work leaves the one content
+    /// or the other. Other clients that have the file open wait, and go on in what was poured. `locked` runs
+    /// when nobody else can read or write this file any more and nothing in it has changed yet; where it
+    /// throws, nothing is poured. Both files have their passwords or neither has one; no transaction is open
+    /// on this one. `source` must keep still: begin reading on it first where other clients may write to it.
     void PourFrom(Connection& source, const std::function<void()>& locked, const Progress& progress = {});
+    /// Rows that this connection has written, changed or deleted so far, kept or not.
+    qint64 RowsChanged() const;
     /// Statements run so far, for proving that an action's cost does not grow with the school.
     std::uint64_t StatementsRun() const { return *runs_; }
     /// Empty for a store in memory.

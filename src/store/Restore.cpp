@@ -57,8 +57,8 @@ void ProveTables(Connection& file)
         const QStringList columns = there.contains(table) ? Columns(file, table) : QStringList();
         for (const QString& column : Columns(known, table))
             if (!columns.contains(column))
-                throw StoreError(QStringLiteral("The Source File Is Not Complete. It Lacks %1 Of %2")
-                                     .arg(column, table));
+                throw StoreError(
+                    QStringLiteral("The Source File Is Not Complete. It Lacks %1 Of %2").arg(column, table));
     }
 }
 
@@ -113,7 +113,8 @@ void Restore::UpgradeInCopy(const QString& password, const Progress& progress)
 {
     workFolder_ = std::make_unique<QTemporaryDir>();
     QFile copy(workFolder_->filePath(QStringLiteral("Restore.mdb")));
-    if (!workFolder_->isValid() || !copy.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+    if (!workFolder_->isValid() ||
+        !copy.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
         throw StoreError(QStringLiteral("The Copy Could Not Be Written (%1)")
                              .arg(workFolder_->isValid() ? copy.errorString() : workFolder_->errorString()));
     {

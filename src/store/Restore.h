@@ -16,9 +16,9 @@ bool IsMainFile(Connection& file);
 class Restore
 {
 public:
-    /// Opens the file and proves that it is a whole main file of this program or an older one: password, every
-    /// page, every index, the marker, all tables and columns. An older one is upgraded in a copy; the file
-    /// itself stays as it is. Throws StoreError in plain words, and Cancelled.
+    /// Opens the file and proves that it is a whole main file of this program or an older one: password,
+    /// every page, every index, the marker, all tables and columns. An older one is upgraded in a copy; the
+    /// file itself stays as it is. Throws StoreError in plain words, and Cancelled.
     Restore(const QString& source, const QString& password, const Progress& progress = {});
     ~Restore();
     Restore(const Restore&) = delete;
@@ -34,7 +34,7 @@ private:
     void UpgradeInCopy(const QString& password, const Progress& progress);
 
     std::unique_ptr<Connection> source_;
-    qint64 provedAt_ = 0; ///< the source's ChangesByOthers
+    qint64 provedAt_ = 0;                       ///< the source's ChangesByOthers
     std::unique_ptr<QTemporaryDir> workFolder_; ///< only for an older file
 };
 

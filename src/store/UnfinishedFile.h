@@ -7,9 +7,9 @@
 
 namespace tally::store {
 
-/// A file that is being written in the folder where it is to lie, under a name of its own, for as long as it is
-/// not whole. What has its place already stays as it is until the very moment in which the whole file takes
-/// it; a file that is given up leaves nothing behind. Throws StoreError.
+/// A file that is being written in the folder where it is to lie, under a name of its own, for as long as it
+/// is not whole. What has its place already stays as it is until the very moment in which the whole file
+/// takes it; a file that is given up leaves nothing behind. Throws StoreError.
 class UnfinishedFile
 {
 public:
@@ -37,8 +37,8 @@ private:
     bool placed_ = false;
 };
 
-/// Removes what programs that were killed have left unfinished in `folder`, as far as nobody can be writing to
-/// it any more.
+/// Removes what programs that were killed have left unfinished in `folder`, as far as nobody can be writing
+/// to it any more.
 void RemoveDeadUnfinishedFiles(const QString& folder);
 
 } // namespace tally::store

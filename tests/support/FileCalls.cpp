@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <exception>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <sys/syscall.h>
@@ -103,6 +104,13 @@ int unlink(const char* path) noexcept
 int remove(const char* path) noexcept
 {
     return unlink(path);
+}
+
+int rename(const char* from, const char* to) noexcept
+{
+    if (IsLast("name", NameOf(to)))
+        Die();
+    return static_cast<int>(syscall(SYS_renameat, AT_FDCWD, from, AT_FDCWD, to));
 }
 
 int link(const char* from, const char* to) noexcept

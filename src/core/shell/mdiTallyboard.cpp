@@ -9,6 +9,7 @@
 #include "core/shell/MenuTree.h"
 #include "core/TempFolder.h"
 #include "core/Twips.h"
+#include "core/ui/controls/HourGlass.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/PresencePause.h"
@@ -217,9 +218,11 @@ bool mdiTallyboard::Form_Load()
         LoadApplicationDate(Session().gintAcademicYearCode);
         LoadOptions();
 
+        dayCopy_.NoteFile(MainStore());
         store::Transaction transaction(MainStore());
         SessionRepository(MainStore()).WriteStartRows(transaction, QDate::currentDate());
         transaction.Commit();
+        dayCopy_.NoteStart(MainStore());
     } catch (const store::StoreError& error) {
         Prompts::Critical(error.Description());
         EndProcess();
@@ -288,12 +291,25 @@ void mdiTallyboard::tmrTimer_Timer()
 
 void mdiTallyboard::mnuClose_Click()
 {
-    if (!Prompts::Ask(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?")) || !RemovePresence())
+    if (!Prompts::Ask(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?")))
+        return;
+    // The row of presence that goes is no work.
+    const bool copyIsDue = Session().gcnnMain && dayCopy_.IsDue(MainStore());
+    if (!RemovePresence())
         return;
     tmrTimer_->stop();
-    Session().gcnnMain.reset();
+    CloseMain(copyIsDue);
     DeleteTempFolder();
     EndProcess();
+}
+
+void mdiTallyboard::CloseMain(bool copyIsDue)
+{
+    if (copyIsDue) {
+        const HourGlass busy;
+        DayCopy::Keep(MainStore());
+    }
+    Session().gcnnMain.reset();
 }
 
 bool mdiTallyboard::RemovePresence()

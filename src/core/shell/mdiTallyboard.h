@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/DayCopy.h"
 #include "core/ui/ScreenHost.h"
 
 #include <QHash>
@@ -63,6 +64,8 @@ private:
     void tmrTimer_Timer();
     /// False when the clerk was told that another client's save is in the way, and may try again.
     bool RemovePresence();
+    /// Closes the main database, behind a copy of the day's work where there was any.
+    void CloseMain(bool copyIsDue);
     void ShowBoxesOfFront();
     /// Opens what a new system lacks: the school, then its academic year.
     void ForceFirstRun();
@@ -76,6 +79,7 @@ private:
     QTimer* tmrTimer_;
     int shownPicture_ = 0;
     bool closeMetLock_ = false;
+    DayCopy dayCopy_;
 };
 
 } // namespace tally

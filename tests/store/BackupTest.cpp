@@ -1,0 +1,316 @@
+#include "store/Backup.h"
+
+#include "SchoolFile.h"
+#include "store/UnfinishedFile.h"
+#include "support/AsOrdinaryUser.h"
+#include "support/FileSizeLimit.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+
+#include <sys/stat.h>
+#include <thread>
+
+namespace tally::test {
+namespace {
+
+using store::Connection;
+
+class Backup : public testing::Test
+{
+protected:
+    Backup() { LaySchoolFile(files.Path(), 3); }
+
+    QString Target(const QString& name = QStringLiteral("Copy.mdb")) const { return files.Path(name); }
+    void BackUp(const QString& target, const store::Progress& progress = {}) const
+    {
+        Connection main(files.Path(), Password);
+        store::BackUp(main, Password, target, progress);
+    }
+    std::string Refusal(const QString& target) const
+    {
+        const auto error = ErrorOf([&] { BackUp(target); });
+        return error ? error->Description().toStdString() : "";
+    }
+    void ExpectNothingLeft(const QStringList& names = {QStringLiteral("Tallyboard.mdb")}) const
+    {
+        EXPECT_EQ(NamesIn(files.Folder()), names);
+    }
+
+    StoreFiles files;
+};
+
+TEST_F(Backup, IsTheFileByteForByteAndLeavesNothingElse)
+{
+    BackUp(Target());
+    EXPECT_EQ(files.Bytes(QStringLiteral("Copy.mdb")), files.Bytes());
+    EXPECT_EQ(StatesIn(Target()), 3);
+    ExpectNothingLeft({QStringLiteral("Copy.mdb"), QStringLiteral("Tallyboard.mdb")});
+}
+
+TEST_F(Backup, HoldsWhatWasCommittedAndNotWhatAnotherClientHasUnderWay)
+{
+    Connection other(files.Path(), Password);
+    store::Transaction underWay(other);
+    AddState(other, 4, QStringLiteral("Half"));
+    BackUp(Target());
+    EXPECT_EQ(StatesIn(Target()), 3);
+}
+
+TEST_F(Backup, TakesThePlaceOfAnEarlierOne)
+{
+    BackUp(Target());
+    {
+        Connection main(files.Path(), Password);
+        AddState(main, 4, QStringLiteral("Kerala"));
+    }
+    BackUp(Target());
+    EXPECT_EQ(StatesIn(Target()), 4);
+}
+
+TEST_F(Backup, ThatIsCancelledAtAnyWordLeavesTheEarlierOne)
+{
+    BackUp(Target());
+    const QByteArray earlier = files.Bytes(QStringLiteral("Copy.mdb"));
+    {
+        Connection main(files.Path(), Password);
+        AddState(main, 4, QStringLiteral("Kerala"));
+    }
+    int words = 0;
+    BackUp(files.Path(QStringLiteral("Other.mdb")), [&](qint64, qint64) { return ++words > 0; });
+    ASSERT_GT(words, 0);
+    for (int allowed = 0; allowed < words; ++allowed) {
+        int heard = 0;
+        EXPECT_THROW(BackUp(Target(), [&](qint64, qint64) { return heard++ < allowed; }), store::Cancelled);
+        EXPECT_EQ(files.Bytes(QStringLiteral("Copy.mdb")), earlier);
+    }
+    ExpectNothingLeft(
+        {QStringLiteral("Copy.mdb"), QStringLiteral("Other.mdb"), QStringLiteral("Tallyboard.mdb")});
+}
+
+TEST_F(Backup, OnAFullDiskLeavesTheEarlierOneAndNothingHalf)
+{
+    BackUp(Target());
+    const QByteArray earlier = files.Bytes(QStringLiteral("Copy.mdb"));
+    Connection main(files.Path(), Password);
+    const FileSizeLimit full(8192);
+    EXPECT_TRUE(ErrorOf([&] { store::BackUp(main, Password, Target()); }));
+    EXPECT_EQ(files.Bytes(QStringLiteral("Copy.mdb")), earlier);
+    ExpectNothingLeft({QStringLiteral("Copy.mdb"), QStringLiteral("Tallyboard.mdb")});
+}
+
+TEST_F(Backup, ToAPlaceThatIsNoneIsRefused)
+{
+    ASSERT_TRUE(QDir(files.Folder()).mkdir(QStringLiteral("Folder.mdb")));
+    for (const QString& place :
+         {QString(), QStringLiteral("Copy.mdb"), QStringLiteral("./Copy.mdb"),
+          files.Path(QStringLiteral("Folder.mdb")), files.Path(QStringLiteral("Nowhere/Copy.mdb")),
+          files.Path(QStringLiteral("Tallyboard.mdb/Copy.mdb"))})
+        EXPECT_EQ(Refusal(place), "Invalid File Name") << place.toStdString();
+    ExpectNothingLeft();
+}
+
+TEST_F(Backup, UnderANameThatIsTooLongForTheDiskIsRefusedAndLeavesNothing)
+{
+    EXPECT_NE(Refusal(files.Path(QString(300, QLatin1Char('n')) + QStringLiteral(".mdb"))), "");
+    ExpectNothingLeft();
+}
+
+TEST_F(Backup, MayHaveAnyLettersInItsName)
+{
+    const QString name = QString::fromUtf8("பள்ளி été 1.mdb");
+    BackUp(Target(name));
+    EXPECT_EQ(StatesIn(Target(name)), 3);
+}
+
+TEST_F(Backup, WithoutTheRightToWriteSaysSo)
+{
+    ASSERT_TRUE(QDir(files.Folder()).mkdir(QStringLiteral("Closed")));
+    QFile::setPermissions(files.Path(QStringLiteral("Closed")), QFile::ReadOwner | QFile::ExeOwner);
+    Connection main(files.Path(), Password);
+    {
+        const AsOrdinaryUser clerk;
+        const auto error =
+            ErrorOf([&] { store::BackUp(main, Password, files.Path(QStringLiteral("Closed/Copy.mdb"))); });
+        ASSERT_TRUE(error);
+    }
+    EXPECT_TRUE(NamesIn(files.Path(QStringLiteral("Closed"))).isEmpty());
+}
+
+TEST_F(Backup, ThroughALinkGoesToTheFileThatTheLinkNames)
+{
+    ASSERT_TRUE(QDir(files.Folder()).mkdir(QStringLiteral("Stick")));
+    const QString there = files.Path(QStringLiteral("Stick/Real.mdb"));
+    BackUp(there);
+    ASSERT_TRUE(QFile::link(there, Target()));
+    {
+        Connection main(files.Path(), Password);
+        AddState(main, 4, QStringLiteral("Kerala"));
+    }
+    BackUp(Target());
+    EXPECT_EQ(StatesIn(there), 4);
+    EXPECT_TRUE(QFileInfo(Target()).isSymLink());
+}
+
+TEST_F(Backup, OverAFileThatHoldsAnUnfinishedSaveIsRefused)
+{
+    BackUp(Target());
+    files.Write(QByteArray("a save"), QStringLiteral("Copy.mdb-journal"));
+    const QByteArray earlier = files.Bytes(QStringLiteral("Copy.mdb"));
+    EXPECT_NE(Refusal(Target()), "");
+    EXPECT_EQ(files.Bytes(QStringLiteral("Copy.mdb")), earlier);
+}
+
+TEST_F(Backup, IsReadableForNobodyWhoMayNotReadTheFile)
+{
+    const auto modeOf = [](const QString& path) {
+        struct stat file = {};
+        EXPECT_EQ(stat(QFile::encodeName(path).constData(), &file), 0);
+        return file.st_mode & 0777U;
+    };
+    for (const mode_t mode : {0600U, 0640U, 0660U, 0644U, 0664U}) {
+        ASSERT_EQ(chmod(QFile::encodeName(files.Path()).constData(), mode), 0);
+        BackUp(Target());
+        EXPECT_EQ(modeOf(Target()), mode);
+    }
+}
+
+TEST_F(Backup, OfADamagedFileIsRefusedAndTheEarlierOneStays)
+{
+    BackUp(Target());
+    const QByteArray earlier = files.Bytes(QStringLiteral("Copy.mdb"));
+    Connection main(files.Path(), Password);
+    QByteArray bytes = files.Bytes();
+    for (qsizetype at = 5 * 4096; at < 6 * 4096; ++at)
+        bytes[at] = static_cast<char>(bytes[at] ^ 0x55);
+    QFile file(files.Path());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.write(bytes);
+    file.close();
+    EXPECT_TRUE(ErrorOf([&] { store::BackUp(main, Password, Target()); }));
+    EXPECT_EQ(files.Bytes(QStringLiteral("Copy.mdb")), earlier);
+}
+
+TEST_F(Backup, ClearsAwayWhatProgramsThatWereKilledHaveLeftButNotWhatOneWritesJustNow)
+{
+    const QStringList names{QStringLiteral("Tallyboard.0000abcd.part"),
+                            QStringLiteral("Tallyboard.0000abce.part"),
+                            QStringLiteral("Tallyboard.notes.part")};
+    for (const QString& name : names)
+        files.Write(QByteArray("half"), name);
+    for (const QString& name : {names[0], names[2]}) {
+        QFile file(files.Path(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(
+            file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
+    }
+    BackUp(Target());
+    ExpectNothingLeft({QStringLiteral("Copy.mdb"), names[1], names[2], QStringLiteral("Tallyboard.mdb")});
+}
+
+class DayCopyFiles : public Backup
+{
+protected:
+    void Keep(const QDate& day) const
+    {
+        Connection main(files.Path(), Password);
+        store::KeepDayCopy(main, Password, day);
+    }
+    QStringList Kept() const
+    {
+        QStringList names;
+        for (const QString& path : store::DayCopies(files.Path()))
+            names.append(QFileInfo(path).fileName());
+        return names;
+    }
+};
+
+TEST_F(DayCopyFiles, OneIsKeptForEachOfTheLastSevenDays)
+{
+    for (int day = 1; day <= 9; ++day)
+        Keep(QDate(2026, 11, 20).addDays(day));
+    ASSERT_EQ(Kept().size(), 7);
+    EXPECT_EQ(Kept().first().toStdString(), "Tallyboard copy of 2026-11-23.mdb");
+    EXPECT_EQ(Kept().last().toStdString(), "Tallyboard copy of 2026-11-29.mdb");
+    EXPECT_EQ(StatesIn(store::DayCopies(files.Path()).last()), 3);
+}
+
+TEST_F(DayCopyFiles, ASecondOneOfTheDayTakesThePlaceOfTheFirst)
+{
+    Keep(QDate(2026, 11, 22));
+    {
+        Connection main(files.Path(), Password);
+        AddState(main, 4, QStringLiteral("Kerala"));
+    }
+    Keep(QDate(2026, 11, 22));
+    ASSERT_EQ(Kept().size(), 1);
+    EXPECT_EQ(StatesIn(store::DayCopies(files.Path()).last()), 4);
+}
+
+TEST_F(DayCopyFiles, FilesOfAnotherNameAreNobodysBusiness)
+{
+    const QStringList others{QStringLiteral("Tallyboard copy of 2026-13-45.mdb"),
+                             QStringLiteral("Tallyboard copy of 2026-11-01 (best).mdb"),
+                             QStringLiteral("Old Tallyboard copy of 2026-11-01.mdb")};
+    for (const QString& name : others)
+        files.Write(QByteArray("somebody's"), name);
+    for (int day = 1; day <= 9; ++day)
+        Keep(QDate(2026, 11, 20).addDays(day));
+    EXPECT_EQ(Kept().size(), 7);
+    for (const QString& name : others)
+        EXPECT_TRUE(QFile::exists(files.Path(name))) << name.toStdString();
+}
+
+TEST_F(DayCopyFiles, WithoutRoomThereIsNoneAndNobodyHears)
+{
+    Keep(QDate(2026, 11, 21));
+    Connection main(files.Path(), Password);
+    const FileSizeLimit full(8192);
+    store::KeepDayCopy(main, Password, QDate(2026, 11, 22));
+    EXPECT_EQ(Kept(), QStringList{QStringLiteral("Tallyboard copy of 2026-11-21.mdb")});
+    ExpectNothingLeft(
+        {QStringLiteral("Tallyboard copy of 2026-11-21.mdb"), QStringLiteral("Tallyboard.mdb")});
+}
+
+/// Saves one state after the other until it is told to end, and knows which of them were stored.
+class Saver
+{
+public:
+    Saver(const QString& path, int firstCode)
+        : thread_([this, path, firstCode] {
+              Connection client(path, Password);
+              for (int code = firstCode; !end_; ++code) {
+                  store::Transaction transaction(client);
+                  AddState(client, code, QStringLiteral("Saved %1").arg(code));
+                  transaction.Commit();
+                  saved_.push_back(code);
+              }
+          })
+    {}
+    std::vector<int> End()
+    {
+        end_ = true;
+        thread_.join();
+        return saved_;
+    }
+
+private:
+    std::atomic<bool> end_ = false;
+    std::vector<int> saved_;
+    std::thread thread_;
+};
+
+TEST_F(Backup, WhileOthersSaveIsWholeAndNoSaveIsMissingFromTheFile)
+{
+    Saver one(files.Path(), 1000);
+    Saver two(files.Path(), 2000000);
+    for (int time = 0; time < 10; ++time) {
+        BackUp(Target());
+        EXPECT_GE(StatesIn(Target()), 3);
+    }
+    const auto saved = one.End().size() + two.End().size();
+    EXPECT_EQ(StatesIn(files.Path()), 3 + static_cast<qint64>(saved));
+}
+
+} // namespace
+} // namespace tally::test

@@ -1,0 +1,132 @@
+// Clients that are killed while they back up, restore or compact.
+
+#include "SchoolFile.h"
+#include "store/Backup.h"
+#include "store/Compact.h"
+#include "store/Restore.h"
+#include "support/FileCalls.h"
+
+#include <QDateTime>
+
+namespace tally::test {
+namespace {
+
+using store::Connection;
+
+class SafeCopyKill : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        LaySchoolFile(files.Path(), 3);
+        LaySchoolFile(Other(), 40);
+    }
+
+    QString Other() const { return files.Path(QStringLiteral("Other.mdb")); }
+    /// Does `work` again and again, killed at one operation after the other, and looks at what each has left;
+    /// the files are then as before.
+    void KillEverywhere(const std::function<void()>& work, const std::function<void()>& look)
+    {
+        QMap<QString, QByteArray> laid;
+        for (const QString& name : NamesIn(files.Folder()))
+            laid.insert(name, files.Bytes(name));
+        std::size_t killed = 0;
+        for (; !HasFailure() && !RunAndDieAt(killed, work); ++killed) {
+            SCOPED_TRACE(killed);
+            look();
+            for (const QString& name : NamesIn(files.Folder()))
+                ASSERT_TRUE(QFile::remove(files.Path(name)));
+            for (auto file = laid.begin(); file != laid.end(); ++file)
+                files.Write(file.value(), file.key());
+        }
+        look();
+        EXPECT_GT(killed, 5U) << "the operations were not seen";
+    }
+
+    StoreFiles files;
+};
+
+TEST_F(SafeCopyKill, ABackupLeavesTheEarlierOneOrTheNewOneAndTheSchoolUntouched)
+{
+    const QByteArray school = files.Bytes();
+    KillEverywhere(
+        [this] {
+            Connection main(files.Path(), Password);
+            store::BackUp(main, Password, Other());
+        },
+        [&] {
+            EXPECT_EQ(files.Bytes(), school);
+            const qint64 states = StatesIn(Other());
+            EXPECT_TRUE(states == 40 || states == 3) << states;
+        });
+    EXPECT_EQ(StatesIn(Other()), 3);
+}
+
+TEST_F(SafeCopyKill, ARestoreLeavesTheOldSchoolOrTheNewOneAndNeverLosesTheOldOne)
+{
+    bool wasRestored = false;
+    KillEverywhere(
+        [this] {
+            store::Restore restore(Other(), Password);
+            Connection main(files.Path(), Password);
+            restore.PourInto(main, QDateTime(QDate(2026, 11, 22), QTime(14, 5)));
+        },
+        [&] {
+            const qint64 states = StatesIn(files.Path());
+            const QStringList kept = store::KeptBeforeRestore(files.Path());
+            EXPECT_TRUE(states == 3 || states == 40) << states;
+            EXPECT_TRUE(states == 40 || !wasRestored) << "a later kill has left the older school";
+            wasRestored = states == 40;
+            for (const QString& path : kept)
+                EXPECT_EQ(StatesIn(path), 3);
+            EXPECT_FALSE(wasRestored && kept.isEmpty()) << "the old school is lost";
+            EXPECT_EQ(StatesIn(Other()), 40);
+        });
+    EXPECT_TRUE(wasRestored);
+}
+
+TEST_F(SafeCopyKill, ACompactingLeavesTheSameSchool)
+{
+    KillEverywhere(
+        [this] {
+            Connection main(files.Path(), Password);
+            store::Compact(main, Password);
+        },
+        [&] { EXPECT_EQ(StatesIn(files.Path()), 3); });
+}
+
+TEST_F(SafeCopyKill, TheNextCompactingAfterAKilledOneIsWhole)
+{
+    KillEverywhere(
+        [this] {
+            Connection main(files.Path(), Password);
+            store::Compact(main, Password);
+        },
+        [&] {
+            Connection main(files.Path(), Password);
+            store::Compact(main, Password);
+            EXPECT_EQ(States(main), 3);
+            EXPECT_EQ(StatesIn(files.Path(QStringLiteral("MarkTemp.mdb"))), 3);
+            EXPECT_EQ(StatesIn(files.Path(QStringLiteral("Tallyboard.Bak"))), 3);
+        });
+}
+
+TEST_F(SafeCopyKill, WhatARestoreReplacesLiesOnTheDiskUnderItsNameBeforeTheFileIsTouched)
+{
+    store::Restore restore(Other(), Password);
+    Connection main(files.Path(), Password);
+    const QStringList operations =
+        OperationsOf([&] { restore.PourInto(main, QDateTime(QDate(2026, 11, 22), QTime(14, 5))); });
+    const auto named =
+        operations.indexOf(QStringLiteral("name Tallyboard before restore 2026-11-22 14.05.mdb"));
+    const auto folderSynced = operations.indexOf(QStringLiteral("sync ") + QDir(files.Folder()).dirName());
+    const auto changed = operations.indexOf(QStringLiteral("write Tallyboard.mdb"));
+    const auto journal = operations.indexOf(QStringLiteral("sync Tallyboard.mdb-journal"));
+    EXPECT_GE(named, 0);
+    EXPECT_GT(folderSynced, named);
+    EXPECT_GT(journal, folderSynced);
+    EXPECT_GT(changed, journal);
+}
+
+} // namespace
+} // namespace tally::test
