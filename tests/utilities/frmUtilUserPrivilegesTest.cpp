@@ -1,5 +1,6 @@
 #include "utilities/frmUtilUserPrivileges.h"
 
+#include "core/SessionRepository.h"
 #include "core/shell/mdiTallyboard.h"
 #include "core/ui/ScreenRegistry.h"
 #include "support/FormDriver.h"
@@ -256,6 +257,23 @@ TEST_F(frmUtilUserPrivilegesTest, LoginAndPasswordTakeWhatTheLoginCanType)
     EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster WHERE UserCode = 2 AND LoginId = 'b+,-./9 Z'"
                     " AND Password = 'aB9+,-./ x' COLLATE BINARY"),
               1);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, APasswordIsStoredAsTypedAndTheLoginFindsItInAnyCase)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    EnterLogin("bala", "aBc");
+    Save();
+    SessionRepository logins(MainStore());
+    for (const char* password : {"aBc", "ABC", "abc"}) {
+        const auto user = logins.FindLogin(QStringLiteral("BALA"), QString::fromLatin1(password));
+        ASSERT_TRUE(user) << password;
+        EXPECT_EQ(user->code, 2);
+    }
+    EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster WHERE Password = 'aBc' COLLATE BINARY"), 1);
 }
 
 TEST_F(frmUtilUserPrivilegesTest, LoginIdAndPasswordTakeFifteenSigns)

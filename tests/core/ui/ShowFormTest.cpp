@@ -90,7 +90,6 @@ TEST_F(ShowFormTest, AScreenHasOneInstanceUntilItCloses)
 TEST_F(ShowFormTest, HelpOpensAtTheScreensNumberBeforeThePlainPictureWhichStaysUntilTheScreenCloses)
 {
     const QString help = QStringLiteral("frmHelp");
-    const StandIn helpScreen(help, [help] { return new Screen(help, 0); });
     Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
     const qint64 plainPicture = ShownPicture();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
