@@ -49,6 +49,13 @@ QString Typed(const QLineEdit* box)
     return QDir::fromNativeSeparators(box->text().trimmed());
 }
 
+/// Where the search for a file begins; empty for the user's own documents.
+QString FolderOf(const QLineEdit* box)
+{
+    const QFileInfo file(Typed(box));
+    return file.isAbsolute() ? file.path() : QString();
+}
+
 } // namespace
 
 frmUtilBackupRestore::frmUtilBackupRestore()
@@ -112,8 +119,8 @@ void frmUtilBackupRestore::SetBusy(bool busy)
 
 void frmUtilBackupRestore::cmdSourcePath_Click()
 {
-    const QString path = Prompts::ChooseFile(QStringLiteral("Source Path"),
-                                             QFileInfo(Typed(ui_->txtSourcePath)).path(), Filter);
+    const QString path =
+        Prompts::ChooseFile(QStringLiteral("Source Path"), FolderOf(ui_->txtSourcePath), Filter);
     if (!path.isEmpty())
         ui_->txtSourcePath->setText(Shown(path));
 }
@@ -121,7 +128,7 @@ void frmUtilBackupRestore::cmdSourcePath_Click()
 void frmUtilBackupRestore::cmdDestPath_Click()
 {
     const QString path = Prompts::ChooseFileToSave(QStringLiteral("Destination Path"),
-                                                   QFileInfo(Typed(ui_->txtDestinationPath)).path(), Filter);
+                                                   FolderOf(ui_->txtDestinationPath), Filter);
     if (!path.isEmpty())
         ui_->txtDestinationPath->setText(Shown(path));
 }
