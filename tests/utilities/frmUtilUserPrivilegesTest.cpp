@@ -487,8 +487,7 @@ TEST_F(frmUtilUserPrivilegesTest, ALockedFileLeavesWhatWasEntered)
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(1));
     const auto other = AnotherClient();
     const store::Transaction saving(*other);
-    prompts.ExpectCritical(
-        QStringLiteral("The Data Is In Use By Another Client. Please Try Again In A Moment"));
+    prompts.ExpectCritical(HeldByAnotherClient);
     Press(Button("cmdSave"));
     prompts.Verify();
     EXPECT_EQ(States(), "Frame1 cmdSave ");
