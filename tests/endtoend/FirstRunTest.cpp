@@ -55,7 +55,7 @@ private:
 
 } // namespace
 
-TEST(FirstRunTest, FromDeliveredDatabasesToTheFirstWorkingDay)
+TEST(FirstRunTest, FromDeliveredDatabasesToTheFirstWorkingDayAndTheFirstLogin)
 {
     Desktop desktop;
     const Office office(Office::Databases::Delivered);
@@ -112,8 +112,36 @@ TEST(FirstRunTest, FromDeliveredDatabasesToTheFirstWorkingDay)
     day.Exit();
     EXPECT_TRUE(Eventually([&] { return office.Number("SELECT count(*) FROM ScreenStatus") == 0; }));
 
+    // One of the two entries of the menu that begin with U, then the other.
+    day.Press({QStringLiteral("alt+u"), QStringLiteral("u"), QStringLiteral("Return")});
+    day.New();
+    day.Type("Asha Menon");
+    day.Save();
+    day.Exit();
+    day.Press({QStringLiteral("alt+u"), QStringLiteral("u"), QStringLiteral("u"), QStringLiteral("Return")});
+    day.New();
+    day.ChooseNext();
+    for (const char* text : {"asha", "Secret9", "Secret9"})
+        day.Fill(text);
+    day.ChooseNext(2);
+    day.Fill("30");
+    constexpr int Groups = 4;
+    for (int group = 0; group < Groups; ++group)
+        day.Press({QStringLiteral("space"), QStringLiteral("Left"), QStringLiteral("Down")});
+    day.Save();
+    EXPECT_EQ(office.Number("SELECT count(*) FROM UserPrivilegeMaster WHERE LoginId = 'asha' AND Block = 'N'"
+                            " AND Days = 30"),
+              1);
+    EXPECT_EQ(office.Number("SELECT count(*) FROM UserPrivilegeDetails WHERE UserCode = 1"), 115);
+    day.Exit();
     clerk.ChooseClose(mainWindow, QStringLiteral("y"));
     EXPECT_EQ(clerk.ExitCode(), 0);
+
+    Client administrator(desktop, office, QStringLiteral("tallyboard"));
+    const Desktop::Window nextDay = administrator.LogIn(QStringLiteral("Asha"), QStringLiteral("secret9"));
+    EXPECT_EQ(office.Starts(), 2);
+    administrator.ChooseClose(nextDay, QStringLiteral("y"));
+    EXPECT_EQ(administrator.ExitCode(), 0);
 }
 
 } // namespace tally::test
