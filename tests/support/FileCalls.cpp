@@ -1,9 +1,11 @@
 #include "support/FileCalls.h"
 
+#include <cerrno>
 #include <csignal>
 #include <exception>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -17,6 +19,10 @@ std::vector<std::string> done;
 bool watching = false;
 /// The one that the process does not live to see done, counted from 0. A write is done by half.
 std::size_t last = SIZE_MAX;
+
+/// The one that fails instead.
+std::size_t failing = SIZE_MAX;
+tally::test::Fault fault = tally::test::Fault::Broken;
 
 void Die()
 {
@@ -36,6 +42,21 @@ std::string NameOf(int descriptor)
     return length < 0 ? std::string() : NameOf(std::string(path, static_cast<std::size_t>(length)));
 }
 
+/// What the caller gets instead of the operation that was asked for last, if that is to fail.
+std::optional<int> Failure()
+{
+    if (!watching || done.size() != failing + 1)
+        return {};
+    errno = fault == tally::test::Fault::Full ? ENOSPC : EIO;
+    return -1;
+}
+
+/// Whether the write that was asked for last is to be done by half.
+bool IsShort()
+{
+    return watching && done.size() == failing + 1 && fault == tally::test::Fault::Short;
+}
+
 /// True when the process must end with this one.
 bool IsLast(const char* what, const std::string& name)
 {
@@ -53,7 +74,10 @@ extern "C" {
 ssize_t write(int file, const void* bytes, std::size_t size)
 {
     const bool dies = IsLast("write", NameOf(file));
-    const ssize_t written = syscall(SYS_write, file, bytes, dies ? size / 2 : size);
+    const bool half = dies || IsShort();
+    if (const auto failure = Failure(); failure && !half)
+        return *failure;
+    const ssize_t written = syscall(SYS_write, file, bytes, half ? size / 2 : size);
     if (dies)
         Die();
     return written;
@@ -62,7 +86,10 @@ ssize_t write(int file, const void* bytes, std::size_t size)
 ssize_t pwrite64(int file, const void* bytes, std::size_t size, off64_t place)
 {
     const bool dies = IsLast("write", NameOf(file));
-    const ssize_t written = syscall(SYS_pwrite64, file, bytes, dies ? size / 2 : size, place);
+    const bool half = dies || IsShort();
+    if (const auto failure = Failure(); failure && !half)
+        return *failure;
+    const ssize_t written = syscall(SYS_pwrite64, file, bytes, half ? size / 2 : size, place);
     if (dies)
         Die();
     return written;
@@ -77,6 +104,8 @@ int fsync(int file)
 {
     if (IsLast("sync", NameOf(file)))
         Die();
+    if (const auto failure = Failure())
+        return *failure;
     return static_cast<int>(syscall(SYS_fsync, file));
 }
 
@@ -84,6 +113,8 @@ int fdatasync(int file)
 {
     if (IsLast("sync", NameOf(file)))
         Die();
+    if (const auto failure = Failure())
+        return *failure;
     return static_cast<int>(syscall(SYS_fdatasync, file));
 }
 
@@ -91,6 +122,8 @@ int ftruncate64(int file, off64_t size)
 {
     if (IsLast("truncate", NameOf(file)))
         Die();
+    if (const auto failure = Failure())
+        return *failure;
     return static_cast<int>(syscall(SYS_ftruncate, file, size));
 }
 
@@ -98,6 +131,8 @@ int unlink(const char* path) noexcept
 {
     if (IsLast("remove", NameOf(path)))
         Die();
+    if (const auto failure = Failure())
+        return *failure;
     return static_cast<int>(syscall(SYS_unlink, path));
 }
 
@@ -110,6 +145,8 @@ int rename(const char* from, const char* to) noexcept
 {
     if (IsLast("name", NameOf(to)))
         Die();
+    if (const auto failure = Failure())
+        return *failure;
     return static_cast<int>(syscall(SYS_renameat, AT_FDCWD, from, AT_FDCWD, to));
 }
 
@@ -117,6 +154,8 @@ int link(const char* from, const char* to) noexcept
 {
     if (IsLast("name", NameOf(to)))
         Die();
+    if (const auto failure = Failure())
+        return *failure;
     return static_cast<int>(syscall(SYS_link, from, to));
 }
 
@@ -141,6 +180,24 @@ bool RunAndDieAt(std::size_t number, const std::function<void()>& work)
     EXPECT_EQ(waitpid(client, &state, 0), client);
     EXPECT_TRUE(WIFSIGNALED(state) || WEXITSTATUS(state) == 0) << "the work failed by itself";
     return WIFEXITED(state);
+}
+
+bool RunWithFault(std::size_t number, Fault how, const std::function<void()>& work)
+{
+    struct Watch
+    {
+        ~Watch()
+        {
+            watching = false;
+            failing = SIZE_MAX;
+        }
+    } const watch;
+    done.clear();
+    failing = number;
+    fault = how;
+    watching = true;
+    work();
+    return done.size() <= number;
 }
 
 QStringList OperationsOf(const std::function<void()>& work)
