@@ -184,6 +184,12 @@ constexpr Ways Known[] = {
     {"frmUtilApplicationDateChange", "dtpApplicationDate cmdSave cmdCancel cmdExit",
      "A:dtpApplicationDate C:cmdCancel S:cmdSave X:cmdExit", ""},
     {"frmUtilApplicationDateSetup", "cmdAddOneDay cmdDeleteLastDay cmdExit", "X:cmdExit", ""},
+    {"frmUtilBackupRestore",
+     "optBackUp optRecovery txtSourcePath cmdSourcePath txtDestinationPath cmdDestPath cmdBackup cmdCancel "
+     "cmdExit cmdDetails msgDetails",
+     "B:optBackUp C:cmdCancel D:txtDestinationPath E:cmdDestPath L:cmdDetails R:optRecovery S:txtSourcePath "
+     "U:cmdBackup W:cmdSourcePath X:cmdExit",
+     "optBackUp"},
     {"frmUtilOptions",
      "chkPrompt chkAutoGen DTPDateOfBirthSetting lblDateOfBirthSetting cboGender chkFractionMarks "
      "chkRoundedMarks cmdSave cmdCancel cmdExit",

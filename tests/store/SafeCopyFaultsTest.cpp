@@ -83,8 +83,9 @@ TEST_P(SafeCopyFaults, ARestoreThatFailsIsToldAndLeavesTheOldSchool)
             EXPECT_EQ(StatesIn(Other()), 40);
             for (const QString& kept : store::KeptBeforeRestore(files.Path()))
                 EXPECT_EQ(StatesIn(kept), 3);
-            if (!told)
+            if (!told) {
                 EXPECT_EQ(store::KeptBeforeRestore(files.Path()).size(), 1);
+            }
         });
 }
 
