@@ -124,7 +124,7 @@ TEST_F(frmUtilBackupRestoreTest, ABackupIsWholeLoggedAndTheProgramGoesOn)
     EXPECT_EQ(LoggedBackups(In("Copy.mdb")), 1);
     ASSERT_NE(Session().gcnnMain, nullptr);
     EXPECT_EQ(Count("SELECT count(*) FROM StateMaster WHERE StateCode = 7"), 1);
-    Tick();
+    ScreenFixture::Tick();
 }
 
 TEST_F(frmUtilBackupRestoreTest, PathsThatCannotBeAreRefusedBeforeAnythingIsTouched)
@@ -220,7 +220,7 @@ TEST_F(frmUtilBackupRestoreTest, ARestoreReplacesTheWholeSchoolAndKeepsTheOldOne
     EXPECT_EQ(AnotherClient(QFileInfo(kept.first()).fileName())
                   ->Number(QStringLiteral("SELECT count(*) FROM StateMaster WHERE StateCode = 7")),
               1);
-    Tick();
+    ScreenFixture::Tick();
 }
 
 TEST_F(frmUtilBackupRestoreTest, ARestoreThatIsNotConfirmedChangesNothing)
