@@ -42,6 +42,7 @@ const std::map<std::pair<QString, QString>, const char*> OwnGuards{
     {{QStringLiteral("frmUtilBackupRestore"), QStringLiteral("cmdBackup")},
      "You Have No Privilege To Take Database Backup"},
     {{QStringLiteral("frmMasOptionalAdmissionNoChange"), QStringLiteral("cmdEdit")}, nullptr},
+    {{QStringLiteral("frmClassSubjectTeacherTransfer"), QStringLiteral("cmdNew")}, nullptr},
 };
 
 const char* RefusalOf(const QString& screen, const QString& button)
@@ -121,6 +122,10 @@ protected:
     int ExpectRefusals(const QString& name, Screen& screen)
     {
         int guarded = 0;
+        // A note that lies over the screen goes first.
+        auto* note = screen.findChild<QAbstractButton*>(QStringLiteral("cmdClose"));
+        if (note && note->isVisible() && screen.findChild<QAbstractButton*>(QStringLiteral("cmdNew")))
+            note->click();
         for (auto* button : screen.findChildren<QAbstractButton*>()) {
             const char* refusal = RefusalOf(name, button->objectName());
             if (!refusal)
