@@ -1,10 +1,10 @@
-#include "utilities/BackupLog.h"
+#include "utilities/BackupLogRepository.h"
 
 #include "core/modTallyboard.h"
 
 namespace tally {
 
-QList<LoggedCopy> BackupLog::All(store::Connection& log, CopyMode mode)
+QList<LoggedCopy> BackupLogRepository::All(store::Connection& log, CopyMode mode)
 {
     QList<LoggedCopy> copies;
     auto rows = mode == CopyMode::Backup
@@ -17,7 +17,7 @@ QList<LoggedCopy> BackupLog::All(store::Connection& log, CopyMode mode)
     return copies;
 }
 
-void BackupLog::Add(store::Transaction& log, CopyMode mode, const QString& path, const QDateTime& now)
+void BackupLogRepository::Add(store::Transaction& log, CopyMode mode, const QString& path, const QDateTime& now)
 {
     const QString date = now.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
     if (mode == CopyMode::Backup)

@@ -23,7 +23,7 @@ struct LoggedCopy
 };
 
 /// The log of all backups and restores, in a file of its own.
-class BackupLog
+class BackupLogRepository
 {
 public:
     static QList<LoggedCopy> All(store::Connection& log, CopyMode mode);

@@ -1,4 +1,4 @@
-#include "utilities/BackupLog.h"
+#include "utilities/BackupLogRepository.h"
 
 #include "store/Tables.h"
 
@@ -7,10 +7,10 @@
 namespace tally::test {
 namespace {
 
-class BackupLogTest : public testing::Test
+class BackupLogRepositoryTest : public testing::Test
 {
 protected:
-    BackupLogTest()
+    BackupLogRepositoryTest()
     {
         store::Transaction transaction(log);
         store::CreateBackupTables(transaction);
@@ -20,49 +20,49 @@ protected:
     void Add(CopyMode mode, const QString& path)
     {
         store::Transaction transaction(log);
-        BackupLog::Add(transaction, mode, path, QDateTime(QDate(2026, 11, 22), QTime(14, 5, 9)));
+        BackupLogRepository::Add(transaction, mode, path, QDateTime(QDate(2026, 11, 22), QTime(14, 5, 9)));
         transaction.Commit();
     }
 
     store::Connection log = store::Connection::InMemory();
 };
 
-TEST_F(BackupLogTest, EachModeHasItsOwnTableAndCountsFromOne)
+TEST_F(BackupLogRepositoryTest, EachModeHasItsOwnTableAndCountsFromOne)
 {
     Add(CopyMode::Backup, QStringLiteral("/stick/a.mdb"));
     Add(CopyMode::Backup, QStringLiteral("/stick/b.mdb"));
     Add(CopyMode::Restore, QStringLiteral("/stick/c.mdb"));
-    const auto backups = BackupLog::All(log, CopyMode::Backup);
+    const auto backups = BackupLogRepository::All(log, CopyMode::Backup);
     ASSERT_EQ(backups.size(), 2);
     EXPECT_EQ(backups[0].code, 1);
     EXPECT_EQ(backups[0].path.toStdString(), "/stick/a.mdb");
     EXPECT_EQ(backups[1].code, 2);
-    const auto restores = BackupLog::All(log, CopyMode::Restore);
+    const auto restores = BackupLogRepository::All(log, CopyMode::Restore);
     ASSERT_EQ(restores.size(), 1);
     EXPECT_EQ(restores[0].code, 1);
     EXPECT_EQ(restores[0].path.toStdString(), "/stick/c.mdb");
 }
 
-TEST_F(BackupLogTest, ACodeIsTheHighestPlusOne)
+TEST_F(BackupLogRepositoryTest, ACodeIsTheHighestPlusOne)
 {
     Add(CopyMode::Backup, QStringLiteral("/a.mdb"));
     Add(CopyMode::Backup, QStringLiteral("/b.mdb"));
     log.Execute(QStringLiteral("DELETE FROM BackupDatabase WHERE BackupCode = 1"));
     Add(CopyMode::Backup, QStringLiteral("/c.mdb"));
-    EXPECT_EQ(BackupLog::All(log, CopyMode::Backup).last().code, 3);
+    EXPECT_EQ(BackupLogRepository::All(log, CopyMode::Backup).last().code, 3);
 }
 
-TEST_F(BackupLogTest, APathOf300LettersIsKeptWhole)
+TEST_F(BackupLogRepositoryTest, APathOf300LettersIsKeptWhole)
 {
     const QString path(300, QChar(0x0BAA));
     Add(CopyMode::Restore, path);
-    EXPECT_EQ(BackupLog::All(log, CopyMode::Restore).first().path, path);
+    EXPECT_EQ(BackupLogRepository::All(log, CopyMode::Restore).first().path, path);
 }
 
-TEST_F(BackupLogTest, TheDayIsShownAsEverywhereAndAnOddTextAsItStands)
+TEST_F(BackupLogRepositoryTest, TheDayIsShownAsEverywhereAndAnOddTextAsItStands)
 {
     Add(CopyMode::Backup, QStringLiteral("/a.mdb"));
-    EXPECT_EQ(ShownLogDate(BackupLog::All(log, CopyMode::Backup).first().date).toStdString(), "22/Nov/2026");
+    EXPECT_EQ(ShownLogDate(BackupLogRepository::All(log, CopyMode::Backup).first().date).toStdString(), "22/Nov/2026");
     EXPECT_EQ(ShownLogDate(QStringLiteral("yesterday")).toStdString(), "yesterday");
     EXPECT_EQ(ShownLogDate(QString()).toStdString(), "");
 }
