@@ -9,23 +9,96 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QStorageInfo>
+
+#include <algorithm>
+#include <array>
+#include <memory>
 
 namespace tally::store {
 
 namespace {
 
 constexpr qsizetype DaysKept = 7;
-/// A copy leaves as much room as this many files like it, since the next save needs room too.
-constexpr qint64 RoomKept = 2;
+/// What the names of the copies go on with that the program makes beside the file by itself.
+constexpr std::array OwnCopies{" copy of ", " before restore ", " before upgrade "};
+
+StoreError InvalidName()
+{
+    return StoreError(QStringLiteral("Invalid File Name"));
+}
 
 /// Where the file would really lie: a link leads on to the place that somebody meant by it.
 QString PlaceOf(const QString& destination)
 {
     const QFileInfo place(destination);
-    if (!place.isAbsolute() || place.isDir() || !QFileInfo(place.path()).isDir())
-        throw StoreError(QStringLiteral("Invalid File Name"));
+    if (!place.isAbsolute() || !QFileInfo(place.path()).isDir() ||
+        (!place.isFile() && !IsFreeName(destination)))
+        throw InvalidName();
     return place.exists() ? place.canonicalFilePath() : destination;
+}
+
+/// Sees, in a folder that takes files, whether its disk takes this name, of which a long copy would else be
+/// told at its end. A program that is killed meanwhile leaves an empty file.
+void ProveName(const QString& place)
+{
+    QFile file(place);
+    if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        file.remove();
+    else if (IsFreeName(place))
+        throw InvalidName();
+}
+
+void CopyMoment(Connection& main, QFile& copy, const Progress& progress)
+{
+    const ReadTransaction moment(main);
+    // The lock comes with the first reading.
+    main.SchemaVersion();
+    main.CopyTo(copy, progress);
+}
+
+/// Hears of one half of the work and tells of the whole.
+Progress Half(const Progress& progress, int half)
+{
+    if (!progress)
+        return {};
+    return [progress, half](qint64 done, qint64 total) { return progress(half * total + done, 2 * total); };
+}
+
+void CopyFile(QFile& from, QFile& to, const Progress& progress)
+{
+    constexpr qint64 Step = 1 << 20;
+    const qint64 size = from.size();
+    if (!from.seek(0))
+        throw CopyFailure();
+    while (!from.atEnd()) {
+        Tell(progress, from.pos(), size);
+        const QByteArray bytes = from.read(Step);
+        if (bytes.isEmpty())
+            throw CopyFailure();
+        WriteAll(to, bytes);
+    }
+}
+
+/// For a disk that may be slow: others wait for a copy on the own disk only. False where that has no room for
+/// one.
+bool CopyByOwnDisk(Connection& main, QFile& copy, const Progress& progress)
+{
+    const QFileInfo file(main.Path());
+    if (!HasRoomFor(file.size(), file.path()))
+        return false;
+    std::unique_ptr<UnfinishedFile> own;
+    try {
+        own = std::make_unique<UnfinishedFile>(file.path(), main.Path());
+        CopyMoment(main, own->File(), Half(progress, 0));
+    } catch (const Cancelled&) {
+        throw;
+    } catch (const StoreError& error) {
+        if (error.IsLocked())
+            throw;
+        return false;
+    }
+    CopyFile(own->File(), copy, Half(progress, 1));
+    return true;
 }
 
 QString DayName(const QFileInfo& main, const QDate& day)
@@ -36,37 +109,40 @@ QString DayName(const QFileInfo& main, const QDate& day)
 
 } // namespace
 
-void BackUp(Connection& main, const QString& password, const QString& destination, const Progress& progress)
+void BackUp(Connection& main, const QString& password, const QString& destination, const Progress& progress,
+            Occupied occupied)
 {
     const QString place = PlaceOf(destination);
     const QString folder = QFileInfo(place).path();
     RemoveDeadUnfinishedFiles(folder);
     UnfinishedFile copy(folder, main.Path());
-    {
-        const ReadTransaction moment(main);
-        // The lock comes with the first reading.
-        main.SchemaVersion();
-        main.CopyTo(copy.File(), progress);
-    }
+    ProveName(place);
+    if (AreOnOneDisk(folder, QFileInfo(main.Path()).path()) || !CopyByOwnDisk(main, copy.File(), progress))
+        CopyMoment(main, copy.File(), progress);
     copy.Finish();
     Connection(copy.Path(), password).Prove(false, progress);
-    copy.TakePlace(place);
+    if (occupied == Occupied::Replace)
+        copy.TakePlace(place);
+    else
+        copy.TakeFreePlace(place);
 }
 
 void KeepDayCopy(Connection& main, const QString& password, const QDate& day)
 {
     const QFileInfo file(main.Path());
+    const QString made = file.dir().filePath(DayName(file, day));
     try {
-        const QStorageInfo disk(file.path());
-        if (disk.isValid() && disk.bytesAvailable() < file.size() * (1 + RoomKept))
+        if (!HasRoomFor(file.size(), file.path()))
             return;
-        BackUp(main, password, file.dir().filePath(DayName(file, day)));
+        BackUp(main, password, made);
     } catch (const StoreError&) {
         return;
     }
-    QStringList copies = DayCopies(main.Path());
-    while (copies.size() > DaysKept)
-        QFile::remove(copies.takeFirst());
+    QStringList others = DayCopies(main.Path());
+    others.removeOne(made);
+    std::stable_partition(others.begin(), others.end(), [&made](const QString& copy) { return copy > made; });
+    while (others.size() >= DaysKept)
+        QFile::remove(others.takeFirst());
 }
 
 QStringList DayCopies(const QString& main)
@@ -84,6 +160,18 @@ QStringList DayCopies(const QString& main)
             copies.append(path);
     }
     return copies;
+}
+
+bool IsOwnCopy(const QString& path, const QString& main)
+{
+    const QFileInfo file(main);
+    const QFileInfo copy(path);
+    // A disk may take capitals and small letters for the same.
+    return QDir(copy.path()).canonicalPath() == QDir(file.path()).canonicalPath() &&
+           std::any_of(OwnCopies.begin(), OwnCopies.end(), [&](const char* kind) {
+               return copy.fileName().startsWith(file.completeBaseName() + QLatin1String(kind),
+                                                 Qt::CaseInsensitive);
+           });
 }
 
 } // namespace tally::store

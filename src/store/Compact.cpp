@@ -1,11 +1,14 @@
 #include "store/Compact.h"
 
+#include "store/Dialect.h"
 #include "store/StoreError.h"
 #include "store/Transaction.h"
 #include "store/UnfinishedFile.h"
 
 #include <QDir>
 #include <QFileInfo>
+
+#include <memory>
 
 namespace tally::store {
 
@@ -15,6 +18,7 @@ void Compact(Connection& main, const QString& password, const Progress& progress
     const QString compacted = folder.filePath(QStringLiteral("MarkTemp.mdb"));
     RemoveDeadUnfinishedFiles(folder.path());
     QByteArray asCopied;
+    std::unique_ptr<Connection> source;
     {
         // Whoever saves meanwhile waits for this transaction, which writes nothing itself.
         const Transaction others(main);
@@ -33,16 +37,14 @@ void Compact(Connection& main, const QString& password, const Progress& progress
             copy.Prove(false, progress);
         }
         work.TakePlace(compacted);
+        source = std::make_unique<Connection>(compacted, password);
     }
-    Connection source(compacted, password);
     main.PourFrom(
-        source,
+        *source,
         [&] {
             // Between the two locks there is a moment.
             if (main.CommitMark() != asCopied)
-                throw StoreError(
-                    QStringLiteral("Another Client Has Saved Meanwhile. The Database Is As It Was. "
-                                   "Please Try Again In A Moment"));
+                throw StoreError(dialect::FileInUse(), QStringLiteral("another client has saved meanwhile"));
         },
         progress);
 }

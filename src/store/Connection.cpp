@@ -1,6 +1,7 @@
 #include "store/Connection.h"
 
 #include "store/Dialect.h"
+#include "store/OwnFiles.h"
 #include "store/StoreError.h"
 
 #include <QDir>
@@ -242,8 +243,7 @@ void Connection::CopyTo(QIODevice& copy, const Progress& progress)
     for (qint64 done = 0; done < size;) {
         Tell(progress, done, size);
         const QByteArray bytes = file.Read(done, std::min(CopyStep, size - done));
-        if (copy.write(bytes) != bytes.size())
-            throw StoreError(QStringLiteral("The Copy Could Not Be Written (%1)").arg(copy.errorString()));
+        WriteAll(copy, bytes);
         done += bytes.size();
     }
 }

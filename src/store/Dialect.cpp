@@ -156,6 +156,16 @@ int DamagedFile()
     return SQLITE_CORRUPT;
 }
 
+int FullDisk()
+{
+    return SQLITE_FULL;
+}
+
+int FileInUse()
+{
+    return SQLITE_BUSY;
+}
+
 ErrorKind KindOf(int engineCode, const QString& engineText)
 {
     if (IsUnfitValue(engineCode))

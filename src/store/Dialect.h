@@ -70,6 +70,10 @@ QString WriteSchemaVersion(int version);
 int ReferenceError();
 /// For a file that opens and yet is not whole.
 int DamagedFile();
+/// For a copy that the disk has no room for.
+int FullDisk();
+/// For work that another client's save has come between.
+int FileInUse();
 ErrorKind KindOf(int engineCode, const QString& engineText);
 bool IsLock(int engineCode);
 bool IsDuplicateKey(int engineCode);

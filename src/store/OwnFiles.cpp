@@ -1,20 +1,25 @@
 #include "store/OwnFiles.h"
 
+#include "store/Dialect.h"
+#include "store/StoreError.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
 
 #ifdef Q_OS_WIN
 #include <io.h>
 #include <windows.h>
 #else
-#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
+
+#include <cerrno>
 
 namespace tally::store {
 
@@ -184,6 +189,57 @@ bool AreOneFile(const QString& path, const QString& other)
     return std::filesystem::equivalent(QFileInfo(path).filesystemFilePath(),
                                        QFileInfo(other).filesystemFilePath(), error) &&
            !error;
+}
+
+bool AreOnOneDisk(const QString& path, const QString& other)
+{
+#ifdef Q_OS_UNIX
+    struct stat one = {};
+    struct stat two = {};
+    return stat(QFile::encodeName(path).constData(), &one) != 0 ||
+           stat(QFile::encodeName(other).constData(), &two) != 0 || one.st_dev == two.st_dev;
+#else
+    return QStorageInfo(path).device() == QStorageInfo(other).device();
+#endif
+}
+
+bool LeavesRoom(qint64 available, qint64 size)
+{
+    constexpr qint64 FilesLikeIt = 2;
+    return available >= (1 + FilesLikeIt) * size;
+}
+
+bool HasRoomFor(qint64 size, const QString& folder)
+{
+    const QStorageInfo disk(folder);
+    return !disk.isValid() || LeavesRoom(disk.bytesAvailable(), size);
+}
+
+void WriteAll(QIODevice& file, const QByteArray& bytes)
+{
+    // Where the disk is full in the middle, the system takes what fits and gives its reason only to who goes
+    // on.
+    for (qint64 done = 0; done < bytes.size();) {
+        const qint64 taken = file.write(bytes.constData() + done, bytes.size() - done);
+        if (taken <= 0)
+            throw CopyFailure();
+        done += taken;
+    }
+}
+
+StoreError CopyFailure()
+{
+#ifdef Q_OS_WIN
+    const auto error = static_cast<int>(GetLastError());
+    const bool full = error == ERROR_DISK_FULL || error == ERROR_HANDLE_DISK_FULL;
+#else
+    const int error = errno;
+    const bool full = error == ENOSPC || error == EDQUOT;
+#endif
+    const QString reason = qt_error_string(error);
+    if (full)
+        return {dialect::FullDisk(), reason};
+    return StoreError(QStringLiteral("The Copy Could Not Be Written (%1)").arg(reason));
 }
 
 void TakeRightsOf(QFile& copy, const QString& original)

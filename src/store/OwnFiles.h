@@ -8,9 +8,12 @@
 #include <filesystem>
 #include <system_error>
 
+class QFile;
 class QFileDevice;
 
 namespace tally::store {
+
+class StoreError;
 
 /// How the program treats its own files in folders where other people write too: it removes and replaces
 /// nothing that it did not make, and never follows a link that somebody has put there.
@@ -34,7 +37,7 @@ void RemoveOwnFolder(const QString& folder, const QStringList& files);
 /// is taken, or the moment another program takes it: no file is ever replaced. The new name is brought to the
 /// disk too, where the file system does so.
 [[nodiscard]] bool MoveToFreeName(const QString& file, const QString& path);
-/// The same under the first free one of the names "`base`.`suffix`", "`base` (2).`suffix`" and so on in
+/// The same under the first free one of the names "base.suffix", "base (2).suffix" and so on in
 /// `folder`. Gives the path taken; empty where none could be had.
 [[nodiscard]] QString MoveToNumberedName(const QString& file, const QString& folder, const QString& base,
                                          const QString& suffix);
@@ -43,6 +46,17 @@ void RemoveOwnFolder(const QString& folder, const QStringList& files);
 [[nodiscard]] bool MoveInPlace(const QString& file, const QString& path);
 /// Whether both paths lead to one and the same file, by whatever spelling or link.
 bool AreOneFile(const QString& path, const QString& other);
+/// Whether two files or folders that exist lie on one and the same disk; in doubt they do.
+bool AreOnOneDisk(const QString& path, const QString& other);
+/// Whether a copy of `size` bytes leaves enough on a disk with `available` ones: the next save needs room
+/// too.
+bool LeavesRoom(qint64 available, qint64 size);
+/// The same for the disk of `folder`; in doubt it does.
+bool HasRoomFor(qint64 size, const QString& folder);
+/// Writes all of the bytes. Throws StoreError, and calls a full disk by its name.
+void WriteAll(QIODevice& file, const QByteArray& bytes);
+/// What is told of the step of a copy that the system has refused just now.
+StoreError CopyFailure();
 /// Lets nobody read or write the open `copy` who may not do so with `original`, and everybody else as far as
 /// the system lets this program say so.
 void TakeRightsOf(QFile& copy, const QString& original);

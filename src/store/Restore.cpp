@@ -76,6 +76,56 @@ void RemoveNeedless(const QString& kept, Connection& main)
     }
 }
 
+QStringList ScreensInUse(Connection& file)
+{
+    QStringList screens;
+    auto rows = file.Query(QStringLiteral("SELECT Screen FROM ScreenStatus"));
+    while (rows.Next())
+        screens.append(rows.Text(0));
+    return screens;
+}
+
+/// Behind a restore the clients have open what they had open before it, as the file `kept` tells, and nothing
+/// of what was open when the source was made. A row too many would shut a screen for all of them until the
+/// next start of a client, which clears it; so a failure is not worth a word.
+void KeepScreensInUse(Connection& main, const QStringList& ofSource, const QString& kept,
+                      const QString& password)
+{
+    try {
+        Connection before(kept, password);
+        const QStringList ofNow = ScreensInUse(before);
+        if (ofSource.isEmpty() && ofNow.isEmpty())
+            return;
+        Transaction transaction(main);
+        for (const QString& screen : ofSource)
+            transaction.Execute(QStringLiteral("DELETE FROM ScreenStatus WHERE Screen = ?"), screen);
+        for (const QString& screen : ofNow)
+            transaction.Execute(QStringLiteral("INSERT INTO ScreenStatus (Screen) VALUES (?)"), screen);
+        transaction.Commit();
+    } catch (const StoreError&) {
+        return;
+    }
+}
+
+/// A copy of the source beside the main file where the source lies on another disk, which may be slow: nobody
+/// can read or save while it is poured. Null where it lies on the same one, or no room is left for a copy.
+std::unique_ptr<UnfinishedFile> CopyFromOtherDisk(Connection& source, const Connection& main,
+                                                  const Progress& progress)
+{
+    const QString folder = QFileInfo(main.Path()).path();
+    if (AreOnOneDisk(source.Path(), folder) || !HasRoomFor(QFileInfo(source.Path()).size(), folder))
+        return {};
+    try {
+        auto copy = std::make_unique<UnfinishedFile>(folder, main.Path());
+        source.CopyTo(copy->File(), progress);
+        return copy;
+    } catch (const Cancelled&) {
+        throw;
+    } catch (const StoreError&) {
+        return {};
+    }
+}
+
 } // namespace
 
 bool IsMainFile(Connection& file)
@@ -87,43 +137,52 @@ bool IsMainFile(Connection& file)
 }
 
 Restore::Restore(const QString& source, const QString& password, const Progress& progress)
-    : source_(std::make_unique<Connection>(source, password))
+    : path_(source), password_(password), source_(std::make_unique<Connection>(source, password))
 {
+    QString copy;
     {
         const ReadTransaction moment(*source_);
         if (!IsMainFile(*source_))
-            throw StoreError(QStringLiteral("This Is Not The Main Database Of This Program"));
+            throw StoreError(QStringLiteral(
+                "The Source File Is Not A 'KITE-Tally Board' Database File. Select Correct File"));
         source_->Prove(true, progress);
+        if (source_->SchemaVersion() < MainVersion) {
+            copy = CopyForUpgrade(progress);
+        } else {
+            Upgrade(*source_);
+            ProveTables(*source_);
+            provedAt_ = source_->ChangesByOthers();
+        }
     }
-    if (source_->SchemaVersion() < MainVersion)
-        UpgradeInCopy(password, progress);
-    Upgrade(*source_);
-    const ReadTransaction moment(*source_);
-    ProveTables(*source_);
-    provedAt_ = source_->ChangesByOthers();
+    if (!copy.isEmpty())
+        UpgradeCopy(copy);
 }
 
-Restore::~Restore()
-{
-    // The file in the folder is closed before the folder goes.
-    source_.reset();
-}
-
-void Restore::UpgradeInCopy(const QString& password, const Progress& progress)
+QString Restore::CopyForUpgrade(const Progress& progress)
 {
     workFolder_ = std::make_unique<QTemporaryDir>();
+    if (!workFolder_->isValid())
+        throw StoreError(
+            QStringLiteral("The Copy Could Not Be Written (%1)").arg(workFolder_->errorString()));
     QFile copy(workFolder_->filePath(QStringLiteral("Restore.mdb")));
-    if (!workFolder_->isValid() ||
-        !copy.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-        throw StoreError(QStringLiteral("The Copy Could Not Be Written (%1)")
-                             .arg(workFolder_->isValid() ? copy.errorString() : workFolder_->errorString()));
-    {
-        const ReadTransaction moment(*source_);
-        source_->SchemaVersion();
-        source_->CopyTo(copy, progress);
+    if (!copy.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+        throw CopyFailure();
+    source_->CopyTo(copy, progress);
+    return copy.fileName();
+}
+
+void Restore::UpgradeCopy(const QString& copy)
+{
+    try {
+        source_ = std::make_unique<Connection>(copy, password_);
+        Upgrade(*source_);
+        ProveTables(*source_);
+        provedAt_ = source_->ChangesByOthers();
+    } catch (const StoreError& error) {
+        // The clerk knows the file that he chose, and no other.
+        QString told = error.Description();
+        throw StoreError(told.replace(QDir::toNativeSeparators(copy), QDir::toNativeSeparators(path_)));
     }
-    copy.close();
-    source_ = std::make_unique<Connection>(copy.fileName(), password);
 }
 
 QString Restore::PourInto(Connection& main, const QDateTime& now, const Progress& progress)
@@ -132,6 +191,7 @@ QString Restore::PourInto(Connection& main, const QDateTime& now, const Progress
     const QStringList earlier = KeptBeforeRestore(main.Path());
     RemoveDeadUnfinishedFiles(file.path());
     QString kept;
+    QStringList screensOfSource;
     try {
         const ReadTransaction still(*source_);
         // The user has been asked meanwhile, and the file may be another client's school.
@@ -139,8 +199,11 @@ QString Restore::PourInto(Connection& main, const QDateTime& now, const Progress
             source_->Prove(true, progress);
             ProveTables(*source_);
         }
+        screensOfSource = ScreensInUse(*source_);
+        const std::unique_ptr<UnfinishedFile> copy = CopyFromOtherDisk(*source_, main, progress);
+        const auto copied = copy ? std::make_unique<Connection>(copy->Path(), password_) : nullptr;
         main.PourFrom(
-            *source_,
+            copied ? *copied : *source_,
             [&] {
                 UnfinishedFile before(file.path(), main.Path());
                 main.CopyTo(before.File(), progress);
@@ -154,7 +217,9 @@ QString Restore::PourInto(Connection& main, const QDateTime& now, const Progress
         throw;
     }
     for (const QString& path : earlier)
-        QFile::remove(path);
+        if (!AreOneFile(path, path_))
+            QFile::remove(path);
+    KeepScreensInUse(main, screensOfSource, kept, password_);
     return kept;
 }
 

@@ -26,20 +26,34 @@ QString FreshName(const QString& folder)
     return QDir(folder).filePath(QStringLiteral("Tallyboard.%1.part").arg(number, 8, 16, QLatin1Char('0')));
 }
 
+StoreError NoName()
+{
+    return StoreError(QStringLiteral("The Copy Could Not Be Written (its name could not be given)"));
+}
+
+/// The engine would take a journal beside the place for one of this file, and put old pages into it.
+void RefuseForeignJournal(const QString& path)
+{
+    const QFileInfo journal(path + QLatin1String("-journal"));
+    if (journal.exists() && journal.size() > 0)
+        throw StoreError(QStringLiteral("The Copy Could Not Be Written (%1 belongs to a file that is in use, "
+                                        "or holds an unfinished save)")
+                             .arg(QDir::toNativeSeparators(journal.filePath())));
+}
+
 } // namespace
 
 UnfinishedFile::UnfinishedFile(const QString& folder, const QString& original)
 {
-    bool open = false;
-    for (int tried = 0; tried < Tries && !open; ++tried) {
+    for (int tried = 1;; ++tried) {
         file_.setFileName(FreshName(folder));
-        open = file_.open(QIODevice::ReadWrite | QIODevice::NewOnly | QIODevice::Unbuffered,
-                          QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        if (!open && IsFreeName(file_.fileName()))
+        if (file_.open(QIODevice::ReadWrite | QIODevice::NewOnly | QIODevice::Unbuffered,
+                       QFileDevice::ReadOwner | QFileDevice::WriteOwner))
             break;
+        const StoreError failure = CopyFailure();
+        if (tried == Tries || IsFreeName(Path()))
+            throw failure;
     }
-    if (!open)
-        Fail(file_.errorString());
     TakeRightsOf(file_, original);
 }
 
@@ -53,26 +67,28 @@ UnfinishedFile::~UnfinishedFile()
     QFile::remove(Path() + QLatin1String("-journal"));
 }
 
-void UnfinishedFile::Fail(const QString& reason) const
-{
-    throw StoreError(QStringLiteral("The Copy Could Not Be Written (%1)").arg(reason));
-}
-
 void UnfinishedFile::Finish()
 {
     if (!BringToDisk(file_))
-        Fail(file_.errorString());
+        throw CopyFailure();
     file_.close();
 }
 
 void UnfinishedFile::TakePlace(const QString& path)
 {
-    // The engine would take a journal beside the place for one of this file, and put old pages into it.
-    const QFileInfo journal(path + QLatin1String("-journal"));
-    if (journal.exists() && journal.size() > 0)
-        Fail(QStringLiteral("the file in its place is in use, or holds an unfinished save"));
+    RefuseForeignJournal(path);
     if (!MoveInPlace(Path(), path))
-        Fail(QStringLiteral("its name could not be given"));
+        throw NoName();
+    placed_ = true;
+}
+
+void UnfinishedFile::TakeFreePlace(const QString& path)
+{
+    RefuseForeignJournal(path);
+    if (!MoveToFreeName(Path(), path))
+        throw IsFreeName(path)
+            ? NoName()
+            : StoreError(QStringLiteral("File With The Given Name Already Exists. It Is Left As It Is"));
     placed_ = true;
 }
 
@@ -80,7 +96,7 @@ QString UnfinishedFile::TakeNumberedName(const QString& base, const QString& suf
 {
     QString path = MoveToNumberedName(Path(), QFileInfo(Path()).path(), base, suffix);
     if (path.isEmpty())
-        Fail(QStringLiteral("its name could not be given"));
+        throw NoName();
     placed_ = true;
     return path;
 }

@@ -27,12 +27,12 @@ public:
     void Finish();
     /// After Finish(): its place, whatever file lies there.
     void TakePlace(const QString& path);
+    /// After Finish(): its place, as long as nothing lies there.
+    void TakeFreePlace(const QString& path);
     /// After Finish(): the first free name that MoveToNumberedName finds. Gives its path.
     QString TakeNumberedName(const QString& base, const QString& suffix);
 
 private:
-    [[noreturn]] void Fail(const QString& reason) const;
-
     QFile file_;
     bool placed_ = false;
 };

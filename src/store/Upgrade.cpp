@@ -92,7 +92,7 @@ QString CopyBeside(Connection& main)
     copy.setPermissions(file.permissions());
     main.CopyTo(copy);
     if (!BringToDisk(copy))
-        throw NoCopy(copy.errorString());
+        throw NoCopy(qt_error_string());
     copy.close();
     QString name = NameCopy(copy.fileName(), file);
     removeUnfinished.dismiss();

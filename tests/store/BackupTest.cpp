@@ -1,6 +1,7 @@
 #include "store/Backup.h"
 
 #include "SchoolFile.h"
+#include "store/OwnFiles.h"
 #include "store/UnfinishedFile.h"
 #include "support/AsOrdinaryUser.h"
 #include "support/FileSizeLimit.h"
@@ -10,6 +11,7 @@
 
 #include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace tally::test {
 namespace {
@@ -95,7 +97,9 @@ TEST_F(Backup, OnAFullDiskLeavesTheEarlierOneAndNothingHalf)
     const QByteArray earlier = files.Bytes(QStringLiteral("Copy.mdb"));
     Connection main(files.Path(), Password);
     const FileSizeLimit full(8192);
-    EXPECT_TRUE(ErrorOf([&] { store::BackUp(main, Password, Target()); }));
+    const auto error = ErrorOf([&] { store::BackUp(main, Password, Target()); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Description().toStdString(), "The Copy Could Not Be Written (File too large)");
     EXPECT_EQ(files.Bytes(QStringLiteral("Copy.mdb")), earlier);
     ExpectNothingLeft({QStringLiteral("Copy.mdb"), QStringLiteral("Tallyboard.mdb")});
 }
@@ -111,10 +115,49 @@ TEST_F(Backup, ToAPlaceThatIsNoneIsRefused)
     ExpectNothingLeft();
 }
 
-TEST_F(Backup, UnderANameThatIsTooLongForTheDiskIsRefusedAndLeavesNothing)
+TEST_F(Backup, UnderANameThatIsTooLongForTheDiskIsRefusedBeforeAnythingIsCopied)
 {
-    EXPECT_NE(Refusal(files.Path(QString(300, QLatin1Char('n')) + QStringLiteral(".mdb"))), "");
+    const QString name = files.Path(QString(300, QLatin1Char('n')) + QStringLiteral(".mdb"));
+    int words = 0;
+    const auto error = ErrorOf([&] { BackUp(name, [&](qint64, qint64) { return ++words > 0; }); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Description().toStdString(), "Invalid File Name");
+    EXPECT_EQ(words, 0);
     ExpectNothingLeft();
+}
+
+TEST_F(Backup, ToALinkThatLeadsNowhereIsRefused)
+{
+    ASSERT_TRUE(QFile::link(files.Path(QStringLiteral("Gone.mdb")), Target()));
+    EXPECT_EQ(Refusal(Target()), "Invalid File Name");
+    EXPECT_FALSE(QFile::exists(files.Path(QStringLiteral("Gone.mdb"))));
+    EXPECT_TRUE(QFileInfo(Target()).isSymLink());
+}
+
+TEST_F(Backup, ThatFoundItsPlaceFreeReplacesNoFileThatHasComeThereMeanwhile)
+{
+    Connection main(files.Path(), Password);
+    const auto error = ErrorOf([&] {
+        store::BackUp(
+            main, Password, Target(),
+            [&](qint64, qint64) {
+                files.Write(QByteArray("somebody's"), QStringLiteral("Copy.mdb"));
+                return true;
+            },
+            store::Occupied::Refuse);
+    });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Description().toStdString(),
+              "File With The Given Name Already Exists. It Is Left As It Is");
+    EXPECT_EQ(files.Bytes(QStringLiteral("Copy.mdb")), QByteArray("somebody's"));
+    ExpectNothingLeft({QStringLiteral("Copy.mdb"), QStringLiteral("Tallyboard.mdb")});
+}
+
+TEST_F(Backup, ThatFoundItsPlaceFreeTakesIt)
+{
+    Connection main(files.Path(), Password);
+    store::BackUp(main, Password, Target(), {}, store::Occupied::Refuse);
+    EXPECT_EQ(StatesIn(Target()), 3);
 }
 
 TEST_F(Backup, MayHaveAnyLettersInItsName)
@@ -124,16 +167,35 @@ TEST_F(Backup, MayHaveAnyLettersInItsName)
     EXPECT_EQ(StatesIn(Target(name)), 3);
 }
 
+struct stat StatusOf(const QString& path)
+{
+    struct stat file = {};
+    EXPECT_EQ(stat(QFile::encodeName(path).constData(), &file), 0);
+    return file;
+}
+
+mode_t ModeOf(const QString& path)
+{
+    return StatusOf(path).st_mode & 0777U;
+}
+
+void SetMode(const QString& path, mode_t mode)
+{
+    ASSERT_EQ(chmod(QFile::encodeName(path).constData(), mode), 0);
+}
+
 TEST_F(Backup, WithoutTheRightToWriteSaysSo)
 {
     ASSERT_TRUE(QDir(files.Folder()).mkdir(QStringLiteral("Closed")));
-    QFile::setPermissions(files.Path(QStringLiteral("Closed")), QFile::ReadOwner | QFile::ExeOwner);
+    SetMode(files.Path(QStringLiteral("Closed")), 0555);
+    SetMode(files.Folder(), 0755);
     Connection main(files.Path(), Password);
     {
         const AsOrdinaryUser clerk;
         const auto error =
             ErrorOf([&] { store::BackUp(main, Password, files.Path(QStringLiteral("Closed/Copy.mdb"))); });
         ASSERT_TRUE(error);
+        EXPECT_EQ(error->Description().toStdString(), "The Copy Could Not Be Written (Permission denied)");
     }
     EXPECT_TRUE(NamesIn(files.Path(QStringLiteral("Closed"))).isEmpty());
 }
@@ -158,21 +220,132 @@ TEST_F(Backup, OverAFileThatHoldsAnUnfinishedSaveIsRefused)
     BackUp(Target());
     files.Write(QByteArray("a save"), QStringLiteral("Copy.mdb-journal"));
     const QByteArray earlier = files.Bytes(QStringLiteral("Copy.mdb"));
-    EXPECT_NE(Refusal(Target()), "");
+    EXPECT_NE(Refusal(Target()).find(files.Path(QStringLiteral("Copy.mdb-journal")).toStdString()),
+              std::string::npos);
     EXPECT_EQ(files.Bytes(QStringLiteral("Copy.mdb")), earlier);
 }
 
 TEST_F(Backup, IsReadableForNobodyWhoMayNotReadTheFile)
 {
-    const auto modeOf = [](const QString& path) {
-        struct stat file = {};
-        EXPECT_EQ(stat(QFile::encodeName(path).constData(), &file), 0);
-        return file.st_mode & 0777U;
-    };
     for (const mode_t mode : {0600U, 0640U, 0660U, 0644U, 0664U}) {
-        ASSERT_EQ(chmod(QFile::encodeName(files.Path()).constData(), mode), 0);
+        SetMode(files.Path(), mode);
         BackUp(Target());
-        EXPECT_EQ(modeOf(Target()), mode);
+        EXPECT_EQ(ModeOf(Target()), mode);
+    }
+}
+
+/// A school whose file belongs to the group of the office, and a folder that gives its files to another one.
+class BackupOfAGroup : public Backup
+{
+protected:
+    static constexpr gid_t Office = 23001;
+    static constexpr gid_t Visitors = 23002;
+
+    void SetUp() override
+    {
+        if (geteuid() != 0)
+            GTEST_SKIP() << "only the owner of the machine gives files to groups";
+        GiveTo(files.Path(), Office);
+        ASSERT_TRUE(QDir(files.Folder()).mkdir(QStringLiteral("Stick")));
+        GiveTo(Stick(), Visitors);
+        SetMode(Stick(), 02777);
+        SetMode(files.Folder(), 0755);
+    }
+    static void GiveTo(const QString& path, gid_t group)
+    {
+        ASSERT_EQ(chown(QFile::encodeName(path).constData(), static_cast<uid_t>(-1), group), 0);
+    }
+    QString Stick() const { return files.Path(QStringLiteral("Stick")); }
+    QString OnStick() const { return files.Path(QStringLiteral("Stick/Copy.mdb")); }
+};
+
+TEST_F(BackupOfAGroup, BelongsToTheSameGroupWhateverItsFolderGives)
+{
+    SetMode(files.Path(), 0660);
+    BackUp(OnStick());
+    EXPECT_EQ(StatusOf(OnStick()).st_gid, Office);
+    EXPECT_EQ(ModeOf(OnStick()), 0660U);
+}
+
+TEST_F(BackupOfAGroup, GivesAnotherGroupNoMoreThanEverybodyWhereItCannotBelongToTheSame)
+{
+    for (const auto& [ofFile, ofCopy] : {std::pair(0660U, 0600U), std::pair(0664U, 0644U)}) {
+        SetMode(files.Path(), ofFile);
+        Connection main(files.Path(), Password);
+        {
+            const AsOrdinaryUser clerk;
+            store::BackUp(main, Password, OnStick());
+        }
+        EXPECT_EQ(StatusOf(OnStick()).st_gid, Visitors);
+        EXPECT_EQ(ModeOf(OnStick()), ofCopy);
+    }
+}
+
+/// A backup to another disk than the school's.
+class BackupElsewhere : public Backup
+{
+protected:
+    void SetUp() override
+    {
+        if (!stick.isValid() || store::AreOnOneDisk(stick.path(), files.Folder()))
+            GTEST_SKIP() << "this machine has one disk only";
+    }
+    QString OnStick() const { return stick.filePath(QStringLiteral("Copy.mdb")); }
+
+    QTemporaryDir stick{QStringLiteral("/dev/shm/backup-XXXXXX")};
+};
+
+TEST_F(BackupElsewhere, LetsOthersSaveWhileTheOtherDiskIsWrittenTo)
+{
+    Connection main(files.Path(), Password);
+    Connection other(files.Path(), Password);
+    other.SetPatience(std::chrono::milliseconds(0));
+    int saved = 0;
+    bool othersWait = true;
+    store::BackUp(main, Password, OnStick(), [&](qint64 done, qint64 total) {
+        // The last words are of the proof.
+        if (total > 0) {
+            othersWait = 2 * done < total;
+            const auto error = ErrorOf([&] { AddState(other, 100 + saved, QStringLiteral("Goa")); });
+            EXPECT_EQ(error.has_value(), othersWait) << done << " of " << total;
+            saved += error ? 0 : 1;
+        }
+        return true;
+    });
+    EXPECT_GT(saved, 0);
+    EXPECT_EQ(StatesIn(OnStick()), 3);
+    EXPECT_EQ(StatesIn(files.Path()), 3 + saved);
+    ExpectNothingLeft();
+    EXPECT_EQ(NamesIn(stick.path()), QStringList{QStringLiteral("Copy.mdb")});
+}
+
+TEST_F(BackupElsewhere, IsMadeAlsoWhereNothingCanBeWrittenBesideTheFile)
+{
+    SetMode(files.Path(), 0666);
+    SetMode(files.Folder(), 0555);
+    SetMode(stick.path(), 0777);
+    Connection main(files.Path(), Password);
+    {
+        const AsOrdinaryUser clerk;
+        store::BackUp(main, Password, OnStick());
+    }
+    EXPECT_EQ(StatesIn(OnStick()), 3);
+    SetMode(files.Folder(), 0755);
+}
+
+TEST_F(BackupElsewhere, ThatIsCancelledAtAnyWordLeavesNothingOnEitherDisk)
+{
+    Connection main(files.Path(), Password);
+    int words = 0;
+    store::BackUp(main, Password, OnStick(), [&](qint64, qint64) { return ++words > 0; });
+    ASSERT_TRUE(QFile::remove(OnStick()));
+    for (int allowed = 0; allowed < words; ++allowed) {
+        int heard = 0;
+        EXPECT_THROW(
+            store::BackUp(main, Password, OnStick(), [&](qint64, qint64) { return heard++ < allowed; }),
+            store::Cancelled);
+        ExpectNothingLeft();
+        EXPECT_EQ(NamesIn(stick.path()), QStringList());
     }
 }
 
@@ -234,6 +407,38 @@ TEST_F(DayCopyFiles, OneIsKeptForEachOfTheLastSevenDays)
     EXPECT_EQ(Kept().first().toStdString(), "Tallyboard copy of 2026-11-23.mdb");
     EXPECT_EQ(Kept().last().toStdString(), "Tallyboard copy of 2026-11-29.mdb");
     EXPECT_EQ(StatesIn(store::DayCopies(files.Path()).last()), 3);
+}
+
+TEST_F(DayCopyFiles, ThoseOfDaysToComeGoFirstAndTheOneJustMadeStays)
+{
+    for (int day = 1; day <= 7; ++day)
+        Keep(QDate(2031, 1, day));
+    for (int day = 20; day <= 22; ++day)
+        Keep(QDate(2026, 11, day));
+    ASSERT_EQ(Kept().size(), 7);
+    EXPECT_EQ(Kept().mid(0, 3), (QStringList{QStringLiteral("Tallyboard copy of 2026-11-20.mdb"),
+                                             QStringLiteral("Tallyboard copy of 2026-11-21.mdb"),
+                                             QStringLiteral("Tallyboard copy of 2026-11-22.mdb")}));
+    for (int day = 23; day <= 27; ++day)
+        Keep(QDate(2026, 11, day));
+    EXPECT_EQ(Kept().first().toStdString(), "Tallyboard copy of 2026-11-21.mdb");
+    EXPECT_EQ(Kept().last().toStdString(), "Tallyboard copy of 2026-11-27.mdb");
+    // A clock that is behind makes the oldest of all.
+    Keep(QDate(2020, 1, 1));
+    ASSERT_EQ(Kept().size(), 7);
+    EXPECT_EQ(Kept().first().toStdString(), "Tallyboard copy of 2020-01-01.mdb");
+}
+
+TEST_F(DayCopyFiles, TheyAndWhatRestoresAndUpgradesKeepAreTheProgramsOwn)
+{
+    for (const char* name :
+         {"Tallyboard copy of 2026-11-22.mdb", "tallyboard COPY OF my school.mdb",
+          "Tallyboard before restore 2026-11-22 14.05.mdb", "Tallyboard before upgrade 2.mdb"})
+        EXPECT_TRUE(store::IsOwnCopy(files.Path(QString::fromLatin1(name)), files.Path())) << name;
+    ASSERT_TRUE(QDir(files.Folder()).mkdir(QStringLiteral("Stick")));
+    for (const char* name : {"Tallyboard.mdb", "Copy.mdb", "My Tallyboard copy of 2026-11-22.mdb",
+                             "Stick/Tallyboard copy of 2026-11-22.mdb"})
+        EXPECT_FALSE(store::IsOwnCopy(files.Path(QString::fromLatin1(name)), files.Path())) << name;
 }
 
 TEST_F(DayCopyFiles, ASecondOneOfTheDayTakesThePlaceOfTheFirst)

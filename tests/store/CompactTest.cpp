@@ -89,6 +89,42 @@ TEST_F(CompactTest, AClientThatSavesMeanwhileWaits)
     EXPECT_EQ(StatesIn(files.Path()), 5);
 }
 
+TEST_F(CompactTest, AClientThatIsInItsWayIsToldAsALockAndTheFileIsAsItWas)
+{
+    const QByteArray before = files.Bytes();
+    Connection other(files.Path(), Password);
+    const auto lock = [this] {
+        Connection main(files.Path(), Password);
+        main.SetPatience(std::chrono::milliseconds(20));
+        return ErrorOf([&] { store::Compact(main, Password); });
+    };
+    {
+        const store::Transaction saving(other);
+        const auto error = lock();
+        ASSERT_TRUE(error);
+        EXPECT_TRUE(error->IsLocked());
+    }
+    {
+        // It reads, and so does not keep the first lock out, but the last one.
+        const store::ReadTransaction reading(other);
+        EXPECT_EQ(States(other), 5);
+        const auto error = lock();
+        ASSERT_TRUE(error);
+        EXPECT_TRUE(error->IsLocked());
+    }
+    EXPECT_EQ(files.Bytes(), before);
+}
+
+TEST_F(CompactTest, AnUnfinishedSaveBesideTheCopyIsNamed)
+{
+    Compact();
+    files.Write(QByteArray("a save"), QStringLiteral("Tallyboard.Bak-journal"));
+    const auto error = ErrorOf([this] { Compact(); });
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->Description().contains(files.Path(QStringLiteral("Tallyboard.Bak-journal"))))
+        << error->Description().toStdString();
+}
+
 TEST_F(CompactTest, OnAFullDiskTheFileIsAsItWas)
 {
     const QByteArray before = files.Bytes();

@@ -20,16 +20,28 @@ inline void LayOldMainFile(store::Transaction& transaction)
             transaction.Execute(statement);
 }
 
-/// A main file of the first version; gives its bytes.
+/// A main file of the first version under `path`, in place of one that lies there.
+inline void LayOldSchoolFile(const QString& path)
+{
+    QFile::remove(path);
+    store::Connection connection(path, Password, store::Connection::Mode::Create);
+    store::Transaction transaction(connection);
+    LayOldMainFile(transaction);
+    transaction.Commit();
+}
+
+/// The same as the main file of the folder; gives its bytes.
 inline QByteArray MakeOldMainFile(const StoreFiles& files)
 {
-    {
-        store::Connection connection(files.Path(), Password, store::Connection::Mode::Create);
-        store::Transaction transaction(connection);
-        LayOldMainFile(transaction);
-        transaction.Commit();
-    }
+    LayOldSchoolFile(files.Path());
     return files.Bytes();
+}
+
+/// How often the one mark stands in a file that the first version's has.
+inline qint64 OldMarksIn(const QString& path)
+{
+    return store::Connection(path, Password)
+        .Number(QStringLiteral("SELECT count(*) FROM MarkMaster WHERE Mark = 50"));
 }
 
 /// Tables and indexes by their names, each with the statement that made it.

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <gtest/gtest.h>
+#include <limits>
 #include <sys/inotify.h>
 #include <unistd.h>
 
@@ -197,6 +198,24 @@ TEST_F(OwnFiles, AFolderBehindALinkIsNotEntered)
     RemoveOwnFolder(Path("folder"), {QStringLiteral("picture")});
     EXPECT_EQ(Read("photos/picture"), "another person's photo");
     EXPECT_TRUE(QFileInfo(Path("folder")).isSymLink());
+}
+
+TEST(OwnFilesRoomTest, ACopyLeavesRoomForTwoFilesLikeIt)
+{
+    EXPECT_TRUE(LeavesRoom(300, 100));
+    EXPECT_FALSE(LeavesRoom(299, 100));
+    EXPECT_TRUE(LeavesRoom(0, 0));
+    const QTemporaryDir folder;
+    EXPECT_TRUE(HasRoomFor(1, folder.path()));
+    EXPECT_FALSE(HasRoomFor(std::numeric_limits<qint64>::max() / 4, folder.path()));
+}
+
+TEST(OwnFilesRoomTest, AFolderLiesOnTheDiskOfTheFolderAroundItAndInDoubtEverythingDoes)
+{
+    const QTemporaryDir folder;
+    EXPECT_TRUE(AreOnOneDisk(folder.path(), QFileInfo(folder.path()).path()));
+    EXPECT_TRUE(AreOnOneDisk(folder.path(), folder.filePath(QStringLiteral("Nowhere"))));
+    EXPECT_FALSE(AreOnOneDisk(folder.path(), QStringLiteral("/proc")));
 }
 
 } // namespace

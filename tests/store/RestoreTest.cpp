@@ -3,6 +3,7 @@
 #include "OldMainFile.h"
 #include "SchoolFile.h"
 #include "store/Backup.h"
+#include "store/OwnFiles.h"
 #include "support/FileSizeLimit.h"
 
 #include <QFileInfo>
@@ -156,7 +157,9 @@ TEST_F(RestoreTest, OnAFullDiskLeavesTheOldSchool)
     Connection main(files.Path(), Password);
     {
         const FileSizeLimit full(8192);
-        EXPECT_TRUE(ErrorOf([&] { restore.PourInto(main, QDateTime::currentDateTime()); }));
+        const auto error = ErrorOf([&] { restore.PourInto(main, QDateTime::currentDateTime()); });
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->Description().toStdString(), "The Copy Could Not Be Written (File too large)");
     }
     ExpectAsBefore();
 }
@@ -175,19 +178,13 @@ TEST_F(RestoreTest, AFailedRestoreLeavesWhatAnEarlierOneHasKept)
 
 TEST_F(RestoreTest, AFileOfAnOlderProgramIsUpgradedOnItsWayAndStaysItself)
 {
-    ASSERT_TRUE(QFile::remove(Source()));
-    {
-        Connection old(Source(), Password, Connection::Mode::Create);
-        store::Transaction transaction(old);
-        LayOldMainFile(transaction);
-        transaction.Commit();
-    }
+    LayOldSchoolFile(Source());
     const QByteArray source = files.Bytes(QStringLiteral("Source.mdb"));
     const QStringList before = NamesIn(files.Folder());
     Restore();
     Connection main(files.Path(), Password);
     EXPECT_EQ(main.SchemaVersion(), store::MainVersion);
-    EXPECT_EQ(main.Number(QStringLiteral("SELECT count(*) FROM MarkMaster WHERE Mark = 50")), 1);
+    EXPECT_EQ(OldMarksIn(files.Path()), 1);
     EXPECT_EQ(files.Bytes(QStringLiteral("Source.mdb")), source);
     EXPECT_EQ(NamesIn(files.Folder()).size(), before.size() + 1);
 }
@@ -210,7 +207,7 @@ TEST_F(RestoreTest, AFileWithoutTheMarkerIsRefused)
         foreign.Execute(QStringLiteral("DROP TABLE MRCODE"));
         EXPECT_FALSE(store::IsMainFile(foreign));
     }
-    EXPECT_EQ(Refusal(), "This Is Not The Main Database Of This Program");
+    EXPECT_EQ(Refusal(), "The Source File Is Not A 'KITE-Tally Board' Database File. Select Correct File");
     ExpectAsBefore();
 }
 
@@ -300,6 +297,103 @@ TEST_F(RestoreTest, ASourceThatChangesBehindItsProofIsProvedAnew)
     Connection main(files.Path(), Password);
     EXPECT_TRUE(ErrorOf([&] { restore.PourInto(main, QDateTime::currentDateTime()); }));
     ExpectAsBefore();
+}
+
+TEST_F(RestoreTest, AFileThatAnEarlierOneHasKeptIsRestoredAndStays)
+{
+    const QString kept = Restore();
+    const QString again = QString(kept).replace(QLatin1String("/Tally"), QLatin1String("/./Tally"));
+    ASSERT_NE(again, kept);
+    store::Restore restore(again, Password);
+    Connection main(files.Path(), Password);
+    const QString second = restore.PourInto(main, QDateTime(QDate(2026, 11, 23), QTime(9, 0)));
+    EXPECT_EQ(StatesIn(files.Path()), 3);
+    EXPECT_EQ(store::KeptBeforeRestore(files.Path()), (QStringList{kept, second}));
+    EXPECT_EQ(StatesIn(kept), 3);
+    EXPECT_EQ(StatesIn(second), 40);
+}
+
+QStringList OpenScreensIn(Connection& main)
+{
+    QStringList screens;
+    auto rows = main.Query(QStringLiteral("SELECT Screen FROM ScreenStatus ORDER BY Screen"));
+    while (rows.Next())
+        screens.append(rows.Text(0));
+    return screens;
+}
+
+TEST_F(RestoreTest, ClientsHaveOpenTheScreensOfNowAndNotThoseOfTheBackup)
+{
+    const auto open = [](Connection& main, const char* screen) {
+        main.Execute(QStringLiteral("INSERT INTO ScreenStatus (Screen) VALUES (?)"),
+                     QString::fromLatin1(screen));
+    };
+    Connection other(files.Path(), Password);
+    open(other, "frmBoth");
+    open(other, "frmNow");
+    {
+        Connection source(Source(), Password);
+        open(source, "frmBoth");
+        open(source, "frmThen");
+    }
+    Restore();
+    EXPECT_EQ(OpenScreensIn(other), (QStringList{QStringLiteral("frmBoth"), QStringLiteral("frmNow")}));
+}
+
+TEST_F(RestoreTest, AnUpgradeThatFailsTellsOfTheFileThatWasChosen)
+{
+    LayOldSchoolFile(Source());
+    {
+        Connection old(Source(), Password);
+        old.Execute(QStringLiteral("DROP INDEX StudentRanks"));
+    }
+    const std::string told = Refusal();
+    EXPECT_NE(told.find(Source().toStdString() + " Must Be Upgraded"), std::string::npos) << told;
+    EXPECT_EQ(told.find("Restore.mdb"), std::string::npos) << told;
+    ExpectAsBefore();
+}
+
+TEST_F(RestoreTest, WhatWasProvedIsOneMoment)
+{
+    // Somebody spoils the source while it is proved, as soon as that lets him.
+    Connection another(Source(), Password);
+    another.SetPatience(std::chrono::milliseconds(0));
+    bool spoilt = false;
+    store::Restore restore(Source(), Password, [&](qint64, qint64) {
+        spoilt = spoilt || !ErrorOf([&] { another.Execute(QStringLiteral("DROP TABLE FeesSetup")); });
+        return true;
+    });
+    EXPECT_FALSE(spoilt);
+    another.Execute(QStringLiteral("DROP TABLE FeesSetup"));
+    Connection main(files.Path(), Password);
+    EXPECT_TRUE(ErrorOf([&] { restore.PourInto(main, QDateTime::currentDateTime()); }));
+    ExpectAsBefore();
+}
+
+TEST_F(RestoreTest, OfAFileOnAnotherDiskKeepsOthersWaitingForTheOwnDiskOnly)
+{
+    const QTemporaryDir stick(QStringLiteral("/dev/shm/restore-XXXXXX"));
+    if (!stick.isValid() || store::AreOnOneDisk(stick.path(), files.Folder()))
+        GTEST_SKIP() << "this machine has one disk only";
+    const QString source = stick.filePath(QStringLiteral("Source.mdb"));
+    ASSERT_TRUE(QFile::copy(Source(), source));
+    store::Restore restore(source, Password);
+    Connection main(files.Path(), Password);
+    Connection other(files.Path(), Password);
+    other.SetPatience(std::chrono::milliseconds(0));
+    int free = 0;
+    int copied = 0;
+    restore.PourInto(main, QDateTime::currentDateTime(), [&](qint64, qint64) {
+        ++copied;
+        free += ErrorOf([&] { States(other); }) ? 0 : 1;
+        return true;
+    });
+    EXPECT_GT(free, 0);
+    EXPECT_GT(copied, free);
+    EXPECT_EQ(States(other), 40);
+    EXPECT_EQ(NamesIn(stick.path()), QStringList{QStringLiteral("Source.mdb")});
+    for (const QString& name : NamesIn(files.Folder()))
+        EXPECT_FALSE(name.contains(QLatin1String(".part"))) << name.toStdString();
 }
 
 TEST_F(RestoreTest, WhatIsKeptIsReadableForNobodyWhoMayNotReadTheFile)

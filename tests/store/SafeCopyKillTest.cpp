@@ -1,5 +1,6 @@
 // Clients that are killed while they back up, restore or compact.
 
+#include "OldMainFile.h"
 #include "SchoolFile.h"
 #include "store/Backup.h"
 #include "store/Compact.h"
@@ -83,6 +84,30 @@ TEST_F(SafeCopyKill, ARestoreLeavesTheOldSchoolOrTheNewOneAndNeverLosesTheOldOne
             EXPECT_EQ(StatesIn(Other()), 40);
         });
     EXPECT_TRUE(wasRestored);
+}
+
+TEST_F(SafeCopyKill, ARestoreOfAnOlderFileLeavesTheOldSchoolOrTheUpgradedOne)
+{
+    const WorkFolder work(files);
+    LayOldSchoolFile(Other());
+    const QByteArray older = files.Bytes(QStringLiteral("Other.mdb"));
+    bool wasRestored = false;
+    KillEverywhere(
+        [this] {
+            store::Restore restore(Other(), Password);
+            Connection main(files.Path(), Password);
+            restore.PourInto(main, QDateTime(QDate(2026, 11, 22), QTime(14, 5)));
+        },
+        [&] {
+            const bool restored = OldMarksIn(files.Path()) == 1;
+            EXPECT_EQ(StatesIn(files.Path()), restored ? 1 : 3);
+            EXPECT_TRUE(restored || !wasRestored) << "a later kill has left the older school";
+            wasRestored = restored;
+            EXPECT_FALSE(restored && store::KeptBeforeRestore(files.Path()).isEmpty());
+            EXPECT_EQ(files.Bytes(QStringLiteral("Other.mdb")), older);
+        });
+    EXPECT_TRUE(wasRestored);
+    EXPECT_EQ(Connection(files.Path(), Password).SchemaVersion(), store::MainVersion);
 }
 
 TEST_F(SafeCopyKill, ACompactingLeavesTheSameSchoolAndTheNextOneIsWhole)

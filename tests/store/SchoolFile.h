@@ -45,4 +45,35 @@ inline QStringList NamesIn(const QString& folder)
     return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
 }
 
+/// While it lives, the program lays its working folders below a folder of the files.
+class WorkFolder
+{
+public:
+    explicit WorkFolder(const StoreFiles& files)
+        : path_(files.Path(QStringLiteral("Work"))), before_(qgetenv(Variable))
+    {
+        EXPECT_TRUE(QDir().mkdir(path_));
+        qputenv(Variable, QFile::encodeName(path_));
+    }
+    WorkFolder(const WorkFolder&) = delete;
+    WorkFolder& operator=(const WorkFolder&) = delete;
+    ~WorkFolder() { before_.isEmpty() ? qunsetenv(Variable) : qputenv(Variable, before_); }
+
+    /// Removes what lies there. Gives how many files and folders those were.
+    int Clear() const
+    {
+        const QFileInfoList left =
+            QDir(path_).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        for (const QFileInfo& entry : left)
+            EXPECT_TRUE(entry.isDir() ? QDir(entry.filePath()).removeRecursively()
+                                      : QFile::remove(entry.filePath()));
+        return static_cast<int>(left.size());
+    }
+
+private:
+    static constexpr const char* Variable = "TMPDIR";
+    QString path_;
+    QByteArray before_;
+};
+
 } // namespace tally::test
