@@ -10,7 +10,8 @@ namespace tally {
 
 bool OtherClientsAnswer(store::Connection& main, std::chrono::milliseconds patience)
 {
-    constexpr std::chrono::milliseconds BetweenLooks{50};
+    // While one client looks, none can answer; the clock of one that has met a look waits for its next tick.
+    constexpr std::chrono::milliseconds BetweenLooks{250};
     SessionRepository repository(main);
     {
         store::Transaction calling(main);

@@ -8,7 +8,7 @@ namespace tally {
 
 /// How long a client that works with the school may take to answer: it looks once a second, and somewhat
 /// later where it is busy.
-constexpr std::chrono::milliseconds RollPatience{2500};
+constexpr std::chrono::milliseconds RollPatience{3500};
 
 /// Whether another client works with the school in `main` just now. The own clock must keep still meanwhile.
 /// Throws StoreError.

@@ -1,12 +1,15 @@
 #include "core/modTallyboard.h"
 
 #include "core/DatabasePassword.h"
+#include "core/DayCopy.h"
 #include "core/ProgramFolder.h"
 #include "core/SessionContext.h"
 #include "core/SessionRepository.h"
+#include "core/StartPatience.h"
 #include "store/Upgrade.h"
 
 #include <QDate>
+#include <QElapsedTimer>
 #include <QLocale>
 
 namespace tally {
@@ -39,9 +42,21 @@ QString RefusalText(Right right)
     return {};
 }
 
+/// A client that restores or compacts holds the file for longer than any save does.
 std::unique_ptr<store::Connection> OpenMain()
 {
-    return std::make_unique<store::Connection>(MainFile(), DatabasePassword(Session()));
+    QElapsedTimer waited;
+    waited.start();
+    for (;;) {
+        try {
+            auto main = std::make_unique<store::Connection>(MainFile(), DatabasePassword(Session()));
+            DayCopy::NoteOpening();
+            return main;
+        } catch (const store::StoreError& error) {
+            if (!error.IsLocked() || waited.hasExpired(StartPatience.count()))
+                throw;
+        }
+    }
 }
 
 } // namespace
@@ -65,7 +80,9 @@ void OpenConnections()
     auto temp =
         std::make_unique<store::Connection>(ProgramFile(QStringLiteral("TempTallyboard.mdb")), password);
     temp->HoldsWorkingTables();
-    store::Upgrade(*main);
+    main->SetPatience(StartPatience);
+    store::Upgrade(*main, StartPatience);
+    main->SetPatience(store::Connection::DefaultPatience);
     session.gcnnMain = std::move(main);
     session.gcnnTemp = std::move(temp);
 }

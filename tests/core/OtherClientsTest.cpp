@@ -92,6 +92,15 @@ TEST_F(OtherClientsTest, TheOwnClockPutsThePresenceRowRightAgain)
     EXPECT_TRUE(SessionRepository(main).IsRollAnswered());
 }
 
+TEST_F(OtherClientsTest, WhoWaitsForAnAnswerLeavesTheFileFreeMostOfTheTime)
+{
+    Connection main(files.Path(), Password);
+    const auto before = main.StatementsRun();
+    EXPECT_FALSE(OtherClientsAnswer(main, milliseconds(600)));
+    // The call itself, three looks, and one at the end.
+    EXPECT_LE(main.StatementsRun() - before, 10U);
+}
+
 TEST_F(OtherClientsTest, AnotherClientsSaveThatIsUnderWayIsTold)
 {
     Connection other(files.Path(), Password);

@@ -9,6 +9,16 @@ namespace tally::test {
 
 /// How often any connection of the program has waited so far.
 std::size_t EngineWaits();
+/// While it lives, no wait takes any time: a connection loses its patience at once.
+class InstantWaits
+{
+public:
+    InstantWaits();
+    InstantWaits(const InstantWaits&) = delete;
+    InstantWaits& operator=(const InstantWaits&) = delete;
+    ~InstantWaits();
+};
+
 /// Returns as soon as a connection waits again, counted from `before`, which EngineWaits() gave.
 void AwaitEngineWait(std::size_t before);
 

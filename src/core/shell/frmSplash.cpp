@@ -5,6 +5,7 @@
 #include "core/shell/frmStartLogin.h"
 #include "core/TempFolder.h"
 #include "core/Twips.h"
+#include "core/ui/controls/HourGlass.h"
 #include "core/ui/Prompts.h"
 #include "store/StoreError.h"
 #include "ui_frmSplash.h"
@@ -81,6 +82,7 @@ void frmSplash::swfSplash_FSCommand(const QString& command, const QString& argum
 void frmSplash::OpenConnections()
 {
     try {
+        const HourGlass busy;
         tally::OpenConnections();
     } catch (const store::StoreError& error) {
         Prompts::Critical(error.Description());

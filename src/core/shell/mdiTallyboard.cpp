@@ -7,6 +7,7 @@
 #include "core/SessionRepository.h"
 #include "core/shell/MenuCommands.h"
 #include "core/shell/MenuTree.h"
+#include "core/StartPatience.h"
 #include "core/TempFolder.h"
 #include "core/Twips.h"
 #include "core/ui/controls/HourGlass.h"
@@ -66,17 +67,17 @@ void Choose(const MenuDefinition& entry)
         ShowForm(opens);
 }
 
-/// While it lives, a statement on `connection` gives up at once when another client holds the file.
-class NoWaiting
+/// While it lives, a statement on `connection` waits so long when another client holds the file.
+class Waiting
 {
 public:
-    explicit NoWaiting(store::Connection& connection) : connection_(connection)
+    Waiting(store::Connection& connection, std::chrono::milliseconds patience) : connection_(connection)
     {
-        connection_.SetPatience(std::chrono::milliseconds(0));
+        connection_.SetPatience(patience);
     }
-    NoWaiting(const NoWaiting&) = delete;
-    NoWaiting& operator=(const NoWaiting&) = delete;
-    ~NoWaiting() { connection_.SetPatience(store::Connection::DefaultPatience); }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+    ~Waiting() { connection_.SetPatience(store::Connection::DefaultPatience); }
 
 private:
     store::Connection& connection_;
@@ -210,6 +211,8 @@ void mdiTallyboard::ShowYearAndDate()
 bool mdiTallyboard::Form_Load()
 {
     try {
+        const HourGlass busy;
+        const Waiting forARestore(MainStore(), StartPatience);
         GetActiveAcademicYear();
         ShowPicture(MainPicture(DisplaySize()));
         ReadOptions();
@@ -277,7 +280,7 @@ void mdiTallyboard::tmrTimer_Timer()
         return;
     store::Connection& connection = MainStore();
     try {
-        const NoWaiting noWaiting(connection);
+        const Waiting notAtAll(connection, std::chrono::milliseconds(0));
         store::Transaction transaction(connection);
         SessionRepository(connection).RefreshPresence(transaction);
         transaction.Commit();
@@ -308,6 +311,8 @@ void mdiTallyboard::CloseMain(bool copyIsDue)
     if (copyIsDue) {
         const HourGlass busy;
         DayCopy::Keep(MainStore());
+    } else if (Session().gcnnMain) {
+        dayCopy_.NoteNoWork(MainStore());
     }
     Session().gcnnMain.reset();
 }

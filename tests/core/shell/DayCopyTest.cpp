@@ -1,6 +1,8 @@
 #include "core/DayCopy.h"
 
 #include "core/shell/mdiTallyboard.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/ScreenRegistry.h"
 #include "store/Backup.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScreenFixture.h"
@@ -9,6 +11,8 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QLineEdit>
+#include <QPushButton>
 
 namespace tally::test {
 namespace {
@@ -60,7 +64,83 @@ TEST_F(DayCopyTest, ASecondSessionWithoutWorkKeepsNoOther)
     Tick();
     Close();
     EXPECT_EQ(Copies(), QStringList{copy});
-    EXPECT_EQ(QFileInfo(copy).lastModified(), made);
+    EXPECT_GE(QFileInfo(copy).lastModified(), made);
+}
+
+TEST_F(DayCopyTest, HoweverManySessionsOnlyLogInAndOutNoOtherIsMade)
+{
+    Given("INSERT INTO StateMaster VALUES (7, 'Kerala', 1)");
+    Close();
+    const QString copy = Copies().first();
+    // A copy that is made anew would have this byte no more.
+    QFile mark(copy);
+    ASSERT_TRUE(mark.open(QIODevice::ReadWrite));
+    const QDateTime made = QFileInfo(copy).lastModified();
+    ASSERT_TRUE(mark.seek(mark.size() - 1));
+    ASSERT_EQ(mark.write("x"), 1);
+    ASSERT_TRUE(mark.setFileTime(made, QFileDevice::FileModificationTime));
+    mark.close();
+    for (int session = 0; session < 4; ++session) {
+        StartAgain();
+        Tick();
+        Close();
+        ASSERT_TRUE(mark.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(mark.readAll().endsWith('x')) << session;
+        mark.close();
+    }
+    EXPECT_EQ(Copies(), QStringList{copy});
+    StartAgain();
+    Given("INSERT INTO StateMaster VALUES (8, 'Goa', 1)");
+    Close();
+    EXPECT_EQ(StatesIn(Copies().first()), 2);
+}
+
+TEST_F(DayCopyTest, WorkIsCopiedAlsoWhereABackupWasMadeBehindIt)
+{
+    Given("INSERT INTO StateMaster VALUES (7, 'Kerala', 1)");
+    Close();
+    StartAgain();
+    Given("INSERT INTO StateMaster VALUES (8, 'Goa', 1)");
+    ShowForm(QStringLiteral("frmUtilBackupRestore"));
+    Settle();
+    auto* screen = ScreenRegistry::OpenInstance(QStringLiteral("frmUtilBackupRestore"));
+    ASSERT_NE(screen, nullptr);
+    Type(Find<QLineEdit>(screen, "txtDestinationPath"), Folder() + QStringLiteral("/Copy.mdb"));
+    prompts.ExpectInformation(QStringLiteral("Database Backup Completed"));
+    Press(Find<QPushButton>(screen, "cmdBackup"));
+    prompts.Verify();
+    Close();
+    EXPECT_EQ(StatesIn(Copies().first()), 2);
+}
+
+TEST_F(DayCopyTest, ACopyThatAWrongClockHasMadeDoesNotPassForTodays)
+{
+    Given("INSERT INTO StateMaster VALUES (7, 'Kerala', 1)");
+    Close();
+    const QString copy = Copies().first();
+    const QString wrong = Folder() + QStringLiteral("/Tallyboard copy of 2099-01-01.mdb");
+    ASSERT_TRUE(QFile::rename(copy, wrong));
+    QFile file(wrong);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(
+        file.setFileTime(QDateTime(QDate(2099, 1, 1), QTime(12, 0)), QFileDevice::FileModificationTime));
+    file.close();
+    StartAgain();
+    Close();
+    EXPECT_EQ(Copies(), (QStringList{copy, wrong}));
+}
+
+TEST_F(DayCopyTest, WithoutTheDatabaseTheProgramIsClosedAllTheSame)
+{
+    Given("INSERT INTO StateMaster VALUES (7, 'Kerala', 1)");
+    Session().gcnnMain.reset();
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Close The 'KITE-Tally Board' ?"), true);
+    prompts.ExpectCritical(QStringLiteral(
+        "All Your Work Is Saved. Only Your Leaving Could Not Be Noted.\nThe Database Is Closed"));
+    window->MenuItem(QStringLiteral("mnuClose"))->trigger();
+    prompts.Verify();
+    EXPECT_EQ(Copies(), QStringList());
+    EXPECT_EQ(processEnds, 1);
 }
 
 TEST_F(DayCopyTest, AnotherClientsWorkIsWorkToo)
