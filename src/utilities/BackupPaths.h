@@ -1,6 +1,6 @@
 #pragma once
 
-#include "utilities/BackupLog.h"
+#include "utilities/BackupLogRepository.h"
 
 #include <QString>
 
@@ -27,7 +27,8 @@ struct PathRefusal
 /// nothing where the copy may be tried.
 std::optional<PathRefusal> RefusePaths(CopyMode mode, const QString& source, const QString& destination);
 
-/// Whether the path is one of the files that the program keeps in its folder for itself.
+/// Whether the path is one of the files that the program keeps in its folder for itself, or may be one of
+/// another installation's.
 bool IsProgramsOwnFile(const QString& path);
 
 } // namespace tally

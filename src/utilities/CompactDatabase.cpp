@@ -12,11 +12,13 @@
 #include "store/StoreError.h"
 #include "utilities/ClosedMain.h"
 
-#include <optional>
-
 namespace tally {
 
 namespace {
+
+const QString OthersAreThere =
+    QStringLiteral("Another Client Is Still Working With 'KITE-Tally Board'.\n"
+                   "Nothing Was Compacted. Please Log Out All Other Clients And Try Again");
 
 /// Empty when the clerk may go on.
 QString ReasonNotTo()
@@ -29,25 +31,31 @@ QString ReasonNotTo()
     } catch (const store::StoreError& error) {
         return error.Description();
     }
-    return QStringLiteral("Another Client Is Still Working With 'KITE-Tally Board'.\n"
-                          "Nothing Was Compacted. Please Log Out All Other Clients And Try Again");
+    return OthersAreThere;
 }
 
-/// The failure, or nothing.
-std::optional<store::StoreError> CompactClosed()
+/// What was wrong; empty for nothing.
+QString CompactClosed()
 {
     const HourGlass busy;
     const ClosedMain closed;
     const QString password = DatabasePassword(Session());
     try {
-        {
+        bool othersAreThere = false;
+        try {
             store::Connection main(MainFile(), password);
             store::Compact(main, password);
+        } catch (const store::StoreError& error) {
+            // Nothing has been written yet.
+            if (!error.IsLocked())
+                throw;
+            othersAreThere = true;
         }
         OpenMainAgain();
-        return {};
+        return othersAreThere ? OthersAreThere : QString();
     } catch (const store::StoreError& error) {
-        return error;
+        return error.Description() +
+               QStringLiteral("\nThe Database Is Closed. Please Close The Program And Start It Again");
     }
 }
 
@@ -63,8 +71,8 @@ void CompactDatabase()
         Prompts::Critical(reason);
         return;
     }
-    if (const auto error = CompactClosed())
-        Prompts::Critical(error->Description());
+    if (const QString failure = CompactClosed(); !failure.isEmpty())
+        Prompts::Critical(failure);
     else
         Prompts::Information(QStringLiteral("Database Compacting Completed"));
 }

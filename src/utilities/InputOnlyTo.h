@@ -7,8 +7,9 @@ class QAbstractButton;
 
 namespace tally {
 
-/// While it lives, nothing that the user does reaches the program but what he does on one button. For long
-/// work that lets the window be painted between its steps, and must not be met by other work.
+/// While it lives, nothing that the user does reaches the program but what he does on one button, and the
+/// answer to a box that comes all the same. For long work that lets the window be painted between its steps,
+/// and must not be met by other work.
 class InputOnlyTo : public QObject
 {
     Q_OBJECT

@@ -6,6 +6,8 @@
 #include "core/SessionContext.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
+#include "core/ui/OpenBox.h"
+#include "core/ui/PresencePause.h"
 #include "core/ui/Prompts.h"
 #include "store/Backup.h"
 #include "store/Restore.h"
@@ -156,62 +158,54 @@ void frmUtilBackupRestore::cmdBackup_Click()
         Restore();
 }
 
-bool frmUtilBackupRestore::MayReplace(bool& skipped)
+frmUtilBackupRestore::Consent frmUtilBackupRestore::AskForPlace()
 {
     if (!QFileInfo(Typed(ui_->txtDestinationPath)).isFile())
-        return true;
+        return Consent::NoneThere;
     switch (Prompts::AskOrCancel(
         QStringLiteral("File With The Given Name Already Exists\n"
                        "Do You Want To Replace The Existing File ?\n"
                        "For Replacing, Click 'YES' Else Click 'NO' To Give Different Name"))) {
-    case Prompts::Reply::Cancel: return false;
-    case Prompts::Reply::No: ui_->txtDestinationPath->setFocus(); return false;
+    case Prompts::Reply::Cancel: return Consent::Stop;
+    case Prompts::Reply::No: ui_->txtDestinationPath->setFocus(); return Consent::Stop;
     case Prompts::Reply::Yes: break;
     }
-    skipped = !Prompts::Confirm(QStringLiteral("Old Database Will Be Lost"));
-    return true;
+    return Prompts::Confirm(QStringLiteral("Old Database Will Be Lost")) ? Consent::Replace : Consent::Keep;
 }
 
 void frmUtilBackupRestore::BackUp()
 {
     const QString destination = Typed(ui_->txtDestinationPath);
-    bool skipped = false;
-    if (!MayReplace(skipped))
+    const Consent consent = AskForPlace();
+    if (consent == Consent::Stop)
         return;
     CopyClosed(
         [&] {
-            if (skipped)
+            if (consent == Consent::Keep)
                 return;
             const QString password = DatabasePassword(Session());
             store::Connection main(MainFile(), password);
-            store::BackUp(main, password, destination,
-                          [this](qint64 done, qint64 total) { return ShowProgress(done, total); });
+            store::BackUp(
+                main, password, destination,
+                [this](qint64 done, qint64 total) { return ShowProgress(done, total); },
+                consent == Consent::Replace ? store::Occupied::Replace : store::Occupied::Refuse);
         },
         destination);
 }
 
 void frmUtilBackupRestore::Restore()
 {
+    // They would save codes of the school that was there before.
+    if (OtherFormsOpen(this)) {
+        Prompts::Information(QStringLiteral("Close All Other Screens Before The Restore"));
+        return;
+    }
     const QString source = Typed(ui_->txtSourcePath);
     const QString password = DatabasePassword(Session());
     const auto progress = [this](qint64 done, qint64 total) { return ShowProgress(done, total); };
     std::unique_ptr<store::Restore> restore;
-    bool foreign = false;
-    const bool proved = RunLong([&] {
-        {
-            store::Connection file(source, password);
-            foreign = !store::IsMainFile(file);
-        }
-        if (!foreign)
-            restore = std::make_unique<store::Restore>(source, password, progress);
-    });
-    if (!proved)
+    if (!RunLong([&] { restore = std::make_unique<store::Restore>(source, password, progress); }))
         return;
-    if (foreign) {
-        Prompts::Critical(
-            QStringLiteral("The Source File Is Not A 'KITE-Tally Board' Database File. Select Correct File"));
-        return;
-    }
     if (!Prompts::Ask(QStringLiteral("This Operation Will Delete Your Current Database And Restore The "
                                      "Selected One\nThis Operation Cannot Be RolledBack\n"
                                      "For Restoring Click 'YES' Else Click 'NO' To Cancel This Operation")))
@@ -241,7 +235,7 @@ void frmUtilBackupRestore::CopyClosed(const std::function<void()>& work, const Q
     QString notLogged;
     try {
         store::Transaction entry(Log());
-        BackupLog::Add(entry, mode, Shown(logged), QDateTime::currentDateTime());
+        BackupLogRepository::Add(entry, mode, Shown(logged), QDateTime::currentDateTime());
         entry.Commit();
     } catch (const store::StoreError& error) {
         notLogged = error.Description();
@@ -257,16 +251,23 @@ void frmUtilBackupRestore::CopyClosed(const std::function<void()>& work, const Q
 bool frmUtilBackupRestore::RunLong(const std::function<void()>& work)
 {
     QString failure;
+    auto* tell = &Prompts::Critical;
     stopped_ = false;
     Timer1_->stop();
     ui_->prgProgress->setRange(0, 0);
     ui_->prgProgress->show();
     {
-        SetBusy(true);
+        const Prompts::OpenBox nothingStarts;
+        const PresencePause clockIsStill;
+        // The field that has the keyboard gets it back, so it is asked for before it is disabled.
         const InputOnlyTo cancel(ui_->cmdCancel);
+        SetBusy(true);
         sincePainted_.start();
         try {
             work();
+        } catch (const store::Cancelled& end) {
+            failure = end.Description();
+            tell = &Prompts::Information;
         } catch (const store::StoreError& error) {
             failure = error.Description();
         }
@@ -276,7 +277,7 @@ bool frmUtilBackupRestore::RunLong(const std::function<void()>& work)
     counter_ = 0;
     Timer1_->start();
     if (!failure.isEmpty())
-        Prompts::Critical(failure);
+        tell(failure);
     return failure.isEmpty();
 }
 
@@ -344,7 +345,7 @@ void frmUtilBackupRestore::LoadLog()
          {backup ? QStringLiteral("Backup Date") : QStringLiteral("Restore Date")}});
     // Where the log cannot be read, no entries of the other mode stay in sight.
     ui_->msgDetails->Show(table);
-    for (const LoggedCopy& copy : BackupLog::All(Log(), Mode()))
+    for (const LoggedCopy& copy : BackupLogRepository::All(Log(), Mode()))
         table.AddRow({{QString::number(copy.code)}, {copy.path}, {ShownLogDate(copy.date)}});
     ui_->msgDetails->Show(std::move(table));
 }

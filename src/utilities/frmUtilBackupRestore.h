@@ -2,7 +2,7 @@
 
 #include "core/ui/Screen.h"
 #include "store/Connection.h"
-#include "utilities/BackupLog.h"
+#include "utilities/BackupLogRepository.h"
 
 #include <QElapsedTimer>
 
@@ -46,9 +46,15 @@ private:
     /// The two directions behind the test of the paths.
     void BackUp();
     void Restore();
-    /// True when the user lets the file at the destination be replaced, or none is there. `skipped` where he
-    /// then shrinks from it.
-    bool MayReplace(bool& skipped);
+    /// What the user lets become of a file at the destination.
+    enum class Consent
+    {
+        NoneThere,
+        Replace,
+        Keep, ///< he has shrunk from it at the last question
+        Stop,
+    };
+    Consent AskForPlace();
     /// Runs `work` with the main database closed, enters the copy in the log and tells the result.
     void CopyClosed(const std::function<void()>& work, const QString& logged);
     /// Runs long work: its progress is shown, and only Cancel can be pressed. False when it failed or was

@@ -1,6 +1,7 @@
 #include "core/ui/Prompts.h"
 
 #include "core/ui/look/Look.h"
+#include "core/ui/OpenBox.h"
 
 #include <QApplication>
 #include <QDir>
@@ -39,22 +40,6 @@ std::vector<std::function<void()>>& Waiting()
     static std::vector<std::function<void()>> waiting;
     return waiting;
 }
-
-/// One more box is open while it lives.
-class OpenBox
-{
-public:
-    OpenBox() { ++open; }
-    OpenBox(const OpenBox&) = delete;
-    OpenBox& operator=(const OpenBox&) = delete;
-    ~OpenBox()
-    {
-        if (--open > 0)
-            return;
-        for (const auto& work : std::exchange(Waiting(), {}))
-            work();
-    }
-};
 
 /// The text with places to break, which nobody sees, in words as long as paths are.
 QString Breakable(QString text)
@@ -169,6 +154,19 @@ QString Show(const FileDialog& wanted)
 }
 
 } // namespace
+
+OpenBox::OpenBox()
+{
+    ++open;
+}
+
+OpenBox::~OpenBox()
+{
+    if (--open > 0)
+        return;
+    for (const auto& work : std::exchange(Waiting(), {}))
+        work();
+}
 
 void Information(const QString& text)
 {
