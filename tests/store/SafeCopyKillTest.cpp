@@ -105,6 +105,7 @@ TEST_F(SafeCopyKill, ARestoreOfAnOlderFileLeavesTheOldSchoolOrTheUpgradedOne)
             wasRestored = restored;
             EXPECT_FALSE(restored && store::KeptBeforeRestore(files.Path()).isEmpty());
             EXPECT_EQ(files.Bytes(QStringLiteral("Other.mdb")), older);
+            work.Empty();
         });
     EXPECT_TRUE(wasRestored);
     EXPECT_EQ(Connection(files.Path(), Password).SchemaVersion(), store::MainVersion);

@@ -70,6 +70,14 @@ public:
         return static_cast<int>(left.size());
     }
 
+    /// Takes away what programs that were killed have left there: each tries the same names, and not for
+    /// ever.
+    void Empty() const
+    {
+        EXPECT_TRUE(QDir(path_).removeRecursively());
+        EXPECT_TRUE(QDir().mkdir(path_));
+    }
+
 private:
     static constexpr const char* Variable = "TMPDIR";
     QString path_;
