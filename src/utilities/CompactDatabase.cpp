@@ -29,7 +29,8 @@ QString ReasonNotTo()
         if (!OtherClientsAnswer(MainStore()))
             return {};
     } catch (const store::StoreError& error) {
-        return error.Description();
+        if (!error.IsLocked())
+            return error.Description();
     }
     return OthersAreThere;
 }

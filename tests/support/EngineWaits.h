@@ -9,14 +9,14 @@ namespace tally::test {
 
 /// How often any connection of the program has waited so far.
 std::size_t EngineWaits();
-/// While it lives, no wait takes any time: a connection loses its patience at once.
-class InstantWaits
+/// While it lives, each wait takes a hundredth of its time: a connection loses its patience soon.
+class BriefWaits
 {
 public:
-    InstantWaits();
-    InstantWaits(const InstantWaits&) = delete;
-    InstantWaits& operator=(const InstantWaits&) = delete;
-    ~InstantWaits();
+    BriefWaits();
+    BriefWaits(const BriefWaits&) = delete;
+    BriefWaits& operator=(const BriefWaits&) = delete;
+    ~BriefWaits();
 };
 
 /// Returns as soon as a connection waits again, counted from `before`, which EngineWaits() gave.

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace tally::test {
 namespace {
@@ -43,6 +44,12 @@ protected:
     void ExpectBackupRefusal(const QString& destination, const char* text) const
     {
         ExpectRefusal(CopyMode::Backup, In("Tallyboard.mdb"), destination, text, Destination);
+    }
+
+    void ExpectNoBackupRefusal(const QString& destination) const
+    {
+        const auto refusal = RefusePaths(CopyMode::Backup, In("Tallyboard.mdb"), destination);
+        EXPECT_FALSE(refusal) << qPrintable(destination) << ": " << qPrintable(refusal->text);
     }
 
     QTemporaryDir folder;
@@ -106,6 +113,55 @@ TEST_F(BackupPathsTest, NoFileThatTheProgramNeedsIsReplacedByABackup)
     }
     EXPECT_FALSE(IsProgramsOwnFile(In("Old.mdb")));
     EXPECT_FALSE(IsProgramsOwnFile(QDir::tempPath() + QStringLiteral("/TempTallyboard.mdb")));
+}
+
+TEST_F(BackupPathsTest, NoFileThatBelongsToAnotherInstallationIsReplacedByABackup)
+{
+    const char* const own = "This File Belongs To The Program Itself. Give A Different File Name";
+    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("Other/School")));
+    // A backup in a folder of its own may have the name of the school's file, and be replaced by the next.
+    ExpectNoBackupRefusal(In("Other/Tallyboard.mdb"));
+    Make(In("Other/Tallyboard.mdb"));
+    ExpectNoBackupRefusal(In("Other/Tallyboard.mdb"));
+    for (const char* beside : {"TempTallyboard.mdb", "BackupRestoreDetails.mdb", "Tallyboardhelp.mdb"}) {
+        const QString path = In("Other/School/") + QLatin1String(beside);
+        Make(path);
+        for (const char* name :
+             {"Other/School/Tallyboard.mdb", "Other/School/TALLYBOARD.mdb", "Other/./School//MarkTemp.mdb"})
+            ExpectBackupRefusal(In(name), own);
+        ExpectNoBackupRefusal(In("Other/School/Copy.mdb"));
+        ASSERT_TRUE(QFile::remove(path));
+    }
+}
+
+TEST_F(BackupPathsTest, AnotherNameOfTheSchoolsFileIsTheSameFile)
+{
+    const char* const same = "Source And Destination Paths Should Not Be Same";
+    ASSERT_EQ(link(QFile::encodeName(In("Tallyboard.mdb")).constData(),
+                   QFile::encodeName(In("Hard.mdb")).constData()),
+              0);
+    ExpectBackupRefusal(In("Hard.mdb"), same);
+    // A file of the program that is not there yet has its place all the same, through any folder.
+    const QString way = QDir::tempPath() + QLatin1Char('/') + QDir(folder.path()).dirName() +
+                        QStringLiteral(" by another way");
+    ASSERT_TRUE(QFile::link(folder.path(), way));
+    const auto refusal =
+        RefusePaths(CopyMode::Backup, In("Tallyboard.mdb"), way + QStringLiteral("/MarkTemp.mdb"));
+    EXPECT_TRUE(QFile::remove(way));
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->field, Destination);
+}
+
+TEST_F(BackupPathsTest, NamesThatTheProgramGivesToItsOwnCopiesAreItsOwn)
+{
+    const char* const own = "This File Belongs To The Program Itself. Give A Different File Name";
+    for (const char* name :
+         {"Tallyboard copy of 2026-11-22.mdb", "Tallyboard before restore 2026-11-22 14.05.mdb",
+          "Tallyboard before upgrade 2.mdb"}) {
+        ExpectBackupRefusal(In(name), own);
+        ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("Stick")));
+        ExpectNoBackupRefusal(In("Stick/") + QLatin1String(name));
+    }
 }
 
 } // namespace

@@ -1,16 +1,28 @@
 #include "utilities/frmUtilBackupRestore.h"
 
+#include "core/DatabasePassword.h"
 #include "core/ProgramFolder.h"
 #include "core/shell/mdiTallyboard.h"
+#include "core/ui/modTallyboardForms.h"
+#include "core/ui/ScreenRegistry.h"
+#include "store/OldMainFile.h"
 #include "store/Restore.h"
+#include "store/Tables.h"
+#include "support/FileSizeLimit.h"
 #include "support/FormDriver.h"
 
+#include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMessageBox>
 #include <QProgressBar>
 #include <QTimer>
+
+#include <algorithm>
+#include <functional>
+#include <unistd.h>
 
 namespace tally::test {
 namespace {
@@ -25,6 +37,7 @@ const QString RestoreQuestion =
 const QString Lost = QStringLiteral("Old Database Will Be Lost");
 const QString BackedUp = QStringLiteral("Database Backup Completed");
 const QString Restored = QStringLiteral("Database Restore Completed");
+const QString Ended = QStringLiteral("Cancelled. Nothing Was Changed");
 
 class frmUtilBackupRestoreTest : public FormDriver<frmUtilBackupRestore>
 {
@@ -76,6 +89,28 @@ protected:
     {
         return Logged("RestoreDatabase", QStringLiteral("RestorePath"), QDir::toNativeSeparators(path));
     }
+    /// Makes the school large enough that work on it looks for input, and does something else at that moment.
+    void Meanwhile(const std::function<void()>& work)
+    {
+        Session().gcnnMain->Execute(QStringLiteral("CREATE TABLE IF NOT EXISTS Large (Bytes BLOB)"));
+        if (Count("SELECT count(*) FROM Large") == 0)
+            Session().gcnnMain->Execute(QStringLiteral("INSERT INTO Large VALUES (zeroblob(100000000))"));
+        came = false;
+        QTimer::singleShot(0, form, [this, work] {
+            came = true;
+            work();
+        });
+    }
+    void TypeRestore(const char* source)
+    {
+        ChooseRestore();
+        TypeSource(In(source));
+    }
+    void ExpectRestoreQuestions()
+    {
+        prompts.ExpectQuestion(RestoreQuestion, true);
+        prompts.ExpectConfirmation(Lost, true);
+    }
     void ExpectPathRefusal(const QString& text, const char* field)
     {
         prompts.ExpectInformation(text);
@@ -83,6 +118,8 @@ protected:
         prompts.Verify();
         EXPECT_TRUE(HasFocus(field)) << FocusName();
     }
+
+    bool came = false; ///< what was to happen meanwhile
 };
 
 TEST_F(frmUtilBackupRestoreTest, ItOpensForABackupOfTheSchoolsOwnFile)
@@ -271,17 +308,348 @@ TEST_F(frmUtilBackupRestoreTest, ABackupThatIsCancelledLeavesNothingAndIsNotLogg
 {
     OpenBackup();
     TypeDestination(In("Copy.mdb"));
-    QTimer::singleShot(0, form, [this] { Press(Button("cmdCancel")); });
-    // The work looks for input only so often, and a small school is copied sooner.
-    Session().gcnnMain->Execute(QStringLiteral("CREATE TABLE Large (Bytes BLOB)"));
-    Session().gcnnMain->Execute(QStringLiteral("INSERT INTO Large VALUES (zeroblob(100000000))"));
-    prompts.ExpectCritical(QStringLiteral("Cancelled. Nothing Was Changed"));
+    Meanwhile([this] { Press(Button("cmdCancel")); });
+    prompts.ExpectInformation(Ended);
     Go();
     prompts.Verify();
+    ASSERT_TRUE(came);
     EXPECT_FALSE(QFile::exists(In("Copy.mdb")));
     EXPECT_EQ(LoggedBackups(In("Copy.mdb")), 0);
     EXPECT_NE(Session().gcnnMain, nullptr);
     EXPECT_TRUE(IsEnabled("cmdExit"));
+}
+
+TEST_F(frmUtilBackupRestoreTest, WhileItWorksNoWindowGoesAndNothingElseStarts)
+{
+    OpenBackup();
+    TypeDestination(In("Copy.mdb"));
+    Meanwhile([this] {
+        EXPECT_FALSE(window->close());
+        EXPECT_FALSE(form->parentWidget()->close());
+        EXPECT_FALSE(form->close());
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_TRUE(form->isVisible());
+        EXPECT_TRUE(HasFocus("cmdCancel"));
+        for (const Qt::Key key :
+             {Qt::Key_F1, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Left, Qt::Key_Down, Qt::Key_Escape}) {
+            QTest::keyClick(QApplication::focusWidget(), key);
+            EXPECT_TRUE(HasFocus("cmdCancel")) << key << " " << FocusName();
+        }
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_X, Qt::AltModifier);
+        QTest::mouseClick(Button("cmdDetails"), Qt::LeftButton);
+        window->MenuItem(QStringLiteral("mnufrmUtilOptions"))->trigger();
+        window->MenuItem(QStringLiteral("mnuClose"))->trigger();
+        Settle();
+    });
+    prompts.ExpectInformation(BackedUp);
+    Go();
+    prompts.Verify();
+    ASSERT_TRUE(came);
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmHelp")), nullptr);
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmUtilOptions")), nullptr);
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmUtilBackupRestore")), form);
+    EXPECT_TRUE(Find<FlexGrid>(form, "msgDetails")->isHidden());
+    EXPECT_EQ(processEnds, 0);
+    // Behind the work both go their usual way.
+    prompts.ExpectInformation(
+        QStringLiteral("If You Want To Close 'KITE-Tally Board', Click On The Close Menu"));
+    EXPECT_FALSE(window->close());
+    PressKey(form, Qt::Key_F1);
+    EXPECT_NE(ScreenRegistry::OpenInstance(QStringLiteral("frmHelp")), nullptr);
+}
+
+TEST_F(frmUtilBackupRestoreTest, TheLetterOfCancelEndsTheWorkToo)
+{
+    OpenBackup();
+    TypeDestination(In("Copy.mdb"));
+    Meanwhile([] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, Qt::AltModifier); });
+    prompts.ExpectInformation(Ended);
+    Go();
+    prompts.Verify();
+    EXPECT_TRUE(came);
+    EXPECT_FALSE(QFile::exists(In("Copy.mdb")));
+}
+
+TEST_F(frmUtilBackupRestoreTest, ABoxThatComesAllTheSameCanBeAnswered)
+{
+    OpenBackup();
+    TypeDestination(In("Copy.mdb"));
+    bool answered = false;
+    Meanwhile([&] {
+        QMessageBox box(window);
+        box.addButton(QMessageBox::Ok);
+        QTimer::singleShot(0, &box, [&] {
+            answered = true;
+            QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
+        });
+        EXPECT_EQ(box.exec(), QMessageBox::Ok);
+    });
+    prompts.ExpectInformation(BackedUp);
+    Go();
+    EXPECT_TRUE(answered);
+}
+
+TEST_F(frmUtilBackupRestoreTest, TheClockThatWouldFailIsStillWhileASourceIsProved)
+{
+    LeaveOthersUnguarded();
+    OpenBackup();
+    // The proof looks for input behind so many rows.
+    Given("CREATE TABLE Long (Number INTEGER PRIMARY KEY, Text TEXT NOT NULL)");
+    Given("CREATE INDEX LongTexts ON Long (Text)");
+    Given("INSERT INTO Long WITH RECURSIVE Numbers(Number) AS"
+          " (SELECT 1 UNION ALL SELECT Number + 1 FROM Numbers WHERE Number < 500000)"
+          " SELECT Number, 'x' FROM Numbers");
+    BackUpTo("Copy.mdb");
+    TypeRestore("Copy.mdb");
+    Given("DROP TABLE ExamBoardMaster");
+    Meanwhile([this] {
+        EXPECT_NE(Session().gcnnMain, nullptr);
+        ScreenFixture::Tick();
+        Press(Button("cmdCancel"));
+    });
+    prompts.ExpectInformation(Ended);
+    Go();
+    prompts.Verify();
+    EXPECT_TRUE(came);
+    EXPECT_EQ(LoggedRestores(In("Copy.mdb")), 0);
+    // Behind the work it says so.
+    StopPresence();
+}
+
+TEST_F(frmUtilBackupRestoreTest, ARestoreThatIsCancelledWhileItPoursChangesNothing)
+{
+    OpenBackup();
+    Meanwhile([] {});
+    BackUpTo("Copy.mdb");
+    Given("INSERT INTO StateMaster VALUES (7, 'Kerala', 1)");
+    TypeRestore("Copy.mdb");
+    prompts.ExpectQuestion(RestoreQuestion, true);
+    prompts.ExpectConfirmation(Lost, true);
+    prompts.ExpectInformation(Ended);
+    // The main database is closed as soon as the proof and the questions are over.
+    auto* poll = new QTimer(form);
+    QObject::connect(poll, &QTimer::timeout, form, [this] {
+        if (!Session().gcnnMain)
+            Press(Button("cmdCancel"));
+    });
+    poll->start(0);
+    Go();
+    poll->stop();
+    prompts.Verify();
+    EXPECT_EQ(Count("SELECT count(*) FROM StateMaster WHERE StateCode = 7"), 1);
+    EXPECT_EQ(LoggedRestores(In("Copy.mdb")), 0);
+    EXPECT_TRUE(store::KeptBeforeRestore(In("Tallyboard.mdb")).isEmpty());
+}
+
+TEST_F(frmUtilBackupRestoreTest, TheBarShowsHowFarTheWorkHasComeAndStaysForAWhile)
+{
+    OpenBackup();
+    auto* bar = Find<QProgressBar>(form, "prgProgress");
+    TypeDestination(In("Copy.mdb"));
+    QList<int> values;
+    QObject::connect(bar, &QProgressBar::valueChanged, form, [&values](int value) { values.append(value); });
+    Meanwhile([bar] { EXPECT_TRUE(bar->isVisible()); });
+    prompts.ExpectInformation(BackedUp);
+    Go();
+    ASSERT_TRUE(came);
+    EXPECT_GT(values.size(), 50);
+    EXPECT_TRUE(
+        std::any_of(values.begin(), values.end(), [](int value) { return value > 400 && value < 600; }));
+    auto* timer = Find<QTimer>(form, "Timer1");
+    EXPECT_TRUE(timer->isActive());
+    EXPECT_TRUE(bar->isVisible());
+    const int steps = 5000 / timer->interval();
+    timer->setInterval(3600000);
+    for (int step = 1; step < steps; ++step)
+        ASSERT_TRUE(QMetaObject::invokeMethod(timer, "timeout"));
+    EXPECT_TRUE(bar->isVisible());
+    ASSERT_TRUE(QMetaObject::invokeMethod(timer, "timeout"));
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_FALSE(timer->isActive());
+}
+
+TEST_F(frmUtilBackupRestoreTest, BehindTheWorkTheKeyboardIsWhereItWasAndEnterWipesNoPath)
+{
+    OpenBackup();
+    TypeDestination(In("Copy.mdb"));
+    Button("cmdBackup")->setFocus();
+    prompts.ExpectInformation(BackedUp);
+    QTest::keyClick(Button("cmdBackup"), Qt::Key_Return);
+    prompts.Verify();
+    EXPECT_TRUE(HasFocus("cmdBackup")) << FocusName();
+    EXPECT_EQ(TextOf("txtDestinationPath"), In("Copy.mdb").toStdString());
+}
+
+TEST_F(frmUtilBackupRestoreTest, WhereTheDatabaseCannotBeOpenedAgainItIsToldAndEachButtonSaysSo)
+{
+    LeaveOthersUnguarded();
+    OpenBackup();
+    TypeDestination(In("Copy.mdb"));
+    Meanwhile([this] { ASSERT_TRUE(QFile::rename(In("Tallyboard.mdb"), In("Away.mdb"))); });
+    prompts.ExpectCritical(QStringLiteral("The Database File %1 Is Missing")
+                               .arg(QDir::toNativeSeparators(In("Tallyboard.mdb"))));
+    prompts.ExpectInformation(BackedUp);
+    Go();
+    prompts.Verify();
+    ASSERT_TRUE(came);
+    EXPECT_EQ(Session().gcnnMain, nullptr);
+    ScreenFixture::Tick();
+    prompts.ExpectCritical(QStringLiteral("The Database Is Closed"));
+    Go();
+    prompts.Verify();
+    ASSERT_TRUE(QFile::rename(In("Away.mdb"), In("Tallyboard.mdb")));
+}
+
+TEST_F(frmUtilBackupRestoreTest, ARestoreWaitsUntilAllOtherScreensOfThisClientAreClosed)
+{
+    LeaveOthersUnguarded();
+    OpenBackup();
+    BackUpTo("Copy.mdb");
+    auto* other = OpenScreen(QStringLiteral("frmUtilOptions"));
+    ASSERT_NE(other, nullptr);
+    ShowForm(QStringLiteral("frmUtilBackupRestore"));
+    Settle();
+    TypeRestore("Copy.mdb");
+    prompts.ExpectInformation(QStringLiteral("Close All Other Screens Before The Restore"));
+    Go();
+    prompts.Verify();
+    EXPECT_EQ(TextOf("txtSourcePath"), In("Copy.mdb").toStdString());
+    other->Unload();
+    Settle();
+    ExpectRestoreQuestions();
+    prompts.ExpectInformation(Restored);
+    Go();
+    prompts.Verify();
+    EXPECT_EQ(LoggedRestores(In("Copy.mdb")), 1);
+}
+
+TEST_F(frmUtilBackupRestoreTest, BehindARestoreTheButtonsAskItsRightsAndTheMenusStayUntilTheNextLogin)
+{
+    LeaveOthersUnguarded();
+    GivenUser(3, QStringLiteral("clerk"), QStringLiteral("pass"),
+              {{QStringLiteral("frmUtilBackupRestore"), QStringLiteral("D")}});
+    Session().gintPrivilegeUserCode = 3;
+    OpenBackup();
+    Given("DELETE FROM UserPrivilegeDetails");
+    Session().gintPrivilegeUserCode = 4;
+    GivenUser(4, QStringLiteral("head"), QStringLiteral("pass"),
+              {{QStringLiteral("frmUtilBackupRestore"), QStringLiteral("D")}});
+    BackUpTo("Copy.mdb");
+    Given("INSERT INTO UserPrivilegeDetails (FormName, ButtonName, UserCode)"
+          " VALUES ('frmUtilBackupRestore', 'D', 3)");
+    Session().gintPrivilegeUserCode = 3;
+    window->EnableMenuItem(QStringLiteral("mnufrmUtilBackupRestore"), true);
+    TypeRestore("Copy.mdb");
+    ExpectRestoreQuestions();
+    prompts.ExpectInformation(Restored);
+    Go();
+    prompts.Verify();
+    EXPECT_TRUE(window->MenuItem(QStringLiteral("mnufrmUtilBackupRestore"))->isEnabled());
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Restore Database"));
+    Go();
+    prompts.Verify();
+    EXPECT_EQ(LoggedRestores(In("Copy.mdb")), 1);
+}
+
+TEST_F(frmUtilBackupRestoreTest, AFileOfAnOlderYearIsAccepted)
+{
+    LeaveOthersUnguarded();
+    Given("DELETE FROM AcademicYearSetup WHERE AcademicYearCode > 0");
+    Given("INSERT INTO AcademicYearSetup VALUES (1, 2019, 2020, '2019-06-01', '2020-05-31', 'Y', 'N', 1)");
+    OpenBackup();
+    BackUpTo("Copy.mdb");
+    Given("UPDATE AcademicYearSetup SET YearFrom = 2025, YearTo = 2026, FromDate = '2025-06-01',"
+          " ToDate = '2026-05-31' WHERE AcademicYearCode = 1");
+    TypeRestore("Copy.mdb");
+    ExpectRestoreQuestions();
+    prompts.ExpectInformation(Restored);
+    Go();
+    prompts.Verify();
+    EXPECT_EQ(Count("SELECT YearFrom FROM AcademicYearSetup WHERE AcademicYearCode = 1"), 2019);
+}
+
+TEST_F(frmUtilBackupRestoreTest, AFileOfAnOlderProgramIsAcceptedAndUpgraded)
+{
+    LeaveOthersUnguarded();
+    {
+        store::Connection old(In("Old.mdb"), DatabasePassword(Session()), store::Connection::Mode::Create);
+        store::Transaction laying(old);
+        LayOldMainFile(laying);
+        laying.Commit();
+    }
+    OpenBackup();
+    TypeRestore("Old.mdb");
+    ExpectRestoreQuestions();
+    prompts.ExpectInformation(Restored);
+    Go();
+    prompts.Verify();
+    EXPECT_EQ(Session().gcnnMain->SchemaVersion(), store::MainVersion);
+    EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster WHERE Mark = 50"), 1);
+}
+
+TEST_F(frmUtilBackupRestoreTest, ADiskThatTakesNoMoreIsTold)
+{
+    OpenBackup();
+    TypeDestination(In("Copy.mdb"));
+    prompts.ExpectCritical(QStringLiteral("The Copy Could Not Be Written (File too large)"));
+    {
+        const FileSizeLimit full(8192);
+        Go();
+    }
+    prompts.Verify();
+    EXPECT_FALSE(QFile::exists(In("Copy.mdb")));
+    EXPECT_EQ(LoggedBackups(In("Copy.mdb")), 0);
+    EXPECT_NE(Session().gcnnMain, nullptr);
+}
+
+TEST_F(frmUtilBackupRestoreTest, AFolderThatTakesNoFilesIsTold)
+{
+    if (geteuid() == 0)
+        GTEST_SKIP() << "the owner of the machine may write everywhere";
+    OpenBackup();
+    ASSERT_TRUE(QDir(Folder()).mkdir(QStringLiteral("Closed")));
+    QFile::setPermissions(In("Closed"), QFile::ReadOwner | QFile::ExeOwner);
+    TypeDestination(In("Closed/Copy.mdb"));
+    prompts.ExpectCritical(QStringLiteral("The Copy Could Not Be Written (Permission denied)"));
+    Go();
+    prompts.Verify();
+    QFile::setPermissions(In("Closed"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_NE(Session().gcnnMain, nullptr);
+}
+
+TEST_F(frmUtilBackupRestoreTest, ANameThatTheDiskDoesNotTakeIsTold)
+{
+    OpenBackup();
+    const QString path =
+        Folder() + QLatin1Char('/') + QString(260, QLatin1Char('n')) + QStringLiteral(".mdb");
+    ASSERT_LE(path.size(), 300);
+    TypeDestination(path);
+    prompts.ExpectCritical(QStringLiteral("Invalid File Name"));
+    Go();
+    prompts.Verify();
+    Press(Button("cmdCancel"));
+    ASSERT_TRUE(QFile::link(In("Gone.mdb"), In("Link.mdb")));
+    TypeDestination(In("Link.mdb"));
+    prompts.ExpectCritical(QStringLiteral("Invalid File Name"));
+    Go();
+    prompts.Verify();
+    EXPECT_FALSE(QFile::exists(In("Gone.mdb")));
+    Press(Button("cmdCancel"));
+    // The box takes no more letters than the store of the log.
+    TypeDestination(QString(400, QLatin1Char('n')));
+    EXPECT_EQ(TextOf("txtDestinationPath").size(), 300U);
+}
+
+TEST_F(frmUtilBackupRestoreTest, AFileThatComesToAFreePlaceMeanwhileIsNotReplaced)
+{
+    OpenBackup();
+    TypeDestination(In("Copy.mdb"));
+    Meanwhile([this] { Write(In("Copy.mdb"), "somebody's"); });
+    prompts.ExpectCritical(QStringLiteral("File With The Given Name Already Exists. It Is Left As It Is"));
+    Go();
+    prompts.Verify();
+    ASSERT_TRUE(came);
+    EXPECT_EQ(Bytes(In("Copy.mdb")), QByteArray("somebody's"));
 }
 
 TEST_F(frmUtilBackupRestoreTest, WithoutTheRightNothingIsDone)

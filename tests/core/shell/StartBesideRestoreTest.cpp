@@ -18,7 +18,7 @@ protected:
     /// `start` meets a file into which nobody else can look, until it has waited that often.
     void StartBeside(const std::function<void()>& start)
     {
-        const InstantWaits noTime;
+        const BriefWaits soon;
         const auto restoring = AnotherClient();
         restoring->Execute(QStringLiteral("BEGIN EXCLUSIVE"));
         restoring->Execute(QStringLiteral("INSERT INTO StateMaster VALUES (7, 'Kerala', 1)"));
