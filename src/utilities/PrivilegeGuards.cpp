@@ -3,7 +3,6 @@
 #include "utilities/PrivilegeTree.h"
 
 #include <algorithm>
-#include <array>
 
 namespace tally {
 
@@ -12,9 +11,8 @@ namespace {
 /// The ticked lines let a user reach the screen of privileges and work in it.
 bool LetManage(const std::set<int>& lines)
 {
-    static constexpr std::array Needed{PrivilegeLine::Utilities, PrivilegeLine::UserPrivileges,
-                                       PrivilegeLine::UserPrivilegesNew, PrivilegeLine::UserPrivilegesEdit};
-    return std::all_of(Needed.begin(), Needed.end(), [&lines](int line) { return lines.contains(line); });
+    return std::all_of(PrivilegeLine::Managing.begin(), PrivilegeLine::Managing.end(),
+                       [&lines](int line) { return lines.contains(line); });
 }
 
 /// Whether the holders of a right hang on the login that is to be changed.
@@ -22,17 +20,22 @@ bool HangOn(const PrivilegeChange& change, const std::set<int>& holders, const s
 {
     const std::set alone{change.userCode};
     if (holders.size() == 1)
-        return change.editing && holders == alone;
+        return holders == alone;
     return holders.size() > 1 && unblocked == alone;
 }
 
 } // namespace
 
+bool PrivilegeHolders::MayGiveRights(int user) const
+{
+    return newRights.contains(user) && toolsMenu.contains(user) && privilegesScreen.contains(user);
+}
+
 std::set<int> PrivilegeHolders::Managers() const
 {
     std::set<int> managers;
     for (const int user : unblocked)
-        if (newRights.contains(user) && toolsMenu.contains(user))
+        if (MayGiveRights(user))
             managers.insert(user);
     return managers;
 }
@@ -95,9 +98,7 @@ CopyFault FaultOfCopy(const PrivilegeHolders& stored, const PrivilegeCopy& copy)
     if (stored.newRights.empty())
         return CopyFault::NobodyManages;
     const std::set target{copy.toUser};
-    const bool sourceManages =
-        stored.newRights.contains(copy.fromUser) && stored.toolsMenu.contains(copy.fromUser);
-    if (stored.newRights == target || (stored.Managers() == target && !sourceManages))
+    if (stored.newRights == target || (stored.Managers() == target && !stored.MayGiveRights(copy.fromUser)))
         return CopyFault::TakesLastManager;
     return CopyFault::None;
 }

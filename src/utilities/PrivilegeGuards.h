@@ -9,12 +9,15 @@ namespace tally {
 /// Which logins can do what, as it is stored, by the codes of their users.
 struct PrivilegeHolders
 {
-    bool anyLogin = false;   ///< someone can log in already
-    std::set<int> newRights; ///< may make entries on the screen of privileges
-    std::set<int> toolsMenu; ///< may open the menu in which it stands
-    std::set<int> unblocked; ///< are not blocked
+    bool anyLogin = false;          ///< someone can log in already
+    std::set<int> newRights;        ///< may make entries on the screen of privileges
+    std::set<int> toolsMenu;        ///< may open the menu in which it stands
+    std::set<int> privilegesScreen; ///< may open it there
+    std::set<int> unblocked;        ///< are not blocked
 
-    /// Those who can give rights: not blocked, and both of the above.
+    /// All three of these rights, without which nobody can give any.
+    bool MayGiveRights(int user) const;
+    /// Those who may and are not blocked.
     std::set<int> Managers() const;
 };
 
@@ -22,7 +25,6 @@ struct PrivilegeHolders
 struct PrivilegeChange
 {
     int userCode = 0;
-    bool editing = false; ///< it takes the place of the user's stored login
     bool blocked = false;
     std::set<int> lines; ///< the ticked lines of the tree
 };

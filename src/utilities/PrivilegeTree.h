@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <array>
 #include <set>
 #include <vector>
 
@@ -36,6 +37,7 @@ inline constexpr int Utilities = 100;
 inline constexpr int UserPrivileges = 105;
 inline constexpr int UserPrivilegesNew = 106;
 inline constexpr int UserPrivilegesEdit = 107;
+inline constexpr std::array Managing{Utilities, UserPrivileges, UserPrivilegesNew, UserPrivilegesEdit};
 } // namespace PrivilegeLine
 
 /// The numbers of all lines below line `number`, however deep.

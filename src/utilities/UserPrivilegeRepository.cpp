@@ -6,6 +6,7 @@ namespace {
 
 const FormRight NewPrivileges{QStringLiteral("frmUtilUserPrivileges"), Right::New};
 const FormRight OpenTools{QStringLiteral("ToolsMenu"), Right::Open};
+const FormRight OpenPrivileges{QStringLiteral("frmUtilUserPrivileges"), Right::Open};
 
 std::set<int> ReadCodes(store::Statement rows)
 {
@@ -68,6 +69,7 @@ PrivilegeHolders UserPrivilegeRepository::Holders()
                                                 " WHERE a.UserCode = b.UserCode")) > 0,
         .newRights = HoldersOf(NewPrivileges),
         .toolsMenu = HoldersOf(OpenTools),
+        .privilegesScreen = HoldersOf(OpenPrivileges),
         .unblocked = ReadCodes(
             main_.Query(QStringLiteral("SELECT UserCode FROM UserPrivilegeMaster WHERE Block = 'N'"))),
     };
@@ -81,7 +83,7 @@ std::set<int> UserPrivilegeRepository::HoldersOf(const FormRight& right)
                     right.formName, QString(LetterOf(right.right))));
 }
 
-PrivilegeCopy UserPrivilegeRepository::Copy(int fromUser, int toUser)
+PrivilegeCopy UserPrivilegeRepository::ReadCopy(int fromUser, int toUser)
 {
     const auto source = Find(fromUser);
     const auto target = Find(toUser);
@@ -130,16 +132,14 @@ PrivilegeFault SavePrivileges(store::Transaction& transaction, const PrivilegeCh
 {
     UserPrivilegeRepository stored(transaction.On());
     const auto present = stored.Find(change.userCode);
-    if (!change.editing && present)
-        return PrivilegeFault::AlreadyExists;
-    if (change.editing && present != found)
-        return PrivilegeFault::ChangedMeanwhile;
+    if (present != found)
+        return found ? PrivilegeFault::ChangedMeanwhile : PrivilegeFault::AlreadyExists;
     if (stored.LoginIdTaken(login.loginId, change.userCode))
         return PrivilegeFault::LoginIdTaken;
     const PrivilegeFault fault = FaultOfGuard(stored.Holders(), change);
     if (fault != PrivilegeFault::None)
         return fault;
-    if (change.editing)
+    if (found)
         UserPrivilegeRepository::Delete(transaction, change.userCode);
     UserPrivilegeRepository::Insert(transaction, change.userCode, login, RightsOf(change.lines), enteredBy);
     return PrivilegeFault::None;
@@ -148,7 +148,7 @@ PrivilegeFault SavePrivileges(store::Transaction& transaction, const PrivilegeCh
 CopyFault CopyPrivileges(store::Transaction& transaction, int fromUser, int toUser, bool replaces)
 {
     UserPrivilegeRepository stored(transaction.On());
-    PrivilegeCopy copy = stored.Copy(fromUser, toUser);
+    PrivilegeCopy copy = stored.ReadCopy(fromUser, toUser);
     copy.replaces = replaces;
     const CopyFault fault = FaultOfCopy(stored.Holders(), copy);
     if (fault == CopyFault::None)

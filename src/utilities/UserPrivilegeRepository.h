@@ -49,7 +49,8 @@ public:
     /// Small and capital letters are the same at the login too.
     bool LoginIdTaken(const QString& loginId, int exceptUser);
     PrivilegeHolders Holders();
-    PrivilegeCopy Copy(int fromUser, int toUser);
+    /// What a copy of the rights has to know of the two.
+    PrivilegeCopy ReadCopy(int fromUser, int toUser);
 
     static void Insert(store::Transaction& transaction, int userCode, const UserLogin& login,
                        const std::vector<FormRight>& rights, int enteredBy);

@@ -13,8 +13,7 @@ namespace {
 
 using Fault = PrivilegeFault;
 
-const std::set<int> GuardedLines{PrivilegeLine::Utilities, PrivilegeLine::UserPrivileges,
-                                 PrivilegeLine::UserPrivilegesNew, PrivilegeLine::UserPrivilegesEdit};
+const std::set<int> GuardedLines(PrivilegeLine::Managing.begin(), PrivilegeLine::Managing.end());
 
 /// One of the people of a small office.
 struct Person
@@ -23,8 +22,9 @@ struct Person
     bool blocked = false;
     bool mayMakeEntries = false; ///< on the screen of privileges
     bool mayOpenTools = false;
+    bool mayOpenScreen = false; ///< that of privileges, from the menu of tools
 
-    bool Manages() const { return hasLogin && !blocked && mayMakeEntries && mayOpenTools; }
+    bool Manages() const { return hasLogin && !blocked && mayMakeEntries && mayOpenTools && mayOpenScreen; }
 };
 
 using Office = std::array<Person, 3>;
@@ -42,6 +42,8 @@ PrivilegeHolders HoldersIn(const Office& office)
             holders.newRights.insert(code);
         if (person.mayOpenTools)
             holders.toolsMenu.insert(code);
+        if (person.mayOpenScreen)
+            holders.privilegesScreen.insert(code);
         if (!person.blocked)
             holders.unblocked.insert(code);
     }
@@ -59,14 +61,15 @@ bool SomeoneElseManages(Office office, std::size_t than)
     return SomeoneManages(office);
 }
 
-/// All that a person may be: without a login, or with one, blocked or not, with either right or both.
+/// All that a person may be: without a login, or with one, blocked or not, with any of the rights.
 std::vector<Person> Kinds()
 {
     std::vector<Person> kinds{{}};
     for (const bool blocked : {false, true})
         for (const bool entries : {false, true})
             for (const bool tools : {false, true})
-                kinds.push_back({true, blocked, entries, tools});
+                for (const bool screen : {false, true})
+                    kinds.push_back({true, blocked, entries, tools, screen});
     return kinds;
 }
 
@@ -104,9 +107,9 @@ void ForEachChange(
                 for (const std::set<int>& lines : choices) {
                     Office after = before;
                     after.at(index) = {true, blocked, lines.contains(PrivilegeLine::UserPrivilegesNew),
-                                       lines.contains(PrivilegeLine::Utilities)};
-                    look(before, {static_cast<int>(index) + 1, before.at(index).hasLogin, blocked, lines},
-                         after);
+                                       lines.contains(PrivilegeLine::Utilities),
+                                       lines.contains(PrivilegeLine::UserPrivileges)};
+                    look(before, {static_cast<int>(index) + 1, blocked, lines}, after);
                 }
     });
 }
@@ -161,35 +164,35 @@ TEST(PrivilegeGuards, ABlockedLoginIsRefusedForThatAndAnotherForItsLines)
 TEST(PrivilegeGuards, WhoAloneHasARightForItKeepsItEvenIfNobodyCouldUseIt)
 {
     // The one who may make entries is blocked, and another may open the menu.
-    const PrivilegeHolders stored{true, {1}, {2}, {2}};
-    EXPECT_EQ(FaultOfGuard(stored, {1, true, true, GuardedLines}), Fault::AllBlocked);
-    EXPECT_EQ(FaultOfGuard(stored, {1, true, false, {}}), Fault::NobodyManages);
-    EXPECT_EQ(FaultOfGuard(stored, {2, true, false, {}}), Fault::NobodyManages);
-    EXPECT_EQ(FaultOfGuard(stored, {3, false, true, {}}), Fault::None);
+    const PrivilegeHolders stored{true, {1}, {2}, {}, {2}};
+    EXPECT_EQ(FaultOfGuard(stored, {1, true, GuardedLines}), Fault::AllBlocked);
+    EXPECT_EQ(FaultOfGuard(stored, {1, false, {}}), Fault::NobodyManages);
+    EXPECT_EQ(FaultOfGuard(stored, {2, false, {}}), Fault::NobodyManages);
+    EXPECT_EQ(FaultOfGuard(stored, {3, true, {}}), Fault::None);
 }
 
 TEST(PrivilegeGuards, TheOnlyOneNotBlockedKeepsTheRightsThatSeveralHave)
 {
-    const PrivilegeHolders stored{true, {2, 3}, {2, 3}, {1}};
-    EXPECT_EQ(FaultOfGuard(stored, {1, true, false, {}}), Fault::NobodyManages);
-    EXPECT_EQ(FaultOfGuard(stored, {1, true, true, GuardedLines}), Fault::AllBlocked);
-    EXPECT_EQ(FaultOfGuard(stored, {2, true, true, {}}), Fault::None);
+    const PrivilegeHolders stored{true, {2, 3}, {2, 3}, {2, 3}, {1}};
+    EXPECT_EQ(FaultOfGuard(stored, {1, false, {}}), Fault::NobodyManages);
+    EXPECT_EQ(FaultOfGuard(stored, {1, true, GuardedLines}), Fault::AllBlocked);
+    EXPECT_EQ(FaultOfGuard(stored, {2, true, {}}), Fault::None);
 }
 
 TEST(PrivilegeGuards, WithSeveralHoldersAndSeveralNotBlockedNothingIsAsked)
 {
-    const PrivilegeHolders stored{true, {1, 2}, {1, 2}, {1, 2}};
+    const PrivilegeHolders stored{true, {1, 2}, {1, 2}, {1, 2}, {1, 2}};
     for (const int user : {1, 2}) {
-        EXPECT_EQ(FaultOfGuard(stored, {user, true, false, {}}), Fault::None);
-        EXPECT_EQ(FaultOfGuard(stored, {user, true, true, {}}), Fault::None);
+        EXPECT_EQ(FaultOfGuard(stored, {user, false, {}}), Fault::None);
+        EXPECT_EQ(FaultOfGuard(stored, {user, true, {}}), Fault::None);
     }
 }
 
 TEST(PrivilegeGuards, ANewLoginBesideTheOnlyHolderIsFree)
 {
-    const PrivilegeHolders stored{true, {1}, {1}, {1}};
-    EXPECT_EQ(FaultOfGuard(stored, {2, false, true, {}}), Fault::None);
-    EXPECT_EQ(FaultOfGuard(stored, {2, false, false, {}}), Fault::None);
+    const PrivilegeHolders stored{true, {1}, {1}, {1}, {1}};
+    EXPECT_EQ(FaultOfGuard(stored, {2, true, {}}), Fault::None);
+    EXPECT_EQ(FaultOfGuard(stored, {2, false, {}}), Fault::None);
 }
 
 TEST(PrivilegeGuards, TheFirstLoginNeedsEachOfTheFourLines)
@@ -197,21 +200,37 @@ TEST(PrivilegeGuards, TheFirstLoginNeedsEachOfTheFourLines)
     for (const int line : GuardedLines) {
         std::set<int> lines = GuardedLines;
         lines.erase(line);
-        EXPECT_EQ(FaultOfGuard({}, {1, false, false, lines}), Fault::NobodyManages) << line;
-        EXPECT_EQ(FaultOfGuard({}, {1, false, true, lines}), Fault::AllBlocked) << line;
+        EXPECT_EQ(FaultOfGuard({}, {1, false, lines}), Fault::NobodyManages) << line;
+        EXPECT_EQ(FaultOfGuard({}, {1, true, lines}), Fault::AllBlocked) << line;
     }
-    EXPECT_EQ(FaultOfGuard({}, {1, false, true, GuardedLines}), Fault::AllBlocked);
-    EXPECT_EQ(FaultOfGuard({}, {1, false, false, GuardedLines}), Fault::None);
+    EXPECT_EQ(FaultOfGuard({}, {1, true, GuardedLines}), Fault::AllBlocked);
+    EXPECT_EQ(FaultOfGuard({}, {1, false, GuardedLines}), Fault::None);
 }
 
 TEST(PrivilegeGuards, WhoAloneManagesKeepsIt)
 {
     // A second one has all rights and is blocked, and a third one can log in without them.
-    const PrivilegeHolders stored{true, {1, 2}, {1, 2}, {1, 3}};
-    EXPECT_EQ(FaultOfGuard(stored, {1, true, false, {}}), Fault::NobodyManages);
-    EXPECT_EQ(FaultOfGuard(stored, {1, true, true, GuardedLines}), Fault::AllBlocked);
-    EXPECT_EQ(FaultOfGuard(stored, {2, true, false, {}}), Fault::None);
-    EXPECT_EQ(FaultOfGuard(stored, {3, true, true, {}}), Fault::None);
+    const PrivilegeHolders stored{true, {1, 2}, {1, 2}, {1, 2}, {1, 3}};
+    EXPECT_EQ(FaultOfGuard(stored, {1, false, {}}), Fault::NobodyManages);
+    EXPECT_EQ(FaultOfGuard(stored, {1, true, GuardedLines}), Fault::AllBlocked);
+    EXPECT_EQ(FaultOfGuard(stored, {2, false, {}}), Fault::None);
+    EXPECT_EQ(FaultOfGuard(stored, {3, true, {}}), Fault::None);
+}
+
+TEST(PrivilegeGuards, WhoCannotOpenTheScreenManagesNothing)
+{
+    // The second one may make entries there and open its menu, but the line of the screen itself stays off.
+    const PrivilegeHolders stored{true, {1, 2}, {1, 2}, {1}, {1, 2}};
+    EXPECT_EQ(stored.Managers(), std::set{1});
+    EXPECT_EQ(FaultOfGuard(stored, {1, false, {}}), Fault::NobodyManages);
+    EXPECT_EQ(FaultOfGuard(stored, {2, false, {}}), Fault::None);
+    const PrivilegeCopy copy{.fromUser = 2,
+                             .toUser = 1,
+                             .sourceHasRights = true,
+                             .targetHasLogin = true,
+                             .targetHasRights = true,
+                             .replaces = true};
+    EXPECT_EQ(FaultOfCopy(stored, copy), CopyFault::TakesLastManager);
 }
 
 void ForEachCopy(
@@ -229,12 +248,13 @@ void ForEachCopy(
                     .toUser = static_cast<int>(to) + 1,
                     .sourceHasRights = source.hasLogin,
                     .targetHasLogin = target.hasLogin,
-                    .targetHasRights = target.mayMakeEntries || target.mayOpenTools,
+                    .targetHasRights = target.mayMakeEntries || target.mayOpenTools || target.mayOpenScreen,
                     .replaces = true,
                 };
                 Office after = before;
                 after.at(to).mayMakeEntries = source.mayMakeEntries;
                 after.at(to).mayOpenTools = source.mayOpenTools;
+                after.at(to).mayOpenScreen = source.mayOpenScreen;
                 look(before, copy, after);
             }
     });
@@ -265,7 +285,7 @@ TEST(PrivilegeGuards, ACopyIsRefusedForThatOnlyWhereItWouldTakeTheRightFromTheLa
 
 TEST(PrivilegeGuards, ACopyIsLookedAtInItsOrder)
 {
-    const PrivilegeHolders nobody{true, {}, {}, {1, 2}};
+    const PrivilegeHolders nobody{true, {}, {}, {}, {1, 2}};
     PrivilegeCopy copy{.fromUser = 1, .toUser = 2};
     EXPECT_EQ(FaultOfCopy(nobody, copy), CopyFault::SourceWithoutRights);
     copy.sourceHasRights = true;
@@ -275,12 +295,23 @@ TEST(PrivilegeGuards, ACopyIsLookedAtInItsOrder)
     EXPECT_EQ(FaultOfCopy(nobody, copy), CopyFault::WouldReplace);
     copy.replaces = true;
     EXPECT_EQ(FaultOfCopy(nobody, copy), CopyFault::NobodyManages);
-    EXPECT_EQ(FaultOfCopy({true, {2}, {1, 2}, {1, 2}}, copy), CopyFault::TakesLastManager);
-    EXPECT_EQ(FaultOfCopy({true, {1, 2}, {2}, {1, 2}}, copy), CopyFault::TakesLastManager);
-    EXPECT_EQ(FaultOfCopy({true, {1}, {1}, {1, 2}}, copy), CopyFault::None);
+    EXPECT_EQ(FaultOfCopy({true, {2}, {1, 2}, {1, 2}, {1, 2}}, copy), CopyFault::TakesLastManager);
+    EXPECT_EQ(FaultOfCopy({true, {1, 2}, {2}, {1, 2}, {1, 2}}, copy), CopyFault::TakesLastManager);
+    EXPECT_EQ(FaultOfCopy({true, {1}, {1}, {1}, {1, 2}}, copy), CopyFault::None);
     copy.targetHasRights = false;
     copy.replaces = false;
-    EXPECT_EQ(FaultOfCopy({true, {1}, {1}, {1, 2}}, copy), CopyFault::None);
+    EXPECT_EQ(FaultOfCopy({true, {1}, {1}, {1}, {1, 2}}, copy), CopyFault::None);
+}
+
+TEST(PrivilegeGuards, ACopyToOneselfChangesNothingAndIsRefusedOnlyWhereTheRightWouldHangOnIt)
+{
+    PrivilegeCopy copy{
+        .fromUser = 1, .toUser = 1, .sourceHasRights = true, .targetHasLogin = true, .targetHasRights = true};
+    const PrivilegeHolders two{true, {1, 2}, {1, 2}, {1, 2}, {1, 2}};
+    EXPECT_EQ(FaultOfCopy(two, copy), CopyFault::WouldReplace);
+    copy.replaces = true;
+    EXPECT_EQ(FaultOfCopy(two, copy), CopyFault::None);
+    EXPECT_EQ(FaultOfCopy({true, {1}, {1}, {1}, {1}}, copy), CopyFault::TakesLastManager);
 }
 
 TEST(PrivilegeGuards, EachFaultHasItsOwnWords)

@@ -4,8 +4,7 @@
 namespace tally::test {
 namespace {
 
-const std::set<int> ManagingLines{PrivilegeLine::Utilities, PrivilegeLine::UserPrivileges,
-                                  PrivilegeLine::UserPrivilegesNew, PrivilegeLine::UserPrivilegesEdit};
+const std::set<int> ManagingLines(PrivilegeLine::Managing.begin(), PrivilegeLine::Managing.end());
 constexpr const char* LoginsAndRights =
     "SELECT a.UserCode, LoginId, Password, Block, Days, FormName, ButtonName"
     " FROM UserPrivilegeMaster a LEFT JOIN UserPrivilegeDetails b"
@@ -22,7 +21,7 @@ protected:
                                                    " VALUES (?, 'Someone', 0)"),
                                     code);
                 const UserLogin login{QStringLiteral("user%1").arg(code), QStringLiteral("x"), false, 0};
-                SavePrivileges(transaction, {code, false, false, ManagingLines}, login, {}, 0);
+                SavePrivileges(transaction, {code, false, ManagingLines}, login, {}, 0);
             }
         });
     }
@@ -35,7 +34,7 @@ TEST_F(UserPrivilegeKill, ALoginWithItsRightsIsTheOldOneOrTheNewOne)
         [](store::Transaction& transaction) {
             const auto found = UserPrivilegeRepository(transaction.On()).Find(12);
             const UserLogin login{QStringLiteral("another"), QStringLiteral("y"), true, 30};
-            EXPECT_EQ(SavePrivileges(transaction, {12, true, true, {1, 2, 3, 81}}, login, found, 11),
+            EXPECT_EQ(SavePrivileges(transaction, {12, true, {1, 2, 3, 81}}, login, found, 11),
                       PrivilegeFault::None);
         },
         RowsOf(LoginsAndRights));

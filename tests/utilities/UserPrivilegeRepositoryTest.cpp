@@ -10,8 +10,7 @@ namespace {
 
 using Fault = PrivilegeFault;
 
-const std::set<int> ManagingLines{PrivilegeLine::Utilities, PrivilegeLine::UserPrivileges,
-                                  PrivilegeLine::UserPrivilegesNew, PrivilegeLine::UserPrivilegesEdit};
+const std::set<int> ManagingLines(PrivilegeLine::Managing.begin(), PrivilegeLine::Managing.end());
 
 class UserPrivilegeRepositoryTest : public testing::Test
 {
@@ -32,7 +31,7 @@ protected:
                const std::optional<UserPrivileges>& found = {})
     {
         store::Transaction transaction(main);
-        const PrivilegeChange change{userCode, found.has_value(), login.blocked, lines};
+        const PrivilegeChange change{userCode, login.blocked, lines};
         const Fault fault = SavePrivileges(transaction, change, login, found, 9);
         transaction.Commit();
         return fault;
@@ -152,7 +151,7 @@ TEST_F(UserPrivilegeRepositoryTest, AnEditOfWhatAnotherHasChangedMeanwhileIsNotW
     for (const char* change : changes) {
         store::Transaction transaction(main);
         transaction.Execute(QString::fromLatin1(change));
-        EXPECT_EQ(SavePrivileges(transaction, {2, true, false, {5}}, Login("two"), shown, 9),
+        EXPECT_EQ(SavePrivileges(transaction, {2, false, {5}}, Login("two"), shown, 9),
                   Fault::ChangedMeanwhile)
             << change;
     }
@@ -188,6 +187,7 @@ TEST_F(UserPrivilegeRepositoryTest, HoldersAreThoseWithALoginAndTheRight)
     EXPECT_TRUE(holders.anyLogin);
     EXPECT_EQ(holders.newRights, (std::set{1, 3}));
     EXPECT_EQ(holders.toolsMenu, (std::set{1, 2}));
+    EXPECT_EQ(holders.privilegesScreen, (std::set{1, 2}));
     EXPECT_EQ(holders.unblocked, (std::set{1, 2}));
     EXPECT_EQ(holders.Managers(), std::set{1});
 }
@@ -242,6 +242,31 @@ TEST_F(UserPrivilegeRepositoryTest, ACopyIsRefusedAsItsRulesSay)
     main.Execute(QStringLiteral("DELETE FROM UserPrivilegeDetails WHERE FormName = 'frmUtilUserPrivileges'"));
     EXPECT_EQ(Copy(2, 1, true), CopyFault::NobodyManages);
     EXPECT_EQ(LinesOfUser(1), std::set{PrivilegeLine::Utilities});
+}
+
+TEST_F(UserPrivilegeRepositoryTest, ACopyToOneselfWritesNothing)
+{
+    ASSERT_EQ(Save(1, Login("one"), ManagingLines), Fault::None);
+    EXPECT_EQ(Copy(1, 1), CopyFault::WouldReplace);
+    EXPECT_EQ(Copy(1, 1, true), CopyFault::TakesLastManager);
+    EXPECT_EQ(LinesOfUser(1), ManagingLines);
+}
+
+TEST_F(UserPrivilegeRepositoryTest, ACopyReadsAsManyTimesWithManyRightsAndUsersAsWithFew)
+{
+    ASSERT_EQ(Save(1, Login("one"), ManagingLines), Fault::None);
+    ASSERT_EQ(Save(2, Login("two"), {1}), Fault::None);
+    const auto statements = [this](int from) {
+        const auto before = main.StatementsRun();
+        EXPECT_EQ(Copy(from, 2, true), CopyFault::None);
+        return main.StatementsRun() - before;
+    };
+    const auto few = statements(1);
+    std::set<int> all;
+    for (int line = 1; line <= static_cast<int>(PrivilegeNodes().size()); ++line)
+        all.insert(line);
+    ASSERT_EQ(Save(3, Login("three"), all), Fault::None);
+    EXPECT_EQ(statements(3), few);
 }
 
 TEST_F(UserPrivilegeRepositoryTest, ASaveReadsAsManyTimesWithManyUsersAsWithOne)
