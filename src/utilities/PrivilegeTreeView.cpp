@@ -16,6 +16,9 @@ constexpr int NumberRole = Qt::UserRole;
 PrivilegeTreeView::PrivilegeTreeView(QWidget* parent) : QTreeWidget(parent)
 {
     header()->hide();
+    // No caption is cut: two of them may differ in their last word only.
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     setUniformRowHeights(true);
     DisplayTreeView();
     connect(this, &QTreeWidget::itemChanged, this, &PrivilegeTreeView::NodeCheck);
@@ -76,8 +79,8 @@ void PrivilegeTreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& o
                                 const QModelIndex& index) const
 {
     QStyleOptionViewItem row(option);
-    // What cannot be ticked looks so, as the fields beside it do.
-    if (closed_)
+    // What cannot be ticked looks so, as the fields beside it do; the line in hand could not be read so.
+    if (closed_ && !selectionModel()->isSelected(index))
         row.state.setFlag(QStyle::State_Enabled, false);
     QTreeWidget::drawRow(painter, row, index);
 }

@@ -100,6 +100,8 @@ void frmUtilUserPrivileges::ShowState(MasterState state)
     // A stored login stays with its person.
     for (QWidget* choice : std::initializer_list<QWidget*>{ui_->dbcUserName, ui_->cmdAddUserName})
         choice->setEnabled(IsNew());
+    // Rights that are copied meanwhile would not be those that are being changed.
+    ui_->Frame2->setEnabled(!IsEntering());
 }
 
 void frmUtilUserPrivileges::RefillLists()
@@ -148,21 +150,23 @@ void frmUtilUserPrivileges::dbcUserName_Settled()
     if (!IsNew() || userCode == 0)
         return;
     const auto stored = Fetch([&] { return Privileges().Find(userCode); });
-    if (!stored) {
-        // A login that cannot be read must not look like none.
-        ui_->dbcUserName->TakeBack();
-        ui_->dbcUserName->setFocus();
-    } else if (*stored) {
+    // A login that cannot be read must not look like none.
+    if (!stored)
+        TakeChoiceBack();
+    else if (*stored)
         OfferDetails(**stored);
-    }
 }
 
 void frmUtilUserPrivileges::OfferDetails(const UserPrivileges& stored)
 {
-    if (Prompts::Ask(tally::TextOf(PrivilegeFault::AlreadyExists))) {
+    if (Prompts::Ask(tally::TextOf(PrivilegeFault::AlreadyExists)))
         Show(stored);
-        return;
-    }
+    else
+        TakeChoiceBack();
+}
+
+void frmUtilUserPrivileges::TakeChoiceBack()
+{
     ui_->dbcUserName->setFocus();
     ui_->dbcUserName->TakeBack();
 }
@@ -180,6 +184,15 @@ void frmUtilUserPrivileges::Show(const UserPrivileges& stored)
     ui_->tvwDisplay->SetChecked(LinesOf(stored.rights));
     ShowState(MasterState::RowSelected);
     ui_->cmdEdit->setFocus();
+}
+
+void frmUtilUserPrivileges::ShowAnew()
+{
+    const auto stored = Fetch([this] { return Privileges().Find(userCode_); });
+    if (stored && *stored)
+        Show(**stored);
+    else
+        cmdCancel_Click();
 }
 
 bool frmUtilUserPrivileges::txtLoginID_Validate()
@@ -241,7 +254,6 @@ void frmUtilUserPrivileges::cmdSave_Click()
     const UserLogin login = Entered();
     const PrivilegeChange change{
         .userCode = UserCode(),
-        .editing = IsEditing(),
         .blocked = login.blocked,
         .lines = ui_->tvwDisplay->Checked(),
     };
@@ -252,8 +264,12 @@ void frmUtilUserPrivileges::cmdSave_Click()
             fault = SavePrivileges(transaction, change, login, found_, Session().gintUserCode);
         },
         OnRefusal::Refill);
-    if (done)
-        fault == PrivilegeFault::None ? TellSaved() : Explain(fault);
+    if (!done)
+        return;
+    if (fault == PrivilegeFault::None)
+        TellSaved();
+    else
+        Explain(fault);
 }
 
 void frmUtilUserPrivileges::Explain(PrivilegeFault fault)
@@ -280,6 +296,9 @@ void frmUtilUserPrivileges::cmdCancel_Click()
 
 void frmUtilUserPrivileges::cmdTransfer_Click()
 {
+    // A copy changes what is stored of the target; without this, who may only look could give himself all.
+    if (!MayUse(Right::Edit))
+        return;
     if (ui_->dbcFromUser->IsBlank()) {
         Refuse(QStringLiteral("Select 'From User'"), ui_->dbcFromUser);
         return;
@@ -319,11 +338,13 @@ void frmUtilUserPrivileges::cmdTransfer_Click()
         Prompts::Information(text());
         return;
     }
-    AfterCommit([this] {
+    AfterCommit([&] {
         Prompts::Information(QStringLiteral("Privilege Copied"));
         ui_->dbcFromUser->SetBoundCode(0);
         ui_->dbcToUser->SetBoundCode(0);
         RefillLists();
+        if (toUser == userCode_)
+            ShowAnew();
     });
 }
 

@@ -48,7 +48,10 @@ private:
     /// Asks whether the login that the chosen person has already is to be shown, and shows it; else takes the
     /// choice back.
     void OfferDetails(const UserPrivileges& stored);
+    void TakeChoiceBack();
     void Show(const UserPrivileges& stored);
+    /// What is stored of the person in hand by now; the start where that cannot be known.
+    void ShowAnew();
     void Explain(PrivilegeFault fault);
     UserPrivilegeRepository Privileges() const;
 

@@ -8,7 +8,9 @@
 #include "utilities/PrivilegeTreeView.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QTreeWidgetItemIterator>
 
@@ -48,6 +50,14 @@ protected:
     }
 
     PrivilegeTreeView* Tree() const { return Find<PrivilegeTreeView>(form, "tvwDisplay"); }
+    /// In the place of what stands in the box.
+    void Paste(const char* name, const char* text) const
+    {
+        QApplication::clipboard()->setText(QString::fromUtf8(text));
+        Box(name)->setFocus();
+        QTest::keyClick(Box(name), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(Box(name), Qt::Key_V, Qt::ControlModifier);
+    }
     QComboBox* Blocked() const { return Find<QComboBox>(form, "cboBlocked"); }
     QTreeWidgetItem* Line(int number) const
     {
@@ -67,8 +77,7 @@ protected:
     }
     void ToggleManagingLines() const
     {
-        for (const int line : {PrivilegeLine::UserPrivileges})
-            Toggle(line);
+        Toggle(PrivilegeLine::UserPrivileges);
         // Its group alone, without what else stands below.
         Toggle(PrivilegeLine::Utilities);
         for (const int line : PrivilegeLinesBelow(PrivilegeLine::Utilities))
@@ -299,6 +308,31 @@ TEST_F(frmUtilUserPrivilegesTest, MoreThanAYearOfDaysIsRefusedWhileTyping)
     EXPECT_EQ(FocusName(), "txtDays");
     Retype("txtDays", "x1-2");
     EXPECT_EQ(TextOf("txtDays"), "12");
+    Paste("txtDays", "a3b");
+    EXPECT_EQ(TextOf("txtDays"), "3");
+    prompts.ExpectInformation(QStringLiteral("Days Should Not Be Greater Than 365"));
+    Paste("txtDays", "366");
+    prompts.Verify();
+    EXPECT_EQ(TextOf("txtDays"), "");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, LoginAndPasswordTakeNoMoreOfWhatIsPastedThanCanBeTyped)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    for (const char* name : {"txtLoginID", "txtPassword", "txtRePassword"}) {
+        Paste(name, "été-பள்ளி 7'");
+        EXPECT_EQ(TextOf(name), "t- 7") << name;
+        Paste(name, "abcdefghijklmnopqrst");
+        EXPECT_EQ(TextOf(name), "abcdefghijklmno") << name;
+        Box(name)->clear();
+        for (const char* letter : {"a", "é", "ப", "b"})
+            QTest::sendKeyEvent(QTest::Click, Box(name), Qt::Key_unknown, QString::fromUtf8(letter),
+                                Qt::NoModifier);
+        EXPECT_EQ(TextOf(name), "ab") << name;
+    }
 }
 
 TEST_F(frmUtilUserPrivilegesTest, DaysLeftEmptyAreStoredAsNone)
@@ -475,6 +509,124 @@ TEST_F(frmUtilUserPrivilegesTest, APersonWhoIsDeletedMeanwhileGetsNoLogin)
     EXPECT_EQ(TextOf("txtLoginID"), "bala");
     EXPECT_TRUE(List("dbcUserName")->IsBlank());
     EXPECT_EQ(List("dbcUserName")->findText(QStringLiteral("Bala")), -1);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, APersonWhoIsDeletedWhileHisLoginIsChangedIsToldOf)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    BeginEdit("User bala");
+    const auto other = AnotherClient();
+    other->Execute(QStringLiteral("DELETE FROM UserPrivilegeMaster WHERE UserCode = 2"));
+    other->Execute(QStringLiteral("DELETE FROM UserMaster WHERE UserCode = 2"));
+    ExpectTold(QStringLiteral("Privileges Of This User Were Changed By Another User Meanwhile.\n"
+                              "You Cannot Save This Data."));
+    EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster WHERE UserCode = 2"), 0);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ACopyToAPersonWhoIsDeletedMeanwhileIsRefused)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    Choose("dbcFromUser", QStringLiteral("User boss"));
+    Choose("dbcToUser", QStringLiteral("User bala"));
+    const auto other = AnotherClient();
+    other->Execute(QStringLiteral("DELETE FROM UserPrivilegeMaster WHERE UserCode = 2"));
+    other->Execute(QStringLiteral("DELETE FROM UserMaster WHERE UserCode = 2"));
+    prompts.ExpectInformation(QStringLiteral("Login Not Created For User bala"));
+    CopyTo("", "");
+    EXPECT_EQ(RightsOfUser(2), 0);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ACopyWhileAnotherClientSavesIsToldAndLeavesTheChoices)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    Session().gcnnMain->SetPatience(std::chrono::milliseconds(1));
+    {
+        const auto other = AnotherClient();
+        const store::Transaction saving(*other);
+        prompts.ExpectCritical(HeldByAnotherClient);
+        CopyTo("User boss", "User bala");
+    }
+    EXPECT_EQ(List("dbcFromUser")->currentText().toStdString(), "User boss");
+    EXPECT_EQ(List("dbcToUser")->currentText().toStdString(), "User bala");
+    prompts.ExpectInformation(QStringLiteral("Privilege Copied"));
+    CopyTo("", "");
+    EXPECT_EQ(RightsOfUser(2), 4);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, RightsThatArriveByACopyAreShownOfThePersonInHand)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    Press(Button("cmdNew"));
+    EXPECT_FALSE(IsEnabled("cmdTransfer"));
+    prompts.ExpectQuestion(AlreadyExists, true);
+    ChoosePerson("User bala");
+    prompts.Verify();
+    EXPECT_EQ(Tree()->Checked(), std::set<int>());
+    prompts.ExpectInformation(QStringLiteral("Privilege Copied"));
+    CopyTo("User boss", "User bala");
+    EXPECT_EQ(Tree()->Checked(),
+              std::set<int>(PrivilegeLine::Managing.begin(), PrivilegeLine::Managing.end()));
+    EXPECT_EQ(States(), "cmdEdit ");
+    Press(Button("cmdEdit"));
+    EXPECT_FALSE(IsEnabled("cmdTransfer"));
+    Save(QStringLiteral("Record Updated"));
+    EXPECT_EQ(RightsOfUser(2), 4);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ACopyNeedsTheRightToChangeWhatIsStored)
+{
+    GivenUser(1, QStringLiteral("boss"), QStringLiteral("Secret"),
+              {{QStringLiteral("ToolsMenu"), QStringLiteral("D")},
+               {QStringLiteral("frmUtilUserPrivileges"), QStringLiteral("D")},
+               {QStringLiteral("frmUtilUserPrivileges"), QStringLiteral("N")}});
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Modify This Entry"));
+    CopyTo("User boss", "User bala");
+    EXPECT_EQ(RightsOfUser(2), 0);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, NoCaptionOfTheTreeIsCut)
+{
+    OpenPrivileges();
+    Tree()->expandAll();
+    Settle();
+    for (int line = 1; line <= static_cast<int>(PrivilegeNodes().size()); ++line) {
+        const QRect room = Tree()->visualItemRect(Line(line));
+        EXPECT_GE(room.width(), Tree()->fontMetrics().horizontalAdvance(Line(line)->text(0)) +
+                                    Tree()->style()->pixelMetric(QStyle::PM_IndicatorWidth))
+            << Line(line)->text(0).toStdString();
+    }
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhatIsAskedOfTheSchoolDoesNotGrowWithItsPeople)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    const auto statements = [this] {
+        Given("DELETE FROM UserPrivilegeDetails WHERE UserCode = 2");
+        const auto before = Session().gcnnMain->StatementsRun();
+        OpenPrivileges();
+        BeginEdit("User bala");
+        Press(Button("cmdCancel"));
+        prompts.ExpectInformation(QStringLiteral("Privilege Copied"));
+        CopyTo("User boss", "User bala");
+        form->Unload();
+        Settle();
+        return Session().gcnnMain->StatementsRun() - before;
+    };
+    const auto few = statements();
+    for (int code = 3; code < 40; ++code)
+        GivenUser(code, QStringLiteral("more%1").arg(code), QStringLiteral("x"), AllOfPrivileges);
+    EXPECT_EQ(statements(), few);
 }
 
 TEST_F(frmUtilUserPrivilegesTest, ALockedFileLeavesWhatWasEntered)
@@ -657,7 +809,7 @@ TEST_F(frmUtilUserPrivilegesTest, ACopyThatTakesTheRightFromItsOnlyHolderIsRefus
 TEST_F(frmUtilUserPrivilegesTest, ACopyWithoutAnyHolderIsRefused)
 {
     GivenUser(1, QStringLiteral("boss"), QStringLiteral("Secret"),
-              {{QStringLiteral("Masters"), QStringLiteral("D")}});
+              {{QStringLiteral("frmUtilUserPrivileges"), QStringLiteral("E")}});
     GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
     OpenPrivileges();
     prompts.ExpectInformation(QStringLiteral("Selected USer Doesnot Have Any Privilege To Transfer"));
