@@ -12,12 +12,15 @@ namespace tally {
 
 namespace {
 
+/// That of the form to which the row is handed.
+constexpr int HelpScreenNo = 9;
+
 const QString CodeHead = QStringLiteral("TeacherCode");
 
 } // namespace
 
 frmTeacherSearch::frmTeacherSearch()
-    : SearchScreen(QStringLiteral("frmTeacherSearch")), ui_(std::make_unique<Ui::frmTeacherSearch>())
+    : SearchScreen(QStringLiteral("frmTeacherSearch"), HelpScreenNo), ui_(std::make_unique<Ui::frmTeacherSearch>())
 {
     ui_->setupUi(this);
     DressButtons(this);

@@ -14,6 +14,9 @@ namespace tally {
 
 namespace {
 
+/// That of the report which most charts come from.
+constexpr int HelpScreenNo = 25;
+
 /// All values in words, for who cannot see the chart.
 QString Spoken(const ChartTable& table)
 {
@@ -44,7 +47,7 @@ bool PaintPage(QPagedPaintDevice& paper, const Chart& chart)
 } // namespace
 
 frmStudentExamAvgChart::frmStudentExamAvgChart()
-    : Screen(QStringLiteral("frmStudentExamAvgChart"), 0), ui_(std::make_unique<Ui::frmStudentExamAvgChart>())
+    : Screen(QStringLiteral("frmStudentExamAvgChart"), HelpScreenNo), ui_(std::make_unique<Ui::frmStudentExamAvgChart>())
 {
     ui_->setupUi(this);
     DressButtons(this);

@@ -17,7 +17,8 @@ namespace tally {
 
 namespace {
 
-constexpr int NoHelpScreen = 0;
+/// That of the form from which it is opened.
+constexpr int HelpScreenNo = 10;
 constexpr int NumberLength = 15;
 
 NumberChangeRepository Repository()
@@ -28,7 +29,7 @@ NumberChangeRepository Repository()
 } // namespace
 
 frmMasOptionalAdmissionNoChange::frmMasOptionalAdmissionNoChange()
-    : Screen(QStringLiteral("frmMasOptionalAdmissionNoChange"), NoHelpScreen),
+    : Screen(QStringLiteral("frmMasOptionalAdmissionNoChange"), HelpScreenNo),
       ui_(std::make_unique<Ui::frmMasOptionalAdmissionNoChange>())
 {
     ui_->setupUi(this);

@@ -18,6 +18,9 @@ namespace tally {
 
 namespace {
 
+/// That of the form to which the row is handed.
+constexpr int HelpScreenNo = 11;
+
 const QString CodeHead = QStringLiteral("StudentCode");
 const QStringList HiddenHeads{CodeHead, QStringLiteral("Class Code"), QStringLiteral("ClassOrder"),
                               QStringLiteral("AcademicYearCode")};
@@ -25,7 +28,7 @@ const QStringList HiddenHeads{CodeHead, QStringLiteral("Class Code"), QStringLit
 } // namespace
 
 frmMasStudentAdmissionSearch::frmMasStudentAdmissionSearch()
-    : SearchScreen(QStringLiteral("frmMasStudentAdmissionSearch")),
+    : SearchScreen(QStringLiteral("frmMasStudentAdmissionSearch"), HelpScreenNo),
       ui_(std::make_unique<Ui::frmMasStudentAdmissionSearch>())
 {
     ui_->setupUi(this);

@@ -13,12 +13,15 @@ namespace tally {
 
 namespace {
 
+/// That of the form to which the row is handed.
+constexpr int HelpScreenNo = 10;
+
 const QString CodeHead = QStringLiteral("StudentCode");
 
 } // namespace
 
 frmMasStudentMasterSearch::frmMasStudentMasterSearch()
-    : SearchScreen(QStringLiteral("frmMasStudentMasterSearch")),
+    : SearchScreen(QStringLiteral("frmMasStudentMasterSearch"), HelpScreenNo),
       ui_(std::make_unique<Ui::frmMasStudentMasterSearch>())
 {
     ui_->setupUi(this);

@@ -13,6 +13,9 @@ namespace tally {
 
 namespace {
 
+/// That of the form to which the row is handed.
+constexpr int HelpScreenNo = 12;
+
 const QString CodeHead = QStringLiteral("StudentCode");
 const QStringList HiddenHeads{CodeHead, QStringLiteral("RelievingReason"),
                               QStringLiteral("AcademicYearCode")};
@@ -30,7 +33,7 @@ DateRange RangeOf(DateFilter* from, DateFilter* to, const QString& kind)
 } // namespace
 
 frmMasStudentRelievingSearch::frmMasStudentRelievingSearch()
-    : SearchScreen(QStringLiteral("frmMasStudentRelievingSearch")),
+    : SearchScreen(QStringLiteral("frmMasStudentRelievingSearch"), HelpScreenNo),
       ui_(std::make_unique<Ui::frmMasStudentRelievingSearch>())
 {
     ui_->setupUi(this);

@@ -8,6 +8,7 @@
 #include "ui_frmHelp.h"
 #include "utilities/HelpRepository.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
 
@@ -19,6 +20,10 @@ frmHelp::frmHelp() : Screen(QStringLiteral("frmHelp"), 0), ui_(std::make_unique<
     DressButtons(this);
     SetExitButton(ui_->cmdExit);
     ui_->tvwDisplay->setProperty(TakesEnter, true);
+    ui_->tvwDisplay->installEventFilter(this);
+    // No name is cut: two of them may differ in their last word only.
+    ui_->tvwDisplay->header()->setStretchLastSection(false);
+    ui_->tvwDisplay->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     // The text is for reading: who clicks into it is taken on.
     ui_->txtDetail->setFocusProxy(ui_->cmdExit);
     connect(ui_->tvwDisplay, &QTreeWidget::itemClicked, this, &frmHelp::tvwDisplay_Click);
@@ -41,18 +46,24 @@ void frmHelp::Form_Load()
 
 void frmHelp::LoadScreen()
 {
-    screenNo_ = Session().glngScreenNo;
-    ui_->lblName->clear();
-    ui_->txtDetail->clear();
-    if (const auto page = HelpRepository(*help_).Find(screenNo_))
-        Show(*page);
+    Show(HelpRepository(*help_).Find(Session().glngScreenNo).value_or(HelpPage()));
 }
 
-void frmHelp::Form_Activate(bool /*first*/)
+bool frmHelp::event(QEvent* event)
 {
-    // F1 on another screen, while the help stands open behind it, asks for that screen's text.
-    if (help_ && screenNo_ != Session().glngScreenNo)
+    if (event->type() != QEvent::HelpRequest)
+        return Screen::event(event);
+    if (help_)
         Read([this] { LoadScreen(); });
+    return true;
+}
+
+bool frmHelp::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == ui_->tvwDisplay && event->type() == QEvent::KeyPress &&
+        TurnText(static_cast<QKeyEvent*>(event)->key()))
+        return true;
+    return Screen::eventFilter(watched, event);
 }
 
 void frmHelp::tvwDisplay_Click()
@@ -74,14 +85,17 @@ void frmHelp::Show(const HelpPage& page)
 
 void frmHelp::keyPressEvent(QKeyEvent* event)
 {
-    const int key = event->key();
-    if (key != Qt::Key_PageDown && key != Qt::Key_PageUp) {
+    if (!TurnText(event->key()))
         Screen::keyPressEvent(event);
-        return;
-    }
-    // The text never has the keyboard, and is to be turned all the same.
+}
+
+bool frmHelp::TurnText(int key)
+{
+    if (key != Qt::Key_PageDown && key != Qt::Key_PageUp)
+        return false;
     ui_->txtDetail->verticalScrollBar()->triggerAction(
         key == Qt::Key_PageDown ? QAbstractSlider::SliderPageStepAdd : QAbstractSlider::SliderPageStepSub);
+    return true;
 }
 
 QSize frmHelp::sizeHint() const

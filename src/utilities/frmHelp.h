@@ -24,7 +24,9 @@ public:
 
 protected:
     void cmdExit_Click() override { Unload(); }
-    void Form_Activate(bool first) override;
+    /// F1 on a screen while the help stands open behind it asks for that screen's text.
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -32,10 +34,11 @@ private:
     void LoadScreen();
     void tvwDisplay_Click();
     void Show(const HelpPage& page);
+    /// The text never has the keyboard, and its page keys turn it all the same. False for any other key.
+    bool TurnText(int key);
 
     std::unique_ptr<Ui::frmHelp> ui_;
     std::unique_ptr<store::Connection> help_; ///< null where the file could not be opened
-    int screenNo_ = 0;                        ///< the screen that asked last
 };
 
 } // namespace tally

@@ -3,6 +3,8 @@
 #include "core/SessionContext.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
+#include "core/ui/Screen.h"
+#include "core/ui/ScreenRegistry.h"
 #include "core/ui/TakeOnly.h"
 
 #include <QAbstractButton>
@@ -69,6 +71,19 @@ Letter FindLetter(const QWidget* form, const QKeyEvent* key)
     return letter;
 }
 
+void ShowHelp(int screenNo)
+{
+    const QString form = QStringLiteral("frmHelp");
+    Screen* const open = ScreenRegistry::OpenInstance(form);
+    Session().glngScreenNo = screenNo;
+    ShowForm(form);
+    // One that is open may show another text, which the clerk has chosen in it since.
+    if (open) {
+        QEvent asked(QEvent::HelpRequest);
+        QApplication::sendEvent(open, &asked);
+    }
+}
+
 } // namespace
 
 FormKeys::FormKeys(QWidget* form, int helpScreenNo) : QObject(form), form_(form), helpScreenNo_(helpScreenNo)
@@ -119,8 +134,8 @@ bool FormKeys::TakeLetter(QEvent* event)
 bool FormKeys::TakeKey(QWidget* widget, const QKeyEvent* key)
 {
     if (key->key() == Qt::Key_F1 && helpScreenNo_ != 0) {
-        Session().glngScreenNo = helpScreenNo_;
-        ShowForm(QStringLiteral("frmHelp"));
+        if (!Prompts::AreOpen())
+            ShowHelp(helpScreenNo_);
         return true;
     }
     if (IsAltLetter(key))

@@ -9,13 +9,7 @@
 
 namespace tally {
 
-namespace {
-
-constexpr int NoHelp = 0;
-
-} // namespace
-
-SearchScreen::SearchScreen(const QString& formName) : Screen(formName, NoHelp) {}
+SearchScreen::SearchScreen(const QString& formName, int helpScreenNo) : Screen(formName, helpScreenNo) {}
 
 void SearchScreen::SetSearchControls(QAbstractButton* search, QAbstractButton* exit, DataGrid* found,
                                      QWidget* firstFilter)

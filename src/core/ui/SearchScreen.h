@@ -16,7 +16,8 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    explicit SearchScreen(const QString& formName);
+    /// `helpScreenNo`: of the form to which it hands what it found.
+    SearchScreen(const QString& formName, int helpScreenNo);
 
     /// Says which controls these are; `exit` closes the screen, which stays open while it or `search` is off.
     void SetSearchControls(QAbstractButton* search, QAbstractButton* exit, DataGrid* found,
