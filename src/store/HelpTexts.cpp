@@ -258,7 +258,7 @@ constexpr HelpText Texts[] = {
      "What the program may say:\n"
      "- \"Enter Values Properly, Refer Notes Given Below\": each row must lie below the one before it, and the last one at 0.\n"
      "- \"Grade Already Exists\": each grade stands once.\n"
-     "- \"Was Changed By Another User Meanwhile.\": press Alt+C and choose the division again to see the present grades.\n"
+     "- \"By Another User Meanwhile.\": the grades were changed. Press Alt+C and choose the division again to see the present grades.\n"
      "- Marks are entered already: grades stay as they are once there are marks for the exam."},
     {18, "ClassWise Rank - Grade Setup - Copy",
      "Copies the grades of one exam and division to other divisions, to another exam or to the next academic year.\n"
@@ -286,7 +286,7 @@ constexpr HelpText Texts[] = {
      "What the program may say:\n"
      "- \"Entered Mark Should Not Exceed Maximum Allowed Mark :\" and the mark: the subject allows no more. It is set in ClassWise Subject - Teacher - Mark Entry.\n"
      "- \"Mark Entry Is Not Allowed When A Student Is Absent\": choose Present first.\n"
-     "- \"Marks Were Entered By Another User Meanwhile.\": somebody else saved these marks first. Press Alt+C and choose again to see them."},
+     "- \"Were Entered By Another User Meanwhile.\": somebody else saved these marks first. Press Alt+C and choose again to see them."},
     {20, "Promotion Entry",
      "Takes students over into the next academic year, into the next higher class or once more into the same class.\n"
      "\n"
@@ -466,17 +466,21 @@ constexpr HelpText Texts[] = {
      "2. Type the login, and the password twice; say whether the person is blocked.\n"
      "3. Type how many days before the application date the person may work. Nothing means none.\n"
      "4. Press Alt+G for the tree. The blank key ticks a line and all below it; the right arrow opens what stands below a line. A screen opens from the menu only if its own line and that of its menu are ticked.\n"
-     "5. Press Alt+S to save. Menus open with the new rights at the next login, buttons at once.\n"
-     "6. To copy rights, choose From with Alt+F and To with Alt+T, and press Alt+O.\n"
+     "5. Press Alt+S to save. Menus open with the new rights at the next login, buttons at once. When the very first login is saved, close the program and log in with it: until then nobody has rights.\n"
+     "6. To copy rights, choose From with Alt+F and To with Alt+T, and press Alt+O. Who copies needs the right to edit here.\n"
      "\n"
      "What the program may say:\n"
      "- \"Login ID Already Exists\": another person has it. Small and capital letters are the same.\n"
      "- \"Password Does Not Match\": the two passwords differ. Type both once more.\n"
+     "- \"Days Should Not Be Greater Than 365\": nobody works further back than a year.\n"
      "- \"Atleast One User Should Have Privilege To 'Utility Privilege' Menu\": somebody must be left who can give rights. Keep Utilities, User Privileges, its New and its Edit ticked, or give them to another person first.\n"
      "- \"All The Users Cannot Be Blocked\": this is the last person who can give rights.\n"
      "- \"Atleast One User Should Have Privilege To Work Cannot Able To Tansfer\": the copy would take the rights from that last person.\n"
+     "- \"Selected USer Doesnot Have Any Privilege To Transfer\": nobody has the right New of User Privileges, so that nobody could give rights after the copy. Give it to somebody first.\n"
+     "- \"Both 'From User' And 'To User' Should Not Be Same\": choose two people.\n"
      "- \"No Privilege Exists For\" and \"Login Not Created For\" a name: rights are copied from somebody who has some, to somebody who has a login.\n"
-     "- \"Privileges Of This User Were Changed By Another User Meanwhile.\": press Alt+C and choose the person again to see them."},
+     "- \"Privileges Of This User Were Changed By Another User Meanwhile.\": press Alt+C and choose the person again to see them.\n"
+     "- \"Selected Master Data Is Deleted.\": somebody has deleted this person in User Master meanwhile."},
     {35, "Database Backup / Database Restore",
      "Copies the data of the school to a file of your choice, or brings such a copy back. Keep backups on another disk, and take one every day.\n"
      "\n"
@@ -485,13 +489,19 @@ constexpr HelpText Texts[] = {
      "2. Type the path of the file, which ends in .mdb, or choose it with the button beside it.\n"
      "3. Press Alt+U and answer the questions.\n"
      "4. Alt+L shows what was backed up and restored, and when.\n"
+     "5. Utilities, Compress Database Size gives back the room that deleted entries have left. Log out on all other computers first. The file as it was lies beside it afterwards, under the name Tallyboard.Bak.\n"
      "\n"
      "What the program may say:\n"
      "- \"Give File Name With .mdb As Its Suffix\": the name of the file must end so.\n"
      "- \"Source And Destination Paths Should Not Be Same\": the school cannot be copied to itself. Choose another file.\n"
      "- \"Enter Source File Path Correctly\": there is no such file.\n"
      "- \"The Source File Is Not A 'KITE-Tally Board' Database File. Select Correct File\": the file is not a backup of this program. Nothing was changed.\n"
-     "- A restore brings back everything as it was at the time of the backup: what was entered since then is gone. The rights of the backup count from the next login on."},
+     "- \"The Source File Is Not Complete.\": the file lacks a part of the data. Nothing was changed. Choose another backup.\n"
+     "- \"This File Belongs To The Program Itself. Give A Different File Name\": a backup must not take the place of a file that the program works with.\n"
+     "- \"Invalid File Name\": there is no such folder, or the disk allows no such name.\n"
+     "- \"Old Database Will Be Lost\": Cancel leaves the file as it is; the log gets its line all the same.\n"
+     "- A restore brings back everything as it was at the time of the backup. The school as it was before the restore lies beside it until the next one, in a file whose name begins with Tallyboard before restore and tells day and time; restore that file to go back.\n"
+     "- Buttons follow the restored rights at once, menus from the next login on."},
     {37, "Options",
      "Sets how the program works: whether a screen asks before it closes, whether admission numbers are generated, the latest date of birth and the gender for new students, and whether marks have fractions or are rounded in reports.\n"
      "\n"

@@ -32,6 +32,20 @@ QVector<SourceFile> SourceFiles()
     return files;
 }
 
+/// The texts of all forms, without the signs before their letters.
+QString CaptionsOfForms()
+{
+    QString captions;
+    QDirIterator forms(QStringLiteral(TALLY_SOURCE_FOLDER), {QStringLiteral("*.ui")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (forms.hasNext()) {
+        QFile form(forms.next());
+        EXPECT_TRUE(form.open(QFile::ReadOnly));
+        captions += QString::fromUtf8(form.readAll()).remove(QLatin1String("&amp;"));
+    }
+    return captions;
+}
+
 bool Holds(const QString& text, const char* pattern)
 {
     return QRegularExpression(QString::fromLatin1(pattern)).match(text).hasMatch();
@@ -189,6 +203,25 @@ TEST(HouseRulesTest, OnlyTheStoreTheRepositoriesAndTheDefinitionsHoldStatements)
             EXPECT_FALSE(HoldsStatement(file.text)) << file.path.toStdString();
         }
     }
+}
+
+TEST(HouseRulesTest, WhatTheHelpQuotesIsWhatTheProgramSays)
+{
+    static const QRegularExpression quote(QStringLiteral("\\\\\"(.*?)\\\\\""));
+    QString said = CaptionsOfForms();
+    QString help;
+    for (const SourceFile& file : SourceFiles()) {
+        QString& text = file.path == QLatin1String("store/HelpTexts.cpp") ? help : said;
+        text += Literals(file.text).join(QLatin1Char('\n')) + QLatin1Char('\n');
+    }
+    int quotes = 0;
+    auto found = quote.globalMatch(help);
+    while (found.hasNext()) {
+        const QString text = found.next().captured(1);
+        EXPECT_TRUE(said.contains(text)) << text.toStdString();
+        ++quotes;
+    }
+    EXPECT_GE(quotes, 100);
 }
 
 TEST(HouseRulesTest, AnInsertNamesItsColumns)
