@@ -185,8 +185,8 @@ constexpr Ways Known[] = {
      "A:dtpApplicationDate C:cmdCancel S:cmdSave X:cmdExit", ""},
     {"frmUtilApplicationDateSetup", "cmdAddOneDay cmdDeleteLastDay cmdExit", "X:cmdExit", ""},
     {"frmUtilBackupRestore",
-     "optBackUp optRecovery txtSourcePath cmdSourcePath txtDestinationPath cmdDestPath cmdBackup cmdCancel "
-     "cmdExit cmdDetails msgDetails",
+     "optBackUp txtSourcePath cmdSourcePath txtDestinationPath cmdDestPath cmdBackup cmdCancel cmdExit "
+     "cmdDetails msgDetails",
      "B:optBackUp C:cmdCancel D:txtDestinationPath E:cmdDestPath L:cmdDetails R:optRecovery S:txtSourcePath "
      "U:cmdBackup W:cmdSourcePath X:cmdExit",
      "optBackUp"},

@@ -2,6 +2,7 @@
 // fields take, and what is off or out of sight. Clerks find their way by these words, and paper forms and
 // notes in the office quote them, so none changes by chance.
 
+#include "core/ProgramFolder.h"
 #include "core/ui/look/Look.h"
 #include "WindowsFixture.h"
 
@@ -75,7 +76,8 @@ QStringList ContentOf(const QWidget* control)
         content.append(QStringLiteral("for ") + label->buddy()->objectName());
     if (const auto* field = qobject_cast<const QLineEdit*>(control)) {
         if (!field->text().isEmpty())
-            content.append(QStringLiteral("holds ") + Quoted(field->text()));
+            content.append(QStringLiteral("holds ") +
+                           Quoted(QString(field->text()).replace(ProgramFolder(), QLatin1String("..."))));
         if (field->maxLength() != Unlimited)
             content.append(QStringLiteral("takes %1").arg(field->maxLength()));
         if (field->isReadOnly())

@@ -27,7 +27,8 @@ TEST(ScreensTest, EveryScreenOfTheProgramIsReachableFromTheMenus)
         "frmdivisionsubjectexamavg frmstudentexamavg frmstudentyearlyexamavg "
         "frmstudentslistbelow frmstudentslistabove frmrptClassList frmrptClasssubjectteacher "
         "frmUtilApplicationDateSetup "
-        "frmUtilApplicationDateChange frmUtilUserMaster frmUtilOptions AboutUs");
+        "frmUtilApplicationDateChange frmUtilUserMaster frmUtilUserPrivileges frmUtilBackupRestore "
+        "frmUtilOptions frmHelp AboutUs");
 }
 
 TEST(ScreensTest, ASecondScreenOfOneNameIsRefused)

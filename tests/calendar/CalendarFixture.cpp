@@ -1,5 +1,6 @@
 #include "calendar/CalendarFixture.h"
 
+#include "core/DatabasePassword.h"
 #include "core/shell/mdiTallyboard.h"
 #include "core/TempFolder.h"
 #include "core/ui/controls/DatePicker.h"
@@ -71,6 +72,7 @@ void CalendarFixture::Start()
     SessionContext fresh;
     fresh.gcnnMain = std::move(Session().gcnnMain);
     fresh.gcnnTemp = std::move(Session().gcnnTemp);
+    BuildDatabasePassword(fresh);
     fresh.gintUserCode = fresh.gintPrivilegeUserCode = 4;
     Session() = std::move(fresh);
     CreateTempFolder();
