@@ -17,7 +17,8 @@ QList<LoggedCopy> BackupLogRepository::All(store::Connection& log, CopyMode mode
     return copies;
 }
 
-void BackupLogRepository::Add(store::Transaction& log, CopyMode mode, const QString& path, const QDateTime& now)
+void BackupLogRepository::Add(store::Transaction& log, CopyMode mode, const QString& path,
+                              const QDateTime& now)
 {
     const QString date = now.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
     if (mode == CopyMode::Backup)

@@ -62,7 +62,8 @@ TEST_F(BackupLogRepositoryTest, APathOf300LettersIsKeptWhole)
 TEST_F(BackupLogRepositoryTest, TheDayIsShownAsEverywhereAndAnOddTextAsItStands)
 {
     Add(CopyMode::Backup, QStringLiteral("/a.mdb"));
-    EXPECT_EQ(ShownLogDate(BackupLogRepository::All(log, CopyMode::Backup).first().date).toStdString(), "22/Nov/2026");
+    EXPECT_EQ(ShownLogDate(BackupLogRepository::All(log, CopyMode::Backup).first().date).toStdString(),
+              "22/Nov/2026");
     EXPECT_EQ(ShownLogDate(QStringLiteral("yesterday")).toStdString(), "yesterday");
     EXPECT_EQ(ShownLogDate(QString()).toStdString(), "");
 }
