@@ -20,7 +20,8 @@ const QString CodeHead = QStringLiteral("TeacherCode");
 } // namespace
 
 frmTeacherSearch::frmTeacherSearch()
-    : SearchScreen(QStringLiteral("frmTeacherSearch"), HelpScreenNo), ui_(std::make_unique<Ui::frmTeacherSearch>())
+    : SearchScreen(QStringLiteral("frmTeacherSearch"), HelpScreenNo),
+      ui_(std::make_unique<Ui::frmTeacherSearch>())
 {
     ui_->setupUi(this);
     DressButtons(this);

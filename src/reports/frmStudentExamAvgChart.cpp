@@ -47,7 +47,8 @@ bool PaintPage(QPagedPaintDevice& paper, const Chart& chart)
 } // namespace
 
 frmStudentExamAvgChart::frmStudentExamAvgChart()
-    : Screen(QStringLiteral("frmStudentExamAvgChart"), HelpScreenNo), ui_(std::make_unique<Ui::frmStudentExamAvgChart>())
+    : Screen(QStringLiteral("frmStudentExamAvgChart"), HelpScreenNo),
+      ui_(std::make_unique<Ui::frmStudentExamAvgChart>())
 {
     ui_->setupUi(this);
     DressButtons(this);

@@ -4,8 +4,8 @@ namespace tally::store {
 
 namespace {
 
-// What a screen is for, the steps of its main job by keyboard, and what its refusals mean: a line of the text in
-// each line here.
+// What a screen is for, the steps of its main job by keyboard, and what its refusals mean: a line of the text
+// in each line here.
 // clang-format off
 constexpr HelpText Texts[] = {
     {1, "State Master",
