@@ -70,6 +70,10 @@ frmUtilBackupRestore::frmUtilBackupRestore()
     DressGrid(ui_->msgDetails);
     ui_->msgDetails->hide();
     ui_->prgProgress->setMaximum(static_cast<int>(BarParts));
+    // The fields need their room whether the bar is there or not.
+    QSizePolicy room = ui_->prgProgress->sizePolicy();
+    room.setRetainSizeWhenHidden(true);
+    ui_->prgProgress->setSizePolicy(room);
     ui_->prgProgress->hide();
     Timer1_->setObjectName(QStringLiteral("Timer1"));
     Timer1_->setInterval(TimerStep);

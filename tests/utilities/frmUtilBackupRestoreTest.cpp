@@ -8,6 +8,7 @@
 #include "store/OldMainFile.h"
 #include "store/Restore.h"
 #include "store/Tables.h"
+#include "support/AsOrdinaryUser.h"
 #include "support/FileSizeLimit.h"
 #include "support/FormDriver.h"
 
@@ -22,7 +23,7 @@
 
 #include <algorithm>
 #include <functional>
-#include <unistd.h>
+#include <sys/stat.h>
 
 namespace tally::test {
 namespace {
@@ -448,7 +449,11 @@ TEST_F(frmUtilBackupRestoreTest, TheBarShowsHowFarTheWorkHasComeAndStaysForAWhil
     TypeDestination(In("Copy.mdb"));
     QList<int> values;
     QObject::connect(bar, &QProgressBar::valueChanged, form, [&values](int value) { values.append(value); });
-    Meanwhile([bar] { EXPECT_TRUE(bar->isVisible()); });
+    const QRect field = Box("txtDestinationPath")->geometry();
+    Meanwhile([this, bar, field] {
+        EXPECT_TRUE(bar->isVisible());
+        EXPECT_EQ(Box("txtDestinationPath")->geometry(), field);
+    });
     prompts.ExpectInformation(BackedUp);
     Go();
     ASSERT_TRUE(came);
@@ -604,16 +609,20 @@ TEST_F(frmUtilBackupRestoreTest, ADiskThatTakesNoMoreIsTold)
 
 TEST_F(frmUtilBackupRestoreTest, AFolderThatTakesNoFilesIsTold)
 {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "the owner of the machine may write everywhere";
     OpenBackup();
     ASSERT_TRUE(QDir(Folder()).mkdir(QStringLiteral("Closed")));
-    QFile::setPermissions(In("Closed"), QFile::ReadOwner | QFile::ExeOwner);
+    ASSERT_EQ(chmod(QFile::encodeName(In("Closed")).constData(), 0555), 0);
+    ASSERT_EQ(chmod(QFile::encodeName(In("Tallyboard.mdb")).constData(), 0666), 0);
+    ASSERT_EQ(chmod(QFile::encodeName(Folder()).constData(), 0777), 0);
     TypeDestination(In("Closed/Copy.mdb"));
     prompts.ExpectCritical(QStringLiteral("The Copy Could Not Be Written (Permission denied)"));
-    Go();
+    {
+        const AsOrdinaryUser clerk;
+        Go();
+    }
     prompts.Verify();
-    QFile::setPermissions(In("Closed"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_TRUE(QDir(In("Closed")).isEmpty());
+    EXPECT_EQ(LoggedBackups(In("Closed/Copy.mdb")), 0);
     EXPECT_NE(Session().gcnnMain, nullptr);
 }
 
