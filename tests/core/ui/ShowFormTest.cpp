@@ -4,7 +4,6 @@
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
-#include "support/StandIn.h"
 
 #include <QAction>
 #include <QApplication>
