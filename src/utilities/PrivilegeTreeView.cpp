@@ -3,7 +3,10 @@
 #include "utilities/PrivilegeTree.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QSignalBlocker>
+
+#include <algorithm>
 
 namespace tally {
 
@@ -73,6 +76,13 @@ void PrivilegeTreeView::NodeCheck(const QTreeWidgetItem* node)
         items_.at(static_cast<std::size_t>(below) - 1)->setCheckState(0, node->checkState(0));
     // Nobody has told the view of them.
     viewport()->update();
+}
+
+QSize PrivilegeTreeView::sizeHint() const
+{
+    const QSize usual = QTreeWidget::sizeHint();
+    const int beside = verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+    return {std::max(usual.width(), sizeHintForColumn(0) + beside), usual.height()};
 }
 
 void PrivilegeTreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,

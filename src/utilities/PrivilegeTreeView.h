@@ -23,6 +23,9 @@ public:
     /// Whether nobody may tick; the lines are there to be read in any case.
     void SetClosed(bool closed);
 
+    /// Room for each caption where the window has it.
+    QSize sizeHint() const override;
+
 protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                  const QModelIndex& index) const override;

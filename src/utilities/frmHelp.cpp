@@ -100,7 +100,7 @@ bool frmHelp::TurnText(int key)
 
 QSize frmHelp::sizeHint() const
 {
-    return {760, 520};
+    return {900, 560};
 }
 
 } // namespace tally
