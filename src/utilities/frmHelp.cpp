@@ -21,6 +21,7 @@ frmHelp::frmHelp() : Screen(QStringLiteral("frmHelp"), 0), ui_(std::make_unique<
     SetExitButton(ui_->cmdExit);
     ui_->tvwDisplay->setProperty(TakesEnter, true);
     ui_->tvwDisplay->installEventFilter(this);
+    ui_->tvwDisplay->setHeaderLabel(QStringLiteral("SCREEN NAME"));
     // No name is cut: two of them may differ in their last word only.
     ui_->tvwDisplay->header()->setStretchLastSection(false);
     ui_->tvwDisplay->header()->setSectionResizeMode(QHeaderView::ResizeToContents);

@@ -51,7 +51,7 @@ void frmUtilUserPrivileges::Form_Load()
         TakeOnly(field, &KeyAlphaNumeric, LoginWidth);
     TakeOnly(ui_->txtDays, &KeyNumeric, DaysWidth);
     ui_->cmdAddUserName->setShortcut(QKeySequence(Qt::ALT | Qt::SHIFT | Qt::Key_U));
-    RefillLists();
+    frmUtilUserPrivileges::RefillLists();
     SetMasterControls({ui_->Frame1, ui_->cmdNew, ui_->cmdEdit, nullptr, ui_->cmdSave});
     ui_->cmdNew->setFocus();
 }
