@@ -266,7 +266,7 @@ bool frmUtilBackupRestore::RunLong(const std::function<void()>& work)
         // The field that has the keyboard gets it back, so it is asked for before it is disabled.
         const InputOnlyTo cancel(ui_->cmdCancel);
         SetBusy(true);
-        sincePainted_.start();
+        sincePainted_.invalidate();
         try {
             work();
         } catch (const store::Cancelled& end) {
@@ -293,9 +293,9 @@ bool frmUtilBackupRestore::ShowProgress(qint64 done, qint64 total)
     } else {
         ui_->prgProgress->setRange(0, 0);
     }
-    if (sincePainted_.hasExpired(BetweenPaints)) {
+    if (!sincePainted_.isValid() || sincePainted_.hasExpired(BetweenPaints)) {
         QCoreApplication::processEvents();
-        sincePainted_.restart();
+        sincePainted_.start();
     }
     return !stopped_;
 }

@@ -355,7 +355,8 @@ TEST_F(Backup, OfADamagedFileIsRefusedAndTheEarlierOneStays)
     const QByteArray earlier = files.Bytes(QStringLiteral("Copy.mdb"));
     Connection main(files.Path(), Password);
     QByteArray bytes = files.Bytes();
-    for (qsizetype at = 5 * 4096; at < 6 * 4096; ++at)
+    constexpr qsizetype Page = 4096;
+    for (qsizetype at = 5 * Page; at < 6 * Page; ++at)
         bytes[at] = static_cast<char>(bytes[at] ^ 0x55);
     QFile file(files.Path());
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));

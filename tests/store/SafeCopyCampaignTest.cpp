@@ -185,6 +185,7 @@ protected:
         int noted[2] = {-1, -1};
         ASSERT_EQ(pipe(noted), 0);
         std::vector<pid_t> working;
+        working.reserve(static_cast<std::size_t>(clients));
         for (int client = 0; client < clients; ++client)
             working.push_back(Start([&, client] {
                 close(noted[0]);

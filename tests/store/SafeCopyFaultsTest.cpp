@@ -41,7 +41,7 @@ protected:
                 ended = RunWithFault(failed, GetParam(), work);
             } catch (const store::StoreError& error) {
                 isTold = true;
-                const QString text = error.Description();
+                const QString& text = error.Description();
                 EXPECT_FALSE(text.isEmpty());
                 EXPECT_FALSE(text.contains(QLatin1String("Unknown error"))) << text.toStdString();
                 fullDisks += text.startsWith(QLatin1String("The Disk Is Full.")) ? 1 : 0;

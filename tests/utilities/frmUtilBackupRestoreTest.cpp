@@ -90,12 +90,9 @@ protected:
     {
         return Logged("RestoreDatabase", QStringLiteral("RestorePath"), QDir::toNativeSeparators(path));
     }
-    /// Makes the school large enough that work on it looks for input, and does something else at that moment.
+    /// Does something else as soon as the next work looks for input, which it does at its first word.
     void Meanwhile(const std::function<void()>& work)
     {
-        Session().gcnnMain->Execute(QStringLiteral("CREATE TABLE IF NOT EXISTS Large (Bytes BLOB)"));
-        if (Count("SELECT count(*) FROM Large") == 0)
-            Session().gcnnMain->Execute(QStringLiteral("INSERT INTO Large VALUES (zeroblob(100000000))"));
         came = false;
         QTimer::singleShot(0, form, [this, work] {
             came = true;
@@ -420,7 +417,6 @@ TEST_F(frmUtilBackupRestoreTest, TheClockThatWouldFailIsStillWhileASourceIsProve
 TEST_F(frmUtilBackupRestoreTest, ARestoreThatIsCancelledWhileItPoursChangesNothing)
 {
     OpenBackup();
-    Meanwhile([] {});
     BackUpTo("Copy.mdb");
     Given("INSERT INTO StateMaster VALUES (7, 'Kerala', 1)");
     TypeRestore("Copy.mdb");
@@ -445,6 +441,8 @@ TEST_F(frmUtilBackupRestoreTest, ARestoreThatIsCancelledWhileItPoursChangesNothi
 TEST_F(frmUtilBackupRestoreTest, TheBarShowsHowFarTheWorkHasComeAndStaysForAWhile)
 {
     OpenBackup();
+    Given("CREATE TABLE Large (Bytes BLOB)");
+    Given("INSERT INTO Large VALUES (zeroblob(20000000))");
     auto* bar = Find<QProgressBar>(form, "prgProgress");
     TypeDestination(In("Copy.mdb"));
     QList<int> values;
@@ -457,7 +455,7 @@ TEST_F(frmUtilBackupRestoreTest, TheBarShowsHowFarTheWorkHasComeAndStaysForAWhil
     prompts.ExpectInformation(BackedUp);
     Go();
     ASSERT_TRUE(came);
-    EXPECT_GT(values.size(), 50);
+    EXPECT_GT(values.size(), 10);
     EXPECT_TRUE(
         std::any_of(values.begin(), values.end(), [](int value) { return value > 400 && value < 600; }));
     auto* timer = Find<QTimer>(form, "Timer1");
