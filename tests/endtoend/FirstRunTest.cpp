@@ -114,13 +114,13 @@ TEST(FirstRunTest, FromDeliveredDatabasesToTheFirstWorkingDayAndTheFirstLogin)
     // The year is asked for as soon as the school is stored, in front of the form that stored it.
     day.Exit();
 
-    // One of the two entries of the menu that begin with U, then the other.
-    day.Press({QStringLiteral("alt+u"), QStringLiteral("u"), QStringLiteral("Return")});
+    // The menu opens on the first of its two entries that begin with U, since those above are off.
+    day.Press({QStringLiteral("alt+u"), QStringLiteral("Return")});
     day.New();
     day.Type("Asha Menon");
     day.Save();
     day.Exit();
-    day.Press({QStringLiteral("alt+u"), QStringLiteral("u"), QStringLiteral("u"), QStringLiteral("Return")});
+    day.Press({QStringLiteral("alt+u"), QStringLiteral("u"), QStringLiteral("Return")});
     day.New();
     day.ChooseNext();
     for (const char* text : {"asha", "Secret9", "Secret9"})
