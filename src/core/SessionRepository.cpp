@@ -160,9 +160,8 @@ void SessionRepository::CallRoll(store::Transaction& transaction)
 
 bool SessionRepository::IsRollAnswered()
 {
-    return main_.Number(
-               QStringLiteral("SELECT count(*) FROM ExamBoardMaster WHERE BoardCode = 1 AND Status = 'A'")) >
-           0;
+    return main_.Number(QStringLiteral(
+               "SELECT count(*) FROM ExamBoardMaster WHERE BoardCode = 1 AND Status = 'A'")) > 0;
 }
 
 void SessionRepository::TakeScreen(store::Transaction& transaction, const QString& screenName)
