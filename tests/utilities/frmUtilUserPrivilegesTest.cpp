@@ -3,9 +3,12 @@
 #include "core/SessionRepository.h"
 #include "core/shell/mdiTallyboard.h"
 #include "core/ui/ScreenRegistry.h"
+#include "store/Transaction.h"
+#include "support/EngineWaits.h"
 #include "support/FormDriver.h"
 #include "utilities/PrivilegeTree.h"
 #include "utilities/PrivilegeTreeView.h"
+#include "utilities/UserPrivilegeRepository.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -13,6 +16,11 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QTreeWidgetItemIterator>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <thread>
 
 namespace tally::test {
 namespace {
@@ -29,6 +37,67 @@ const QList<std::pair<QString, QString>> AllOfPrivileges{
     {QStringLiteral("frmUtilUserPrivileges"), QStringLiteral("N")},
     {QStringLiteral("frmUtilUserPrivileges"), QStringLiteral("E")},
 };
+
+using Change = std::function<void(store::Transaction&)>;
+
+/// A change of another client, who commits it when this one waits for him, and no sooner.
+class ChangeOfAnother
+{
+public:
+    ChangeOfAnother(std::unique_ptr<store::Connection> client, const Change& change)
+        : client_(std::move(client)), saving_(*client_)
+    {
+        change(saving_);
+        committing_ = std::thread([this] {
+            AwaitEngineWait(before_);
+            saving_.Commit();
+        });
+    }
+    ChangeOfAnother(const ChangeOfAnother&) = delete;
+    ChangeOfAnother& operator=(const ChangeOfAnother&) = delete;
+    ~ChangeOfAnother()
+    {
+        EXPECT_GT(EngineWaits(), before_) << "nobody waited";
+        // Where nobody did, the other one is still within his change.
+        const store::Transaction behind(*Session().gcnnMain);
+        committing_.join();
+    }
+
+private:
+    std::unique_ptr<store::Connection> client_;
+    store::Transaction saving_;
+    std::size_t before_ = EngineWaits();
+    std::thread committing_;
+};
+
+/// Person 1 as the second manager stores him.
+void SaveBoss(store::Transaction& transaction, bool blocked, const std::set<int>& lines)
+{
+    const auto found = UserPrivilegeRepository(transaction.On()).Find(1);
+    UserLogin login = found.value().login;
+    login.blocked = blocked;
+    EXPECT_EQ(SavePrivileges(transaction, {1, blocked, lines}, login, found, 2), PrivilegeFault::None);
+}
+
+void TakeRightsFromBoss(store::Transaction& transaction)
+{
+    SaveBoss(transaction, false, {});
+}
+
+void BlockBoss(store::Transaction& transaction)
+{
+    SaveBoss(transaction, true, {PrivilegeLine::Managing.begin(), PrivilegeLine::Managing.end()});
+}
+
+void CopyRightsOfClerkToBoss(store::Transaction& transaction)
+{
+    EXPECT_EQ(CopyPrivileges(transaction, 3, 1, true), CopyFault::None);
+}
+
+Change Statement(const char* sql)
+{
+    return [sql](store::Transaction& transaction) { transaction.Execute(QString::fromLatin1(sql)); };
+}
 
 class frmUtilUserPrivilegesTest : public FormDriver<frmUtilUserPrivileges>
 {
@@ -128,6 +197,57 @@ protected:
             Choose("dbcToUser", QString::fromLatin1(to));
         Press(Button("cmdTransfer"));
         prompts.Verify();
+    }
+    /// Two who can give rights, he who works here and bala, and a clerk who cannot.
+    void GivenTwoManagers()
+    {
+        GivenManager();
+        GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"), AllOfPrivileges);
+        GivenUser(3, QStringLiteral("clerk"), QStringLiteral("Pass"),
+                  {{QStringLiteral("Masters"), QStringLiteral("D")}});
+    }
+    /// Presses Save while another client is within `change`, which is stored before this one's turn.
+    void ExpectToldBehind(const Change& change, const QString& text)
+    {
+        const ChangeOfAnother saving(AnotherClient(), change);
+        ExpectTold(text);
+    }
+    void ExpectTakingTheRightRefusedBehind(const Change& change)
+    {
+        GivenTwoManagers();
+        OpenPrivileges();
+        BeginEdit("User bala");
+        Toggle(PrivilegeLine::UserPrivileges);
+        ExpectToldBehind(change, NobodyManages);
+        EXPECT_EQ(RightsOfUser(2), 4);
+    }
+    void ExpectBlockingRefusedBehind(const Change& change)
+    {
+        GivenTwoManagers();
+        OpenPrivileges();
+        BeginEdit("User bala");
+        ChooseBlocked("YES");
+        ExpectToldBehind(change, QStringLiteral("All The Users Cannot Be Blocked"));
+        EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster WHERE UserCode = 2 AND Block = 'N'"), 1);
+    }
+    /// Copies the clerk's rights to bala; the other client begins when the question is answered.
+    void ExpectCopyRefusedBehind(const Change& change)
+    {
+        GivenTwoManagers();
+        OpenPrivileges();
+        std::optional<ChangeOfAnother> saving;
+        QStringList told;
+        Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+            told.append(text);
+            if (!saving)
+                saving.emplace(AnotherClient(), change);
+            return true;
+        });
+        CopyTo("User clerk", "User bala");
+        EXPECT_EQ(told.join(QLatin1Char('|')).toStdString(),
+                  "Privilege Already Exists For User bala.Do You Want To Replace The Existing Privilege ?"
+                  "|Atleast One User Should Have Privilege To Work Cannot Able To Tansfer");
+        EXPECT_EQ(RightsOfUser(2), 4);
     }
     qint64 RightsOfUser(int code)
     {
@@ -461,6 +581,89 @@ TEST_F(frmUtilUserPrivilegesTest, OfTwoWhoTakeTheRightFromEachOtherAtOnceTheSeco
         QStringLiteral("DELETE FROM UserPrivilegeDetails WHERE UserCode = 1 AND ButtonName IN ('N', 'E')"));
     ExpectTold(NobodyManages);
     EXPECT_EQ(RightsOfUser(2), 4);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhoTakesTheRightWhileTheOtherOneTakesItFromHimIsRefused)
+{
+    ExpectTakingTheRightRefusedBehind(&TakeRightsFromBoss);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhoTakesTheRightWhileTheOtherOneBlocksHimIsRefused)
+{
+    ExpectTakingTheRightRefusedBehind(&BlockBoss);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhoTakesTheRightWhileTheOtherOneCopiesLesserRightsToHimIsRefused)
+{
+    ExpectTakingTheRightRefusedBehind(&CopyRightsOfClerkToBoss);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhoBlocksTheOtherOneWhileThatOneTakesTheRightFromHimIsRefused)
+{
+    ExpectBlockingRefusedBehind(&TakeRightsFromBoss);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, OfTwoWhoBlockEachOtherAtOneMomentTheSecondIsRefused)
+{
+    ExpectBlockingRefusedBehind(&BlockBoss);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, OfTwoWhoCopyLesserRightsToEachOtherAtOneMomentTheSecondIsRefused)
+{
+    ExpectCopyRefusedBehind(&CopyRightsOfClerkToBoss);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhoCopiesLesserRightsWhileTheOtherOneTakesTheRightFromHimIsRefused)
+{
+    ExpectCopyRefusedBehind(&TakeRightsFromBoss);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhoCopiesLesserRightsWhileTheOtherOneBlocksHimIsRefused)
+{
+    ExpectCopyRefusedBehind(&BlockBoss);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, RightsThatAnotherUserGivesWhileACopyWaitsAreAskedFor)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    {
+        const ChangeOfAnother saving(AnotherClient(),
+                                     Statement("INSERT INTO UserPrivilegeDetails (FormName, ButtonName,"
+                                               " UserCode) VALUES ('Masters', 'D', 2)"));
+        prompts.ExpectQuestion(QStringLiteral("Privilege Already Exists For User bala.Do You Want To Replace "
+                                              "The Existing Privilege ?"),
+                               false);
+        CopyTo("User boss", "User bala");
+    }
+    EXPECT_EQ(RightsOfUser(2), 1);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ALoginIdThatAnotherUserTakesWhileASaveWaitsIsRefused)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    GivenPerson(3, "Third");
+    OpenPrivileges();
+    BeginNew("Third");
+    EnterLogin("third", "x");
+    ExpectToldBehind(Statement("UPDATE UserPrivilegeMaster SET LoginId = 'Third' WHERE UserCode = 2"),
+                     QStringLiteral("Login ID Already Exists"));
+    EXPECT_EQ(Count("SELECT count(*) FROM UserPrivilegeMaster WHERE UserCode = 3"), 0);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhatAnotherUserStoresWhileASaveWaitsIsNotWrittenOver)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    OpenPrivileges();
+    BeginEdit("User bala");
+    Toggle(3);
+    ExpectToldBehind(Statement("UPDATE UserPrivilegeMaster SET Password = 'New' WHERE UserCode = 2"),
+                     QStringLiteral("Privileges Of This User Were Changed By Another User Meanwhile.\n"
+                                    "You Cannot Save This Data."));
+    EXPECT_EQ(RightsOfUser(2), 0);
 }
 
 TEST_F(frmUtilUserPrivilegesTest, WhatAnotherUserStoredMeanwhileIsNotWrittenOver)
