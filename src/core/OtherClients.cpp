@@ -8,7 +8,8 @@
 
 namespace tally {
 
-bool OtherClientsAnswer(store::Connection& main, std::chrono::milliseconds patience)
+bool OtherClientsAnswer(store::Connection& main, std::chrono::milliseconds patience,
+                        const std::function<void()>& whileWaiting)
 {
     // While one client looks, none can answer; the clock of one that has met a look waits for its next tick.
     constexpr std::chrono::milliseconds BetweenLooks{250};
@@ -23,6 +24,8 @@ bool OtherClientsAnswer(store::Connection& main, std::chrono::milliseconds patie
     while (!waiting.hasExpired(patience.count())) {
         if (repository.IsRollAnswered())
             return true;
+        if (whileWaiting)
+            whileWaiting();
         std::this_thread::sleep_for(BetweenLooks);
     }
     return repository.IsRollAnswered();

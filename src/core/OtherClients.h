@@ -3,6 +3,7 @@
 #include "store/Connection.h"
 
 #include <chrono>
+#include <functional>
 
 namespace tally {
 
@@ -11,7 +12,8 @@ namespace tally {
 constexpr std::chrono::milliseconds RollPatience{3500};
 
 /// Whether another client works with the school in `main` just now. The own clock must keep still meanwhile.
-/// Throws StoreError.
-bool OtherClientsAnswer(store::Connection& main, std::chrono::milliseconds patience = RollPatience);
+/// `whileWaiting` runs between one look and the next. Throws StoreError.
+bool OtherClientsAnswer(store::Connection& main, std::chrono::milliseconds patience = RollPatience,
+                        const std::function<void()>& whileWaiting = {});
 
 } // namespace tally

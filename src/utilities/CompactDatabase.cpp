@@ -5,12 +5,16 @@
 #include "core/OtherClients.h"
 #include "core/SessionContext.h"
 #include "core/ui/controls/HourGlass.h"
+#include "core/ui/OpenBox.h"
 #include "core/ui/PresencePause.h"
 #include "core/ui/Prompts.h"
 #include "store/Compact.h"
 #include "store/Connection.h"
 #include "store/StoreError.h"
 #include "utilities/ClosedMain.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
 
 namespace tally {
 
@@ -25,8 +29,11 @@ QString ReasonNotTo()
 {
     const HourGlass busy;
     const PresencePause ownClockIsStill;
+    const Prompts::OpenBox nothingStarts;
+    // The question has been answered, and must be seen to go.
+    const auto paint = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
     try {
-        if (!OtherClientsAnswer(MainStore()))
+        if (!OtherClientsAnswer(MainStore(), RollPatience, paint))
             return {};
     } catch (const store::StoreError& error) {
         if (!error.IsLocked())

@@ -45,7 +45,7 @@ bool MovesFocus(const QEvent* event)
 
 } // namespace
 
-InputOnlyTo::InputOnlyTo(QAbstractButton* button) : button_(button), before_(QApplication::focusWidget())
+InputOnlyTo::InputOnlyTo(QAbstractButton* button) : button_(button), before_(button->window()->focusWidget())
 {
     button_->setFocus();
     qApp->installEventFilter(this);

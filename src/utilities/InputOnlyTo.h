@@ -15,7 +15,8 @@ class InputOnlyTo : public QObject
     Q_OBJECT
 
 public:
-    /// Gives the keyboard to the button.
+    /// Gives the keyboard to the button. Behind a box the window may not be the active one yet, but it knows
+    /// already who has the keyboard in it.
     explicit InputOnlyTo(QAbstractButton* button);
     /// Gives it back to whatever had it.
     ~InputOnlyTo() override;

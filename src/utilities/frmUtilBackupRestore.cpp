@@ -183,10 +183,12 @@ void frmUtilBackupRestore::BackUp()
     const Consent consent = AskForPlace();
     if (consent == Consent::Stop)
         return;
+    if (consent == Consent::Keep) {
+        CopyClosed({}, destination);
+        return;
+    }
     CopyClosed(
         [&] {
-            if (consent == Consent::Keep)
-                return;
             const QString password = DatabasePassword(Session());
             store::Connection main(MainFile(), password);
             store::BackUp(
@@ -210,15 +212,18 @@ void frmUtilBackupRestore::Restore()
     std::unique_ptr<store::Restore> restore;
     if (!RunLong([&] { restore = std::make_unique<store::Restore>(source, password, progress); }))
         return;
+    // Nothing is restored yet.
+    ui_->prgProgress->hide();
     if (!Prompts::Ask(QStringLiteral("This Operation Will Delete Your Current Database And Restore The "
                                      "Selected One\nThis Operation Cannot Be RolledBack\n"
                                      "For Restoring Click 'YES' Else Click 'NO' To Cancel This Operation")))
         return;
-    const bool skipped = !Prompts::Confirm(QStringLiteral("Old Database Will Be Lost"));
+    if (!Prompts::Confirm(QStringLiteral("Old Database Will Be Lost"))) {
+        CopyClosed({}, source);
+        return;
+    }
     CopyClosed(
         [&] {
-            if (skipped)
-                return;
             store::Connection main(MainFile(), password);
             restore->PourInto(main, QDateTime::currentDateTime(), progress);
         },
@@ -231,7 +236,7 @@ void frmUtilBackupRestore::CopyClosed(const std::function<void()>& work, const Q
     bool copied = false;
     {
         const ClosedMain closed;
-        copied = RunLong(work);
+        copied = !work || RunLong(work);
         Read([] { OpenMainAgain(); });
     }
     if (!copied)
@@ -277,12 +282,17 @@ bool frmUtilBackupRestore::RunLong(const std::function<void()>& work)
         }
         SetBusy(false);
     }
-    // What the bar has come to stays in sight for a while.
+    if (!failure.isEmpty()) {
+        ui_->prgProgress->hide();
+        tell(failure);
+        return false;
+    }
+    // That all is done stays in sight for a while.
+    ui_->prgProgress->setRange(0, static_cast<int>(BarParts));
+    ui_->prgProgress->setValue(static_cast<int>(BarParts));
     counter_ = 0;
     Timer1_->start();
-    if (!failure.isEmpty())
-        tell(failure);
-    return failure.isEmpty();
+    return true;
 }
 
 bool frmUtilBackupRestore::ShowProgress(qint64 done, qint64 total)

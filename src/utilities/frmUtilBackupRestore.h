@@ -55,7 +55,8 @@ private:
         Stop,
     };
     Consent AskForPlace();
-    /// Runs `work` with the main database closed, enters the copy in the log and tells the result.
+    /// Runs `work` with the main database closed, enters the copy in the log and tells the result. Without
+    /// work the two come all the same, as the log knows of what was asked for.
     void CopyClosed(const std::function<void()>& work, const QString& logged);
     /// Runs long work: its progress is shown, and only Cancel can be pressed. False when it failed or was
     /// ended, and the user has been told.

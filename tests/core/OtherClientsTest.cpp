@@ -101,6 +101,14 @@ TEST_F(OtherClientsTest, WhoWaitsForAnAnswerLeavesTheFileFreeMostOfTheTime)
     EXPECT_LE(main.StatementsRun() - before, 10U);
 }
 
+TEST_F(OtherClientsTest, TheWindowMayBePaintedBetweenTheLooks)
+{
+    Connection main(files.Path(), Password);
+    int paints = 0;
+    EXPECT_FALSE(OtherClientsAnswer(main, milliseconds(300), [&paints] { ++paints; }));
+    EXPECT_GE(paints, 1);
+}
+
 TEST_F(OtherClientsTest, AnotherClientsSaveThatIsUnderWayIsTold)
 {
     Connection other(files.Path(), Password);

@@ -11,6 +11,7 @@
 #include "support/AsOrdinaryUser.h"
 #include "support/FileSizeLimit.h"
 #include "support/FormDriver.h"
+#include "utilities/InputOnlyTo.h"
 
 #include <QAction>
 #include <QDir>
@@ -461,6 +462,7 @@ TEST_F(frmUtilBackupRestoreTest, TheBarShowsHowFarTheWorkHasComeAndStaysForAWhil
     auto* timer = Find<QTimer>(form, "Timer1");
     EXPECT_TRUE(timer->isActive());
     EXPECT_TRUE(bar->isVisible());
+    EXPECT_EQ(bar->value(), bar->maximum());
     const int steps = 5000 / timer->interval();
     timer->setInterval(3600000);
     for (int step = 1; step < steps; ++step)
@@ -469,6 +471,44 @@ TEST_F(frmUtilBackupRestoreTest, TheBarShowsHowFarTheWorkHasComeAndStaysForAWhil
     ASSERT_TRUE(QMetaObject::invokeMethod(timer, "timeout"));
     EXPECT_FALSE(bar->isVisible());
     EXPECT_FALSE(timer->isActive());
+}
+
+TEST_F(frmUtilBackupRestoreTest, TheKeyboardComesBackAlsoWhereTheWindowIsNotTheActiveOneYet)
+{
+    OpenBackup();
+    Button("cmdBackup")->setFocus();
+    QWidget behindABox;
+    behindABox.show();
+    behindABox.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&behindABox));
+    {
+        const InputOnlyTo cancel(Button("cmdCancel"));
+        EXPECT_EQ(form->window()->focusWidget(), Button("cmdCancel"));
+    }
+    EXPECT_EQ(form->window()->focusWidget(), Button("cmdBackup"));
+}
+
+TEST_F(frmUtilBackupRestoreTest, NoBarStandsWhereNothingWasCopied)
+{
+    OpenBackup();
+    auto* bar = Find<QProgressBar>(form, "prgProgress");
+    BackUpTo("Copy.mdb");
+    Find<QTimer>(form, "Timer1")->stop();
+    bar->hide();
+    Press(Button("cmdCancel"));
+    prompts.ExpectQuestionOrCancel(ReplaceQuestion, Prompts::Reply::Yes);
+    prompts.ExpectConfirmation(Lost, false);
+    prompts.ExpectInformation(BackedUp);
+    TypeDestination(In("Copy.mdb"));
+    Go();
+    prompts.Verify();
+    EXPECT_FALSE(bar->isVisible());
+    Press(Button("cmdCancel"));
+    prompts.ExpectCritical(QStringLiteral("Invalid File Name"));
+    TypeDestination(In("no folder/Copy.mdb"));
+    Go();
+    prompts.Verify();
+    EXPECT_FALSE(bar->isVisible());
 }
 
 TEST_F(frmUtilBackupRestoreTest, BehindTheWorkTheKeyboardIsWhereItWasAndEnterWipesNoPath)
