@@ -487,7 +487,7 @@ constexpr HelpText Texts[] = {
      "By keyboard:\n"
      "1. Choose Backup with Alt+B or Restore with Alt+R.\n"
      "2. Type the whole path of the file, which ends in .mdb, or choose it with the button beside it.\n"
-     "3. Press Alt+U for the backup, or Alt+T for the restore, and answer the questions.\n"
+     "3. Press Alt+U for the backup, or Alt and the letter that is underlined in Re Store for the restore, and answer the questions.\n"
      "4. Alt+L shows what was backed up and restored, and when.\n"
      "5. Utilities, Compress Database Size gives back the room that deleted entries have left. Log out on all other computers first. The file as it was lies beside it afterwards, under the name Tallyboard.Bak.\n"
      "\n"
