@@ -49,8 +49,10 @@ void StartEdit(const Screen* screen)
         qFatal("The login is not shown");
     edit->click();
     auto* tree = Find<QTreeWidget>(screen, "tvwDisplay");
+    // A menu that is ticked already takes nothing along.
     for (int group = 0; group < tree->topLevelItemCount(); ++group)
-        tree->topLevelItem(group)->setCheckState(0, Qt::Checked);
+        for (const Qt::CheckState state : {Qt::Unchecked, Qt::Checked})
+            tree->topLevelItem(group)->setCheckState(0, state);
     QApplication::processEvents();
 }
 
