@@ -73,7 +73,7 @@ class CodeCampaign
 {
 public:
     CodeCampaign(const QString& folder, const CodeChoice& choice)
-        : folder_(folder), whole_(!choice.files && !choice.sample && !choice.again)
+        : folder_(folder), whole_(!choice.files && !choice.within && !choice.sample && !choice.again)
     {
         timer_.start();
         std::vector<CodePlace> places =
@@ -85,6 +85,11 @@ public:
         if (choice.files)
             std::erase_if(places,
                           [&](const CodePlace& place) { return !choice.files->contains(place.file); });
+        if (choice.within) {
+            places = PlacesWithin(places, *choice.within);
+            if (places.empty())
+                throw std::runtime_error("no change in " + choice.within->toStdString());
+        }
         if (choice.again)
             std::erase_if(places, [living = LivingBefore()](const CodePlace& place) {
                 return !living.contains(place.number);

@@ -10,6 +10,7 @@ namespace tally::mutants {
 struct CodeChoice
 {
     std::optional<QStringList> files; ///< those of these files
+    std::optional<QString> within;    ///< those of this file, or of this folder and what is below it
     std::optional<int> sample;        ///< so many, evenly over all
     bool again = false;               ///< those that lived in the last run
 };

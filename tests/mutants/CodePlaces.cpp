@@ -31,4 +31,15 @@ std::vector<CodePlace> EvenlyFrom(const std::vector<CodePlace>& places, std::siz
     return sample;
 }
 
+std::vector<CodePlace> PlacesWithin(const std::vector<CodePlace>& places, QString path)
+{
+    while (path.endsWith(QLatin1Char('/')))
+        path.chop(1);
+    std::vector<CodePlace> within;
+    for (const CodePlace& place : places)
+        if (place.file == path || place.file.startsWith(path + QLatin1Char('/')))
+            within.push_back(place);
+    return within;
+}
+
 } // namespace tally::mutants

@@ -24,4 +24,7 @@ std::vector<CodePlace> CodePlacesIn(const QString& list);
 /// So many of them, evenly from the first to the last, and always the same; all where there are no more.
 std::vector<CodePlace> EvenlyFrom(const std::vector<CodePlace>& places, std::size_t count);
 
+/// Those of a file, or of all files in a folder and below.
+std::vector<CodePlace> PlacesWithin(const std::vector<CodePlace>& places, QString path);
+
 } // namespace tally::mutants

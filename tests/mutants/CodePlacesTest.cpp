@@ -49,5 +49,18 @@ TEST(CodePlacesTest, ASampleIsTakenEvenly)
     EXPECT_EQ(Numbers(EvenlyFrom(Places(3), 5)), "0 1 2 ");
 }
 
+TEST(CodePlacesTest, AFolderHasItsFilesAndThoseBelowButNoneOfANeighbour)
+{
+    std::vector<CodePlace> places = Places(5);
+    const char* files[] = {"src/core/ui/A.cpp", "src/core/ui/controls/B.cpp", "src/core/uix/C.cpp",
+                           "src/core/D.cpp", "src/core/ui/A.cpp"};
+    for (std::size_t number = 0; number < places.size(); ++number)
+        places[number].file = QString::fromLatin1(files[number]);
+    for (const char* folder : {"src/core/ui", "src/core/ui/"})
+        EXPECT_EQ(Numbers(PlacesWithin(places, QString::fromLatin1(folder))), "0 1 4 ");
+    EXPECT_EQ(Numbers(PlacesWithin(places, QStringLiteral("src/core/ui/A.cpp"))), "0 4 ");
+    EXPECT_EQ(Numbers(PlacesWithin(places, QStringLiteral("src/exams"))), "");
+}
+
 } // namespace
 } // namespace tally::mutants

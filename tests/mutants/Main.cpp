@@ -37,13 +37,15 @@ std::optional<bool> Prove(QStringList words)
     CodeChoice choice;
     if (words.size() == 2 && words[0] == QLatin1String("since"))
         choice.files = ChangedSince(words[1]);
+    else if (words.size() == 2 && words[0] == QLatin1String("in"))
+        choice.within = words[1];
     else if (words.size() == 2 && words[0] == QLatin1String("sample") && words[1].toInt() > 0)
         choice.sample = words[1].toInt();
     else if (words == QStringList{QStringLiteral("again")})
         choice.again = true;
     else if (!words.isEmpty())
         return {};
-    if (kind == QLatin1String("statements") && !choice.sample && !choice.again)
+    if (kind == QLatin1String("statements") && !choice.within && !choice.sample && !choice.again)
         return ProveStatements(choice.files);
     if (!folder.isEmpty())
         return ProveCode(folder, choice);
@@ -64,7 +66,7 @@ int main(int argc, char** argv)
         return 2;
     }
     std::fputs("Usage: tally-mutants statements [since COMMIT]\n"
-               "       tally-mutants code FOLDER [since COMMIT | sample NUMBER | again]\n",
+               "       tally-mutants code FOLDER [since COMMIT | in PATH | sample NUMBER | again]\n",
                stderr);
     return 2;
 }
