@@ -37,16 +37,18 @@ EDGES = {
 LAYOUT = re.compile(
     r"(set(Contents)?Margins?|(set|add)(Spacing|Stretch)|set(Row|Column)Stretch|setStretchFactor|"
     r"set(Fixed|Minimum|Maximum|Base)?(Size|Width|Height)|set(Row|Column|Section)(Width|Height|Size)|"
-    r"setDefaultSectionSize|set(Geometry|SizePolicy|IconSize|PointSizeF?|PixelSize|Font|Bold|Weight|WidthF|FrameShape|LineWidth|Alignment|"
-    r"RenderHints?|SizeAdjustPolicy)|"
+    r"setDefaultSectionSize|set(Geometry|SizePolicy|IconSize|PointSizeF?|PixelSize|Font|Bold|(Font)?Weight|WidthF|FrameShape|LineWidth|Alignment|"
+    r"RenderHints?|SizeAdjustPolicy|UniformItemSizes|ResizeContentsPrecision)|"
     r"resize(Section)?|reserve|squeeze|shrink_to_fit)$"
 )
+# What bounds a measure is one too.
+BOUNDS = ("min", "max", "clamp")
 # What braces in a call become by themselves.
 LISTS = ("", "initializer_list", "vector", "QList")
 # Numbers in there are measures, colours or times.
 MEASURES = re.compile(
     r"(Q(Size|Point|Rect|Margins|Line|Polygon|Transform)F?|QColor|QPen|QBrush|QFont|qRgba?|from(Rgb|Hsl|Hsv)F?|"
-    r"(set)?(Alpha|Hsl|Hsv|Rgb|AlphaF|PenWidth)|adjusted|adjust|translated?|scaled?|moved?|lighter|darker|draw\w+|"
+    r"(set)?(Alpha|Hsl|Hsv|Rgb|AlphaF|PenWidth)|adjusted|adjust|translated?|scaled?|moved?|move(Left|Right|Top|Bottom)|lighter|darker|draw\w+|"
     r"fillRect|(add|insert)(Widget|Layout)|setInterval|singleShot|start|msleep|sleep|processEvents|waitFor\w*|FromTwips|Twips)$"
 )
 
@@ -315,6 +317,11 @@ class Finder:
                 self.code(child, "operand")
         else:
             called = cursor.spelling if kind == Kind.CALL_EXPR and cursor.spelling not in LISTS else of
+            if called in BOUNDS and self.is_measure(of):
+                called = of
+            # Where -1 stands for none, -2 does as well.
+            if kind == Kind.UNARY_OPERATOR and self.part(span) == "-1":
+                return
             literals_of_type = kind == Kind.MEMBER_REF_EXPR
             for child in self.children(cursor):
                 if not (literals_of_type and self.bare(child).kind == Kind.INTEGER_LITERAL):

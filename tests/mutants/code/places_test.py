@@ -207,6 +207,22 @@ class PlacesTest(unittest.TestCase):
         )
         self.assertEqual(list(changed.outputs), ["left out: drawLine({{1, 2}, {3, 4}})", "one more than 0"])
 
+    def test_what_bounds_a_measure_stays_and_other_bounds_do_not(self):
+        changed = Changed(
+            """#include <algorithm>
+            void resize(int n) { std::printf("%d ", n); }
+            void say(int n) { std::printf("%d ", n); }
+            int main() { resize(std::max(2, 1 + 2)); say(std::min(7, 9)); }"""
+        )
+        self.assertEqual(set(changed.outputs.values()), {"3 8", "3 7", "3"})
+        self.assertEqual([change for change in changed.outputs if "1" in change or "2" in change], [])
+
+    def test_a_minus_one_stays(self):
+        changed = calls("int none = -1; return a == b ? none : a - 1;")
+        self.assertEqual(changed.usual, "0 -1 2 -1")
+        self.assertEqual(changed.outputs["one more than 1"], "-1 -1 1 -1")
+        self.assertEqual(len(changed.outputs), 3)
+
     def test_what_is_settled_when_the_program_is_built_stays(self):
         changed = calls(
             "static_assert(1 < 2); constexpr int Two = 1 + 1; int list[3] = {}; std::map<int, std::string> none;"
