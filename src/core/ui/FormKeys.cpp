@@ -144,7 +144,7 @@ bool FormKeys::TakeKey(QWidget* widget, const QKeyEvent* key)
         TellDroppedQuote(widget);
         return true;
     }
-    if (!IsEnter(key->key()) || TakesItsEnter(widget) || TakesItsEnter(form_->focusWidget()))
+    if (!IsEnter(key->key()) || TakesItsEnter(form_->focusWidget()))
         return false;
     if (auto* button = qobject_cast<QAbstractButton*>(widget);
         button && !button->isCheckable() && button->isEnabled()) {

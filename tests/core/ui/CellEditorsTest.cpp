@@ -4,10 +4,12 @@
 #include "core/ui/controls/FloatingCombo.h"
 #include "core/ui/controls/FloatingEditor.h"
 #include "core/ui/controls/RowDelete.h"
+#include "core/ui/FormKeys.h"
 #include "support/ScreenFixture.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -136,6 +138,7 @@ TEST_F(Editors, WhereThereIsNoRowOrNoBoxNothingOpensAndNothingCloses)
 
 TEST_F(Editors, EnterLeadsThroughTheColumnsAndOnToTheRowBelow)
 {
+    EXPECT_TRUE(boxes->MayLeave());
     boxes->OpenNext();
     EXPECT_EQ(Seen(), "") << "no box was open";
     boxes->Open(grid, 2, Col::Name);
@@ -149,8 +152,10 @@ TEST_F(Editors, EnterOfABoxWithARuleOfItsOwnLeadsWhereTheScreenSays)
 {
     others->SetTextMatrix(2, Col::Mark, QStringLiteral("81"));
     boxes->Open(others, 2, Col::Mark);
+    QTest::keyClicks(other, QStringLiteral("9"));
+    EXPECT_EQ(Noted(), "") << "nobody wants to know what is typed";
     QTest::keyClick(other, Qt::Key_Enter);
-    EXPECT_EQ(Noted(), "2 81");
+    EXPECT_EQ(Noted(), "2 9");
     EXPECT_EQ(Seen(), "txtOther2");
 }
 
@@ -187,6 +192,7 @@ TEST_F(Editors, ASignThatTheCellHadIsToldWithTheRest)
 
 TEST_F(Editors, EscPutsBackWhatTheScreenHeldWhenTheBoxOpened)
 {
+    grid->SetTextMatrix(2, Col::Rank, QStringLiteral("No"));
     int state = 1;
     boxes->SetTakeBack([this, &state](int row) {
         return [this, row, &state, before = state] {
@@ -204,6 +210,9 @@ TEST_F(Editors, EscPutsBackWhatTheScreenHeldWhenTheBoxOpened)
     state = 3;
     QTest::keyClick(name, Qt::Key_Escape);
     EXPECT_EQ(Noted(), "2 1") << "what the first Esc has put back";
+    boxes->OpenNext();
+    QTest::keyClick(rank, Qt::Key_Escape);
+    EXPECT_EQ(Noted(), "2 1");
 
     other->OpenAt(3, static_cast<int>(Col::Mark));
     QTest::keyClick(other, Qt::Key_Escape);
@@ -264,9 +273,20 @@ TEST_F(Editors, ABoxThatMayNotBeTypedInDropsItsKeysButLeavesTabAndEsc)
     QTest::keyClick(mark, Qt::Key_Return);
     EXPECT_EQ(mark->text().toStdString(), "47");
     EXPECT_EQ(Seen(), "txtMark1");
+    QTest::keyClick(mark, Qt::Key_Left);
+    EXPECT_FALSE(mark->hasSelectedText()) << "the caret may be moved";
+    mark->setText(QStringLiteral("48"));
     QTest::keyClick(mark, Qt::Key_Escape);
-    QTest::keyClick(mark, Qt::Key_Tab);
-    EXPECT_FALSE(mark->hasFocus());
+    EXPECT_EQ(mark->text().toStdString(), "47");
+    for (const auto key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+        boxes->Open(grid, 1, Col::Mark);
+        QKeyEvent leads(QEvent::KeyPress, key, Qt::NoModifier, QStringLiteral("\t"));
+        QApplication::sendEvent(mark, &leads);
+        EXPECT_FALSE(mark->hasFocus()) << key;
+    }
+    boxes->Open(grid, 1, Col::Name);
+    QTest::keyClicks(name, QStringLiteral("A"));
+    EXPECT_EQ(name->text().toStdString(), "A") << "another box";
 }
 
 TEST_F(Editors, TheBoxesStandBehindTheirGridInTheOrderOfTab)
@@ -305,10 +325,12 @@ protected:
 
 TEST_F(Deleting, OnlyARowThatThereIsCanBeDeleted)
 {
+    EXPECT_FALSE(deleteButton->isEnabled()) << "from the start";
     for (const auto& [number, may] :
          {std::pair{"", false}, {"0", false}, {"1", true}, {"3", true}, {"4", false}, {"x", false}}) {
         Type(number);
         EXPECT_EQ(deleteButton->isEnabled(), may) << number;
+        EXPECT_EQ(serialNo->property(TakesEnter).toBool(), !may) << "where Enter leads, " << number;
     }
     Type("123456");
     EXPECT_EQ(serialNo->text().toStdString(), "12345") << "as many digits as an order";

@@ -108,8 +108,10 @@ TEST_F(DataGridSort, ARowIsTheOneShownForWhoeverHearsOfIt)
     ClickHead(Name);
     const QSignalSpy entered(grid, &DataGrid::RowEntered);
     const QSignalSpy chosen(grid, &DataGrid::RowDoubleClicked);
+    const QSignalSpy clicked(grid, &QTableView::clicked);
     QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
                       grid->visualRect(grid->model()->index(2, 1)).center());
+    EXPECT_EQ(clicked.count(), 1);
     ASSERT_EQ(entered.count(), 1);
     EXPECT_EQ(grid->Text(entered[0][0].toInt(), Name).toStdString(), "binu");
     EXPECT_EQ(grid->Code(entered[0][0].toInt(), Code), 1) << "the hidden code goes with its row";
@@ -145,8 +147,36 @@ TEST_F(DataGridSort, TheChosenOrderStaysWhenTheListIsReadAnew)
     EXPECT_EQ(grid->CurrentRow(), -1);
 }
 
+TEST_F(DataGridSort, TheEyeGoesWithTheCurrentRow)
+{
+    GridResult many = Teachers();
+    for (int code = 5; code < 60; ++code)
+        many.rows.push_back({QString::number(code), QStringLiteral("Devi %1").arg(code), {}, {}});
+    Bind(std::move(many));
+    QTest::keyClick(grid, Qt::Key_Down);
+    ASSERT_EQ(grid->Code(grid->CurrentRow(), Code), 1);
+    ClickHead(Name);
+    ClickHead(Name);
+    EXPECT_GT(grid->CurrentRow(), 40);
+    EXPECT_TRUE(grid->viewport()->rect().contains(grid->visualRect(grid->currentIndex()).center()));
+}
+
+TEST_F(DataGridSort, AHeadIsPulledNoWider)
+{
+    const int width = grid->columnWidth(1);
+    const QPoint edge(grid->columnViewportPosition(1) + width - 1, 8);
+    QWidget* heads = grid->horizontalHeader()->viewport();
+    QTest::mousePress(heads, Qt::LeftButton, {}, edge);
+    QTest::mouseMove(heads, edge + QPoint(-40, 0));
+    QTest::mouseRelease(heads, Qt::LeftButton, {}, edge + QPoint(-40, 0));
+    EXPECT_EQ(grid->columnWidth(1), width);
+}
+
 TEST_F(DataGridSort, EnterIsOfferedToNoRowOfAListThatWasReadAnew)
 {
+    QTest::keyClick(grid, Qt::Key_Down);
+    EXPECT_FALSE(grid->property(TakesEnter).toBool()) << "nobody waits for it";
+    Bind(Teachers());
     QObject::connect(grid, &DataGrid::RowDoubleClicked, grid, [] {});
     QTest::keyClick(grid, Qt::Key_Down);
     EXPECT_TRUE(grid->property(TakesEnter).toBool());

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QSignalSpy>
 #include <QStyleOptionComboBox>
 #include <QVBoxLayout>
 
@@ -75,6 +76,7 @@ TEST_F(DateFilterTest, TakesNoPartUntilADateIsChosen)
     fromPicker->setFocus();
     QTest::keyClick(fromPicker, Qt::Key_Tab);
     EXPECT_FALSE(range.from->Date().isValid()) << "who passes by chooses nothing";
+    EXPECT_TRUE(fromLabel->hasFocus()) << "the keyboard reaches what is to be cleared";
     range.from->Reset({});
     EXPECT_EQ(fromPicker->date(), QDate::currentDate());
 }
@@ -86,8 +88,10 @@ TEST_F(DateFilterTest, ATypedDateCountsOnceItIsComplete)
     QTest::keyClicks(fromPicker, QStringLiteral("0"));
     EXPECT_EQ(fromLabel->text().toStdString(), "");
     QTest::keyClicks(fromPicker, QStringLiteral("3"));
+    EXPECT_EQ(fromLabel->text().toStdString(), "") << "the month may still follow";
     QTest::keyClick(fromPicker, Qt::Key_Tab);
     EXPECT_EQ(fromLabel->text().toStdString(), "03/Jun/2024");
+    EXPECT_EQ(fromLabel->accessibleName().toStdString(), "Date chosen: 03/Jun/2024");
     EXPECT_EQ(range.from->Date(), QDate(2024, 6, 3));
 }
 
@@ -95,6 +99,16 @@ TEST_F(DateFilterTest, TheDateThatStandsThereCanBeChosenByTypingItAgain)
 {
     TypeDay(fromPicker, "10");
     EXPECT_EQ(range.from->Date(), Start);
+}
+
+TEST_F(DateFilterTest, WhatWasTypedBeforeTheDatesBeganAnewIsForgotten)
+{
+    fromPicker->setFocus();
+    fromPicker->setSelectedSection(QDateTimeEdit::DaySection);
+    QTest::keyClicks(fromPicker, QStringLiteral("03"));
+    range.from->Reset(Start);
+    QTest::keyClick(fromPicker, Qt::Key_Tab);
+    EXPECT_FALSE(range.from->Date().isValid());
 }
 
 TEST_F(DateFilterTest, TheArrowKeysChooseADateToo)
@@ -122,6 +136,7 @@ TEST_F(DateFilterTest, ADayOfTheCalendarIsTaken)
 {
     OpenCalendar(fromPicker);
     fromPicker->calendarWidget()->setSelectedDate(QDate(2024, 6, 20));
+    EXPECT_EQ(fromLabel->text().toStdString(), "") << "it is still open";
     Q_EMIT fromPicker->calendarWidget()->activated(QDate(2024, 6, 20));
     Settle();
     EXPECT_FALSE(fromPicker->calendarWidget()->isVisible());
@@ -130,6 +145,9 @@ TEST_F(DateFilterTest, ADayOfTheCalendarIsTaken)
 
 TEST_F(DateFilterTest, AFilledLabelAsksBeforeItLetsItsDateGo)
 {
+    EXPECT_EQ(DateLabel().accessibleName().toStdString(), "No date chosen");
+    EXPECT_EQ(fromLabel->toolTip().toStdString(), "The date chosen. Click to clear it.");
+    const QSignalSpy cleared(fromLabel, &DateLabel::Cleared);
     QTest::mouseClick(fromLabel, Qt::LeftButton);
     TypeDay(fromPicker, "03");
     prompts.ExpectQuestion(MayClear, false);
@@ -141,6 +159,10 @@ TEST_F(DateFilterTest, AFilledLabelAsksBeforeItLetsItsDateGo)
     EXPECT_EQ(fromLabel->text().toStdString(), "");
     EXPECT_FALSE(range.from->Date().isValid());
     EXPECT_EQ(fromLabel->accessibleName().toStdString(), "No date chosen");
+    EXPECT_EQ(cleared.count(), 1);
+    fromPicker->setFocus();
+    QTest::keyClick(fromPicker, Qt::Key_Tab);
+    EXPECT_FALSE(range.from->Date().isValid()) << "who passes by still chooses nothing";
     TypeDay(fromPicker, "03");
     EXPECT_EQ(range.from->Date(), QDate(2024, 6, 3)) << "the date just cleared can be chosen again";
 }
@@ -157,6 +179,10 @@ TEST_F(DateFilterTest, AnEndBeforeItsStartIsRefusedAndCleared)
     EXPECT_EQ(range.from->Date(), Start);
     EXPECT_TRUE(toPicker->hasFocus());
     EXPECT_FALSE(RefuseOrder(range));
+    range.from->Clear();
+    EXPECT_FALSE(RefuseOrder(range)) << "neither is given";
+    TypeDay(toPicker, "09");
+    EXPECT_FALSE(RefuseOrder(range)) << "the start is not given";
 }
 
 TEST_F(DateFilterTest, HalfARangeIsRefused)

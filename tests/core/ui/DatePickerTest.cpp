@@ -1,5 +1,8 @@
 #include "core/ui/controls/DatePicker.h"
 
+#include "core/ui/controls/FieldHint.h"
+
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QLineEdit>
 #include <QTest>
@@ -78,8 +81,8 @@ INSTANTIATE_TEST_SUITE_P(
                     TypedDate{"01012025", QDate(2025, 1, 1)}, TypedDate{"0171999", QDate(1999, 7, 1)},
                     TypedDate{"29022024", QDate(2024, 2, 29)}, TypedDate{"29/Feb/2016", QDate(2016, 2, 29)},
                     TypedDate{"31042026", QDate(2026, 4, 30)}, TypedDate{"31/May/2026", QDate(2026, 5, 31)},
-                    TypedDate{"05", QDate(2026, 3, 5)}, TypedDate{"05jul", QDate(2026, 7, 5)},
-                    TypedDate{"0507", QDate(2026, 7, 5)}));
+                    TypedDate{"05", QDate(2026, 3, 5)}, TypedDate{"08/0/2025", QDate(2025, 3, 8)},
+                    TypedDate{"05jul", QDate(2026, 7, 5)}, TypedDate{"0507", QDate(2026, 7, 5)}));
 
 TEST_F(DatePickerTest, ADateTypedBehindARefusedOneCounts)
 {
@@ -101,9 +104,98 @@ TEST_F(DatePickerTest, ASecondDigitBelongsToTheMonthOnlyWhileNothingElseWasPress
     EXPECT_EQ(date->date().month(), 2);
 }
 
+TEST_F(DatePickerTest, WhatWasTypedIsForgottenWithTheNextArrowAndWithTheField)
+{
+    before->setFocus();
+    Press(Qt::Key_Tab);
+    QTest::keyClicks(date, QStringLiteral("31"));
+    Press(Qt::Key_Up);
+    EXPECT_EQ(date->date(), QDate(2026, 4, 30));
+    QTest::keyClicks(date, QStringLiteral("may"));
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(date->date(), QDate(2026, 5, 30));
+
+    date->setDate(QDate(2026, 3, 16));
+    Type("31");
+    date->setDate(QDate(2026, 3, 5));
+    date->setFocus();
+    date->setSelectedSection(QDateTimeEdit::MonthSection);
+    QTest::keyClicks(date, QStringLiteral("may"));
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(date->date(), QDate(2026, 5, 5));
+
+    Type("081");
+    date->setFocus();
+    date->setSelectedSection(QDateTimeEdit::MonthSection);
+    QTest::keyClicks(date, QStringLiteral("2"));
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(date->date(), QDate(2026, 2, 8));
+}
+
+TEST_F(DatePickerTest, ALetterOfAMonthEndsItsDigits)
+{
+    Type("081f2");
+    EXPECT_EQ(date->date().month(), 2);
+}
+
+TEST_F(DatePickerTest, ItsMonthsAreEnglishOnEveryMachine)
+{
+    const QLocale machine;
+    QLocale::setDefault(QLocale(QLocale::German));
+    DatePicker other;
+    QLocale::setDefault(machine);
+    other.setDate(QDate(2026, 5, 16));
+    EXPECT_EQ(other.text().toStdString(), "16/May/2026");
+    EXPECT_EQ(other.calendarWidget()->locale(), QLocale::c());
+    EXPECT_EQ(other.calendarWidget()->verticalHeaderFormat(), QCalendarWidget::NoVerticalHeader);
+}
+
+TEST_F(DatePickerTest, AClickOnTheYearLeadsToTheYear)
+{
+    before->setFocus();
+    QWidget* line = date->findChild<QLineEdit*>();
+    const int year = date->fontMetrics().horizontalAdvance(QStringLiteral("16/Mar/20"));
+    QTest::mouseClick(line, Qt::LeftButton, {}, QPoint(year, line->height() / 2));
+    EXPECT_EQ(date->currentSection(), QDateTimeEdit::YearSection);
+    EXPECT_TRUE(date->hasFocus());
+}
+
+TEST_F(DatePickerTest, WhereOnlyTheArrowsMoveTheDateASignIsToldSo)
+{
+    const QString note = QStringLiteral("The Arrow Keys And The Calendar Move This Date");
+    date->setFocus();
+    Press(Qt::Key_7);
+    EXPECT_EQ(FieldHintAt(date), QString()) << "digits are taken";
+    date->setDate(QDate(2026, 3, 16));
+    date->TakeArrowsOnly();
+    date->setSelectedSection(QDateTimeEdit::DaySection);
+    for (const auto key : {Qt::Key_Home, Qt::Key_Return, Qt::Key_F5}) {
+        Press(key);
+        EXPECT_EQ(FieldHintAt(date), QString()) << key;
+    }
+    Press(Qt::Key_Slash);
+    EXPECT_TRUE(date->hasFocus());
+    EXPECT_EQ(FieldHintAt(date), note);
+    Press(Qt::Key_Up);
+    EXPECT_EQ(FieldHintAt(date), QString());
+    EXPECT_EQ(date->date(), QDate(2026, 3, 17)) << "the sign has moved nothing";
+    Press(Qt::Key_7);
+    EXPECT_EQ(FieldHintAt(date), note);
+    EXPECT_EQ(date->date(), QDate(2026, 3, 17));
+    date->setReadOnly(true);
+    Press(Qt::Key_Up);
+    Press(Qt::Key_7);
+    EXPECT_EQ(FieldHintAt(date), QString()) << "no key moves it";
+}
+
 TEST_F(DatePickerTest, AltDownOpensTheCalendarAndMovesNothing)
 {
     date->setFocus();
+    for (const auto key : {Qt::Key_Up, Qt::Key_Left}) {
+        QTest::keyClick(date, key, Qt::AltModifier);
+        EXPECT_FALSE(date->calendarWidget()->isVisible()) << key;
+    }
+    date->setDate(QDate(2026, 3, 16));
     QTest::keyClick(date, Qt::Key_Down, Qt::AltModifier);
     EXPECT_TRUE(date->calendarWidget()->isVisible());
     EXPECT_EQ(date->date(), QDate(2026, 3, 16));

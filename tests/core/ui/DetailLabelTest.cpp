@@ -1,8 +1,10 @@
 #include "core/ui/controls/DetailLabel.h"
 
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QTest>
 #include <QToolTip>
+#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
@@ -25,6 +27,7 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
         QHelpEvent ask(QEvent::ToolTip, QPoint(1, 1), label.mapToGlobal(QPoint(1, 1)));
         QCoreApplication::sendEvent(&label, &ask);
+        EXPECT_TRUE(ask.isAccepted()) << "nobody else is asked";
         return QToolTip::text().toStdString();
     }
 
@@ -40,6 +43,27 @@ TEST_F(DetailLabelTest, KeepsItsSizeWhateverItShows)
     label.SetLines(2);
     EXPECT_EQ(label.sizeHint().width(), before.width());
     EXPECT_GT(label.sizeHint().height(), before.height());
+}
+
+TEST_F(DetailLabelTest, AsksItsFormForTheRoomOfItsLines)
+{
+    QWidget form;
+    QVBoxLayout rows(&form);
+    auto* detail = new DetailLabel;
+    rows.addWidget(detail);
+    rows.addStretch();
+    form.resize(200, 400);
+    form.show();
+    detail->SetLines(3);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(detail->height(), 3 * detail->fontMetrics().lineSpacing());
+}
+
+TEST_F(DetailLabelTest, IsReadOutAsItStandsThere)
+{
+    label.setText(QStringLiteral("<b>Anu</b>"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name).toStdString(),
+              "<b>Anu</b>");
 }
 
 TEST_F(DetailLabelTest, TellsTheWholeOnlyWhereItHasNoRoomForIt)

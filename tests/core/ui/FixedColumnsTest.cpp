@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QVBoxLayout>
@@ -14,7 +15,7 @@ namespace {
 
 constexpr int NameWidth = 120;
 
-/// A list of fifty names with twelve columns of marks, most of them out of sight; its first row is hidden.
+/// A list of fifty names with twelve columns of marks, most of them out of sight; two of its rows are hidden.
 class FixedColumnsOfAGrid : public ScreenFixture
 {
 protected:
@@ -42,8 +43,10 @@ protected:
             for (int col = 1; col < 13; ++col)
                 rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)].text =
                     QStringLiteral("%1/%2").arg(row).arg(col);
-        grid->Show(TableOf(std::move(rows)));
-        grid->SetRowHeight(1, 0);
+        GridTable table = TableOf(std::move(rows));
+        for (const int row : {1, 7})
+            table.HideRow(row);
+        grid->Show(std::move(table));
         grid->SetColWidth(0, NameWidth);
         for (int col = 1; col < 13; ++col)
             grid->SetColWidth(col, 70);
@@ -174,23 +177,94 @@ TEST_F(FixedColumnsOfAGrid, AnotherListShowsItsOwnNames)
     EXPECT_TRUE(Names() == held);
 }
 
-TEST_F(FixedColumnsOfAGrid, AHiddenRowAndAWiderColumnShowWhileTheNamesAreHeld)
+TEST_F(FixedColumnsOfAGrid, AWiderAndAHiddenColumnShowWhileTheNamesAreHeld)
+{
+    grid->SetFixedCols(2);
+    grid->SetColWidth(1, 30);
+    ScrollRight(300);
+    QCoreApplication::processEvents();
+    grid->SetColWidth(0, NameWidth + 30);
+    QImage held = Names();
+    ScrollRight(0);
+    EXPECT_TRUE(Names() == held);
+    ScrollRight(300);
+    grid->SetColHidden(1, true);
+    grid->SetColWidth(0, NameWidth - 30);
+    held = Names();
+    ScrollRight(0);
+    EXPECT_TRUE(Names().copy(0, 0, NameWidth - 32, 200) == held.copy(0, 0, NameWidth - 32, 200));
+}
+
+TEST_F(FixedColumnsOfAGrid, ALineSetsTheNamesOff)
 {
     ScrollRight(300);
     QCoreApplication::processEvents();
-    grid->SetRowHeight(4, 0);
-    grid->SetColWidth(0, NameWidth + 30);
-    const QImage held = Names();
-    ScrollRight(0);
-    EXPECT_TRUE(Names() == held);
+    const QPoint origin = grid->viewport()->pos();
+    const QImage edge = grid->grab(QRect(origin + QPoint(NameWidth - 1, 0), QSize(1, 200))).toImage();
+    for (int y = 0; y < edge.height(); ++y)
+        EXPECT_EQ(edge.pixelColor(0, y), grid->palette().color(QPalette::Mid)) << y;
 }
 
-TEST_F(FixedColumnsOfAGrid, AHigherRowHasAHigherName)
+TEST_F(FixedColumnsOfAGrid, TheHeadOfTheNamesIsPulledNoWider)
 {
-    grid->SetRowHeight(3, 60);
-    const QImage before = Names();
     ScrollRight(300);
+    QCoreApplication::processEvents();
+    const QPoint edge(NameWidth - 1, 8);
+    QWidget* head = WidgetAt(QPoint(edge.x(), edge.y() - grid->horizontalHeader()->height()));
+    const QImage before = Names();
+    QTest::mousePress(head, Qt::LeftButton, {}, edge);
+    QTest::mouseMove(head, edge + QPoint(-40, 0));
+    QTest::mouseRelease(head, Qt::LeftButton, {}, edge + QPoint(-40, 0));
     EXPECT_TRUE(Names() == before);
+}
+
+TEST_F(FixedColumnsOfAGrid, TabLeadsPastTheNamesInBothDirections)
+{
+    auto* before = new QLineEdit(form);
+    auto* behind = new QLineEdit(form);
+    auto* rows = qobject_cast<QVBoxLayout*>(form->layout());
+    rows->insertWidget(0, before);
+    rows->addWidget(behind);
+    QWidget::setTabOrder(before, grid);
+    QWidget::setTabOrder(grid, behind);
+    ScrollRight(300);
+    Settle();
+    grid->setFocus();
+    PressKey(form, Qt::Key_Tab);
+    EXPECT_TRUE(behind->hasFocus());
+    PressKey(form, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(grid->hasFocus());
+    PressKey(form, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(before->hasFocus());
+}
+
+TEST_F(FixedColumnsOfAGrid, NothingIsLeftOfTheNamesThatWereHeld)
+{
+    const auto held = [this] { return grid->findChildren<QTableView*>().size(); };
+    ScrollRight(300);
+    EXPECT_EQ(held(), 1);
+    ScrollRight(0);
+    Settle();
+    EXPECT_EQ(held(), 0);
+    const QImage names = Names();
+    ScrollRight(300);
+    grid->SetFixedCols(0);
+    EXPECT_FALSE(Names() == names) << "gone at once";
+    Settle();
+    ScrollRight(200);
+    EXPECT_EQ(held(), 0) << "none is held that takes no room";
+}
+
+TEST_F(FixedColumnsOfAGrid, AHeldColumnIsReachedWithTheWholeList)
+{
+    grid->SetFixedCols(2);
+    ScrollRight(300);
+    grid->SetCurrentCell(3, 1);
+    EXPECT_EQ(grid->horizontalScrollBar()->value(), 0);
+    ScrollRight(300);
+    const int before = grid->horizontalScrollBar()->value();
+    grid->SetCurrentCell(3, 8);
+    EXPECT_EQ(grid->horizontalScrollBar()->value(), before) << "it was in sight";
 }
 
 TEST_F(FixedColumnsOfAGrid, WhoHoldsFewerColumnsLetsTheOthersGo)
@@ -213,6 +287,10 @@ TEST_F(FixedColumnsOfAGrid, NamesThatWouldTakeMoreThanHalfOfTheGridScrollWithThe
     const QImage before = Names();
     ScrollRight(300);
     EXPECT_FALSE(Names() == before);
+    form->resize(form->width() + 2 * NameWidth - grid->viewport()->width(), 320);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(grid->viewport()->width(), 2 * NameWidth);
+    EXPECT_NE(grid->findChild<QTableView*>(), nullptr) << "just the half";
     form->resize(520, 320);
     QCoreApplication::processEvents();
     const QImage held = Names();

@@ -56,8 +56,12 @@ TEST_F(FloatingBoxes, AListOpensOverItsCellWithTheTrimmedTextSelected)
     EXPECT_EQ(combo->currentIndex(), 1);
     EXPECT_EQ(combo->lineEdit()->selectedText().toStdString(), "Absent");
     EXPECT_EQ(combo->accessibleName().toStdString(), "Present/Absent") << "the head of its column";
-    combo->OpenAt(3, 1);
-    EXPECT_TRUE(combo->IsBlank()) << "an empty cell opens an empty list";
+    for (const char* text : {"Present", "Pre", ""}) {
+        grid->SetTextMatrix(3, 1, QString::fromLatin1(text));
+        combo->OpenAt(3, 1);
+        EXPECT_EQ(combo->currentText().toStdString(), text);
+        EXPECT_EQ(combo->currentIndex(), qstrcmp(text, "Present") == 0 ? 0 : -1) << text;
+    }
     combo->Close();
     EXPECT_FALSE(combo->isVisible());
     EXPECT_EQ(combo->Row(), 3);
@@ -98,6 +102,8 @@ TEST_F(FloatingBoxes, EscGivesABoxTheTextWithWhichItWasOpened)
     EXPECT_EQ(editor->text().toStdString(), "47");
     EXPECT_EQ(editor->selectedText().toStdString(), "47");
     EXPECT_TRUE(editor->hasFocus());
+    button->setFocus();
+    EXPECT_FALSE(editor->hasSelectedText()) << "nothing would be typed over any more";
     EXPECT_EQ(takenBack, 1);
 
     QObject::connect(combo, &FloatingCombo::TakenBack, combo, [&takenBack] { ++takenBack; });
@@ -196,6 +202,10 @@ TEST_F(FloatingBoxes, OnlyAnotherEntryOfAListIsAChoice)
     EXPECT_EQ(chosen, 1);
     chooseInPopup({Qt::Key_Return});
     EXPECT_EQ(chosen, 1);
+    list->setCurrentIndex(0);
+    list->SetBoundCode(2);
+    chooseInPopup({Qt::Key_Return});
+    EXPECT_EQ(chosen, 1) << "what the screen does meanwhile is no choice";
 }
 
 TEST_F(FloatingBoxes, TheWheelOverAClosedListChangesNothing)

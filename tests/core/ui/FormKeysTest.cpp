@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -88,6 +89,30 @@ TEST_F(FormKeysTest, AnEnterThatAControlKeepsUnusedIsNoTabOfTheFrameAroundIt)
     first->setFocus();
     PressKey(form, Qt::Key_Return);
     EXPECT_TRUE(first->hasFocus());
+}
+
+TEST_F(FormKeysTest, AKeyThatComesByTheWindowSystemReachesItsField)
+{
+    QTest::keyClick(form->windowHandle(), Qt::Key_A);
+    EXPECT_EQ(first->text().toStdString(), "a");
+}
+
+TEST_F(FormKeysTest, AFormThatIsNoScreenOfTheMainWindowLeavesItsLettersToTheFieldsBesideIt)
+{
+    for (QWidget* around : {new QWidget, static_cast<QWidget*>(new QMdiSubWindow)}) {
+        auto* office = new QWidget;
+        auto* rows = new QVBoxLayout(office);
+        auto* beside = new QLineEdit;
+        rows->addWidget(beside);
+        rows->addWidget(around);
+        new FormKeys(new QWidget(around));
+        office->show();
+        QApplication::setActiveWindow(office);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(office));
+        beside->setFocus();
+        QTest::keyClick(beside, Qt::Key_S);
+        EXPECT_EQ(beside->text().toStdString(), "s");
+    }
 }
 
 TEST_F(FormKeysTest, ALetterPressesNoButtonThatTheFocusDidNotReach)

@@ -9,6 +9,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QVBoxLayout>
 
 namespace tally::test {
@@ -64,14 +65,18 @@ protected:
         return result;
     }
 
-    static void Fill(FlexGrid* grid, int rows)
+    static constexpr int NoRow = -1;
+
+    static void Fill(FlexGrid* grid, int rows, int hidden = NoRow)
     {
         std::vector<GridTable::Row> content(static_cast<std::size_t>(rows) + 1, GridTable::Row(5));
         for (int row = 0; row <= rows; ++row)
             for (int col = 0; col < 5; ++col)
                 content[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)].text =
                     QStringLiteral("K%1/%2").arg(row).arg(col);
-        grid->Show(TableOf(std::move(content)));
+        GridTable table = TableOf(std::move(content));
+        table.HideRow(hidden);
+        grid->Show(std::move(table));
     }
 
     /// Each key alone, from the state that `prepare` makes, and then all of them one after the other.
@@ -126,10 +131,8 @@ TEST_F(GridKeys, AGridStandsEveryKeyWhateverItHolds)
             for (const bool hiding : {false, true})
                 for (const int currentRow : {0, rows})
                     PressAll(grid, [&] {
-                        Fill(grid, rows);
+                        Fill(grid, rows, hiding ? 1 : NoRow);
                         grid->SetColHidden(0, hiding);
-                        if (rows > 0)
-                            grid->SetRowHeight(1, hiding ? 0 : 20);
                         grid->SetCurrentCell(currentRow, 2);
                     });
     }
@@ -166,18 +169,92 @@ TEST_F(GridKeys, TypedLettersFindTheFirstTextInSightThatBeginsWithThem)
     list->Bind(Cities(6), {QStringLiteral("CityCode")});
     QTest::keyClicks(list, "mo");
     EXPECT_EQ(list->CurrentRow(), 2);
+    auto* open = Show(new DataGrid);
+    open->Bind(Cities(6), {});
+    QTest::keyClick(open, Qt::Key_6);
+    EXPECT_EQ(open->CurrentRow(), 5) << "the first column in sight";
     auto* another = Show(new DataGrid);
     another->Bind(Cities(6), {QStringLiteral("CityCode")});
     QTest::keyClick(another, Qt::Key_3);
     EXPECT_EQ(another->CurrentRow(), -1) << "the code 3 is hidden";
 }
 
-TEST_F(GridKeys, TypedLettersFindNoHiddenRow)
+TEST_F(GridKeys, TypedLettersFindNoHiddenColumnFromACellInIt)
+{
+    auto* list = Show(new DataGrid);
+    list->Bind(Cities(6), {QStringLiteral("CityCode")});
+    list->setCurrentIndex(list->model()->index(1, 0));
+    QTest::keyClick(list, Qt::Key_4);
+    EXPECT_EQ(list->CurrentRow(), 1) << "the code 4 is hidden";
+}
+
+TEST_F(GridKeys, LettersThatBeginNoTextLeaveNoRowCurrent)
+{
+    auto* list = Show(new DataGrid);
+    list->Bind(Cities(6), {});
+    QTest::keyClick(list, Qt::Key_Z);
+    EXPECT_EQ(list->CurrentRow(), -1);
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Z);
+    EXPECT_EQ(list->CurrentRow(), 0);
+}
+
+TEST_F(GridKeys, EnterF2AndTheBlankKeyOpenTheCurrentCellAndNoOtherKeyDoes)
 {
     auto* grid = Show(new FlexGrid);
     Fill(grid, 3);
+    const QSignalSpy opened(grid, &FlexGrid::CellClicked);
+    const QList<Qt::Key> keys{Qt::Key_Return, Qt::Key_Enter, Qt::Key_F2, Qt::Key_Space};
+    for (const Qt::Key key : keys)
+        QTest::keyClick(grid, key);
+    EXPECT_EQ(opened.count(), 0) << "no cell is current";
+    grid->SetCurrentCell(2, 3);
+    for (const Qt::Key key : {Qt::Key_Insert, Qt::Key_Delete, Qt::Key_F3})
+        QTest::keyClick(grid, key);
+    EXPECT_EQ(opened.count(), 0);
+    for (const Qt::Key key : keys)
+        QTest::keyClick(grid, key);
+    ASSERT_EQ(opened.count(), keys.size());
+    for (const QList<QVariant>& cell : opened)
+        EXPECT_EQ(cell, (QList<QVariant>{2, 3}));
+}
+
+TEST_F(GridKeys, TheCurrentCellIsBroughtBackIntoSightWhereItStands)
+{
+    auto* grid = Show(new FlexGrid);
+    Fill(grid, 60);
+    grid->SetCurrentCell(50, 2);
+    EXPECT_TRUE(grid->viewport()->rect().contains(grid->CellRect(50, 2).center()));
+    grid->verticalScrollBar()->setValue(0);
+    ASSERT_FALSE(grid->viewport()->rect().contains(grid->CellRect(50, 2).center()));
+    grid->SetCurrentCell(50, 2);
+    EXPECT_TRUE(grid->viewport()->rect().contains(grid->CellRect(50, 2).center()));
+}
+
+TEST_F(GridKeys, ALongListGoesWithItsCurrentRowAndWithItsWindow)
+{
+    auto* list = Show(new DataGrid);
+    list->Bind(Cities(60), {});
+    const auto isInSight = [list] {
+        const QRect row = list->visualRect(list->model()->index(list->CurrentRow(), 0));
+        return list->viewport()->rect().contains(row.center());
+    };
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_End);
+    QTest::keyClick(list, Qt::Key_PageDown);
+    EXPECT_GT(list->CurrentRow(), 3);
+    EXPECT_TRUE(isInSight());
+    const int lower = list->verticalScrollBar()->maximum();
+    list->window()->resize(420, 400);
+    EXPECT_LT(list->verticalScrollBar()->maximum(), lower);
+    EXPECT_GT(list->verticalScrollBar()->maximum(), 0);
+}
+
+TEST_F(GridKeys, TypedLettersFindNoHiddenRow)
+{
+    auto* grid = Show(new FlexGrid);
+    Fill(grid, 3, 1);
     grid->SetTextMatrix(1, 1, QStringLiteral("Zero"));
-    grid->SetRowHeight(1, 0);
     grid->SetCurrentCell(2, 1);
     QTest::keyClick(grid, Qt::Key_Z);
     EXPECT_EQ(grid->CurrentRow(), 2);

@@ -4,6 +4,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QAccessible>
+#include <QHeaderView>
 #include <QSignalSpy>
 
 #include <array>
@@ -93,7 +94,8 @@ TEST(GridModelTest, AGridStandsTheRulesWhileItIsFilledGrowsAndShrinks)
     grid.SetTextMatrix(0, 1, QStringLiteral("Name"));
     grid.SetTextMatrix(4, 3, QStringLiteral("Asha"));
     grid.SetMark(4, 3, CellMark::FailedOrAbsent);
-    grid.SetTextMatrix(5, 4, QStringLiteral("outside"));
+    for (const auto& [row, col] : {std::pair(5, 3), {4, 4}, {-1, 0}, {4, -1}})
+        grid.SetTextMatrix(row, col, QStringLiteral("outside"));
     AskForAll(*grid.model());
     for (const int row : {0, 9, 4, 1, 1, 1, 1}) {
         grid.RemoveItem(row);
@@ -121,6 +123,72 @@ TEST(GridModelTest, ACellHoldsNoCellsOfItsOwn)
     }
 }
 
+TEST(GridModelTest, OnlyColumnsHaveHeadsAndTextsStandAtTheLeftBelowThem)
+{
+    constexpr int AtTheLeft = int(Qt::AlignLeft | Qt::AlignVCenter);
+    DataGrid list;
+    list.Bind(Teachers(2), {});
+    FlexGrid grid;
+    grid.Show(TableOf({GridTable::Row(3, {QStringLiteral("Code"), CellMark::None}), GridTable::Row(3)}));
+    for (const QAbstractItemModel* model : {list.model(), grid.model()}) {
+        EXPECT_EQ(model->data(model->index(0, 0), Qt::TextAlignmentRole).toInt(), AtTheLeft);
+        EXPECT_EQ(model->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), AtTheLeft);
+        EXPECT_EQ(model->headerData(0, Qt::Horizontal).toString().toStdString(), "Code");
+        for (const auto role : {Qt::DisplayRole, Qt::TextAlignmentRole})
+            EXPECT_FALSE(model->headerData(0, Qt::Vertical, role).isValid());
+    }
+}
+
+TEST(GridModelTest, AMarkHasALetteringOfItsOwn)
+{
+    FlexGrid grid;
+    grid.Show(
+        TableOf({GridTable::Row(4),
+                 {{{}, CellMark::NotTakenForRank}, {{}, CellMark::FailedOrAbsent}, {{}, CellMark::Sum}}}));
+    const auto font = [&grid](int col) {
+        return grid.model()->data(grid.model()->index(0, col), Qt::FontRole).value<QFont>();
+    };
+    EXPECT_TRUE(font(0).italic());
+    EXPECT_FALSE(font(0).bold());
+    for (const int col : {1, 2}) {
+        EXPECT_TRUE(font(col).bold());
+        EXPECT_FALSE(font(col).italic());
+    }
+    EXPECT_FALSE(grid.model()->data(grid.model()->index(0, 3), Qt::FontRole).isValid());
+}
+
+TEST(GridModelTest, AColumnIsAsWideAsTheLongestTextThatIsSeenInIt)
+{
+    const auto widthWith = [](int row, bool hidden) {
+        GridTable table({{QStringLiteral("Name")}, {QStringLiteral("Code")}});
+        for (int other = 1; other < 4; ++other)
+            table.AddRow({{QStringLiteral("Anu")}});
+        table.SetText(row, 0, QStringLiteral("Chandrasekharan"));
+        table.HideRow(hidden ? row : -1);
+        FlexGrid grid;
+        grid.Show(std::move(table));
+        return grid.ColWidth(0);
+    };
+    QFont bold = FlexGrid().font();
+    bold.setBold(true);
+    for (int row = 0; row < 4; ++row)
+        EXPECT_GE(widthWith(row, false),
+                  QFontMetrics(bold).horizontalAdvance(QStringLiteral("Chandrasekharan")))
+            << row;
+    EXPECT_LT(widthWith(2, true), widthWith(2, false));
+}
+
+TEST(GridModelTest, ALoneColumnTakesTheWholeGrid)
+{
+    FlexGrid grid;
+    grid.resize(400, 200);
+    grid.show();
+    grid.SetCols(2);
+    EXPECT_LT(grid.ColWidth(1), 200);
+    grid.SetCols(1);
+    EXPECT_EQ(grid.ColWidth(0), grid.viewport()->width());
+}
+
 TEST(GridModelTest, AHiddenColumnIsHiddenForWhoeverTakesTheTable)
 {
     FlexGrid grid;
@@ -131,6 +199,11 @@ TEST(GridModelTest, AHiddenColumnIsHiddenForWhoeverTakesTheTable)
     grid.SetColHidden(1, false);
     EXPECT_FALSE(grid.Table().Column(1).hidden);
     EXPECT_FALSE(grid.isColumnHidden(1));
+    grid.SetColWidth(1, 33);
+    grid.SetColWidth(1, 0);
+    EXPECT_TRUE(grid.isColumnHidden(1));
+    grid.SetColHidden(1, false);
+    EXPECT_EQ(grid.ColWidth(1), 33);
 }
 
 TEST(GridModelTest, AScreenReaderHearsWhatAMarkMeansBehindItsText)
@@ -171,7 +244,9 @@ TEST(GridModelTest, AGridShowsATableAndLeavesNothingOfTheOneBefore)
         grid.Show(Numbered(6, hidden));
         AskForAll(*grid.model());
         for (int row = 0; row < 6; ++row)
-            EXPECT_EQ(grid.RowHeight(row) == 0, row == hidden) << row;
+            EXPECT_EQ(row > 0 ? grid.isRowHidden(row - 1) : grid.horizontalHeader()->isHidden(),
+                      row == hidden)
+                << row;
         EXPECT_EQ(grid.ColWidth(1), 0);
         EXPECT_GT(grid.ColWidth(0), grid.ColWidth(2)) << "a longer text takes a wider column";
         EXPECT_EQ(grid.TextMatrix(5, 0).toStdString(), "Row 5");
@@ -258,6 +333,7 @@ TEST(GridModelTest, OneRowIsShownAnewAndNoneThatIsNotThere)
     const Watched watched(grid);
     grid.Show(Numbered(3, -1));
     const QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);
+    const QSignalSpy heads(grid.model(), &QAbstractItemModel::headerDataChanged);
     for (const int row : {-1, 0, 3})
         grid.ShowRow(row, {{QStringLiteral("nowhere")}});
     EXPECT_EQ(changes.count(), 0);
@@ -265,7 +341,26 @@ TEST(GridModelTest, OneRowIsShownAnewAndNoneThatIsNotThere)
     AskForAll(*grid.model());
     EXPECT_EQ(grid.TextMatrix(2, 0).toStdString(), "Asha");
     EXPECT_EQ(grid.TextMatrix(2, 2).toStdString(), "");
-    EXPECT_EQ(changes.count(), 1);
+    ASSERT_EQ(changes.count(), 1);
+    EXPECT_EQ(changes[0][0].toModelIndex(), grid.model()->index(1, 0));
+    EXPECT_EQ(changes[0][1].toModelIndex(), grid.model()->index(1, 2));
+    grid.SetTextMatrix(1, 2, QStringLiteral("7"));
+    ASSERT_EQ(changes.count(), 2);
+    for (const int corner : {0, 1})
+        EXPECT_EQ(changes[1][corner].toModelIndex(), grid.model()->index(0, 2));
+    EXPECT_EQ(heads.count(), 0);
+    grid.SetTextMatrix(0, 2, QStringLiteral("Marks"));
+    EXPECT_EQ(changes.count(), 2);
+    ASSERT_EQ(heads.count(), 1);
+    for (const int end : {1, 2})
+        EXPECT_EQ(heads[0][end].toInt(), 2);
+    grid.ShowRows(Numbered(3, -1));
+    ASSERT_EQ(heads.count(), 2);
+    EXPECT_EQ(heads[1][1].toInt(), 0);
+    EXPECT_EQ(heads[1][2].toInt(), 2);
+    grid.SetCols(0);
+    grid.ShowRow(1, {{QStringLiteral("Asha")}});
+    EXPECT_EQ(changes.count(), 3);
 }
 
 } // namespace

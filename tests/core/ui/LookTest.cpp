@@ -1,6 +1,7 @@
 #include "core/ui/look/Look.h"
 
 #include "core/ui/controls/CheckList.h"
+#include "core/ui/controls/DateLabel.h"
 #include "core/ui/controls/DatePicker.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/PictureArea.h"
@@ -207,8 +208,9 @@ TEST_P(Look, TheEdgesOfFieldsAreSeen)
 
 TEST_P(Look, TheFocusOfAFieldIsSeenBesideTheFieldWithoutIt)
 {
-    for (QWidget* field : std::initializer_list<QWidget*>{new QLineEdit, new QComboBox, new DatePicker,
-                                                          new QCheckBox, new QRadioButton, new QPushButton}) {
+    for (QWidget* field :
+         std::initializer_list<QWidget*>{new QLineEdit, new QComboBox, new DatePicker, new DateLabel,
+                                         new QCheckBox, new QRadioButton, new QPushButton}) {
         Show(field);
         const QImage before = Picture();
         field->setFocus(Qt::TabFocusReason);
@@ -305,6 +307,16 @@ TEST_P(Look, TheCalendarOfADateFieldCanBeReadAndHasAnEdge)
         EXPECT_GE(Ratio(picture.pixelColor(edge), picture.pixelColor(inside)), OfEdges) << edge.x();
 }
 
+TEST_P(Look, TheDateThatASearchWaitsForCanBeRead)
+{
+    auto* label = Show(new DateLabel);
+    label->SetDate(QDate(2026, 11, 28));
+    for (const bool awaiting : {false, true}) {
+        label->SetAwaiting(awaiting);
+        EXPECT_GE(Strongest(Picture(label, label->rect().adjusted(6, 4, -6, -4))), OfText) << awaiting;
+    }
+}
+
 TEST_P(Look, TheTickOfAListIsSeen)
 {
     auto* list = Show(new CheckList);
@@ -319,8 +331,10 @@ TEST_P(Look, WhatIsChosenInASwitchedOffListOrFieldCanBeRead)
     list->AddItem({1, QStringLiteral("XII A"), {}});
     list->SetTicked(0, true);
     list->setCurrentRow(0);
-    list->setEnabled(false);
-    EXPECT_GE(Strongest(Picture(list->viewport(), list->visualItemRect(list->item(0)))), OfText);
+    for (const bool on : {true, false}) {
+        list->setEnabled(on);
+        EXPECT_GE(Strongest(Picture(list->viewport(), list->visualItemRect(list->item(0)))), OfText) << on;
+    }
     delete list;
     for (QWidget* field : std::initializer_list<QWidget*>{
              new QLineEdit(QStringLiteral("HALF YEARLY")), new QComboBox, new DatePicker,

@@ -164,6 +164,17 @@ TEST_F(OpenDocumentTest, ASpreadsheetGoesToTheFirstProgramForSpreadsheets)
     EXPECT_EQ(Called(QStringLiteral("gnumeric")), QString());
 }
 
+TEST_F(OpenDocumentTest, AMachineMayBeWithoutAProgramForSpreadsheets)
+{
+    Install(QStringLiteral("soffice"));
+    UseSpreadsheetProgram({});
+    EXPECT_FALSE(HasSpreadsheetProgram());
+    EXPECT_FALSE(OpenSpreadsheet(Given(QStringLiteral("Rank List.xlsx"))));
+    UseRealSpreadsheetProgram();
+    EXPECT_TRUE(HasSpreadsheetProgram());
+    EXPECT_EQ(Called(QStringLiteral("soffice")), QString());
+}
+
 TEST_F(OpenDocumentTest, AStandInTakesThePlaceOfTheProgramForTextsUntilItIsTakenAway)
 {
     Install(gio);

@@ -108,6 +108,46 @@ TEST_F(SettledChoice, EnterSettlesAtAnyTimeInAListThatTakesIt)
     EXPECT_EQ(told, "One goes on;One goes on;");
 }
 
+TEST_F(SettledChoice, BehindARefusalTheArrowsGoOnFromTheRefusedEntryAsLongAsTheListKeepsTheFocus)
+{
+    const auto refuse = [this](int code = 1) {
+        list->setFocus();
+        list->SetBoundCode(code);
+        list->TakeBack();
+        EXPECT_EQ(list->BoundCode(), 0);
+    };
+    const auto leadsTo = [this](Qt::Key key) {
+        QTest::keyClick(list, key);
+        return list->BoundCode();
+    };
+    refuse();
+    EXPECT_EQ(leadsTo(Qt::Key_Down), 2);
+    refuse(2);
+    EXPECT_EQ(leadsTo(Qt::Key_Up), 1);
+    refuse();
+    EXPECT_EQ(leadsTo(Qt::Key_Home), 0);
+    EXPECT_EQ(leadsTo(Qt::Key_Down), 1) << "another key was pressed";
+
+    for (const auto& [reason, next] : {std::pair(Qt::ActiveWindowFocusReason, 2),
+                                       {Qt::PopupFocusReason, 2},
+                                       {Qt::TabFocusReason, 1},
+                                       {Qt::MouseFocusReason, 1}}) {
+        refuse();
+        button->setFocus(reason);
+        list->setFocus();
+        EXPECT_EQ(leadsTo(Qt::Key_Down), next) << reason;
+    }
+    button->setFocus();
+    list->SetBoundCode(1);
+    list->TakeBack();
+    list->setFocus();
+    EXPECT_EQ(leadsTo(Qt::Key_Down), 1) << "the list had been left";
+
+    list->SetBoundCode(2);
+    list->TakeBack();
+    EXPECT_EQ(leadsTo(Qt::Key_Down), 0) << "there is no other behind the last one";
+}
+
 TEST_F(SettledChoice, WhatTheScreenChoosesIsSettled)
 {
     Press(Qt::Key_Down);

@@ -25,7 +25,6 @@ void CellFollower::OpenAt(int row, int col)
     grid_->SetCurrentCell(row, col);
     box_->setAccessibleName(grid_->TextMatrix(0, col));
     box_->show();
-    box_->raise();
     Follow();
     box_->setFocus();
 }

@@ -25,7 +25,6 @@ void CheckList::AddItem(const ListItem& item)
 {
     const QSignalBlocker quiet(this);
     auto* entry = new QListWidgetItem(item.text, this);
-    entry->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
     entry->setCheckState(Qt::Unchecked);
     entry->setData(CodeRole, item.code);
     entry->setData(RefusalRole, item.refusal);
@@ -50,7 +49,6 @@ void CheckList::SetTicked(int index, bool ticked)
 {
     const QSignalBlocker quiet(this);
     item(index)->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
-    viewport()->update();
 }
 
 void CheckList::SetAllTicked(bool ticked)

@@ -86,7 +86,7 @@ void DataCombo::hidePopup()
 void DataCombo::keyPressEvent(QKeyEvent* event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && !isEditable() && property(TakesEnter).toBool()) {
+    if (isEnter && property(TakesEnter).toBool()) {
         unsettled_ = true;
         Settle(true);
         return;

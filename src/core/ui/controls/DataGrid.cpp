@@ -94,7 +94,6 @@ DataGrid::DataGrid(QWidget* parent) : Grid(parent), model_(new Model(this))
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     // More rows than anybody sees at once are not measured.
     horizontalHeader()->setResizeContentsPrecision(MeasuredRows);
-    horizontalHeader()->setStretchLastSection(false);
     horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
     // The row that the user stands on moves with its name, and the eye goes with it.
@@ -111,7 +110,6 @@ void DataGrid::Bind(GridResult result, const QStringList& hidden)
     const int sortedBy = heads == model_->Heads() ? horizontalHeader()->sortIndicatorSection() : -1;
     model_->SetResult(std::move(result));
     sortByColumn(sortedBy, horizontalHeader()->sortIndicatorOrder());
-    entered_ = QPersistentModelIndex();
     TakeEnter(false);
     for (int column = 0; column < heads.size(); ++column)
         setColumnHidden(column, ColumnOf(hidden, heads.at(column)) >= 0);
@@ -163,7 +161,7 @@ bool DataGrid::viewportEvent(QEvent* event)
         return Grid::viewportEvent(event);
     const auto* help = static_cast<QHelpEvent*>(event);
     const QModelIndex cell = indexAt(help->pos());
-    if (cell.isValid() && sizeHintForIndex(cell).width() > columnWidth(cell.column()))
+    if (sizeHintForIndex(cell).width() > columnWidth(cell.column()))
         QToolTip::showText(help->globalPos(), WrappedToolTip(cell.data().toString()), viewport());
     else
         QToolTip::hideText();
@@ -189,7 +187,7 @@ int DataGrid::CurrentRow() const
 QString DataGrid::Text(int row, const QString& head) const
 {
     const int column = ColumnOf(model_->Heads(), head);
-    if (row < 0 || row >= RowCount() || column < 0)
+    if (row < 0 || row >= RowCount())
         return {};
     return model_->Row(row).value(column);
 }
@@ -215,7 +213,7 @@ void DataGrid::TakeEnter(bool onRow)
 void DataGrid::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && property(TakesEnter).toBool() && StandsOnOneRow()) {
+    if (enter && StandsOnOneRow()) {
         Q_EMIT RowDoubleClicked(CurrentRow());
         return;
     }

@@ -72,9 +72,9 @@ bool DateFilter::eventFilter(QObject* receiver, QEvent* event)
 
 bool RefuseOrder(const DateRange& range)
 {
-    const QDate from = range.from->Date();
+    // A start that is not given lies before every day.
     const QDate to = range.to->Date();
-    if (!from.isValid() || !to.isValid() || to >= from)
+    if (!to.isValid() || to >= range.from->Date())
         return false;
     Prompts::Information(range.toBeforeFrom);
     range.to->Clear();

@@ -6,21 +6,11 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-#include <algorithm>
-
 namespace tally {
 
 namespace {
 
 constexpr QColor Awaiting{255, 255, 174};
-
-int WidestDate(const QFontMetrics& metrics)
-{
-    int widest = 0;
-    for (int month = 1; month <= 12; ++month)
-        widest = std::max(widest, metrics.horizontalAdvance(ShownDate(QDate(2008, month, 28))));
-    return widest;
-}
 
 } // namespace
 
@@ -31,7 +21,8 @@ DateLabel::DateLabel(QWidget* parent) : QLabel(parent)
     setAlignment(Qt::AlignCenter);
     setAutoFillBackground(true);
     setToolTip(QStringLiteral("The date chosen. Click to clear it."));
-    setMinimumWidth(WidestDate(fontMetrics()) + 2 * fontMetrics().averageCharWidth());
+    setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("28/May/2008")) +
+                    2 * fontMetrics().averageCharWidth());
     SetAwaiting(false);
     SetDate({});
 }
@@ -62,9 +53,8 @@ void DateLabel::SetAwaiting(bool awaiting)
     setForegroundRole(QPalette::Text);
 }
 
-void DateLabel::mouseReleaseEvent(QMouseEvent* event)
+void DateLabel::mouseReleaseEvent(QMouseEvent* /*event*/)
 {
-    QLabel::mouseReleaseEvent(event);
     Click();
 }
 

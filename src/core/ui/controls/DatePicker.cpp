@@ -42,13 +42,16 @@ void DatePicker::keyPressEvent(QKeyEvent* event)
     const QString text = event->text();
     const bool sign = !text.isEmpty() && text.at(0).isPrint() &&
                       (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
-    if (sign && lineEdit()->isReadOnly() && !isReadOnly())
-        ShowFieldHint(this, QStringLiteral("The Arrow Keys And The Calendar Move This Date"));
-    else
-        HideFieldHint(this);
+    if (sign && lineEdit()->isReadOnly()) {
+        // The toolkit would take a sign that stands between day, month and year for a way out of the field.
+        if (!isReadOnly())
+            ShowFieldHint(this, QStringLiteral("The Arrow Keys And The Calendar Move This Date"));
+        return;
+    }
+    HideFieldHint(this);
     if (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier))
         return OpenCalendar();
-    if (sign && !lineEdit()->isReadOnly())
+    if (sign)
         return TypeSign(event);
     typedDay_ = 0;
     monthDigit_ = -1;
@@ -75,9 +78,7 @@ void DatePicker::EndPart()
 {
     // The toolkit would go on to the next field, and what follows the sign would be typed there. A part that
     // is whole has led to the next one by itself.
-    const bool isWhole = lineEdit()->hasSelectedText() && monthDigit_ < 0;
-    monthDigit_ = -1;
-    if (!isWhole)
+    if (!lineEdit()->hasSelectedText() || monthDigit_ >= 0)
         setSelectedSection(currentSection() == DaySection ? MonthSection : YearSection);
 }
 
@@ -92,8 +93,7 @@ void DatePicker::TypeMonthDigit(int digit, QKeyEvent* event)
         QDateEdit::keyPressEvent(event);
         return;
     }
-    if (month > 0)
-        TypeMonth(month);
+    TypeMonth(month);
     if (first >= 0 || digit > 1)
         return;
     monthDigit_ = digit;
@@ -114,7 +114,7 @@ void DatePicker::RestoreTypedDay()
 {
     // The toolkit takes a 29th of February for a 28th before a leap year follows.
     const QDate shown = locale().toDate(text(), displayFormat());
-    if (shown.isValid() && shown.day() < typedDay_ && QDate::isValid(shown.year(), shown.month(), typedDay_))
+    if (shown.day() < typedDay_)
         setDate(QDate(shown.year(), shown.month(), typedDay_));
 }
 

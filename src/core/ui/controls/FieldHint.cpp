@@ -55,7 +55,7 @@ protected:
     {
         if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
             Place();
-        else if (receiver == field_ && (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide))
+        else if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide)
             TakeAway();
         return QLabel::eventFilter(receiver, event);
     }

@@ -11,31 +11,20 @@ namespace tally {
 
 FixedColumns::FixedColumns(FlexGrid* grid, int columns) : QTableView(grid), grid_(grid), columns_(columns)
 {
-    hide();
     setModel(grid->model());
     delete selectionModel();
     setSelectionModel(grid->selectionModel());
     DressGrid(this);
     setSelectionMode(grid->selectionMode());
     setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setAutoScroll(false);
     setFocusPolicy(Qt::ClickFocus);
     setFocusProxy(grid);
-    for (QHeaderView* header : {horizontalHeader(), verticalHeader()})
-        header->setMinimumSectionSize(1);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
 
     for (int col = 0; col < grid->Cols(); ++col)
         TakeColumnWidth(col, grid->ColWidth(col));
-    const int usualHeight = verticalHeader()->defaultSectionSize();
-    for (int row = 0; row + 1 < grid->Rows(); ++row) {
-        if (grid->isRowHidden(row))
-            hideRow(row);
-        else if (grid->rowHeight(row) != usualHeight)
-            setRowHeight(row, grid->rowHeight(row));
-    }
+    verticalHeader()->restoreState(grid->verticalHeader()->saveState());
     connect(grid->horizontalHeader(), &QHeaderView::sectionResized, this,
             [this](int col, int, int width) { TakeColumnWidth(col, width); });
     connect(grid->verticalScrollBar(), &QScrollBar::valueChanged, verticalScrollBar(), &QScrollBar::setValue);
@@ -50,7 +39,6 @@ void FixedColumns::Place()
     horizontalHeader()->setFixedHeight(head);
     setGeometry(viewport.left(), viewport.top() - head, ColumnsWidth(), viewport.height() + head);
     show();
-    raise();
     verticalScrollBar()->setValue(grid_->verticalScrollBar()->value());
 }
 
@@ -69,10 +57,8 @@ void FixedColumns::paintEvent(QPaintEvent* event)
 
 void FixedColumns::TakeColumnWidth(int col, int width)
 {
-    const bool shown = col < columns_ && width > 0;
-    setColumnHidden(col, !shown);
-    if (shown)
-        setColumnWidth(col, width);
+    setColumnHidden(col, col >= columns_);
+    setColumnWidth(col, width);
 }
 
 } // namespace tally

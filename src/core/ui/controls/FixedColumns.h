@@ -14,7 +14,8 @@ class FixedColumns : public QTableView
     Q_OBJECT
 
 public:
-    /// Takes over the grid's rows and columns as they are. Lives in the grid, hidden.
+    /// Takes over the grid's rows and columns as they are. Lives in the grid, and is first seen when it is
+    /// placed.
     FixedColumns(FlexGrid* grid, int columns);
 
     /// Stands over the grid's left edge, its rows beside the grid's.

@@ -147,8 +147,6 @@ public:
         endRemoveRows();
     }
 
-    void HideRow(int row, bool hidden) { table_.HideRow(row, hidden); }
-
     void HideCol(int col, bool hidden)
     {
         if (table_.HasCol(col))
@@ -176,9 +174,6 @@ FlexGrid::FlexGrid(QWidget* parent) : Grid(parent), model_(new Model(this))
     setModel(model_);
     DressGrid(this);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    // The office's lists hide rows and columns by their size.
-    verticalHeader()->setMinimumSectionSize(1);
-    horizontalHeader()->setMinimumSectionSize(1);
     // A lone column, as an emptied grid has it, is no narrow box in the grid's corner.
     connect(model_, &QAbstractItemModel::modelReset, this,
             [this] { horizontalHeader()->setStretchLastSection(Cols() == 1); });
@@ -260,28 +255,12 @@ int FlexGrid::ColWidth(GridCol col) const
     return isColumnHidden(col) ? 0 : columnWidth(col);
 }
 
-void FlexGrid::SetRowHeight(int row, int height)
-{
-    model_->HideRow(row, height <= 0);
-    ShowRowHidden(row, height <= 0);
-    if (row > 0 && height > 0)
-        setRowHeight(row - 1, height);
-    DropFixedColumns();
-}
-
 void FlexGrid::ShowRowHidden(int row, bool hidden)
 {
     if (row == 0)
         horizontalHeader()->setVisible(!hidden);
     else
         setRowHidden(row - 1, hidden);
-}
-
-int FlexGrid::RowHeight(int row) const
-{
-    if (row == 0)
-        return horizontalHeader()->isHidden() ? 0 : horizontalHeader()->sizeHint().height();
-    return isRowHidden(row - 1) ? 0 : rowHeight(row - 1);
 }
 
 void FlexGrid::RemoveItem(int row)
@@ -321,11 +300,10 @@ void FlexGrid::SetFixedCols(int cols)
 void FlexGrid::scrollTo(const QModelIndex& index, ScrollHint hint)
 {
     Grid::scrollTo(index, hint);
-    if (!fixedColumns_ || index.column() < fixedCols_)
+    if (!fixedColumns_)
         return;
-    const int covered = fixedColumns_->ColumnsWidth() - visualRect(index).left();
-    if (covered > 0)
-        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - covered);
+    const int covered = std::max(0, fixedColumns_->ColumnsWidth() - visualRect(index).left());
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() - covered);
 }
 
 void FlexGrid::updateGeometries()
@@ -378,7 +356,7 @@ bool FlexGrid::viewportEvent(QEvent* event)
 
 void FlexGrid::TurnWheel(int turn)
 {
-    if ((turn < 0) != (wheelTurned_ < 0))
+    if (turn * wheelTurned_ < 0)
         wheelTurned_ = 0;
     wheelTurned_ += turn;
     const int notches = wheelTurned_ / QWheelEvent::DefaultDeltasPerStep;

@@ -43,8 +43,6 @@ public:
     void SetColWidth(GridCol col, int width);
     void SetColHidden(GridCol col, bool hidden);
     int ColWidth(GridCol col) const;
-    void SetRowHeight(int row, int height);
-    int RowHeight(int row) const;
     /// Takes one row out; the rows below it move up. The head stays.
     void RemoveItem(int row);
 

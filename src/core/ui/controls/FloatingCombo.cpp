@@ -12,7 +12,6 @@ FloatingCombo::FloatingCombo(FlexGrid* grid) : DataCombo(grid->viewport()), Cell
 {
     setProperty(TakesEnter, true);
     setEditable(true);
-    setInsertPolicy(QComboBox::NoInsert);
 }
 
 void FloatingCombo::OpenAt(int row, int col)

@@ -11,7 +11,6 @@ FloatingEditor::FloatingEditor(FlexGrid* grid)
     : QLineEdit(grid->viewport()), CellBox(grid, this), guard_(this)
 {
     setProperty(TakesEnter, true);
-    setFrame(true);
     connect(this, &QLineEdit::textEdited, this, &FloatingEditor::Typed);
 }
 

@@ -62,7 +62,7 @@ void Grid::keyPressEvent(QKeyEvent* event)
 
 bool Grid::IsHidden(const QModelIndex& index) const
 {
-    return index.isValid() && (isRowHidden(index.row()) || isColumnHidden(index.column()));
+    return isRowHidden(index.row()) || isColumnHidden(index.column());
 }
 
 void Grid::keyboardSearch(const QString& search)

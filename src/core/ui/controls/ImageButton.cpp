@@ -7,8 +7,6 @@ namespace tally {
 
 ImageButton::ImageButton(QWidget* parent) : QAbstractButton(parent)
 {
-    setFocusPolicy(Qt::StrongFocus);
-    setMouseTracking(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

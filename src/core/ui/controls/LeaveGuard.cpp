@@ -101,7 +101,7 @@ bool LeaveGuard::eventFilter(QObject* receiver, QEvent* event)
     const bool mouse = event->type() == QEvent::MouseButtonPress ||
                        event->type() == QEvent::MouseButtonRelease ||
                        event->type() == QEvent::MouseButtonDblClick;
-    return (keepsFocus_ && mouse) || QObject::eventFilter(receiver, event);
+    return mouse || QObject::eventFilter(receiver, event);
 }
 
 void AskBeforeLeaving(QWidget* field, std::function<bool()> validate, const QList<QWidget*>& free)

@@ -21,7 +21,6 @@ constexpr int TitleMargin = 28;
 
 MovieView::MovieView(QWidget* parent) : QWidget(parent), foot_(new QHBoxLayout)
 {
-    setAttribute(Qt::WA_OpaquePaintEvent);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(24, 24, 24, 24);
     rows->addStretch();
