@@ -68,15 +68,15 @@ void GradeSetupRepository::Replace(store::Transaction& transaction, const School
         QStringLiteral("INSERT INTO RankMaster (AcademicYearCode, ExamCode, ClassCode, DivisionCode, "
                        "TotalAverage, SubjectAverage, Grade, Status, UserCode) VALUES "
                        "(?, ?, ?, ?, ?, ?, ?, ?, ?)"));
-    const int userPosition = 9;
+    constexpr int UserPosition = 9;
     int status = 0;
     for (const GradeRecord& row : rows) {
         insert.Bind(scope.academicYearCode, scope.examCode, scope.classCode, scope.divisionCode,
                     row.totalAverage, row.subjectAverage, row.grade, ++status);
         if (userCode)
-            insert.BindAt(userPosition, qint64{*userCode});
+            insert.BindAt(UserPosition, qint64{*userCode});
         else
-            insert.BindNullAt(userPosition);
+            insert.BindNullAt(UserPosition);
         insert.RunBound();
     }
 }

@@ -237,11 +237,10 @@ void frmClassRankTransferSetup::chkSelectAll_Click(bool ticked)
 
 void frmClassRankTransferSetup::cmdTransfer_Click()
 {
-    if (source_.empty()) {
+    if (source_.empty())
         Refuse(QStringLiteral("No Record Exists For Copying"), ui_->cboFromDivision);
-        return;
-    }
-    ShowTo(source_);
+    else
+        ShowTo(source_);
 }
 
 void frmClassRankTransferSetup::RefillLists()

@@ -418,7 +418,8 @@ void frmMasClassSectionEntry::SetEntering(bool entering)
 void frmMasClassSectionEntry::resizeEvent(QResizeEvent* event)
 {
     Screen::resizeEvent(event);
-    const int width = std::min(460, this->width() - 4 * LookUnit);
+    const int width =
+        rect().adjusted(2 * LookUnit, 0, -2 * LookUnit, 0).size().boundedTo(QSize(460, height())).width();
     const int height =
         std::max(ui_->fraAboutEntry->heightForWidth(width), ui_->fraAboutEntry->sizeHint().height());
     ui_->fraAboutEntry->setGeometry((this->width() - width) / 2, (this->height() - height) / 2, width,

@@ -75,7 +75,7 @@ bool Like(QStringView text, QStringView pattern)
     qsizetype at = 0;
     qsizetype in = 0;
     qsizetype behindPercent = None;
-    qsizetype percentUpTo = 0; // what the last % stands for ends here in the text
+    qsizetype percentUpTo = None; // what the last % stands for ends here in the text
     while (at < text.size()) {
         const QChar wanted = in < pattern.size() ? pattern[in] : QChar();
         if (wanted == QLatin1Char('%')) {

@@ -34,7 +34,7 @@ public:
                    Reads reads = Reads::AtEachClass);
 
     /// Reads the classes; nothing is chosen then, and no division offered. Throws StoreError as Choose does.
-    void Load() { Choose(0, 0); }
+    void Load() { Choose(NotChosen, NotChosen); }
     /// Reads both lists, and keeps what is chosen as far as it still exists. Throws StoreError as Choose
     /// does.
     void Refill();
@@ -52,6 +52,8 @@ public:
     void TakeBackClass();
 
 private:
+    static constexpr int NotChosen = 0;
+
     static CodedTexts DivisionsOf(int classCode, Order order);
     void LoadDivisions();
 
