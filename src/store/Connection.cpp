@@ -143,7 +143,6 @@ void Connection::Open(const QByteArray& name, int flags)
     engine_.reset(engine);
     if (result != SQLITE_OK)
         throw StoreError(result, QString::fromUtf8(sqlite3_errstr(result)));
-    sqlite3_extended_result_codes(engine, 1);
     SetPatience(DefaultPatience);
 }
 

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 
 namespace tally::store {
 
@@ -123,8 +124,8 @@ void UpgradeAlone(Connection& main)
         RefuseOtherFiles(main);
         if (!main.Path().isEmpty())
             copy = CopyBeside(main);
-        for (int step = version; step < MainVersion; ++step)
-            Steps[step - 1](upgrading);
+        for (const auto step : std::span(Steps).subspan(static_cast<std::size_t>(version - 1)))
+            step(upgrading);
         upgrading.Execute(dialect::WriteSchemaVersion(MainVersion));
         upgrading.Commit();
     } catch (const StoreError& error) {

@@ -232,4 +232,13 @@ TEST_F(TwoClients, AReadTransactionWithinAWritingOneLeavesItsRowsAlone)
     EXPECT_EQ(Names(other_), 2);
 }
 
+TEST(Transaction, WithoutOneThereIsNothingToCommitOrToRollBack)
+{
+    Connection connection = Connection::InMemory();
+    connection.Commit();
+    EXPECT_EQ(connection.TransactionDepth(), 0);
+    connection.Rollback();
+    EXPECT_EQ(connection.TransactionDepth(), 0);
+}
+
 } // namespace tally::test

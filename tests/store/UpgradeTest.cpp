@@ -104,6 +104,8 @@ TEST_F(UpgradeTest, TheRowsStayAsTheyAre)
 
 TEST_F(UpgradeTest, AWholeCopyOfTheOldFileLiesBesideIt)
 {
+    ASSERT_TRUE(QFile::setPermissions(files.Path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
+                                                        QFile::WriteGroup));
     Connection main = Open();
     Upgrade(main);
     EXPECT_EQ(FilesIn(files), (QStringList{CopyName, MainFile}));
@@ -190,9 +192,18 @@ TEST_F(UpgradeTest, AFolderInThePlaceOfTheCopySaysSo)
 
 TEST_F(UpgradeTest, ACopyWhoseNamesAreAllTakenSaysSoAndIsCleared)
 {
+    const auto name = [](int number) {
+        return QStringLiteral("Tallyboard before upgrade 2 (%1).mdb").arg(number);
+    };
     files.Write("ten years of marks", CopyName);
-    for (int number = 2; number <= 99; ++number)
-        files.Write("of another year", QStringLiteral("Tallyboard before upgrade 2 (%1).mdb").arg(number));
+    for (int number = 2; number <= 98; ++number)
+        files.Write("of another year", name(number));
+    {
+        Connection main = Open();
+        Upgrade(main);
+    }
+    EXPECT_EQ(files.Bytes(name(99)), old) << "the last free name";
+    files.Write(old);
     EXPECT_EQ(Refusal(),
               CouldNotBe() + QStringLiteral("No Copy Of It Could Be Made Beside It (its name could "
                                             "not be given)"));
