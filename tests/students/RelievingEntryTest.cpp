@@ -522,6 +522,9 @@ TEST_F(RelievingEntry, AStoredEntryIsShownReadyToEditOrDelete)
     EXPECT_EQ(TextOf("txtTCNo"), "TC 1");
     EXPECT_EQ(Date("dtpRelievingDate")->date(), QDate(2024, 9, 1));
     EXPECT_EQ(Date("dtpTCDate")->date(), QDate(2024, 9, 2));
+    Given("UPDATE StudentMaster SET TCDate = NULL WHERE StudentCode = 1");
+    ASSERT_TRUE(Entry()->LoadEntry(1, false));
+    EXPECT_EQ(Date("dtpTCDate")->date(), WorkingDate) << "and not that of the entry before";
 }
 
 TEST_F(RelievingEntry, AnEntryThatIsOnlyViewedCannotBeTouched)
