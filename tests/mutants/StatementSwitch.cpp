@@ -2,12 +2,13 @@
 // it writes down the statements that a program prepares, or gives the engine one of them in place of another.
 // So the program that is tested needs no door for it.
 
+#include "code/Append.h"
+
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
 #include <execinfo.h>
-#include <fcntl.h>
 #include <fstream>
 #include <link.h>
 #include <map>
@@ -62,14 +63,9 @@ std::vector<std::uintptr_t> Callers()
     return callers;
 }
 
-/// In one piece, since programs that a test starts write to the same file.
 void Append(const char* path, const std::string& text)
 {
-    const int file = open(path, O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
-    if (file < 0)
-        return;
-    [[maybe_unused]] const ssize_t written = write(file, text.data(), text.size());
-    close(file);
+    mutants::Append(path, text.data(), text.size());
 }
 
 void Record(const char* path, const std::string& sql)

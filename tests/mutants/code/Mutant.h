@@ -3,15 +3,13 @@
 // TALLY_MUTANTS_RECORD each place that was asked leaves its number in that file.
 #pragma once
 
+#include "Append.h"
+
 #include <atomic>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <string>
-#include <sys/resource.h>
-#include <sys/syscall.h>
 #include <type_traits>
-#include <unistd.h>
 #include <utility>
 
 #ifdef QT_CORE_LIB
@@ -36,36 +34,10 @@ inline const Orders& TheOrders()
     return orders;
 }
 
-/// Lets files grow while it lives, where a test lets them grow no more than on a full disk.
-class Room
-{
-public:
-    Room()
-    {
-        syscall(SYS_prlimit64, 0, RLIMIT_FSIZE, nullptr, &before_);
-        const rlimit most{before_.rlim_max, before_.rlim_max};
-        syscall(SYS_prlimit64, 0, RLIMIT_FSIZE, &most, nullptr);
-    }
-    Room(const Room&) = delete;
-    Room& operator=(const Room&) = delete;
-    ~Room() { syscall(SYS_prlimit64, 0, RLIMIT_FSIZE, &before_, nullptr); }
-
-private:
-    rlimit before_{};
-};
-
-/// At once, since a test may kill its process. By the bare system calls, since some tests take the place of
-/// those of the library.
 inline void Note(unsigned long number)
 {
     const std::string line = std::to_string(number) + '\n';
-    const Room room;
-    const long file =
-        syscall(SYS_openat, AT_FDCWD, TheOrders().record, O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
-    if (file < 0)
-        return;
-    syscall(SYS_write, file, line.data(), line.size());
-    syscall(SYS_close, file);
+    Append(TheOrders().record, line.data(), line.size());
 }
 
 template <unsigned long Number>

@@ -29,6 +29,8 @@ COPIED = re.compile(r"(CMakeLists\.txt|LICENSE|README\.md|(cmake|packaging|resou
 LEFT_OUT = re.compile(r"tests/(mutants|endtoend)/")
 # It only starts the program, as the tests end to end do, each of which takes longer than a thousand others.
 UNCHANGED = "src/app/main.cpp"
+# What the changed files need beside them.
+HEADERS = ("Append.h", "Mutant.h")
 UIC = "/usr/lib/qt6/libexec/uic"
 # So many changes have room in one file: a number tells the file by its upper part.
 ROOM = 4096
@@ -84,11 +86,12 @@ class Copy:
                 write(self.tree / file, data)
             elif not file.endswith(".ui") and not (self.tree / file).exists():
                 write(self.tree / file, data)
-        write(self.tree / "src/Mutant.h", (HERE / "Mutant.h").read_bytes())
+        for name in HEADERS:
+            write(self.tree / "src" / name, (HERE / name).read_bytes())
         wanted = {self.tree / file for file in self.files if not file.endswith(".ui")}
         wanted |= {self.tree / "src" / f"ui_{Path(file).stem}.h" for file in self.files}
         for path in self.tree.rglob("*"):
-            if path.is_file() and path not in wanted and path.name != "Mutant.h":
+            if path.is_file() and path not in wanted and path.name not in HEADERS:
                 path.unlink()
         subprocess.run(
             ["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-Wno-dev", "-DCMAKE_BUILD_TYPE=Debug",
