@@ -71,6 +71,7 @@ CellEditors::Entry& CellEditors::Add(FlexGrid* grid, CellBox* box, QWidget* cont
                                      const CellColumn& column)
 {
     control->setObjectName(QString::fromLatin1(column.name));
+    control->setAccessibleName(grid->TextMatrix(0, column.column));
     if (column.filter)
         TakeOnly(field, column.filter, column.maxLength);
     control->installEventFilter(this);

@@ -23,7 +23,6 @@ void CellFollower::OpenAt(int row, int col)
     row_ = row;
     col_ = col;
     grid_->SetCurrentCell(row, col);
-    box_->setAccessibleName(grid_->TextMatrix(0, col));
     box_->show();
     Follow();
     box_->setFocus();
