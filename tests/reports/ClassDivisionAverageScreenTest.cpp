@@ -630,7 +630,7 @@ TEST_F(DivisionAverageScreen, RowsAreAsHighAsTheOfficeKnowsThem)
 {
     GivenTwoDivisions();
     ShowAverages();
-    EXPECT_GE(grid->RowHeight(1), 21);
+    EXPECT_GE(grid->rowHeight(0), 21);
 }
 
 TEST_F(DivisionAverageScreen, TheListsOfTheSelectionUseTheRoom)

@@ -451,7 +451,7 @@ TEST_F(StudentsListScreen, ThePlaceOfAClearedListKeepsItsBox)
     GivenTwoDivisions();
     OpenBelow();
     Proceed(Detail);
-    EXPECT_GE(grid->RowHeight(1), 21);
+    EXPECT_GE(grid->rowHeight(0), 21);
     EXPECT_EQ(grid->ColWidth(0), 0);
     Tick(subjects, 0);
     ExpectNoList();
