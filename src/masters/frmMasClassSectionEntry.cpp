@@ -41,14 +41,10 @@ frmMasClassSectionEntry::~frmMasClassSectionEntry() = default;
 
 void frmMasClassSectionEntry::BuildGrids()
 {
-    classes_.Clear();
     ui_->msgClassDetails->Show(classes_.ClassTable());
     ui_->msgDivisionDetails->Show(classes_.DivisionTable(0));
-    ui_->msgDivisionDetails->SetRows(2);
-    for (FlexGrid* grid : {ui_->msgClassDetails, ui_->msgDivisionDetails}) {
+    for (FlexGrid* grid : {ui_->msgClassDetails, ui_->msgDivisionDetails})
         grid->setProperty(TakesEnter, true);
-        grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    }
 }
 
 void frmMasClassSectionEntry::BuildEditors()
@@ -68,7 +64,6 @@ void frmMasClassSectionEntry::BuildEditors()
                                            .maxLength = 2,
                                            .typed = std::bind_front(&Form::txtNoOfDivisions_Change, this),
                                            .enter = std::bind_front(&Form::txtNoOfDivisions_Enter, this),
-                                           .leave = std::bind_front(&Form::txtNoOfDivisions_Validate, this),
                                            .mayType = std::bind_front(&Form::IsNamed, this)});
     boxes_->AddText(ui_->msgClassDetails, {.column = ClassColumn::ClassOrder,
                                            .name = "txtClassOrder",
@@ -126,7 +121,6 @@ void frmMasClassSectionEntry::Form_Load()
     SetEntering(false);
     // The note about the order of the classes is to be read before anything else.
     ui_->fraButtons->setEnabled(false);
-    ui_->fraAboutEntry->raise();
     ui_->cmdClose->setFocus();
 }
 
@@ -134,10 +128,6 @@ void frmMasClassSectionEntry::cmdClose_Click()
 {
     ui_->fraAboutEntry->hide();
     ui_->fraButtons->setEnabled(true);
-    classes_.StartFirstRow();
-    ShowClasses();
-    ui_->msgDivisionDetails->SetTextMatrix(1, DivisionColumn::DivisionCode, QStringLiteral("1"));
-    boxes_->Close();
     ui_->cmdNew->setFocus();
     ReadClasses();
 }
@@ -212,6 +202,7 @@ void frmMasClassSectionEntry::cmdCancel_Click()
     ClearControls(this);
     classes_.Clear();
     ShowClasses();
+    LoadOldDetails();
     SetEntering(false);
     editing_ = false;
     ui_->cmdNew->setEnabled(true);
@@ -257,17 +248,16 @@ void frmMasClassSectionEntry::LoadData()
     }
     if (!loaded_.classes.empty()) {
         ui_->cmdEdit->setEnabled(true);
-        SetEntering(false);
         ui_->cmdNew->setEnabled(false);
         ui_->cmdEdit->setFocus();
     }
-    ui_->msgDivisionDetails->SetRows(1);
 }
 
 void frmMasClassSectionEntry::LoadOldDetails()
 {
-    const int row = ui_->msgClassDetails->CurrentRow();
-    const int classCode = row >= 1 && row <= classes_.RowCount() ? classes_.Row(row).classCode : 0;
+    // No class stands in the head, where the keyboard is while none is chosen.
+    const FlexGrid* grid = ui_->msgClassDetails;
+    const int classCode = grid->TextMatrix(grid->CurrentRow(), ClassColumn::ClassCode).toInt();
     ui_->msgDivisionDetails->ShowRows(classes_.DivisionTable(classCode));
 }
 
@@ -342,23 +332,15 @@ void frmMasClassSectionEntry::txtNoOfDivisions_Change(int row, const QString& te
     LoadOldDetails();
 }
 
-void frmMasClassSectionEntry::txtNoOfDivisions_Enter(int row, const QString& text)
+void frmMasClassSectionEntry::txtNoOfDivisions_Enter(int row, const QString&)
 {
     ClassRow& entry = classes_.Row(row);
     if (entry.Divisions() == 0)
         return;
     if (entry.Order() == 0)
         entry.classOrder = QString::number(classes_.NextClassOrder());
-    txtNoOfDivisions_Validate(row, text);
-    boxes_->OpenNext();
-}
-
-QString frmMasClassSectionEntry::txtNoOfDivisions_Validate(int row, const QString&)
-{
-    classes_.Row(row).oldNoOfDivisions = classes_.Row(row).Divisions();
     ShowClasses();
-    LoadOldDetails();
-    return {};
+    boxes_->OpenNext();
 }
 
 void frmMasClassSectionEntry::txtClassOrder_Change(int row, const QString& text)
@@ -418,8 +400,7 @@ void frmMasClassSectionEntry::SetEntering(bool entering)
 void frmMasClassSectionEntry::resizeEvent(QResizeEvent* event)
 {
     Screen::resizeEvent(event);
-    const int width =
-        rect().adjusted(2 * LookUnit, 0, -2 * LookUnit, 0).size().boundedTo(QSize(460, height())).width();
+    const int width = std::min(460, this->width() - 4 * LookUnit);
     const int height =
         std::max(ui_->fraAboutEntry->heightForWidth(width), ui_->fraAboutEntry->sizeHint().height());
     ui_->fraAboutEntry->setGeometry((this->width() - width) / 2, (this->height() - height) / 2, width,
