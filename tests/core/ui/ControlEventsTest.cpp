@@ -10,6 +10,7 @@
 #include "core/ui/controls/FloatingCombo.h"
 #include "core/ui/controls/FloatingEditor.h"
 #include "core/ui/controls/ImageButton.h"
+#include "support/EventCounter.h"
 #include "support/ScreenFixture.h"
 
 #include <QAbstractScrollArea>
@@ -19,28 +20,6 @@
 
 namespace tally::test {
 namespace {
-
-/// Counts the events of one kind that a widget gets.
-class Counter : public QObject
-{
-public:
-    Counter(QWidget* widget, QEvent::Type type) : QObject(widget), type_(type)
-    {
-        widget->installEventFilter(this);
-    }
-    int Taken() { return std::exchange(count_, 0); }
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        count_ += event->type() == type_ ? 1 : 0;
-        return false;
-    }
-
-private:
-    QEvent::Type type_;
-    int count_ = 0;
-};
 
 class ControlEvents : public ScreenFixture
 {
@@ -93,16 +72,16 @@ TEST_F(ControlEvents, AControlIsPaintedAnewWhenTheFocusComesAndGoes)
 {
     for (QWidget* control : std::initializer_list<QWidget*>{combo, list, ticks, dateLabel, date, picture,
                                                             grid, editor, floating}) {
-        QList<Counter*> paints{new Counter(control, QEvent::Paint)};
+        QList<EventCounter*> paints{new EventCounter(control, QEvent::Paint)};
         if (auto* area = qobject_cast<QAbstractScrollArea*>(control))
-            paints.append(new Counter(area->viewport(), QEvent::Paint));
+            paints.append(new EventCounter(area->viewport(), QEvent::Paint));
         for (QWidget* next : {control, static_cast<QWidget*>(button)}) {
             Settle();
-            for (Counter* counter : paints)
+            for (EventCounter* counter : paints)
                 counter->Taken();
             next->setFocus();
             Settle();
-            for (Counter* counter : paints)
+            for (EventCounter* counter : paints)
                 EXPECT_GT(counter->Taken(), 0)
                     << control->metaObject()->className() << (next == control ? " entered" : " left");
         }
@@ -111,7 +90,7 @@ TEST_F(ControlEvents, AControlIsPaintedAnewWhenTheFocusComesAndGoes)
 
 TEST_F(ControlEvents, AListIsPaintedAnewWhenTheScreenChoosesInIt)
 {
-    Counter paints(combo, QEvent::Paint);
+    EventCounter paints(combo, QEvent::Paint);
     Settle();
     paints.Taken();
     combo->SetBoundCode(1);
@@ -121,7 +100,7 @@ TEST_F(ControlEvents, AListIsPaintedAnewWhenTheScreenChoosesInIt)
 
 TEST_F(ControlEvents, AKeyThatMeansNothingToAControlReachesItsForm)
 {
-    Counter keys(form, QEvent::KeyPress);
+    EventCounter keys(form, QEvent::KeyPress);
     for (QWidget* control : std::initializer_list<QWidget*>{combo, list, ticks, dateLabel, date, picture,
                                                             grid, editor, floating}) {
         control->setFocus();

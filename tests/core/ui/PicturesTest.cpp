@@ -10,6 +10,7 @@
 #include "core/ui/controls/ImageButton.h"
 #include "core/ui/controls/PictureArea.h"
 #include "core/ui/look/Look.h"
+#include "support/EventCounter.h"
 #include "support/ScreenFixture.h"
 #include "support/TableOf.h"
 
@@ -146,27 +147,17 @@ TEST_P(Pictures, OfFieldsButtonsAndOptions)
 
 TEST_P(Pictures, OfAButtonAreShownAsSoonAsTheyChange)
 {
-    struct Paints : QObject
-    {
-        int count = 0;
-        bool eventFilter(QObject*, QEvent* event) override
-        {
-            count += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-    };
     ImageButton button;
     QPixmap picture(40, 30);
     picture.fill(Qt::red);
     button.SetPicture(picture);
     Show(&button);
     Settle();
-    Paints paints;
-    button.installEventFilter(&paints);
+    const EventCounter paints(&button, QEvent::Paint);
     picture.fill(Qt::blue);
     button.SetPicture(picture);
     Settle();
-    EXPECT_EQ(paints.count, 1);
+    EXPECT_EQ(paints.Count(), 1);
 }
 
 TEST_P(Pictures, OfListsTheirMarksAndTheirTicks)

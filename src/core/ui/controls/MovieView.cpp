@@ -60,7 +60,6 @@ void MovieView::Play()
     if (renderer_ || movie_.isEmpty() || !isVisible())
         return;
     auto renderer = std::make_unique<QSvgRenderer>(movie_);
-    renderer->setAspectRatioMode(Qt::KeepAspectRatioByExpanding);
     renderer->setFramesPerSecond(FramesPerSecond);
     connect(renderer.get(), &QSvgRenderer::repaintNeeded, this, qOverload<>(&QWidget::update));
     renderer_ = std::move(renderer);
@@ -78,8 +77,12 @@ void MovieView::paintEvent(QPaintEvent*)
         QTimer::singleShot(0, this, qOverload<>(&QWidget::update));
         return;
     }
-    if (renderer_)
-        renderer_->render(&painter, rect());
+    if (renderer_) {
+        // The renderer itself would pull the movie out of shape.
+        QRectF whole({}, renderer_->viewBoxF().size().scaled(size(), Qt::KeepAspectRatioByExpanding));
+        whole.moveCenter(QRectF(rect()).center());
+        renderer_->render(&painter, whole);
+    }
 
     QFont title = font();
     title.setPointSizeF(title.pointSizeF() * 2.2);
@@ -90,19 +93,17 @@ void MovieView::paintEvent(QPaintEvent*)
                      ApplicationTitle);
 }
 
-void MovieView::showEvent(QShowEvent* event)
+void MovieView::showEvent(QShowEvent*)
 {
-    QWidget::showEvent(event);
     if (defaultButton_)
         defaultButton_->setFocus();
     QTimer::singleShot(0, this, &MovieView::Play);
 }
 
-void MovieView::hideEvent(QHideEvent* event)
+void MovieView::hideEvent(QHideEvent*)
 {
     // A hidden movie must not keep the machine busy: the splash stays loaded all day.
     renderer_.reset();
-    QWidget::hideEvent(event);
 }
 
 } // namespace tally
