@@ -1,5 +1,6 @@
 #include "core/ui/controls/CheckList.h"
 
+#include <QApplication>
 #include <QScrollBar>
 #include <QTest>
 
@@ -27,11 +28,36 @@ protected:
 
 TEST_F(CheckListTest, ShowsWholeLinesWhateverItsHeightIs)
 {
-    for (int height = 60; height <= 160; ++height) {
+    for (int height = Line() + 2 * list.frameWidth(); height <= 160; ++height) {
         list.resize(200, height);
         QTest::qWait(0);
         ASSERT_EQ(list.viewport()->height() % Line(), 0) << height;
         ASSERT_GE(list.viewport()->height() + Line(), list.contentsRect().height()) << height;
+    }
+}
+
+TEST_F(CheckListTest, WhatNoWholeLineFitsIntoLooksAsTheListDoes)
+{
+    const QColor ground = QApplication::palette().color(QPalette::Base);
+    for (const int height : {111, 121}) {
+        list.resize(200, height);
+        QTest::qWait(0);
+        const QImage shown = list.grab().toImage();
+        for (int y = list.viewport()->geometry().bottom() + 1; y <= list.contentsRect().bottom(); ++y)
+            EXPECT_EQ(shown.pixelColor(40, y), ground) << height << ": " << y;
+        EXPECT_NE(shown.pixelColor(40, height - 1), ground) << "its edge";
+    }
+}
+
+TEST_F(CheckListTest, ALoneLineHasTheWholeList)
+{
+    CheckList lone;
+    lone.AddItem({1, QStringLiteral("  Subject"), {}});
+    lone.show();
+    for (int height = 100; height < 130; ++height) {
+        lone.resize(200, height);
+        QTest::qWait(0);
+        EXPECT_EQ(lone.viewport()->height(), lone.contentsRect().height()) << height;
     }
 }
 

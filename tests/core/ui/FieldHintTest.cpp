@@ -1,5 +1,6 @@
 #include "core/ui/controls/FieldHint.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAccessible>
 #include <QApplication>
 #include <QLabel>
@@ -69,6 +70,43 @@ TEST_F(FieldHint, IsGoneWithItsField)
     frame->move(60, 40);
 }
 
+TEST_F(FieldHint, GoesByItselfAfterItsTime)
+{
+    const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(Note());
+    ASSERT_EQ(timers.size(), 1);
+    QTimerEvent over(timers[0].timerId);
+    QCoreApplication::sendEvent(Note(), &over);
+    EXPECT_EQ(FieldHintAt(field), QString());
+    EXPECT_FALSE(Note()->isVisible());
+    QTest::qWait(0);
+    EXPECT_EQ(Note(), nullptr) << "nothing is left of it";
+}
+
+TEST_F(FieldHint, AnotherOneTakesItsPlace)
+{
+    HideFieldHint(field);
+    field->setAccessibleDescription(QStringLiteral("Code"));
+    auto* other = new QLineEdit(frame);
+    ShowFieldHint(field, QStringLiteral("One"));
+    ShowFieldHint(other, QStringLiteral("Two"));
+    EXPECT_EQ(FieldHintAt(field), QString());
+    EXPECT_EQ(field->accessibleDescription().toStdString(), "Code");
+    EXPECT_EQ(FieldHintAt(other).toStdString(), "Two");
+    EXPECT_EQ(other->accessibleDescription().toStdString(), "Two");
+    int seen = 0;
+    for (const QLabel* note : window.findChildren<QLabel*>(QStringLiteral("fieldHint")))
+        seen += note->isVisible() ? 1 : 0;
+    EXPECT_EQ(seen, 1);
+}
+
+TEST_F(FieldHint, GoesWithTheWindowOrTheFrameOfItsField)
+{
+    frame->hide();
+    EXPECT_EQ(FieldHintAt(field), QString());
+    frame->show();
+    EXPECT_EQ(FieldHintAt(field), QString()) << "and does not come back";
+}
+
 TEST_F(FieldHint, IsTakenAwayFromItsOwnFieldOnly)
 {
     auto* other = new QLineEdit(frame);
@@ -77,8 +115,10 @@ TEST_F(FieldHint, IsTakenAwayFromItsOwnFieldOnly)
     EXPECT_EQ(FieldHintAt(other), QString());
     HideFieldHint(field);
     EXPECT_EQ(FieldHintAt(field), QString());
-    HideFieldHint(field);
     EXPECT_EQ(field->accessibleDescription(), QString());
+    field->setAccessibleDescription(QStringLiteral("Code"));
+    HideFieldHint(field);
+    EXPECT_EQ(field->accessibleDescription().toStdString(), "Code") << "a note that is gone has no say";
 }
 
 } // namespace

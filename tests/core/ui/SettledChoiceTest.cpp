@@ -148,6 +148,29 @@ TEST_F(SettledChoice, BehindARefusalTheArrowsGoOnFromTheRefusedEntryAsLongAsTheL
     EXPECT_EQ(leadsTo(Qt::Key_Down), 0) << "there is no other behind the last one";
 }
 
+TEST_F(SettledChoice, WhatTheScreenChoosesBehindARefusalIsWhereTheArrowsGoOn)
+{
+    list->SetBoundCode(2);
+    list->TakeBack();
+    list->SetBoundCode(1);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(list->BoundCode(), 2);
+}
+
+TEST_F(SettledChoice, TheFirstEntryOfAListWithoutABlankLineIsTakenBackToo)
+{
+    for (const DataCombo::Entries& entries :
+         {DataCombo::Entries{{1, QStringLiteral("One")}, {2, QStringLiteral("Two")}},
+          DataCombo::Entries{{1, QStringLiteral("One")}}}) {
+        list->SetList(entries);
+        list->SetBoundCode(1);
+        list->TakeBack();
+        EXPECT_EQ(list->currentIndex(), -1);
+        Press(Qt::Key_Down);
+        EXPECT_EQ(list->BoundCode(), entries.size() > 1 ? 2 : 0) << "there is no other behind the last one";
+    }
+}
+
 TEST_F(SettledChoice, WhatTheScreenChoosesIsSettled)
 {
     Press(Qt::Key_Down);

@@ -95,10 +95,11 @@ void CheckList::initViewItemOption(QStyleOptionViewItem* option) const
 bool CheckList::event(QEvent* event)
 {
     const bool handled = QListWidget::event(event);
-    if (const int rest = viewportMargins().bottom(); event->type() == QEvent::Paint && rest > 0) {
+    if (event->type() == QEvent::Paint) {
         // What no whole line fits into looks as the list does.
         const QRect lines = viewport()->geometry();
-        QPainter(this).fillRect(lines.left(), lines.bottom() + 1, lines.width(), rest, palette().base());
+        QPainter(this).fillRect(lines.left(), lines.bottom() + 1, lines.width(), viewportMargins().bottom(),
+                                palette().base());
     }
     return handled;
 }

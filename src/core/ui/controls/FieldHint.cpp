@@ -5,7 +5,6 @@
 #include <QEvent>
 #include <QLabel>
 #include <QPointer>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -35,7 +34,7 @@ public:
         for (QWidget* part = field; part != window(); part = part->parentWidget())
             part->installEventFilter(this);
         window()->installEventFilter(this);
-        QTimer::singleShot(ShownFor, this, &Note::TakeAway);
+        startTimer(ShownFor);
         Place();
         show();
     }
@@ -51,6 +50,7 @@ public:
     const QWidget* Field() const { return field_; }
 
 protected:
+    void timerEvent(QTimerEvent*) override { TakeAway(); }
     bool eventFilter(QObject* receiver, QEvent* event) override
     {
         if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
