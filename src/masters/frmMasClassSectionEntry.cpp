@@ -200,8 +200,6 @@ void frmMasClassSectionEntry::cmdCancel_Click()
 {
     boxes_->Close();
     ClearControls(this);
-    classes_.Clear();
-    ShowClasses();
     LoadOldDetails();
     SetEntering(false);
     editing_ = false;

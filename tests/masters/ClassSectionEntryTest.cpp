@@ -3,6 +3,7 @@
 #include "store/StoreError.h"
 #include "support/OneMoment.h"
 
+#include <QHeaderView>
 #include <QLabel>
 
 namespace tally::test {
@@ -41,6 +42,8 @@ TEST_F(ClassSectionEntry, HeadsAndHiddenColumnsAreAsTheOfficeKnowsThem)
     EXPECT_EQ(divisions->TextMatrix(0, 1).toStdString(), "Division Name");
     EXPECT_EQ(divisions->TextMatrix(0, 2).toStdString(), "ClassCode");
     EXPECT_EQ(divisions->ColWidth(2), 0);
+    for (const FlexGrid* grid : {classes, divisions})
+        EXPECT_EQ(grid->horizontalHeader()->length(), grid->viewport()->width()) << "names have all the room";
 }
 
 TEST_F(ClassSectionEntry, WithoutClassesThereIsOnlyNew)
@@ -75,6 +78,29 @@ TEST_F(ClassSectionEntry, WithClassesThereIsOnlyEdit)
     EXPECT_FALSE(IsEnabled("cmdNew"));
     EXPECT_FALSE(IsEnabled("cmdEdit"));
     EXPECT_TRUE(Button("cmdSave")->hasFocus());
+}
+
+TEST_F(ClassSectionEntry, WhenTheLastClassHasGoneTheNextOneIsTheFirstOfTheSchool)
+{
+    GivenThreeClasses();
+    Edit();
+    Press(Button("cmdCancel"));
+    EXPECT_TRUE(IsEnabled("cmdEdit"));
+    const auto other = AnotherClient();
+    for (const char* table : {"ClassDivisionDetails", "ClassDivisionMaster"})
+        other->Execute(QStringLiteral("DELETE FROM %1 WHERE ClassCode > 0").arg(QLatin1String(table)));
+    Press(Button("cmdCancel"));
+    EXPECT_FALSE(IsEnabled("cmdEdit"));
+    EXPECT_TRUE(Button("cmdNew")->hasFocus());
+    Press(Button("cmdNew"));
+    Press(Button("cmdCancel"));
+    for (const char* off : {"cmdSave", "fraClassDetails", "fraDivisionDetails", "Frame1"})
+        EXPECT_FALSE(IsEnabled(off)) << off;
+    Press(Button("cmdNew"));
+    Enter("X");
+    Enter("1");
+    Save(QStringLiteral("Record Saved"));
+    EXPECT_EQ(StoredClasses(), "1 X 1 1;");
 }
 
 TEST_F(ClassSectionEntry, TheClassesStandInTheirOrder)
@@ -323,7 +349,34 @@ TEST_F(ClassSectionEntry, AnyOtherFailureIsDescribedAndKeepsWhatWasEntered)
     EXPECT_EQ(StoredClasses(), "1 XII 2 1; 2 XI 3 2; 3 X 1 3;");
     EXPECT_EQ(ClassRowText(1), "1|12|2|1");
     EXPECT_TRUE(IsEnabled("cmdSave"));
+    EXPECT_FALSE(txtNoOfDivisions->isVisible());
     EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
+}
+
+TEST_F(ClassSectionEntry, WhatTheFirstTransactionKeptIsShownWhereTheSecondOneFailsAndLeavesTheEntry)
+{
+    GivenClass(1, QStringLiteral("XII"), 1, 1);
+    GivenClass(2, QStringLiteral("XI"), 1, 2);
+    GivenClass(3, QStringLiteral("X"), 2, 3);
+    GivenStudentIn(2, 1);
+    Given("INSERT INTO ExamMaster VALUES (1, 'Term', 1, 1)");
+    Given("INSERT INTO RankMaster (ExamCode, ClassCode, DivisionCode) VALUES (1, 3, 2)");
+    Given("CREATE TRIGGER NoMoreDivisions BEFORE INSERT ON ClassDivisionDetails"
+          " BEGIN SELECT * FROM Nowhere; END");
+    Edit();
+    Click(classes, 2, 2);
+    QTest::keyClicks(txtNoOfDivisions, QStringLiteral("2"));
+    Click(classes, 3, 2);
+    QTest::keyClicks(txtNoOfDivisions, QStringLiteral("1"));
+    DeleteRow(1);
+    prompts.ExpectInformation(
+        QStringLiteral("This Division X - B Is Used In Other Entry Screen(s). So You Cannot Delete"));
+    prompts.ExpectInformation(
+        QStringLiteral("The Class XI Is Used In Other Entry Screen(s). So You Cannot Delete"));
+    prompts.ExpectCritical(NoSuchTable("main.Nowhere"));
+    Press(Button("cmdSave"));
+    EXPECT_EQ(ClassRowText(2), "2|X|2|3");
+    EXPECT_TRUE(IsEnabled("cmdSave"));
 }
 
 TEST_F(ClassSectionEntry, ALockedDatabaseIsSaidPlainlyAndASecondTrySaves)
@@ -516,9 +569,26 @@ TEST_F(ClassSectionEntry, ClassesThatCannotBeReadAreNotOfferedToBeEnteredAnew)
     prompts.ExpectCritical(NoSuchTable("ClassDivisionDetails"));
     Press(Button("cmdClose"));
     EXPECT_FALSE(IsEnabled("cmdNew"));
+    EXPECT_TRUE(Button("cmdCancel")->hasFocus());
     Given("ALTER TABLE Away RENAME TO ClassDivisionDetails");
     Press(Button("cmdCancel"));
     EXPECT_TRUE(IsEnabled("cmdEdit"));
+}
+
+TEST_F(ClassSectionEntry, WhereCancelCannotReadTheClassesNothingThatWasEnteredStaysInSight)
+{
+    GivenThreeClasses();
+    Edit();
+    Click(classes, 2, 1);
+    Enter("11");
+    Given("ALTER TABLE ClassDivisionDetails RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("ClassDivisionDetails"));
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(classes->Rows(), 2);
+    EXPECT_EQ(ClassRowText(1), "|||");
+    EXPECT_EQ(DivisionTexts(), "");
+    EXPECT_FALSE(txtNoOfDivisions->isVisible());
+    Given("ALTER TABLE Away RENAME TO ClassDivisionDetails");
 }
 
 TEST_F(ClassSectionEntry, NoToTheQuestionDeletesNothing)
@@ -545,13 +615,25 @@ TEST_F(ClassSectionEntry, ADeletedRowIsGoneOnlyWithTheSave)
     EXPECT_EQ(StoredDivisions(2), "");
 }
 
+TEST_F(ClassSectionEntry, TheDivisionsShownAreThoseOfTheClassThatMovesUp)
+{
+    GivenThreeClasses();
+    Edit();
+    Click(classes, 2, 0);
+    EXPECT_EQ(DivisionTexts(), "1A 2B 3C");
+    DeleteRow(2);
+    EXPECT_EQ(DivisionTexts(), "1A");
+}
+
 TEST_F(ClassSectionEntry, CancelForgetsWhatWasEntered)
 {
     GivenThreeClasses();
     Edit();
+    Type(txtDeleteSlNo, QStringLiteral("2"));
     Click(classes, 1, 1);
     Enter("12");
     Press(Button("cmdCancel"));
+    EXPECT_EQ(txtDeleteSlNo->text().toStdString(), "");
     EXPECT_EQ(ClassRowText(1), "1|XII|2|1");
     EXPECT_EQ(divisions->Rows(), 1);
     EXPECT_TRUE(Button("cmdEdit")->hasFocus());

@@ -151,13 +151,14 @@ TEST(ClassSectionGridTest, DeletingTheOnlyRowLeavesABlankOne)
 
 TEST(ClassSectionGridTest, AnotherNumberOfDivisionsResetsAllNames)
 {
-    ClassSectionGrid grid = GridOf({{1, "XII", 3, 1}, {2, "XI", 1, 2}});
+    ClassSectionGrid grid = GridOf({{1, "XII", 3, 1}, {2, "XI", 2, 2}});
     grid.NameDivision(1, 2, QStringLiteral("Red"));
     EXPECT_EQ(Names(grid, 1), "1A 2Red 3C");
+    EXPECT_EQ(Names(grid, 2), "1A 2B");
     grid.SetNoOfDivisions(1, QStringLiteral("4"));
     grid.SetNoOfDivisions(1, QStringLiteral("3"));
     EXPECT_EQ(Names(grid, 1), "1A 2B 3C");
-    EXPECT_EQ(Names(grid, 2), "1A");
+    EXPECT_EQ(Names(grid, 2), "1A 2B");
 }
 
 TEST(ClassSectionGridTest, TheSameNumberTypedAgainKeepsTheNames)
@@ -176,6 +177,14 @@ TEST(ClassSectionGridTest, NoNumberMeansNoDivisions)
         EXPECT_EQ(Names(grid, 1), "") << none;
         EXPECT_EQ(grid.Row(1).oldNoOfDivisions, 0) << none;
     }
+}
+
+TEST(ClassSectionGridTest, NoDivisionsAreMadeOfThoseThatAClassHasBesideItsStoredNumber)
+{
+    ClassSectionGrid grid;
+    ASSERT_TRUE(grid.Load({{1, "XII", 0, 1}}, {{1, "A", 1}}));
+    grid.SetNoOfDivisions(1, QStringLiteral("0"));
+    EXPECT_EQ(Names(grid, 1), "");
 }
 
 TEST(ClassSectionGridTest, NinetyNineDivisionsEndWithCU)
@@ -262,6 +271,7 @@ TEST(ClassSectionGridTest, ClassNamesAreTakenExactlyAsWritten)
 {
     const ClassSectionGrid grid = GridOf({{1, "X a", 1, 1}, {2, "X B", 1, 2}});
     EXPECT_TRUE(grid.ClassNameTaken(1, QStringLiteral("X B")));
+    EXPECT_TRUE(grid.ClassNameTaken(2, QStringLiteral("X a")));
     EXPECT_FALSE(grid.ClassNameTaken(1, QStringLiteral("X b")));
     EXPECT_FALSE(grid.ClassNameTaken(2, QStringLiteral("X B"))) << "its own name";
 }
@@ -308,12 +318,42 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         FaultCase{"two classes with one name", [](ClassSectionGrid& grid) { grid.Row(3).className = "XII"; },
                   "Class Name Already Exists", ClassColumn::ClassName, 3},
+        FaultCase{"a double name below a missing one",
+                  [](ClassSectionGrid& grid) {
+                      grid.Row(1).className.clear();
+                      grid.Row(3).className = "XI";
+                  },
+                  "Class Name Already Exists", ClassColumn::ClassName, 3},
+        FaultCase{"divisions of a nameless class in the first row",
+                  [](ClassSectionGrid& grid) { grid.Row(1).className.clear(); },
+                  "Class Name Should Not Be Empty", ClassColumn::ClassName, 1},
         FaultCase{"divisions of a nameless class",
                   [](ClassSectionGrid& grid) { grid.Row(2).className = " "; },
                   "Class Name Should Not Be Empty", ClassColumn::ClassName, 2},
         FaultCase{"a class without divisions",
                   [](ClassSectionGrid& grid) { grid.SetNoOfDivisions(2, QStringLiteral("0")); },
                   "Each Class Should Have Atleast One Division", ClassColumn::NoOfDivisions, 2},
+        FaultCase{"a last class without divisions",
+                  [](ClassSectionGrid& grid) { grid.SetNoOfDivisions(3, QStringLiteral("0")); },
+                  "Each Class Should Have Atleast One Division", ClassColumn::NoOfDivisions, 3},
+        FaultCase{"a missing name below a class without divisions",
+                  [](ClassSectionGrid& grid) {
+                      grid.SetNoOfDivisions(1, QStringLiteral("0"));
+                      grid.Row(3).className.clear();
+                  },
+                  "Class Name Should Not Be Empty", ClassColumn::ClassName, 3},
+        FaultCase{"a class without divisions below one without an order",
+                  [](ClassSectionGrid& grid) {
+                      grid.Row(1).classOrder.clear();
+                      grid.SetNoOfDivisions(2, QStringLiteral("0"));
+                  },
+                  "Each Class Should Have Atleast One Division", ClassColumn::NoOfDivisions, 2},
+        FaultCase{"two classes without an order",
+                  [](ClassSectionGrid& grid) {
+                      grid.Row(2).classOrder.clear();
+                      grid.Row(3).classOrder.clear();
+                  },
+                  "Class Order Should Not Be Empty", ClassColumn::ClassOrder, 2},
         FaultCase{"a class without an order", [](ClassSectionGrid& grid) { grid.Row(1).classOrder.clear(); },
                   "Class Order Should Not Be Empty", ClassColumn::ClassOrder, 1},
         FaultCase{"order 0", [](ClassSectionGrid& grid) { grid.Row(2).classOrder = "00"; },
@@ -332,6 +372,12 @@ INSTANTIATE_TEST_SUITE_P(
         FaultCase{"a nameless division",
                   [](ClassSectionGrid& grid) { grid.NameDivision(5, 2, QStringLiteral(" ")); },
                   "Enter Division Name To Class XI", ClassColumn::NoOfDivisions, 2},
+        FaultCase{"a nameless division of a class that moved up and left it",
+                  [](ClassSectionGrid& grid) {
+                      grid.NameDivision(5, 2, QString());
+                      grid.DeleteRow(1);
+                  },
+                  "Enter Division Name To Class ", ClassColumn::NoOfDivisions, 0},
         FaultCase{"a name fault goes before an order fault",
                   [](ClassSectionGrid& grid) {
                       grid.Row(1).classOrder.clear();
@@ -340,7 +386,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "Class Name Should Not Be Empty", ClassColumn::ClassName, 2},
         FaultCase{"nothing entered at all",
                   [](ClassSectionGrid& grid) {
-                      grid.Clear();
+                      grid = ClassSectionGrid();
                       grid.StartFirstRow();
                   },
                   "Enter Class-Division Details", ClassColumn::ClassName, 1}));
@@ -350,10 +396,12 @@ TEST(ClassSectionGridTest, NamesThatDifferOnlyInCasePassEveryCheck)
     EXPECT_FALSE(FindFault(GridOf({{1, "X a", 1, 1}, {2, "X A", 1, 2}})));
 }
 
-TEST(ClassSectionGridTest, ABlankLastRowIsNoFault)
+TEST(ClassSectionGridTest, ABlankLastRowIsNoFaultWhateverItsOrder)
 {
     ClassSectionGrid grid = GridOf({{1, "XII", 1, 1}});
     grid.AddRow();
+    EXPECT_FALSE(FindFault(grid));
+    grid.Row(2).classOrder = QStringLiteral("1");
     EXPECT_FALSE(FindFault(grid));
 }
 

@@ -124,6 +124,22 @@ TEST_F(ClassSectionKeys, EmptyingTheNameBoxLeavesTheCell)
     EXPECT_EQ(classes->TextMatrix(2, 1).toStdString(), "XI");
 }
 
+TEST_F(ClassSectionKeys, AnEmptiedNameIsThatOfABlankRowAndIsTakenIntoItsCell)
+{
+    GivenThreeClasses();
+    Edit();
+    Click(classes, 3, 3);
+    Enter("");
+    ASSERT_EQ(txtClassName->Row(), 4);
+    Click(classes, 2, 1);
+    QTest::keyClick(txtClassName, Qt::Key_Delete);
+    prompts.ExpectInformation(QStringLiteral("Class Name Already Exists"));
+    txtDeleteSlNo->setFocus();
+    Settle();
+    EXPECT_TRUE(txtClassName->hasFocus());
+    EXPECT_EQ(classes->TextMatrix(2, 1).toStdString(), "");
+}
+
 TEST_F(ClassSectionKeys, ANumberBeforeTheNameAsksForTheName)
 {
     New();
@@ -256,11 +272,13 @@ TEST_F(ClassSectionKeys, EnterOnTheLastOfNinetyEightClassesSaysThatItIsTheLast)
     classes->setFocus();
     QTest::keyClick(classes, Qt::Key_Return);
     ASSERT_TRUE(txtClassOrder->hasFocus());
+    QTest::keyClicks(txtClassOrder, QStringLiteral("1"));
     prompts.ExpectInformation(QStringLiteral("You Cannot Create More Than 99 Classes"));
     QTest::keyClick(txtClassOrder, Qt::Key_Return);
     EXPECT_EQ(classes->Rows(), 99);
     EXPECT_TRUE(txtClassOrder->hasFocus());
     EXPECT_EQ(txtClassOrder->Row(), 98);
+    EXPECT_EQ(classes->TextMatrix(1, 3).toStdString(), "2") << "its order counts all the same";
 }
 
 TEST_F(ClassSectionKeys, DivisionsAreNamedDownTheGridAndTheLastOneKeepsTheBox)
@@ -335,10 +353,11 @@ TEST_F(ClassSectionKeys, TheGridsAreWalkedWithArrowsAndOpenedWithEnterAndF2)
     EXPECT_TRUE(txtDeleteSlNo->hasFocus());
 }
 
-TEST_F(ClassSectionKeys, TheSerialNumberOpensNoBox)
+TEST_F(ClassSectionKeys, TheSerialNumberOpensNoBoxAndClosesAnOpenOne)
 {
     GivenThreeClasses();
     Edit();
+    Click(classes, 1, 1);
     Click(classes, 2, 0);
     for (const FloatingEditor* box : {txtClassName, txtNoOfDivisions, txtClassOrder})
         EXPECT_FALSE(box->isVisible());
@@ -419,6 +438,18 @@ TEST_F(ClassSectionKeys, EnterInTheDeleteBoxLeadsToTheButtonOnlyWhenThereIsSuchA
     QTest::keyClick(Button("cmdDeleteRow"), Qt::Key_Return);
     EXPECT_EQ(classes->Rows(), 3);
     EXPECT_EQ(txtDeleteSlNo->text().toStdString(), "");
+}
+
+TEST_F(ClassSectionKeys, ARowThatIsAddedCanBeDeletedByTheNumberThatStandsInTheBoxAlready)
+{
+    GivenThreeClasses();
+    Edit();
+    Type(txtDeleteSlNo, QStringLiteral("4"));
+    EXPECT_FALSE(IsEnabled("cmdDeleteRow"));
+    Click(classes, 3, 3);
+    Enter("");
+    ASSERT_EQ(classes->Rows(), 5);
+    EXPECT_TRUE(IsEnabled("cmdDeleteRow"));
 }
 
 TEST_F(ClassSectionKeys, F1AsksForTheHelpOfThisScreen)

@@ -210,17 +210,50 @@ TEST_F(ClassSectionSaveTest, AFreeLastDivisionGoesAndAUsedOneBeforeItIsReportedA
     EXPECT_EQ(grid.Row(1).oldNoOfDivisions, 3);
 }
 
-TEST_F(ClassSectionSaveTest, AUsedLastDivisionKeepsTheFreeOneBeforeItUnreported)
+TEST_F(ClassSectionSaveTest, AUsedLastDivisionKeepsThoseBeforeItUnreportedWhetherUsedOrFree)
 {
     GivenClasses({{1, "XII", 4, 1}});
     Tie("StudentClassDivision", 1, 4);
-    grid.SetNoOfDivisions(1, QStringLiteral("2"));
+    Tie("MarkMaster", 1, 3);
+    grid.SetNoOfDivisions(1, QStringLiteral("1"));
     Save();
     ASSERT_EQ(told.size(), 1);
     EXPECT_EQ(told[0].toStdString(),
               "This Division XII - D Is Used In Other Entry Screen(s). So You Cannot Delete");
     EXPECT_EQ(Classes(), "1 XII 4 1;");
     EXPECT_EQ(Divisions(1), "1A 2B 3C 4D");
+}
+
+TEST(ReconcileTest, ADivisionBehindOneThatIsStillOnTheScreenMayGo)
+{
+    const StoredClassSections stored{
+        {{{1, "XII", 3, 1}}, {{1, "C", 3}, {1, "B", 2}, {1, "A", 1}}}, {{1, 3}}, {}, {}, {}};
+    ClassSectionGrid grid;
+    ASSERT_TRUE(grid.Load(stored.classes, {{1, "B", 2}}));
+    const ClassSectionPlan plan = Reconcile(grid, stored);
+    EXPECT_EQ(plan.blockedDivisions, QStringList("XII - C"));
+    EXPECT_EQ(plan.deleteDivisions, (std::vector<DivisionKey>{{1, 1}}));
+}
+
+TEST_F(ClassSectionSaveTest, OfTwoRowsWithOneCodeTheLaterOneIsStored)
+{
+    GivenClasses({{4, "XII", 1, 1}, {5, "XI", 1, 2}, {1, "X", 1, 3}});
+    grid.DeleteRow(1);
+    ASSERT_EQ(grid.Row(1).classCode, grid.Row(2).classCode);
+    EXPECT_THROW(Save(), store::StoreError) << "the divisions of the class that moved up have none";
+    EXPECT_EQ(Classes(), "1 X 1 3;");
+    EXPECT_EQ(Divisions(1), "1A");
+}
+
+TEST_F(ClassSectionSaveTest, OfTwoRowsWithOneCodeTheLaterOneIsStoredAlsoWhereTheirClassHasGone)
+{
+    GivenClasses({{4, "XII", 1, 1}, {5, "XI", 1, 2}, {1, "X", 1, 3}});
+    grid.DeleteRow(1);
+    Run("DELETE FROM ClassDivisionDetails WHERE ClassCode = 1");
+    Run("DELETE FROM ClassDivisionMaster WHERE ClassCode = 1");
+    EXPECT_THROW(Save(), store::StoreError);
+    EXPECT_EQ(Classes(), "1 X 1 3;");
+    EXPECT_EQ(Divisions(1), "1A");
 }
 
 class BlockedByTest : public ClassSectionSaveTest, public testing::WithParamInterface<const char*>

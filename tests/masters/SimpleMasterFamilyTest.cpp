@@ -477,6 +477,10 @@ TEST_P(SimpleMasterFamilyTest, CancelForgetsTheEntryAndTheRowInHand)
     for (const Field& field : Member().fields)
         EXPECT_EQ(TextOf(field.control), "");
     EXPECT_EQ(Named(Member().fields.front().first), 1);
+    prompts.ExpectInformation(QString::fromLatin1(Member().duplicateMessage));
+    EnterByKeys(&Field::first);
+    prompts.Verify();
+    Press(Button("cmdCancel"));
     EnterAndStore(&Field::second);
     EXPECT_EQ(Rows(), 2);
 }

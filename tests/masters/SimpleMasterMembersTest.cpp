@@ -97,6 +97,19 @@ TEST_F(SimpleMasterMembersTest, TheRowWithCodeZeroIsNeverShown)
     }
 }
 
+TEST_F(SimpleMasterMembersTest, ARowWithCodeZeroThatIsShownCanNotBeSelected)
+{
+    Given("INSERT INTO SalutationMaster VALUES (0, 'Dr.', 1)");
+    Given("INSERT INTO ExamMaster VALUES (0, 'Annual', 1, 1)");
+    for (const char* formName : {"frmSalutationMaster", "frmexamnamemaster"}) {
+        OpenMaster(formName);
+        ASSERT_EQ(grid->RowCount(), 1) << formName;
+        grid->setFocus();
+        QTest::keyClick(grid, Qt::Key_Down);
+        EXPECT_EQ(State(), "Idle") << formName;
+    }
+}
+
 TEST_F(SimpleMasterMembersTest, TwoCitiesOfOneNameInTwoStatesAreAllowedAndInOneAreNot)
 {
     GivenStates();
@@ -257,6 +270,21 @@ TEST_F(SimpleMasterMembersTest, ACityOfAStateThatAnotherClientAddedIsSelectedWit
     EXPECT_EQ(Count("SELECT StateCode FROM CityMaster WHERE CityName = 'Tezpur Town'"), 3);
 }
 
+TEST_F(SimpleMasterMembersTest, ACityKeepsItsStateWhereTheListsCannotBeReadAnew)
+{
+    GivenStates();
+    Given("INSERT INTO CityMaster VALUES (1, 2, 'Agra', 1)");
+    OpenCities();
+    Given("ALTER TABLE StateMaster RENAME TO Away");
+    prompts.ExpectQuestion(QStringLiteral("Do You Want To Edit/Delete ?"), true);
+    prompts.ExpectCritical(NoSuchTable("StateMaster"));
+    grid->setFocus();
+    QTest::keyClick(grid, Qt::Key_Down);
+    prompts.Verify();
+    EXPECT_EQ(states->BoundCode(), 2) << "the next save would store a blank one";
+    Given("ALTER TABLE Away RENAME TO StateMaster");
+}
+
 TEST_F(SimpleMasterMembersTest, AStateWithACityStays)
 {
     GivenStates();
@@ -386,6 +414,7 @@ TEST_F(SimpleMasterMembersTest, TheExamMasterSaysWhatTheOrderIsFor)
     EXPECT_EQ(Find<QLabel>(form, "lblNote")->text().toStdString(),
               "Note : Depending Upon The Numeric Value Given In 'Exam Order', Exams Will Be Displayed In All "
               "Screens.");
+    EXPECT_TRUE(Find<QLabel>(form, "lblNote")->wordWrap());
     EXPECT_TRUE(grid->isColumnHidden(2));
 }
 
@@ -412,11 +441,15 @@ TEST_F(SimpleMasterMembersTest, ASubjectsShortNameHasLettersOnlyHoweverItCameIn)
 
 TEST_F(SimpleMasterMembersTest, AStoredShortNameWithBlanksLosesThemAtTheNextSave)
 {
-    Given("INSERT INTO SubjectMaster VALUES (1, 'English', 'E n g', 1)");
+    Given("INSERT INTO SubjectMaster VALUES (1, 'English', 'E n g', 1), (2, 'French', 'Fre', 1)");
     OpenMaster("frmSubjectMaster");
     SelectRow(0, "Do You Want To Edit/Delete ?");
     EXPECT_EQ(TextOf("txtSubjectShort"), "E n g");
     Press(Button("cmdEdit"));
+    Retype("txtSubjectName", "French");
+    ExpectRefusal(QStringLiteral("Subject Name/Short Name Already Exists"), "txtSubjectName");
+    EXPECT_EQ(TextOf("txtSubjectShort"), "Eng") << "what would have been stored";
+    Retype("txtSubjectName", "English");
     Save(QStringLiteral("Record Updated"));
     EXPECT_EQ(Count("SELECT count(*) FROM SubjectMaster WHERE SubjectShortName = 'Eng'"), 1);
 }

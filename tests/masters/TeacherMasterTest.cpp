@@ -97,7 +97,10 @@ TEST_F(TeacherMasterTest, CancelForgetsTheTeacherInHand)
         EXPECT_EQ(Date(name)->ShownDate(), QDate::currentDate()) << name;
     }
     Press(Button("cmdNew"));
-    FillMandatory(QStringLiteral("Binu"), QStringLiteral("BIN"));
+    FillMandatory(QStringLiteral("Asha"), QStringLiteral("ASH"));
+    ExpectRefusal(QStringLiteral("Teacher Name Already Exists"), "txtTeacherName");
+    Retype("txtTeacherName", "Binu");
+    Retype("txtTeacherShortName", "BIN");
     Save();
     EXPECT_EQ(Stored("TeacherName", 5).toStdString(), "Asha");
     EXPECT_EQ(Stored("TeacherName", 6).toStdString(), "Binu");

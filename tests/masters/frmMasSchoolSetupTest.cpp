@@ -233,6 +233,7 @@ TEST_F(frmMasSchoolSetupTest, CancelShowsTheStoredSchoolAgain)
     GivenSchool();
     OpenSetup();
     Press(Button("cmdEdit"));
+    EXPECT_EQ(FocusName(), "txtSchoolName");
     Retype("txtSchoolName", "x");
     Choose("dbcStateName", 0);
     Press(Button("cmdCancel"));
@@ -468,6 +469,8 @@ TEST_F(frmMasSchoolSetupTest, AFaultInReadingBackWhatIsSavedSaysThatItIsSavedAnd
     EXPECT_TRUE(told.at(1).startsWith(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.")));
     for (const char* button : {"cmdNew", "cmdEdit", "cmdSave"})
         EXPECT_FALSE(Button(button)->isEnabled()) << button;
+    EXPECT_EQ(FocusName(), "cmdCancel");
+    EXPECT_EQ(TextOf("txtSchoolName") + TextOf("txtAddress1") + TextOf("txtPincode"), "");
     Given("ALTER TABLE Away RENAME TO SchoolMaster");
     Press(Button("cmdCancel"));
     EXPECT_TRUE(Button("cmdEdit")->isEnabled());
