@@ -103,8 +103,6 @@ void frmMasStudentAdmissionEntry::dbcAdmissionNo_Change()
 void frmMasStudentAdmissionEntry::LoadControls()
 {
     ClearLabels();
-    if (studentCode_ == 0)
-        return;
     const auto student = Fetch([this] { return StudentRepository(MainStore()).Find(studentCode_); });
     if (student && *student)
         Show(**student);
@@ -143,7 +141,6 @@ void frmMasStudentAdmissionEntry::ChooseFromList(bool fromList)
     ui_->dbcAdmissionNo->SetBoundCode(0);
     ui_->dbcAdmissionNo->setEnabled(fromList);
     ui_->dbcAdmissionNo->setVisible(fromList);
-    ui_->lblAdmissionNo->clear();
     ui_->lblAdmissionNo->setVisible(!fromList);
     ui_->dbcClass->setEnabled(true);
 }
@@ -173,8 +170,6 @@ void frmMasStudentAdmissionEntry::cmdNew_Click()
     if (!MayUse(Right::New))
         return;
     ShowState(MasterState::New);
-    ClearLabels();
-    ChooseFromList(true);
     Read([this] { LoadStudents(); });
     ui_->dbcAdmissionNo->setFocus();
 }
@@ -260,7 +255,6 @@ void frmMasStudentAdmissionEntry::cmdCancel_Click()
 {
     ClearControls(this);
     ChooseFromList(true);
-    studentCode_ = 0;
     ClearLabels();
     LoadLists();
     ShowState(MasterState::Idle);

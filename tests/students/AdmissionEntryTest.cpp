@@ -443,6 +443,14 @@ TEST_F(AdmissionEntry, AStudentEnteredMeanwhileIsOfferedOnReturnAndTheChosenOneS
     EXPECT_EQ(LabelOf("lblStudentName"), "Anu");
 }
 
+TEST_F(AdmissionEntry, NewOffersTheStudentsThatThereAreByThen)
+{
+    OpenEntry();
+    StoreStudent(*AnotherClient(), StudentNamed(3, "Cara"));
+    Press(Button("cmdNew"));
+    EXPECT_EQ(ListedIn(List("dbcAdmissionNo")), " |A101|A102|A103");
+}
+
 TEST_F(AdmissionEntry, CancelForgetsThePlacementInHand)
 {
     StartEdit();

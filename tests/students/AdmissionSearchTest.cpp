@@ -101,6 +101,9 @@ TEST_F(AdmissionSearch, TheFiltersNarrowTheListTogether)
     Choose("dbcClass", QStringLiteral("IV"));
     Press(Button("cmdSearch"));
     EXPECT_EQ(Listed("Student Name"), "Cara");
+    Other("INSERT INTO ClassDivisionMaster VALUES (3, 'III', 1, 3, 1)");
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(ListedIn(List("dbcClass")), " |V|IV|III");
 }
 
 TEST_F(AdmissionSearch, OtherYearsAreNotLookedAt)

@@ -287,6 +287,15 @@ TEST_F(PromotionChoosing, AClassTwoPlacesAboveIsOfferedAndRefused)
     EXPECT_TRUE(HasFocus("cbotoclass"));
 }
 
+TEST_F(PromotionChoosing, WithoutAFromClassAnyClassOfTheNextYearCanBeLookedAt)
+{
+    school->Carry(1, TenA);
+    OpenNew();
+    Choose("cbotoclass", QStringLiteral("X"));
+    Choose("Cbotodivision", QStringLiteral("A"));
+    EXPECT_EQ(Lines(to), "   Asha - (A1)");
+}
+
 TEST_F(PromotionChoosing, TheSameAndALowerClassAreRefused)
 {
     for (const char* name : {"IX", "VIII"}) {
@@ -424,6 +433,19 @@ TEST_F(PromotionChoosing, ATickGoesWithWhateverAllowedIt)
     EXPECT_EQ(Totals(), "1 0");
 }
 
+TEST_F(PromotionChoosing, TheLineInHandStaysWhereItIsOrIsTheLastOne)
+{
+    StartToTenA();
+    Tick(from, 0);
+    from->setCurrentRow(1);
+    Press(Button("cmdMoveFromToTo"));
+    EXPECT_EQ(from->currentRow(), 1);
+    EXPECT_EQ(to->currentRow(), 0);
+    Tick(from, 1);
+    Press(Button("cmdMoveFromToTo"));
+    EXPECT_EQ(from->currentRow(), 0);
+}
+
 TEST_F(PromotionChoosing, AltAndTheArrowsMoveFromWithinTheLists)
 {
     StartToTenA();
@@ -447,6 +469,7 @@ TEST_F(PromotionChoosing, WhoCameFromAnotherDivisionCannotBeTakenBack)
         "Selected Class-Division On The 'From' Side  Is Not The Class-Division From Which The Student Was "
         "Promoted/Detained\nSo Promote/Detain Entry Removal Is Not Allowed"));
     Press(Button("cmdMoveToToFrom"));
+    EXPECT_TRUE(HasFocus("cmdMoveToToFrom")) << "somebody is still ticked";
     EXPECT_EQ(Lines(to), "   Esha - (A4)");
     EXPECT_EQ(Lines(from), "    Asha - (A1)|    Binu - (A2)|    Cara - (A3)");
 }

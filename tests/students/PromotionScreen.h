@@ -110,6 +110,8 @@ protected:
         EXPECT_EQ(Lines(from) + Lines(to), "");
         EXPECT_EQ(Label("lblfromacademicyear") + Label("lbltoacademicyear"), "");
         EXPECT_EQ(Totals(), "0 0");
+        for (const char* all : {"chkSelectAllFrom", "chkSelectAllTo"})
+            EXPECT_FALSE(Find<QCheckBox>(form, all)->isChecked()) << all;
         EXPECT_EQ(FocusName(), "cmdNew");
     }
 

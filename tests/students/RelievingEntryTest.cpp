@@ -289,11 +289,21 @@ TEST_F(RelievingEntry, ACertificatesDateIsTestedWhenItIsLeft)
 
 TEST_F(RelievingEntry, WithoutAStudentNoDateIsTested)
 {
+    const auto expectUntested = [this] {
+        for (const auto& [date, next] :
+             {std::pair("dtpRelievingDate", "txtRelievingReason"), std::pair("dtpTCDate", "cmdSave")}) {
+            Date(date)->setFocus();
+            Date(date)->setDate(QDate(2100, 1, 1));
+            PressKey(form, Qt::Key_Return);
+            EXPECT_EQ(FocusName(), next);
+        }
+    };
     StartNew();
-    Date("dtpRelievingDate")->setFocus();
-    Date("dtpRelievingDate")->setDate(QDate(2100, 1, 1));
-    PressKey(form, Qt::Key_Return);
-    EXPECT_EQ(FocusName(), "txtRelievingReason");
+    expectUntested();
+    Press(Button("cmdCancel"));
+    StartWithAnu();
+    Retype("txtOptionalAdmissionNo", "");
+    expectUntested();
 }
 
 TEST_F(RelievingEntry, TheFieldThatIsReachedDoesNotAskWhileTheOneBeforeKeepsTheKeyboard)
@@ -463,6 +473,7 @@ TEST_F(RelievingEntry, WhatAnotherClientDidMeanwhileIsToldAndNothingIsWrittenOve
         prompts.Verify();
         const bool emptied = text == AlreadyRelieved || text == Promoted;
         EXPECT_EQ(TextOf("txtOptionalAdmissionNo").empty(), emptied) << qPrintable(text);
+        EXPECT_EQ(Details() == NoDetails, emptied) << qPrintable(text);
         EXPECT_TRUE(HasFocus(text == TCTaken ? "txtTCNo" : "txtOptionalAdmissionNo")) << FocusName();
         EXPECT_EQ(Count("SELECT count(*) FROM StudentMaster WHERE TCDate IS NOT NULL"), 0);
         form->Unload();

@@ -313,6 +313,14 @@ TEST_F(StudentMasterTest, ControlAltShiftAndOLeadToTheChangeOfAllNumbers)
     EXPECT_NE(ScreenRegistry::OpenInstance(change), nullptr);
 }
 
+TEST_F(StudentMasterTest, ControlAltShiftAndOAskNothingInFrontOfAnotherScreen)
+{
+    OpenMaster();
+    Screen* other = OpenScreen(QStringLiteral("frmMasStateMaster"));
+    ASSERT_NE(other, nullptr);
+    PressKey(other, Qt::Key_O, Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier);
+}
+
 TEST_F(StudentMasterTest, HelpOpensAtTheNumberOfTheScreen)
 {
     OpenMaster();
@@ -372,8 +380,10 @@ TEST_F(StudentMasterTest, LongTextsAreReadFromTheirBeginningAndTypedOnAtTheirEnd
     ASSERT_TRUE(form->LoadData(anu.code));
     EXPECT_EQ(Box("txtstudentName")->cursorPosition(), 0);
     EXPECT_EQ(Box("txtAddress1")->cursorPosition(), 0);
+    EXPECT_EQ(Box("txtAddress1")->selectedText().toStdString(), "");
     Press(Button("cmdEdit"));
     EXPECT_EQ(Box("txtstudentName")->cursorPosition(), 100);
+    EXPECT_EQ(Box("txtstudentName")->selectedText().toStdString(), "");
 }
 
 } // namespace

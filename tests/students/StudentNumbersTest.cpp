@@ -91,6 +91,21 @@ TEST_F(StudentNumbersTest, WithNineDigitsUsedUpTheNextSaveSaysSoAndWritesNothing
     EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
 }
 
+TEST_F(StudentNumbersTest, WithNineDigitsUsedUpNoNumberIsShownWhileThatIsSaid)
+{
+    Student highest = StudentNamed(4, "Anu");
+    highest.admissionNo = 999999999;
+    GivenStudent(highest);
+    StartGenerated("Binu");
+    std::string shown = "none told";
+    Prompts::AnswerWith([&](Prompts::Kind, const QString&) {
+        shown = TextOf("txtAdmissionNumber") + TextOf("txtOptionalAdmissionNo");
+        return true;
+    });
+    Press(Button("cmdSave"));
+    EXPECT_EQ(shown, "");
+}
+
 TEST_F(StudentNumbersTest, AStudentKeepsHowHisNumberCameAboutWhateverOptionsSaysLater)
 {
     StartNew();
@@ -140,6 +155,7 @@ TEST_F(StudentNumbersTest, WhoDeclinesToSeeTheHolderTypesAnotherNumber)
     EXPECT_TRUE(HasFocus("txtAdmissionNumber"));
     Enter("105");
     EXPECT_TRUE(HasFocus("txtOptionalAdmissionNo"));
+    EXPECT_EQ(FieldHintAt(Box("txtAdmissionNumber")).toStdString(), "") << "the number of a new student";
 }
 
 TEST_F(StudentNumbersTest, ARelievedHolderIsOfferedToBeLookedAt)
@@ -222,9 +238,36 @@ TEST_F(StudentNumbersTest, ATypedNumberIsNotReplacedByAGeneratedOneUnseen)
     Press(Button("cmdSave"));
     prompts.Verify();
     EXPECT_FALSE(Found(1));
+    EXPECT_EQ(TextOf("txtAdmissionNumber") + TextOf("txtOptionalAdmissionNo"), "");
     EXPECT_EQ(TextOf("txtstudentName"), "Anu");
     Save();
     EXPECT_TRUE(Found(1)->numberGenerated);
+}
+
+TEST_F(StudentNumbersTest, ATypedNumberStaysOnTheReturnFromOptionsUntilTheClerkIsTold)
+{
+    StartNew();
+    FillMandatory();
+    OpenScreen(QStringLiteral("frmUtilOptions"));
+    Generate(true);
+    OpenScreen(QStringLiteral("frmMasStudentMaster"));
+    EXPECT_TRUE(IsEnabled("txtAdmissionNumber"));
+    EXPECT_EQ(TextOf("txtAdmissionNumber") + TextOf("txtOptionalAdmissionNo"), "101A1");
+    prompts.ExpectInformation(
+        QStringLiteral("Auto Generation Of Admission No. Is Enabled In Options Screen"));
+    Press(Button("cmdSave"));
+}
+
+TEST_F(StudentNumbersTest, AGeneratedNumberStaysClosedOnTheReturnToAnEdit)
+{
+    Student generated = StudentNamed(4, "Anu");
+    generated.numberGenerated = true;
+    GivenStudent(generated);
+    StartEdit(4);
+    OpenScreen(QStringLiteral("frmUtilOptions"));
+    OpenScreen(QStringLiteral("frmMasStudentMaster"));
+    EXPECT_FALSE(IsEnabled("txtAdmissionNumber"));
+    EXPECT_FALSE(IsShown("lblMandatory"));
 }
 
 TEST_F(StudentNumbersTest, WhenGenerationIsSwitchedOffInOptionsTheBoxesOpenOnReturn)

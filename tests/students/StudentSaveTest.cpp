@@ -147,6 +147,18 @@ TEST_F(StudentSaveTest, AGeneratedStudentsOwnNumberMayBeChangedButNotToAnothers)
     EXPECT_EQ(StudentRepository(main).Find(generated.code)->optionalAdmissionNo.toStdString(), "B1");
 }
 
+TEST_F(StudentSaveTest, AnOptionalNumberThatTheClerkLeftAloneIsThatOfTheStoreByThen)
+{
+    StoreStudent(main, StudentNamed(4, "Anu"));
+    Student student = *StudentRepository(main).Find(4);
+    saving.loadedOptionalNo = student.optionalAdmissionNo;
+    Run("UPDATE StudentMaster SET OptionalAdmissionNo = 'N1' WHERE StudentCode = 4");
+    StoreStudent(main, StudentNamed(5, "Binu"));
+    Run("UPDATE StudentMaster SET OptionalAdmissionNo = 'A104' WHERE StudentCode = 5");
+    ASSERT_EQ(Save(student), StudentFault::None);
+    EXPECT_EQ(StudentRepository(main).Find(4)->optionalAdmissionNo.toStdString(), "N1");
+}
+
 TEST_F(StudentSaveTest, WhoWasRelievedMeanwhileIsNotChanged)
 {
     StoreStudent(main, StudentNamed(4, "Anu"));

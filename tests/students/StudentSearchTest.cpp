@@ -197,6 +197,9 @@ TEST_F(StudentSearchTest, CancelEmptiesFiltersDatesAndGrid)
     EXPECT_EQ(In<DataCombo>("dbcCityName")->count(), 0);
     ExpectNoDates();
     EXPECT_TRUE(In<QLineEdit>("txtAdmissionNo")->hasFocus());
+    AnotherClient()->Execute(QStringLiteral("INSERT INTO StateMaster VALUES (9, 'Assam', 1)"));
+    Press(In<QPushButton>("cmdCancel"));
+    Choose(In<DataCombo>("dbcStateName"), QStringLiteral("Assam"));
 }
 
 TEST_F(StudentSearchTest, ADoubleClickLoadsTheStudentAndClosesTheSearch)

@@ -7,6 +7,7 @@
 #include "support/StoreWords.h"
 
 #include <QClipboard>
+#include <QHeaderView>
 
 #include <chrono>
 #include <memory>
@@ -116,6 +117,7 @@ TEST_F(NumberChange, TheScreenOpensClosedAndEditOpensItWithoutAnyRight)
     EXPECT_EQ(form->windowTitle().toStdString(), "Optional Admission No Change");
     ExpectIdle();
     EXPECT_TRUE(grid->isColumnHidden(4));
+    EXPECT_EQ(grid->horizontalHeader()->length(), grid->viewport()->width()) << "names have all the room";
     Press(Button("cmdEdit"));
     EXPECT_TRUE(HasFocus("dbcClass"));
     EXPECT_TRUE(IsEnabled("cmdSave"));
