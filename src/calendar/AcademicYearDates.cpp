@@ -19,8 +19,7 @@ std::optional<AcademicYearDates> DatesOfYear(const QString& typedYearFrom, int s
 
 bool IsWithinRecords(int yearFrom, int yearTo)
 {
-    return yearFrom >= FirstRecordedYear && yearTo >= yearFrom && yearFrom <= LastRecordedYear &&
-           yearTo <= LastRecordedYear;
+    return yearFrom >= FirstRecordedYear && yearTo >= yearFrom && yearTo <= LastRecordedYear;
 }
 
 PlaceInSeries PlaceOf(int yearFrom, const std::optional<YearSeries>& series)

@@ -6,7 +6,7 @@ namespace tally {
 
 NextDay CheckNextDay(const QDate& day, const QDate& workingDate, const QDate& yearEnd)
 {
-    if (workingDate.isValid() && workingDate.daysTo(day) > MostDaysAhead)
+    if (workingDate.daysTo(day) > MostDaysAhead)
         return NextDay::TooFarAhead;
     return day.isValid() && day <= yearEnd ? NextDay::Allowed : NextDay::BeyondYear;
 }
