@@ -1,5 +1,6 @@
 #include "calendar/CalendarFixture.h"
 #include "calendar/frmMasAcademicYearSetup.h"
+#include "core/ui/controls/DataGrid.h"
 #include "store/StoreError.h"
 
 #include <QComboBox>
@@ -78,6 +79,7 @@ TEST_F(AcademicYearSave, TheFirstYearSeedsTheWorkingDateAndTheSession)
     EXPECT_TRUE(IsOn(form, "cmdNew"));
     EXPECT_FALSE(IsOn(form, "cmdSave"));
     EXPECT_FALSE(Find<QWidget>(form, "fraSchoolSetupOpen")->isVisibleTo(form));
+    EXPECT_EQ(Find<DataGrid>(form, "dgdDetails")->RowCount(), 1);
     Click(form, "cmdExit");
     Settle();
     EXPECT_FALSE(IsOpen("frmMasAcademicYearSetup"));
@@ -96,16 +98,21 @@ TEST_F(AcademicYearSave, AFirstYearThatIsNotActiveIsStillTheOneInUse)
     EXPECT_EQ(Panel(1), "Academic Year : 2007-2008");
     EXPECT_EQ(Panel(3), "Application Date : ");
     EXPECT_EQ(Days(), 1);
+    prompts.ExpectInformation(QStringLiteral("Atleast One Academic Year Should Have Active Status"));
+    Click(form, "cmdExit");
+    EXPECT_FALSE(Session().gdtmApplicationDate.isValid());
+    EXPECT_EQ(Panel(3), "Application Date : ");
 }
 
 TEST_F(AcademicYearSave, ALaterYearLeavesTheYearInUse)
 {
     GivenYear(1, 2007, "Y");
+    GivenYear(2, 2008, "N");
     GivenDays({QDate(2007, 6, 20)});
     OpenForm();
-    Save(QStringLiteral("2008"), Qt::Key_N);
-    EXPECT_EQ(Count("SELECT max(AcademicYearCode) FROM AcademicYearSetup WHERE YearFrom = 2008"), 2);
-    EXPECT_EQ(Count("SELECT count(*) FROM ApplicationDate WHERE ApplicationDate = '2008-06-01'"), 1);
+    Save(QStringLiteral("2009"), Qt::Key_N);
+    EXPECT_EQ(Count("SELECT AcademicYearCode FROM AcademicYearSetup WHERE YearFrom = 2009"), 3);
+    EXPECT_EQ(Count("SELECT count(*) FROM ApplicationDate WHERE ApplicationDate = '2009-06-01'"), 1);
     EXPECT_EQ(Session().gintAcademicYearCode, 1);
     EXPECT_EQ(Session().gdtmApplicationDate, QDate(2007, 6, 20));
     EXPECT_EQ(Panel(1), "Academic Year : 2007-2008");

@@ -52,6 +52,7 @@ TEST(WorkingDateRules, TheCalendarStepsBackOnlyToTheYearsFirstDay)
     EXPECT_TRUE(MayStepBack(QDate(2024, 6, 2), YearStart));
     EXPECT_FALSE(MayStepBack(QDate(2024, 6, 1), YearStart));
     EXPECT_FALSE(MayStepBack(QDate(), YearStart));
+    EXPECT_FALSE(MayStepBack(QDate(), QDate())) << "no year";
 }
 
 struct RangeCase
@@ -83,6 +84,7 @@ INSTANTIATE_TEST_SUITE_P(Days, TheRangeShown,
                                          RangeCase{QDate(2024, 6, 4), 5, QDate(2024, 6, 1)},
                                          RangeCase{QDate(2025, 3, 2), 5, QDate(2025, 2, 25)},
                                          RangeCase{QDate(2024, 6, 10), 365, QDate(2024, 6, 1)},
+                                         RangeCase{QDate(2024, 5, 31), 0, QDate(2024, 5, 31)},
                                          RangeCase{QDate(), 5, QDate()}));
 
 struct LimitCase
@@ -114,6 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(WorkingDateRules, WithoutAWorkingDayNoDayIsWithinTheLimit)
 {
     EXPECT_FALSE(IsWithinLimit(QDate(2024, 6, 10), QDate(), 5));
+    EXPECT_FALSE(IsWithinLimit(QDate(), QDate(), 5));
 }
 
 } // namespace

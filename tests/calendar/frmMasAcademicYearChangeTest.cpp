@@ -92,6 +92,7 @@ TEST_F(AcademicYearChange, AYearThatDoesNotFitItsEndIsRefusedAndEmptied)
     SaveExpecting(QStringLiteral("Enter Correct Academic Year"));
     EXPECT_EQ(Text(form, "txtAcademicYearFrom"), "");
     EXPECT_EQ(Text(form, "lblAcadamicYearTo"), "");
+    EXPECT_TRUE(HasFocus(form, "txtAcademicYearFrom"));
     Retype(QStringLiteral("20"));
     SaveExpecting(QStringLiteral("Enter Correct Academic Year"));
     ExpectUnchanged();
@@ -105,6 +106,29 @@ TEST_F(AcademicYearChange, AYearThatDoesNotExistIsRefusedAndEmptied)
     EXPECT_EQ(Text(form, "txtAcademicYearFrom"), "");
     EXPECT_EQ(Text(form, "lblAcadamicYearTo"), "");
     ExpectUnchanged();
+}
+
+TEST_F(AcademicYearChange, WithoutASchoolNoYearIsTheRightOne)
+{
+    OpenForm();
+    Given("DELETE FROM SchoolMaster");
+    Retype(QStringLiteral("2006"));
+    SaveExpecting(QStringLiteral("Enter Correct Academic Year"));
+    ExpectUnchanged();
+}
+
+TEST_F(AcademicYearChange, AYearWhoseWorkingDateCannotBeReadIsNotChangedTo)
+{
+    OpenForm();
+    Retype(QStringLiteral("2006"));
+    Given("ALTER TABLE ApplicationDate RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("ApplicationDate"));
+    Click(form, "cmdSave");
+    prompts.Verify();
+    ExpectUnchanged();
+    EXPECT_TRUE(IsOn(form, "cmdSave"));
+    Given("ALTER TABLE Away RENAME TO ApplicationDate");
+    SaveExpecting(QStringLiteral("Academic Year Changed"));
 }
 
 TEST_F(AcademicYearChange, AProcessedYearCanNotBeEnteredAndItsTextStays)
@@ -149,9 +173,11 @@ TEST_F(AcademicYearChange, SaveNeedsItsOwnRight)
 {
     GivenSessionUser(0, {});
     OpenForm();
-    Retype(QStringLiteral("2006"));
-    SaveExpecting(QStringLiteral("You Have No Privilege To Change The Academic Year"));
-    ExpectUnchanged();
+    for (const char* year : {"0", "2006"}) {
+        Retype(QString::fromLatin1(year));
+        SaveExpecting(QStringLiteral("You Have No Privilege To Change The Academic Year"));
+        ExpectUnchanged();
+    }
     Given("INSERT INTO UserPrivilegeDetails VALUES ('frmMasAcademicYearChange', 'S', 4)");
     SaveExpecting(QStringLiteral("Academic Year Changed"));
 }

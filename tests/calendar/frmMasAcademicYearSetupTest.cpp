@@ -3,6 +3,7 @@
 #include "calendar/CalendarFixture.h"
 #include "core/shell/mdiTallyboard.h"
 #include "core/ui/controls/DataGrid.h"
+#include "core/ui/controls/DatePicker.h"
 #include "core/ui/ScreenRegistry.h"
 
 #include <QAbstractItemView>
@@ -164,6 +165,21 @@ TEST_F(AcademicYearSetup, TheTypedYearShowsItsEndAndItsDates)
     EXPECT_EQ(DateIn(form, "dtpToDate"), QDate(2008, 5, 31));
 }
 
+TEST_F(AcademicYearSetup, TheDatesFollowFromTheYearAndNobodyTypesThem)
+{
+    OpenForm();
+    Enter(QStringLiteral("2007"));
+    for (const char* name : {"dtpFromDate", "dtpToDate"}) {
+        auto* date = Find<DatePicker>(form, name);
+        date->setFocus();
+        QTest::keyClick(date, Qt::Key_Up);
+        QTest::keyClicks(date, QStringLiteral("15"));
+        QTest::keyClick(date, Qt::Key_Delete);
+    }
+    EXPECT_EQ(DateIn(form, "dtpFromDate"), QDate(2007, 6, 1));
+    EXPECT_EQ(DateIn(form, "dtpToDate"), QDate(2008, 5, 31));
+}
+
 TEST_F(AcademicYearSetup, ASchoolThatStartsInJanuaryKeepsToOneCalendarYear)
 {
     GivenStartMonth("jan");
@@ -210,6 +226,32 @@ TEST_F(AcademicYearSetup, ASaveIsCheckedInItsOrder)
     EXPECT_EQ(Years(), 1);
     ExpectButtons(false, false, false, true);
     EXPECT_EQ(Text(form, "txtAcademicYearFrom"), "2008");
+}
+
+TEST_F(AcademicYearSetup, AfterCancelTheYearThatWasInHandIsOneLikeAllOthers)
+{
+    GivenYear(1, 2007, "Y");
+    OpenForm();
+    Select(0);
+    Click(form, "cmdCancel");
+    Enter(QStringLiteral("2007"), QStringLiteral("NO"));
+    SaveExpecting(QStringLiteral("'Academic Year From' Already Exists"));
+    EXPECT_EQ(Years(), 1);
+}
+
+TEST_F(AcademicYearSetup, WhereTheOtherYearsCannotBeReadThatIsToldOnceAndNothingIsSaved)
+{
+    GivenYear(1, 2007, "Y");
+    OpenForm();
+    Enter(QStringLiteral("2008"), QStringLiteral("NO"));
+    Given("ALTER TABLE AcademicYearSetup RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("AcademicYearSetup"));
+    Click(form, "cmdSave");
+    prompts.Verify();
+    Given("ALTER TABLE Away RENAME TO AcademicYearSetup");
+    EXPECT_EQ(Years(), 1);
+    SaveExpecting(QStringLiteral("Academic Year Saved"));
+    EXPECT_EQ(Years(), 2);
 }
 
 TEST_F(AcademicYearSetup, AFirstYearThatBecomesActiveOnlyLaterLeadsOutOfTheScreenToo)
@@ -415,6 +457,26 @@ TEST_F(AcademicYearSetup, OnlyTheLastYearCanBeDeleted)
     EXPECT_EQ(Years(), 2);
 }
 
+TEST_F(AcademicYearSetup, NoYearGoesWhereTheLaterOnesCannotBeRead)
+{
+    GivenYear(1, 2007, "Y");
+    OpenForm();
+    Select(0);
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+        told.append(text);
+        if (told.size() == 1)
+            Given("ALTER TABLE AcademicYearSetup RENAME TO Away");
+        return true;
+    });
+    Click(form, "cmdDelete");
+    EXPECT_EQ(told, QStringList({QStringLiteral("Do You Want To Delete This Entry ?"),
+                                 NoSuchTable("AcademicYearSetup")}));
+    Given("ALTER TABLE Away RENAME TO AcademicYearSetup");
+    EXPECT_EQ(Years(), 1);
+    ExpectButtons(false, true, true, false);
+}
+
 TEST_F(AcademicYearSetup, AFaultInReadingBackAfterADeleteSaysThatItIsDone)
 {
     GivenYear(1, 2007, "Y");
@@ -445,6 +507,7 @@ TEST_F(AcademicYearSetup, DeletingAnotherYearThanTheOneInUseLeavesTheSession)
     prompts.ExpectInformation(QStringLiteral("Record Deleted"));
     Click(form, "cmdDelete");
     EXPECT_EQ(Years(), 1);
+    EXPECT_EQ(Find<DataGrid>(form, "dgdDetails")->RowCount(), 1);
     EXPECT_EQ(Days(), 2);
     EXPECT_EQ(Session().gintYearFrom, 2007);
     EXPECT_EQ(Session().gdtmApplicationDate, QDate(2008, 5, 31));
@@ -566,6 +629,28 @@ TEST_F(AcademicYearSetup, AnotherActiveYearIsTheOneInUseAgainWhenTheOneInUseIsDe
     Settle();
     ASSERT_FALSE(IsOpen("frmMasAcademicYearSetup"));
     ExpectWorkingIn2007();
+}
+
+TEST_F(AcademicYearSetup, LeavesTheYearThatTheUserWorksIn)
+{
+    GivenYear(1, 2007, "Y");
+    GivenYear(2, 2008, "N");
+    GivenDays({QDate(2007, 6, 4), QDate(2008, 6, 9)});
+    Start();
+    Screen* change = OpenScreen(QStringLiteral("frmMasAcademicYearChange"));
+    Type(Find<QLineEdit>(change, "txtAcademicYearFrom"), QStringLiteral("2008"));
+    GivenSessionUser(0, {{QStringLiteral("frmMasAcademicYearChange"), QStringLiteral("S")}});
+    prompts.ExpectInformation(QStringLiteral("Academic Year Changed"));
+    Click(change, "cmdSave");
+    Click(change, "cmdExit");
+    Settle();
+    form = Open<frmMasAcademicYearSetup>("frmMasAcademicYearSetup");
+    Click(form, "cmdExit");
+    Settle();
+    EXPECT_FALSE(IsOpen("frmMasAcademicYearSetup"));
+    EXPECT_EQ(Session().gintAcademicYearCode, 2);
+    EXPECT_EQ(Session().gdtmApplicationDate, QDate(2008, 6, 9));
+    EXPECT_EQ(Panel(1), "Academic Year : 2008 - 2009");
 }
 
 TEST_F(AcademicYearSetup, AYearWithClassesStaysAndSoDoItsDays)
@@ -703,8 +788,11 @@ TEST_F(AcademicYearSetup, WithoutAnActiveYearNeitherExitNorTheCloseBoxLeaves)
     GivenYear(1, 2007, "N");
     GivenYear(2, 2008, "N");
     OpenForm();
+    Session().gblnPromptOnExit = true;
     prompts.ExpectInformation(NoActiveYear);
     Click(form, "cmdExit");
+    prompts.Verify();
+    Session().gblnPromptOnExit = false;
     prompts.ExpectInformation(NoActiveYear);
     form->parentWidget()->close();
     prompts.ExpectInformation(NoActiveYear);
@@ -713,6 +801,23 @@ TEST_F(AcademicYearSetup, WithoutAnActiveYearNeitherExitNorTheCloseBoxLeaves)
     EXPECT_TRUE(IsOpen("frmMasAcademicYearSetup"));
     EXPECT_TRUE(MenusAre(false));
     EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus WHERE Screen = 'AcademicYearSetup'"), 1);
+}
+
+TEST_F(AcademicYearSetup, StaysWhereItCannotBeReadWhetherAYearIsActive)
+{
+    GivenYear(1, 2007, "Y");
+    GivenDays({QDate(2007, 6, 4)});
+    OpenForm();
+    Given("ALTER TABLE AcademicYearSetup RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("AcademicYearSetup"));
+    Click(form, "cmdExit");
+    Settle();
+    prompts.Verify();
+    EXPECT_TRUE(IsOpen("frmMasAcademicYearSetup"));
+    Given("ALTER TABLE Away RENAME TO AcademicYearSetup");
+    Click(form, "cmdExit");
+    Settle();
+    EXPECT_FALSE(IsOpen("frmMasAcademicYearSetup"));
 }
 
 TEST_F(AcademicYearSetup, HoldsItsRowFromTheFirstActivationToTheExit)
@@ -732,7 +837,6 @@ TEST_F(AcademicYearSetup, HoldsItsRowFromTheFirstActivationToTheExit)
 TEST_F(AcademicYearSetup, AnotherClientsSaveKeepsItOpenUntilItsRowCanGo)
 {
     GivenYear(1, 2007, "Y");
-    GivenDays({QDate(2007, 6, 4)});
     OpenForm();
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(50));
     const auto other = AnotherClient();
@@ -742,8 +846,10 @@ TEST_F(AcademicYearSetup, AnotherClientsSaveKeepsItOpenUntilItsRowCanGo)
     Settle();
     prompts.Verify();
     EXPECT_TRUE(IsOpen("frmMasAcademicYearSetup"));
+    EXPECT_FALSE(IsOpen("frmUtilApplicationDateSetup")) << "it comes when this screen has gone";
     EXPECT_TRUE(MenusAre(false));
     other->Rollback();
+    Session().gblnApplicationDateExists = true;
     Click(form, "cmdExit");
     Settle();
     EXPECT_FALSE(IsOpen("frmMasAcademicYearSetup"));

@@ -39,6 +39,7 @@ protected:
     void Pick(const QDate& date) { Picker()->setDate(date); }
     void ExpectRefused(const QDate& date)
     {
+        Find<QWidget>(form, "cmdExit")->setFocus();
         prompts.ExpectInformation(NoPrivilege);
         Pick(date);
         prompts.Verify();

@@ -60,6 +60,11 @@ TEST_F(ApplicationDateSetup, ALastDateThatCouldNotBeReadIsReadBeforeADayIsAdded)
     prompts.ExpectCritical(NoSuchTable("ApplicationDate"));
     form = Open<frmUtilApplicationDateSetup>("frmUtilApplicationDateSetup");
     ASSERT_NE(form, nullptr);
+    for (const char* button : {"cmdAddOneDay", "cmdDeleteLastDay"}) {
+        prompts.ExpectCritical(NoSuchTable("ApplicationDate"));
+        Click(form, button);
+        prompts.Verify();
+    }
     Given("ALTER TABLE Away RENAME TO ApplicationDate");
     ExpectAddQuestion("21/Jun/2007", true);
     prompts.ExpectInformation(QStringLiteral("Application Date Added"));
@@ -248,6 +253,40 @@ TEST_F(ApplicationDateSetup, EachButtonHasItsOwnRight)
     Click(form, "cmdDeleteLastDay");
 }
 
+TEST_F(ApplicationDateSetup, WhoHasNoRightIsToldSoBeforeAnythingIsRead)
+{
+    GivenSessionUser(0, {});
+    Start();
+    Given("ALTER TABLE ApplicationDate RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("ApplicationDate"));
+    form = Open<frmUtilApplicationDateSetup>("frmUtilApplicationDateSetup");
+    ASSERT_NE(form, nullptr);
+    for (const char* button : {"cmdAddOneDay", "cmdDeleteLastDay"}) {
+        prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Modify Application Date"));
+        Click(form, button);
+        prompts.Verify();
+    }
+    Given("ALTER TABLE Away RENAME TO ApplicationDate");
+}
+
+TEST_F(ApplicationDateSetup, NoDayGoesWhereTheDaysLeftCannotBeCounted)
+{
+    OpenForm({QDate(2007, 6, 1), QDate(2007, 6, 4)});
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+        told.append(text);
+        if (told.size() == 1)
+            Given("ALTER TABLE ApplicationDate RENAME TO Away");
+        return true;
+    });
+    Click(form, "cmdDeleteLastDay");
+    EXPECT_EQ(told, QStringList({QStringLiteral("Do You Want To Delete Application Date : 04/Jun/2007 ?"),
+                                 NoSuchTable("ApplicationDate")}));
+    Given("ALTER TABLE Away RENAME TO ApplicationDate");
+    EXPECT_EQ(Days(), 2);
+    EXPECT_EQ(Session().gdtmApplicationDate, QDate(2007, 6, 4));
+}
+
 TEST_F(ApplicationDateSetup, AFailedWriteLeavesTheCalendarAndTheSession)
 {
     OpenForm({QDate(2007, 6, 1), QDate(2007, 6, 4)});
@@ -321,6 +360,8 @@ TEST_F(ApplicationDateSetup, HoldsItsRowAndTheMenusUntilItCloses)
     OpenForm({QDate(2007, 6, 4)});
     EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus WHERE Screen = 'ApplicationDateSetup'"), 1);
     EXPECT_TRUE(MenusAre(false));
+    form->Activate();
+    EXPECT_EQ(ScreensTaken(), 1);
     Session().gblnPromptOnExit = true;
     prompts.ExpectQuestion(QStringLiteral("Do You Want To Exit Application Date Setup ?"), true);
     Click(form, "cmdExit");
