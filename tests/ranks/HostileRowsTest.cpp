@@ -184,10 +184,12 @@ TEST(HostileRows, AMarkBeyondAllMarksIsWrittenWithAnExponent)
         school.AddUsualDivision(2);
         school.AddMarkedStudent("Anil", {1e300, 50});
         school.AddMarkedStudent("Bina", {-1e300, 50});
+        school.AddMarkedStudent("Cara", {1e15, 50});
         const GridTable view = school.Show(school.Prepare(), RankOrder::Alphabetical);
         EXPECT_EQ(view.Text(2, 5), "1e+300");
         EXPECT_EQ(view.Text(3, 5), "-1e+300");
         EXPECT_EQ(view.Mark(3, 5), CellMark::FailedOrAbsent);
+        EXPECT_EQ(view.Text(4, 5), "1e+15");
         EXPECT_EQ(view.Text(2, 7), "1e+300");
     }
 }

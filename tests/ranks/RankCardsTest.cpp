@@ -257,6 +257,21 @@ TEST_F(RankCards, AMarkWithoutAColumnIsPassedOverButItsExamStillHasALine)
     EXPECT_EQ(Texts(Show({asha}, {1}), FirstLine), QStringLiteral("First|Asha|A1|X|A|||||"));
 }
 
+TEST_F(RankCards, MarksAndRanksOfOtherStudentsAndExamsAreNotOnTheCards)
+{
+    RankCardInput input;
+    input.exams = {{1, QStringLiteral("First")}};
+    input.students = {{1, QStringLiteral("Asha"), QStringLiteral("A1")}};
+    input.subjects = {{1, QStringLiteral("Eng")}};
+    input.marks = {{1, 1, 1, 60}, {2, 1, 1, 70}, {1, 9, 1, 80}};
+    input.ranks = {{1, 1, 60, 60, 1, QStringLiteral("B")},
+                   {2, 1, 70, 70, 2, QStringLiteral("C")},
+                   {1, 9, 80, 80, 3, QStringLiteral("D")}};
+    const RankCardGrid shown = ComputeRankCards(input, 0);
+    EXPECT_EQ(shown.lines, 1);
+    EXPECT_EQ(Marks(shown, FirstLine), QStringLiteral("60|60|60|1|B"));
+}
+
 TEST_F(RankCards, AnAbsenceIsShownAsTheStoredMark)
 {
     school.AddUsualDivision(2);

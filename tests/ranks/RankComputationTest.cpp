@@ -165,6 +165,19 @@ TEST(Absence, InASubjectTakenForRankCostsRankAndGrade)
     EXPECT_EQ(RowOf(list, "Anil").average, 45);
 }
 
+TEST(Absence, CostsRankAndGradeWhateverMarkStandsWithIt)
+{
+    TestSchool school;
+    school.AddUsualDivision(2);
+    const int student = school.AddMarkedStudent("Anil", {90, 80});
+    school.main.Execute("Update MarkMaster set LeaveOrPresent='A' where StudentCode=? and SubjectCode=2",
+                        student);
+    const RankList list = school.Compute();
+    EXPECT_EQ(StoredCell(list, "Anil", 1), "FailA");
+    EXPECT_EQ(RankOf(list, "Anil"), 0);
+    EXPECT_EQ(RowOf(list, "Anil").total, 90);
+}
+
 TEST(BlankCell, IsNoFailureAndLeavesTheStudentARank)
 {
     TestSchool school;
@@ -211,6 +224,36 @@ TEST(Students, WithMarksInASubjectThatTheDivisionDoesNotTakeShowOnlyTheOthers)
     EXPECT_EQ(RowOf(list, "Binu").total, 130);
     EXPECT_EQ(RowOf(list, "Anil").total, 50);
     EXPECT_EQ(CellOf(list, "Anil", 1).kind, RankCell::Kind::Blank);
+}
+
+TEST(Students, OfADivisionThatIsNotInTheListAreLeftOutWithTheirMarks)
+{
+    TestSchool school;
+    school.AddUsualDivision(1);
+    school.AddDivision(2, "B");
+    school.AddUsualBands(2);
+    school.AddSubject(2, 1, "Eng", 1);
+    school.AddMarkedStudent("Anil", {70});
+    school.EnterMark(school.AddStudent(2, "Bina"), 1, 80);
+    RankInput input = school.Input({1, 2});
+    input.divisions.pop_back();
+    const RankList list = ComputeRankList(input, school.options);
+    ASSERT_EQ(list.rows.size(), 1U);
+    EXPECT_EQ(CellOf(list, "Anil", 0).value, 70);
+    EXPECT_EQ(RankOf(list, "Anil"), 1);
+}
+
+TEST(Students, InAClassWithoutSubjectsHaveNeitherMarksNorALowestOne)
+{
+    TestSchool school;
+    school.AddDivision(1, "A");
+    school.AddDivision(2, "B");
+    school.AddSubject(2, 1, "Eng", 1);
+    school.AddMarkedStudent("Anil", {70});
+    const RankList list = school.Compute();
+    EXPECT_TRUE(list.cells.empty());
+    EXPECT_EQ(RowOf(list, "Anil").minMarks, 0);
+    EXPECT_EQ(RankOf(list, "Anil"), 0);
 }
 
 TEST(Students, WhoChangedDivisionKeepNoMarksOfTheOldOne)
@@ -313,9 +356,11 @@ TEST(GradeTable, OfOneRowFailsOnlyAMarkEqualToIt)
     school.AddBand(1, 35, 0, "P", 1);
     school.AddMarkedStudent("Equal", {35});
     school.AddMarkedStudent("Below", {34});
+    school.AddMarkedStudent("Zero", {0});
     const RankList list = school.Compute();
     EXPECT_EQ(CellOf(list, "Equal", 0).mark, CellMark::FailedOrAbsent);
     EXPECT_EQ(CellOf(list, "Below", 0).mark, CellMark::None);
+    EXPECT_EQ(CellOf(list, "Zero", 0).mark, CellMark::None);
 }
 
 TEST(GradeTable, StandsInRisingSubjectAveragesDivisionByDivision)
@@ -391,6 +436,16 @@ TEST(Grades, FollowTheTableOfTheStudentsOwnDivision)
     EXPECT_EQ(GradeOf(list, "Chand"), "");
 }
 
+TEST(Grades, StandWithoutTheBlanksOfTheirTable)
+{
+    TestSchool school;
+    school.AddDivision(1, "A");
+    school.AddSubject(1, 1, "Eng", 1);
+    school.AddBand(1, 50, 50, "P ", 1);
+    school.AddMarkedStudent("Anil", {55});
+    EXPECT_EQ(GradeOf(school.Compute(), "Anil"), "P");
+}
+
 TEST(LowestMark, OpensWithASubjectNotTakenForRank)
 {
     TestSchool school;
@@ -438,7 +493,8 @@ TEST_P(LowestMarks, TakeAPresentZeroFromTheSecondSubjectOnOnly)
 INSTANTIATE_TEST_SUITE_P(Rows, LowestMarks,
                          testing::Values(LowestCase{{60, 40, 50}, 40}, LowestCase{{0, 40, 50}, 40},
                                          LowestCase{{60, 0, 50}, 0}, LowestCase{{60, 50, 0}, 0},
-                                         LowestCase{{0, 0, 50}, 0}, LowestCase{{0, 0, 0}, 0}));
+                                         LowestCase{{0, 0, 50}, 0}, LowestCase{{0, 0, 0}, 0},
+                                         LowestCase{{0}, 0}));
 
 TEST(LowestMark, LeavesAbsencesAndBlanksOut)
 {

@@ -68,6 +68,14 @@ TEST(TempRankCalculation, KeepsTheColumnsInTheirPlaces)
         names.append(table.ColumnName(column));
     EXPECT_EQ(names, QStringList({"StudentName", "AdmissionNo", "Class", "Division", "DivisionCode", "Eng_",
                                   "Mat_", "Total", "Average", "Rank", "Grade", "RankTotal", "StudentCode"}));
+    QStringList kinds;
+    store::Statement columns = school.temp.Query("PRAGMA table_info(TempRankCalculation)");
+    while (columns.Next())
+        kinds.append(columns.Text(2));
+    EXPECT_EQ(kinds.join(QLatin1Char(' ')).toStdString(),
+              "VARCHAR(100) VARCHAR(15) VARCHAR(4) VARCHAR(3) INTEGER VARCHAR(10) VARCHAR(10) DOUBLE DOUBLE "
+              "INTEGER VARCHAR(2) DOUBLE INTEGER")
+        << "as wide as what stands in them";
 }
 
 TEST(TempRankCalculation, LeftByAnEarlierRunIsMadeAnew)
@@ -222,10 +230,12 @@ TEST(Saving, PassesOnARankThatIsNullAndWritesNoGradeForNull)
     TestSchool school;
     school.AddUsualDivision(1);
     school.AddMarkedStudent("Anil", {80});
+    school.AddMarkedStudent("Bina", {70});
     school.Prepare();
-    school.temp.Execute("Update TempRankCalculation set Rank=Null,Grade=Null");
+    school.temp.Execute("Update TempRankCalculation set Rank=Null where StudentCode=1");
+    school.temp.Execute("Update TempRankCalculation set Grade=Null where StudentCode=2");
     school.Save();
-    EXPECT_EQ(Saved(school), QStringList({"1|1|80|<null>|"}));
+    EXPECT_EQ(Saved(school), QStringList({"1|1|80|<null>|A", "2|1|70|2|"}));
 }
 
 TEST(Saving, ThatFailsHalfwayLeavesTheOldRows)

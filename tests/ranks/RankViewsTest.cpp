@@ -121,6 +121,29 @@ TEST(RankList, ShowsAnAbsentStudentWithoutRankAndGrade)
     EXPECT_EQ(FromRight(view, "Anil", 1), "");
 }
 
+TEST(RankList, ShowsNoGradeInWhicheverSubjectTheStudentWasAbsent)
+{
+    TestSchool school;
+    school.AddUsualDivision(2);
+    const int anil = school.AddStudent(1, "Anil");
+    school.EnterAbsence(anil, 1);
+    school.EnterMark(anil, 2, 90);
+    EXPECT_EQ(FromRight(school.Show(school.Prepare(), RankOrder::Rank), "Anil", 1), "");
+}
+
+TEST(RankList, ShowsTheGradeOfAStudentAbsentInASubjectNotTakenForRank)
+{
+    TestSchool school;
+    school.AddUsualDivision(1);
+    school.AddSubject(1, 2, "Art", 2, "No");
+    const int anil = school.AddStudent(1, "Anil");
+    school.EnterMark(anil, 1, 90);
+    school.EnterAbsence(anil, 2);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
+    EXPECT_EQ(view.Text(2, 6), "A");
+    EXPECT_EQ(FromRight(view, "Anil", 1), "A");
+}
+
 TEST(RankList, HidesSubjectsNotTakenForRankAndTheTotalOfAllUnlessAllAreShown)
 {
     TestSchool school;
@@ -317,6 +340,28 @@ TEST(GradeSummary, CountsGradesAbsenteesAndFullMarks)
                                 "||4|\n"
                                 "Full Mark For X  A|100||\n"
                                 "Full Mark For X  B|||");
+}
+
+TEST(GradeSummary, CountsStudentsWithANameAndGradesOfThoseWithAnAdmissionNumber)
+{
+    TestSchool school;
+    school.AddUsualDivision(1);
+    school.AddMarkedStudent("Anil", {90});
+    school.AddMarkedStudent(" ", {90});
+    school.EnterMark(school.AddStudent(1, "No number", " "), 1, 90);
+    school.EnterAbsence(school.AddStudent(1, "Absent without a number", "  "), 1);
+    school.AddMarkedStudent("Average", {90});
+    school.EnterAbsence(school.AddStudent(1, "Absent"), 1);
+    const GridTable view = school.Show(school.Prepare(), RankOrder::Rank);
+    const auto summary = LoadGradeSummary(view, {"A", " "}, "X", {});
+    EXPECT_EQ(Summary(summary), "TOTAL STRENGTH|4||\n"
+                                "No. Of 'A' Grades||2|A\n"
+                                "No. Of ' ' Grades||0| \n"
+                                "TOTAL||2|\n"
+                                "ABSENTEE||1|\n"
+                                "||3|");
+    EXPECT_TRUE(summary.RowHidden(0));
+    EXPECT_FALSE(summary.RowHidden(1));
 }
 
 } // namespace tally::test

@@ -71,11 +71,31 @@ TEST_F(TempRankRows, WithAGradeAreThoseOfTheDivisionsInTheOrderOfTheRank)
     EXPECT_EQ(Codes(RankOrder::Grade, {}), "");
 }
 
+TEST_F(TempRankRows, WithoutARankAreReadAsThoseThatGotNone)
+{
+    temp.Execute(QStringLiteral("UPDATE TempRankCalculation SET Rank = NULL, Division = 'A' WHERE "
+                                "StudentCode = 1"));
+    QStringList ranks;
+    for (const TempRankRow& row : working.LoadTempRankCalculation(RankOrder::Alphabetical, {}).rows)
+        ranks.append(QString::number(row.rank));
+    EXPECT_EQ(ranks.join(QLatin1Char(' ')).toStdString(), "1 1 1 999999999 3");
+}
+
 TEST_F(TempRankRows, WithoutAGradeAreAppended)
 {
     TempRankTable table;
     working.AppendRowsWithoutGrade(table);
     EXPECT_EQ(Codes(table), "6");
+}
+
+TEST(TextPoolTest, KeepsEachTextOnceUnderTheNumberItWasGivenFirst)
+{
+    TextPool pool;
+    EXPECT_EQ(pool.Add("90"), 0U);
+    EXPECT_EQ(pool.Add("80"), 1U);
+    EXPECT_EQ(pool.Add("90"), 0U);
+    EXPECT_EQ(pool.Size(), 2U);
+    EXPECT_EQ(pool[1], QStringLiteral("80"));
 }
 
 } // namespace
