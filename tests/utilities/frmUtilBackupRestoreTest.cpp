@@ -15,6 +15,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
@@ -40,6 +41,22 @@ const QString Lost = QStringLiteral("Old Database Will Be Lost");
 const QString BackedUp = QStringLiteral("Database Backup Completed");
 const QString Restored = QStringLiteral("Database Restore Completed");
 const QString Ended = QStringLiteral("Cancelled. Nothing Was Changed");
+
+/// How often a control was painted.
+class Painted : public QObject
+{
+public:
+    explicit Painted(QWidget* control) { control->installEventFilter(this); }
+
+    int times = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        times += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
 
 class frmUtilBackupRestoreTest : public FormDriver<frmUtilBackupRestore>
 {
@@ -100,6 +117,15 @@ protected:
             work();
         });
     }
+    /// While it works all is off but Cancel.
+    void ExpectAllOffButCancel() const
+    {
+        for (const char* name : {"optBackUp", "optRecovery", "txtSourcePath", "cmdSourcePath",
+                                 "txtDestinationPath", "cmdDestPath", "cmdBackup", "cmdDetails", "cmdExit"})
+            EXPECT_FALSE(IsEnabled(name)) << name;
+        EXPECT_TRUE(IsEnabled("cmdCancel"));
+    }
+    QProgressBar* Bar() const { return Find<QProgressBar>(form, "prgProgress"); }
     void TypeRestore(const char* source)
     {
         ChooseRestore();
@@ -269,6 +295,7 @@ TEST_F(frmUtilBackupRestoreTest, ARestoreThatIsNotConfirmedChangesNothing)
     prompts.ExpectQuestion(RestoreQuestion, false);
     Go();
     prompts.Verify();
+    EXPECT_FALSE(Bar()->isVisible()) << "a proof is no restore";
     EXPECT_EQ(LoggedRestores(In("Copy.mdb")), 0);
 
     prompts.ExpectQuestion(RestoreQuestion, true);
@@ -316,6 +343,12 @@ TEST_F(frmUtilBackupRestoreTest, ABackupThatIsCancelledLeavesNothingAndIsNotLogg
     EXPECT_EQ(LoggedBackups(In("Copy.mdb")), 0);
     EXPECT_NE(Session().gcnnMain, nullptr);
     EXPECT_TRUE(IsEnabled("cmdExit"));
+    EXPECT_EQ(TextOf("txtDestinationPath"), In("Copy.mdb").toStdString());
+    // Who ended one may take the next.
+    prompts.ExpectInformation(BackedUp);
+    Go();
+    prompts.Verify();
+    EXPECT_TRUE(QFile::exists(In("Copy.mdb")));
 }
 
 TEST_F(frmUtilBackupRestoreTest, WhileItWorksNoWindowGoesAndNothingElseStarts)
@@ -328,6 +361,7 @@ TEST_F(frmUtilBackupRestoreTest, WhileItWorksNoWindowGoesAndNothingElseStarts)
         EXPECT_FALSE(form->close());
         EXPECT_TRUE(window->isVisible());
         EXPECT_TRUE(form->isVisible());
+        ExpectAllOffButCancel();
         EXPECT_TRUE(HasFocus("cmdCancel"));
         for (const Qt::Key key :
              {Qt::Key_F1, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Left, Qt::Key_Down, Qt::Key_Escape}) {
@@ -357,16 +391,29 @@ TEST_F(frmUtilBackupRestoreTest, WhileItWorksNoWindowGoesAndNothingElseStarts)
     EXPECT_NE(ScreenRegistry::OpenInstance(QStringLiteral("frmHelp")), nullptr);
 }
 
-TEST_F(frmUtilBackupRestoreTest, TheLetterOfCancelEndsTheWorkToo)
+TEST_F(frmUtilBackupRestoreTest, TheLetterOfCancelTheBlankKeyAndTheMouseEndTheWorkToo)
 {
     OpenBackup();
-    TypeDestination(In("Copy.mdb"));
-    Meanwhile([] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, Qt::AltModifier); });
-    prompts.ExpectInformation(Ended);
-    Go();
-    prompts.Verify();
-    EXPECT_TRUE(came);
-    EXPECT_FALSE(QFile::exists(In("Copy.mdb")));
+    const std::function<void()> ways[] = {
+        [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, Qt::AltModifier); },
+        [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space); },
+        // By the way that the system takes, which is that of the window.
+        [this] {
+            const QPushButton* cancel = Button("cmdCancel");
+            QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                              cancel->mapTo(window, cancel->rect().center()));
+        },
+    };
+    for (const auto& way : ways) {
+        TypeDestination(In("Copy.mdb"));
+        Meanwhile(way);
+        prompts.ExpectInformation(Ended);
+        Go();
+        prompts.Verify();
+        EXPECT_TRUE(came);
+        EXPECT_FALSE(QFile::exists(In("Copy.mdb")));
+        Press(Button("cmdCancel"));
+    }
 }
 
 TEST_F(frmUtilBackupRestoreTest, ABoxThatComesAllTheSameCanBeAnswered)
@@ -403,6 +450,10 @@ TEST_F(frmUtilBackupRestoreTest, TheClockThatWouldFailIsStillWhileASourceIsProve
     Given("DROP TABLE ExamBoardMaster");
     Meanwhile([this] {
         EXPECT_NE(Session().gcnnMain, nullptr);
+        ExpectAllOffButCancel();
+        EXPECT_TRUE(Bar()->isVisible());
+        EXPECT_EQ(Bar()->minimum(), 0);
+        EXPECT_EQ(Bar()->maximum(), 0) << "nobody knows how long it takes";
         ScreenFixture::Tick();
         Press(Button("cmdCancel"));
     });
@@ -427,8 +478,10 @@ TEST_F(frmUtilBackupRestoreTest, ARestoreThatIsCancelledWhileItPoursChangesNothi
     // The main database is closed as soon as the proof and the questions are over.
     auto* poll = new QTimer(form);
     QObject::connect(poll, &QTimer::timeout, form, [this] {
-        if (!Session().gcnnMain)
-            Press(Button("cmdCancel"));
+        if (Session().gcnnMain)
+            return;
+        ExpectAllOffButCancel();
+        Press(Button("cmdCancel"));
     });
     poll->start(0);
     Go();
@@ -451,10 +504,23 @@ TEST_F(frmUtilBackupRestoreTest, TheBarShowsHowFarTheWorkHasComeAndStaysForAWhil
     const QRect field = Box("txtDestinationPath")->geometry();
     Meanwhile([this, bar, field] {
         EXPECT_TRUE(bar->isVisible());
+        EXPECT_EQ(bar->minimum(), 0);
         EXPECT_EQ(Box("txtDestinationPath")->geometry(), field);
     });
+    // Looks for input and paints now and then, and not at each word.
+    qint64 looks = 0;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, form, [&looks] { ++looks; });
+    look.start(0);
+    Painted painted(bar);
+    QElapsedTimer elapsed;
+    elapsed.start();
     prompts.ExpectInformation(BackedUp);
     Go();
+    look.stop();
+    EXPECT_GE(looks, 2);
+    EXPECT_LE(looks, elapsed.elapsed() / 40 + 2);
+    EXPECT_GE(painted.times, 1);
     ASSERT_TRUE(came);
     EXPECT_GT(values.size(), 10);
     EXPECT_TRUE(
@@ -465,6 +531,17 @@ TEST_F(frmUtilBackupRestoreTest, TheBarShowsHowFarTheWorkHasComeAndStaysForAWhil
     EXPECT_EQ(bar->value(), bar->maximum());
     const int steps = 5000 / timer->interval();
     timer->setInterval(3600000);
+    for (int step = 1; step < steps; ++step)
+        ASSERT_TRUE(QMetaObject::invokeMethod(timer, "timeout"));
+    EXPECT_TRUE(bar->isVisible());
+    // The next work begins anew.
+    Press(Button("cmdCancel"));
+    TypeDestination(In("Second.mdb"));
+    Meanwhile([timer] { EXPECT_FALSE(timer->isActive()) << "nothing takes the bar of this work away"; });
+    prompts.ExpectInformation(BackedUp);
+    Go();
+    ASSERT_TRUE(came);
+    EXPECT_TRUE(timer->isActive());
     for (int step = 1; step < steps; ++step)
         ASSERT_TRUE(QMetaObject::invokeMethod(timer, "timeout"));
     EXPECT_TRUE(bar->isVisible());
@@ -486,6 +563,11 @@ TEST_F(frmUtilBackupRestoreTest, TheKeyboardComesBackAlsoWhereTheWindowIsNotTheA
         EXPECT_EQ(form->window()->focusWidget(), Button("cmdCancel"));
     }
     EXPECT_EQ(form->window()->focusWidget(), Button("cmdBackup"));
+    Button("cmdBackup")->clearFocus();
+    {
+        const InputOnlyTo cancel(Button("cmdCancel"));
+        EXPECT_EQ(form->window()->focusWidget(), Button("cmdCancel"));
+    }
 }
 
 TEST_F(frmUtilBackupRestoreTest, NoBarStandsWhereNothingWasCopied)
@@ -667,8 +749,8 @@ TEST_F(frmUtilBackupRestoreTest, AFolderThatTakesNoFilesIsTold)
 TEST_F(frmUtilBackupRestoreTest, ANameThatTheDiskDoesNotTakeIsTold)
 {
     OpenBackup();
-    const QString path =
-        Folder() + QLatin1Char('/') + QString(260, QLatin1Char('n')) + QStringLiteral(".mdb");
+    // A disk takes names of 255 letters, the box 300 with the folder.
+    const QString path = In("") + QString(252, QLatin1Char('n')) + QStringLiteral(".mdb");
     ASSERT_LE(path.size(), 300);
     TypeDestination(path);
     prompts.ExpectCritical(QStringLiteral("Invalid File Name"));
@@ -704,10 +786,12 @@ TEST_F(frmUtilBackupRestoreTest, WithoutTheRightNothingIsDone)
     OpenBackup();
     GivenUser(3, QStringLiteral("clerk"), QStringLiteral("pass"));
     Session().gintPrivilegeUserCode = 3;
-    TypeDestination(In("Copy.mdb"));
-    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Take Database Backup"));
-    Go();
-    prompts.Verify();
+    for (const QString& destination : {QString(), In("Copy.mdb")}) {
+        TypeDestination(destination);
+        prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Take Database Backup"));
+        Go();
+        prompts.Verify();
+    }
     EXPECT_FALSE(QFile::exists(In("Copy.mdb")));
     ChooseRestore();
     prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Restore Database"));
@@ -739,11 +823,56 @@ TEST_F(frmUtilBackupRestoreTest, TheDetailsShowTheLogOfTheModeWithItsDays)
     EXPECT_EQ(grid->TextMatrix(1, 1), QDir::toNativeSeparators(In("Copy.mdb")));
     EXPECT_EQ(grid->TextMatrix(1, 2),
               QLocale::c().toString(QDate::currentDate(), QStringLiteral("dd/MMM/yyyy")));
+    QTest::keyClick(grid, Qt::Key_Tab);
+    EXPECT_FALSE(HasFocus("msgDetails")) << "as from every list";
     ChooseRestore();
     EXPECT_EQ(grid->Rows(), 1);
+    const char* const heads[] = {"Restore Code", "Restore Path", "Restore Date"};
+    for (int col = 0; col < 3; ++col)
+        EXPECT_EQ(grid->TextMatrix(0, col).toStdString(), heads[col]);
     Press(Button("cmdDetails"));
     EXPECT_TRUE(grid->isHidden());
     EXPECT_EQ(Button("cmdDetails")->text().remove(QLatin1Char('&')).toStdString(), "Details  >>");
+}
+
+TEST_F(frmUtilBackupRestoreTest, ALogThatCannotBeReadLeavesNoEntriesOfTheOtherModeInSight)
+{
+    OpenBackup();
+    BackUpTo("Copy.mdb");
+    const auto* grid = Find<FlexGrid>(form, "msgDetails");
+    ASSERT_EQ(grid->Rows(), 2);
+    AnotherClient(QStringLiteral("BackupRestoreDetails.mdb"))
+        ->Execute(QStringLiteral("ALTER TABLE RestoreDatabase RENAME TO Away"));
+    prompts.ExpectCritical(NoSuchTable("RestoreDatabase"));
+    ChooseRestore();
+    prompts.Verify();
+    EXPECT_EQ(grid->Rows(), 1);
+    EXPECT_EQ(grid->TextMatrix(0, 0).toStdString(), "Restore Code");
+}
+
+TEST_F(frmUtilBackupRestoreTest, TheDetailsTakeRoomOfTheirOwnAndGiveItBack)
+{
+    OpenBackup();
+    QWidget* frame = form->parentWidget();
+    const auto middle = [frame] { return frame->geometry().center(); };
+    const auto* grid = Find<FlexGrid>(form, "msgDetails");
+    const int before = frame->height();
+    Press(Button("cmdDetails"));
+    Settle();
+    EXPECT_GE(frame->height(), before + grid->height());
+    const QPoint centre = frame->parentWidget()->rect().center();
+    EXPECT_LE((middle() - centre).manhattanLength(), 4);
+    Press(Button("cmdDetails"));
+    Settle();
+    EXPECT_EQ(frame->height(), before);
+    EXPECT_LE((middle() - centre).manhattanLength(), 4);
+    frame->showMaximized();
+    Settle();
+    const QSize full = frame->size();
+    Press(Button("cmdDetails"));
+    Settle();
+    EXPECT_TRUE(frame->isMaximized());
+    EXPECT_EQ(frame->size(), full);
 }
 
 TEST_F(frmUtilBackupRestoreTest, WithoutTheLogFileABackupIsMadeAndTheLackIsTold)
