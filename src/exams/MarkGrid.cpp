@@ -92,12 +92,11 @@ void MarkGrid::Take(const MarkStep& step)
 {
     if (!step.message.isEmpty())
         Prompts::Information(step.message);
-    if (step.row > 0) {
+    // Behind the last row the keyboard goes on to Save, the next control that is on.
+    if (step.row > 0)
         Open(step.row, step.column);
-        return;
-    }
-    Close();
-    Q_EMIT AllEntered();
+    else
+        Close();
 }
 
 void MarkGrid::txtmarkobtained_Change(int row, const QString& text)
@@ -152,7 +151,6 @@ void MarkGrid::cboPresentAbsent_Enter(int row, const QString& text)
         Prompts::Information(step.message);
         return;
     }
-    ShowRow(row);
     Take(step);
 }
 
