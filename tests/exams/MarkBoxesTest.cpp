@@ -26,6 +26,7 @@ protected:
     {
         EXPECT_FALSE(mark->isVisible());
         EXPECT_FALSE(presence->isVisible());
+        EXPECT_EQ(grid->CurrentRow(), 0) << "Enter would open the box of a row that was chosen before";
         for (const auto& back : {Qt::ShiftModifier, Qt::NoModifier}) {
             for (int step = 0; step < 12; ++step) {
                 PressKey(form, back ? Qt::Key_Backtab : Qt::Key_Tab, back);

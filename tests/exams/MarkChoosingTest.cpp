@@ -41,6 +41,21 @@ TEST_F(MarkChoosing, AStudentsRowsAreTheSubjectsWithTheirLimitsAndTeachers)
     EXPECT_EQ(Text("Label2"), "Average :");
 }
 
+TEST_F(MarkChoosing, TheLabelLeadsToTheListOfTheModeAndASubjectAloneHasOneLimit)
+{
+    OpenForm();
+    const auto expect = [this](const QWidget* list, bool limited) {
+        EXPECT_EQ(Find<QLabel>(form, "Label4")->buddy(), list);
+        for (const char* limit : {"lblMaximumAllowed", "txtmaximumallowed"})
+            EXPECT_EQ(Find<QWidget>(form, limit)->isVisible(), limited) << limit;
+    };
+    expect(subjects, true);
+    Press(byStudent);
+    expect(students, false);
+    Press(bySubject);
+    expect(subjects, true);
+}
+
 TEST_F(MarkChoosing, ADivisionWithoutSubjectsSaysSoInBothModes)
 {
     Given("DELETE FROM ClassSubjectTeacher");
@@ -67,6 +82,15 @@ TEST_F(MarkChoosing, AStudentRelievedBeforeTheExamIsLeftOutAndOneWithMarksStays)
     EXPECT_EQ(Entries(students), "Asha(A1)") << "no relieved student is entered alone";
 }
 
+TEST_F(MarkChoosing, ADivisionOfRelievedStudentsHasNobodyToMarkAndWasNotForgotten)
+{
+    for (const int student : {1, 2, 3})
+        GivenRelieved(student);
+    OpenForm();
+    ChooseClassDivision();
+    EXPECT_EQ(Rows(), "|||");
+}
+
 TEST_F(MarkChoosing, StoredMarksComeUpWithTheirAverageAndAbsences)
 {
     school->EnterMark(1, 1, 45);
@@ -84,15 +108,17 @@ TEST_F(MarkChoosing, StoredMarksComeUpWithTheirAverageAndAbsences)
     EXPECT_EQ(grid->TextMatrix(1, 6).toStdString(), "8");
 }
 
-TEST_F(MarkChoosing, WhileBrowsingTheListIsLeftWithoutAQuestion)
+TEST_F(MarkChoosing, WhileBrowsingTheListIsLeftWithoutAQuestionOrAnOpenMark)
 {
     school->EnterMark(1, 1, 45);
     OpenForm();
     ChooseClassDivision();
-    Choose(subjects, QStringLiteral("English"));
-    PressKey(form, Qt::Key_Return);
-    EXPECT_EQ(Focus(), "cmdNew");
-    EXPECT_FALSE(mark->isVisible());
+    for (const char* subject : {"English", "Maths"}) {
+        Choose(subjects, QString::fromLatin1(subject));
+        PressKey(form, Qt::Key_Return);
+        EXPECT_EQ(Focus(), "cmdNew");
+        EXPECT_FALSE(mark->isVisible());
+    }
 }
 
 TEST_F(MarkChoosing, AnotherClassEmptiesEverythingBelowIt)
@@ -124,14 +150,41 @@ TEST_F(MarkChoosing, AnotherExamStartsWithoutChoiceAndWithItsOwnStudents)
     EXPECT_EQ(Average(), "");
 }
 
-TEST_F(MarkChoosing, WithoutAnExamASubjectHasNoMarks)
+TEST_F(MarkChoosing, WithoutAnExamASubjectHasNoRowsAndNoLimit)
 {
     school->EnterMark(1, 1, 45);
     ShowStoredSubject(QStringLiteral("English"));
     Choose(exam, QStringLiteral(" "));
-    Choose(subjects, QStringLiteral("English"));
-    EXPECT_EQ(Rows().find("45"), std::string::npos) << Rows();
+    EXPECT_EQ(Rows(), "|||");
     EXPECT_EQ(Average(), "");
+    Choose(subjects, QStringLiteral("Maths"));
+    EXPECT_EQ(Rows(), "|||");
+    EXPECT_EQ(AllowedMark(), "");
+}
+
+TEST_F(MarkChoosing, WithoutAnExamNothingIsAskedAboutMarks)
+{
+    school->EnterMark(1, 1, 45);
+    OpenNew();
+    ChooseClassDivision();
+    Choose(subjects, QStringLiteral("English"));
+    prompts.ExpectQuestion(AlreadyEntered, false);
+    PressKey(form, Qt::Key_Tab);
+    prompts.Verify();
+    Settle();
+    Choose(exam, QStringLiteral(" "));
+    Choose(subjects, QStringLiteral("English"));
+    PressKey(form, Qt::Key_Tab);
+    EXPECT_NE(Focus(), "dbcSubject");
+}
+
+TEST_F(MarkChoosing, AListInWhichNothingIsChosenIsLeftWithoutAMarkOpening)
+{
+    OpenNew();
+    ChooseClassDivision();
+    subjects->setFocus();
+    PressKey(form, Qt::Key_Tab);
+    EXPECT_FALSE(mark->isVisible());
 }
 
 TEST_F(MarkChoosing, AnotherExamListsTheSubjectsOfAStudentAgain)
@@ -177,14 +230,18 @@ TEST_F(MarkChoosing, EmptyingTheDivisionClearsBothLists)
     EXPECT_EQ(Focus(), "cboDivision") << "Enter waits for a division";
 }
 
-TEST_F(MarkChoosing, EnterInTheDivisionReadsItsListsAnew)
+TEST_F(MarkChoosing, EitherEnterInTheDivisionReadsItsListsAnew)
 {
     OpenForm();
     ChooseClassDivision();
-    school->AddStudent(1, QStringLiteral("Dev"));
-    PressKey(form, Qt::Key_Return);
-    EXPECT_EQ(grid->Rows(), 6);
-    EXPECT_EQ(Focus(), "Optsubject");
+    int rows = grid->Rows();
+    for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
+        school->AddStudent(1, QStringLiteral("Dev"));
+        divisions->setFocus();
+        PressKey(form, enter);
+        EXPECT_EQ(grid->Rows(), ++rows);
+        EXPECT_EQ(Focus(), "Optsubject");
+    }
 }
 
 TEST_F(MarkChoosing, EnterInTheDivisionLeadsBackFromTheStudentsToTheSubjects)
@@ -262,10 +319,7 @@ TEST_F(MarkChoosing, AStudentWithMarksIsAskedForInHisOwnWords)
     Choose(students, QStringLiteral("Binu(A2)"));
     EXPECT_EQ(Rows(), "1|Maths||Present 2|English|45|Present |||");
     EXPECT_EQ(Average(), "22.5");
-    prompts.ExpectQuestion(
-        QStringLiteral(
-            "Marks Are Already Entered For This Student. Do You Want To View/Edit/Delete The Details ?"),
-        true);
+    prompts.ExpectQuestion(AlreadyEnteredForStudent, true);
     PressKey(form, Qt::Key_Return);
     EXPECT_EQ(Focus(), "cmdEdit");
     EXPECT_EQ(EnabledControls(), "Frame1 dbcStudent cmdEdit cmdDelete cmdCancel cmdExit");

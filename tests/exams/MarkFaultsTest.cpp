@@ -193,6 +193,14 @@ TEST_F(MarkFaults, TheLastSubjectTakenOutOfTheClassMeanwhileIsTold)
     KeepsEverythingTyped();
 }
 
+TEST_F(MarkFaults, WhatTheDivisionLacksIsToldBeforeWhatARowLacks)
+{
+    StartSubject(QStringLiteral("English"));
+    OtherInDivision("DELETE FROM ClassSubjectTeacher WHERE SubjectCode > 0");
+    prompts.ExpectInformation(NoSubjectsText);
+    Press(Button("cmdSave"));
+}
+
 TEST_F(MarkFaults, AllStudentsMovedMeanwhileIsTold)
 {
     EnterEnglish();
@@ -433,6 +441,43 @@ TEST_F(MarkFaults, AnEditOfASubjectNoLongerTakenKeepsTheMarksThatWereShown)
     prompts.ExpectInformation(QStringLiteral("Record Updated"));
     PressKey(form, Qt::Key_Return);
     EXPECT_EQ(Stored(), "1 1 45 P 7 5; 2 1 0 A 7 5");
+}
+
+TEST_F(MarkFaults, MarksOfASubjectNoLongerTakenAreMendedWhoeverHasThem)
+{
+    GivenRelieved(2);
+    school->EnterMark(1, 2, 45);
+    school->EnterMark(3, 2, 35);
+    ShowStoredSubject(QStringLiteral("Maths"));
+    Press(Button("cmdEdit"));
+    OtherInDivision("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 2");
+    prompts.ExpectInformation(QStringLiteral("Record Updated"));
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Stored(), "1 2 45 P 8 5; 3 2 35 P 8 5");
+}
+
+TEST_F(MarkFaults, AStudentsMarkOfASubjectNoLongerTakenIsMended)
+{
+    school->EnterMark(1, 1, 45);
+    school->EnterMark(1, 2, 99);
+    ShowStoredStudent(QStringLiteral("Asha(A1)"));
+    Press(Button("cmdEdit"));
+    OtherInDivision("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 1");
+    prompts.ExpectInformation(QStringLiteral("Record Updated"));
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Stored(), "1 1 45 P 7 5; 1 2 99 P 8 5");
+}
+
+TEST_F(MarkFaults, AStudentGetsNoFirstMarkOfASubjectNoLongerTakenInAnEditEither)
+{
+    school->EnterMark(1, 2, 99);
+    ShowStoredStudent(QStringLiteral("Asha(A1)"));
+    Press(Button("cmdEdit"));
+    Click(2, 2);
+    Enter("40");
+    OtherInDivision("DELETE FROM ClassSubjectTeacher WHERE SubjectCode = 1");
+    IsToldThatTheMasterIsGone();
+    EXPECT_EQ(Stored(), "1 2 99 P 0 0");
 }
 
 TEST_F(MarkFaults, AnEditOfASubjectNoLongerTakenBringsBackNoMarksThatWereDeletedToo)

@@ -37,6 +37,7 @@ TEST_F(MarkKeys, ASubjectIsEnteredFromNewToSaveWithTheKeyboardAlone)
     Enter("a");
     EXPECT_EQ(mark->Row(), 3);
     Enter("12.5");
+    EXPECT_FALSE(mark->isVisible());
     EXPECT_EQ(Focus(), "cmdSave");
     EXPECT_EQ(Rows(), "1|Asha(A1)|45|Present 2|Binu(A2)|0|Absent 3|Cara(A3)|12.5|Present |||");
     prompts.ExpectInformation(QStringLiteral("Record Saved"));
@@ -205,8 +206,45 @@ TEST_F(MarkKeys, AClickOpensTheBoxOfItsColumnAndNoneOnTheBlankRow)
     EXPECT_EQ(presence->geometry(), grid->CellRect(3, 3));
     Click(2, 1);
     EXPECT_FALSE(presence->isVisible());
+    Click(1, 2);
+    EXPECT_TRUE(mark->isVisible());
     Click(4, 2);
     EXPECT_FALSE(mark->isVisible()) << "the blank row takes no mark";
+}
+
+TEST_F(MarkKeys, EnterOnACellOpensItsBox)
+{
+    StartSubject(QStringLiteral("English"));
+    Click(2, 1);
+    ASSERT_EQ(Focus(), "msgDetails");
+    PressKey(form, Qt::Key_Right);
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(Focus(), "txtmarkobtained");
+    EXPECT_EQ(mark->Row(), 2);
+}
+
+TEST_F(MarkKeys, EnterStaysInAListInWhichNothingIsChosen)
+{
+    OpenNew();
+    const auto expectToStay = [this](QWidget* list) {
+        list->setFocus();
+        PressKey(form, Qt::Key_Return);
+        EXPECT_EQ(Focus(), list->objectName().toStdString());
+    };
+    for (QComboBox* list : {static_cast<QComboBox*>(exam), classes, divisions})
+        expectToStay(list);
+    ChooseClassDivision();
+    expectToStay(subjects);
+    Press(byStudent);
+    expectToStay(students);
+}
+
+TEST_F(MarkKeys, AKeyThatTheScreenHasNoUseForGoesOn)
+{
+    OpenForm();
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_F9, Qt::NoModifier);
+    QApplication::sendEvent(form, &key);
+    EXPECT_FALSE(key.isAccepted());
 }
 
 TEST_F(MarkKeys, AClickBeforeASubjectIsChosenAsksForIt)

@@ -210,9 +210,11 @@ TEST_F(MarkOpeningOfThree, AfterCancelNothingOfTheOldClassIsOffered)
     ChooseClassDivision();
     Press(byStudent);
     Choose(students, QStringLiteral("Asha(A1)"));
+    Given("INSERT INTO ExamMaster VALUES (2, 'Annual', 2, 0)");
+    Given("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 1, 2, 0)");
     Press(Button("cmdCancel"));
-    EXPECT_EQ(Entries(exam), " |Term One");
-    EXPECT_EQ(Entries(classes), " |X");
+    EXPECT_EQ(Entries(exam), " |Term One|Annual") << "the lists are read anew";
+    EXPECT_EQ(Entries(classes), " |X|IX");
     EXPECT_EQ(Entries(divisions), " ");
     EXPECT_EQ(Entries(subjects), "");
     EXPECT_EQ(Entries(students), "");

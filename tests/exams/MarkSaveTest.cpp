@@ -13,15 +13,7 @@ protected:
     {
         GivenEnglishMarks();
         school->EnterMark(1, 2, 99);
-        OpenNew();
-        ChooseClassDivision();
-        Press(byStudent);
-        Choose(students, QStringLiteral("Asha(A1)"));
-        prompts.ExpectQuestion(
-            QStringLiteral(
-                "Marks Are Already Entered For This Student. Do You Want To View/Edit/Delete The Details ?"),
-            true);
-        PressKey(form, Qt::Key_Return);
+        ShowStoredStudent(QStringLiteral("Asha(A1)"));
     }
 
     void GivenEnglishMarks()
@@ -153,6 +145,22 @@ TEST_F(MarkSave, AnEditReplacesTheWholeStudent)
     EXPECT_EQ(Stored(), "1 1 45 P 7 5; 1 2 98 P 8 5; 2 1 0 A 0 0; 3 1 30 P 0 0");
 }
 
+TEST_F(MarkSave, AfterAnEditTheNextMarksAreAFirstEntry)
+{
+    GivenEnglishMarks();
+    ShowStoredSubject(QStringLiteral("English"));
+    Press(Button("cmdEdit"));
+    prompts.ExpectInformation(QStringLiteral("Record Updated"));
+    PressKey(form, Qt::Key_Return);
+    Press(Button("cmdNew"));
+    ChooseClassDivision();
+    Choose(subjects, QStringLiteral("Maths"));
+    PressKey(form, Qt::Key_Return);
+    EnterThree("90", "80", "70");
+    SaveAndStop();
+    EXPECT_EQ(Marks(), 6);
+}
+
 TEST_F(MarkSave, AnEditLeavesRelievedStudentsOutAndItsSaveTakesTheirMarks)
 {
     GivenEnglishMarks();
@@ -211,8 +219,10 @@ TEST_F(MarkSave, NewEditAndDeleteNeedTheirRights)
               {{QStringLiteral("frmexammarkentry"), QStringLiteral("N")}});
     Session().gintPrivilegeUserCode = 9;
     ShowStoredSubject(QStringLiteral("English"));
+    GivenRelieved(3);
     prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Modify This Entry"));
     Press(Button("cmdEdit"));
+    EXPECT_EQ(RowText(3), "3|Cara(A3)|30|Present") << "she would be left out of an edit";
     prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Delete"));
     Press(Button("cmdDelete"));
     EXPECT_EQ(Marks(), 3);

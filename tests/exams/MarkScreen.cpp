@@ -134,6 +134,17 @@ void MarkScreen::ShowStoredSubject(const QString& subject)
     prompts.Verify();
 }
 
+void MarkScreen::ShowStoredStudent(const QString& student)
+{
+    OpenNew();
+    ChooseClassDivision();
+    Press(byStudent);
+    Choose(students, student);
+    prompts.ExpectQuestion(AlreadyEnteredForStudent, true);
+    QTest::keyClick(students, Qt::Key_Return);
+    prompts.Verify();
+}
+
 void MarkScreen::Paste(const QString& text)
 {
     QApplication::clipboard()->setText(text);

@@ -15,6 +15,8 @@ namespace tally::test {
 
 inline const QString AlreadyEntered = QStringLiteral(
     "Marks Are Already Entered For This Subject. Do You Want To View/Edit/Delete The Details ?");
+inline const QString AlreadyEnteredForStudent = QStringLiteral(
+    "Marks Are Already Entered For This Student. Do You Want To View/Edit/Delete The Details ?");
 inline const QString SameAgain =
     QStringLiteral("Do You Want To Enter Marks For The Same 'Exam-Class-Division' ?");
 inline const QString MasterIsGone =
@@ -62,6 +64,8 @@ protected:
     void StartStudent(const QString& student);
     /// Chooses a subject with marks and says Yes to looking at them.
     void ShowStoredSubject(const QString& subject);
+    /// The same for a student.
+    void ShowStoredStudent(const QString& student);
 
     void Click(int row, int col) { FormDriver::Click(grid, row, col); }
     void Paste(const QString& text);

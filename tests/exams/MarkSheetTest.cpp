@@ -337,6 +337,7 @@ TEST(MarkSheet, ASubjectThatTheClassHasGivenUpKeepsItsLimits)
     EXPECT_EQ(ofStudent.TakeLimits({{1, {}, 9, 40, 100}}, 0), std::vector<int>{2});
     EXPECT_EQ(ofStudent.Row(1).maximumAllowed, 40);
     EXPECT_EQ(ofStudent.Row(2).maximumAllowed, 20);
+    EXPECT_EQ(ofStudent.TakeLimits({}, 0), (std::vector<int>{1, 2}));
 }
 
 TEST(MarkSheet, AStudentsRowsTakeTheLimitsOfTheirOwnSubjects)

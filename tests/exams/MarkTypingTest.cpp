@@ -212,6 +212,8 @@ TEST_F(MarkTyping, AnAbsenceChosenForAStudentWithAMarkLeadsBackToTheMark)
     EXPECT_EQ(Focus(), "txtmarkobtained");
     EXPECT_EQ(mark->Row(), 1);
     EXPECT_EQ(RowText(1), "1|Asha(A1)|45|Absent");
+    Enter("");
+    EXPECT_EQ(RowText(1), "1|Asha(A1)|45|Present") << "who has a mark was there";
 }
 
 TEST_F(MarkTyping, AWordThatIsNoPresenceIsRefused)
@@ -238,6 +240,14 @@ TEST_F(MarkTyping, APresenceTakesLettersOnlyAndAnEmptyOneLeadsNowhere)
     prompts.ExpectInformation(QStringLiteral("Select Present/Absent"));
     QTest::mouseClick(presence->lineEdit(), Qt::LeftButton);
     EXPECT_EQ(RowText(1), "1|Asha(A1)|0|Present");
+}
+
+TEST_F(MarkTyping, APresenceTakesAsManyLettersAsItsWordHas)
+{
+    StartSubject(QStringLiteral("English"));
+    Enter("0");
+    QTest::keyClicks(presence, QStringLiteral("presents"));
+    EXPECT_EQ(presence->currentText().toLower().toStdString(), "present");
 }
 
 TEST_F(MarkTyping, APresenceTypedByItsFirstLetterIsInItsCellAtOnce)
