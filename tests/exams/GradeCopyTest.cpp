@@ -101,6 +101,7 @@ protected:
     {
         EXPECT_EQ(EnabledControls(), "cmdNew cmdCancel cmdExit");
         EXPECT_EQ(Choices(), "//////");
+        EXPECT_EQ(Entries("cboFromDivision"), " ");
         EXPECT_EQ(Divisions(), "");
         EXPECT_FALSE(all->isChecked());
         EXPECT_EQ(Rows("msgFromDetails") + Rows("msgToDetails"), "");
@@ -301,6 +302,7 @@ TEST_F(GradeCopyChoosing, AToClassWithoutAYearAsksForIt)
     prompts.Verify();
     EXPECT_EQ(FocusName(), "cboToAcademicYear");
     EXPECT_EQ(Divisions(), "");
+    Choose("cboToClass", QStringLiteral(" "));
 }
 
 TEST_F(GradeCopyChoosing, AToClassWithoutAnExamListsNothing)
@@ -355,6 +357,16 @@ TEST_F(GradeCopyChoosing, DivisionsTickedBeforeTheSourceIsChosenCanBeCopiedTo)
     EXPECT_FALSE(IsEnabled("cmdTransfer"));
     ChooseSource();
     EXPECT_TRUE(IsEnabled("cmdTransfer"));
+}
+
+TEST_F(GradeCopyChoosing, CopyIsOffWhereTheSourceHasNoTable)
+{
+    StartTo();
+    Tick(divisions, 1);
+    ASSERT_TRUE(IsEnabled("cmdTransfer"));
+    prompts.ExpectInformation(NotMadeText);
+    Choose("cboFromDivision", QStringLiteral("B"));
+    EXPECT_FALSE(IsEnabled("cmdTransfer"));
 }
 
 TEST_F(GradeCopyChoosing, SelectAllLeavesOutWhoHasATable)
@@ -532,8 +544,28 @@ TEST_F(GradeCopyChoosing, TheButtonsOpenTheMastersAndTheListsAreReadAnewOnTheWay
     EXPECT_EQ(Entries("dbcExamTo"), " |Term One|Term Two|Term Three");
     EXPECT_EQ(Choices(), "2024 - 2025/Term One/X/A/2024 - 2025/Term One/X");
     EXPECT_EQ(Divisions(), "# A|B*");
+    EXPECT_EQ(divisions->currentRow(), 1) << "the line of C, on which the keys were, has gone";
     EXPECT_EQ(Rows("msgFromDetails"), Shown);
     EXPECT_EQ(Rows("msgToDetails"), Shown);
+}
+
+TEST_F(GradeCopyChoosing, ListsThatCannotBeReadAnewStayAsTheyAre)
+{
+    StartCopied();
+    QTest::keyClick(divisions, Qt::Key_E, Qt::AltModifier | Qt::ShiftModifier);
+    Settle();
+    auto* master = ScreenRegistry::OpenInstance(QStringLiteral("frmexamnamemaster"));
+    ASSERT_NE(master, nullptr);
+    Given("ALTER TABLE ExamMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("ExamMaster"));
+    master->Unload();
+    Settle();
+    prompts.Verify();
+    Given("ALTER TABLE Away RENAME TO ExamMaster");
+    EXPECT_EQ(Choices(), "2024 - 2025/Term One/X/A/2024 - 2025/Term One/X");
+    EXPECT_EQ(Divisions(), "# A|B*|C*");
+    SaveCopy(Copied, false);
+    EXPECT_EQ(school->Grades(TenC), Usual);
 }
 
 TEST_F(GradeCopyChoosing, WhatWasDeletedInTheMastersIsChosenNoMore)
@@ -741,6 +773,7 @@ TEST_F(GradeCopySave, AYearDeletedMeanwhileIsDescribedAndCanBeChosenNoMore)
     SaveTells(Prompts::Kind::Critical, NoReference);
     EXPECT_EQ(Choices(), "2024 - 2025/Term One/X/A//Term One/X");
     EXPECT_EQ(Entries("cboToAcademicYear"), " |2024 - 2025");
+    EXPECT_EQ(Divisions(), "");
 }
 
 TEST_F(GradeCopySave, AStoreLockedByAnotherClientIsToldAndTheSaveCanBeRepeated)

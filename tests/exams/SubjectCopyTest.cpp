@@ -67,6 +67,7 @@ protected:
     {
         EXPECT_EQ(EnabledControls(), "cmdNew cmdCancel cmdExit");
         EXPECT_EQ(Choices(), "/////");
+        EXPECT_EQ(Entries("cboDivision") + Entries("cboDivisionTo"), "  ");
         EXPECT_EQ(Rows("msgDetails") + Rows("msgToDetails"), "");
         EXPECT_EQ(FocusName(), "cmdNew");
     }
@@ -319,10 +320,30 @@ TEST_F(SubjectCopyChoosing, AClassDivisionIsNotCopiedOntoItself)
     EXPECT_FALSE(IsEnabled("cmdTransfer"));
 }
 
+TEST_F(SubjectCopyChoosing, ASourceThatIsChosenAsItsTargetIsToldAsTheSamePlaceThoughItIsSetUp)
+{
+    StartTo("B");
+    prompts.ExpectInformation(SamePlace);
+    Choose("cboDivisionTo", QStringLiteral(".A"));
+    prompts.Verify();
+    EXPECT_EQ(ChosenIn("cboDivisionTo"), "");
+}
+
 TEST_F(SubjectCopyChoosing, TheSameClassDivisionOfTheNextYearIsAnotherPlace)
 {
     StartTo("A", "2025 - 2026");
     EXPECT_TRUE(IsEnabled("cmdTransfer"));
+}
+
+TEST_F(SubjectCopyChoosing, ADivisionOfTheSameLetterInAnotherClassIsAnotherPlace)
+{
+    StartFromTenA();
+    Choose("cboAcademicYearTo", QStringLiteral("2024 - 2025"));
+    Choose("cboClassTo", QStringLiteral("IX"));
+    Choose("cboDivisionTo", QStringLiteral("A"));
+    EXPECT_TRUE(IsEnabled("cmdTransfer"));
+    Choose("cboDivisionTo", QStringLiteral(" "));
+    EXPECT_FALSE(IsEnabled("cmdTransfer")) << "nowhere is none";
 }
 
 TEST_F(SubjectCopyChoosing, EnterOnAFreeTargetLeadsToCopy)
@@ -495,6 +516,19 @@ TEST_F(SubjectCopySave, WhatIsMissingIsToldInItsOrderAndTheListGetsTheFocus)
     Choose("cboDivisionTo", QStringLiteral("C"));
     ExpectRefusal(QStringLiteral("Record Does Not Exist On The 'To' Side For Copying"), "msgToDetails");
     EXPECT_EQ(school->Subjects(TenC), "");
+}
+
+TEST_F(SubjectCopySave, ATargetThatIsSetUpIsToldBehindWhatIsMissingAndBeforeThatNothingIsCopied)
+{
+    school->SetUpSubjects(TenB);
+    StartFromTenA();
+    Choose("cboAcademicYearTo", QStringLiteral("2024 - 2025"));
+    Choose("cboClassTo", QStringLiteral("X"));
+    prompts.ExpectInformation(Exists);
+    Choose("cboDivisionTo", QStringLiteral(".B"));
+    ExpectRefusal(Exists, "cboDivisionTo");
+    Choose("cboDivision", QStringLiteral(" "));
+    ExpectRefusal(QStringLiteral("Select Division On The 'From' Side"), "cboDivision");
 }
 
 TEST_F(SubjectCopySave, ACopyKeepsOrderMaximumMarksAndRankAndTheScreenBeginsAnewOnNo)
