@@ -14,7 +14,7 @@ MarkChoices MarkEntry::List(store::Connection& main, const SchoolScope& scope)
         choices.entries = marks.Subjects(scope);
         choices.noEntry = choices.entries.empty() ? NoSubjects : QString();
         const CodedTexts students = marks.StudentsToMark(scope, true);
-        choices.noRow = marks.HasStudents(scope) ? QString() : NoStudents;
+        choices.noRow = students.empty() && !marks.HasStudents(scope) ? NoStudents : QString();
         sheet_.ListStudents(students);
     } else {
         choices.entries = marks.Students(scope);

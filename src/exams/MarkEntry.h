@@ -28,6 +28,7 @@ public:
     const MarkSheet& Sheet() const { return sheet_; }
     /// The subject or student that was chosen last has marks in this exam.
     bool MarksExist() const { return marksExist_; }
+    void ForgetMarks() { marksExist_ = false; }
 
     /// The rows of the mode, nothing entered, and what they can be entered for.
     MarkChoices List(store::Connection& main, const SchoolScope& scope);

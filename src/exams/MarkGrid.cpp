@@ -92,11 +92,12 @@ void MarkGrid::Take(const MarkStep& step)
 {
     if (!step.message.isEmpty())
         Prompts::Information(step.message);
-    // Behind the last row the keyboard goes on to Save, the next control that is on.
-    if (step.row > 0)
+    if (step.row > 0) {
         Open(step.row, step.column);
-    else
-        Close();
+        return;
+    }
+    Close();
+    Q_EMIT AllEntered();
 }
 
 void MarkGrid::txtmarkobtained_Change(int row, const QString& text)
@@ -151,6 +152,7 @@ void MarkGrid::cboPresentAbsent_Enter(int row, const QString& text)
         Prompts::Information(step.message);
         return;
     }
+    ShowRow(row);
     Take(step);
 }
 

@@ -25,12 +25,14 @@ public:
     /// The box over a cell; none where the row or the column takes nothing.
     void Open(int row, GridCol column);
     void Close();
-    /// Tells what the step has to tell and goes where it leads, behind the last row out of the grid.
+    /// Tells what the step has to tell and goes where it leads.
     void Take(const MarkStep& step);
 
 Q_SIGNALS:
     /// A mark was ended that says something by itself.
     void MarkEntered();
+    /// The last row was ended.
+    void AllEntered();
 
 protected:
     bool eventFilter(QObject* receiver, QEvent* event) override;

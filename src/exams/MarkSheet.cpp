@@ -45,6 +45,7 @@ GridTable MarkSheet::Table() const
                      {.head = QStringLiteral("MaximumAllowed"), .hidden = true},
                      {.head = QStringLiteral("TeacherCode"), .hidden = true},
                      {.head = QStringLiteral("MaximumMark"), .hidden = true}});
+    table.Reserve(RowCount() + 1);
     for (int row = 1; row <= RowCount(); ++row)
         table.AddRow(Cells(row));
     table.AddRow();

@@ -398,6 +398,9 @@ bool frmClassRankSetup::IsReady()
 void frmClassRankSetup::cmdSave_Click()
 {
     SettleChoice();
+    // The choice may have brought stored grades on the screen, and nothing was entered for those.
+    if (!ui_->cmdSave->isEnabled())
+        return;
     boxes_->Close();
     if (!IsReady())
         return;

@@ -53,6 +53,8 @@ frmClassRankTransferSetup::frmClassRankTransferSetup()
                                                           ui_->cboFromClass, ui_->cboFromDivision});
     to_.emplace(QStringLiteral("To"),
                 CopySide::Lists{ui_->cboToAcademicYear, ui_->dbcExamTo, ui_->cboToClass, nullptr});
+    for (FlexGrid* grid : {ui_->msgFromDetails, ui_->msgToDetails})
+        grid->SetReadableWhileClosed();
     ConnectHandlers();
     SetExitButton(ui_->cmdExit);
     cmdCancel_Click();
@@ -118,7 +120,7 @@ void frmClassRankTransferSetup::From_Change(const DataCombo* list)
 void frmClassRankTransferSetup::ListSources()
 {
     const SchoolScope from = from_->Scope();
-    if (from.academicYearCode == 0 || from.examCode == 0)
+    if (from.academicYearCode == 0 || from.examCode == 0 || from.classCode == 0)
         return;
     const auto divisions =
         Fetch([&from] { return SchoolListRepository(MainStore()).DivisionsByName(from.classCode); });
@@ -148,6 +150,7 @@ void frmClassRankTransferSetup::cboFromDivision_Settled()
     if (table->empty()) {
         Refuse(NotMade(GradeCopy), ui_->cboFromDivision);
         ui_->cboFromDivision->TakeBack();
+        return;
     }
     ShowFrom(std::move(*table));
     OfferCopy();
@@ -177,17 +180,17 @@ void frmClassRankTransferSetup::cboToAcademicYear_Click()
 void frmClassRankTransferSetup::cboToClass_Settled()
 {
     if (ui_->cboToClass->BoundCode() != 0 && to_->IsChosen(ui_->cboToAcademicYear))
-        ListTargets();
+        ListTargets(false);
 }
 
-void frmClassRankTransferSetup::ListTargets()
+void frmClassRankTransferSetup::ListTargets(bool keepTicks)
 {
     CheckList* list = ui_->lstDivision;
-    const std::vector<int> ticked = list->TickedData();
+    const std::vector<int> ticked = keepTicks ? list->TickedData() : std::vector<int>();
     const int row = list->currentRow();
     const SchoolScope to = to_->Scope();
     std::vector<ListItem> items;
-    if (to.academicYearCode != 0 && to.examCode != 0) {
+    if (to.academicYearCode != 0 && to.examCode != 0 && to.classCode != 0) {
         const auto targets = Fetch([&to] { return Setups().TargetsOfGrades(to); });
         if (!targets)
             ui_->cboToClass->SetBoundCode(0);
@@ -199,7 +202,8 @@ void frmClassRankTransferSetup::ListTargets()
         if (item.refusal.isEmpty() && std::find(ticked.begin(), ticked.end(), item.code) != ticked.end())
             list->SetTicked(list->count() - 1, true);
     }
-    list->setCurrentRow(std::min(std::max(row, 0), list->count() - 1));
+    if (list->count() > 0)
+        list->setCurrentRow(std::clamp(row, 0, list->count() - 1));
     if (!list->AreAllTicked())
         ClearSelectAll();
     OfferCopy();
@@ -251,7 +255,7 @@ void frmClassRankTransferSetup::RefillLists()
     if (ui_->cboFromDivision->BoundCode() == 0)
         ShowFrom({});
     to_->Offer(choices->toYears, *choices);
-    ListTargets();
+    ListTargets(true);
 }
 
 bool frmClassRankTransferSetup::IsReady()

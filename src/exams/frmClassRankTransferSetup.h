@@ -49,9 +49,9 @@ private:
     void ShowTo(std::vector<GradeRecord> table);
     /// The divisions of a side as they are by now, for its year, exam and class; none where one of those is
     /// missing. On a failure, which the user is told, no class is chosen either. On the "To" side whoever was
-    /// ticked and still can be stays so.
+    /// ticked and still can be stays so with `keepTicks`.
     void ListSources();
-    void ListTargets();
+    void ListTargets(bool keepTicks);
     void ClearTo();
     /// The divisions stay ticked as they are.
     void ClearSelectAll();

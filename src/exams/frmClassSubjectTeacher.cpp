@@ -277,6 +277,9 @@ bool frmClassSubjectTeacher::IsReady()
 void frmClassSubjectTeacher::cmdSave_Click()
 {
     SettleChoice();
+    // The choice may have brought a stored set on the screen, and nothing was entered for that.
+    if (!ui_->cmdSave->isEnabled())
+        return;
     subjects_->Close();
     if (!IsReady())
         return;

@@ -48,6 +48,8 @@ frmClassSubjectTeacherTransfer::frmClassSubjectTeacherTransfer()
                   CopySide::Lists{ui_->cboFromAcademicyear, nullptr, ui_->cboClassFrom, ui_->cboDivision});
     to_.emplace(QStringLiteral("To"),
                 CopySide::Lists{ui_->cboAcademicYearTo, nullptr, ui_->cboClassTo, ui_->cboDivisionTo});
+    for (FlexGrid* grid : {ui_->msgDetails, ui_->msgToDetails})
+        grid->SetReadableWhileClosed();
     ConnectHandlers();
     SetExitButton(ui_->cmdExit);
     cmdCancel_Click();
@@ -97,6 +99,9 @@ void frmClassSubjectTeacherTransfer::ShowTo(std::vector<TaughtSubject> subjects)
 void frmClassSubjectTeacherTransfer::ClearTo()
 {
     ShowTo({});
+    targets_ = {};
+    ui_->chkselectAll->setChecked(false);
+    ui_->lstDivision->clear();
     ui_->cmdTransfer->setEnabled(false);
 }
 
@@ -171,10 +176,11 @@ void frmClassSubjectTeacherTransfer::cboClassTo_Click()
 
 void frmClassSubjectTeacherTransfer::ListTargets()
 {
+    targets_ = {};
     ui_->cmdTransfer->setEnabled(false);
     to_->BlankBelow(ui_->cboClassTo);
     const SchoolScope to = to_->Scope();
-    if (to.academicYearCode == 0)
+    if (to.academicYearCode == 0 || to.classCode == 0)
         return;
     auto targets = Fetch([&to] { return Setups().TargetsOfSubjects(to); });
     if (!targets) {
@@ -197,8 +203,8 @@ bool frmClassSubjectTeacherTransfer::IsAnotherPlace()
 {
     const SchoolScope from = from_->Scope();
     const SchoolScope to = to_->Scope();
-    const bool same = from.academicYearCode == to.academicYearCode && from.classCode == to.classCode &&
-                      from.divisionCode == to.divisionCode;
+    const bool same = from.divisionCode != 0 && from.academicYearCode == to.academicYearCode &&
+                      from.classCode == to.classCode && from.divisionCode == to.divisionCode;
     if (!same)
         return true;
     Prompts::Information(

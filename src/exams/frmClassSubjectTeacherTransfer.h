@@ -54,8 +54,7 @@ private:
     void ListTargets();
     /// Why the chosen target can't get a copy; empty where it can, and while none is chosen.
     QString TargetRefusal() const;
-    /// Tells that a class-division is not copied onto the chosen target where that is itself, and chooses
-    /// none then.
+    /// Tells that a class-division is not copied onto itself, and chooses no target then.
     bool IsAnotherPlace();
     /// Everything that a save asks for is there. Says what is missing and takes the user to it.
     bool IsReady();

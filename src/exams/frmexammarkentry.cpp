@@ -66,10 +66,11 @@ void frmexammarkentry::ConnectHandlers()
     connect(ui_->Optstudent, &QRadioButton::clicked, this, &Form::Optstudent_Click);
     for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent}) {
         connect(list, &DataCombo::Chosen, this, &Form::List_Change);
-        list->SetValidate([this] { return List_Validate(); });
+        list->SetValidate([this, list] { return list != List() || List_Validate(); });
     }
     connect(ui_->msgDetails, &FlexGrid::CellClicked, this, &Form::msgDetails_Click);
     connect(marks_, &MarkGrid::MarkEntered, this, &Form::ShowAverage);
+    connect(marks_, &MarkGrid::AllEntered, ui_->cmdSave, [this] { ui_->cmdSave->setFocus(); });
     connect(ui_->cmdNew, &QPushButton::clicked, this, &Form::cmdNew_Click);
     connect(ui_->cmdEdit, &QPushButton::clicked, this, &Form::cmdEdit_Click);
     connect(ui_->cmdDelete, &QPushButton::clicked, this, &Form::cmdDelete_Click);
@@ -107,6 +108,13 @@ void frmexammarkentry::LoadExam()
     ui_->dbcExam->SetBoundCode(chosen);
 }
 
+void frmexammarkentry::dbcExam_Change()
+{
+    // What is on the screen belongs to the exam before.
+    ResetGrid();
+    ListMode(Mode());
+}
+
 void frmexammarkentry::cboClass_Click()
 {
     EmptyLists();
@@ -115,23 +123,28 @@ void frmexammarkentry::cboClass_Click()
 
 void frmexammarkentry::cboDivision_Click()
 {
+    ResetGrid();
     if (Scope().divisionCode == 0)
         EmptyLists();
     Optsubject_Click();
 }
 
-void frmexammarkentry::cboDivision_KeyPress(int key)
+bool frmexammarkentry::cboDivision_KeyPress(int key)
 {
-    const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (!isEnter || Scope().divisionCode == 0)
-        return;
-    Optsubject_Click();
-    focusNextChild();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return false;
+    if (Scope().divisionCode != 0) {
+        Optsubject_Click();
+        focusNextChild();
+    }
+    return true;
 }
 
 void frmexammarkentry::UseMode(MarkMode mode)
 {
     const bool bySubject = mode == MarkMode::Subject;
+    if (mode != Mode())
+        ResetGrid();
     entry_.Sheet().UseMode(mode);
     (bySubject ? ui_->Optsubject : ui_->Optstudent)->setChecked(true);
     for (DataCombo* list : {ui_->dbcSubject, ui_->dbcStudent}) {
@@ -139,8 +152,7 @@ void frmexammarkentry::UseMode(MarkMode mode)
         list->setEnabled(list == List());
         list->setVisible(list == List());
     }
-    // What is on the screen belongs to another exam, division or mode.
-    ResetGrid();
+    EmptyMarks();
     ui_->Label4->setText(NameOf(mode) + QStringLiteral(" Name :"));
     ui_->Label4->setBuddy(List());
     ui_->Label2->setText(bySubject ? QStringLiteral("Class Average For The Selected Subject :")
@@ -158,6 +170,7 @@ void frmexammarkentry::ListMode(MarkMode mode)
     if (!choices) {
         // Whoever could be chosen without his rows would lose his marks with the next save.
         EmptyLists();
+        ResetGrid();
         return;
     }
     List()->SetList(choices->entries);
@@ -189,15 +202,20 @@ void frmexammarkentry::EmptyMarks()
 void frmexammarkentry::List_Change()
 {
     marks_->Close();
-    if (!IsComplete(Scope()))
+    const int chosen = List()->BoundCode();
+    if (!IsComplete(Scope()) || chosen == 0) {
+        EmptyMarks();
         return;
-    const bool known = Read([this] {
-        if (entry_.Choose(MainStore(), Scope(), List()->BoundCode()))
+    }
+    const bool known = Read([&] {
+        if (entry_.Choose(MainStore(), Scope(), chosen))
             ShowRows();
     });
+    if (known)
+        return;
     // The rows are those of the choice before.
-    if (!known)
-        EmptyList();
+    EmptyList();
+    entry_.ForgetMarks();
 }
 
 bool frmexammarkentry::List_Validate()
@@ -212,8 +230,10 @@ bool frmexammarkentry::List_Validate()
                                      "View/Edit/Delete The Details ?")
                           .arg(NameOf(Mode())))) {
         EmptyList();
+        entry_.ForgetMarks();
         return false;
     }
+    marks_->Close();
     ui_->fraMain->setEnabled(false);
     ui_->cmdEdit->setEnabled(true);
     ui_->cmdDelete->setEnabled(true);
@@ -239,6 +259,7 @@ void frmexammarkentry::cmdNew_Click()
     if (!MayUse(Right::New))
         return;
     ui_->fraMain->setEnabled(true);
+    ui_->Frame1->setEnabled(true);
     ui_->dbcSubject->setEnabled(true);
     ui_->dbcStudent->setEnabled(false);
     ui_->msgDetails->SetTextMatrix(1, MarkColumn::Serial, QStringLiteral("1"));
@@ -367,7 +388,7 @@ void frmexammarkentry::cmdCancel_Click()
         LoadExam();
         ClearControls(this);
         Read([this] { classDivision_->Load(); });
-        EmptyLists();
+        cboClass_Click();
         Optsubject_Click();
     });
     ui_->cmdNew->setEnabled(true);
@@ -389,8 +410,8 @@ void frmexammarkentry::ResetGrid()
 void frmexammarkentry::ShowRows()
 {
     marks_->ShowRows();
-    ui_->txtmaximumallowed->setText(List()->IsBlank() ? QString()
-                                                      : PlainNumber(entry_.Sheet().MaximumAllowed()));
+    const bool limited = Mode() == MarkMode::Subject && !List()->IsBlank();
+    ui_->txtmaximumallowed->setText(limited ? PlainNumber(entry_.Sheet().MaximumAllowed()) : QString());
     ShowAverage();
 }
 
@@ -401,9 +422,9 @@ void frmexammarkentry::ShowAverage()
 
 bool frmexammarkentry::eventFilter(QObject* receiver, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress)
-        cboDivision_KeyPress(static_cast<QKeyEvent*>(event)->key());
-    return Screen::eventFilter(receiver, event);
+    return receiver == ui_->cboDivision && event->type() == QEvent::KeyPress
+               ? cboDivision_KeyPress(static_cast<QKeyEvent*>(event)->key())
+               : Screen::eventFilter(receiver, event);
 }
 
 void frmexammarkentry::keyPressEvent(QKeyEvent* event)

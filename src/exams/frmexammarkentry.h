@@ -37,10 +37,11 @@ private:
     void ConnectHandlers();
 
     void LoadExam();
-    void dbcExam_Change() { ListMode(Mode()); }
+    void dbcExam_Change();
     void cboClass_Click();
     void cboDivision_Click();
-    void cboDivision_KeyPress(int key);
+    /// True for a key that the list itself does not get.
+    bool cboDivision_KeyPress(int key);
     void Optsubject_Click() { ListMode(MarkMode::Subject); }
     void Optstudent_Click() { ListMode(MarkMode::Student); }
     void List_Change();
@@ -61,7 +62,7 @@ private:
     void EmptyMarks();
     /// Nothing to choose from in either list.
     void EmptyLists();
-    /// Both lists without a choice, and no rows; only the list of `mode` can be used.
+    /// Both lists without a choice; only that of `mode` can be used.
     void UseMode(MarkMode mode);
     /// The same, and what the class-division has to choose from and to list in it.
     void ListMode(MarkMode mode);

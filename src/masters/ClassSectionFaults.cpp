@@ -6,23 +6,14 @@ namespace {
 
 using Fault = std::optional<ClassSectionFault>;
 
-/// The fault of the first row that has one.
-template <typename FaultOf>
-Fault FirstFault(const ClassSectionGrid& grid, FaultOf faultOf)
-{
-    for (int row = 1; row <= grid.RowCount(); ++row)
-        if (Fault fault = faultOf(row))
-            return fault;
-    return {};
-}
-
 /// The first row that `faulty` finds wrong.
 template <typename Faulty>
 Fault FirstRow(const ClassSectionGrid& grid, const QString& message, ClassColumn column, Faulty faulty)
 {
-    return FirstFault(grid, [&](int row) {
-        return faulty(grid.Row(row)) ? Fault(ClassSectionFault{message, column, row}) : Fault();
-    });
+    for (int row = 1; row <= grid.RowCount(); ++row)
+        if (faulty(grid.Row(row)))
+            return ClassSectionFault{message, column, row};
+    return {};
 }
 
 /// The later one of the first two rows that `alike` takes for each other.
@@ -40,12 +31,11 @@ Fault SameName(const ClassSectionGrid& grid)
     const auto alike = [](const ClassRow& row, const ClassRow& later) {
         return row.className == later.className;
     };
-    return FirstFault(grid, [&](int row) -> Fault {
+    for (int row = 1; row <= grid.RowCount(); ++row)
         if (const int later = LaterOfPair(grid, row, alike))
             return ClassSectionFault{QStringLiteral("Class Name Already Exists"), ClassColumn::ClassName,
                                      later};
-        return {};
-    });
+    return {};
 }
 
 /// A missing order is told before a double one, row by row.
@@ -54,17 +44,17 @@ Fault OrderMissingOrDouble(const ClassSectionGrid& grid)
     const auto alike = [](const ClassRow& row, const ClassRow& later) {
         return later.IsNamed() && row.Order() == later.Order();
     };
-    return FirstFault(grid, [&](int row) -> Fault {
+    for (int row = 1; row <= grid.RowCount(); ++row) {
         if (!grid.Row(row).IsNamed())
-            return {};
+            continue;
         if (grid.Row(row).Order() == 0)
             return ClassSectionFault{QStringLiteral("Class Order Should Not Be Empty"),
                                      ClassColumn::ClassOrder, row};
         if (const int later = LaterOfPair(grid, row, alike))
             return ClassSectionFault{QStringLiteral("Class Order Already Exists"), ClassColumn::ClassOrder,
                                      later};
-        return {};
-    });
+    }
+    return {};
 }
 
 Fault NamelessDivision(const ClassSectionGrid& grid)
@@ -72,7 +62,7 @@ Fault NamelessDivision(const ClassSectionGrid& grid)
     if (grid.Divisions().empty())
         return ClassSectionFault{QStringLiteral("Enter Class-Division Details"), ClassColumn::ClassName, 1};
     for (const ClassDivision& division : grid.Divisions()) {
-        if (!division.divisionName.trimmed().isEmpty())
+        if (!division.divisionName.trimmed().isEmpty() || division.classCode <= 0)
             continue;
         const int row = grid.FindClassRow(division.classCode);
         const QString className = row ? grid.Row(row).className : QString();
@@ -96,6 +86,10 @@ std::optional<ClassSectionFault> FindFault(const ClassSectionGrid& grid)
                                [](const ClassRow& row) { return row.IsNamed() && row.Divisions() == 0; }))
         return fault;
     if (Fault fault = OrderMissingOrDouble(grid))
+        return fault;
+    if (Fault fault = FirstRow(grid, QStringLiteral("Class Order Should Not Be Blank. Enter Class Order"),
+                               ClassColumn::ClassOrder,
+                               [](const ClassRow& row) { return row.IsNamed() && row.Order() == 0; }))
         return fault;
     return NamelessDivision(grid);
 }

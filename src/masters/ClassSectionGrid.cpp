@@ -23,6 +23,12 @@ QString DefaultDivisionName(int divisionCode)
     return index < Letters ? QString(letter) : QString(QChar(u'A' + index / Letters - 1)) + letter;
 }
 
+void ClassSectionGrid::Clear()
+{
+    rows_.assign(1, {});
+    divisions_.clear();
+}
+
 bool ClassSectionGrid::Load(const std::vector<ClassRecord>& classes, std::vector<ClassDivision> divisions)
 {
     rows_.clear();

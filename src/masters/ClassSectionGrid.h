@@ -78,6 +78,8 @@ public:
     /// One row less than the message about the limit says: the head of the grid counts as well.
     static constexpr int MostClasses = 98;
 
+    /// One blank row and no divisions.
+    void Clear();
     /// Takes over what the database holds, the classes in their order. False when they are more than the grid
     /// can hold: the first ones are there then, without any division.
     [[nodiscard]] bool Load(const std::vector<ClassRecord>& classes, std::vector<ClassDivision> divisions);

@@ -10,8 +10,8 @@ bool Holds(const std::set<DivisionKey>& keys, int classCode, int divisionCode)
 {
     if (divisionCode != 0)
         return keys.count({classCode, divisionCode}) > 0;
-    return std::any_of(keys.begin(), keys.end(),
-                       [classCode](const DivisionKey& key) { return key.first == classCode; });
+    const auto first = keys.lower_bound({classCode, 0});
+    return first != keys.end() && first->first == classCode;
 }
 
 } // namespace

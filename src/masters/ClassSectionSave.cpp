@@ -47,7 +47,9 @@ private:
     {
         int remaining = row.oldDivision;
         bool mayDelete = true;
+        std::vector<ClassDivision> left;
         for (const ClassDivision& division : state_.divisions) {
+            left.push_back(division);
             if (division.classCode != row.classCode)
                 continue;
             if (grid_.ArrayScan(division.classCode, division.divisionCode)) {
@@ -57,9 +59,11 @@ private:
                 mayDelete = false;
             } else if (mayDelete) {
                 plan_.deleteDivisions.emplace_back(division.classCode, division.divisionCode);
+                left.pop_back();
                 --remaining;
             }
         }
+        state_.divisions = std::move(left);
         return remaining;
     }
 
@@ -146,7 +150,8 @@ std::vector<ClassDivision> MissingDivisions(const ClassSectionGrid& grid, const 
 {
     std::vector<ClassDivision> missing;
     for (const ClassDivision& division : grid.Divisions())
-        if (!stored.ClassDivisionExists(division.classCode, division.divisionCode))
+        if (!division.divisionName.trimmed().isEmpty() &&
+            !stored.ClassDivisionExists(division.classCode, division.divisionCode))
             missing.push_back(division);
     return missing;
 }
@@ -170,7 +175,8 @@ void SaveNewClasses(store::Connection& connection, const ClassSectionGrid& grid,
         if (grid.Row(row).IsNamed())
             ClassSectionRepository::InsertClass(transaction, RecordOf(grid.Row(row)), userCode);
     for (const ClassDivision& division : grid.Divisions())
-        ClassSectionRepository::InsertDivision(transaction, division);
+        if (!division.divisionName.trimmed().isEmpty())
+            ClassSectionRepository::InsertDivision(transaction, division);
     transaction.Commit();
 }
 

@@ -41,10 +41,14 @@ frmMasClassSectionEntry::~frmMasClassSectionEntry() = default;
 
 void frmMasClassSectionEntry::BuildGrids()
 {
+    classes_.Clear();
     ui_->msgClassDetails->Show(classes_.ClassTable());
     ui_->msgDivisionDetails->Show(classes_.DivisionTable(0));
-    for (FlexGrid* grid : {ui_->msgClassDetails, ui_->msgDivisionDetails})
+    ui_->msgDivisionDetails->SetRows(2);
+    for (FlexGrid* grid : {ui_->msgClassDetails, ui_->msgDivisionDetails}) {
         grid->setProperty(TakesEnter, true);
+        grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
 }
 
 void frmMasClassSectionEntry::BuildEditors()
@@ -64,6 +68,7 @@ void frmMasClassSectionEntry::BuildEditors()
                                            .maxLength = 2,
                                            .typed = std::bind_front(&Form::txtNoOfDivisions_Change, this),
                                            .enter = std::bind_front(&Form::txtNoOfDivisions_Enter, this),
+                                           .leave = std::bind_front(&Form::txtNoOfDivisions_Validate, this),
                                            .mayType = std::bind_front(&Form::IsNamed, this)});
     boxes_->AddText(ui_->msgClassDetails, {.column = ClassColumn::ClassOrder,
                                            .name = "txtClassOrder",
@@ -121,6 +126,7 @@ void frmMasClassSectionEntry::Form_Load()
     SetEntering(false);
     // The note about the order of the classes is to be read before anything else.
     ui_->fraButtons->setEnabled(false);
+    ui_->fraAboutEntry->raise();
     ui_->cmdClose->setFocus();
 }
 
@@ -128,6 +134,10 @@ void frmMasClassSectionEntry::cmdClose_Click()
 {
     ui_->fraAboutEntry->hide();
     ui_->fraButtons->setEnabled(true);
+    classes_.StartFirstRow();
+    ShowClasses();
+    ui_->msgDivisionDetails->SetTextMatrix(1, DivisionColumn::DivisionCode, QStringLiteral("1"));
+    boxes_->Close();
     ui_->cmdNew->setFocus();
     ReadClasses();
 }
@@ -200,7 +210,8 @@ void frmMasClassSectionEntry::cmdCancel_Click()
 {
     boxes_->Close();
     ClearControls(this);
-    LoadOldDetails();
+    classes_.Clear();
+    ShowClasses();
     SetEntering(false);
     editing_ = false;
     ui_->cmdNew->setEnabled(true);
@@ -246,16 +257,17 @@ void frmMasClassSectionEntry::LoadData()
     }
     if (!loaded_.classes.empty()) {
         ui_->cmdEdit->setEnabled(true);
+        SetEntering(false);
         ui_->cmdNew->setEnabled(false);
         ui_->cmdEdit->setFocus();
     }
+    ui_->msgDivisionDetails->SetRows(1);
 }
 
 void frmMasClassSectionEntry::LoadOldDetails()
 {
-    // No class stands in the head, where the keyboard is while none is chosen.
-    const FlexGrid* grid = ui_->msgClassDetails;
-    const int classCode = grid->TextMatrix(grid->CurrentRow(), ClassColumn::ClassCode).toInt();
+    const int row = ui_->msgClassDetails->CurrentRow();
+    const int classCode = row >= 1 && row <= classes_.RowCount() ? classes_.Row(row).classCode : 0;
     ui_->msgDivisionDetails->ShowRows(classes_.DivisionTable(classCode));
 }
 
@@ -330,15 +342,23 @@ void frmMasClassSectionEntry::txtNoOfDivisions_Change(int row, const QString& te
     LoadOldDetails();
 }
 
-void frmMasClassSectionEntry::txtNoOfDivisions_Enter(int row, const QString&)
+void frmMasClassSectionEntry::txtNoOfDivisions_Enter(int row, const QString& text)
 {
     ClassRow& entry = classes_.Row(row);
     if (entry.Divisions() == 0)
         return;
     if (entry.Order() == 0)
         entry.classOrder = QString::number(classes_.NextClassOrder());
-    ShowClasses();
+    txtNoOfDivisions_Validate(row, text);
     boxes_->OpenNext();
+}
+
+QString frmMasClassSectionEntry::txtNoOfDivisions_Validate(int row, const QString&)
+{
+    classes_.Row(row).oldNoOfDivisions = classes_.Row(row).Divisions();
+    ShowClasses();
+    LoadOldDetails();
+    return {};
 }
 
 void frmMasClassSectionEntry::txtClassOrder_Change(int row, const QString& text)

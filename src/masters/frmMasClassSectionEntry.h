@@ -54,6 +54,7 @@ private:
     QString txtClassName_Validate(int row, const QString& text);
     void txtNoOfDivisions_Change(int row, const QString& text);
     void txtNoOfDivisions_Enter(int row, const QString& text);
+    QString txtNoOfDivisions_Validate(int row, const QString& text);
     void txtClassOrder_Change(int row, const QString& text);
     void txtClassOrder_Enter(int row, const QString& text);
     QString txtClassOrder_Validate(int row, const QString& text);

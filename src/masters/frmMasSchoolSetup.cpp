@@ -131,7 +131,7 @@ void frmMasSchoolSetup::cmdExit_Click()
     const auto exists = Fetch([this] {
         const bool stored = Repository().Exists();
         // Another client may have entered it, and the way on is open here too.
-        if (stored)
+        if (stored && !Session().gblnSchoolExists)
             LoadSchoolDetails();
         return stored;
     });

@@ -23,7 +23,7 @@ namespace tally {
 namespace {
 
 constexpr int LeastRowsShown = 8;
-constexpr int MoreRowsShown = 12; ///< where the display has room for them
+constexpr int RowsShown = 20;
 constexpr int LeastWidth = 480;
 constexpr int WidestField = 420;
 
@@ -168,7 +168,7 @@ QWidget* frmSimpleMaster::BuildButtons()
 
 QSize frmSimpleMaster::sizeHint() const
 {
-    const int more = MoreRowsShown * dgdDetails_->verticalHeader()->defaultSectionSize();
+    const int more = (RowsShown - LeastRowsShown) * dgdDetails_->verticalHeader()->defaultSectionSize();
     return Screen::sizeHint() + QSize(0, more);
 }
 

@@ -47,7 +47,7 @@ void frmTeacherSearch::cmdSearch_Click()
 void frmTeacherSearch::dgdDetails_DblClick(int row)
 {
     const int code = ui_->dgdDetails->Code(row, CodeHead);
-    if (Prompts::Ask(QStringLiteral("Do You Want To Edit/Delete ?")))
+    if (code > 0 && Prompts::Ask(QStringLiteral("Do You Want To Edit/Delete ?")))
         HandOver<frmTeacherMaster>(QStringLiteral("frmTeacherMaster"),
                                    [code](frmTeacherMaster& master) { return master.LoadData(code); });
 }

@@ -2,6 +2,7 @@
 
 #include "core/modTallyboard.h"
 #include "core/ui/controls/FlexGrid.h"
+#include "core/ui/controls/HourGlass.h"
 #include "core/ui/ListRoom.h"
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/Prompts.h"
@@ -71,6 +72,19 @@ void ReportScreen::ShowReport(GridTable list)
     SwitchOutput(true);
     if (controls_.cmdExport)
         controls_.cmdExport->setFocus();
+}
+
+bool ReportScreen::ViewReport(const std::function<GridTable()>& read)
+{
+    ClearReport();
+    auto list = Fetch([&read] {
+        const HourGlass hourGlass;
+        return read();
+    });
+    if (!list)
+        return false;
+    ShowReport(std::move(*list));
+    return true;
 }
 
 void ReportScreen::SwitchOutput(bool on)

@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -82,6 +83,9 @@ protected:
 
     /// Shows the list in msgDetails and switches the buttons on; cmdExport takes the keyboard.
     void ShowReport(GridTable list);
+    /// Shows the list that `read` reads from the main database, all of one moment, in place of the one
+    /// before. False when it could not be read: the user has been told and nothing is shown.
+    bool ViewReport(const std::function<GridTable()>& read);
     /// Switches export, print and chart on or off.
     void SwitchOutput(bool on);
     /// What every change of the selection does: the lists are emptied with ClearMSGrid, export, print and

@@ -169,15 +169,8 @@ bool frmExamComparison::SelectionComplete()
 
 void frmExamComparison::cmdView_Click()
 {
-    if (!SelectionComplete())
-        return;
-    ClearReport();
-    auto list = Fetch([this] {
-        const HourGlass hourGlass;
-        return ReadList();
-    });
-    if (list)
-        ShowReport(std::move(*list));
+    if (SelectionComplete())
+        ViewReport([this] { return ReadList(); });
 }
 
 GridTable frmExamComparison::ReadList() const

@@ -5,7 +5,6 @@
 #include "core/ui/controls/CheckList.h"
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/FlexGrid.h"
-#include "core/ui/controls/HourGlass.h"
 #include "core/ui/FormKeys.h"
 #include "core/ui/look/Look.h"
 #include "core/ui/modTallyboardForms.h"
@@ -125,17 +124,8 @@ bool frmstudentyearlyexamavg::SelectionComplete()
 
 void frmstudentyearlyexamavg::cmdView_Click()
 {
-    if (!SelectionComplete())
-        return;
-    ClearReport();
-    auto list = Fetch([this] {
-        const HourGlass hourGlass;
-        return ReadList();
-    });
-    if (!list)
-        return;
-    ui_->cmdChart->setEnabled(true);
-    ShowReport(std::move(*list));
+    if (SelectionComplete() && ViewReport([this] { return ReadList(); }))
+        ui_->cmdChart->setEnabled(true);
 }
 
 GridTable frmstudentyearlyexamavg::ReadList() const

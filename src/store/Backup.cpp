@@ -155,8 +155,7 @@ QStringList DayCopies(const QString& main)
     for (const QString& name : file.dir().entryList(QDir::Files, QDir::Name)) {
         const auto match = ownName.match(name);
         const QString path = file.dir().filePath(name);
-        if (match.hasMatch() && QDate::fromString(match.captured(1), Qt::ISODate).isValid() &&
-            IsPlainFile(path))
+        if (QDate::fromString(match.captured(1), Qt::ISODate).isValid() && IsPlainFile(path))
             copies.append(path);
     }
     return copies;

@@ -187,8 +187,7 @@ bool AreOneFile(const QString& path, const QString& other)
 {
     std::error_code error;
     return std::filesystem::equivalent(QFileInfo(path).filesystemFilePath(),
-                                       QFileInfo(other).filesystemFilePath(), error) &&
-           !error;
+                                       QFileInfo(other).filesystemFilePath(), error);
 }
 
 bool AreOnOneDisk(const QString& path, const QString& other)

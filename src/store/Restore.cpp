@@ -86,8 +86,7 @@ QStringList ScreensInUse(Connection& file)
 }
 
 /// Behind a restore the clients have open what they had open before it, as the file `kept` tells, and nothing
-/// of what was open when the source was made. A row too many would shut a screen for all of them until the
-/// next start of a client, which clears it; so a failure is not worth a word.
+/// of what was open when the source was made.
 void KeepScreensInUse(Connection& main, const QStringList& ofSource, const QString& kept,
                       const QString& password)
 {
@@ -103,7 +102,8 @@ void KeepScreensInUse(Connection& main, const QStringList& ofSource, const QStri
             transaction.Execute(QStringLiteral("INSERT INTO ScreenStatus (Screen) VALUES (?)"), screen);
         transaction.Commit();
     } catch (const StoreError&) {
-        return;
+        // A row too many shuts a screen for all of them until the next start of a client, which clears it;
+        // that is not worth a word.
     }
 }
 

@@ -35,7 +35,7 @@ StoreError NoName()
 void RefuseForeignJournal(const QString& path)
 {
     const QFileInfo journal(path + QLatin1String("-journal"));
-    if (journal.exists() && journal.size() > 0)
+    if (journal.size() > 0)
         throw StoreError(QStringLiteral("The Copy Could Not Be Written (%1 belongs to a file that is in use, "
                                         "or holds an unfinished save)")
                              .arg(QDir::toNativeSeparators(journal.filePath())));

@@ -50,6 +50,7 @@ public:
     void Clear() { rows_.clear(); }
 
     int RowCount() const { return static_cast<int>(rows_.size()); }
+    bool HasRow(int row) const { return row >= 1 && row <= RowCount(); }
     /// `row` from 1 to RowCount().
     const QString& Number(int row) const { return At(row).number; }
     GridTable Table() const;

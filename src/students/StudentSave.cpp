@@ -39,7 +39,7 @@ StudentSettings ReadStudentSettings(store::Connection& main)
 
 void KeepStoredNumber(store::Connection& main, Student& student, const StudentSaving& saving)
 {
-    if (student.optionalAdmissionNo != saving.loadedOptionalNo)
+    if (student.code == 0 || student.optionalAdmissionNo != saving.loadedOptionalNo)
         return;
     if (const auto stored = StudentRepository(main).Find(student.code))
         student.optionalAdmissionNo = stored->optionalAdmissionNo;

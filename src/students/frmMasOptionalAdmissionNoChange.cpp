@@ -125,7 +125,8 @@ void frmMasOptionalAdmissionNoChange::ShowRows()
 
 void frmMasOptionalAdmissionNoChange::msgDetails_Click(int row, int col)
 {
-    boxes_->Open(ui_->msgDetails, row, col);
+    if (GridCol(col) == GridCol(NumberColumn::Number) && numbers_.HasRow(row))
+        boxes_->Open(ui_->msgDetails, row, col);
 }
 
 void frmMasOptionalAdmissionNoChange::txtOptionalAdmissionNo_Change(int row, const QString& text)

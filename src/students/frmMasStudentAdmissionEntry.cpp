@@ -103,6 +103,8 @@ void frmMasStudentAdmissionEntry::dbcAdmissionNo_Change()
 void frmMasStudentAdmissionEntry::LoadControls()
 {
     ClearLabels();
+    if (studentCode_ == 0)
+        return;
     const auto student = Fetch([this] { return StudentRepository(MainStore()).Find(studentCode_); });
     if (student && *student)
         Show(**student);
@@ -141,6 +143,7 @@ void frmMasStudentAdmissionEntry::ChooseFromList(bool fromList)
     ui_->dbcAdmissionNo->SetBoundCode(0);
     ui_->dbcAdmissionNo->setEnabled(fromList);
     ui_->dbcAdmissionNo->setVisible(fromList);
+    ui_->lblAdmissionNo->clear();
     ui_->lblAdmissionNo->setVisible(!fromList);
     ui_->dbcClass->setEnabled(true);
 }
@@ -170,6 +173,8 @@ void frmMasStudentAdmissionEntry::cmdNew_Click()
     if (!MayUse(Right::New))
         return;
     ShowState(MasterState::New);
+    ClearLabels();
+    ChooseFromList(true);
     Read([this] { LoadStudents(); });
     ui_->dbcAdmissionNo->setFocus();
 }
@@ -255,6 +260,7 @@ void frmMasStudentAdmissionEntry::cmdCancel_Click()
 {
     ClearControls(this);
     ChooseFromList(true);
+    studentCode_ = 0;
     ClearLabels();
     LoadLists();
     ShowState(MasterState::Idle);

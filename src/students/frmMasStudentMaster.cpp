@@ -128,10 +128,10 @@ void frmMasStudentMaster::ShowState(MasterState state)
         ui_->lblMandatory->setVisible(IsEditing() && !student_.numberGenerated);
 }
 
-void frmMasStudentMaster::Form_Activate(bool)
+void frmMasStudentMaster::Form_Activate(bool first)
 {
     // Options may lie open beside this screen, and be changed while a student is being entered.
-    if (IsNew() && !Session().gblnAutoGenerate)
+    if (!first && IsNew() && !Session().gblnAutoGenerate)
         ShowNumbering();
 }
 

@@ -348,6 +348,7 @@ void frmMasStudentRelievingMaster::cmdCancel_Click()
     ClearControls(this);
     ForgetStudent();
     formerCode_ = 0;
+    formerTCNo_.clear();
     ResetDates();
     ShowState(MasterState::Idle);
     ui_->cmdNew->setFocus();

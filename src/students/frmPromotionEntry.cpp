@@ -193,7 +193,7 @@ bool frmPromotionEntry::FollowsClassRules()
 {
     const int fromClass = From().classCode;
     const int toClass = To().classCode;
-    if (fromClass == 0)
+    if (fromClass == 0 || toClass == 0)
         return true;
     const QString fault = ClassFault(ClassesOf(ui_->cbofromClass), Kind(), fromClass, toClass);
     if (fault.isEmpty())
@@ -201,6 +201,8 @@ bool frmPromotionEntry::FollowsClassRules()
     Prompts::Information(fault);
     if (Kind() == PromotionKind::Promote)
         to_->ChooseClass(0);
+    lists_.ShowTo({});
+    ShowLists();
     ui_->cbotoclass->setFocus();
     return false;
 }
@@ -329,6 +331,7 @@ void frmPromotionEntry::cmdCancel_Click()
 {
     ClearControls(this);
     lists_.Clear();
+    years_ = {};
     const auto listed = Fetch([this] {
         from_->Load();
         to_->Load();

@@ -47,8 +47,8 @@ private:
 
     /// The "To" class follows the "From" class; whatever was moved belongs to the classes before.
     void PromoteValue();
-    /// Tells why the two classes do not go together. True when they do, and while the "From" class is
-    /// missing.
+    /// Tells why the two classes do not go together, and lists nobody on the "To" side then. True when they
+    /// do, and while one is missing.
     bool FollowsClassRules();
     /// The list of a side as its class-division is stored, nobody where none is chosen. On a failure, which
     /// the user is told, nothing is chosen there.
