@@ -1,10 +1,13 @@
 #pragma once
 
+#include <QFont>
 #include <QPaintEngine>
+#include <QPen>
 #include <QPrintEngine>
 #include <QPrinter>
 #include <QStringList>
 
+#include <limits>
 #include <set>
 #include <string>
 #include <vector>
@@ -19,12 +22,16 @@ public:
     {
         QString text;
         QRectF place; ///< in dots
+        QFont font;
+        QRgb ink;
     };
     struct Page
     {
         std::vector<Word> words;
-        std::set<QRgb> fills; ///< the colours of filled shapes
-        int shapes = 0;       ///< lines, polygons and paths
+        std::set<QRgb> fills;       ///< the colours of filled shapes
+        std::set<QRgb> lines;       ///< and of their outlines
+        std::vector<QRectF> frames; ///< the outlined rectangles, in dots
+        int shapes = 0;             ///< lines, polygons and paths
         int pixmaps = 0;
     };
 
@@ -32,6 +39,11 @@ public:
     {
         setEngines(&engine_, &engine_);
     }
+
+    /// Takes no more pages than that.
+    void TakeAtMost(std::size_t pages) { engine_.mostPages = pages; }
+    /// Says that it cannot print.
+    void Fail() { engine_.state = QPrinter::Error; }
 
     const std::vector<Page>& Pages() const { return engine_.pages; }
     /// All texts of a page in the order in which they were painted, parted by "|".
@@ -58,6 +70,8 @@ private:
         {}
 
         std::vector<Page> pages;
+        std::size_t mostPages = std::numeric_limits<std::size_t>::max();
+        QPrinter::PrinterState state = QPrinter::Active;
 
         bool begin(QPaintDevice*) override
         {
@@ -72,12 +86,16 @@ private:
                 transform_ = changed.transform();
             if (changed.state().testFlag(DirtyBrush))
                 brush_ = changed.brush();
+            if (changed.state().testFlag(DirtyPen))
+                pen_ = changed.pen();
         }
         void drawTextItem(const QPointF& p, const QTextItem& item) override
         {
             pages.back().words.push_back(
-                {item.text(), transform_.mapRect(QRectF(p.x(), p.y() - item.ascent(), item.width(),
-                                                        item.ascent() + item.descent()))});
+                {item.text(),
+                 transform_.mapRect(
+                     QRectF(p.x(), p.y() - item.ascent(), item.width(), item.ascent() + item.descent())),
+                 item.font(), pen_.color().rgb()});
         }
         void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override { ++pages.back().pixmaps; }
         void drawImage(const QRectF&, const QImage&, const QRectF&, Qt::ImageConversionFlags) override
@@ -87,17 +105,24 @@ private:
         void drawPolygon(const QPointF*, int, PolygonDrawMode) override { NoteShape(); }
         void drawPath(const QPainterPath&) override { NoteShape(); }
         void drawLines(const QLineF*, int) override { ++pages.back().shapes; }
-        void drawRects(const QRectF*, int) override { NoteShape(); }
+        void drawRects(const QRectF* rects, int count) override
+        {
+            NoteShape();
+            for (int rect = 0; rect < count && pen_.style() != Qt::NoPen; ++rect)
+                pages.back().frames.push_back(transform_.mapRect(rects[rect]));
+        }
 
         void setProperty(PrintEnginePropertyKey, const QVariant&) override {}
         QVariant property(PrintEnginePropertyKey) const override { return {}; }
         bool newPage() override
         {
+            if (pages.size() == mostPages)
+                return false;
             pages.emplace_back();
             return true;
         }
         bool abort() override { return false; }
-        QPrinter::PrinterState printerState() const override { return QPrinter::Active; }
+        QPrinter::PrinterState printerState() const override { return state; }
         int metric(QPaintDevice::PaintDeviceMetric metric) const override
         {
             constexpr int Dots = 300; // to the inch
@@ -125,11 +150,14 @@ private:
             ++pages.back().shapes;
             if (brush_.style() != Qt::NoBrush)
                 pages.back().fills.insert(brush_.color().rgb());
+            if (pen_.style() != Qt::NoPen)
+                pages.back().lines.insert(pen_.color().rgb());
         }
 
         bool upright_;
         QTransform transform_;
         QBrush brush_;
+        QPen pen_;
     };
 
     Engine engine_;

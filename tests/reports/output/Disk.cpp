@@ -1,5 +1,7 @@
 #include "reports/output/Disk.h"
 
+#include "support/OpenFiles.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -23,5 +25,6 @@ extern "C" int fsync(int descriptor)
         return -1;
     }
     disk.synced[file.fileName()] = file.size();
+    disk.openMeanwhile[file.fileName()] = tally::test::OpenFiles();
     return static_cast<int>(syscall(SYS_fsync, descriptor));
 }

@@ -7,6 +7,7 @@
 #include "reports/output/ExportWorkbook.h"
 #include "reports/output/Workbook.h"
 #include "reports/output/WorkbookReader.h"
+#include "support/AsOrdinaryUser.h"
 #include "support/FileSizeLimit.h"
 #include "support/OpenFiles.h"
 #include "support/TableOf.h"
@@ -14,17 +15,17 @@
 #include <QCursor>
 #include <QDate>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QHash>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include <cerrno>
 #include <gtest/gtest.h>
 #include <optional>
-#include <sys/syscall.h>
-#include <unistd.h>
+#include <sys/stat.h>
+#include <utility>
 
 namespace tally::test {
 
@@ -33,6 +34,13 @@ namespace {
 QString Latin(const char* text)
 {
     return QString::fromUtf8(text);
+}
+
+/// Whether a file in which the library collects the rows of a sheet is among those that are open, in an
+/// export's own folder.
+bool HoldRowsApart(const std::string& openFiles)
+{
+    return QString::fromStdString(openFiles).contains(QRegularExpression(Latin(R"(/\.export-\w{6}/tmp\.)")));
 }
 
 /// A school, a folder for workbooks, and a spreadsheet program that remembers what it was asked to open.
@@ -150,6 +158,7 @@ TEST_F(Export, HeadsTheSheetWithSchoolUserTitleAndSubTitle)
     EXPECT_EQ(sheet.At("A3").value, Latin("Kochi"));
     EXPECT_EQ(sheet.At("A5").value, Latin("Rank List"));
     EXPECT_EQ(sheet.At("A6").value, Latin("Exam Name :Annual  Class :X"));
+    EXPECT_EQ(sheet.Property("Company"), Latin("St. Mary's School"));
     const QRegularExpression stamp(Latin(
         R"(^User Name : Anu    Date : \d\d/[A-Z][a-z]{2}/\d{4}    Time : (0[1-9]|1[0-2]):\d\d [AP]M$)"));
     EXPECT_TRUE(stamp.match(sheet.At("A4").value).hasMatch()) << sheet.At("A4").value.toStdString();
@@ -244,12 +253,13 @@ TEST_F(Export, LeavesAnEmptyRowForAHiddenRow)
 
 TEST_F(Export, MakesEachColumnAsWideAsItsLongestShownTextAndAReserve)
 {
-    Fill({"Name|Tot", "a very long hidden text|1", "Asha Menon|251.50"});
+    Fill({"Name|Tot|Maximum Mark", "a very long hidden text|1|", "Asha Menon|251.50|50"});
     grid_.HideRow(1);
     const WorkbookReader sheet = Exported();
     const double pixelRounding = 1.0;
     EXPECT_NEAR(sheet.ColumnWidth(1), 10 + 3.5, pixelRounding);
     EXPECT_NEAR(sheet.ColumnWidth(2), 6 + 3.5, pixelRounding);
+    EXPECT_NEAR(sheet.ColumnWidth(3), 12 + 3.5, pixelRounding);
 }
 
 TEST_F(Export, DrawsThinLinesAroundTheCellsOfTheListOnly)
@@ -260,6 +270,15 @@ TEST_F(Export, DrawsThinLinesAroundTheCellsOfTheListOnly)
         EXPECT_TRUE(sheet.At(cell).style.border) << cell;
     for (const char* cell : {"A6", "C7", "A10"})
         EXPECT_FALSE(sheet.At(cell).style.border) << cell;
+    EXPECT_EQ(sheet.At("A8").style.lineColor, Latin("FF808080"));
+}
+
+TEST_F(Export, KeepsTheTextsOfAColumnApartFromTheNumbersBesideIt)
+{
+    Fill({"Total|Name", "251|Asha"});
+    const WorkbookReader sheet = Exported();
+    EXPECT_EQ(sheet.At("A8").style.indent, 0);
+    EXPECT_EQ(sheet.At("B8").style.indent, 1);
 }
 
 TEST_F(Export, LeavesTheCellOfAMarkWithoutAValueEmpty)
@@ -292,9 +311,9 @@ TEST_F(Export, TurnsMarksIntoNumbersThatLookAsInTheGrid)
 
 TEST_F(Export, KeepsTextsThatOnlyLookLikeNumbers)
 {
-    Fill({"Text", "12/A", "1e5", "-", ".", "5.", "1.2.3", "+7", "A", "=1+1", "1,000"});
+    Fill({"Text", "12/A", "1e5", "-", ".", "5.", "1.2.3", "+7", "A", "=1+1", "1,000", ".5"});
     const WorkbookReader sheet = Exported();
-    for (int row = 8; row <= 17; ++row) {
+    for (int row = 8; row <= 18; ++row) {
         const WorkbookReader::Cell cell = sheet.At(Latin("A%1").arg(row));
         EXPECT_FALSE(cell.isNumber) << row;
         EXPECT_EQ(cell.value, grid_.Text(row - 7, 0)) << row;
@@ -310,15 +329,27 @@ TEST_F(Export, KeepsAColumnOfAdmissionNumbersWithLeadingZerosAsTexts)
     EXPECT_EQ(sheet.At("A8").value, Latin("0042"));
     EXPECT_EQ(sheet.At("A9").style.horizontal, Latin("left"));
     EXPECT_EQ(sheet.Attribute("ignoredError", "numberStoredAsText"), Latin("1"));
+    EXPECT_EQ(sheet.Attribute("ignoredError", "sqref"), Latin("A7:I9"));
 }
 
 TEST_F(Export, KeepsNumbersThatAreTooLongForASpreadsheetAsTexts)
 {
-    Fill({"Card|Number", "1234567890123456|123456789012345"});
+    Fill({"Card|Number", "1234567890123456|123456789012345", "12|3"});
     const WorkbookReader sheet = Exported();
     EXPECT_FALSE(sheet.At("A8").isNumber);
     EXPECT_EQ(sheet.At("A8").value, Latin("1234567890123456"));
+    EXPECT_FALSE(sheet.At("A9").isNumber) << "a column is one kind";
     EXPECT_TRUE(sheet.At("B8").isNumber);
+}
+
+TEST_F(Export, TakesTheHeadOfAColumnForATextThatSaysNothingOfWhatStandsBelow)
+{
+    Fill({"007|2024", "7|A"});
+    const WorkbookReader sheet = Exported();
+    for (const char* head : {"A7", "B7"})
+        EXPECT_FALSE(sheet.At(head).isNumber) << head;
+    EXPECT_TRUE(sheet.At("A8").isNumber);
+    EXPECT_EQ(sheet.At("B8").style.horizontal, Latin("left"));
 }
 
 TEST_F(Export, LinesUpAnAbsenceWithTheMarksOfItsColumn)
@@ -330,11 +361,14 @@ TEST_F(Export, LinesUpAnAbsenceWithTheMarksOfItsColumn)
     EXPECT_EQ(sheet.At("A9").style.horizontal, Latin("left"));
 }
 
-TEST_F(Export, FollowsTheGridInCenteringAColumn)
+TEST_F(Export, FollowsTheGridInCenteringAColumnAndInLeadingItToTheRight)
 {
-    Fill({"Name|Grade", "Asha|A"});
+    Fill({"Name|Grade|Note", "Asha|A|late"});
     grid_.Column(1).alignment = Qt::AlignCenter;
-    EXPECT_EQ(Exported().At("B8").style.horizontal, Latin("center"));
+    grid_.Column(2).alignment = Qt::AlignRight;
+    const WorkbookReader sheet = Exported();
+    EXPECT_EQ(sheet.At("B8").style.horizontal, Latin("center"));
+    EXPECT_EQ(sheet.At("C8").style.horizontal, Latin("right"));
 }
 
 TEST_F(Export, PaintsFailuresAbsencesAndSubjectsNotTakenAsTheScreenDoes)
@@ -357,7 +391,12 @@ TEST_F(Export, PrintsOnePageWideWithTheHeadsOnEachPage)
     const WorkbookReader sheet = Exported();
     EXPECT_EQ(sheet.Attribute("pageSetUpPr", "fitToPage"), Latin("1"));
     EXPECT_EQ(sheet.Attribute("pageSetup", "fitToHeight"), Latin("0"));
+    EXPECT_EQ(sheet.Attribute("pageSetup", "fitToWidth"), QString()) << "one page, unless it says more";
     EXPECT_EQ(sheet.Attribute("pageSetup", "paperSize"), Latin("9"));
+    EXPECT_EQ(sheet.Attribute("printOptions", "horizontalCentered"), Latin("1"));
+    for (const auto& [side, inches] :
+         {std::pair("left", 0.5), {"right", 0.5}, {"top", 0.6}, {"bottom", 0.75}})
+        EXPECT_EQ(sheet.Attribute("pageMargins", Latin(side)).toDouble(), inches) << side;
     EXPECT_EQ(sheet.Attribute("pageSetup", "orientation"), Latin("portrait"));
     EXPECT_EQ(sheet.DefinedName("_xlnm.Print_Titles"), Latin("Sheet1!$7:$7"));
     EXPECT_EQ(sheet.DefinedName("_xlnm.Print_Area"), Latin("Sheet1!$A$1:$I$8"));
@@ -380,13 +419,40 @@ TEST_F(Export, PrintsAWideListAcross)
         << "wide by its many columns";
 }
 
+TEST_F(Export, LiesAcrossAsSoonAsTheListOrItsTitleIsWiderThanAnUprightPageHolds)
+{
+    struct Case
+    {
+        std::vector<int> letters; ///< of the text in each column
+        const char* orientation;
+    };
+    // A column takes 3.5 letters more than its text; an empty one, and each of the nine columns of the title
+    // that the list does not have, 8.43. An upright page holds 100.
+    const Case cases[] = {{{29}, "portrait"},
+                          {{30}, "landscape"},
+                          {{29, 0}, "portrait"},
+                          {{30, 0}, "landscape"},
+                          {{7, 7, 7, 7, 7, 6, 6, 6, 6, 6}, "portrait"},
+                          {{7, 7, 7, 7, 7, 7, 6, 6, 6, 6}, "landscape"}};
+    for (const auto& [letters, orientation] : cases) {
+        GridTable::Row cells;
+        for (const int count : letters)
+            cells.push_back({QString(count, u'x')});
+        grid_ = TableOf({GridTable::Row(letters.size()), cells});
+        EXPECT_EQ(Exported().Attribute("pageSetup", "orientation"), Latin(orientation))
+            << letters.size() << " columns, the first of " << letters[0];
+    }
+}
+
 TEST_F(Export, WrapsATitleThatIsLongerThanItsNineColumns)
 {
     Fill({"Name", "Asha"});
     const QByteArray divisions = QByteArray("Division :") + QByteArray("  A,").repeated(60);
     const WorkbookReader sheet = Exported("Rank List", divisions.constData());
     EXPECT_GT(sheet.RowHeight(6), 30);
+    EXPECT_TRUE(sheet.At("A6").style.wrap);
     EXPECT_EQ(sheet.RowHeight(5), 0);
+    EXPECT_FALSE(sheet.At("A5").style.wrap);
 }
 
 TEST_F(Export, CarriesSignsAndLettersOfAllScriptsUnchanged)
@@ -406,9 +472,9 @@ TEST_F(Export, OpensTheFileThatItNamedAfterTitleAndTime)
 {
     Fill({"Name", "Asha"});
     const QString path =
-        ExportGridToExcel(grid_, 1, 0, Latin("Subject Average Based On Class/Division"), QString());
+        ExportGridToExcel(grid_, 1, 0, Latin("Subject\x01 Average Based On Class/Division"), QString());
     const QRegularExpression name(
-        Latin(R"(^Subject Average Based On Class-Division \d{4}-\d\d-\d\d \d\d\.\d\d\.\d\d\.xlsx$)"));
+        Latin(R"(^Subject- Average Based On Class-Division \d{4}-\d\d-\d\d \d\d\.\d\d\.\d\d\.xlsx$)"));
     EXPECT_TRUE(name.match(QFileInfo(path).fileName()).hasMatch()) << path.toStdString();
     ASSERT_EQ(opened_.size(), 1U);
     EXPECT_EQ(opened_[0], path);
@@ -460,6 +526,7 @@ TEST_F(Export, KnowsTheMissingProgramByItsNumber)
         FAIL() << "exported without a program";
     } catch (const ExportError& error) {
         EXPECT_EQ(static_cast<int>(error.Reason()), 429);
+        EXPECT_STREQ(error.what(), "This machine has no program for spreadsheets.");
     }
 }
 
@@ -489,8 +556,35 @@ TEST_F(Export, SaysInPlainWordsThatTheFolderCannotBeWritten)
     ExportReport(grid_, Latin("Rank List"), QString());
     ASSERT_EQ(boxes_.size(), 1U);
     EXPECT_EQ(boxes_[0].kind, Prompts::Kind::Critical);
-    EXPECT_TRUE(boxes_[0].text.contains(file.fileName()));
+    EXPECT_EQ(boxes_[0].text,
+              Latin("Workbooks are saved in the folder \"%1\", but nothing can be written there. "
+                    "The disk may be full.")
+                  .arg(file.fileName()));
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_TRUE(opened_.empty());
+}
+
+TEST_F(Export, SaysSoWhereTheFinishedWorkbookGetsNoName)
+{
+    constexpr auto Reads = QFile::ReadOwner | QFile::ExeOwner;
+    constexpr mode_t Everybody = S_IRWXU | S_IRWXG | S_IRWXO;
+    ASSERT_EQ(chmod(QFile::encodeName(home_.path()).constData(), Everybody), 0);
+    const AsOrdinaryUser clerk;
+    RunExport([&] {
+        ExportWorkbook({Latin("Rank List"), {}}, [&](Workbook& workbook) {
+            workbook.WriteText(0, 0, Latin("Asha"), {});
+            EXPECT_TRUE(QFile::setPermissions(ExportFolder(), Reads)) << "nothing new may come into it";
+        });
+    });
+    ASSERT_EQ(boxes_.size(), 1U);
+    EXPECT_EQ(boxes_[0].kind, Prompts::Kind::Critical);
+    EXPECT_EQ(boxes_[0].text,
+              Latin("The workbook could not be saved in the folder \"%1\".").arg(ExportFolder()));
+    Fill({"Name", "Asha"});
+    ExportReport(grid_, Latin("Rank List"), QString());
+    ASSERT_EQ(boxes_.size(), 2U);
+    EXPECT_TRUE(boxes_[1].text.contains(Latin("nothing can be written there")))
+        << "the next one is not even begun: " << boxes_[1].text.toStdString();
     EXPECT_TRUE(opened_.empty());
 }
 
@@ -503,7 +597,9 @@ TEST_F(Export, LeavesNoHalfFileWhenTheDiskIsFull)
     }
     ASSERT_EQ(boxes_.size(), 1U);
     EXPECT_EQ(boxes_[0].kind, Prompts::Kind::Critical);
-    EXPECT_TRUE(boxes_[0].text.contains(Latin("full"))) << boxes_[0].text.toStdString();
+    EXPECT_EQ(boxes_[0].text,
+              Latin("The workbook could not be written. The disk of the folder \"%1\" may be full.")
+                  .arg(ExportFolder()));
     EXPECT_EQ(FilesLeft(), QStringList());
     EXPECT_TRUE(opened_.empty());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
@@ -573,6 +669,15 @@ TEST_F(Export, LiesOnTheDiskAndThenItsNameToo)
     ASSERT_TRUE(disk.synced.contains(Latin("workbook.xlsx")));
     EXPECT_EQ(disk.synced[Latin("workbook.xlsx")], QFileInfo(path).size());
     EXPECT_TRUE(disk.synced.contains(Latin("Exports"))) << "the folder that holds the name";
+    EXPECT_FALSE(HoldRowsApart(disk.openMeanwhile[Latin("workbook.xlsx")])) << "they take room on the disk";
+}
+
+TEST_F(Export, CollectsTheRowsInAFolderOfItsOwnBesideTheResult)
+{
+    ExportWorkbook({Latin("Rank List"), {}}, [](Workbook& workbook) {
+        workbook.WriteText(0, 0, Latin("Asha"), {});
+        EXPECT_TRUE(HoldRowsApart(OpenFiles())) << OpenFiles();
+    });
 }
 
 TEST_F(Export, IsToldAndGoneWhenTheDiskDoesNotTakeIt)
@@ -610,13 +715,17 @@ TEST_F(Export, TurnsSignsThatNoSheetCanHoldIntoBlanks)
                      {{lonely}},
                      {{QString::fromUcs4(U"\U0001F600 \uFFFF")}},
                      {{QString::fromUcs4(U"\uFFFD \uFFFE.")}},
-                     {{Latin("Hill\nRoad")}}});
+                     {{Latin("Hill\nRoad")}},
+                     {{Latin("Asha\x1f.") + QString::fromUcs4(U"\U0001F600")}},
+                     {{Latin("ab") + QChar(0xDE00) + u'c' + QChar(0xD83D)}}});
     const WorkbookReader sheet = Exported();
     EXPECT_EQ(sheet.At("A8").value, Latin("As ha \tMenon"));
     EXPECT_EQ(sheet.At("A9").value, Latin(" x"));
     EXPECT_EQ(sheet.At("A10").value, QString::fromUcs4(U"\U0001F600  "));
     EXPECT_EQ(sheet.At("A11").value, QString::fromUcs4(U"\uFFFD  ."));
     EXPECT_EQ(sheet.At("A12").value, Latin("Hill\nRoad")) << "lines may end within a cell";
+    EXPECT_EQ(sheet.At("A13").value, Latin("Asha .") + QString::fromUcs4(U"\U0001F600"));
+    EXPECT_EQ(sheet.At("A14").value, Latin("ab c ")) << "halves of a letter";
     EXPECT_TRUE(boxes_.empty());
 }
 

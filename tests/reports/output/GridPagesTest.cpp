@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QPdfWriter>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QSignalSpy>
@@ -17,12 +18,30 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
+#include <map>
 #include <memory>
 #include <optional>
 
 namespace tally::test {
 namespace {
+
+/// The toolkit warns of a file that cannot be opened.
+class Quiet
+{
+public:
+    Quiet() = default;
+    Quiet(const Quiet&) = delete;
+    Quiet& operator=(const Quiet&) = delete;
+    ~Quiet() { qInstallMessageHandler(before_); }
+
+private:
+    QtMessageHandler before_ =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+};
+
+constexpr double DotsPerPoint = 300.0 / 72;
 
 /// So many rows under two heads.
 GridTable Rows(int count, const QString& name = QStringLiteral("Asha"))
@@ -62,6 +81,53 @@ protected:
             for (const TestPaper::Word& word : page.words)
                 EXPECT_TRUE(paper->Edges().contains(word.place)) << word.text.toStdString();
         return paper;
+    }
+
+    /// The edges of the cells of a page: their lefts or tops, and behind the last one its right or bottom.
+    /// Cells meet, so that each edge but the outer ones belongs to two.
+    template <typename From, typename To>
+    static std::vector<double> Edges(const TestPaper::Page& page, From from, To to)
+    {
+        std::map<double, double> ends;
+        for (const QRectF& frame : page.frames)
+            ends[std::round((frame.*from)())] = (frame.*to)();
+        std::vector<double> edges;
+        for (const auto& [begin, end] : ends) {
+            if (!edges.empty()) {
+                EXPECT_NEAR(begin, edges.back(), 1) << "cells meet";
+                edges.pop_back();
+            }
+            edges.push_back(begin);
+            edges.push_back(end);
+        }
+        return edges;
+    }
+    static std::vector<double> ColumnEdges(const TestPaper::Page& page)
+    {
+        return Edges(page, &QRectF::left, &QRectF::right);
+    }
+    static std::vector<double> RowEdges(const TestPaper::Page& page)
+    {
+        return Edges(page, &QRectF::top, &QRectF::bottom);
+    }
+    static const TestPaper::Word& WordOf(const TestPaper::Page& page, const char* text)
+    {
+        static const TestPaper::Word none{};
+        const auto word =
+            std::find_if(page.words.begin(), page.words.end(), [text](const TestPaper::Word& one) {
+                return one.text.trimmed().endsWith(QLatin1String(text));
+            });
+        EXPECT_NE(word, page.words.end()) << text;
+        return word == page.words.end() ? none : *word;
+    }
+    /// How much wider and higher a cell is than the text in it, in points.
+    static QSizeF RoomAround(const TestPaper::Page& page, const char* text)
+    {
+        const QRectF place = WordOf(page, text).place;
+        const auto cell = std::find_if(page.frames.begin(), page.frames.end(),
+                                       [&](const QRectF& frame) { return frame.contains(place); });
+        EXPECT_NE(cell, page.frames.end()) << text << " stands in no cell";
+        return cell == page.frames.end() ? QSizeF() : (cell->size() - place.size()) / DotsPerPoint;
     }
 
     /// The window that is open.
@@ -116,22 +182,100 @@ TEST_F(GridPagesTest, EachRowIsPrintedOnceAndInItsOrder)
     EXPECT_EQ(next, Students + 1);
 }
 
-TEST_F(GridPagesTest, RowsDoNotLieOverOneAnotherNorOverTheFooter)
+TEST_F(GridPagesTest, EachPageButTheLastIsFilledWithRowsToTheRoomOfItsFooter)
 {
     const auto paper = Print(Rows(120));
-    for (const TestPaper::Page& page : paper->Pages()) {
-        QRectF before;
-        QRectF footer;
-        for (const TestPaper::Word& word : page.words) {
-            if (word.text.startsWith(QLatin1String("Page ")))
-                footer = word.place;
-            if (word.text != QLatin1String("Asha"))
-                continue;
-            EXPECT_GE(word.place.top(), before.bottom());
-            before = word.place;
+    const double room = paper->height() - 20 * DotsPerPoint;
+    for (std::size_t page = 0; page < paper->Pages().size(); ++page) {
+        const std::vector<double> rows = RowEdges(paper->Pages()[page]);
+        const double next = rows.back() + rows.back() - rows[rows.size() - 2];
+        EXPECT_LE(rows.back(), room) << page;
+        EXPECT_EQ(next > room, page + 1 < paper->Pages().size()) << page;
+        if (page > 0) {
+            EXPECT_NEAR(rows.front(), 0, 1) << page;
         }
-        EXPECT_LE(before.bottom(), footer.top());
+        const QByteArray number =
+            QStringLiteral("Page %1 of %2").arg(page + 1).arg(paper->Pages().size()).toLatin1();
+        const QRectF footer = WordOf(paper->Pages()[page], number.constData()).place;
+        EXPECT_NEAR(footer.bottom(), paper->height(), 2);
+        EXPECT_NEAR(footer.right(), paper->width(), 2);
     }
+}
+
+TEST_F(GridPagesTest, TheLinesOverTheListStandUnderOneAnotherAndAboveIt)
+{
+    const auto paper = Print(Rows(3));
+    const TestPaper::Page& page = paper->Pages()[0];
+    double end = 0;
+    for (const char* line :
+         {"St. Mary's School", "Hill Road", "Kochi", "CLASS LIST", "STUDENT LIST FOR CLASS   X A"}) {
+        const QRectF place = WordOf(page, line).place;
+        EXPECT_NEAR(place.top(), end, 1) << line;
+        EXPECT_NEAR(place.center().x(), paper->width() / 2.0, 2) << line;
+        end = place.bottom() + 2 * DotsPerPoint;
+    }
+    EXPECT_NEAR(RowEdges(page).front(), end + 3 * DotsPerPoint, 2);
+}
+
+TEST_F(GridPagesTest, AListStandsInTheMiddleAndItsCellsAreAsLargeAsTheirTextsNeed)
+{
+    const char* const longest = "A name longer than its head";
+    GridTable table = Rows(2, QString::fromLatin1(longest));
+    const auto expect = [](const QSizeF& around) {
+        EXPECT_TRUE(around.width() >= 7 && around.width() < 8) << around.width();
+        EXPECT_TRUE(around.height() >= 6 && around.height() < 7) << around.height();
+    };
+    {
+        const auto paper = Print(table);
+        const TestPaper::Page& page = paper->Pages()[0];
+        EXPECT_EQ(RowEdges(page).size(), 4U);
+        const std::vector<double> columns = ColumnEdges(page);
+        EXPECT_EQ(columns.size(), 3U);
+        EXPECT_NEAR(columns.front(), paper->width() - columns.back(), 2);
+        expect(RoomAround(page, "Sl.No."));
+        expect(RoomAround(page, longest));
+    }
+    table.SetMark(2, 1, CellMark::Sum);
+    table.SetText(1, 1, {});
+    expect(RoomAround(Print(table)->Pages()[0], longest));
+}
+
+TEST_F(GridPagesTest, ALongHeadGoesOnInFurtherLinesAboveItsRows)
+{
+    GridTable table(
+        {{QStringLiteral("The head of a column that holds more than any column is wide, so that it "
+                         "takes several lines")}});
+    table.AddRow({{QStringLiteral("Asha")}});
+    const auto paper = Print(table);
+    const TestPaper::Page& page = paper->Pages()[0];
+    const std::vector<double> rows = RowEdges(page);
+    ASSERT_EQ(rows.size(), 3U);
+    EXPECT_GT(rows[1] - rows[0], 2 * (rows[2] - rows[1]) - 12 * DotsPerPoint);
+    EXPECT_LE(WordOf(page, "several lines").place.bottom(), rows[1]);
+    EXPECT_GT(WordOf(page, "Asha").place.top(), rows[1]);
+}
+
+TEST_F(GridPagesTest, LettersAreBlackOnGreyLinesAndHeadsAndMarksStandOut)
+{
+    GridTable table = TableOf({{{QStringLiteral("Name")}, {QStringLiteral("Mark")}},
+                               {{QStringLiteral("Asha")}, {QStringLiteral("12")}},
+                               {{QStringLiteral("Total")}, {QStringLiteral("50")}}});
+    table.SetMark(1, 1, CellMark::NotTakenForRank);
+    table.SetMark(2, 0, CellMark::Sum);
+    const auto paper = Print(table);
+    const TestPaper::Page& page = paper->Pages()[0];
+    for (const char* bold : {"St. Mary's School", "CLASS LIST", "Name", "Mark", "Total"})
+        EXPECT_TRUE(WordOf(page, bold).font.bold()) << bold;
+    for (const char* plain : {"Hill Road", "Asha", "12", "50", "Page 1 of 1"})
+        EXPECT_FALSE(WordOf(page, plain).font.bold()) << plain;
+    EXPECT_TRUE(WordOf(page, "12").font.italic());
+    EXPECT_FALSE(WordOf(page, "Asha").font.italic());
+    for (const TestPaper::Word& word : page.words) {
+        EXPECT_EQ(word.ink, qRgb(0, 0, 0)) << word.text.toStdString();
+        EXPECT_EQ(word.font.hintingPreference(), QFont::PreferNoHinting)
+            << "letters that keep to the dots of the display";
+    }
+    EXPECT_EQ(page.lines, std::set<QRgb>{qRgb(0x90, 0x98, 0xa0)});
 }
 
 TEST_F(GridPagesTest, AWideListLiesOnItsSideAndFitsTheWidth)
@@ -198,11 +342,12 @@ TEST_F(GridPagesTest, WhatIsHiddenIsNotPrinted)
 TEST_F(GridPagesTest, EmptyRowsAtTheEndAreLeftOutAndOthersStay)
 {
     constexpr int Spare = 100;
-    GridTable table = Rows(1);
+    GridTable table({{QStringLiteral("Sl.No.")}, {.head = QStringLiteral("Code"), .hidden = true}});
+    table.AddRow({{QStringLiteral("1")}});
     table.AddRow();
     table.AddRow({{QStringLiteral("3")}});
     for (int row = 0; row < Spare; ++row)
-        table.AddRow();
+        table.AddRow({{}, {QStringLiteral("what is hidden does not count")}});
     const auto paper = Print(table);
     EXPECT_EQ(paper->Pages().size(), 1U);
     QRectF first;
@@ -273,8 +418,11 @@ TEST_F(GridPagesTest, MarkedCellsKeepTheirPaint)
 
 TEST_F(GridPagesTest, WhatASchoolHasNotEnteredLeavesNoGap)
 {
+    const QRectF second = WordOf(Print(Rows(1))->Pages()[0], "Hill Road").place;
     Session().gstrSchoolAddress.clear();
-    EXPECT_EQ(Print(Rows(1))->Text(0).rfind("St. Mary's School|Kochi|CLASS LIST|", 0), 0U);
+    const auto paper = Print(Rows(1));
+    EXPECT_EQ(paper->Text(0).rfind("St. Mary's School|Kochi|CLASS LIST|", 0), 0U);
+    EXPECT_EQ(WordOf(paper->Pages()[0], "Kochi").place.top(), second.top());
 }
 
 TEST_F(GridPagesTest, ThePreviewShowsACopyOfItsOwn)
@@ -287,12 +435,59 @@ TEST_F(GridPagesTest, ThePreviewShowsACopyOfItsOwn)
         table.SetRows(1);
     }
     ASSERT_TRUE(shown.has_value());
+    EXPECT_EQ(Preview(), nullptr) << "one stands for the other";
     EXPECT_EQ(shown->title.toStdString(), "CLASS LIST");
     EXPECT_EQ(shown->orientation, QPageLayout::Portrait);
     TestPaper paper(shown->orientation);
-    shown->paint(paper);
+    EXPECT_TRUE(shown->paint(paper));
     EXPECT_TRUE(paper.Holds(0, "|Class X|"));
     EXPECT_TRUE(paper.Holds(0, "|3|Asha"));
+}
+
+TEST_F(GridPagesTest, APaperThatTakesNotAllPagesHasNotTakenTheList)
+{
+    std::optional<PrintJob> shown;
+    UsePrintPreview([&](const PrintJob& job) { shown = job; });
+    ShowGridPreview(Rows(300), QStringLiteral("CLASS LIST"), {});
+    ASSERT_TRUE(shown.has_value());
+    TestPaper paper(shown->orientation);
+    paper.TakeAtMost(2);
+    EXPECT_FALSE(shown->paint(paper));
+    const Quiet toolkit;
+    QPdfWriter nowhere(QStringLiteral("/no such folder/list.pdf"));
+    EXPECT_FALSE(shown->paint(nowhere));
+}
+
+TEST_F(GridPagesTest, APrinterThatFailsIsToldAndOneThatPrintsIsNot)
+{
+    for (const bool fails : {false, true}) {
+        ShowGridPreview(Rows(3), QStringLiteral("CLASS LIST"), {});
+        QPrintPreviewDialog* preview = Preview();
+        ASSERT_NE(preview, nullptr);
+        TestPaper paper(QPageLayout::Portrait);
+        if (fails)
+            paper.Fail();
+        Q_EMIT preview->paintRequested(&paper);
+        EXPECT_TRUE(paper.Holds(0, "Asha"));
+        ExpectedPrompts prompts;
+        if (fails)
+            prompts.ExpectCritical(NotPrinted());
+        preview->accept();
+        prompts.Verify();
+    }
+}
+
+TEST_F(GridPagesTest, WhoOnlyLooksAtThePagesIsToldNothing)
+{
+    ShowGridPreview(Rows(3), QStringLiteral("CLASS LIST"), {});
+    QPrintPreviewDialog* preview = Preview();
+    ASSERT_NE(preview, nullptr);
+    preview->printer()->setOutputFormat(QPrinter::PdfFormat);
+    preview->printer()->setOutputFileName(QStringLiteral("/no such folder/list.pdf"));
+    const ExpectedPrompts prompts;
+    const Quiet toolkit;
+    preview->findChild<QPrintPreviewWidget*>()->updatePreview();
+    preview->accept();
 }
 
 TEST_F(GridPagesTest, AFileThatCannotBePrintedIntoIsToldOnceAndAfterThePreview)
@@ -305,12 +500,11 @@ TEST_F(GridPagesTest, AFileThatCannotBePrintedIntoIsToldOnceAndAfterThePreview)
     auto* pages = preview->findChild<QPrintPreviewWidget*>();
     ASSERT_NE(pages, nullptr);
     ExpectedPrompts prompts;
-    // The toolkit warns of a file that cannot be opened.
-    const QtMessageHandler before =
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    pages->print();
-    pages->print();
-    qInstallMessageHandler(before);
+    {
+        const Quiet toolkit;
+        pages->print();
+        pages->print();
+    }
     prompts.Verify();
     prompts.ExpectCritical(NotPrinted());
     preview->accept();
@@ -357,9 +551,20 @@ TEST_F(GridPagesTest, TheRealPreviewOpensWithoutAPrinterAndClosesAgain)
     EXPECT_EQ(preview->windowTitle().toStdString(), "CLASS LIST");
     EXPECT_EQ(preview->printer()->docName().toStdString(), "CLASS LIST");
     EXPECT_EQ(preview->printer()->pageLayout().orientation(), QPageLayout::Portrait);
+    EXPECT_EQ(preview->printer()->pageLayout().pageSize().id(), QPageSize::A4);
     QSignalSpy gone(preview, &QObject::destroyed);
     preview->close();
     ASSERT_TRUE(QTest::qWaitFor([&] { return gone.count() == 1; }));
+}
+
+TEST_F(GridPagesTest, TheRealPreviewLiesAcrossWhereTheListDoes)
+{
+    std::vector<GridColumn> columns(20, GridColumn{QStringLiteral("A subject")});
+    ShowGridPreview(GridTable(columns), QStringLiteral("CLASS LIST"), {});
+    QPrintPreviewDialog* preview = Preview();
+    ASSERT_NE(preview, nullptr);
+    EXPECT_EQ(preview->printer()->pageLayout().orientation(), QPageLayout::Landscape);
+    preview->accept();
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "support/ExpectedPrompts.h"
 #include "support/FileSizeLimit.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -14,6 +15,7 @@
 #include <QLockFile>
 #include <QTemporaryDir>
 
+#include <deque>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -28,6 +30,7 @@ protected:
     {
         SetProgramFolder(folder_.path());
         UseTextProgram([this](const QString& path) {
+            EXPECT_FALSE(path.isEmpty()) << "nothing was written that could be opened";
             EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
             opened = QFileInfo(path).fileName();
             read = Content(opened);
@@ -128,6 +131,31 @@ TEST_F(TextFileTest, TheThirdClientGetsAThirdName)
     ASSERT_TRUE(second.tryLock(0));
     Show("third\n");
     EXPECT_EQ(opened.toStdString(), "Summary 3.txt");
+}
+
+TEST_F(TextFileTest, AHundredClientsHaveANameEach)
+{
+    std::deque<QLockFile> others;
+    for (int client = 1; client < 100; ++client) {
+        const QString number = client > 1 ? QStringLiteral(" %1").arg(client) : QString();
+        ASSERT_TRUE(others.emplace_back(Path(QStringLiteral("Summary%1.txt.lock").arg(number))).tryLock(0));
+    }
+    Show("the last one's\n");
+    EXPECT_EQ(opened.toStdString(), "Summary 100.txt");
+}
+
+TEST_F(TextFileTest, TheLockOfAClientOnAnotherMachineHoldsHoweverOldItIs)
+{
+    QFile lock(Path(QStringLiteral("Summary.txt.lock")));
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    lock.write("99999999\ntallyboard\nthe-head-s-room\n");
+    ASSERT_TRUE(lock.flush());
+    constexpr int AnHour = 3600;
+    ASSERT_TRUE(
+        lock.setFileTime(QDateTime::currentDateTime().addSecs(-AnHour), QFileDevice::FileModificationTime));
+    lock.close();
+    Show("mine\n");
+    EXPECT_EQ(opened.toStdString(), "Summary 2.txt");
 }
 
 TEST_F(TextFileTest, TheLockOfAClientThatDiedIsNobodys)

@@ -24,6 +24,8 @@
 namespace tally::test {
 namespace {
 
+constexpr int TwoHours = 7200; // in seconds
+
 /// The folder that workbooks are saved in, with what exports left there.
 class WorkFolders : public testing::Test
 {
@@ -50,6 +52,14 @@ protected:
               QByteArray::number(id) + "\ntallyboard\n" + machine.toUtf8() + '\n');
         Write((QByteArray(folder) + "/draft.xlsx").constData(), "half a workbook");
     }
+    /// Makes the file look as if it had been written so long ago.
+    void Age(const char* name, int seconds) const
+    {
+        QFile file(Path(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(-seconds),
+                                     QFileDevice::FileModificationTime));
+    }
     QStringList Left() const
     {
         return QDir(home_.path())
@@ -69,6 +79,18 @@ TEST_F(WorkFolders, GoWithTheirContentAtTheEndOfTheExport)
         EXPECT_EQ(Left().size(), 1);
     }
     EXPECT_EQ(Left(), QStringList());
+}
+
+TEST_F(WorkFolders, LeaveWhatSomebodyHasPutIntoThemMeanwhile)
+{
+    QString letter;
+    {
+        const WorkFolder work{QDir(home_.path())};
+        ASSERT_TRUE(work.IsValid());
+        letter = QFileInfo(work.Path()).fileName() + QStringLiteral("/letter.odt");
+        Write(letter.toUtf8().constData(), "a clerk's letter");
+    }
+    EXPECT_TRUE(QFile::exists(home_.filePath(letter)));
 }
 
 /// The names to which `change` happened in the folder that `watch` is put on, in their order.
@@ -166,6 +188,8 @@ TEST_F(WorkFolders, OfAnotherMachineAreLeftToIt)
 {
     LeaveDead(".export-aaaaaa");
     LeaveDead(".export-bbbbbb", QStringLiteral("the-head-s-room"));
+    // It may still be at work: how long that has been so says nothing.
+    Age(".export-bbbbbb/in-use.lock", TwoHours);
     ClearDeadExports();
     EXPECT_EQ(Left(), QStringList(QStringLiteral(".export-bbbbbb")));
     EXPECT_TRUE(QFile::exists(Path(".export-bbbbbb/draft.xlsx")));
@@ -184,12 +208,7 @@ TEST_F(WorkFolders, ThatDiedWhileTheyWereLockedAreClearedAwayAfterAnHour)
         ASSERT_TRUE(QDir(home_.path()).mkdir(QString::fromLatin1(name)));
         Write((QByteArray(name) + "/in-use.lock").constData(), "");
     }
-    QFile old(Path(".export-aaaaaa/in-use.lock"));
-    ASSERT_TRUE(old.open(QIODevice::ReadWrite));
-    constexpr int LongAgo = -3700;
-    ASSERT_TRUE(
-        old.setFileTime(QDateTime::currentDateTime().addSecs(LongAgo), QFileDevice::FileModificationTime));
-    old.close();
+    Age(".export-aaaaaa/in-use.lock", TwoHours);
     ClearDeadExports();
     EXPECT_EQ(Left(), QStringList(QStringLiteral(".export-bbbbbb"))) << "it may just be getting its lock";
 }
@@ -236,6 +255,17 @@ TEST_F(WorkFolders, OnlyAreClearedAwayAndNoLinkIsFollowed)
     EXPECT_TRUE(QFile::exists(Path(".export-photos/photo.jpg")));
     EXPECT_TRUE(QFile::exists(Path("elsewhere/.export-aaaaaa/draft.xlsx")));
     EXPECT_FALSE(QFile::exists(Path(".export-bbbbbb/draft.xlsx")));
+}
+
+TEST_F(WorkFolders, WhoseLockIsALinkAreNotTouched)
+{
+    Write("a clerk's empty file", "");
+    Age("a clerk's empty file", TwoHours);
+    ASSERT_TRUE(QDir(home_.path()).mkdir(QStringLiteral(".export-aaaaaa")));
+    ASSERT_TRUE(QFile::link(Path("a clerk's empty file"), Path(".export-aaaaaa/in-use.lock")));
+    const QStringList before = Left();
+    ClearDeadExports();
+    EXPECT_EQ(Left(), before);
 }
 
 TEST_F(WorkFolders, AreNotLookedForWhereNoWorkbookWasEverSaved)

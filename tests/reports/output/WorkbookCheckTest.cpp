@@ -58,6 +58,9 @@ TEST_F(WorkbookCheck, TakesJustTheCellsThatWereWritten)
 {
     EXPECT_TRUE(PassesWithRows("<row r=\"1\">" + TextCell + NumberCell + "</row>"));
     EXPECT_FALSE(PassesWithRows("<row r=\"1\">" + TextCell + "</row>")) << "one is missing";
+    EXPECT_FALSE(PassesWithRows("<row r=\"1\">" + NumberCell + "</row>")) << "the other one is";
+    EXPECT_FALSE(PassesWithRows("<row r=\"1\">" + QByteArray(TextCell).replace("Asha", "Anu") + NumberCell +
+                                "</row>"));
     EXPECT_FALSE(PassesWithRows("<row r=\"1\">" + TextCell + NumberCell + NumberCell + "</row>"))
         << "one too many";
     for (const char* other : {R"(<c r="B1"><v>77.5</v></c>)", R"(<c r="B2"><v>77.25</v></c>)",
@@ -79,6 +82,34 @@ TEST_F(WorkbookCheck, TakesNoListThatLostLinesInItsMidst)
 {
     const Part sheet{SheetName, "<worksheet>" + TextCell + NumberCell + "</worksheet>"};
     EXPECT_FALSE(Passes({sheet, {"xl/styles.xml", R"(<styles><fonts count="2"><font/></fonts></styles>)"}}));
+}
+
+TEST_F(WorkbookCheck, TakesNoPartWhoseRecordInTheArchiveIsDamaged)
+{
+    const std::vector<Part> parts{{SheetName, "<worksheet>" + TextCell + NumberCell + "</worksheet>"},
+                                  {"xl/styles.xml", "<styles/>"}};
+    ASSERT_TRUE(Passes(parts));
+    struct Place
+    {
+        const char* record;
+        qsizetype byte; ///< of the last such record, which is that of the styles
+    };
+    // The record in front of the part, that of the list at the end, and the checksum, which both hold.
+    const std::vector<Place> damages[] = {{{"PK\3\4", 0}}, {{"PK\1\2", 0}}, {{"PK\3\4", 14}, {"PK\1\2", 16}}};
+    for (const std::vector<Place>& damage : damages) {
+        ASSERT_TRUE(Passes(parts));
+        QFile file(Path());
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        QByteArray content = file.readAll();
+        for (const auto& [record, byte] : damage) {
+            char& changed = content[content.lastIndexOf(record) + byte];
+            changed = static_cast<char>(changed ^ 1);
+        }
+        ASSERT_TRUE(file.seek(0));
+        ASSERT_EQ(file.write(content), content.size());
+        file.close();
+        EXPECT_FALSE(IsWholeWorkbook(Path(), {Expected()})) << damage[0].record << ' ' << damage[0].byte;
+    }
 }
 
 TEST_F(WorkbookCheck, WantsEverySheet)

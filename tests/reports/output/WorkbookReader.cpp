@@ -49,6 +49,7 @@ void WorkbookReader::ReadStyles(const QString& path)
     std::vector<double> sizes;
     std::vector<QString> fills;
     std::vector<int> borderLines;
+    std::vector<QString> lineColors;
     QHash<int, QString> formats{
         {0, QStringLiteral("General")}, {1, QStringLiteral("0")}, {2, QStringLiteral("0.00")}};
     bool inCells = false;
@@ -71,8 +72,11 @@ void WorkbookReader::ReadStyles(const QString& path)
             fills.back() = Value(xml, "rgb");
         } else if (name == u"border") {
             borderLines.push_back(0);
+            lineColors.emplace_back();
         } else if (name == u"left" || name == u"right" || name == u"top" || name == u"bottom") {
             borderLines.back() += Value(xml, "style") == u"thin" ? 1 : 0;
+        } else if (name == u"color" && !lineColors.empty()) {
+            lineColors.back() = Value(xml, "rgb");
         } else if (name == u"cellXfs") {
             inCells = true;
         } else if (name == u"cellStyles") {
@@ -83,11 +87,13 @@ void WorkbookReader::ReadStyles(const QString& path)
             style.points = sizes.at(Value(xml, "fontId").toUInt());
             style.fill = fills.at(Value(xml, "fillId").toUInt());
             style.border = borderLines.at(Value(xml, "borderId").toUInt()) == 4;
+            style.lineColor = lineColors.at(Value(xml, "borderId").toUInt());
             style.numberFormat = formats.value(Value(xml, "numFmtId").toInt());
             styles_.push_back(style);
         } else if (inCells && name == u"alignment") {
             styles_.back().horizontal = Value(xml, "horizontal");
             styles_.back().vertical = Value(xml, "vertical");
+            styles_.back().indent = Value(xml, "indent").toInt();
             styles_.back().wrap = Value(xml, "wrapText") == u"1";
             styles_.back().shrink = Value(xml, "shrinkToFit") == u"1";
         }
@@ -133,6 +139,11 @@ void WorkbookReader::ReadRest(const QString& path)
     while (!core.atEnd()) {
         if (core.readNext() == QXmlStreamReader::StartElement && core.name() != u"coreProperties")
             texts_[core.name().toString()] = core.readElementText();
+    }
+    QXmlStreamReader application(Part(path, QStringLiteral("docProps/app.xml")));
+    while (!application.atEnd()) {
+        if (application.readNext() == QXmlStreamReader::StartElement && application.name() == u"Company")
+            texts_[QStringLiteral("Company")] = application.readElementText();
     }
     QXmlStreamReader book(Part(path, QStringLiteral("xl/workbook.xml")));
     while (!book.atEnd()) {

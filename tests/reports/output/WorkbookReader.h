@@ -16,6 +16,8 @@ public:
     {
         bool bold = false;
         bool border = false; ///< on all four sides
+        QString lineColor;   ///< of the border, "FFRRGGBB"
+        int indent = 0;
         bool wrap = false;
         bool shrink = false;
         QString fill; ///< "FFRRGGBB"; empty for none
