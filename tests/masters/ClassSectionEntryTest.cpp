@@ -23,6 +23,8 @@ TEST_F(ClassSectionEntry, OpensWithTheNoteAboutTheOrderAndNothingElseToPress)
               "Standard Will Have 1. So Enter The Class Name In Desending Order.");
     for (const char* frame : {"Frame1", "fraButtons", "fraClassDetails", "fraDivisionDetails"})
         EXPECT_FALSE(IsEnabled(frame)) << frame;
+    for (const FlexGrid* grid : {classes, divisions})
+        EXPECT_EQ(grid->Rows(), 2) << "a blank row below the head";
     Press(Button("cmdClose"));
     EXPECT_FALSE(Find<QFrame>(form, "fraAboutEntry")->isVisible());
     EXPECT_TRUE(IsEnabled("fraButtons"));
@@ -42,8 +44,10 @@ TEST_F(ClassSectionEntry, HeadsAndHiddenColumnsAreAsTheOfficeKnowsThem)
     EXPECT_EQ(divisions->TextMatrix(0, 1).toStdString(), "Division Name");
     EXPECT_EQ(divisions->TextMatrix(0, 2).toStdString(), "ClassCode");
     EXPECT_EQ(divisions->ColWidth(2), 0);
-    for (const FlexGrid* grid : {classes, divisions})
+    for (const FlexGrid* grid : {classes, divisions}) {
         EXPECT_EQ(grid->horizontalHeader()->length(), grid->viewport()->width()) << "names have all the room";
+        EXPECT_EQ(grid->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+    }
 }
 
 TEST_F(ClassSectionEntry, WithoutClassesThereIsOnlyNew)
@@ -158,6 +162,19 @@ TEST_F(ClassSectionEntry, AnEditedNameIsUpdatedAndTheScreenBrowsesAgain)
     EXPECT_FALSE(IsEnabled("cmdSave"));
     EXPECT_FALSE(txtNoOfDivisions->isVisible());
     EXPECT_EQ(ClassRowText(1), "1|12|2|1");
+}
+
+TEST_F(ClassSectionEntry, WhileTheWordForTheResultStandsNothingCanBeEntered)
+{
+    GivenThreeClasses();
+    Edit();
+    bool entering = true;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString&) {
+        entering = IsEnabled("fraClassDetails");
+        return true;
+    });
+    Press(Button("cmdSave"));
+    EXPECT_FALSE(entering);
 }
 
 TEST_F(ClassSectionEntry, ANewClassBehindTheOthersIsInserted)
@@ -570,6 +587,8 @@ TEST_F(ClassSectionEntry, ClassesThatCannotBeReadAreNotOfferedToBeEnteredAnew)
     Press(Button("cmdClose"));
     EXPECT_FALSE(IsEnabled("cmdNew"));
     EXPECT_TRUE(Button("cmdCancel")->hasFocus());
+    EXPECT_EQ(ClassRowText(1), "1|||");
+    EXPECT_EQ(DivisionTexts(), "1");
     Given("ALTER TABLE Away RENAME TO ClassDivisionDetails");
     Press(Button("cmdCancel"));
     EXPECT_TRUE(IsEnabled("cmdEdit"));
@@ -663,6 +682,7 @@ TEST_F(ClassSectionEntry, FitsTheSmallestScreenWithNothingCutOff)
     ExpectToFit(QStringLiteral("frmMasClassSectionEntry"));
     OpenForm();
     const auto* note = Find<QLabel>(form, "Label1");
+    EXPECT_TRUE(note->wordWrap());
     EXPECT_GE(note->height(), note->heightForWidth(note->width()));
 }
 

@@ -106,6 +106,9 @@ TEST(ClassSectionGridTest, ANewRowGetsTheHighestCodeOfTheScreenPlusOne)
     EXPECT_EQ(grid.Row(4).serial, 4);
     EXPECT_EQ(grid.Row(4).classCode, 8);
     EXPECT_TRUE(grid.Row(4).className.isEmpty());
+    ClassSectionGrid empty;
+    empty.AddRow();
+    EXPECT_EQ(empty.Row(1).classCode, 1);
 }
 
 TEST(ClassSectionGridTest, TheCodeOfARemovedHighestClassIsGivenAgain)
@@ -146,6 +149,15 @@ TEST(ClassSectionGridTest, DeletingTheOnlyRowLeavesABlankOne)
     EXPECT_FALSE(grid.Row(1).IsNamed());
     EXPECT_EQ(grid.Row(1).serial, 1);
     EXPECT_EQ(grid.Row(1).classCode, 1);
+    EXPECT_TRUE(grid.Divisions().empty());
+}
+
+TEST(ClassSectionGridTest, AClearedGridIsOneBlankRowWithoutDivisions)
+{
+    ClassSectionGrid grid = GridOf({{4, "XII", 3, 1}, {5, "XI", 1, 2}});
+    grid.Clear();
+    ASSERT_EQ(grid.RowCount(), 1);
+    EXPECT_FALSE(grid.Row(1).IsNamed());
     EXPECT_TRUE(grid.Divisions().empty());
 }
 
@@ -228,7 +240,7 @@ INSTANTIATE_TEST_SUITE_P(
         Shift{"2 typed where 2, 3 and 4 stand", {1, 2, 3, 4, 5}, 5, 2, {1, 3, 4, 5, 2}},
         Shift{"in grid order, not in the order of the numbers", {1, 4, 3, 2, 5}, 5, 2, {1, 3, 4, 5, 2}},
         Shift{"gaps close up", {5, 9, 20}, 1, 5, {5, 6, 7}},
-        Shift{"an order below all others moves all", {2, 3}, 2, 1, {2, 1}},
+        Shift{"an order below all others moves all", {3, 4}, 2, 1, {2, 1}},
         Shift{"0 moves nothing", {1, 2, 3}, 2, 0, {1, 0, 3}},
         Shift{"an order behind all others moves nothing", {1, 2, 3}, 1, 9, {9, 2, 3}}));
 
@@ -358,6 +370,9 @@ INSTANTIATE_TEST_SUITE_P(
                   "Class Order Should Not Be Empty", ClassColumn::ClassOrder, 1},
         FaultCase{"order 0", [](ClassSectionGrid& grid) { grid.Row(2).classOrder = "00"; },
                   "Class Order Should Not Be Empty", ClassColumn::ClassOrder, 2},
+        FaultCase{"a last class without an order",
+                  [](ClassSectionGrid& grid) { grid.Row(3).classOrder.clear(); },
+                  "Class Order Should Not Be Empty", ClassColumn::ClassOrder, 3},
         FaultCase{"two classes at one order", [](ClassSectionGrid& grid) { grid.Row(3).classOrder = "1"; },
                   "Class Order Already Exists", ClassColumn::ClassOrder, 3},
         FaultCase{"a double order above a missing one",
@@ -386,10 +401,17 @@ INSTANTIATE_TEST_SUITE_P(
                   "Class Name Should Not Be Empty", ClassColumn::ClassName, 2},
         FaultCase{"nothing entered at all",
                   [](ClassSectionGrid& grid) {
-                      grid = ClassSectionGrid();
+                      grid.Clear();
                       grid.StartFirstRow();
                   },
                   "Enter Class-Division Details", ClassColumn::ClassName, 1}));
+
+TEST(ClassSectionGridTest, ADivisionOfTheRowForNoClassNeedsNoName)
+{
+    ClassSectionGrid grid;
+    ASSERT_TRUE(grid.Load({{4, "XII", 1, 1}}, {{4, "A", 1}, {0, "", 1}}));
+    EXPECT_FALSE(FindFault(grid));
+}
 
 TEST(ClassSectionGridTest, NamesThatDifferOnlyInCasePassEveryCheck)
 {

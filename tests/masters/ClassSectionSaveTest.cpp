@@ -235,6 +235,26 @@ TEST(ReconcileTest, ADivisionBehindOneThatIsStillOnTheScreenMayGo)
     EXPECT_EQ(plan.deleteDivisions, (std::vector<DivisionKey>{{1, 1}}));
 }
 
+TEST(ReconcileTest, ADivisionGoesOnceAlsoWhereTwoRowsHaveItsClass)
+{
+    const StoredClassSections stored{
+        {{{1, "XII", 3, 1}}, {{1, "C", 3}, {1, "B", 2}, {1, "A", 1}}}, {}, {}, {}, {}};
+    ClassSectionGrid grid;
+    ASSERT_TRUE(grid.Load({{1, "XII", 1, 1}, {1, "XI", 1, 2}}, {{1, "A", 1}}));
+    EXPECT_EQ(Reconcile(grid, stored).deleteDivisions, (std::vector<DivisionKey>{{1, 3}, {1, 2}}));
+}
+
+TEST(StoredClassSectionsTest, AnyDivisionOfAClassIsOneOfItsOwn)
+{
+    StoredClassSections stored;
+    stored.withStudents = {{1, 1}, {1, 2}};
+    EXPECT_TRUE(stored.ClassDivisionUsedInStudents(1, 0));
+    EXPECT_FALSE(stored.ClassDivisionUsedInStudents(2, 0)) << "behind all others";
+    stored.withStudents = {{3, 0}};
+    EXPECT_FALSE(stored.ClassDivisionUsedInStudents(2, 0)) << "in front of another one";
+    EXPECT_TRUE(stored.ClassDivisionUsedInStudents(3, 0)) << "whatever its code";
+}
+
 TEST_F(ClassSectionSaveTest, OfTwoRowsWithOneCodeTheLaterOneIsStored)
 {
     GivenClasses({{4, "XII", 1, 1}, {5, "XI", 1, 2}, {1, "X", 1, 3}});
@@ -316,6 +336,17 @@ TEST_F(ClassSectionSaveTest, AClassWithStudentsStaysAndIsTold)
               "The Class XI, X Is Used In Other Entry Screen(s). So You Cannot Delete");
     EXPECT_EQ(Classes(), "1 XII 1 1; 2 XI 2 2; 3 X 1 3;");
     EXPECT_EQ(Divisions(2), "1A 2B");
+}
+
+TEST_F(ClassSectionSaveTest, AClassThatItsStudentsKeepKeepsItsNameToo)
+{
+    GivenClasses({{1, "XII", 1, 1}, {2, "XI", 1, 2}});
+    Tie("StudentClassDivision", 2, 1);
+    grid.Row(2).className.clear();
+    grid.SetNoOfDivisions(2, QStringLiteral("0"));
+    ASSERT_FALSE(FindFault(grid));
+    Save();
+    EXPECT_EQ(Classes(), "1 XII 1 1; 2 XI 1 2;");
 }
 
 class RefusedByStoreTest : public ClassSectionSaveTest, public testing::WithParamInterface<const char*>
@@ -426,6 +457,17 @@ TEST_F(ClassSectionSaveTest, TheSecondTransactionStoresTheDivisionsThatAKeptClas
     grid.DeleteRow(1);
     Save();
     EXPECT_EQ(Divisions(2), "1A 2B");
+}
+
+TEST_F(ClassSectionSaveTest, TheSecondTransactionStoresNoDivisionWithoutAName)
+{
+    GivenClasses({{1, "XII", 1, 1}, {2, "XI", 1, 2}});
+    Tie("StudentClassDivision", 2, 1);
+    grid.SetNoOfDivisions(2, QStringLiteral("2"));
+    grid.NameDivision(2, 2, QStringLiteral(" "));
+    grid.DeleteRow(1);
+    Save();
+    EXPECT_EQ(Divisions(2), "1A");
 }
 
 TEST_F(ClassSectionSaveTest, WhatWasKeptIsToldAlsoWhenTheSecondTransactionFails)

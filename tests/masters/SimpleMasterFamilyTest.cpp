@@ -348,6 +348,26 @@ TEST_P(SimpleMasterFamilyTest, AFileHeldByAnotherClientLosesNothing)
     EXPECT_EQ(Named(Member().fields.front().first), 1);
 }
 
+TEST_P(SimpleMasterFamilyTest, ANameThatCannotBeComparedWithTheOthersIsNotSavedAndThatIsToldOnce)
+{
+    OpenMember();
+    Press(Button("cmdNew"));
+    if (Member().hasParent) {
+        Find<DataCombo>(form, "dbcStateName")->setFocus();
+        PressKey(form, Qt::Key_Down);
+    }
+    for (const Field& field : Member().fields)
+        Retype(field.control, field.first);
+    const QByteArray table(Member().table);
+    Given(("ALTER TABLE " + table + " RENAME TO Away").constData());
+    prompts.ExpectCritical(NoSuchTable(table.constData()));
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_EQ(State(), "Entry");
+    Given(("ALTER TABLE Away RENAME TO " + table).constData());
+    Save(QStringLiteral("Record Saved"));
+}
+
 TEST_P(SimpleMasterFamilyTest, AFaultInReadingBackWhatIsSavedSaysThatItIsSaved)
 {
     OpenMember();

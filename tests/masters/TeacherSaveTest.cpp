@@ -215,6 +215,19 @@ TEST_F(TeacherSaveTest, AnEditOfATeacherWhomAnotherClientDeletedIsNotCalledSaved
     ExpectIdle();
 }
 
+TEST_F(TeacherSaveTest, ATeacherWhoCannotBeComparedWithTheOthersIsNotSavedAndThatIsToldOnce)
+{
+    StartNew();
+    FillMandatory();
+    Given("ALTER TABLE TeacherMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("TeacherMaster"));
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_TRUE(IsEnabled("cmdSave"));
+    Given("ALTER TABLE Away RENAME TO TeacherMaster");
+    Save();
+}
+
 TEST_F(TeacherSaveTest, AFaultInReadingBackWhatIsSavedSaysThatItIsSavedInOneBox)
 {
     StartNew();

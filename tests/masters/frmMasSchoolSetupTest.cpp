@@ -477,6 +477,26 @@ TEST_F(frmMasSchoolSetupTest, AFaultInReadingBackWhatIsSavedSaysThatItIsSavedAnd
     EXPECT_EQ(Box("txtSchoolName")->text().toStdString(), "Hill School");
 }
 
+TEST_F(frmMasSchoolSetupTest, WhatCannotBeReadBeforeASaveOrTheExitIsToldOnceAndNothingIsDone)
+{
+    GivenSchool();
+    OpenSetup();
+    Press(Button("cmdEdit"));
+    Retype("txtSchoolName", "Valley School");
+    const std::pair<const char*, const char*> reads[] = {{"AcademicYearSetup", "cmdSave"},
+                                                         {"SchoolMaster", "cmdExit"}};
+    for (const auto& [table, button] : reads) {
+        Given(("ALTER TABLE " + QByteArray(table) + " RENAME TO Away").constData());
+        prompts.ExpectCritical(NoSuchTable(table));
+        Press(Button(button));
+        prompts.Verify();
+        Given(("ALTER TABLE Away RENAME TO " + QByteArray(table)).constData());
+        EXPECT_EQ(TextOf("txtSchoolName"), "Valley School") << button;
+        EXPECT_EQ(Count("SELECT count(*) FROM SchoolMaster WHERE SchoolName = 'Hill School'"), 1) << button;
+    }
+    EXPECT_EQ(processEnds, 0);
+}
+
 TEST_F(frmMasSchoolSetupTest, AFileHeldByAnotherClientLosesNeitherSchoolNorMonths)
 {
     GivenSchool();

@@ -443,6 +443,44 @@ TEST_F(AdmissionEntry, AStudentEnteredMeanwhileIsOfferedOnReturnAndTheChosenOneS
     EXPECT_EQ(LabelOf("lblStudentName"), "Anu");
 }
 
+TEST_F(AdmissionEntry, CancelChoosesNobody)
+{
+    StartNew();
+    Press(Button("cmdCancel"));
+    EXPECT_TRUE(List("dbcAdmissionNo")->IsBlank());
+    EXPECT_EQ(Details(), "|||||||");
+}
+
+TEST_F(AdmissionEntry, TheLetterOfTheListLeadsNowhereWhereTheNumberStandsInItsPlace)
+{
+    StartEdit();
+    PressKey(form, Qt::Key_A, Qt::AltModifier);
+    EXPECT_TRUE(HasFocus("cmdSave"));
+}
+
+TEST_F(AdmissionEntry, AStudentWhoCannotBeReadIsToldOnceAndNotShown)
+{
+    OpenEntry();
+    Press(Button("cmdNew"));
+    Given("ALTER TABLE BloodGroupMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("BloodGroupMaster"));
+    List("dbcAdmissionNo")->setFocus();
+    QTest::keyClick(List("dbcAdmissionNo"), Qt::Key_Down);
+    EXPECT_EQ(Details(), "|||||||");
+    Given("ALTER TABLE Away RENAME TO BloodGroupMaster");
+}
+
+TEST_F(AdmissionEntry, APlacementWithoutItsStudentInADamagedFileIsNotLoaded)
+{
+    GivenPlacement(1);
+    Given("PRAGMA foreign_keys = OFF");
+    Given("DELETE FROM StudentMaster WHERE StudentCode = 1");
+    OpenEntry();
+    prompts.ExpectInformation(NoRecord);
+    EXPECT_FALSE(qobject_cast<frmMasStudentAdmissionEntry*>(form)->LoadPlacement(1, false));
+    EXPECT_EQ(Enabled(), Idle);
+}
+
 TEST_F(AdmissionEntry, NewOffersTheStudentsThatThereAreByThen)
 {
     OpenEntry();

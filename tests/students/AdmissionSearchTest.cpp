@@ -283,6 +283,17 @@ TEST_F(AdmissionSearch, ASearchThatFailsIsToldAndLeavesTheList)
     EXPECT_EQ(Grid()->RowCount(), 3);
 }
 
+TEST_F(AdmissionSearch, AStudentWhoCannotBeReadIsNotLoaded)
+{
+    OpenSearch();
+    ShowAll();
+    Given("ALTER TABLE MarkMaster RENAME TO Gone");
+    prompts.ExpectQuestion(EditOrDelete, true);
+    prompts.ExpectCritical(NoSuchTable("MarkMaster"));
+    DoubleClick(0);
+    EXPECT_TRUE(IsOpen(SearchForm));
+}
+
 TEST_F(AdmissionSearch, ManyPlacementsAreFoundWithOneStatement)
 {
     Given(

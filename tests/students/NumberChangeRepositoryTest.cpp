@@ -88,7 +88,9 @@ TEST_F(NumberChangeRepositoryTest, HoldersAreFoundWhateverTheirLettersAndHowever
     }
     EXPECT_EQ(Repository().Holders(asked).size(), 1000U);
     EXPECT_EQ(ToText(Repository().Holders({{1, QStringLiteral("a7")}, {2, QStringLiteral("none")}})), "7 A7");
+    const auto before = main.StatementsRun();
     EXPECT_TRUE(Repository().Holders({}).empty());
+    EXPECT_EQ(main.StatementsRun(), before) << "there is nothing to ask";
 }
 
 TEST_F(NumberChangeRepositoryTest, OnlyChangedNumbersAreWrittenAndNothingElse)

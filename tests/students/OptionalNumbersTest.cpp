@@ -88,10 +88,19 @@ TEST_F(OptionalNumbersTest, ANumberOfAnotherStudentOfTheSchoolIsRefusedAndTakenO
     }
 }
 
+TEST_F(OptionalNumbersTest, OfTwoEmptyNumbersNoneCountsAsThatOfTheOther)
+{
+    numbers.SetNumber(1, {});
+    EXPECT_EQ(Enter(2, ""), "2 Enter Optional Admission No.");
+    EXPECT_EQ(Fault(), "1 Enter Optional Admission No.");
+}
+
 TEST_F(OptionalNumbersTest, ANumberThatAnotherRowHasByNowIsRefused)
 {
     EXPECT_EQ(Enter(2, "N9"), "0 ");
     EXPECT_EQ(Enter(1, "n9"), "1 Optional Admission No. Already Exists");
+    EXPECT_EQ(Enter(1, "N8"), "2 ");
+    EXPECT_EQ(Enter(2, "n8"), "2 Optional Admission No. Already Exists");
 }
 
 TEST_F(OptionalNumbersTest, TheOldNumberOfAnotherRowStaysTakenSoTwoStudentsCannotSwap)
@@ -135,10 +144,22 @@ TEST_F(OptionalNumbersTest, ARowThatWasNotChangedIsNoFaultWhateverItsNumberIs)
 
 TEST_F(OptionalNumbersTest, AClearedListHasNoRowsAndTheSnapshotStays)
 {
+    for (const int row : {1, 2})
+        EXPECT_TRUE(numbers.HasRow(row)) << row;
+    for (const int row : {0, 3})
+        EXPECT_FALSE(numbers.HasRow(row)) << row;
     numbers.Clear();
     EXPECT_EQ(numbers.RowCount(), 0);
+    EXPECT_FALSE(numbers.HasRow(1));
     numbers.List({{1, QStringLiteral("Asha"), 101, QStringLiteral("A1")}});
     EXPECT_EQ(Enter(1, "C3"), "1 Optional Admission No. Already Exists");
+}
+
+TEST_F(OptionalNumbersTest, AnotherListTakesThePlaceOfTheOneBefore)
+{
+    numbers.List({{3, QStringLiteral("Cara"), 103, QStringLiteral("C3")}});
+    EXPECT_EQ(numbers.RowCount(), 1);
+    EXPECT_EQ(numbers.Number(1).toStdString(), "C3");
 }
 
 TEST_F(OptionalNumbersTest, ANewSnapshotTakesThePlaceOfTheOldOne)

@@ -1,5 +1,7 @@
 #include "students/PlacementRules.h"
 
+#include "students/Placement.h"
+
 #include <gtest/gtest.h>
 
 namespace tally::test {
@@ -44,6 +46,13 @@ TEST(PlacementRules, ADeleteLeavesNoLaterYearAndNoMarksBehind)
     EXPECT_EQ(FaultOfDeleting(facts), PlacementFault::Promoted);
     facts.laterPlacements = 0;
     EXPECT_EQ(FaultOfDeleting(facts), PlacementFault::HasMarks);
+}
+
+TEST(PlacementRules, APlaceIsAClassAndADivision)
+{
+    EXPECT_TRUE((Placement{1, 2}).IsComplete());
+    EXPECT_FALSE((Placement{1, 0}).IsComplete());
+    EXPECT_FALSE((Placement{0, 2}).IsComplete());
 }
 
 TEST(PlacementRules, EachFaultHasItsText)

@@ -142,15 +142,15 @@ TEST_F(PromotionRepositoryTest, ARelievedStudentShowsOnNeitherSide)
 TEST_F(PromotionRepositoryTest, AStudentComesWithHisNumberAndBothPlaces)
 {
     const int asha = school.Add(QStringLiteral("Asha"), NineB);
-    school.Carry(asha, TenA);
+    school.Carry(asha, TenB);
     school.Place(asha, EightA, YearBehind);
     const PromotionStudent student = Find(asha);
     EXPECT_EQ(student.studentCode, asha);
     EXPECT_EQ(student.name.toStdString(), "Asha");
     EXPECT_EQ(student.admissionNo.toStdString(), "A1");
     EXPECT_EQ(student.current, NineB);
-    EXPECT_EQ(student.next, TenA);
-    EXPECT_EQ(student.nextPlace.toStdString(), "X-A");
+    EXPECT_EQ(student.next, TenB);
+    EXPECT_EQ(student.nextPlace.toStdString(), "X-B");
     EXPECT_FALSE(student.relieved);
 }
 
@@ -211,7 +211,10 @@ TEST_F(PromotionRepositoryTest, FindsMoreStudentsThanOneStatementTakes)
         codes.push_back(school.Add(QStringLiteral("Student"), NineA));
     codes.push_back(5000);
     EXPECT_EQ(Repository().Find(Years(), codes).size(), 1000U);
-    EXPECT_TRUE(Repository().Find(Years(), {}).empty());
+    const PromotionYears years = Years();
+    const auto before = main.StatementsRun();
+    EXPECT_TRUE(Repository().Find(years, {}).empty());
+    EXPECT_EQ(main.StatementsRun(), before) << "there is nobody to ask for";
 }
 
 TEST_F(PromotionRepositoryTest, APromotionPutsTheStudentIntoTheNextYearAndClosesThisOne)

@@ -204,7 +204,7 @@ TEST_F(PromotionListsTest, AnotherDivisionOfTheClassKeepsWhoWasMovedAndOffersNob
 TEST_F(PromotionListsTest, AnotherDivisionOfTheNextYearTakesTheMovedAlongAndForgetsWhoWasTakenBack)
 {
     lists.ShowFrom({Student(1, "Asha"), Student(2, "Binu", NineA, TenA)});
-    lists.ShowTo({Student(2, "Binu", NineA, TenA)});
+    lists.ShowTo({Student(2, "Binu", NineA, TenA), Student(7, "Zoe", NineB, TenA)});
     lists.Move({1});
     ASSERT_TRUE(lists.TakeBack({2}, NineA));
     lists.ShowTo({Student(6, "Fay", NineA, TenB)});
@@ -346,6 +346,8 @@ TEST_F(PromotionFaults, WhoeverWasCarriedMeanwhileIsToldWithHisPlace)
     asha.next = TenB;
     asha.nextPlace = QStringLiteral("X-B");
     EXPECT_EQ(Fault(), "anew: Student 'Asha' Already Promoted/Detained To X-B");
+    asha.current = NineB;
+    EXPECT_EQ(Fault(), "anew: Student 'Asha' Already Promoted/Detained To X-B") << "wherever he came from";
 }
 
 TEST_F(PromotionFaults, WhoeverChangedHisClassDivisionMeanwhileIsTold)
@@ -385,6 +387,8 @@ TEST_F(PromotionFaults, YearsThatAreOthersByNowAreTold)
     years = plan.years;
     years.next = 0;
     EXPECT_EQ(Fault(), changed);
+    classes.clear();
+    EXPECT_EQ(Fault(), changed) << "before any class";
 }
 
 TEST_F(PromotionFaults, AClassOrADivisionThatIsGoneIsTold)
@@ -430,6 +434,8 @@ TEST_F(PromotionFaults, WhoIsNoLongerWhereHeIsTakenBackFromIsTold)
     const PromotionStudent before = cara;
     cara.next = TenB;
     EXPECT_EQ(Fault(), Changed("Cara"));
+    cara.hasMarks = true;
+    EXPECT_EQ(Fault(), Changed("Cara")) << "the marks are of another class-division";
     cara = before;
     cara.current = {};
     EXPECT_EQ(Fault(), Changed("Cara"));

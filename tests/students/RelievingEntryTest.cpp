@@ -536,6 +536,50 @@ TEST_F(RelievingEntry, AStoredEntryIsShownReadyToEditOrDelete)
     Given("UPDATE StudentMaster SET TCDate = NULL WHERE StudentCode = 1");
     ASSERT_TRUE(Entry()->LoadEntry(1, false));
     EXPECT_EQ(Date("dtpTCDate")->date(), WorkingDate) << "and not that of the entry before";
+    Relieve(Main(), 3, "TC 3");
+    ASSERT_TRUE(Entry()->LoadEntry(3, false));
+    EXPECT_EQ(Details(), NoDetails) << "without a class nobody is shown";
+}
+
+TEST_F(RelievingEntry, AnEntryThatCannotBeReadIsToldOnceAndNotShown)
+{
+    Relieve(Main(), 1);
+    OpenEntry();
+    Given("ALTER TABLE StudentClassDivision RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("StudentClassDivision"));
+    EXPECT_FALSE(Entry()->LoadEntry(1, false));
+    EXPECT_EQ(Enabled(), Idle);
+    Given("ALTER TABLE Away RENAME TO StudentClassDivision");
+}
+
+TEST_F(RelievingEntry, ANumberThatCannotBeReadIsNobodysAndIsNotLeft)
+{
+    StartWithAnu();
+    Box("txtOptionalAdmissionNo")->setFocus();
+    Given("ALTER TABLE StudentClassDivision RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("StudentClassDivision"));
+    PressKey(form, Qt::Key_Return);
+    Settle();
+    prompts.Verify();
+    EXPECT_EQ(FocusName(), "txtOptionalAdmissionNo");
+    EXPECT_EQ(Details(), NoDetails);
+    Given("ALTER TABLE Away RENAME TO StudentClassDivision");
+}
+
+TEST_F(RelievingEntry, AFieldThatCannotBeTestedIsNotLeft)
+{
+    for (const char* field : {"dtpRelievingDate", "txtTCNo", "dtpTCDate"}) {
+        FillAnu();
+        Find<QWidget>(form, field)->setFocus();
+        Given("ALTER TABLE ApplicationDate RENAME TO Away");
+        prompts.ExpectCritical(NoSuchTable("ApplicationDate"));
+        PressKey(form, Qt::Key_Return);
+        Settle();
+        prompts.Verify();
+        EXPECT_TRUE(HasFocus(field)) << field;
+        Given("ALTER TABLE Away RENAME TO ApplicationDate");
+        Press(Button("cmdCancel"));
+    }
 }
 
 TEST_F(RelievingEntry, AnEntryThatIsOnlyViewedCannotBeTouched)
@@ -703,6 +747,9 @@ TEST_F(RelievingEntry, NewEditAndDeleteNeedTheirRightsAndSearchNeedsNone)
     prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Create New Entry"));
     Press(Button("cmdNew"));
     EXPECT_EQ(Enabled(), Idle);
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Create New Entry"));
+    EXPECT_FALSE(Entry()->LoadNumber(QStringLiteral("A102")));
+    EXPECT_EQ(Details(), NoDetails);
     ASSERT_TRUE(Entry()->LoadEntry(1, false));
     prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Modify This Entry"));
     Press(Button("cmdEdit"));

@@ -194,6 +194,15 @@ TEST_F(RelievingSearch, ASearchThatFailsIsToldAndLeavesTheList)
     EXPECT_EQ(Grid()->RowCount(), 2);
 }
 
+TEST_F(RelievingSearch, AStudentWhoCannotBeReadIsNotAskedAbout)
+{
+    ShowAll();
+    Given("ALTER TABLE StudentClassDivision RENAME TO Gone");
+    prompts.ExpectCritical(NoSuchTable("StudentClassDivision"));
+    DoubleClick(0);
+    EXPECT_TRUE(IsOpen(SearchForm));
+}
+
 TEST_F(RelievingSearch, ManyStudentsAreFoundWithOneStatement)
 {
     Given(

@@ -229,6 +229,26 @@ TEST_F(StudentChecksTest, OnAFullDiskNothingIsSavedAndNothingThatWasTypedIsLost)
     EXPECT_EQ(Count("SELECT count(*) FROM StudentMaster"), students + 1);
 }
 
+TEST_F(StudentChecksTest, WhatCannotBeReadBeforeAnEntryOrItsSaveIsToldOnceAndNothingIsDone)
+{
+    OpenMaster();
+    Given("ALTER TABLE Options RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("Options"));
+    Press(Button("cmdNew"));
+    prompts.Verify();
+    ExpectIdle();
+    Given("ALTER TABLE Away RENAME TO Options");
+    Press(Button("cmdNew"));
+    FillMandatory();
+    Given("ALTER TABLE Options RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("Options"));
+    Press(Button("cmdSave"));
+    prompts.Verify();
+    EXPECT_TRUE(IsEnabled("cmdSave"));
+    Given("ALTER TABLE Away RENAME TO Options");
+    Save();
+}
+
 TEST_F(StudentChecksTest, AFaultInReadingBackWhatIsSavedSaysThatItIsSaved)
 {
     StartNew();

@@ -158,6 +158,17 @@ TEST_F(StudentNumbersTest, WhoDeclinesToSeeTheHolderTypesAnotherNumber)
     EXPECT_EQ(FieldHintAt(Box("txtAdmissionNumber")).toStdString(), "") << "the number of a new student";
 }
 
+TEST_F(StudentNumbersTest, ANumberWhoseHolderCannotBeReadIsToldOnceAndCanBeLeft)
+{
+    StartNew();
+    Given("ALTER TABLE StudentMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("StudentMaster"));
+    Enter("101");
+    prompts.Verify();
+    EXPECT_TRUE(HasFocus("txtOptionalAdmissionNo"));
+    Given("ALTER TABLE Away RENAME TO StudentMaster");
+}
+
 TEST_F(StudentNumbersTest, ARelievedHolderIsOfferedToBeLookedAt)
 {
     GivenStudent(StudentNamed(4, "Anu"));
@@ -170,7 +181,8 @@ TEST_F(StudentNumbersTest, ARelievedHolderIsOfferedToBeLookedAt)
     Enter("104");
     EXPECT_EQ(TextOf("txtstudentName"), "Anu");
     EXPECT_TRUE(HasFocus("cmdCancel"));
-    EXPECT_FALSE(IsEnabled("cmdEdit"));
+    for (const char* off : {"fraMain", "cmdEdit", "cmdSave"})
+        EXPECT_FALSE(IsEnabled(off)) << off;
 }
 
 TEST_F(StudentNumbersTest, GivingUpOrSearchingAsksNothing)

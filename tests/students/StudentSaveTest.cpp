@@ -159,6 +159,14 @@ TEST_F(StudentSaveTest, AnOptionalNumberThatTheClerkLeftAloneIsThatOfTheStoreByT
     EXPECT_EQ(StudentRepository(main).Find(4)->optionalAdmissionNo.toStdString(), "N1");
 }
 
+TEST_F(StudentSaveTest, NobodyIsLookedForWhereTheStudentIsNew)
+{
+    Student student = Newcomer("Anu");
+    const auto before = main.StatementsRun();
+    KeepStoredNumber(main, student, saving);
+    EXPECT_EQ(main.StatementsRun(), before);
+}
+
 TEST_F(StudentSaveTest, WhoWasRelievedMeanwhileIsNotChanged)
 {
     StoreStudent(main, StudentNamed(4, "Anu"));

@@ -279,6 +279,15 @@ TEST_F(StudentSearchTest, ASearchThatFailsIsToldAndLeavesTheList)
     EXPECT_EQ(grid->RowCount(), 3);
 }
 
+TEST_F(StudentSearchTest, AStudentWhoCannotBeReadIsNotAskedAbout)
+{
+    ShowAll();
+    Given("ALTER TABLE StudentMaster RENAME TO Gone");
+    prompts.ExpectCritical(NoSuchTable("StudentMaster"));
+    DoubleClick(1);
+    EXPECT_TRUE(SearchIsOpen());
+}
+
 TEST_F(StudentSearchTest, ManyStudentsAreFoundWithOneStatement)
 {
     Given("WITH RECURSIVE n(i) AS (VALUES(200) UNION ALL SELECT i + 1 FROM n WHERE i < 699)"
