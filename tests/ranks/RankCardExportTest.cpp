@@ -3,6 +3,7 @@
 #include "ranks/ExportFlexGridToExcel1.h"
 #include "ranks/RankCards.h"
 #include "reports/output/ExportWorkbook.h"
+#include "reports/output/SheetParts.h"
 #include "reports/output/Workbook.h"
 #include "reports/output/WorkbookReader.h"
 #include "support/FileSizeLimit.h"
@@ -13,6 +14,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <set>
 
 namespace tally::test {
 namespace {
@@ -101,14 +103,15 @@ protected:
         return height * Percent(sheet) / 100;
     }
 
+    /// The sheet counts the room around the letters of a column as letters too.
+    static constexpr double PointsOfDigit = 6.36;
+
     static double PrintedWidth(const WorkbookReader& sheet, int columns)
     {
         double letters = 0;
         for (int column = 1; column <= columns; ++column)
             letters += sheet.ColumnWidth(column);
         EXPECT_EQ(sheet.ColumnFont(), QStringLiteral("Verdana 10"));
-        // The sheet counts the room around the letters of a column as letters too.
-        constexpr double PointsOfDigit = 6.36;
         return letters * PointsOfDigit * Percent(sheet) / 100;
     }
 
@@ -169,8 +172,10 @@ TEST_F(RankCardExport, TheHeadsAndExamLinesFollowWithBordersAndEmptyCellsStayEmp
     EXPECT_FALSE(sheet.At("B13").isNumber);
     for (const char* cell : {"A11", "F11", "G11", "A12", "F12", "G12", "A13", "B13", "F13", "G13"})
         EXPECT_TRUE(sheet.At(cell).style.border) << cell;
-    for (const char* cell : {"A11", "F11", "G11", "A12", "B12", "F12", "G12", "B13", "G13"})
+    for (const char* cell : {"A11", "F11", "G11", "A12", "B12", "F12", "G12", "B13", "G13"}) {
         EXPECT_EQ(sheet.At(cell).style.horizontal, QStringLiteral("center")) << cell;
+        EXPECT_EQ(sheet.At(cell).style.vertical, QStringLiteral("center")) << cell;
+    }
     for (const char* cell : {"A10", "H12", "A14"})
         EXPECT_FALSE(sheet.At(cell).style.border) << cell;
 }
@@ -266,6 +271,66 @@ TEST_F(RankCardExport, ACardOfFewSubjectsSpansAnUprightPageInFullSize)
     EXPECT_GE(PrintedWidth(sheet, 7), 0.9 * room);
 }
 
+TEST_F(RankCardExport, EachColumnHoldsItsLongestTextAndThoseOfEqualTextsAreEqual)
+{
+    for (const int subjects : {1, 20}) {
+        FillLargeCard(1, subjects);
+        const WorkbookReader sheet = Exported(1);
+        for (int column = 1; column <= subjects; ++column) {
+            EXPECT_GT(sheet.ColumnWidth(column), LettersOnPaper(QStringLiteral("100.00"))) << column;
+            EXPECT_DOUBLE_EQ(sheet.ColumnWidth(column), sheet.ColumnWidth(1)) << column;
+        }
+        const int exam = subjects + 5;
+        EXPECT_GT(sheet.ColumnWidth(exam), LettersOnPaper(QStringLiteral("Half Yearly")));
+        EXPECT_GT(sheet.ColumnWidth(subjects + 2), LettersOnPaper(QStringLiteral("Average")));
+    }
+}
+
+TEST_F(RankCardExport, AnExamStandsOnOneLineOnlyWhereItFitsInAnyFont)
+{
+    std::set<bool> linesSeen;
+    for (int letters = 15; letters <= 35; ++letters) {
+        const QString exam = QString(letters, u'x');
+        FillLargeCard(1, 2, QStringLiteral("Asha"), exam);
+        const WorkbookReader sheet = Exported(1);
+        const bool onOneLine = sheet.RowHeight(12) < sheet.RowHeight(11);
+        linesSeen.insert(onOneLine);
+        const double letterRoom = sheet.ColumnWidth(7) * PointsOfDigit / Workbook::WidestLetterPoints;
+        if (onOneLine) {
+            EXPECT_LE(LettersOnPaper(exam), letterRoom) << letters;
+        }
+    }
+    EXPECT_EQ(linesSeen.size(), 2U);
+}
+
+TEST_F(RankCardExport, WhatStandsInTheLastRowAndColumnAskedForIsWrittenAndCountsForTheSizes)
+{
+    const QString exam = QStringLiteral("Revision Before The Quarterly Examination 2024/25");
+    Fill({"|||||Eng|Total|Grade", "First|Asha|7|X|A|60|60|B",
+          exam + QStringLiteral("|Asha|7|X|A|70|70|Distinction"), "", "First|Binu|8|X|A|80|80|A"});
+    const int lastLine = 3;
+    const auto exported = [&](int lastRow) {
+        return WorkbookReader(ExportFlexGridToExcel1(grid_, lastRow, grid_.Cols() - 1, {}, {}, 2));
+    };
+    const WorkbookReader sheet = exported(lastLine);
+    const WorkbookReader withTheBlankRow = exported(lastLine + 1);
+    EXPECT_EQ(sheet.At("D13").value, exam);
+    EXPECT_FALSE(sheet.At("A26").exists) << "Binu stands below";
+    EXPECT_TRUE(sheet.Cells() == withTheBlankRow.Cells());
+    for (int column = 1; column <= 4; ++column)
+        EXPECT_DOUBLE_EQ(sheet.ColumnWidth(column), withTheBlankRow.ColumnWidth(column)) << column;
+    EXPECT_DOUBLE_EQ(sheet.RowHeight(13), withTheBlankRow.RowHeight(13));
+}
+
+TEST_F(RankCardExport, ALineIsOneWhateverItTellsOfItsExamAndStudent)
+{
+    Fill({"|||||Eng", "First|||||60", "||||A|70", "|||||80", ""});
+    const WorkbookReader sheet = Exported();
+    EXPECT_EQ(sheet.At("A12").value, QStringLiteral("60"));
+    EXPECT_EQ(sheet.At("A13").value, QStringLiteral("70"));
+    EXPECT_EQ(sheet.At("A14").value, QString()) << "a mark of nobody";
+}
+
 TEST_F(RankCardExport, TwelveSubjectsLieAcrossThePageInAReadableSize)
 {
     FillLargeCard(5, 12);
@@ -284,9 +349,22 @@ TEST_F(RankCardExport, NoCardIsCutByThePagesEdgeHoweverManyExamsAndSubjectsItHas
             const WorkbookReader sheet = Exported(exams);
             const QSizeF room = Workbook::PrintableArea(Landscape(sheet));
             EXPECT_LE(PrintedWidth(sheet, subjects + 5), room.width()) << exams << ' ' << subjects;
+            EXPECT_GE(PrintedWidth(sheet, subjects + 5), 0.9 * room.width()) << exams << ' ' << subjects;
             EXPECT_LE(PrintedHeight(sheet, 11 + exams + 12), room.height()) << exams << ' ' << subjects;
         }
     }
+}
+
+TEST_F(RankCardExport, ACardThatIsTooHighFillsItsPageButForTheRoomThatOtherFontsTake)
+{
+    constexpr int Exams = 20;
+    constexpr double Filled = 0.96;
+    FillLargeCard(Exams, 2);
+    const WorkbookReader sheet = Exported(Exams);
+    const double height = PrintedHeight(sheet, 11 + Exams + 12);
+    const double room = Filled * Workbook::PrintableArea(Landscape(sheet)).height();
+    EXPECT_LE(height, room);
+    EXPECT_GT(height * (Percent(sheet) + 1) / Percent(sheet), room) << "one percent more would not fit";
 }
 
 TEST_F(RankCardExport, AnAdmissionNumberThatLooksLikeANumberOrAFormulaStaysText)
@@ -362,6 +440,8 @@ TEST_F(RankCardExport, ATitleAndAHeadingTakeTheTwoBlankLines)
     const WorkbookReader sheet(Export(2, QStringLiteral("Progress Card"), QStringLiteral("2024-2025")));
     EXPECT_EQ(sheet.At("A4").value, QStringLiteral("Progress Card"));
     EXPECT_EQ(sheet.At("A5").value, QStringLiteral("2024-2025"));
+    for (const char* cell : {"A4", "A5"})
+        EXPECT_EQ(sheet.At(cell).style.vertical, QStringLiteral("center")) << cell;
     EXPECT_EQ(sheet.At("A29").value, QStringLiteral("Progress Card"));
 }
 

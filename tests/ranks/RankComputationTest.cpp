@@ -381,6 +381,18 @@ TEST(GradeTable, StandsInRisingSubjectAveragesDivisionByDivision)
     EXPECT_EQ(upper, (std::vector<double>{29, 100, 19, 39, 49, 100}));
 }
 
+TEST(GradeTable, KeepsBandsOfTheSameAveragesInTheirOrder)
+{
+    TestSchool school;
+    school.AddDivision(1, "A");
+    school.AddBand(1, 80, 50, "A", 1);
+    school.AddBand(1, 80, 50, "B", 2);
+    const std::vector<GradeBand> table = school.Input().gradeTable;
+    ASSERT_EQ(table.size(), 2U);
+    EXPECT_EQ(table[0].grade, "A");
+    EXPECT_EQ(table[1].grade, "B");
+}
+
 TEST(GradeTable, WithOneSubjectAverageForAllStillGivesTheHighestGradeReached)
 {
     TestSchool school;

@@ -1,6 +1,8 @@
 #include "core/shell/mdiTallyboard.h"
 #include "ranks/RankScreen.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QFrame>
 #include <QMap>
 
@@ -104,6 +106,31 @@ TEST_F(RankListSummary, APanelOfManyLinesStaysWithinTheFormAndScrolls)
     FlexGrid* summary = Summary();
     summary->SetCurrentCell(summary->Rows() - 1, 0);
     EXPECT_TRUE(summary->viewport()->rect().contains(summary->CellRect(summary->Rows() - 1, 0)));
+}
+
+TEST_F(RankListSummary, ThePanelStaysInTheMiddleOfAFormThatChangesItsSize)
+{
+    GivenFiveStudents();
+    window->setWindowState(Qt::WindowNoState);
+    window->resize(1000, 700);
+    OpenAndProceed();
+    Press(Button("cmdTotalDetails"));
+    Settle();
+    form->resize(form->size() + QSize(80, 60));
+    EXPECT_LE((Panel()->geometry().center() - form->rect().center()).manhattanLength(), 2);
+}
+
+TEST_F(RankListSummary, ThePanelIsSetOffAndItsLinesCanBeCopiedAllAtOnce)
+{
+    GivenFiveStudents();
+    OpenAndProceed();
+    Press(Button("cmdTotalDetails"));
+    EXPECT_TRUE(Panel()->property("floating").toBool());
+    QTest::keyClick(Summary(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(Summary(), Qt::Key_C, Qt::ControlModifier);
+    const QStringList lines = QApplication::clipboard()->text().split(QLatin1Char('\n'));
+    EXPECT_EQ(lines.size(), Summary()->Rows() - 1) << "all but the hidden head";
+    EXPECT_TRUE(lines.front().startsWith(QStringLiteral("TOTAL STRENGTH")));
 }
 
 TEST_F(RankListSummary, TabGoesRoundWithinThePanel)

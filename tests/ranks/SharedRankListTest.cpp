@@ -215,6 +215,7 @@ TEST_F(SharedRankList, ALockWhileProceedingLeavesTheSelectionOpenAndTheOtherClie
     prompts.Verify();
     other->Rollback();
     EXPECT_TRUE(Find<QGroupBox>(form, "Frame2")->isEnabled());
+    EXPECT_TRUE(Button("cmdUpdate")->hasFocus());
     EXPECT_FALSE(Button("cmdSave")->isEnabled());
     EXPECT_EQ(ForeignRows(), 2);
     Press(Button("cmdView"));

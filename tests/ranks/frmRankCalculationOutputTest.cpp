@@ -110,9 +110,12 @@ TEST_F(RankListOutput, TheNamesStayInSightBesideTheRanks)
 {
     GivenALongAndWideList();
     OpenAndProceed();
+    const int two = grid->ColWidth(0) + grid->ColWidth(1);
     const QImage names = LeftEdge(grid, grid->ColWidth(0));
+    const QImage namesAndNumbers = LeftEdge(grid, two);
     grid->horizontalScrollBar()->setValue(grid->horizontalScrollBar()->maximum());
     EXPECT_TRUE(LeftEdge(grid, grid->ColWidth(0)) == names);
+    EXPECT_FALSE(LeftEdge(grid, two) == namesAndNumbers) << "nothing else stays";
     EXPECT_LT(grid->CellRect(RankListRows::FirstStudent, grid->Cols() - 1).right(),
               grid->viewport()->width());
 }

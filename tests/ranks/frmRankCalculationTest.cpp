@@ -152,6 +152,7 @@ TEST_F(RankListSelection, ProceedingAsksForExamThenClassThenDivisions)
     prompts.ExpectInformation(QStringLiteral("Select Division(s)"));
     Press(Button("cmdUpdate"));
     EXPECT_TRUE(divisions->hasFocus());
+    EXPECT_FALSE(Button("cmdExport")->isEnabled());
 }
 
 TEST_F(RankListSelection, EachDivisionThatIsNotReadyCarriesItsMarkAndIsRefusedWithItsReason)
@@ -389,12 +390,44 @@ TEST_F(RankListSelection, SelectAllPassesOverADivisionThatIsNotReadyHoweverItWas
 {
     GivenDivision(1, "A");
     school->AddDivision(2, "B");
+    GivenDivision(3, "C");
     OpenForm();
     ChooseExamAndClass();
     ASSERT_FALSE(selectAll->isEnabled());
     selectAll->setEnabled(true);
     Press(selectAll);
-    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
+    EXPECT_EQ(divisions->TickedIndexes(), (QList<int>{0, 2}));
+}
+
+TEST_F(RankListSelection, CancelOpensSelectAllForTheNextClassAndOffersWhatTheSchoolHasByThen)
+{
+    school->AddDivision(1, "A");
+    OpenForm();
+    ChooseExamAndClass();
+    ASSERT_FALSE(selectAll->isEnabled());
+    const auto exams = exam->count();
+    const auto others = classes->count();
+    Given("INSERT INTO ExamMaster VALUES (2, 'Term Two', 2, 0)");
+    Given("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 9, 2, 0)");
+    Press(Button("cmdCancel"));
+    EXPECT_TRUE(selectAll->isEnabled());
+    EXPECT_EQ(exam->count(), exams + 1);
+    EXPECT_EQ(classes->count(), others + 1);
+}
+
+TEST_F(RankListSelection, CancelOffersNothingThatCouldNotBeReadAgain)
+{
+    GivenDivision(1, "A");
+    OpenForm();
+    Given("ALTER TABLE ExamMaster RENAME TO Lost");
+    prompts.ExpectCritical(NoSuchTable("ExamMaster"));
+    Press(Button("cmdCancel"));
+    prompts.Verify();
+    for (const char* list : {"Cboexamname", "cboClass"}) {
+        EXPECT_EQ(List(list)->count(), 1) << list;
+        EXPECT_TRUE(List(list)->IsBlank()) << list;
+    }
+    Given("ALTER TABLE Lost RENAME TO ExamMaster");
 }
 
 TEST_F(RankListSelection, SelectAllUntickedStartsTheComparisonOfGradesAnew)
@@ -529,6 +562,7 @@ TEST_F(RankListSelection, CancelEmptiesEverythingAndDropsTheWorkingTable)
     EXPECT_TRUE(selectAll->isEnabled());
     EXPECT_EQ(grid->Rows(), 2);
     EXPECT_EQ(grid->Cols(), 4);
+    EXPECT_TRUE(grid->Table().RowHidden(RankListRows::Codes));
     for (const char* name : {"cmdSave", "cmdExport", "cmdPrintSetup", "cmdTotalDetails"})
         EXPECT_FALSE(Button(name)->isEnabled()) << name;
     EXPECT_EQ(Session().gcnnTemp->Number(

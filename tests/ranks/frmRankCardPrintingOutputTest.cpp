@@ -87,6 +87,7 @@ TEST_F(RankCardOutput, EveryChangeOfTheSelectionTakesTheCardsAway)
              QTest::keyClick(divisions, Qt::Key_Up);
          }},
         {"the subjects to display", [&] { Press(Option("Optsubjectdisplayyes")); }},
+        {"a new start", [&] { Press(Button("cmdCancel")); }},
     };
     for (const auto& [name, change] : changes) {
         SCOPED_TRACE(name);
@@ -252,6 +253,8 @@ TEST_F(RankCardOutput, AFailureOfTheStoreIsToldAndTheScreenGoesOn)
     Tick(exams, 0);
     ChooseDivision();
     Press(allStudents);
+    Press(Button("cmdView"));
+    ASSERT_EQ(grid->Rows(), 6);
     Given("Alter table TempRankTotal rename to Away");
     prompts.ExpectCritical(NoSuchTable("TempRankTotal"));
     Press(Button("cmdView"));

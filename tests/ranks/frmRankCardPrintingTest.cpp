@@ -5,6 +5,8 @@
 #include <QLineEdit>
 #include <QToolBar>
 
+#include <cstdlib>
+
 namespace tally::test {
 namespace {
 
@@ -27,6 +29,15 @@ TEST_F(RankCardSelection, OpensWithTheExamsInFrontAndNothingChosen)
     EXPECT_EQ(Find<QLabel>(form, "Label4")->text(), QStringLiteral("[   ] Denotes Marks Are Not Entered "));
     EXPECT_EQ(Button("cmdExport")->toolTip(), QStringLiteral("Export To EXCEL"));
     ExpectNoCards();
+}
+
+TEST_F(RankCardSelection, TheSignOfTheKeyStandsBetweenTheBracketsOfItsNote)
+{
+    OpenForm();
+    const auto* note = Find<QLabel>(form, "Label4");
+    const auto* sign = Find<QLabel>(form, "Label5");
+    const int brackets = note->fontMetrics().horizontalAdvance(QStringLiteral("[   ]"));
+    EXPECT_LE(std::abs(2 * (sign->geometry().center().x() - note->x()) - brackets), 4);
 }
 
 TEST_F(RankCardSelection, AClassAloneReadsItsDivisionsAndNoStudents)
@@ -266,6 +277,20 @@ TEST_F(RankCardSelection, CancelBringsTheScreenBackToItsStart)
     EXPECT_EQ(students->count(), 0);
     EXPECT_TRUE(exams->hasFocus());
     ExpectNoCards();
+}
+
+TEST_F(RankCardSelection, CancelLeavesNothingChosenThatCouldNotBeReadAgain)
+{
+    GivenTwoStudents();
+    OpenAndProceed();
+    Given("ALTER TABLE ClassDivisionMaster RENAME TO Lost");
+    prompts.ExpectCritical(NoSuchTable("ClassDivisionMaster"));
+    Press(Button("cmdCancel"));
+    prompts.Verify();
+    EXPECT_TRUE(classes->IsBlank());
+    EXPECT_EQ(students->count(), 0);
+    ExpectNoCards();
+    Given("ALTER TABLE Lost RENAME TO ClassDivisionMaster");
 }
 
 TEST_F(RankCardSelection, LeavingAsksByTheCaption)
