@@ -1,12 +1,12 @@
 #include "store/Backup.h"
 
+#include "NoRoom.h"
 #include "SchoolFile.h"
 #include "store/OwnFiles.h"
-#include "store/UnfinishedFile.h"
 #include "support/AsOrdinaryUser.h"
+#include "support/EngineWaits.h"
 #include "support/FileSizeLimit.h"
 
-#include <QDateTime>
 #include <QFileInfo>
 
 #include <sys/stat.h>
@@ -51,6 +51,16 @@ TEST_F(Backup, IsTheFileByteForByteAndLeavesNothingElse)
     ExpectNothingLeft({QStringLiteral("Copy.mdb"), QStringLiteral("Tallyboard.mdb")});
 }
 
+TEST_F(Backup, ToTheSameDiskIsCopiedOnce)
+{
+    std::vector<qint64> totals;
+    BackUp(Target(), [&totals](qint64, qint64 total) {
+        totals.push_back(total);
+        return true;
+    });
+    EXPECT_EQ(totals, std::vector<qint64>{QFileInfo(files.Path()).size()});
+}
+
 TEST_F(Backup, HoldsWhatWasCommittedAndNotWhatAnotherClientHasUnderWay)
 {
     Connection other(files.Path(), Password);
@@ -84,7 +94,7 @@ TEST_F(Backup, ThatIsCancelledAtAnyWordLeavesTheEarlierOne)
     ASSERT_GT(words, 0);
     for (int allowed = 0; allowed < words; ++allowed) {
         int heard = 0;
-        EXPECT_THROW(BackUp(Target(), [&](qint64, qint64) { return heard++ < allowed; }), store::Cancelled);
+        EXPECT_THROW(BackUp(Target(), [&](qint64, qint64) { return heard++ != allowed; }), store::Cancelled);
         EXPECT_EQ(files.Bytes(QStringLiteral("Copy.mdb")), earlier);
     }
     ExpectNothingLeft(
@@ -261,10 +271,14 @@ protected:
 
 TEST_F(BackupOfAGroup, BelongsToTheSameGroupWhateverItsFolderGives)
 {
-    SetMode(files.Path(), 0660);
-    BackUp(OnStick());
-    EXPECT_EQ(StatusOf(OnStick()).st_gid, Office);
-    EXPECT_EQ(ModeOf(OnStick()), 0660U);
+    constexpr gid_t OwnersOfTheMachine = 0;
+    for (const gid_t group : {Office, OwnersOfTheMachine}) {
+        GiveTo(files.Path(), group);
+        SetMode(files.Path(), 0660);
+        BackUp(OnStick());
+        EXPECT_EQ(StatusOf(OnStick()).st_gid, group);
+        EXPECT_EQ(ModeOf(OnStick()), 0660U);
+    }
 }
 
 TEST_F(BackupOfAGroup, GivesAnotherGroupNoMoreThanEverybodyWhereItCannotBelongToTheSame)
@@ -319,6 +333,43 @@ TEST_F(BackupElsewhere, LetsOthersSaveWhileTheOtherDiskIsWrittenTo)
     EXPECT_EQ(NamesIn(stick.path()), QStringList{QStringLiteral("Copy.mdb")});
 }
 
+TEST_F(BackupElsewhere, TellsHowFarItHasComeThroughBothHalvesOfItsWork)
+{
+    Connection main(files.Path(), Password);
+    AddBallast(main);
+    const qint64 size = QFileInfo(files.Path()).size();
+    constexpr qint64 Step = 1 << 20;
+    std::vector<qint64> expected;
+    for (const qint64 half : {qint64(0), size})
+        for (qint64 at = 0; at < size; at += Step)
+            expected.push_back(half + at);
+    std::vector<qint64> heard;
+    store::BackUp(main, Password, OnStick(), [&](qint64 done, qint64 total) {
+        // The last words are of the proof.
+        if (total > 0) {
+            EXPECT_EQ(total, 2 * size);
+            heard.push_back(done);
+        }
+        return true;
+    });
+    EXPECT_EQ(heard, expected);
+}
+
+TEST_F(BackupElsewhere, OfAFileThatAnotherClientHoldsWaitsForItOnce)
+{
+    const BriefWaits soon;
+    Connection main(files.Path(), Password);
+    Connection other(files.Path(), Password);
+    other.Execute(QStringLiteral("BEGIN EXCLUSIVE"));
+    const auto waits = [&main](const QString& place) {
+        const std::size_t before = EngineWaits();
+        const auto error = ErrorOf([&] { store::BackUp(main, Password, place); });
+        EXPECT_TRUE(error && error->IsLocked());
+        return EngineWaits() - before;
+    };
+    EXPECT_EQ(waits(OnStick()), waits(Target()));
+}
+
 TEST_F(BackupElsewhere, IsMadeAlsoWhereNothingCanBeWrittenBesideTheFile)
 {
     SetMode(files.Path(), 0666);
@@ -333,6 +384,13 @@ TEST_F(BackupElsewhere, IsMadeAlsoWhereNothingCanBeWrittenBesideTheFile)
     SetMode(files.Folder(), 0755);
 }
 
+TEST_F(BackupElsewhere, IsMadeAlsoWhereTheOwnDiskHasNoRoomForACopy)
+{
+    const NoRoom full;
+    BackUp(OnStick());
+    EXPECT_EQ(StatesIn(OnStick()), 3);
+}
+
 TEST_F(BackupElsewhere, ThatIsCancelledAtAnyWordLeavesNothingOnEitherDisk)
 {
     Connection main(files.Path(), Password);
@@ -342,7 +400,7 @@ TEST_F(BackupElsewhere, ThatIsCancelledAtAnyWordLeavesNothingOnEitherDisk)
     for (int allowed = 0; allowed < words; ++allowed) {
         int heard = 0;
         EXPECT_THROW(
-            store::BackUp(main, Password, OnStick(), [&](qint64, qint64) { return heard++ < allowed; }),
+            store::BackUp(main, Password, OnStick(), [&](qint64, qint64) { return heard++ != allowed; }),
             store::Cancelled);
         ExpectNothingLeft();
         EXPECT_EQ(NamesIn(stick.path()), QStringList());
@@ -366,21 +424,11 @@ TEST_F(Backup, OfADamagedFileIsRefusedAndTheEarlierOneStays)
     EXPECT_EQ(files.Bytes(QStringLiteral("Copy.mdb")), earlier);
 }
 
-TEST_F(Backup, ClearsAwayWhatProgramsThatWereKilledHaveLeftButNotWhatOneWritesJustNow)
+TEST_F(Backup, OfAFileWhoseIndexLacksARowIsMadeAllTheSame)
 {
-    const QStringList names{QStringLiteral("Tallyboard.0000abcd.part"),
-                            QStringLiteral("Tallyboard.0000abce.part"),
-                            QStringLiteral("Tallyboard.notes.part")};
-    for (const QString& name : names)
-        files.Write(QByteArray("half"), name);
-    for (const QString& name : {names[0], names[2]}) {
-        QFile file(files.Path(name));
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        ASSERT_TRUE(
-            file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
-    }
+    SpoilIndex(files.Path());
     BackUp(Target());
-    ExpectNothingLeft({QStringLiteral("Copy.mdb"), names[1], QStringLiteral("Tallyboard.mdb"), names[2]});
+    EXPECT_EQ(files.Bytes(QStringLiteral("Copy.mdb")), files.Bytes());
 }
 
 class DayCopyFiles : public Backup
@@ -461,22 +509,33 @@ TEST_F(DayCopyFiles, FilesOfAnotherNameAreNobodysBusiness)
                              QStringLiteral("Old Tallyboard copy of 2026-11-01.mdb")};
     for (const QString& name : others)
         files.Write(QByteArray("somebody's"), name);
+    const QString link = files.Path(QStringLiteral("Tallyboard copy of 2026-11-02.mdb"));
+    ASSERT_TRUE(QFile::link(files.Path(others.first()), link));
     for (int day = 1; day <= 9; ++day)
         Keep(QDate(2026, 11, 20).addDays(day));
     EXPECT_EQ(Kept().size(), 7);
     for (const QString& name : others)
         EXPECT_TRUE(QFile::exists(files.Path(name))) << name.toStdString();
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
 }
 
-TEST_F(DayCopyFiles, WithoutRoomThereIsNoneAndNobodyHears)
+TEST_F(DayCopyFiles, NoneIsMadeThatWouldLeaveTheDiskWithoutRoomForASave)
 {
-    Keep(QDate(2026, 11, 21));
+    const NoRoom full;
+    Keep(QDate(2026, 11, 22));
+    ExpectNothingLeft();
+}
+
+TEST_F(DayCopyFiles, WithoutRoomThereIsNoneAndNobodyHearsAndTheOthersStay)
+{
+    for (int day = 1; day <= 7; ++day)
+        Keep(QDate(2026, 11, 14).addDays(day));
+    const QStringList before = NamesIn(files.Folder());
+    EXPECT_EQ(before.size(), 8);
     Connection main(files.Path(), Password);
     const FileSizeLimit full(8192);
     store::KeepDayCopy(main, Password, QDate(2026, 11, 22));
-    EXPECT_EQ(Kept(), QStringList{QStringLiteral("Tallyboard copy of 2026-11-21.mdb")});
-    ExpectNothingLeft(
-        {QStringLiteral("Tallyboard copy of 2026-11-21.mdb"), QStringLiteral("Tallyboard.mdb")});
+    ExpectNothingLeft(before);
 }
 
 /// Saves one state after the other until it is told to end, and knows which of them were stored.

@@ -2,6 +2,7 @@
 
 #include "SchoolFile.h"
 #include "support/FileSizeLimit.h"
+#include "support/OneMoment.h"
 
 #include <QFileInfo>
 
@@ -115,6 +116,22 @@ TEST_F(CompactTest, AClientThatIsInItsWayIsToldAsALockAndTheFileIsAsItWas)
     EXPECT_EQ(files.Bytes(), before);
 }
 
+TEST_F(CompactTest, AClientThatSavesBetweenTheCopyAndTheRewritingEndsTheWork)
+{
+    Connection main(files.Path(), Password);
+    Connection other(files.Path(), Password);
+    std::optional<store::StoreError> error;
+    RunBehind(
+        "ROLLBACK", [&other] { AddState(other, 99, QStringLiteral("Goa")); },
+        [&] { error = ErrorOf([&] { store::Compact(main, Password); }); });
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->IsLocked());
+    EXPECT_EQ(error->Description().toStdString(),
+              "The Data Is In Use By Another Client. Please Try Again In A Moment (another client has saved "
+              "meanwhile)");
+    EXPECT_EQ(StatesIn(files.Path()), 6);
+}
+
 TEST_F(CompactTest, AnUnfinishedSaveBesideTheCopyIsNamed)
 {
     Compact();
@@ -141,7 +158,10 @@ TEST_F(CompactTest, AFolderInTheWayOfACopyIsToldAndNothingIsDone)
 {
     const QByteArray before = files.Bytes();
     ASSERT_TRUE(QDir(files.Folder()).mkdir(QStringLiteral("MarkTemp.mdb")));
-    EXPECT_TRUE(ErrorOf([this] { Compact(); }));
+    const auto error = ErrorOf([this] { Compact(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Description().toStdString(),
+              "The Copy Could Not Be Written (its name could not be given)");
     EXPECT_EQ(files.Bytes(), before);
 }
 

@@ -1,6 +1,7 @@
 #include "StoreFiles.h"
 #include "support/AsOrdinaryUser.h"
 #include "support/EngineWaits.h"
+#include "support/StoreWords.h"
 
 #include <chrono>
 #include <optional>
@@ -124,8 +125,7 @@ TEST(Faults, AReadOnlyFileCanBeReadAndRefusesASaveInPlainWords)
         EXPECT_EQ(Names(connection), 1);
         const auto error = ErrorOf([&] { AddName(connection, QStringLiteral("Balu")); });
         ASSERT_TRUE(error);
-        EXPECT_TRUE(error->Description().startsWith(QLatin1String("The Database Can Only Be Read")))
-            << error->what();
+        EXPECT_EQ(error->Description(), OnlyReadable);
         EXPECT_EQ(Names(connection), 1);
     }
     EXPECT_EQ(files.Bytes(), before);

@@ -1,6 +1,8 @@
 #include "store/OwnFiles.h"
 
+#include "store/StoreError.h"
 #include "support/FileSizeLimit.h"
+#include "support/OpenFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -8,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include <array>
+#include <cerrno>
 #include <gtest/gtest.h>
 #include <limits>
 #include <sys/inotify.h>
@@ -117,6 +120,16 @@ TEST_F(OwnFiles, AFileMovesToAFreeName)
     EXPECT_FALSE(QFile::exists(Path("draft")));
 }
 
+TEST_F(OwnFiles, WhateverIsMovedOrReplacedIsHeldOpenByNobody)
+{
+    const std::string before = OpenFiles();
+    Write("draft", "text");
+    EXPECT_TRUE(MoveToFreeName(Path("draft"), Path("letter")));
+    EXPECT_TRUE(MoveInPlace(Path("letter"), Path("draft")));
+    EXPECT_TRUE(ReplaceFile(Path("draft"), "another text"));
+    EXPECT_EQ(OpenFiles(), before);
+}
+
 TEST_F(OwnFiles, AFileNeverMovesOverAnotherOneOrThroughALink)
 {
     LayLetters();
@@ -200,6 +213,43 @@ TEST_F(OwnFiles, AFolderBehindALinkIsNotEntered)
     EXPECT_TRUE(QFileInfo(Path("folder")).isSymLink());
 }
 
+/// A disk that takes nothing and does not say why.
+class StubbornDisk : public QIODevice
+{
+protected:
+    qint64 readData(char*, qint64) override { return 0; }
+    qint64 writeData(const char*, qint64) override { return 0; }
+};
+
+TEST(WriteAll, GivesUpWhereNothingIsTaken)
+{
+    StubbornDisk disk;
+    ASSERT_TRUE(disk.open(QIODevice::WriteOnly));
+    EXPECT_THROW(store::WriteAll(disk, "a clerk's letter"), StoreError);
+}
+
+TEST(CopyFailure, CallsADiskWithoutRoomByItsNameWhoeverSetTheLimit)
+{
+    const auto told = [](int reason) {
+        errno = reason;
+        return CopyFailure().Description();
+    };
+    const QString full = QStringLiteral("The Disk Is Full. This Was Not Saved (%1)");
+    for (const int reason : {ENOSPC, EDQUOT})
+        EXPECT_EQ(told(reason), full.arg(qt_error_string(reason)));
+    EXPECT_EQ(told(EIO), QStringLiteral("The Copy Could Not Be Written (%1)").arg(qt_error_string(EIO)));
+}
+
+TEST_F(OwnFiles, ACopyOfWhatIsNoLongerThereKeepsItsRights)
+{
+    Write("copy", "text");
+    QFile copy(Path("copy"));
+    ASSERT_TRUE(copy.open(QIODevice::ReadWrite));
+    const auto before = copy.permissions();
+    TakeRightsOf(copy, Path("nowhere"));
+    EXPECT_EQ(QFile::permissions(Path("copy")), before);
+}
+
 TEST(OwnFilesRoomTest, ACopyLeavesRoomForTwoFilesLikeIt)
 {
     EXPECT_TRUE(LeavesRoom(300, 100));
@@ -208,6 +258,7 @@ TEST(OwnFilesRoomTest, ACopyLeavesRoomForTwoFilesLikeIt)
     const QTemporaryDir folder;
     EXPECT_TRUE(HasRoomFor(1, folder.path()));
     EXPECT_FALSE(HasRoomFor(std::numeric_limits<qint64>::max() / 4, folder.path()));
+    EXPECT_TRUE(HasRoomFor(1, folder.filePath(QStringLiteral("Nowhere")))) << "in doubt there is";
 }
 
 TEST(OwnFilesRoomTest, AFolderLiesOnTheDiskOfTheFolderAroundItAndInDoubtEverythingDoes)

@@ -1,9 +1,11 @@
 #include "store/Restore.h"
 
+#include "NoRoom.h"
 #include "OldMainFile.h"
 #include "SchoolFile.h"
 #include "store/Backup.h"
 #include "store/OwnFiles.h"
+#include "support/EngineWaits.h"
 #include "support/FileSizeLimit.h"
 
 #include <QFileInfo>
@@ -28,6 +30,18 @@ protected:
         store::Restore restore(Source(), Password);
         Connection main(files.Path(), Password);
         return restore.PourInto(main, now);
+    }
+    /// How many unfinished files lie beside the school's at most while it is restored.
+    qsizetype CopiesDuring(const QString& source) const
+    {
+        store::Restore restore(source, Password);
+        Connection main(files.Path(), Password);
+        qsizetype copies = 0;
+        restore.PourInto(main, QDateTime::currentDateTime(), [&](qint64, qint64) {
+            copies = std::max(copies, NamesIn(files.Folder()).filter(QStringLiteral(".part")).size());
+            return true;
+        });
+        return copies;
     }
     std::string Refusal() const
     {
@@ -146,7 +160,7 @@ TEST_F(RestoreTest, ThatIsCancelledAtAnyWordLeavesTheOldSchool)
     files.Write(before);
     for (int allowed = 0; allowed < words; ++allowed) {
         int heard = 0;
-        EXPECT_THROW(restoreWith([&](qint64, qint64) { return heard++ < allowed; }), store::Cancelled);
+        EXPECT_THROW(restoreWith([&](qint64, qint64) { return heard++ != allowed; }), store::Cancelled);
         ExpectAsBefore();
     }
 }
@@ -256,6 +270,19 @@ TEST_F(RestoreTest, ADamagedPageAnywhereIsRefused)
     ExpectAsBefore();
 }
 
+TEST_F(RestoreTest, AFileWhoseIndexLacksARowIsRefused)
+{
+    const std::string damaged = "The Database File Is Damaged (row ";
+    store::Restore restore(Source(), Password);
+    SpoilIndex(Source());
+    EXPECT_EQ(Refusal().substr(0, damaged.size()), damaged);
+    Connection main(files.Path(), Password);
+    const auto error = ErrorOf([&] { restore.PourInto(main, QDateTime::currentDateTime()); });
+    ASSERT_TRUE(error) << "it was spoilt behind its proof";
+    EXPECT_EQ(error->Description().toStdString().substr(0, damaged.size()), damaged);
+    ExpectAsBefore();
+}
+
 TEST_F(RestoreTest, ACutFileIsRefused)
 {
     const QByteArray whole = files.Bytes(QStringLiteral("Source.mdb"));
@@ -297,6 +324,98 @@ TEST_F(RestoreTest, ASourceThatChangesBehindItsProofIsProvedAnew)
     Connection main(files.Path(), Password);
     EXPECT_TRUE(ErrorOf([&] { restore.PourInto(main, QDateTime::currentDateTime()); }));
     ExpectAsBefore();
+}
+
+TEST_F(RestoreTest, ASourceThatIsStillTheSameIsNotProvedAgain)
+{
+    for (const bool older : {false, true}) {
+        if (older)
+            LayOldSchoolFile(Source());
+        {
+            Connection source(Source(), Password);
+            AddLongTable(source);
+        }
+        int proving = 0;
+        // Nobody knows how long a proof takes.
+        const auto count = [&proving](qint64, qint64 total) {
+            proving += total == 0 ? 1 : 0;
+            return true;
+        };
+        store::Restore restore(Source(), Password, count);
+        EXPECT_GT(proving, 0) << older;
+        proving = 0;
+        Connection main(files.Path(), Password);
+        restore.PourInto(main, QDateTime::currentDateTime(), count);
+        EXPECT_EQ(proving, 0) << older;
+    }
+}
+
+TEST_F(RestoreTest, OnlyAFileOfAnOlderProgramNeedsAFolderForItsCopy)
+{
+    const WorkFolder work(files);
+    ASSERT_TRUE(QDir(files.Path(QStringLiteral("Work"))).removeRecursively());
+    files.Write(QByteArray("no folder"), QStringLiteral("Work"));
+    Restore();
+    EXPECT_EQ(StatesIn(files.Path()), 40);
+    LayOldSchoolFile(Source());
+    const QString refusal = QString::fromStdString(Refusal());
+    EXPECT_TRUE(refusal.startsWith(QLatin1String("The Copy Could Not Be Written (")) &&
+                refusal.endsWith(u')'))
+        << refusal.toStdString();
+}
+
+TEST_F(RestoreTest, AFileOnTheSameDiskIsPouredWithoutACopy)
+{
+    EXPECT_EQ(CopiesDuring(Source()), 1) << "of the school that is replaced";
+}
+
+TEST_F(RestoreTest, WhatIsKeptStaysWhereTheFileCannotBeReadBehindAFailure)
+{
+    {
+        Connection source(Source(), Password);
+        AddBallast(source);
+    }
+    store::Restore restore(Source(), Password);
+    Connection main(files.Path(), Password);
+    const auto breakDisk = [this](qint64, qint64) {
+        if (store::KeptBeforeRestore(files.Path()).isEmpty())
+            return true;
+        QFile file(files.Path());
+        EXPECT_TRUE(file.open(QIODevice::ReadWrite));
+        EXPECT_EQ(file.write(QByteArray(4096, 'x')), 4096);
+        return false;
+    };
+    EXPECT_TRUE(ErrorOf([&] { restore.PourInto(main, QDateTime::currentDateTime(), breakDisk); }));
+    const QStringList kept = store::KeptBeforeRestore(files.Path());
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(StatesIn(kept.first()), 3);
+}
+
+TEST_F(RestoreTest, ALinkUnderTheNameOfAKeptFileIsSomebodysOwn)
+{
+    const QString link = files.Path(QStringLiteral("Tallyboard before restore 2026-11-21 09.30.mdb"));
+    ASSERT_TRUE(QFile::link(Source(), link));
+    EXPECT_EQ(store::KeptBeforeRestore(files.Path()), QStringList());
+    Restore();
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+}
+
+TEST_F(RestoreTest, AClientInTheWayIsWaitedForOnce)
+{
+    const BriefWaits soon;
+    store::Restore restore(Source(), Password);
+    Connection main(files.Path(), Password);
+    Connection other(files.Path(), Password);
+    other.Execute(QStringLiteral("BEGIN EXCLUSIVE"));
+    const auto waits = [](const std::function<void()>& work) {
+        const std::size_t before = EngineWaits();
+        const auto error = ErrorOf(work);
+        EXPECT_TRUE(error && error->IsLocked());
+        return EngineWaits() - before;
+    };
+    const auto ofRestore = waits([&] { restore.PourInto(main, QDateTime::currentDateTime()); });
+    EXPECT_GT(ofRestore, 0U);
+    EXPECT_EQ(ofRestore, waits([&] { const store::Transaction saving(main); }));
 }
 
 TEST_F(RestoreTest, AFileThatAnEarlierOneHasKeptIsRestoredAndStays)
@@ -370,14 +489,46 @@ TEST_F(RestoreTest, WhatWasProvedIsOneMoment)
     ExpectAsBefore();
 }
 
-TEST_F(RestoreTest, OfAFileOnAnotherDiskKeepsOthersWaitingForTheOwnDiskOnly)
+/// A restore of a file on another disk than the school's.
+class RestoreFromElsewhere : public RestoreTest
 {
-    const QTemporaryDir stick(QStringLiteral("/dev/shm/restore-XXXXXX"));
-    if (!stick.isValid() || store::AreOnOneDisk(stick.path(), files.Folder()))
-        GTEST_SKIP() << "this machine has one disk only";
-    const QString source = stick.filePath(QStringLiteral("Source.mdb"));
-    ASSERT_TRUE(QFile::copy(Source(), source));
-    store::Restore restore(source, Password);
+protected:
+    void SetUp() override
+    {
+        if (!stick.isValid() || store::AreOnOneDisk(stick.path(), files.Folder()))
+            GTEST_SKIP() << "this machine has one disk only";
+        ASSERT_TRUE(QFile::copy(Source(), OnStick()));
+    }
+    QString OnStick() const { return stick.filePath(QStringLiteral("Source.mdb")); }
+
+    QTemporaryDir stick{QStringLiteral("/dev/shm/restore-XXXXXX")};
+};
+
+TEST_F(RestoreFromElsewhere, ThatIsCancelledAtAnyWordLeavesTheOldSchool)
+{
+    store::Restore restore(OnStick(), Password);
+    for (int allowed = 0; allowed < 2; ++allowed) {
+        Connection main(files.Path(), Password);
+        int heard = 0;
+        EXPECT_THROW(restore.PourInto(main, QDateTime::currentDateTime(),
+                                      [&](qint64, qint64) { return heard++ != allowed; }),
+                     store::Cancelled);
+        ExpectAsBefore();
+    }
+}
+
+TEST_F(RestoreFromElsewhere, IsPouredFromThereWhereTheOwnDiskHasNoRoomForACopy)
+{
+    {
+        const NoRoom full;
+        EXPECT_EQ(CopiesDuring(OnStick()), 1) << "of the school that is replaced";
+    }
+    EXPECT_EQ(StatesIn(files.Path()), 40);
+}
+
+TEST_F(RestoreFromElsewhere, KeepsOthersWaitingForTheOwnDiskOnly)
+{
+    store::Restore restore(OnStick(), Password);
     Connection main(files.Path(), Password);
     Connection other(files.Path(), Password);
     other.SetPatience(std::chrono::milliseconds(0));

@@ -26,6 +26,33 @@ inline void LaySchoolFile(const QString& path, int states)
     transaction.Commit();
 }
 
+/// Makes a file so large that copying and pouring it takes several steps.
+inline void AddBallast(store::Connection& file)
+{
+    file.Execute(QStringLiteral("CREATE TABLE Ballast (Sand)"));
+    file.Execute(QStringLiteral("INSERT INTO Ballast VALUES (zeroblob(3000000))"));
+}
+
+/// Makes a table so long that proving it with its index takes several words.
+inline void AddLongTable(store::Connection& file)
+{
+    file.Execute(QStringLiteral("CREATE TABLE Numbers (Number INTEGER UNIQUE)"));
+    file.Execute(QStringLiteral("WITH RECURSIVE Count (Number) AS (SELECT 1 UNION ALL SELECT Number + 1 FROM "
+                                "Count WHERE Number < 100000) INSERT INTO Numbers SELECT Number FROM Count"));
+}
+
+/// Leaves a row of the file out of one of its indexes: the index is one over another column now.
+inline void SpoilIndex(const QString& path)
+{
+    store::Connection file(path, Password);
+    file.Execute(QStringLiteral("INSERT INTO CityMaster (CityCode, StateCode) VALUES (5, 1)"));
+    file.Execute(QStringLiteral("PRAGMA writable_schema = ON"));
+    file.Execute(QStringLiteral("UPDATE sqlite_master SET sql = 'CREATE INDEX StateCities ON CityMaster "
+                                "(CityCode)' WHERE name = 'StateCities'"));
+    file.Execute(QStringLiteral("PRAGMA schema_version = %1")
+                     .arg(file.Number(QStringLiteral("PRAGMA schema_version")) + 1));
+}
+
 inline qint64 States(store::Connection& main)
 {
     return main.Number(QStringLiteral("SELECT count(*) FROM StateMaster WHERE StateCode > 0"));

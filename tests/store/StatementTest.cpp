@@ -64,6 +64,47 @@ TEST_F(Statement, RunsManyTimesWithNewValues)
     EXPECT_EQ(store_.Number(QStringLiteral("SELECT sum(Number) FROM Thing")), 6);
 }
 
+TEST_F(Statement, KeepsNoValueOfTheRunBefore)
+{
+    auto insert = store_.Prepare(QStringLiteral("INSERT INTO Thing VALUES (?, ?)"));
+    insert.Run(1, "Desk");
+    insert.Run(2, Null{});
+    insert.Run(3, "Desk");
+    insert.Run(4, QDate());
+    insert.Run(5, "Desk");
+    insert.Reset();
+    insert.BindAt(1, qint64(6));
+    insert.BindNullAt(2);
+    insert.RunBound();
+    EXPECT_EQ(store_.Number(QStringLiteral("SELECT sum(Number) FROM Thing WHERE Name IS NULL")), 2 + 4 + 6);
+}
+
+TEST_F(Statement, HalfReadBeginsAnewWithNewValues)
+{
+    store_.Execute(QStringLiteral("INSERT INTO Thing VALUES (1, 'Desk'), (2, 'Desk'), (3, 'Board')"));
+    auto rows =
+        store_.Query(QStringLiteral("SELECT Number FROM Thing WHERE Name = ? ORDER BY Number"), "Desk");
+    ASSERT_TRUE(rows.Next());
+    rows.Bind("Board");
+    ASSERT_TRUE(rows.Next());
+    EXPECT_EQ(rows.Int(0), 3);
+    rows.Bind("Desk");
+    ASSERT_TRUE(rows.Next());
+    EXPECT_EQ(rows.Int(0), 1);
+}
+
+TEST_F(Statement, TakesNamedValuesThatItHasAPlaceFor)
+{
+    auto insert = store_.Prepare(QStringLiteral("INSERT INTO Thing VALUES (:Number, :Name)"));
+    insert.BindNamed(":Number", qint64(7));
+    insert.BindNamed(":Name", QStringLiteral("Desk"));
+    insert.BindNamed(":Colour", qint64(8));
+    insert.BindNamed(":Colour", QStringLiteral("Red"));
+    insert.RunBound();
+    EXPECT_EQ(store_.Number(QStringLiteral("SELECT count(*) FROM Thing WHERE Number = 7 AND Name = 'Desk'")),
+              1);
+}
+
 TEST_F(Statement, TellsHowManyRowsItChanged)
 {
     store_.Execute(QStringLiteral("INSERT INTO Thing VALUES (1, 'Desk'), (2, 'Desk'), (3, 'Board')"));

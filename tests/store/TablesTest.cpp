@@ -258,13 +258,34 @@ TEST_F(Limits, OptionsMayStayUnset)
 
 TEST_F(Limits, NumbersStayWithinTheirDigits)
 {
-    EXPECT_FALSE(Takes("INSERT INTO ExamMaster VALUES (2, 'Half Yearly', 100000, 1)"));
-    EXPECT_FALSE(Takes("UPDATE AcademicYearSetup SET YearFrom = 1979 WHERE AcademicYearCode = 1"));
-    EXPECT_FALSE(Takes("UPDATE StudentMaster SET AdmissionNo = 1000000000"));
-    EXPECT_TRUE(Takes("UPDATE StudentMaster SET AdmissionNo = 999999999"))
-        << "after it no number is generated";
-    EXPECT_TRUE(Takes("INSERT INTO UserPrivilegeMaster VALUES (0, 'asha', 'secret', 'N', 0, 365)"));
-    EXPECT_FALSE(Takes("UPDATE UserPrivilegeMaster SET Days = 366"));
+    const struct
+    {
+        const char* table;
+        const char* column;
+        int low;
+        int high;
+    } numbers[] = {
+        {"ExamMaster", "ExamOrder", 0, 99999},
+        {"ClassDivisionMaster", "NoOfDivisions", 0, 99},
+        {"MonthMaster", "MonthSlNo", 1, 12},
+        {"AcademicYearSetup", "YearFrom", 1980, 2099},
+        {"AcademicYearSetup", "YearTo", 1980, 2099},
+        {"UserPrivilegeMaster", "Days", 0, 365},
+        {"StudentMaster", "AdmissionNo", 0, 999999999}, // after the last one no number is generated
+        {"ClassSubjectTeacher", "SlNo", 0, 99999},
+    };
+    EXPECT_TRUE(Takes("INSERT INTO UserPrivilegeMaster VALUES (0, 'asha', 'secret', 'N', 0, 1)"));
+    EXPECT_TRUE(Takes("INSERT INTO ClassSubjectTeacher VALUES (1, 1, 1, 1, 0, 100, 100, 'Yes', 1)"));
+    EXPECT_TRUE(Takes("DELETE FROM MonthMaster WHERE MonthSlNo > 1"));
+    for (const auto& number : numbers) {
+        const auto takes = [&](int value) {
+            return Takes(qPrintable(QStringLiteral("UPDATE %1 SET %2 = %3")
+                                        .arg(QLatin1String(number.table), QLatin1String(number.column))
+                                        .arg(value)));
+        };
+        EXPECT_TRUE(takes(number.low) && takes(number.high)) << number.column;
+        EXPECT_FALSE(takes(number.low - 1) || takes(number.high + 1)) << number.column;
+    }
 }
 
 TEST_F(Limits, AFailureSaysWhetherARowIsThereTwiceOrContradictsOthersOrIsWrongInItself)
@@ -283,9 +304,16 @@ TEST_F(Limits, AFailureSaysWhetherARowIsThereTwiceOrContradictsOthersOrIsWrongIn
     EXPECT_FALSE(orphan.IsDuplicate());
     EXPECT_TRUE(orphan.IsConflict());
     const auto tooLong = errorOf("INSERT INTO BloodGroupMaster VALUES (7, 'AB+ and more', 1)");
-    EXPECT_FALSE(tooLong.IsConflict()) << "no other client has to do with it";
-    EXPECT_EQ(tooLong.Kind(), ErrorKind::Other);
-    EXPECT_TRUE(tooLong.Description().startsWith(QLatin1String("A Value Is Too Long"))) << tooLong.what();
+    const auto missing = errorOf("INSERT INTO ClassDivisionDetails VALUES (NULL, 'C', 3)");
+    for (const store::StoreError& wrong : {tooLong, missing}) {
+        EXPECT_FALSE(wrong.IsConflict()) << "no other client has to do with it";
+        EXPECT_EQ(wrong.Kind(), ErrorKind::Other);
+        EXPECT_TRUE(wrong.Description().startsWith(
+            QLatin1String("A Value Is Too Long, Out Of Its Range Or Missing. Nothing Was Saved (")))
+            << wrong.what();
+    }
+    EXPECT_EQ(orphan.Description().toStdString(), "The Data Contradicts Other Data That Is Already Stored "
+                                                  "(FOREIGN KEY constraint failed)");
 }
 
 TEST_F(Limits, NamesThatMustBeUniqueAreSoWithoutCase)

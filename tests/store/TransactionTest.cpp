@@ -130,6 +130,20 @@ TEST_F(Transactions, RollbackWithoutATransactionDoesNothing)
     EXPECT_EQ(store_.TransactionDepth(), 0);
 }
 
+TEST_F(Transactions, RollbackOfWhatTheEngineHasGivenUpItselfDoesNothing)
+{
+    store_.Execute(QStringLiteral("INSERT INTO Mark VALUES (1)"));
+    store_.Begin();
+    store_.Begin();
+    EXPECT_TRUE(
+        ErrorOf([this] { store_.Execute(QStringLiteral("INSERT OR ROLLBACK INTO Mark VALUES (1)")); }));
+    EXPECT_FALSE(ErrorOf([this] {
+        store_.Rollback();
+        store_.Rollback();
+    }));
+    EXPECT_EQ(store_.TransactionDepth(), 0);
+}
+
 class TwoClients : public testing::Test
 {
 protected:
@@ -217,6 +231,21 @@ TEST_F(TwoClients, AReadTransactionWithinAnotherCostsNothingAndEndsWithTheOuterO
     }
     EXPECT_EQ(own_.TransactionDepth(), 0);
     Add(other_, "Binu");
+    EXPECT_EQ(Names(own_), 2);
+}
+
+TEST_F(TwoClients, AStatementThatHasMetALockDoesNotStandInTheWayOfTheNextSave)
+{
+    store::Statement insert = other_.Prepare(QStringLiteral("INSERT INTO NameList VALUES ('Binu')"));
+    {
+        const Transaction saving(own_);
+        const auto error = ErrorOf([&insert] { insert.Run(); });
+        ASSERT_TRUE(error);
+        EXPECT_TRUE(error->IsLocked());
+    }
+    Transaction next(other_);
+    Add(other_, "Cara");
+    EXPECT_FALSE(ErrorOf([&next] { next.Commit(); }));
     EXPECT_EQ(Names(own_), 2);
 }
 

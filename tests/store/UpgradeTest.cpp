@@ -190,6 +190,18 @@ TEST_F(UpgradeTest, AFolderInThePlaceOfTheCopySaysSo)
     EXPECT_EQ(files.Bytes(), old);
 }
 
+TEST_F(UpgradeTest, AFileWhoseMarkerCannotBeReadIsRefusedAndNotTouched)
+{
+    const qint64 page =
+        Open().Number(QStringLiteral("SELECT rootpage FROM sqlite_master WHERE name = 'MRCODE'")) - 1;
+    constexpr int Page = 4096;
+    old.replace(page * Page, Page, QByteArray(Page, 'x'));
+    files.Write(old);
+    const QString refusal = Refusal();
+    EXPECT_TRUE(refusal.startsWith(CouldNotBe())) << refusal.toStdString();
+    ExpectOldAndAlone();
+}
+
 TEST_F(UpgradeTest, ACopyWhoseNamesAreAllTakenSaysSoAndIsCleared)
 {
     const auto name = [](int number) {
@@ -251,6 +263,16 @@ TEST_F(UpgradeTest, AClientThatSavesForTooLongIsToldOfAndTheOldFileStays)
     EXPECT_TRUE(
         Refusal().startsWith(QLatin1String("The Data Is In Use By Another Client. Please Try Again")));
     ExpectOldAndAlone();
+}
+
+TEST_F(UpgradeTest, AClientWaitsAsLongAsItWasToldTo)
+{
+    Connection other = Open();
+    const Transaction holding(other);
+    Connection main = Open();
+    const std::size_t before = EngineWaits();
+    EXPECT_TRUE(ErrorOf([&main] { Upgrade(main, 0ms); }));
+    EXPECT_EQ(EngineWaits(), before);
 }
 
 TEST_F(UpgradeTest, AfterwardsAClientWaitsForASaveAsBefore)

@@ -6,11 +6,14 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstring>
 #include <gtest/gtest.h>
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 extern "C" {
+const char* sqlite3_sql(sqlite3_stmt* statement);
 int sqlite3_auto_extension(void (*entry)());
 int sqlite3_trace_v2(sqlite3* engine, unsigned mask, int (*callback)(unsigned, void*, void*, void*),
                      void* context);
@@ -21,24 +24,30 @@ namespace tally::test {
 namespace {
 
 constexpr unsigned StatementBegins = 1;
+constexpr unsigned StatementEnds = 2;
 
 /// Called before each statement of every connection of the program, but not for its own.
 std::function<void()> beforeStatement;
+/// Called behind each of them, with its text.
+std::function<void(const char*)> behindStatement;
 bool isWithin = false;
 
-int Begin(unsigned /*event*/, void* /*context*/, void* /*statement*/, void* /*text*/)
+int Hear(unsigned event, void* /*context*/, void* statement, void* /*more*/)
 {
-    if (beforeStatement && !isWithin) {
-        isWithin = true;
+    if (isWithin || (!beforeStatement && !behindStatement))
+        return 0;
+    isWithin = true;
+    if (event == StatementBegins && beforeStatement)
         beforeStatement();
-        isWithin = false;
-    }
+    if (event == StatementEnds && behindStatement)
+        behindStatement(sqlite3_sql(static_cast<sqlite3_stmt*>(statement)));
+    isWithin = false;
     return 0;
 }
 
 int Watch(sqlite3* engine, char** /*error*/, const void* /*routines*/)
 {
-    return sqlite3_trace_v2(engine, StatementBegins, &Begin, nullptr);
+    return sqlite3_trace_v2(engine, StatementBegins | StatementEnds, &Hear, nullptr);
 }
 
 /// Before any connection is opened.
@@ -86,6 +95,21 @@ void ExpectOneMoment(store::Connection& client, const ChangeOfState& change,
     }
     EXPECT_EQ(states.size(), 2) << "the client was never let";
     EXPECT_GT(gaps, 3U) << "the statements were not seen";
+}
+
+void RunBehind(const char* sql, const std::function<void()>& between, const std::function<void()>& work)
+{
+    ASSERT_EQ(watched, 0);
+    bool done = false;
+    behindStatement = [&](const char* ended) {
+        if (!done && std::strcmp(ended, sql) == 0) {
+            done = true;
+            between();
+        }
+    };
+    work();
+    behindStatement = {};
+    EXPECT_TRUE(done) << sql << " was not run";
 }
 
 } // namespace tally::test

@@ -19,4 +19,7 @@ using ChangeOfState = std::function<void(store::Transaction&, int state)>;
 void ExpectOneMoment(store::Connection& client, const ChangeOfState& change,
                      const std::function<QStringList()>& load);
 
+/// Does `work`, and `between` as soon as any connection of the program has run the statement `sql` in it.
+void RunBehind(const char* sql, const std::function<void()>& between, const std::function<void()>& work);
+
 } // namespace tally::test
