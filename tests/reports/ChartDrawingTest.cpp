@@ -3,10 +3,13 @@
 #include "support/TestPaper.h"
 
 #include <QApplication>
+#include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QBarSet>
 #include <QFontMetricsF>
 #include <QGraphicsLayout>
+#include <QGraphicsLineItem>
+#include <QGraphicsPathItem>
 #include <QGraphicsScene>
 #include <QImage>
 #include <QLineSeries>
@@ -178,8 +181,10 @@ TEST_F(ChartDrawingTest, NoTwoOfFortySeriesLookAlike)
 {
     const auto bars = Draw(ChartOfSize(40, 1, ChartKind::Bar));
     std::set<std::pair<QRgb, QRgb>> looks;
-    for (const QBarSet* set : Of<QBarSeries>(*bars).at(0)->barSets())
+    for (const QBarSet* set : Of<QBarSeries>(*bars).at(0)->barSets()) {
         looks.emplace(set->pen().color().rgb(), set->brush().color().rgb());
+        EXPECT_TRUE(set->brush().color().isValid());
+    }
     EXPECT_EQ(looks.size(), 40U);
 
     const auto lines = Draw(ChartOfSize(40, 2, ChartKind::Line));
@@ -301,6 +306,313 @@ TEST_F(ChartDrawingTest, TheMouseIsToldTheSeriesTheLabelAndTheValue)
     const auto lines = Draw(ChartOfSize(2, 2, ChartKind::Line), hover);
     Q_EMIT Of<QScatterSeries>(*lines)[0]->hovered(QPointF(1.001, 7.3), true);
     EXPECT_EQ(told.join(QLatin1Char('|')).toStdString(), "Su1\nExam0: 13.25||Su0\nExam1: 7.25");
+}
+
+TEST_F(ChartDrawingTest, BesideTheLabelsTheMouseIsToldNothing)
+{
+    QStringList told;
+    const auto bars =
+        Draw(ChartOfSize(2, 2, ChartKind::Bar), [&told](const QString& text) { told.append(text); });
+    for (const int row : {-1, 2})
+        Q_EMIT Of<QBarSeries>(*bars).at(0)->barSets()[0]->hovered(true, row);
+    EXPECT_EQ(told, QStringList({QString(), QString()}));
+}
+
+TEST_F(ChartDrawingTest, FewBarsAreNarrowAndManyFillTheRoomOfTheirLabelButForAGap)
+{
+    EXPECT_DOUBLE_EQ(Of<QBarSeries>(*Draw(ChartOfSize(1, 1, ChartKind::Bar))).at(0)->barWidth(), 0.1);
+    const auto many = Draw(ChartOfSize(4, 6, ChartKind::Bar));
+    EXPECT_DOUBLE_EQ(Of<QBarSeries>(*many).at(0)->barWidth(), 0.86);
+    EXPECT_EQ(Of<QBarSeries>(*many).at(0)->labelsPosition(), QAbstractBarSeries::LabelsOutsideEnd);
+}
+
+TEST_F(ChartDrawingTest, MarksAreFilledAndFromTheFourthRoundOfColorsOnOpen)
+{
+    const ChartColors colors = ColorsOfCharts(false);
+    const auto drawing = Draw(ChartOfSize(25, 2, ChartKind::Line));
+    const auto marks = Of<QScatterSeries>(*drawing);
+    EXPECT_EQ(marks[0]->color(), colors.series[0]);
+    EXPECT_EQ(marks[0]->borderColor(), colors.ground);
+    EXPECT_EQ(marks[24]->color(), colors.ground);
+    EXPECT_EQ(marks[24]->borderColor(), colors.series[0]);
+    EXPECT_LT(marks[0]->markerSize(), 12) << "small beside the line";
+}
+
+class ChartLookTest : public ChartDrawingTest, public testing::WithParamInterface<bool>
+{};
+
+TEST_P(ChartLookTest, WhatIsWrittenHasTheColorAndTheLettersOfTheLook)
+{
+    const ChartColors colors = ColorsOfCharts(GetParam());
+    QFont letters = QApplication::font();
+    letters.setPointSizeF(letters.pointSizeF() + 1);
+    const auto drawing =
+        DrawChart(ChartOfSize(2, 2, ChartKind::Bar), colors, {QSizeF(1000, 640), letters}, {});
+    EXPECT_EQ(drawing->backgroundBrush().color(), colors.ground);
+    EXPECT_EQ(drawing->backgroundRoundness(), 0) << "the ground reaches into the corners";
+    EXPECT_EQ(drawing->titleBrush().color(), colors.text);
+    for (QBarSet* set : Of<QBarSeries>(*drawing).at(0)->barSets())
+        EXPECT_EQ(set->labelColor(), colors.text);
+    for (const QAbstractAxis* axis : drawing->axes()) {
+        EXPECT_EQ(axis->labelsBrush().color(), colors.text);
+        EXPECT_EQ(axis->titleBrush().color(), colors.text);
+        EXPECT_EQ(axis->linePen().color(), colors.text);
+        EXPECT_EQ(axis->gridLinePen().color(), colors.grid);
+        EXPECT_EQ(axis->labelsFont(), letters);
+        EXPECT_TRUE(axis->titleFont().bold());
+    }
+    EXPECT_FALSE(drawing->axes(Qt::Horizontal)[0]->isGridLineVisible()) << "only values are read off";
+    EXPECT_TRUE(drawing->axes(Qt::Vertical)[0]->isGridLineVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(LightAndDark, ChartLookTest, testing::Bool());
+
+TEST_F(ChartDrawingTest, TheTitleIsLargerThanTheRestWhetherLettersAreCountedInPointsOrInDots)
+{
+    const auto title = [](const QFont& letters) {
+        return QFontMetricsF(DrawChart(ChartOfSize(1, 1, ChartKind::Bar), ColorsOfCharts(false),
+                                       {QSizeF(1000, 640), letters})
+                                 ->titleFont())
+                   .height() /
+               QFontMetricsF(letters).height();
+    };
+    QFont letters = QApplication::font();
+    letters.setPointSizeF(20);
+    EXPECT_NEAR(title(letters), 1.2, 0.07);
+    letters.setPixelSize(20);
+    EXPECT_NEAR(title(letters), 1.2, 0.07);
+}
+
+/// A name at the right of a chart with the sign before it.
+struct LegendLine
+{
+    const QGraphicsSimpleTextItem* name = nullptr;
+    const QGraphicsPathItem* sign = nullptr;
+    const QGraphicsLineItem* line = nullptr; ///< under the sign; null in a chart of bars
+
+    QRectF NamePlace() const { return name->sceneBoundingRect(); }
+    QRectF SignPlace() const { return sign->sceneBoundingRect(); }
+};
+
+std::vector<LegendLine> LegendOf(const QChart& drawing)
+{
+    std::vector<LegendLine> legend;
+    const auto add = [&legend](auto LegendLine::*part, auto* item) {
+        if (!item)
+            return;
+        const auto place = std::find_if(legend.begin(), legend.end(),
+                                        [part](const LegendLine& one) { return !(one.*part); });
+        LegendLine& line = place == legend.end() ? legend.emplace_back() : *place;
+        line.*part = item;
+    };
+    for (const QGraphicsItem* item : drawing.childItems()) {
+        add(&LegendLine::name, qgraphicsitem_cast<const QGraphicsSimpleTextItem*>(item));
+        add(&LegendLine::sign, qgraphicsitem_cast<const QGraphicsPathItem*>(item));
+        add(&LegendLine::line, qgraphicsitem_cast<const QGraphicsLineItem*>(item));
+    }
+    return legend;
+}
+
+/// Subjects, and bars or lines.
+class ChartLegend : public ChartDrawingTest, public testing::WithParamInterface<std::tuple<int, ChartKind>>
+{
+protected:
+    static constexpr QSizeF Room{760, 420};
+    std::unique_ptr<QChart> drawing =
+        DrawChart(ChartOfSize(std::get<0>(GetParam()), 2, std::get<1>(GetParam())), ColorsOfCharts(true),
+                  {Room, QApplication::font()});
+    std::vector<LegendLine> legend = LegendOf(*drawing);
+};
+
+TEST_P(ChartLegend, NamesStandBesideTheDrawingUnderItsTitleEachBehindItsSign)
+{
+    ASSERT_EQ(legend.size(), static_cast<std::size_t>(std::get<0>(GetParam())));
+    const double title = QFontMetricsF(drawing->titleFont()).height();
+    for (const LegendLine& line : legend) {
+        SCOPED_TRACE(line.name->text().toStdString());
+        EXPECT_TRUE(line.name->text().startsWith(QLatin1String("Su"))) << "not cut";
+        EXPECT_EQ(line.name->brush().color(), ColorsOfCharts(true).text);
+        const QRectF name = line.NamePlace();
+        const QRectF sign = line.SignPlace();
+        EXPECT_LE(sign.right(), name.left());
+        EXPECT_NEAR(sign.center().y(), name.center().y(), 1.5);
+        EXPECT_GE(sign.left(), drawing->plotArea().right());
+        EXPECT_LE(name.right(), Room.width());
+        EXPECT_GE(name.top(), title);
+        EXPECT_LE(name.bottom(), Room.height());
+    }
+    EXPECT_FALSE(drawing->legend()->isVisible()) << "the toolkit's own would tell them twice";
+}
+
+TEST_P(ChartLegend, NamesStandInTheMiddleOfTheHeightAndNotInMoreColumnsThanTheyNeed)
+{
+    std::set<int> columns;
+    double top = Room.height();
+    double bottom = 0;
+    for (const LegendLine& line : legend) {
+        columns.insert(qRound(line.NamePlace().left()));
+        top = std::min(top, line.NamePlace().top());
+        bottom = std::max(bottom, line.NamePlace().bottom());
+    }
+    const double title = QFontMetricsF(drawing->titleFont()).height();
+    const double line = QFontMetricsF(QApplication::font()).height() * 1.4;
+    const int lines = static_cast<int>((Room.height() - title - 3 * 9) / line);
+    EXPECT_EQ(static_cast<int>(columns.size()), (std::get<0>(GetParam()) + lines - 1) / lines);
+    if (columns.size() == 1) {
+        EXPECT_NEAR((top + bottom) / 2, (title + 2 * 9 + Room.height() - 9) / 2, 3);
+    }
+    const double right = Room.width() - drawing->plotArea().right();
+    const double column = legend[0].NamePlace().right() - legend[0].SignPlace().left();
+    EXPECT_LT(right, (column + 35) * static_cast<double>(columns.size()) + 30)
+        << "the rest of the room is the drawing's";
+}
+
+TEST_P(ChartLegend, TheSignOfASeriesLooksAsTheSeriesDoes)
+{
+    const auto [subjects, kind] = GetParam();
+    for (int series = 0; series < subjects; ++series) {
+        SCOPED_TRACE(series);
+        const LegendLine& line = legend[static_cast<std::size_t>(series)];
+        if (kind == ChartKind::Bar) {
+            const QBarSet* set = Of<QBarSeries>(*drawing).at(0)->barSets()[series];
+            EXPECT_EQ(line.line, nullptr);
+            EXPECT_EQ(line.sign->pen().color(), set->pen().color());
+            EXPECT_EQ(line.sign->brush(), set->brush());
+            EXPECT_NEAR(line.SignPlace().width(), line.SignPlace().height(), 0.1);
+            EXPECT_LT(line.SignPlace().height(), QFontMetricsF(QApplication::font()).height());
+            EXPECT_LT(line.NamePlace().left() - line.SignPlace().right(), 12) << "just before the name";
+            continue;
+        }
+        const QScatterSeries* marks = Of<QScatterSeries>(*drawing)[series];
+        ASSERT_NE(line.line, nullptr);
+        EXPECT_EQ(line.line->pen(), Of<QLineSeries>(*drawing)[series]->pen());
+        EXPECT_EQ(line.sign->pen().color(), marks->borderColor());
+        EXPECT_EQ(line.sign->brush().color(), marks->color());
+        const auto order = drawing->childItems();
+        EXPECT_LT(order.indexOf(const_cast<QGraphicsLineItem*>(line.line)),
+                  order.indexOf(const_cast<QGraphicsPathItem*>(line.sign)))
+            << "the mark lies over its line";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, ChartLegend,
+                         testing::Combine(testing::Values(1, 4, 13, 14, 30, 40),
+                                          testing::Values(ChartKind::Bar, ChartKind::Line)));
+
+TEST_F(ChartDrawingTest, TheMarksOfTheLegendAreTheShapesOfTheMarksOnTheLines)
+{
+    const auto drawing = Draw(ChartOfSize(6, 2, ChartKind::Line));
+    const auto legend = LegendOf(*drawing);
+    ASSERT_EQ(legend.size(), 6U);
+    const std::vector<std::pair<QScatterSeries::MarkerShape, int>> cornersOf{
+        {QScatterSeries::MarkerShapeCircle, 0},   {QScatterSeries::MarkerShapeRectangle, 4},
+        {QScatterSeries::MarkerShapeTriangle, 3}, {QScatterSeries::MarkerShapeRotatedRectangle, 4},
+        {QScatterSeries::MarkerShapePentagon, 5}, {QScatterSeries::MarkerShapeStar, 10}};
+    for (std::size_t series = 0; series < cornersOf.size(); ++series) {
+        const auto& [shape, corners] = cornersOf[series];
+        SCOPED_TRACE(shape);
+        EXPECT_EQ(Of<QScatterSeries>(*drawing)[static_cast<qsizetype>(series)]->markerShape(), shape);
+        const QPainterPath path = legend[series].sign->path();
+        const QRectF bounds = path.boundingRect();
+        EXPECT_NEAR(bounds.width(), 8.4, 0.7);
+        EXPECT_NEAR(bounds.height(), 8.2, 1.5);
+        // Each is its own mirror image, and a point of a shape with an upper corner is its highest.
+        const QPainterPath mirrored =
+            QTransform::fromTranslate(2 * bounds.center().x(), 0).scale(-1, 1).map(path);
+        EXPECT_NEAR(path.intersected(mirrored).boundingRect().width(), bounds.width(), 0.1);
+        if (corners == 0)
+            continue;
+        const QPolygonF polygon = path.toFillPolygon();
+        EXPECT_EQ(path.elementCount() - 1, corners) << "and back to the first";
+        EXPECT_EQ(polygon.first(), polygon.last());
+        if (shape == QScatterSeries::MarkerShapeRectangle)
+            continue;
+        EXPECT_NEAR(polygon[0].x(), bounds.center().x(), 0.1);
+        EXPECT_NEAR(polygon[0].y(), bounds.top(), 0.1);
+        for (int corner = 1; corner < corners; ++corner)
+            EXPECT_GT(polygon[corner].y(), polygon[0].y() + 0.5);
+    }
+}
+
+/// The labels of the exams as the axis has them, of which what only makes them different is taken away.
+QStringList LabelsOf(const QChart& drawing)
+{
+    QStringList labels = qobject_cast<QBarCategoryAxis*>(drawing.axes(Qt::Horizontal).value(0))->categories();
+    for (QString& label : labels)
+        label.remove(QChar(0x200b));
+    return labels;
+}
+
+double AngleOfLabels(const QChart& drawing)
+{
+    return drawing.axes(Qt::Horizontal).value(0)->labelsAngle();
+}
+
+TEST_F(ChartDrawingTest, LabelsGoOverThreeLinesAndNotMore)
+{
+    const QFontMetricsF letters(QApplication::font());
+    const auto angle = [&letters](int lines) {
+        Chart chart = ChartOfSize(1, 4, ChartKind::Bar);
+        // Two of these words have no room in one line.
+        const QString word(static_cast<qsizetype>(1000 / 4 * 0.6 / letters.horizontalAdvance(u'x')), u'x');
+        for (ChartTable::Row& row : chart.table.rows)
+            row.label = QStringList(QList<QString>(lines, word)).join(u' ');
+        return AngleOfLabels(*Draw(chart));
+    };
+    EXPECT_EQ(angle(1), 0);
+    EXPECT_EQ(angle(3), 0);
+    EXPECT_EQ(angle(4), -90);
+}
+
+TEST_F(ChartDrawingTest, TheLinesOfALabelStandInTheMiddleOfOneAnother)
+{
+    Chart chart = ChartOfSize(1, 6, ChartKind::Bar);
+    for (ChartTable::Row& row : chart.table.rows)
+        row.label = QStringLiteral("II Examinationofthisyear");
+    const auto drawing = Draw(chart);
+    const QFontMetricsF letters(QApplication::font());
+    const double blank = letters.horizontalAdvance(QChar(QChar::Nbsp));
+    const double free = letters.horizontalAdvance(QStringLiteral("Examinationofthisyear")) -
+                        letters.horizontalAdvance(QStringLiteral("II"));
+    const QStringList lines = LabelsOf(*drawing).value(0).split(QStringLiteral("<br>"));
+    ASSERT_EQ(lines.size(), 2) << LabelsOf(*drawing).value(0).toStdString();
+    EXPECT_NEAR(static_cast<double>(lines[0].count(QChar(QChar::Nbsp))) * blank, free / 2, blank);
+    EXPECT_TRUE(lines[0].endsWith(QLatin1String("II")));
+    EXPECT_EQ(lines[1].toStdString(), "Examinationofthisyear");
+}
+
+TEST_F(ChartDrawingTest, ALevelLabelLeavesALetterOfRoomToTheNext)
+{
+    const QFontMetricsF letters(QApplication::font());
+    constexpr int Exams = 4;
+    int level = 0;
+    for (int length = 1; level == length - 1 && length < 1000; ++length) {
+        Chart chart = ChartOfSize(1, Exams, ChartKind::Bar);
+        for (ChartTable::Row& row : chart.table.rows)
+            row.label = QString(length, u'i');
+        const auto drawing = Draw(chart);
+        if (AngleOfLabels(*drawing) != 0)
+            continue;
+        level = length;
+        EXPECT_LE(letters.horizontalAdvance(chart.table.rows[0].label) + letters.averageCharWidth(),
+                  drawing->plotArea().width() / Exams + 1)
+            << length;
+    }
+    EXPECT_GT(level, 10);
+    EXPECT_LT(level, 900) << "it stands upright at some length";
+}
+
+TEST_F(ChartDrawingTest, EachExamHasItsPlaceOnTheAxisAlsoWhereItsLabelIsLeftOutOrBlank)
+{
+    constexpr int Many = 200;
+    const QStringList labels = LabelsOf(*Draw(ChartOfSize(1, Many, ChartKind::Bar)));
+    ASSERT_EQ(labels.size(), Many);
+    EXPECT_EQ(labels[0].toStdString(), "Exam0");
+    EXPECT_EQ(labels[1].toStdString(), "") << "where it would lie over the first";
+    Chart blank = ChartOfSize(1, 3, ChartKind::Bar);
+    for (ChartTable::Row& row : blank.table.rows)
+        row.label.clear();
+    EXPECT_EQ(LabelsOf(*Draw(blank)), QStringList({QString(), QString(), QString()}));
 }
 
 TEST_F(ChartDrawingTest, AChartWithoutAnythingIsDrawnEmpty)

@@ -69,12 +69,13 @@ TEST_F(DivisionAverageScreen, WhatIsMissingIsAskedForInItsOrder)
     Choose("Cboexamname", QStringLiteral("Term One"));
     ExpectMissing("Select Class", "cboClass");
     Choose("cboClass", QStringLiteral("X"));
-    ExpectMissing("Select Division(s)", "Lstdivision");
-    Tick(divisions, 0);
-    ExpectMissing("Select Subject(s)", "Lstsubjects");
     Option("Optsubjectdisplayno")->group()->setExclusive(false);
     Option("Optsubjectdisplayno")->setChecked(false);
+    ExpectMissing("Select Division(s)", "Lstdivision");
+    Tick(divisions, 0);
     ExpectMissing("Select 'Subjects Taken For Rank' Option", "Optsubjectdisplayno");
+    Press(Option("Optsubjectdisplayno"));
+    ExpectMissing("Select Subject(s)", "Lstsubjects");
 }
 
 TEST_F(DivisionAverageScreen, TheWholeListIsShownWithKeysAlone)
@@ -207,12 +208,53 @@ TEST_F(DivisionAverageScreen, SelectAllUntickedUnticksAllAndAsksForDivisions)
     Press(allDivisions);
     EXPECT_EQ(divisions->TickedIndexes(), (QList<int>{0, 1}));
     EXPECT_TRUE(allDivisions->isChecked());
+    EXPECT_TRUE(IsLineOffered()) << "of two divisions";
     prompts.ExpectInformation(NoDivision);
     Press(allDivisions);
     prompts.Verify();
     EXPECT_TRUE(divisions->TickedIndexes().isEmpty());
     EXPECT_EQ(subjects->count(), 0);
     EXPECT_TRUE(divisions->hasFocus());
+}
+
+TEST_F(DivisionAverageScreen, AfterSelectAllTheFirstOfTheListIsComparedWithWhateverWasTickedBefore)
+{
+    GivenTwoDivisions();
+    Given("DELETE FROM ClassSubjectTeacher WHERE DivisionCode = 2 AND SubjectCode = 3");
+    GivenDivision(3, "C");
+    Given("DELETE FROM ClassSubjectTeacher WHERE DivisionCode = 3 AND SubjectCode = 3");
+    GivenStudentWithMarks(3, "Dev", {10, 20});
+    const std::vector<std::pair<const char*, std::function<void()>>> before{
+        {"nothing", [] {}},
+        {"a division", [&] { Tick(divisions, 1); }},
+        {"one that is ticked no more",
+         [&] {
+             prompts.ExpectInformation(NoDivision);
+             Tick(divisions, 1);
+             Tick(divisions, 1);
+         }},
+        {"one under a class chosen before",
+         [&] {
+             Tick(divisions, 1);
+             Choose("cboClass", QStringLiteral(" "));
+             Choose("cboClass", QStringLiteral("X"));
+         }},
+    };
+    OpenForm();
+    for (const auto& [what, step] : before) {
+        SCOPED_TRACE(what);
+        ChooseClass();
+        step();
+        Press(allDivisions);
+        Tick(divisions, 2);
+        Display("Optsubjectdisplayyes");
+        // With all subjects, A and C have two, and B three.
+        prompts.ExpectInformation(CountsDiffer);
+        Tick(divisions, 2);
+        prompts.Verify();
+        EXPECT_EQ(divisions->TickedIndexes(), (QList<int>{0, 2}));
+        Press(Button("cmdCancel"));
+    }
 }
 
 TEST_F(DivisionAverageScreen, UntickingADivisionClearsSelectAllAndKeepsTheOthers)
@@ -240,6 +282,7 @@ TEST_F(DivisionAverageScreen, ADivisionWithAnotherNumberOfSubjectsIsUntickedByTh
     Tick(divisions, 0);
     prompts.Verify();
     EXPECT_EQ(divisions->TickedIndexes(), QList<int>{2}) << "C was there first, though A stands before it";
+    EXPECT_FALSE(IsLineOffered()) << "of the one that stays";
     EXPECT_EQ(Items(subjects), "  Subject 1|  Subject 2|  Subject 3");
 
     prompts.ExpectInformation(NoDivision);
@@ -421,16 +464,16 @@ TEST_F(DivisionAverageScreen, ALineIsOfferedForMoreThanOneDivision)
 {
     GivenTwoDivisions();
     ShowAverages();
-    EXPECT_TRUE(Option("optLineGrph")->isEnabled());
+    EXPECT_TRUE(IsLineOffered());
     Press(Option("optLineGrph"));
     EXPECT_TRUE(Option("optLineGrph")->isChecked());
     Tick(divisions, 0);
-    EXPECT_FALSE(Option("optLineGrph")->isEnabled());
+    EXPECT_FALSE(IsLineOffered());
     EXPECT_TRUE(Option("optBarGrph")->isChecked());
     Press(allSubjects);
     Press(Button("cmdView"));
     EXPECT_TRUE(IsEnabled("Frame3"));
-    EXPECT_FALSE(Option("optLineGrph")->isEnabled());
+    EXPECT_FALSE(IsLineOffered());
 }
 
 TEST_F(DivisionAverageScreen, TheChartNamesClassAndDivision)
@@ -445,6 +488,7 @@ TEST_F(DivisionAverageScreen, TheChartNamesClassAndDivision)
     ASSERT_NE(chart, nullptr);
     EXPECT_EQ(Find<QWidget>(chart, "mscChart")->accessibleName(),
               QStringLiteral("Chart: Class-Division wise Subject Average For Term One"));
+    EXPECT_EQ(ChartWords(), "Class-Division wise Subject Average For Term One|CLASS|AVERAGE");
 }
 
 TEST_F(DivisionAverageScreen, SubjectsWithNamesThatWouldBreakATableAreCharted)
@@ -521,7 +565,7 @@ TEST_F(DivisionAverageScreen, CancelBringsTheScreenBackToItsStart)
     EXPECT_FALSE(allSubjects->isChecked());
     EXPECT_TRUE(Option("Optsubjectdisplayno")->isChecked());
     EXPECT_TRUE(Option("optBarGrph")->isChecked());
-    EXPECT_FALSE(Option("optLineGrph")->isEnabled());
+    EXPECT_FALSE(IsLineOffered());
     EXPECT_TRUE(exams->hasFocus());
 }
 
@@ -654,9 +698,17 @@ TEST_F(DivisionAverageScreen, WhatCannotBeReadIsToldAndShowsNothing)
         Session().gcnnMain->Execute(
             QStringLiteral("ALTER TABLE Lost RENAME TO %1").arg(QLatin1String(table)));
     };
+    Tick(divisions, 1);
+    ASSERT_EQ(subjects->count(), 2);
     without("ClassSubjectTeacher", [&] { Press(allDivisions); });
     EXPECT_FALSE(allDivisions->isChecked());
     EXPECT_TRUE(divisions->TickedIndexes().isEmpty());
+    EXPECT_EQ(subjects->count(), 0) << "those of a division that is ticked no more";
+    without("ClassSubjectTeacher", [&] { Tick(divisions, 0); });
+    EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0}) << "the first one is compared with none";
+    prompts.ExpectInformation(NoDivision);
+    Tick(divisions, 0);
+    prompts.Verify();
     without("MarkMaster", [&] { Tick(divisions, 0); });
     EXPECT_EQ(divisions->TickedIndexes(), QList<int>{0});
     EXPECT_EQ(subjects->count(), 0) << "no list rather than a wrong one";
@@ -673,6 +725,35 @@ TEST_F(DivisionAverageScreen, WhatCannotBeReadIsToldAndShowsNothing)
     EXPECT_TRUE(classes->IsBlank()) << "a class over no divisions could not be chosen again";
     Choose("cboClass", QStringLiteral("X"));
     EXPECT_EQ(Items(divisions), "  A|  B");
+}
+
+TEST_F(DivisionAverageScreen, ExamsAndClassesThatCannotBeReadAtCancelAreToldAndLeftOut)
+{
+    GivenTwoDivisions();
+    OpenForm();
+    ChooseAll();
+    LeaveOthersUnguarded();
+    Given("ALTER TABLE ExamMaster RENAME TO Lost");
+    prompts.ExpectCritical(NoSuchTable("ExamMaster"));
+    Press(Button("cmdCancel"));
+    prompts.Verify();
+    Given("ALTER TABLE Lost RENAME TO ExamMaster");
+    EXPECT_EQ(Items(exams), " ");
+    EXPECT_EQ(Items(classes), " ");
+    Press(Button("cmdCancel"));
+    EXPECT_EQ(Items(exams), " |Term One");
+    EXPECT_EQ(Items(classes), " |X");
+}
+
+TEST_F(DivisionAverageScreen, CancelOpensSelectAllThatADivisionWithoutMarksHadClosed)
+{
+    GivenDivision(1, "A");
+    school->AddStudent(1, QStringLiteral("Asha"));
+    OpenForm();
+    ChooseClass();
+    ASSERT_FALSE(allDivisions->isEnabled());
+    Press(Button("cmdCancel"));
+    EXPECT_TRUE(allDivisions->isEnabled());
 }
 
 TEST_F(DivisionAverageScreen, ADivisionThatCannotBeComparedIsNotAdded)

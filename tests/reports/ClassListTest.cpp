@@ -42,6 +42,14 @@ TEST(ClassListTest, TheTextHasFiveLettersForEachAddedColumn)
               "----------------------------------------------\n");
 }
 
+TEST(ClassListTest, TheTextHasACellForEachColumnOfAStudent)
+{
+    const GridTable list = ClassListTable(TwoStudents, QStringLiteral("Admission.No."), 1);
+    const TextReport text = ClassListText(list, QStringLiteral("X"), QStringLiteral("A"));
+    ASSERT_EQ(text.rows.size(), 2U);
+    EXPECT_EQ(text.rows[0], QStringList({QStringLiteral("B7"), QStringLiteral("Asha"), {}}));
+}
+
 TEST(ClassListTest, AddedColumnsCountFromOne)
 {
     for (const char* number : {"", "0", "4", "99", "-1", "abc"})

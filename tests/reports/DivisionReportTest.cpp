@@ -266,6 +266,9 @@ TEST(SubjectsInCommon, AreMarkedWhereOneWhoIsGoneCountsForOneWithoutAMark)
 TEST(SubjectsInCommon, CountAStudentOnceWhoHasMarksInTwoDivisions)
 {
     EXPECT_EQ(Texts(CommonSubjects(TwoStudents({{1, 7}, {1, 7}}), OfAverages)), "7:. English");
+    CommonSubjectsInput input = TwoStudents({{1, 7}, {1, 7}, {99, 7}});
+    input.students.push_back(3);
+    EXPECT_EQ(Texts(CommonSubjects(input, OfAverages)), "7:. English");
 }
 
 } // namespace

@@ -88,7 +88,7 @@ TEST_F(ExamComparisonScreen, EachOfTheTwoOpensWithItsOwnWords)
     EXPECT_TRUE(exams->hasFocus());
     EXPECT_TRUE(Option("Optsubjectdisplayno")->isChecked());
     EXPECT_TRUE(Option("optBarGrph")->isChecked());
-    EXPECT_FALSE(Option("optLineGrph")->isEnabled());
+    EXPECT_FALSE(IsLineOffered());
     EXPECT_EQ(Button("cmdExport")->toolTip(), QStringLiteral("Export To EXCEL"));
     ExpectNoList();
     PressKey(form, Qt::Key_F1);
@@ -167,6 +167,8 @@ TEST_F(ExamComparisonScreen, TheRankOptionWithoutAClassAsksForItAndIsTakenBack)
     Press(Button("cmdView"));
     EXPECT_EQ(grid->Rows(), 2);
     EXPECT_TRUE(IsEnabled("cmdExport"));
+    Press(Option("Optsubjectdisplayno"));
+    EXPECT_FALSE(Option("Optsubjectdisplayyes")->isChecked()) << "of the two one is on again";
 }
 
 TEST_F(ExamComparisonScreen, AStudentIsAskedForBeforeTheRankOption)
@@ -229,10 +231,36 @@ TEST_F(ExamComparisonScreen, DivisionsStandByNameAndByCodeForWhoComesByEnter)
     EXPECT_EQ(Items(divisions), " |B|A");
     EXPECT_TRUE(divisions->IsBlank());
     Choose("cboDivision", QStringLiteral("A"));
+    Choose("cbostudent", QStringLiteral("Zed (A3)"));
     classes->setFocus();
-    QTest::keyClick(classes, Qt::Key_Enter);
+    QTest::keyClick(form->window()->windowHandle(), Qt::Key_Enter);
+    EXPECT_TRUE(divisions->hasFocus()) << "one Enter leads one list on";
     EXPECT_EQ(divisions->currentText(), QStringLiteral("A")) << "what was chosen stays";
-    EXPECT_EQ(Items(students), " |Zed (A3)");
+    EXPECT_EQ(students->currentText(), QStringLiteral("Zed (A3)"));
+}
+
+TEST_F(ExamComparisonScreen, EnterStaysAtABlankDivisionAndABlankStudent)
+{
+    OpenStudent();
+    for (const char* list : {"cboDivision", "cbostudent"}) {
+        List(list)->setFocus();
+        PressKey(form, Qt::Key_Return);
+        EXPECT_TRUE(HasFocus(list)) << list << ", not " << FocusName();
+    }
+}
+
+TEST_F(ExamComparisonScreen, StudentsAndSubjectsGoWithTheChoiceThatTheyWereListedFor)
+{
+    Given("INSERT INTO ClassDivisionMaster VALUES (2, 'IX', 9, 2, 0)");
+    ShowStudent();
+    Choose("cbostudent", QStringLiteral(" "));
+    EXPECT_EQ(subjects->count(), 0);
+    EXPECT_FALSE(allSubjects->isChecked());
+    Choose("cbostudent", QStringLiteral("Asha (A1)"));
+    ASSERT_EQ(subjects->count(), 2);
+    Choose("cboClass", QStringLiteral("IX"));
+    EXPECT_EQ(Items(students), " ");
+    EXPECT_EQ(subjects->count(), 0);
 }
 
 TEST_F(ExamComparisonScreen, ADivisionGoneMeanwhileTakesItsStudentsAway)
@@ -519,11 +547,11 @@ TEST_F(ExamComparisonScreen, SixtyExamsAndFortySubjectsOfADivisionFit)
 TEST_F(ExamComparisonScreen, ALineIsOfferedForMoreThanOneExam)
 {
     ShowStudent();
-    EXPECT_TRUE(Option("optLineGrph")->isEnabled());
+    EXPECT_TRUE(IsLineOffered());
     Press(Option("optLineGrph"));
     EXPECT_TRUE(Option("optLineGrph")->isChecked());
     Tick(exams, 0);
-    EXPECT_FALSE(Option("optLineGrph")->isEnabled());
+    EXPECT_FALSE(IsLineOffered());
     EXPECT_TRUE(Option("optBarGrph")->isChecked());
 }
 
@@ -541,6 +569,20 @@ TEST_F(ExamComparisonScreen, TheChartOfADivisionHasALineForEachExam)
     ShowDivision();
     Press(Button("cmdChart"));
     EXPECT_EQ(ChartRows(), "Term One|70.75|30;Term Two|90|80");
+}
+
+TEST_F(ExamComparisonScreen, TheChartSaysWhoseMarksItShowsAndIsOfTheKindChosen)
+{
+    ShowStudent();
+    Press(Button("cmdChart"));
+    EXPECT_EQ(ChartWords(), "Marks For Asha (A1) Of X/B In Each Exam|EXAMS|MARKS");
+    EXPECT_EQ(ShownChart()->kind, ChartKind::Bar);
+    Press(Option("optLineGrph"));
+    Press(Button("cmdChart"));
+    EXPECT_EQ(ShownChart()->kind, ChartKind::Line);
+    ShowDivision();
+    Press(Button("cmdChart"));
+    EXPECT_EQ(ChartWords(), "Subject Average Based On Exam(s) - X/B|EXAMS|MARKS");
 }
 
 TEST_F(ExamComparisonScreen, ShortNamesThatWouldBreakATableAreCharted)

@@ -2,6 +2,8 @@
 
 #include "core/Numbers.h"
 #include "core/ui/controls/CheckList.h"
+#include "core/ui/ScreenRegistry.h"
+#include "reports/ChartView.h"
 #include "reports/GridText.h"
 #include "reports/ReportOutput.h"
 #include "support/FormDriver.h"
@@ -63,6 +65,12 @@ protected:
         }
     }
 
+    /// Whether the chart may be of lines, once there is a list to be charted.
+    bool IsLineOffered() const
+    {
+        return Base::Option("optLineGrph")->isEnabledTo(Find<QWidget>(Base::form, "Frame3"));
+    }
+
     static std::string Items(const CheckList* list)
     {
         QStringList texts;
@@ -92,6 +100,18 @@ protected:
             rows.append(cells.join(QLatin1Char('|')));
         }
         return rows.join(QLatin1Char(';')).toStdString();
+    }
+
+    /// What the chart window shows; nothing while it is closed.
+    static std::optional<Chart> ShownChart()
+    {
+        const Screen* window = ScreenRegistry::OpenInstance(QStringLiteral("frmStudentExamAvgChart"));
+        return window ? std::optional(Find<ChartView>(window, "mscChart")->ShownChart()) : std::nullopt;
+    }
+    static std::string ChartWords()
+    {
+        const ChartHeads heads = ShownChart().value_or(Chart()).heads;
+        return QStringList{heads.title, heads.xAxis, heads.yAxis}.join(QLatin1Char('|')).toStdString();
     }
 
     std::unique_ptr<TestSchool> school;

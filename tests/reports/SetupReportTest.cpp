@@ -169,6 +169,8 @@ TEST_F(SetupReportRows, TellWhatTheDivisionTakesFromWhom)
     EXPECT_EQ(rows[0].teacherName.toStdString(), "Anu");
     EXPECT_EQ(rows[0].classCode, 2);
     EXPECT_EQ(rows[0].divisionCode, 2);
+    EXPECT_EQ(rows[5].classCode, 1);
+    EXPECT_EQ(rows[5].divisionCode, 2);
     EXPECT_EQ(rows[1].maximumMark, 50);
     EXPECT_EQ(rows[1].maximumAllowed, 60);
     EXPECT_EQ(rows[1].takenForRank.toStdString(), "No");

@@ -187,6 +187,20 @@ TEST_F(StudentsListScreen, DivisionsWithIncompleteMarksMayBeChosen)
     EXPECT_EQ(divisions->TickedIndexes(), (QList<int>{0, 1}));
 }
 
+TEST_F(StudentsListScreen, ASubjectInWhichOneWhoIsGoneHasAMarkForAnotherIsOfferedWithoutAWord)
+{
+    GivenTwoDivisions();
+    Given("INSERT INTO StudentMaster (StudentCode, AdmissionNo, OptionalAdmissionNo, StudentName, "
+          "AcademicYearCode, CityCode, BloodGroupCode, TCNo) VALUES (50, 50, '50', 'Gone', 1, 0, 0, '')");
+    Given("UPDATE MarkMaster SET StudentCode = 50 WHERE StudentCode = 3 AND SubjectCode = 2");
+    OpenBelow();
+    ChooseClass();
+    Press(allDivisions);
+    EXPECT_EQ(Items(subjects), "  Subject 1|  Subject 2");
+    Press(allSubjects);
+    EXPECT_EQ(subjects->TickedIndexes(), (QList<int>{0, 1}));
+}
+
 TEST_F(StudentsListScreen, ADivisionWithAnotherSetUpIsUntickedAlsoForWhatIsNotDisplayed)
 {
     GivenTwoDivisions();

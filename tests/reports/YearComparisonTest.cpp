@@ -96,6 +96,16 @@ TEST_F(YearComparisonScreen, EachUnderlinedLetterLeadsToOneControl)
                            QStringLiteral("Bar Graph"), QStringLiteral("Line Graph")}));
 }
 
+TEST_F(YearComparisonScreen, EnterStaysAtEachListInWhichNothingIsChosen)
+{
+    OpenYears();
+    for (const char* list : {"cboClass", "cboDivision", "cbostudent", "Cboexamname"}) {
+        List(list)->setFocus();
+        PressKey(form, Qt::Key_Return);
+        EXPECT_TRUE(HasFocus(list)) << list << ", not " << FocusName();
+    }
+}
+
 TEST_F(YearComparisonScreen, AsksForEachChoiceInItsOrder)
 {
     OpenYears();
@@ -140,17 +150,17 @@ TEST_F(YearComparisonScreen, AStudentWithOnePlaceHasOnlyTheBarGraph)
     ChooseStudent("Binu (A2)");
     Press(allYears);
     EXPECT_EQ(years->TickedIndexes(), QList<int>{0});
-    EXPECT_FALSE(Option("optLineGrph")->isEnabled());
+    EXPECT_FALSE(IsLineOffered());
     EXPECT_TRUE(Option("optBarGrph")->isChecked());
 }
 
 TEST_F(YearComparisonScreen, MoreThanOneYearOffersTheLine)
 {
     ShowYears();
-    EXPECT_TRUE(Option("optLineGrph")->isEnabled());
+    EXPECT_TRUE(IsLineOffered());
     Press(Option("optLineGrph"));
     Tick(years, 0);
-    EXPECT_FALSE(Option("optLineGrph")->isEnabled());
+    EXPECT_FALSE(IsLineOffered());
     EXPECT_TRUE(Option("optBarGrph")->isChecked());
 }
 
@@ -260,6 +270,14 @@ TEST_F(YearComparisonScreen, AYearWithoutMarksStaysBlankAndOutOfTheChart)
     Press(Button("cmdChart"));
     EXPECT_EQ(ChartRows(), "2025 - 2026 X/A|40");
     EXPECT_NE(ScreenRegistry::OpenInstance(QStringLiteral("frmStudentExamAvgChart")), nullptr);
+}
+
+TEST_F(YearComparisonScreen, TheChartSaysWhoseMarksItShows)
+{
+    ShowYears();
+    Press(Button("cmdChart"));
+    EXPECT_EQ(ChartWords(),
+              "Subject Marks Based On AcademicYear(s) - Asha (A1) Term One|ACADEMIC YEAR|MARKS");
 }
 
 TEST_F(YearComparisonScreen, WithoutAnyMarkThereIsNoChartUntilTheNextList)
@@ -431,7 +449,7 @@ TEST_F(YearComparisonScreen, CancelBringsTheScreenBackToItsStart)
     EXPECT_FALSE(allYears->isChecked());
     EXPECT_FALSE(allSubjects->isChecked());
     EXPECT_TRUE(Option("optBarGrph")->isChecked());
-    EXPECT_FALSE(Option("optLineGrph")->isEnabled());
+    EXPECT_FALSE(IsLineOffered());
     EXPECT_TRUE(classes->hasFocus());
 }
 

@@ -8,6 +8,7 @@
 #include "support/TestPaper.h"
 
 #include <QAction>
+#include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QClipboard>
 #include <QFile>
@@ -124,11 +125,43 @@ TEST_F(ChartWindow, PrintsOnOnePageOnItsSideInLightColorsWhateverTheDisplayHas)
     EXPECT_FALSE(paper.Pages()[0].fills.contains(ColorsOfCharts(true).ground.rgb()));
 }
 
-TEST_F(ChartWindow, CtrlPPrintsToo)
+TEST_F(ChartWindow, CtrlPPrintsTooWhereverTheKeyboardIs)
 {
     Open();
-    PressKey(form, Qt::Key_P, Qt::ControlModifier);
-    EXPECT_EQ(output->printed.size(), 1U);
+    for (const char* control : {"mscChart", "cmdClose"}) {
+        SCOPED_TRACE(control);
+        output->printed.clear();
+        Find<QWidget>(form, control)->setFocus();
+        PressKey(form, Qt::Key_P, Qt::ControlModifier);
+        EXPECT_EQ(output->printed.size(), 1U);
+    }
+}
+
+TEST_F(ChartWindow, ItsMenuCopiesSavesAndPrints)
+{
+    Open();
+    EXPECT_EQ(chart->contextMenuPolicy(), Qt::ActionsContextMenu);
+    QStringList entries;
+    for (const QAction* entry : chart->actions())
+        entries.append(entry->text());
+    EXPECT_EQ(entries.join(QLatin1Char('|')).toStdString(),
+              "Copy Picture|Save As PNG...|Save As SVG...|Print...");
+}
+
+TEST_F(ChartWindow, IsDrawnAnewForTheRoomThatItHas)
+{
+    Open();
+    const auto labels = [this] {
+        return qobject_cast<QBarCategoryAxis*>(chart->chart()->axes(Qt::Horizontal).value(0))->labelsAngle();
+    };
+    ChartTable exams = TwoExams;
+    for (ChartTable::Row& row : exams.rows)
+        row.label = QStringLiteral("Halfyearlyexamination ") + row.label;
+    form->ShowChart(exams, Heads, ChartKind::Bar);
+    chart->resize(1000, 400);
+    EXPECT_EQ(labels(), 0);
+    chart->resize(260, 400);
+    EXPECT_EQ(labels(), -90) << "there is no room for level labels";
 }
 
 TEST_F(ChartWindow, CopiesItselfAsAPicture)
@@ -148,6 +181,15 @@ TEST_F(ChartWindow, CopiesItselfAsAPicture)
     EXPECT_GT(blue, 1000) << "the bars of the first subject";
 }
 
+TEST_F(ChartWindow, CtrlCCopiesOnlyWhileTheChartHasTheKeyboard)
+{
+    Open();
+    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+    Button("cmdClose")->setFocus();
+    PressKey(form, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
+}
+
 TEST_F(ChartWindow, SavesItselfAsAPngFile)
 {
     Open();
@@ -164,7 +206,10 @@ TEST_F(ChartWindow, SavesItselfAsAnSvgFile)
     QFile file(FilePath("chart.svg"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray drawing = file.readAll();
-    EXPECT_TRUE(QSvgRenderer(drawing).isValid());
+    const QSvgRenderer renderer(drawing);
+    EXPECT_TRUE(renderer.isValid());
+    EXPECT_EQ(renderer.viewBox(), QRect(0, 0, 1000, 640));
+    EXPECT_TRUE(drawing.contains("<title>Marks Of Asha</title>"));
     EXPECT_TRUE(drawing.contains("Mid Term"));
     EXPECT_FALSE(drawing.contains("<image")) << "nothing in it is a picture of dots";
 }

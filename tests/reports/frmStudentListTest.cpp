@@ -127,6 +127,39 @@ TEST_F(StudentListScreen, AnotherNumberOfColumnsTakesTheListAway)
     EXPECT_FALSE(Button("cmdPrint")->isEnabled());
 }
 
+TEST_F(StudentListScreen, EveryChangeOfTheSelectionTakesTheListAndItsColumnNamesAway)
+{
+    school->AddDivision(2, "B");
+    const std::vector<std::pair<const char*, std::function<void()>>> changes{
+        {"the class", [&] { Choose("cboClass", QStringLiteral(" ")); }},
+        {"a division", [&] { Tick(divisions, 1); }},
+        {"all divisions", [&] { Press(Find<QCheckBox>(form, "chkSelectAll")); }},
+        {"the order", [&] { Press(Option("optAdmissionOrder")); }},
+    };
+    for (const auto& [name, change] : changes) {
+        SCOPED_TRACE(name);
+        OpenAndView("2");
+        change();
+        EXPECT_EQ(grid->Cols(), 1);
+        EXPECT_FALSE(Button("cmdPrint")->isEnabled());
+        ExpectColumnBoxes(false);
+        Press(Button("cmdCancel"));
+    }
+}
+
+TEST_F(StudentListScreen, AListThatCannotBeReadIsToldAndHasNoColumnsToName)
+{
+    OpenAndView("2");
+    Given("ALTER TABLE StudentClassDivision RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("StudentClassDivision"));
+    Press(Button("cmdView"));
+    prompts.Verify();
+    EXPECT_EQ(grid->Cols(), 1);
+    EXPECT_FALSE(Button("cmdPrint")->isEnabled());
+    ExpectColumnBoxes(false);
+    Given("ALTER TABLE Away RENAME TO StudentClassDivision");
+}
+
 TEST_F(StudentListScreen, PrintWritesTheTextReport)
 {
     Given("INSERT INTO SchoolSetUp VALUES ('St. Mary''s', 'Hill Road', 'Fort', 0, '682001')");
@@ -149,6 +182,26 @@ TEST_F(StudentListScreen, PrintIsRefusedWithAnEmptyBox)
     Press(Button("cmdPrint"));
     prompts.Verify();
     EXPECT_EQ(output->textFile, QString());
+}
+
+TEST_F(StudentListScreen, WhereTheRightOrTheSchoolCannotBeReadNothingIsPrinted)
+{
+    GivenUser(1, QStringLiteral("anu"), QStringLiteral("x"),
+              {{QStringLiteral("frmStudentList"), QStringLiteral("P")}});
+    Session().gintPrivilegeUserCode = 1;
+    OpenAndView();
+    for (const char* table : {"UserPrivilegeDetails", "SchoolSetUp"}) {
+        SCOPED_TRACE(table);
+        const QString name = QString::fromLatin1(table);
+        Session().gcnnMain->Execute(QStringLiteral("ALTER TABLE %1 RENAME TO Away").arg(name));
+        prompts.ExpectCritical(NoSuchTable(table));
+        Press(Button("cmdPrint"));
+        prompts.Verify();
+        EXPECT_EQ(output->textFile, QString());
+        Session().gcnnMain->Execute(QStringLiteral("ALTER TABLE Away RENAME TO %1").arg(name));
+    }
+    Press(Button("cmdPrint"));
+    EXPECT_NE(output->textFile, QString());
 }
 
 TEST_F(StudentListScreen, AfterANameTheNextNumberIsTypedAndAfterARefusalTheFieldThatIsMeant)
@@ -177,6 +230,7 @@ TEST_F(StudentListScreen, CtrlPShowsThePagesOfTheListWithTheAddedColumns)
     ASSERT_EQ(output->printed.size(), 1U);
     TestPaper paper(output->printed[0].orientation);
     EXPECT_TRUE(output->printed[0].paint(paper));
+    EXPECT_TRUE(paper.Holds(0, "STUDENT NAME LIST|CLASS X A|")) << paper.Text(0);
     EXPECT_TRUE(paper.Holds(0, "|Admission.No.|Student Name|Test|20|Asha")) << paper.Text(0);
     EXPECT_EQ(output->textFile, QString());
 }
@@ -240,7 +294,10 @@ TEST_F(StudentListScreen, ANameOfAHundredLettersIsWholeOnTheScreenAndCutInTheTex
 TEST_F(StudentListScreen, CancelStartsAnew)
 {
     OpenAndView("2");
+    Press(Option("optAdmissionOrder"));
+    Press(Button("cmdView"));
     Press(Button("cmdCancel"));
+    EXPECT_TRUE(Option("optAlphabeticalOrder")->isChecked());
     EXPECT_EQ(GridText(grid->Table()), "Admission.No.|Student Name\n");
     EXPECT_EQ(TextOf("txtNoOfColumn"), "");
     ExpectColumnBoxes(false);

@@ -317,11 +317,14 @@ TEST_F(ClassListScreen, AListThatCannotBeReadIsToldAndNotShownAsEmpty)
 TEST_F(ClassListScreen, AClassWhoseDivisionsCannotBeReadIsTakenBackAndCanBeChosenAgain)
 {
     Open();
+    Choose("cboClass", QStringLiteral("X"));
+    ASSERT_EQ(Items(divisions), "A|B");
     Given("ALTER TABLE ClassDivisionDetails RENAME TO Away");
     prompts.ExpectCritical(QStringLiteral("no such table: ClassDivisionDetails"));
     PressKey(form, Qt::Key_Down);
     prompts.Verify();
     EXPECT_TRUE(List("cboClass")->IsBlank());
+    EXPECT_EQ(Items(divisions), "") << "those of the class before are none of this one";
     Given("ALTER TABLE Away RENAME TO ClassDivisionDetails");
     Choose("cboClass", QStringLiteral("X"));
     EXPECT_EQ(Items(divisions), "A|B");

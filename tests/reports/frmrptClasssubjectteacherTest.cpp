@@ -251,9 +251,78 @@ TEST_F(SetupReportScreen, TheSheetHasAHeadingAndATotalForEachDivision)
     EXPECT_EQ(at("D13"), "80.5");
     EXPECT_EQ(at("F14"), "80.5");
     EXPECT_FALSE(sheet.At(QStringLiteral("A15")).exists);
-    for (int row = 7; row <= 14; ++row)
+    for (int row = 7; row <= 14; ++row) {
         for (const char* column : {"A", "D", "G"})
             EXPECT_TRUE(sheet.At(QLatin1String(column) + QString::number(row)).style.border) << column << row;
+        EXPECT_FALSE(sheet.At(QStringLiteral("H%1").arg(row)).exists) << row;
+    }
+}
+
+TEST_F(SetupReportScreen, TheLinesOfTheSheetAreToldApartByTheirLook)
+{
+    OpenAndView();
+    Press(Button("cmdExport"));
+    const WorkbookReader sheet(output->workbook);
+    struct
+    {
+        const char* cell;
+        const char* side;
+        bool bold;
+    } const looks[] = {
+        {"A1", "center", true}, {"A2", "center", true},  {"A3", "center", true},
+        {"A4", "right", false}, {"A5", "center", false}, {"A6", "center", false},
+        {"A7", "left", true},   {"G7", "left", true},                          // the heads
+        {"A8", "left", true},   {"E8", "left", true},    {"G8", "left", true}, // class and division
+        {"A9", "right", false}, {"B9", "left", false},   {"D9", "right", false},
+        {"F9", "left", false},  {"A11", "right", true},  {"E11", "right", true},
+        {"F11", "right", true}, {"G11", "right", true},
+    };
+    for (const auto& [cell, side, bold] : looks) {
+        const WorkbookReader::Style style = sheet.At(QString::fromLatin1(cell)).style;
+        EXPECT_EQ(style.horizontal.toStdString(), side) << cell;
+        EXPECT_EQ(style.vertical.toStdString(), "center") << cell;
+        EXPECT_EQ(style.bold, bold) << cell;
+    }
+    EXPECT_TRUE(sheet.At(QStringLiteral("D9")).isNumber);
+    EXPECT_FALSE(sheet.At(QStringLiteral("F9")).isNumber);
+}
+
+TEST_F(SetupReportScreen, TheColumnsOfTheSheetAreWideEnoughForTheirLongestTexts)
+{
+    const QString name(40, u'n');
+    Given("UPDATE TeacherMaster SET TeacherName = ?", name);
+    OpenAndView();
+    Press(Button("cmdExport"));
+    const WorkbookReader sheet(output->workbook);
+    EXPECT_NEAR(sheet.ColumnWidth(3), 43.5, 1) << "the teacher, and some room";
+    EXPECT_NEAR(sheet.ColumnWidth(5), 18.5, 1)
+        << "the head \"Maximum Allowed\", which is longer than any mark";
+    EXPECT_LT(sheet.ColumnWidth(1), 12) << "of a heading over several columns nothing is counted";
+}
+
+TEST_F(SetupReportScreen, TheSheetPrintsAcrossWithItsHeadsOnEachPage)
+{
+    OpenAndView();
+    Press(Button("cmdExport"));
+    const WorkbookReader sheet(output->workbook);
+    EXPECT_EQ(sheet.DefinedName(QStringLiteral("_xlnm.Print_Titles")).toStdString(), "Sheet1!$7:$7");
+    EXPECT_EQ(sheet.DefinedName(QStringLiteral("_xlnm.Print_Area")).toStdString(), "Sheet1!$A$1:$I$14");
+    EXPECT_EQ(sheet.Attribute(QStringLiteral("pane"), QStringLiteral("topLeftCell")).toStdString(), "A8");
+    EXPECT_EQ(sheet.Attribute(QStringLiteral("pageSetup"), QStringLiteral("orientation")).toStdString(),
+              "landscape");
+    EXPECT_EQ(sheet.Footer().toStdString(), "&LClasswise  Subject / Teacher / Marks Details&RPage &P of &N");
+}
+
+TEST_F(SetupReportScreen, ASchoolNameThatIsLongerThanTheSheetIsWideGoesOnInASecondLine)
+{
+    OpenAndView();
+    const auto height = [this](int letters) {
+        Session().gstrSchoolName = QString(letters, u'n');
+        Press(Button("cmdExport"));
+        return WorkbookReader(output->workbook).RowHeight(1);
+    };
+    EXPECT_EQ(height(80), 0) << "as every row is";
+    EXPECT_GT(height(160), 25);
 }
 
 TEST_F(SetupReportScreen, TheSecondLineOfTheSheetTellsWhatWasChosen)
@@ -399,14 +468,15 @@ TEST_F(SetupReportScreen, ListsThatCannotBeReadAreToldAndCanBeReadAgain)
     Given("ALTER TABLE Away RENAME TO ClassDivisionMaster");
     Press(Button("cmdCancel"));
 
-    Press(Option("optSpecificClass"));
-    List("dbcClass")->setFocus();
+    ChooseClass("IX");
+    ASSERT_EQ(Items(List("dbcDivision")), " |A");
     Given("ALTER TABLE ClassDivisionDetails RENAME TO Away");
     prompts.ExpectCritical(QStringLiteral("no such table: ClassDivisionDetails"));
     PressKey(form, Qt::Key_Down);
     prompts.Verify();
     EXPECT_TRUE(List("dbcClass")->IsBlank());
     EXPECT_FALSE(IsEnabled("Frame3"));
+    EXPECT_EQ(Items(List("dbcDivision")), " ") << "those of the class before are none of this one";
     Given("ALTER TABLE Away RENAME TO ClassDivisionDetails");
     Choose("dbcClass", QStringLiteral("X"));
     EXPECT_TRUE(IsEnabled("Frame3"));
