@@ -42,6 +42,7 @@ protected:
             each->SetCols(4);
             each->SetRows(4);
             each->SetTextMatrix(1, Col::Mark, QStringLiteral("47"));
+            each->SetTextMatrix(0, Col::Mark, QStringLiteral("Mark"));
         }
         name = boxes->AddText(grid, {.column = Col::Name,
                                      .name = "txtName",
@@ -146,6 +147,34 @@ TEST_F(Editors, EnterLeadsThroughTheColumnsAndOnToTheRowBelow)
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         EXPECT_EQ(Seen(), next);
     }
+}
+
+TEST_F(Editors, EnterFollowsTheColumnsWhateverOrderTheirBoxesWereAddedIn)
+{
+    auto* third = new FlexGrid(form);
+    third->SetCols(4);
+    third->SetRows(3);
+    for (const auto& [column, box] : {std::pair(Col::Mark, "c"), {Col::Name, "a"}, {Col::Rank, "b"}})
+        boxes->AddText(third, {.column = column, .name = box});
+    boxes->Open(third, 1, Col::Name);
+    for (const char* next : {"b", "c", "a"}) {
+        boxes->OpenNext();
+        EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), next);
+    }
+    boxes->Open(others, 2, Col::Mark);
+    boxes->OpenNext();
+    EXPECT_EQ(Seen(), "txtOther3") << "the boxes of another grid are no next ones";
+}
+
+TEST_F(Editors, ABoxTakesEverySignWhereNothingSaysWhichAndBearsTheNameOfItsColumn)
+{
+    auto* free = boxes->AddText(others, {.column = Col::Name,
+                                         .name = "txtFree",
+                                         .typed = [this](int row, const QString& text) { Note(row, text); }});
+    boxes->Open(others, 2, Col::Name);
+    QTest::keyClicks(free, QStringLiteral("7%"));
+    EXPECT_EQ(Noted(), "2 7|2 7%");
+    EXPECT_EQ(mark->accessibleName().toStdString(), "Mark");
 }
 
 TEST_F(Editors, EnterOfABoxWithARuleOfItsOwnLeadsWhereTheScreenSays)

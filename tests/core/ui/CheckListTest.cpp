@@ -49,6 +49,23 @@ TEST_F(CheckListTest, WhatNoWholeLineFitsIntoLooksAsTheListDoes)
     }
 }
 
+TEST_F(CheckListTest, AllAreTickedWhereEachIsThatCanBeAndAtLeastOne)
+{
+    EXPECT_FALSE(list.AreAllTicked());
+    list.SetAllTicked(true);
+    EXPECT_TRUE(list.AreAllTicked());
+    for (const int index : {0, 19}) {
+        list.SetTicked(index, false);
+        EXPECT_FALSE(list.AreAllTicked()) << index;
+        list.SetTicked(index, true);
+    }
+    list.AddItem({21, QStringLiteral("  Subject 21"), QStringLiteral("Has Marks")});
+    EXPECT_TRUE(list.AreAllTicked()) << "but one that cannot be";
+    list.clear();
+    list.AddItem({21, QStringLiteral("  Subject 21"), QStringLiteral("Has Marks")});
+    EXPECT_FALSE(list.AreAllTicked()) << "none can be";
+}
+
 TEST_F(CheckListTest, ALoneLineHasTheWholeList)
 {
     CheckList lone;

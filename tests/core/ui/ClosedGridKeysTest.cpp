@@ -1,6 +1,7 @@
 #include "core/ui/controls/ClosedGridKeys.h"
 
 #include "core/ui/controls/FlexGrid.h"
+#include "support/EventCounter.h"
 #include "support/ScreenFixture.h"
 #include "support/TableOf.h"
 
@@ -122,6 +123,25 @@ TEST_F(ClosedGrid, TheWheelTurnsItsRowsByWholeNotches)
     EXPECT_EQ(At(), 4 * notch);
     TurnWheel(60);
     EXPECT_EQ(At(), 5 * notch);
+}
+
+TEST_F(ClosedGrid, TheWheelOverItTurnsNothingElse)
+{
+    const EventCounter wheels(form, QEvent::Wheel);
+    TurnWheel(120);
+    EXPECT_EQ(wheels.Count(), 0);
+}
+
+TEST_F(ClosedGrid, IsPaintedAsAnOpenOneIs)
+{
+    grid->SetTextMatrix(1, 0, QStringLiteral("WWW"));
+    const QRect cell = grid->CellRect(1, 0);
+    const QImage shown = grid->grab(cell.translated(grid->viewport()->pos())).toImage();
+    int ink = 0;
+    for (int x = 0; x < shown.width(); ++x)
+        for (int y = 0; y < shown.height(); ++y)
+            ink += shown.pixel(x, y) == shown.pixel(0, 0) ? 0 : 1;
+    EXPECT_GT(ink, 20);
 }
 
 TEST_F(ClosedGrid, TheWheelTurnsNoGridThatIsNotToBeRead)

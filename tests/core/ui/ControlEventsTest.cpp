@@ -9,6 +9,7 @@
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/FloatingCombo.h"
 #include "core/ui/controls/FloatingEditor.h"
+#include "core/ui/controls/HourGlass.h"
 #include "core/ui/controls/ImageButton.h"
 #include "support/EventCounter.h"
 #include "support/ScreenFixture.h"
@@ -118,6 +119,16 @@ TEST_F(ControlEvents, WhoComesToAListOfTicksByKeySeesWhichOneTheBlankKeyIsMeantF
     ticks->clear();
     ticks->setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(ticks->hasFocus());
+}
+
+TEST_F(ControlEvents, TheHourGlassStandsAsLongAsTheWorkLasts)
+{
+    {
+        const HourGlass hourGlass;
+        ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(ControlEvents, APictureIsShownAndTakesTheRoomThatItNeeds)

@@ -119,6 +119,11 @@ TEST_F(DataGridSort, ARowIsTheOneShownForWhoeverHearsOfIt)
     QTest::keyClick(grid, Qt::Key_Return);
     ASSERT_EQ(chosen.count(), 1);
     EXPECT_EQ(grid->Code(chosen[0][0].toInt(), Code), 4);
+    const QPoint last = grid->visualRect(grid->model()->index(3, 2)).center();
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, last);
+    QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, last);
+    ASSERT_EQ(chosen.count(), 2);
+    EXPECT_EQ(grid->Code(chosen[1][0].toInt(), Code), 3);
 }
 
 TEST_F(DataGridSort, TheCurrentRowGoesWithItsTeacherAndIsNotEnteredAnew)

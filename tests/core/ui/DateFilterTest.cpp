@@ -111,6 +111,15 @@ TEST_F(DateFilterTest, WhatWasTypedBeforeTheDatesBeganAnewIsForgotten)
     EXPECT_FALSE(range.from->Date().isValid());
 }
 
+TEST_F(DateFilterTest, AChoiceIsToldOnce)
+{
+    const QSignalSpy chosen(range.from, &DateFilter::Chosen);
+    TypeDay(fromPicker, "03");
+    EXPECT_EQ(chosen.count(), 1);
+    TypeDay(fromPicker, "03");
+    EXPECT_EQ(chosen.count(), 2) << "the same once more";
+}
+
 TEST_F(DateFilterTest, TheArrowKeysChooseADateToo)
 {
     fromPicker->setFocus();

@@ -82,7 +82,9 @@ INSTANTIATE_TEST_SUITE_P(
                     TypedDate{"29022024", QDate(2024, 2, 29)}, TypedDate{"29/Feb/2016", QDate(2016, 2, 29)},
                     TypedDate{"31042026", QDate(2026, 4, 30)}, TypedDate{"31/May/2026", QDate(2026, 5, 31)},
                     TypedDate{"05", QDate(2026, 3, 5)}, TypedDate{"08/0/2025", QDate(2025, 3, 8)},
-                    TypedDate{"05jul", QDate(2026, 7, 5)}, TypedDate{"0507", QDate(2026, 7, 5)}));
+                    TypedDate{"05jul", QDate(2026, 7, 5)}, TypedDate{"1/2/2026", QDate(2026, 2, 1)},
+                    TypedDate{"3-11-2025", QDate(2025, 11, 3)}, TypedDate{"0113999", QDate(3999, 1, 1)},
+                    TypedDate{"0507", QDate(2026, 7, 5)}));
 
 TEST_F(DatePickerTest, ADateTypedBehindARefusedOneCounts)
 {
@@ -138,6 +140,57 @@ TEST_F(DatePickerTest, ALetterOfAMonthEndsItsDigits)
     EXPECT_EQ(date->date().month(), 2);
 }
 
+TEST_F(DatePickerTest, AMonthThatIsWholeLeadsToTheYear)
+{
+    before->setFocus();
+    Press(Qt::Key_Tab);
+    QTest::keyClicks(date, QStringLiteral("085"));
+    EXPECT_EQ(date->currentSection(), QDateTimeEdit::YearSection);
+}
+
+TEST_F(DatePickerTest, AMonthIsTypedOverWhereverTheCaretStandsInIt)
+{
+    date->setFocus();
+    date->findChild<QLineEdit*>()->setCursorPosition(4);
+    QTest::keyClicks(date, QStringLiteral("5"));
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(date->date(), QDate(2026, 5, 16));
+}
+
+TEST_F(DatePickerTest, WhoComesBackwardsBeginsWithTheDayToo)
+{
+    behind->setFocus();
+    QTest::keyClick(behind, Qt::Key_Backtab, Qt::ShiftModifier);
+    ASSERT_TRUE(date->hasFocus());
+    EXPECT_EQ(date->currentSection(), QDateTimeEdit::DaySection);
+}
+
+TEST_F(DatePickerTest, WhoComesBackFromAnotherWindowGoesOnTypingWhereHeWas)
+{
+    before->setFocus();
+    Press(Qt::Key_Tab);
+    QTest::keyClicks(date, QStringLiteral("08"));
+    QLineEdit other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ASSERT_FALSE(date->hasFocus());
+    QApplication::setActiveWindow(&form);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    EXPECT_EQ(date->currentSection(), QDateTimeEdit::MonthSection);
+    QTest::keyClicks(date, QStringLiteral("02"));
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(date->date(), QDate(2026, 2, 8));
+}
+
+TEST_F(DatePickerTest, ADateThatIsOnlyLookedAtGetsNoKeyboardByItsLine)
+{
+    DatePicker shown;
+    shown.setFocusPolicy(Qt::NoFocus);
+    shown.show();
+    EXPECT_EQ(shown.findChild<QLineEdit*>()->focusPolicy(), Qt::NoFocus);
+}
+
 TEST_F(DatePickerTest, ItsMonthsAreEnglishOnEveryMachine)
 {
     const QLocale machine;
@@ -182,6 +235,9 @@ TEST_F(DatePickerTest, WhereOnlyTheArrowsMoveTheDateASignIsToldSo)
     Press(Qt::Key_7);
     EXPECT_EQ(FieldHintAt(date), note);
     EXPECT_EQ(date->date(), QDate(2026, 3, 17));
+    Press(Qt::Key_Up);
+    QTest::keyClick(date, Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(FieldHintAt(date), QString()) << "the letter of a button";
     date->setReadOnly(true);
     Press(Qt::Key_Up);
     Press(Qt::Key_7);
@@ -195,6 +251,8 @@ TEST_F(DatePickerTest, AltDownOpensTheCalendarAndMovesNothing)
         QTest::keyClick(date, key, Qt::AltModifier);
         EXPECT_FALSE(date->calendarWidget()->isVisible()) << key;
     }
+    Press(Qt::Key_Down);
+    EXPECT_FALSE(date->calendarWidget()->isVisible()) << "without Alt";
     date->setDate(QDate(2026, 3, 16));
     QTest::keyClick(date, Qt::Key_Down, Qt::AltModifier);
     EXPECT_TRUE(date->calendarWidget()->isVisible());

@@ -55,6 +55,19 @@ TEST_F(FieldHint, GoesWithItsFieldWhateverMovesIt)
         << "above it, where there is room";
 }
 
+TEST_F(FieldHint, StandsBelowItsFieldAsLongAsThereIsRoomAndNeverAboveItsWindow)
+{
+    const int below = Note()->geometry().bottom();
+    constexpr int Margin = 4;
+    window.resize(400, below + 1 + Margin);
+    EXPECT_EQ(Note()->geometry().bottom(), below) << "just room";
+    window.resize(400, below + Margin);
+    EXPECT_LT(Note()->geometry().bottom(), below);
+    frame->move(20, 0);
+    window.resize(400, 45);
+    EXPECT_EQ(Note()->y(), Margin);
+}
+
 TEST_F(FieldHint, StandsOutFromWhatItLiesOverAndShowsItsTextAsItIs)
 {
     const QImage note = Note()->grab().toImage();

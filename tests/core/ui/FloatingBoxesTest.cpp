@@ -2,6 +2,7 @@
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/FloatingCombo.h"
 #include "core/ui/controls/FloatingEditor.h"
+#include "core/ui/FormKeys.h"
 #include "support/EventCounter.h"
 #include "support/ScreenFixture.h"
 
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -70,6 +72,9 @@ TEST_F(FloatingBoxes, BoxesFollowTheirCellsWhenTheGridScrollsOrAColumnGrows)
 {
     editor->OpenAt(50, 2);
     EXPECT_EQ(editor->geometry(), grid->CellRect(50, 2)) << "the cell was scrolled into sight";
+    EXPECT_TRUE(grid->viewport()->rect().contains(editor->geometry().center()));
+    EXPECT_EQ(grid->CurrentRow(), 50);
+    EXPECT_EQ(grid->CurrentCol(), 2);
     combo->OpenAt(1, 1);
     EXPECT_EQ(combo->geometry(), grid->CellRect(1, 1));
     EXPECT_EQ(editor->geometry(), grid->CellRect(50, 2));
@@ -129,13 +134,18 @@ TEST_F(FloatingBoxes, EnterOfAListIsTheScreensToAnswer)
 TEST_F(FloatingBoxes, EnterAndEscOfABoxAreNoKeysOfTheFormAroundIt)
 {
     const EventCounter keys(form, QEvent::KeyPress);
+    const QSignalSpy opened(grid, &FlexGrid::CellClicked);
+    new FormKeys(form, 0);
     editor->OpenAt(3, 2);
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
         QTest::keyClick(editor, key);
+    EXPECT_TRUE(editor->hasFocus()) << "Enter is no Tab there";
     combo->OpenAt(2, 1);
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
         QTest::keyClick(combo, key);
+    EXPECT_TRUE(combo->hasFocus());
     EXPECT_EQ(keys.Count(), 0);
+    EXPECT_EQ(opened.count(), 0) << "nor of the grid beneath";
 }
 
 TEST_F(FloatingBoxes, AListIsAskedOnceForEachLeavingAndKeepsTheFocusOnARefusal)
@@ -190,6 +200,19 @@ TEST_F(FloatingBoxes, OnlyAnotherEntryOfAListIsAChoice)
     list->SetBoundCode(2);
     chooseInPopup({Qt::Key_Return});
     EXPECT_EQ(chosen, 1) << "what the screen does meanwhile is no choice";
+}
+
+TEST_F(FloatingBoxes, WhereATextWasTypedOverItTheSameEntryIsAChoiceToo)
+{
+    int chosen = 0;
+    QObject::connect(combo, &DataCombo::Chosen, combo, [&chosen] { ++chosen; });
+    combo->OpenAt(2, 1);
+    combo->setEditText(QStringLiteral("Ab"));
+    combo->showPopup();
+    QTest::keyClick(combo->view(), Qt::Key_Return);
+    Settle();
+    EXPECT_EQ(combo->currentText().toStdString(), "Absent");
+    EXPECT_EQ(chosen, 1);
 }
 
 TEST_F(FloatingBoxes, TheWheelOverAClosedListChangesNothing)

@@ -2,6 +2,7 @@
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/DataGrid.h"
 #include "core/ui/controls/FlexGrid.h"
+#include "support/EventCounter.h"
 #include "support/ScreenFixture.h"
 #include "support/TableOf.h"
 
@@ -208,6 +209,8 @@ TEST_F(GridKeys, EnterF2AndTheBlankKeyOpenTheCurrentCellAndNoOtherKeyDoes)
     for (const Qt::Key key : keys)
         QTest::keyClick(grid, key);
     EXPECT_EQ(opened.count(), 0) << "no cell is current";
+    EXPECT_EQ(grid->CurrentRow(), 0);
+    EXPECT_EQ(grid->CurrentCol(), 0);
     grid->SetCurrentCell(2, 3);
     for (const Qt::Key key : {Qt::Key_Insert, Qt::Key_Delete, Qt::Key_F3})
         QTest::keyClick(grid, key);
@@ -240,14 +243,43 @@ TEST_F(GridKeys, ALongListGoesWithItsCurrentRowAndWithItsWindow)
         return list->viewport()->rect().contains(row.center());
     };
     QTest::keyClick(list, Qt::Key_Down);
-    QTest::keyClick(list, Qt::Key_End);
-    QTest::keyClick(list, Qt::Key_PageDown);
-    EXPECT_GT(list->CurrentRow(), 3);
+    for (int page = 0; page < 3; ++page)
+        QTest::keyClick(list, Qt::Key_PageDown);
+    EXPECT_GT(list->CurrentRow(), 10);
     EXPECT_TRUE(isInSight());
     const int lower = list->verticalScrollBar()->maximum();
     list->window()->resize(420, 400);
     EXPECT_LT(list->verticalScrollBar()->maximum(), lower);
     EXPECT_GT(list->verticalScrollBar()->maximum(), 0);
+}
+
+TEST_F(GridKeys, EnterOnARowOfAListIsTheScreensToAnswerAndEndsThere)
+{
+    auto* list = Show(new DataGrid);
+    list->Bind(Cities(3), {});
+    const QSignalSpy chosen(list, &DataGrid::RowDoubleClicked);
+    const EventCounter keys(list->parentWidget(), QEvent::KeyPress);
+    QTest::keyClick(list, Qt::Key_Down);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter})
+        QTest::keyClick(list, key);
+    EXPECT_EQ(chosen.count(), 2);
+    EXPECT_EQ(keys.Count(), 0);
+}
+
+TEST_F(GridKeys, ARowThatIsCurrentBesideTheSelectedOneIsNeitherEnteredNorChosen)
+{
+    auto* list = Show(new DataGrid);
+    list->Bind(Cities(3), {});
+    const QSignalSpy entered(list, &DataGrid::RowEntered);
+    const QSignalSpy chosen(list, &DataGrid::RowDoubleClicked);
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Down, Qt::ControlModifier);
+    ASSERT_EQ(list->CurrentRow(), 1);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(entered.count(), 1);
+    EXPECT_EQ(chosen.count(), 0);
+    QTest::keyClick(list, Qt::Key_Z);
+    EXPECT_EQ(list->CurrentRow(), 1) << "no text begins with it";
 }
 
 TEST_F(GridKeys, TypedLettersFindNoHiddenRow)

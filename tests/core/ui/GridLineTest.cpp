@@ -137,6 +137,26 @@ TEST_P(GridLine, TheTextOfAMarkAndAnyOtherIsReadOnItsGround)
     }
 }
 
+TEST_P(GridLine, AMarkWithoutAColourIsSeenByItsLetters)
+{
+    for (const int row : {Current + 1, Current + 3})
+        grid->SetTextMatrix(row, Plain, QStringLiteral("HHH"));
+    EXPECT_TRUE(Cell(Current + 1, Plain) == Cell(Current + 3, Plain));
+    grid->SetMark(Current + 1, Plain, CellMark::Sum);
+    EXPECT_FALSE(Cell(Current + 1, Plain) == Cell(Current + 3, Plain));
+}
+
+TEST_P(GridLine, ACellThatIsSelectedBesideTheCurrentRowIsPaintedInOneColour)
+{
+    grid->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    grid->SetTextMatrix(Current - 2, Plain, QStringLiteral("HHH"));
+    grid->selectionModel()->select(grid->model()->index(Current - 3, Plain), QItemSelectionModel::Select);
+    const QColor accent = grid->palette().color(QPalette::Highlight);
+    const QImage cell = Cell(Current - 2, Plain);
+    for (const QPoint& point : {QPoint(0, 0), QPoint(1, 1), QPoint(2, 2), cell.rect().bottomRight()})
+        EXPECT_EQ(cell.pixelColor(point), accent) << point.x();
+}
+
 TEST_P(GridLine, ATextStandsAtTheLeftInTheMiddleOrAtTheRightOfItsColumn)
 {
     constexpr int Twips = 1500;
@@ -192,7 +212,9 @@ TEST_P(GridLine, TheLineGoesWithTheKeysAndTheRowBeforeIsAsItWas)
     Settle();
     for (const int row : {Current, Current + 1})
         for (const int col : {0, Plain, Plain + 1})
-            EXPECT_TRUE(painted.region.contains(grid->CellRect(row, col).center())) << row << '/' << col;
+            for (const QPoint& point :
+                 {grid->CellRect(row, col).center(), grid->CellRect(row, col).topLeft()})
+                EXPECT_TRUE(painted.region.contains(point)) << row << '/' << col;
     EXPECT_EQ(Middle(Current + 1, Plain), line);
     EXPECT_EQ(Middle(Current, Plain), usual);
 }

@@ -266,16 +266,19 @@ TEST(GridModelTest, AColumnIsAsWideAsItIsGivenAtLeastAndWiderForItsTexts)
         GridTable table({{.head = QStringLiteral("Free")},
                          {.head = QStringLiteral("Given"), .twips = 3000},
                          {.head = {}, .twips = 1500},
-                         {.head = QStringLiteral("Hidden"), .hidden = true, .twips = 1500}});
+                         {.head = QStringLiteral("Hidden"), .hidden = true, .twips = 1500},
+                         {}});
         table.AddRow({{text}, {text}, {}, {text}});
         grid.Show(std::move(table));
-        return std::array{grid.ColWidth(0), grid.ColWidth(1), grid.ColWidth(2), grid.ColWidth(3)};
+        return std::array{grid.ColWidth(0), grid.ColWidth(1), grid.ColWidth(2), grid.ColWidth(3),
+                          grid.ColWidth(4)};
     };
     const auto narrow = widths(QStringLiteral("12"));
     EXPECT_LT(narrow[0], 100);
     EXPECT_EQ(narrow[1], 200);
     EXPECT_EQ(narrow[2], 100) << "though nothing stands in it";
     EXPECT_EQ(narrow[3], 0);
+    EXPECT_GT(narrow[4], 0) << "where nothing says how wide it is";
     const auto wide = widths(QString(90, u'm'));
     EXPECT_GT(wide[1], 200);
     EXPECT_EQ(wide[1], wide[0]);
@@ -327,6 +330,39 @@ TEST(GridModelTest, OtherRowsUnderTheSameColumnsKeepTheCurrentCellAndTheWidths)
     EXPECT_EQ(grid.CurrentRow(), 0);
 }
 
+TEST(GridModelTest, NoRowComesOrGoesWhereThereAreAsManyAsBefore)
+{
+    FlexGrid grid;
+    grid.Show(Numbered(4, -1));
+    const QSignalSpy come(grid.model(), &QAbstractItemModel::rowsInserted);
+    const QSignalSpy gone(grid.model(), &QAbstractItemModel::rowsRemoved);
+    grid.SetRows(4);
+    EXPECT_EQ(come.count(), 0);
+    EXPECT_EQ(gone.count(), 0);
+    grid.SetRows(5);
+    grid.SetRows(3);
+    EXPECT_EQ(come.count(), 1);
+    EXPECT_EQ(gone.count(), 1);
+}
+
+TEST(GridModelTest, AnyColumnMayBeHiddenOrTakeTheRoomThatIsLeft)
+{
+    for (int special = 0; special < 3; ++special) {
+        std::vector<GridColumn> columns(3, {.head = QStringLiteral("Name")});
+        FlexGrid grid;
+        grid.resize(600, 200);
+        grid.show();
+        columns[static_cast<std::size_t>(special)].stretched = true;
+        grid.Show(GridTable(columns));
+        for (int col = 0; col < 3; ++col)
+            EXPECT_EQ(grid.ColWidth(col) > 300, col == special) << col;
+        columns[static_cast<std::size_t>(special)] = {.head = QStringLiteral("Code"), .hidden = true};
+        grid.Show(GridTable(columns));
+        for (int col = 0; col < 3; ++col)
+            EXPECT_EQ(grid.isColumnHidden(col), col == special) << col;
+    }
+}
+
 TEST(GridModelTest, OneRowIsShownAnewAndNoneThatIsNotThere)
 {
     FlexGrid grid;
@@ -358,9 +394,15 @@ TEST(GridModelTest, OneRowIsShownAnewAndNoneThatIsNotThere)
     ASSERT_EQ(heads.count(), 2);
     EXPECT_EQ(heads[1][1].toInt(), 0);
     EXPECT_EQ(heads[1][2].toInt(), 2);
+    ASSERT_EQ(changes.count(), 3);
+    EXPECT_EQ(changes[2][0].toModelIndex(), grid.model()->index(0, 0));
+    EXPECT_EQ(changes[2][1].toModelIndex(), grid.model()->index(1, 2));
+    grid.ShowRow(1, {{QStringLiteral("Binu")}});
+    EXPECT_EQ(changes.count(), 4) << "the first row";
+    EXPECT_EQ(grid.TextMatrix(1, 0).toStdString(), "Binu");
     grid.SetCols(0);
     grid.ShowRow(1, {{QStringLiteral("Asha")}});
-    EXPECT_EQ(changes.count(), 3);
+    EXPECT_EQ(changes.count(), 4);
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 #include <QEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace tally::test {
@@ -67,6 +69,25 @@ TEST_F(LeaveGuardTest, WhoOnlyLooksAwayIsNotAsked)
             EXPECT_EQ(Asked(), !leaves ? "" : control == list ? "list" : "field") << reason;
         }
     }
+}
+
+TEST_F(LeaveGuardTest, WhatWasTypedCountsWhenTheGuardAsksAndTheFieldIsLeftOnce)
+{
+    auto* number = new QSpinBox(forms[0]);
+    number->setKeyboardTracking(false);
+    number->show();
+    int value = -1;
+    AskBeforeLeaving(number, [&] {
+        value = number->value();
+        return true;
+    });
+    const QSignalSpy finished(number, &QSpinBox::editingFinished);
+    number->setFocus();
+    number->selectAll();
+    QTest::keyClick(number, Qt::Key_7);
+    button->setFocus();
+    EXPECT_EQ(value, 7);
+    EXPECT_EQ(finished.count(), 1);
 }
 
 TEST_F(LeaveGuardTest, WhoGoesToAnotherFormOfTheWindowIsNotAsked)

@@ -206,6 +206,61 @@ TEST_P(Look, TheEdgesOfFieldsAreSeen)
     }
 }
 
+TEST_P(Look, AFieldThatIsToHaveNoEdgeHasNone)
+{
+    auto* number = Show(new QSpinBox);
+    number->setFrame(false);
+    EXPECT_LT(Edge(number), OfEdges);
+    delete number;
+}
+
+TEST_P(Look, AnEdgeIsPaintedAroundAndNothingWithin)
+{
+    const QColor within = Qt::magenta;
+    for (const auto frame : {QStyle::PE_FrameLineEdit, QStyle::PE_FrameFocusRect}) {
+        QImage picture(40, 30, QImage::Format_ARGB32_Premultiplied);
+        picture.fill(within);
+        QStyleOption option;
+        option.rect = picture.rect();
+        QPainter painter(&picture);
+        painter.setBrush(Qt::cyan);
+        QApplication::style()->drawPrimitive(frame, &option, &painter);
+        painter.end();
+        EXPECT_EQ(picture.pixelColor(20, 15), within) << frame;
+        EXPECT_NE(picture.pixelColor(20, 0), within) << frame;
+    }
+}
+
+TEST_P(Look, TheFocusFrameStandsWhereAControlShowsTheFocusByNoEdgeOfItsOwn)
+{
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{new QPushButton, new QComboBox, new QCheckBox, new QRadioButton}) {
+        QImage picture(40, 30, QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::magenta);
+        QStyleOption option;
+        option.rect = picture.rect();
+        QPainter painter(&picture);
+        QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, control);
+        painter.end();
+        const bool ownEdge = qobject_cast<QPushButton*>(control) || qobject_cast<QComboBox*>(control);
+        EXPECT_EQ(picture.pixelColor(20, 0) == QColor(Qt::magenta), ownEdge)
+            << control->metaObject()->className();
+        delete control;
+    }
+}
+
+TEST_P(Look, AFieldTakesNoFocusFromTheWheelAndAButtonLightsUpUnderTheMouse)
+{
+    for (QWidget* field : std::initializer_list<QWidget*>{new QComboBox, new QSpinBox, new DatePicker}) {
+        Show(field);
+        EXPECT_EQ(field->focusPolicy(), Qt::StrongFocus) << field->metaObject()->className();
+        delete field;
+    }
+    auto* button = Show(new QPushButton);
+    EXPECT_TRUE(button->testAttribute(Qt::WA_Hover));
+    delete button;
+}
+
 TEST_P(Look, TheFocusOfAFieldIsSeenBesideTheFieldWithoutIt)
 {
     for (QWidget* field :
@@ -333,7 +388,8 @@ TEST_P(Look, WhatIsChosenInASwitchedOffListOrFieldCanBeRead)
     list->setCurrentRow(0);
     for (const bool on : {true, false}) {
         list->setEnabled(on);
-        EXPECT_GE(Strongest(Picture(list->viewport(), list->visualItemRect(list->item(0)))), OfText) << on;
+        const QRect text = list->visualItemRect(list->item(0)).adjusted(26, 0, -40, 0);
+        EXPECT_GE(Strongest(Picture(list->viewport(), text)), OfText) << on;
     }
     delete list;
     for (QWidget* field : std::initializer_list<QWidget*>{
@@ -372,6 +428,22 @@ TEST_P(Look, TheTitlesOfChildWindowsCanBeRead)
                 EXPECT_GE(Strongest(button), OfEdges) << (shown == frame ? "in front" : "behind");
             }
         }
+    }
+}
+
+TEST_P(Look, TheTitleOfAWindowWithoutButtonsCanBeRead)
+{
+    QImage picture(200, 26, QImage::Format_ARGB32_Premultiplied);
+    QStyleOptionTitleBar bar;
+    bar.rect = picture.rect();
+    bar.titleBarFlags = Qt::WindowTitleHint;
+    bar.text = QStringLiteral("Rank List");
+    for (const int state : {0, int(QStyle::State_Active)}) {
+        bar.titleBarState = state;
+        QPainter painter(&picture);
+        QApplication::style()->drawComplexControl(QStyle::CC_TitleBar, &bar, &painter);
+        painter.end();
+        EXPECT_GE(Strongest(picture), OfText) << state;
     }
 }
 
@@ -466,6 +538,8 @@ TEST_F(ChangeOfLook, TheSystemsOwnColoursDecideWhereNobodyElseDoes)
     system = QPalette(QColor(230, 230, 230));
     QApplication::style()->polish(system);
     EXPECT_FALSE(IsDark(system));
+    const QPalette level(Qt::gray, Qt::gray, Qt::gray, Qt::gray, Qt::gray, Qt::gray, Qt::gray);
+    EXPECT_FALSE(IsDark(level)) << "its texts are no lighter";
     UseDarkLook(true);
     EXPECT_EQ(QApplication::palette().color(QPalette::Window), dark);
     QApplication::style()->polish(system);
@@ -518,12 +592,16 @@ TEST_F(ChangeOfLook, EverythingOnTheScreenFollowsAndNothingIsLost)
 }
 
 /// The columns of a cell in which the text of a list leaves ink, from the first to the last.
-std::pair<int, int> InkOf(const QString& text, Qt::Alignment alignment, const QRect& cell)
+std::pair<int, int> InkOf(const QString& text, Qt::Alignment alignment, const QRect& cell,
+                          bool isBold = false)
 {
     QTableView list;
     QStandardItemModel model(1, 1);
     model.setItem(0, 0, new QStandardItem(text));
     model.item(0, 0)->setTextAlignment(alignment);
+    QFont font;
+    font.setBold(isBold);
+    model.item(0, 0)->setFont(font);
     list.setModel(&model);
     DressGrid(&list);
     QImage picture(300, 30, QImage::Format_RGB32);
@@ -558,6 +636,47 @@ TEST(Look, ATextOfAListStandsAtItsSideOfTheCellAndOneThatIsTooLongEndsWithinIt)
     EXPECT_LT(begin, cell.left() + 8);
     EXPECT_GT(longEnd, cell.center().x());
     EXPECT_LE(longEnd, cell.right());
+    const auto [bold, boldEnd] = InkOf(QStringLiteral("WWWW"), Qt::AlignRight, cell, true);
+    EXPECT_GT(bold, cell.left());
+    EXPECT_LE(boldEnd, cell.right() - 3) << "it is measured in its own letters";
+}
+
+TEST(Look, ATextOfAListIsNoMarkup)
+{
+    const QRect cell(100, 2, 180, 24);
+    EXPECT_GT(InkOf(QStringLiteral("<b>Asha</b>"), Qt::AlignLeft, cell).second,
+              InkOf(QStringLiteral("Asha and"), Qt::AlignLeft, cell).second);
+}
+
+TEST(Look, NothingIsTypedIntoAList)
+{
+    QStandardItemModel model(2, 2);
+    QTableView list;
+    list.setModel(&model);
+    DressGrid(&list);
+    list.show();
+    QApplication::setActiveWindow(&list);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    list.setCurrentIndex(model.index(0, 0));
+    for (const auto key : {Qt::Key_F2, Qt::Key_A})
+        QTest::keyClick(&list, key);
+    EXPECT_EQ(list.findChild<QLineEdit*>(), nullptr);
+}
+
+TEST(Look, TheHeadOfAListIsTheSameWhateverColumnIsCurrent)
+{
+    QStandardItemModel model(2, 2);
+    model.setHorizontalHeaderLabels({QStringLiteral("Name"), QStringLiteral("Mark")});
+    QTableView list;
+    list.setModel(&model);
+    DressGrid(&list);
+    list.show();
+    QApplication::setActiveWindow(&list);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    const QImage before = list.horizontalHeader()->grab().toImage();
+    list.setFocus();
+    list.setCurrentIndex(model.index(1, 1));
+    EXPECT_EQ(list.horizontalHeader()->grab().toImage(), before);
 }
 
 } // namespace

@@ -63,6 +63,21 @@ TEST_F(MovieViewTest, EachPictureOfAMovieIsShown)
     EXPECT_TRUE(QTest::qWaitFor([this] { return paints.Count() > 5; }));
 }
 
+TEST_F(MovieViewTest, TheWindowStandsBeforeTheTitleIsWritten)
+{
+    const auto hasLetters = [](const QImage& picture) {
+        for (int y = 0; y < 80; ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                if (picture.pixelColor(x, y) == QColor(Qt::white))
+                    return true;
+        return false;
+    };
+    MovieView other;
+    other.resize(400, 200);
+    EXPECT_FALSE(hasLetters(other.grab().toImage()));
+    EXPECT_TRUE(hasLetters(other.grab().toImage()));
+}
+
 TEST_F(MovieViewTest, AMovieThatDoesNotMoveIsShownAtOnceAndOnce)
 {
     QTest::qWait(50);

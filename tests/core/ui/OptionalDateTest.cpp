@@ -34,6 +34,8 @@ protected:
 TEST_F(OptionalDate, IsEnteredByItsTickWhichOpensTheDate)
 {
     EXPECT_FALSE(date->isEnabled());
+    EXPECT_LT(tick->geometry().right(), date->x());
+    EXPECT_EQ(date->geometry().right(), optional->rect().right());
     optional->setFocus();
     EXPECT_TRUE(tick->hasFocus());
     EXPECT_FALSE(optional->Date().isValid());

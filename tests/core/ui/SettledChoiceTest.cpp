@@ -1,5 +1,6 @@
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/FormKeys.h"
+#include "support/EventCounter.h"
 #include "support/ScreenFixture.h"
 
 #include <QAbstractItemView>
@@ -99,10 +100,15 @@ TEST_F(SettledChoice, AnOpenedListSettlesWhenItClosesOverAnotherEntry)
 
 TEST_F(SettledChoice, EnterSettlesAtAnyTimeInAListThatTakesIt)
 {
+    const EventCounter keys(form, QEvent::KeyPress);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(told, "") << "it does not take it yet";
+    EXPECT_EQ(keys.Count(), 1);
     list->setProperty(TakesEnter, true);
     Press(Qt::Key_Down);
     Press(Qt::Key_Return);
-    Press(Qt::Key_Return);
+    Press(Qt::Key_Enter);
+    EXPECT_EQ(keys.Count(), 1) << "it ends there";
     EXPECT_EQ(told, "One goes on;One goes on;");
     Press(Qt::Key_Tab);
     EXPECT_EQ(told, "One goes on;One goes on;");
@@ -124,6 +130,10 @@ TEST_F(SettledChoice, BehindARefusalTheArrowsGoOnFromTheRefusedEntryAsLongAsTheL
     EXPECT_EQ(leadsTo(Qt::Key_Down), 2);
     refuse(2);
     EXPECT_EQ(leadsTo(Qt::Key_Up), 1);
+    refuse();
+    EXPECT_EQ(leadsTo(Qt::Key_F8), 0);
+    refuse();
+    EXPECT_EQ(leadsTo(Qt::Key_O), 1) << "the refused entry may be typed again";
     refuse();
     EXPECT_EQ(leadsTo(Qt::Key_Home), 0);
     EXPECT_EQ(leadsTo(Qt::Key_Down), 1) << "another key was pressed";
@@ -163,12 +173,55 @@ TEST_F(SettledChoice, TheFirstEntryOfAListWithoutABlankLineIsTakenBackToo)
          {DataCombo::Entries{{1, QStringLiteral("One")}, {2, QStringLiteral("Two")}},
           DataCombo::Entries{{1, QStringLiteral("One")}}}) {
         list->SetList(entries);
+        EXPECT_EQ(list->currentIndex(), -1);
         list->SetBoundCode(1);
+        EXPECT_EQ(list->currentIndex(), 0);
         list->TakeBack();
         EXPECT_EQ(list->currentIndex(), -1);
         Press(Qt::Key_Down);
         EXPECT_EQ(list->BoundCode(), entries.size() > 1 ? 2 : 0) << "there is no other behind the last one";
     }
+}
+
+TEST_F(SettledChoice, WhatIsNotInTheListIsTheBlankLine)
+{
+    list->SetBoundCode(2);
+    list->SetBoundCode(7);
+    EXPECT_EQ(list->currentIndex(), 0);
+    list->SetText(QStringLiteral("two"));
+    EXPECT_EQ(list->BoundCode(), 2);
+    list->SetText(QStringLiteral("Three"));
+    EXPECT_EQ(list->currentIndex(), 0);
+    list->SetList({{2, QStringLiteral("Two")}, {0, QStringLiteral(" ")}});
+    EXPECT_EQ(list->currentIndex(), 1) << "wherever it stands";
+    list->SetText(QStringLiteral("TWO"));
+    EXPECT_EQ(list->currentIndex(), 0);
+    list->SetBoundCode(2);
+    EXPECT_EQ(list->currentIndex(), 0);
+}
+
+TEST_F(SettledChoice, WhoOnlyLooksAwaySettlesNothing)
+{
+    Press(Qt::Key_Down);
+    for (const auto reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason}) {
+        button->setFocus(reason);
+        EXPECT_EQ(told, "") << reason;
+        list->setFocus(reason);
+    }
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(told, "One goes on;");
+}
+
+TEST_F(SettledChoice, AListThatWasOpenedOnceDoesNotSettleByClosingWhatIsClosed)
+{
+    list->showPopup();
+    list->hidePopup();
+    EXPECT_FALSE(list->view()->isVisible());
+    Settle();
+    Press(Qt::Key_Down);
+    list->hidePopup();
+    Settle();
+    EXPECT_EQ(told, "");
 }
 
 TEST_F(SettledChoice, WhatTheScreenChoosesIsSettled)
