@@ -53,6 +53,11 @@ protected:
 
 TEST_F(frmUtilOptionsTest, WithoutARowEverythingIsEmptyAndSaveIsOff)
 {
+    // As the login has left them.
+    Session().gblnAutoGenerate = true;
+    Session().gblnFractionMarks = true;
+    Session().gblnRoundedMarks = true;
+    Session().gvarDefaultDOB = QStringLiteral("31/May/2018");
     OpenOptions();
     for (const char* name : {"chkPrompt", "chkAutoGen", "chkFractionMarks", "chkRoundedMarks"})
         EXPECT_FALSE(Box(name)->isChecked()) << name;
@@ -86,6 +91,10 @@ TEST_F(frmUtilOptionsTest, EachBoxShowsItsOwnOptionOfTheStoredRow)
     EXPECT_FALSE(Box("chkAutoGen")->isChecked());
     EXPECT_TRUE(Box("chkFractionMarks")->isChecked());
     EXPECT_FALSE(Box("chkRoundedMarks")->isChecked());
+    Given("UPDATE Options SET AdmissionNoAutoGen = 'Y', MarksInFraction = 'N'");
+    Press(Button("cmdCancel"));
+    EXPECT_TRUE(Box("chkAutoGen")->isChecked());
+    EXPECT_FALSE(Box("chkFractionMarks")->isChecked());
 }
 
 TEST_F(frmUtilOptionsTest, TheExitPromptShownIsTheUsersOwnFromTheTemporaryFile)

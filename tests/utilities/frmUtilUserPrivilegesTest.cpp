@@ -14,7 +14,11 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QImage>
 #include <QLabel>
+#include <QPaintEvent>
+#include <QRegion>
+#include <QScrollBar>
 #include <QTreeWidgetItemIterator>
 
 #include <functional>
@@ -330,7 +334,9 @@ TEST_F(frmUtilUserPrivilegesTest, FieldsAreAskedForInTheirOrder)
     ExpectRefusal(QStringLiteral("Enter Password"), "txtPassword");
     Retype("txtPassword", "one");
     ExpectRefusal(QStringLiteral("Enter Re-Type Password"), "txtRePassword");
-    Retype("txtRePassword", "One");
+    Retype("txtRePassword", "one");
+    ExpectRefusal(QStringLiteral("Select Whether User Is Blocked Or Not"), "cboBlocked");
+    Retype("txtPassword", "One");
     ExpectRefusal(QStringLiteral("Select Whether User Is Blocked Or Not"), "cboBlocked");
     ChooseBlocked("NO");
     ExpectRefusal(PasswordsDiffer, "txtPassword");
@@ -373,7 +379,9 @@ TEST_F(frmUtilUserPrivilegesTest, ARetypedPasswordThatDiffersIsToldWhenItIsLeftB
     prompts.ExpectInformation(PasswordsDiffer);
     QTest::keyClick(Box("txtRePassword"), Qt::Key_Tab);
     prompts.Verify();
+    Settle();
     EXPECT_EQ(TextOf("txtRePassword"), "two");
+    EXPECT_EQ(FocusName(), "cboBlocked");
 }
 
 TEST_F(frmUtilUserPrivilegesTest, LoginAndPasswordTakeWhatTheLoginCanType)
@@ -504,6 +512,7 @@ TEST_F(frmUtilUserPrivilegesTest, AStoredLoginIsShownWhereTheClerkWantsIt)
     ChoosePerson("User bala");
     prompts.Verify();
     EXPECT_TRUE(List("dbcUserName")->IsBlank());
+    EXPECT_TRUE(HasFocus("dbcUserName"));
     EXPECT_EQ(States(), "Frame1 cmdSave ");
     EXPECT_EQ(TextOf("txtLoginID"), "");
 
@@ -529,6 +538,7 @@ TEST_F(frmUtilUserPrivilegesTest, AnEditChangesLoginAndRightsAndLeavesThePerson)
     BeginEdit("User bala");
     EXPECT_EQ(States(), "Frame1 cmdSave ");
     EXPECT_FALSE(IsEnabled("dbcUserName"));
+    EXPECT_EQ(FocusName(), "txtLoginID");
     Retype("txtLoginID", "second");
     Toggle(2);
     Save(QStringLiteral("Record Updated"));
@@ -762,6 +772,61 @@ TEST_F(frmUtilUserPrivilegesTest, ACopyWhileAnotherClientSavesIsToldAndLeavesThe
     EXPECT_EQ(RightsOfUser(2), 4);
 }
 
+TEST_F(frmUtilUserPrivilegesTest, ACopyThatFailsBehindItsQuestionIsToldAndNothingMoreIsAsked)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"),
+              {{QStringLiteral("Masters"), QStringLiteral("D")}});
+    OpenPrivileges();
+    Session().gcnnMain->SetPatience(std::chrono::milliseconds(1));
+    const auto other = AnotherClient();
+    std::optional<store::Transaction> saving;
+    QStringList told;
+    Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+        told.append(text);
+        if (!saving)
+            saving.emplace(*other);
+        return true;
+    });
+    CopyTo("User boss", "User bala");
+    saving.reset();
+    ASSERT_EQ(told.size(), 2) << told.join(QLatin1Char('|')).toStdString();
+    EXPECT_EQ(told[1].toStdString(), HeldByAnotherClient.toStdString());
+    EXPECT_EQ(RightsOfUser(2), 1);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, APersonInHandWhoLosesHisLoginBehindACopyIsNotShownAnyMore)
+{
+    GivenManager();
+    GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
+    for (const char* loss : {"DELETE FROM UserPrivilegeMaster WHERE UserCode = 2",
+                             "ALTER TABLE UserPrivilegeMaster RENAME TO Away"}) {
+        SCOPED_TRACE(loss);
+        Given(
+            "INSERT OR IGNORE INTO UserPrivilegeMaster (UserCode, LoginId, Password, Block, EnteredBy, Days)"
+            " VALUES (2, 'bala', 'Pass', 'N', 0, 0)");
+        Given("DELETE FROM UserPrivilegeDetails WHERE UserCode = 2");
+        OpenPrivileges();
+        Press(Button("cmdNew"));
+        QStringList told;
+        Prompts::AnswerWith([&](Prompts::Kind, const QString& text) {
+            told.append(text);
+            if (text == QLatin1String("Privilege Copied"))
+                AnotherClient()->Execute(QString::fromLatin1(loss));
+            return true;
+        });
+        ChoosePerson("User bala");
+        EXPECT_EQ(States(), "cmdEdit ");
+        CopyTo("User boss", "User bala");
+        EXPECT_TRUE(told.contains(QStringLiteral("Privilege Copied")));
+        EXPECT_EQ(States(), "cmdNew ");
+        EXPECT_EQ(TextOf("txtLoginID"), "");
+        form->Unload();
+        Settle();
+    }
+    Given("ALTER TABLE Away RENAME TO UserPrivilegeMaster");
+}
+
 TEST_F(frmUtilUserPrivilegesTest, RightsThatArriveByACopyAreShownOfThePersonInHand)
 {
     GivenManager();
@@ -792,15 +857,103 @@ TEST_F(frmUtilUserPrivilegesTest, ACopyNeedsTheRightToChangeWhatIsStored)
                {QStringLiteral("frmUtilUserPrivileges"), QStringLiteral("N")}});
     GivenUser(2, QStringLiteral("bala"), QStringLiteral("Pass"));
     OpenPrivileges();
-    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Modify This Entry"));
-    CopyTo("User boss", "User bala");
+    for (const char* from : {"", "User boss"}) {
+        prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Modify This Entry"));
+        CopyTo(from, "User bala");
+    }
     EXPECT_EQ(RightsOfUser(2), 0);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, TheTreeShowsItsScreensAtOnceAndBeginsAtTheFirstLine)
+{
+    OpenPrivileges();
+    EXPECT_TRUE(Tree()->header()->isHidden());
+    for (const int group : {1, 54, 76, PrivilegeLine::Utilities}) {
+        EXPECT_TRUE(Line(group)->isExpanded()) << group;
+        EXPECT_FALSE(Line(group + 1)->isExpanded()) << group + 1;
+    }
+    EXPECT_EQ(Tree()->currentItem(), Line(1));
+}
+
+TEST_F(frmUtilUserPrivilegesTest, TheTreeIsAsWideAsItsCaptionsNeedAndNoWider)
+{
+    PrivilegeTreeView tree;
+    const auto lacksRoom = [&tree](int less) {
+        tree.resize(tree.sizeHint() - QSize(less, 0));
+        tree.show();
+        Settle();
+        EXPECT_TRUE(tree.verticalScrollBar()->isVisible());
+        return tree.horizontalScrollBar()->maximum() > 0;
+    };
+    EXPECT_FALSE(lacksRoom(0));
+    EXPECT_TRUE(lacksRoom(1));
+}
+
+/// How the lines of a tree are painted, and where something was painted anew.
+class Paints : public QObject
+{
+public:
+    explicit Paints(QTreeWidget* tree) : tree_(tree) { tree_->viewport()->installEventFilter(this); }
+
+    QImage Of(QTreeWidgetItem* line) const
+    {
+        return tree_->viewport()->grab(tree_->visualItemRect(line)).toImage();
+    }
+
+    QRegion anew;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            anew += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+
+private:
+    QTreeWidget* tree_;
+};
+
+TEST_F(frmUtilUserPrivilegesTest, LinesThatCannotBeTickedLookSoButForTheLineInHand)
+{
+    GivenManager();
+    OpenPrivileges();
+    Tree()->setCurrentItem(Line(1));
+    Settle();
+    Paints paints(Tree());
+    const QImage inHand = paints.Of(Line(1));
+    const QImage closed = paints.Of(Line(2));
+    paints.anew = {};
+    Press(Button("cmdNew"));
+    Settle();
+    EXPECT_TRUE(paints.anew.contains(Tree()->visualItemRect(Line(2)))) << "they are seen to open";
+    EXPECT_EQ(paints.Of(Line(1)), inHand);
+    EXPECT_NE(paints.Of(Line(2)), closed);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, ATickIsSeenAtOnceOnAllLinesBelow)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    Tree()->setFocus();
+    Tree()->setCurrentItem(Line(1));
+    Settle();
+    Paints paints(Tree());
+    const QImage before = paints.Of(Line(2));
+    paints.anew = {};
+    QTest::keyClick(Tree(), Qt::Key_Space);
+    Settle();
+    EXPECT_TRUE(paints.anew.contains(Tree()->visualItemRect(Line(2))));
+    EXPECT_NE(paints.Of(Line(2)), before);
 }
 
 TEST_F(frmUtilUserPrivilegesTest, NoCaptionOfTheTreeIsCut)
 {
     OpenPrivileges();
     Tree()->expandAll();
+    Tree()->setFixedWidth(90);
     Settle();
     for (int line = 1; line <= static_cast<int>(PrivilegeNodes().size()); ++line) {
         const QRect room = Tree()->visualItemRect(Line(line));
@@ -901,6 +1054,84 @@ TEST_F(frmUtilUserPrivilegesTest, CancelTakesEverythingBack)
     EXPECT_EQ(Blocked()->currentIndex(), -1);
     EXPECT_EQ(Tree()->Checked(), std::set<int>());
     EXPECT_EQ(FocusName(), "cmdNew");
+}
+
+TEST_F(frmUtilUserPrivilegesTest, CancelReadsThePeopleAnew)
+{
+    GivenManager();
+    OpenPrivileges();
+    Press(Button("cmdNew"));
+    GivenPerson(2, "Bala");
+    Press(Button("cmdCancel"));
+    EXPECT_GE(List("dbcUserName")->findText(QStringLiteral("Bala")), 0);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, BehindCancelANewLoginIsThatOfThePersonWhoIsChosenThen)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    GivenPerson(3, "Third");
+    OpenPrivileges();
+    BeginEdit("User boss");
+    Press(Button("cmdCancel"));
+    BeginNew("Third");
+    EnterLogin("third", "x");
+    Save();
+    EXPECT_EQ(Count("SELECT UserCode FROM UserPrivilegeMaster WHERE LoginId = 'third'"), 3);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhoGivesUpIsAskedNothing)
+{
+    GivenManager();
+    for (const char* way : {"cmdCancel", "cmdExit"}) {
+        OpenPrivileges();
+        Press(Button("cmdNew"));
+        Choose("dbcUserName", QStringLiteral("User boss"));
+        Press(Button(way));
+        prompts.Verify();
+        Settle();
+    }
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("frmUtilUserPrivileges")), nullptr);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhatIsLeftEmptyIsNotLookedFor)
+{
+    GivenManager();
+    OpenPrivileges();
+    Press(Button("cmdNew"));
+    const auto before = Session().gcnnMain->StatementsRun();
+    Choose("dbcUserName", QStringLiteral("User boss"));
+    Choose("dbcUserName", QStringLiteral(" "));
+    QTest::keyClick(List("dbcUserName"), Qt::Key_Tab);
+    Settle();
+    ASSERT_EQ(FocusName(), "txtLoginID");
+    QTest::keyClick(Box("txtLoginID"), Qt::Key_Tab);
+    Settle();
+    EXPECT_EQ(FocusName(), "txtPassword");
+    EXPECT_EQ(Session().gcnnMain->StatementsRun(), before);
+}
+
+TEST_F(frmUtilUserPrivilegesTest, WhatCannotBeLookedUpIsToldAndTheKeyboardStays)
+{
+    GivenManager();
+    GivenPerson(2, "Bala");
+    OpenPrivileges();
+    BeginNew("Bala");
+    Retype("txtLoginID", "bala");
+    AnotherClient()->Execute(QStringLiteral("ALTER TABLE UserPrivilegeMaster RENAME TO Away"));
+    prompts.ExpectCritical(NoSuchTable("UserPrivilegeMaster"));
+    QTest::keyClick(Box("txtLoginID"), Qt::Key_Tab);
+    prompts.Verify();
+    Settle();
+    EXPECT_TRUE(HasFocus("txtLoginID"));
+    Box("txtLoginID")->clear();
+    Choose("dbcUserName", QStringLiteral(" "));
+    prompts.ExpectCritical(NoSuchTable("UserPrivilegeMaster"));
+    ChoosePerson("Bala");
+    prompts.Verify();
+    EXPECT_TRUE(List("dbcUserName")->IsBlank()) << "a login that cannot be read must not look like none";
+    EXPECT_TRUE(HasFocus("dbcUserName"));
+    Given("ALTER TABLE Away RENAME TO UserPrivilegeMaster");
 }
 
 TEST_F(frmUtilUserPrivilegesTest, EachCopyListLeavesTheOthersChoiceOut)
