@@ -18,6 +18,12 @@ protected:
             texts.append(List(name)->itemText(index));
         return texts.join(QLatin1Char('|')).toStdString();
     }
+    /// Leaves the other screen, from which this one gets the keyboard back.
+    static void Leave(const char* master)
+    {
+        ScreenRegistry::OpenInstance(QString::fromLatin1(master))->Unload();
+        Settle();
+    }
     /// Opens the list and takes an entry of it.
     void Pick(const char* name, const QString& text)
     {
@@ -187,6 +193,55 @@ TEST_F(GradeChoosing, WhatIsTypedForAChoiceThatWasLeftToGiveUpStays)
     EXPECT_EQ(Rows(), "1|80|50|A 2|||");
 }
 
+TEST_F(GradeChoosing, ASaveShowsTheGradesOfAChoiceThatWasLeftToGiveUpAndStoresNothing)
+{
+    GivenGrades();
+    OpenForm();
+    Press(Button("cmdNew"));
+    ChooseDivision();
+    Button("cmdExit")->setFocus();
+    Press(Button("cmdSave"));
+    EXPECT_EQ(Rows(), UsualRows);
+    EXPECT_EQ(EnabledControls(), Found);
+    EXPECT_EQ(Stored(), UsualStored) << "without a user they would have been stored anew";
+}
+
+TEST_F(GradeChoosing, AChoiceThatWasLeftToGiveUpIsReadOnTheWayBackFromAMaster)
+{
+    GivenGrades();
+    OpenForm();
+    for (const auto& [button, master] : {std::pair{"cmdAddExam", "frmexamnamemaster"},
+                                         std::pair{"cmdAddClass", "frmMasClassSectionEntry"}}) {
+        ChooseDivision();
+        Button("cmdExit")->setFocus();
+        Press(Button(button));
+        EXPECT_EQ(Rows(), "|||");
+        Leave(master);
+        EXPECT_EQ(Rows(), UsualRows) << master;
+        EXPECT_EQ(EnabledControls(), Found);
+        Press(Button("cmdCancel"));
+    }
+}
+
+TEST_F(GradeChoosing, AnotherChoicePutsTheOpenBoxAway)
+{
+    StartNew();
+    ASSERT_EQ(OpenBox(), "Txttotalaverage 1");
+    Choose("dbcExam", QStringLiteral("Term Two"));
+    EXPECT_FALSE(totalAverage->isVisible());
+}
+
+TEST_F(GradeChoosing, GradesThatAnotherClientEnteredMeanwhilePutTheOpenBoxAway)
+{
+    StartNew();
+    ASSERT_EQ(OpenBox(), "Txttotalaverage 1");
+    GivenGrades();
+    division->setFocus();
+    PressKey(form, Qt::Key_Return);
+    EXPECT_EQ(EnabledControls(), Found);
+    EXPECT_FALSE(totalAverage->isVisible());
+}
+
 TEST_F(GradeChoosing, WhoGoesBackFromADivisionIsNotLedOn)
 {
     GivenGrades();
@@ -254,6 +309,17 @@ TEST_F(GradeChoosing, WhatIsNoLongerThereIsNotEdited)
     EXPECT_EQ(FocusName(), "cboDivision");
 }
 
+TEST_F(GradeChoosing, WhatIsNoLongerThereIsEnteredAnewOnceNewWasPressed)
+{
+    GivenGrades();
+    StartNew();
+    ASSERT_EQ(EnabledControls(), Found);
+    OtherInDivision("DELETE FROM RankMaster WHERE Status > 0");
+    Press(Button("cmdEdit"));
+    EXPECT_EQ(EnabledControls(), Entering);
+    EXPECT_EQ(OpenBox(), "Txttotalaverage 1");
+}
+
 TEST_F(GradeChoosing, MarksThatCameSinceTheChoiceAreToldBeforeAnEdit)
 {
     GivenGrades();
@@ -278,6 +344,7 @@ TEST_F(GradeChoosing, AnEditOfWhatCannotBeReadDoesNotBegin)
     EXPECT_EQ(Rows(), "|||");
     EXPECT_EQ(EnabledControls(), Idle);
     EXPECT_TRUE(division->IsBlank());
+    EXPECT_EQ(FocusName(), "cboDivision");
 }
 
 TEST_F(GradeChoosing, ALongTableThatIsOnlyShownIsLookedThroughWithTheKeys)
@@ -564,6 +631,22 @@ TEST_F(GradeChoosing, AnExamDeletedBesideTheScreenTakesItsGradesOffTheScreen)
     master->Unload();
     Settle();
     EXPECT_TRUE(List("dbcExam")->IsBlank());
+    EXPECT_EQ(Rows(), "|||");
+    EXPECT_EQ(EnabledControls(), Idle);
+}
+
+TEST_F(GradeChoosing, ADivisionDeletedBesideTheScreenTakesItsGradesOffTheScreen)
+{
+    GivenGrades();
+    ShowStored();
+    Press(Button("cmdAddClass"));
+    LeaveOthersUnguarded();
+    for (const char* table : {"RankMaster", "MarkMaster", "TempRankTotal", "StudentClassDivision",
+                              "ClassSubjectTeacher", "ClassDivisionDetails"})
+        AnotherClient()->Execute(QStringLiteral("DELETE FROM %1 WHERE ClassCode = 1 AND DivisionCode = 1")
+                                     .arg(QString::fromLatin1(table)));
+    Leave("frmMasClassSectionEntry");
+    EXPECT_TRUE(division->IsBlank());
     EXPECT_EQ(Rows(), "|||");
     EXPECT_EQ(EnabledControls(), Idle);
 }

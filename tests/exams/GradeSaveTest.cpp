@@ -31,6 +31,8 @@ protected:
         PressKey(form, Qt::Key_S, Qt::AltModifier);
         prompts.Verify();
         EXPECT_EQ(Rows(), rows);
+        for (const FloatingEditor* box : {totalAverage, subjectAverage, grade})
+            EXPECT_FALSE(box->isVisible());
         EXPECT_TRUE(IsEnabled("cmdSave"));
         EXPECT_EQ(division->currentText().toStdString(), "A");
         EXPECT_EQ(Session().gcnnMain->TransactionDepth(), 0);
@@ -327,6 +329,7 @@ TEST_F(GradeSave, ATableThatAnotherUserChangedIsNotDeletedUnseen)
     EXPECT_EQ(Stored(), "1 80 50 A 0; 2 60 40 B 0; 3 0 0 D 0");
     EXPECT_EQ(Rows(), "1|80|50|A 2|60|40|B 3|0|0|D 4|||");
     EXPECT_EQ(EnabledControls(), Found);
+    EXPECT_EQ(FocusName(), "cmdEdit");
     prompts.ExpectQuestion(DeleteQuestion, true);
     prompts.ExpectInformation(QStringLiteral("Record Deleted"));
     Press(Button("cmdDelete"));
@@ -344,6 +347,7 @@ TEST_F(GradeSave, ATableThatAnotherUserDeletedIsShownNoMoreAfterADelete)
     prompts.Verify();
     EXPECT_EQ(Rows(), "1|||");
     EXPECT_EQ(EnabledControls(), Idle);
+    EXPECT_EQ(FocusName(), "cboDivision");
 }
 
 TEST_F(GradeSave, AnExamDeletedMeanwhileIsToldAndNothingIsStored)

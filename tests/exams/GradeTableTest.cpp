@@ -243,6 +243,9 @@ TEST(GradeTableTest, AGradeThatARowBelowHasIsTakenOutToo)
     table.SetGrade(1, QStringLiteral("C"));
     EXPECT_EQ(ToText(table.EnterGrade(1)), At(3, 1, GradeExists));
     EXPECT_EQ(Shown(table), "1|80|50| 2|60|40|B 3|0|0|C 4|||");
+    table.PutBack(4, {"0", "0", "D"});
+    table.SetGrade(1, QStringLiteral("D"));
+    EXPECT_EQ(ToText(table.EnterGrade(1)), At(3, 1, GradeExists)) << "the last row counts too";
 }
 
 TEST(GradeTableTest, GradesOfOneAndTwoSignsAreDifferent)
@@ -372,6 +375,7 @@ TEST(GradeTableTest, ATableWithoutRowsIsRefused)
 {
     EXPECT_EQ(FaultOf(GradeTable()), At(1, 1, ReferNotes));
     EXPECT_EQ(FaultOf({{"", "", ""}, {"", "", ""}}), At(1, 1, ReferNotes));
+    EXPECT_EQ(FaultOf({{"", "", ""}, {"", "7", ""}}), At(1, 2, ReferNotes)) << "where something was typed";
 }
 
 TEST(GradeTableTest, AGradeIsStoredWithoutTheBlanksAroundIt)
