@@ -141,6 +141,33 @@ TEST_F(SubjectSetupChoosing, AChoiceLeftToGiveUpIsReadBeforeAnythingIsTypedForIt
     EXPECT_EQ(RowText(1), "1|Art|||||") << "it is not read once more";
 }
 
+TEST_F(SubjectSetupChoosing, ASaveShowsTheSetOfAChoiceThatWasLeftToGiveUpAndStoresNothing)
+{
+    OpenNew();
+    ChooseClass();
+    Choose(divisions, QStringLiteral("A"));
+    Button("cmdExit")->setFocus();
+    const auto changes = [] { return Session().gcnnMain->Number(QStringLiteral("SELECT total_changes()")); };
+    const auto before = changes();
+    Press(Button("cmdSave"));
+    EXPECT_EQ(Rows(), setOfA);
+    EXPECT_EQ(EnabledControls(), Found);
+    EXPECT_EQ(changes(), before);
+}
+
+TEST_F(SubjectSetupChoosing, AChoiceThatWasLeftToGiveUpIsReadOnTheWayBackFromTheClasses)
+{
+    OpenForm();
+    ChooseClass();
+    Choose(divisions, QStringLiteral("A"));
+    Button("cmdExit")->setFocus();
+    Screen* master = OpenMaster("cmdAddClass", "frmMasClassSectionEntry");
+    EXPECT_EQ(Rows(), "1||||||");
+    Leave(master);
+    EXPECT_EQ(Rows(), setOfA);
+    EXPECT_EQ(EnabledControls(), Found);
+}
+
 TEST_F(SubjectSetupChoosing, WhatIsTypedForAChoiceThatWasLeftToGiveUpStays)
 {
     OpenForm();
@@ -270,6 +297,7 @@ TEST_F(SubjectSetupChoosing, EditOfASetThatHasGoneMeanwhileShowsThatThereIsNone)
     Press(Button("cmdEdit"));
     EXPECT_EQ(Rows(), "1||||||");
     EXPECT_EQ(EnabledControls(), Idle);
+    EXPECT_EQ(Focus(), "cboDivision");
 }
 
 TEST_F(SubjectSetupChoosing, CancelEmptiesEverything)
@@ -337,7 +365,12 @@ TEST_F(SubjectSetupChoosing, WithoutTheListsNothingCanBeBegunUntilTheyAreRead)
         prompts.Verify();
         EXPECT_EQ(IsEnabled("cmdNew"), false) << table;
         EXPECT_EQ(FocusName(), "cmdCancel");
+        EXPECT_EQ(Entries(List("cboDivision")), " ")
+            << "the class that they belong to is not chosen any more";
         Given(QStringLiteral("ALTER TABLE Away RENAME TO %1").arg(QLatin1String(table)).toLatin1());
+        Press(Button("cmdCancel"));
+        classes = List("cboClass");
+        ChooseClass();
     }
     Press(Button("cmdCancel"));
     OpenForm();
@@ -382,6 +415,16 @@ TEST_F(SubjectSetupChoosing, ASubjectAndATeacherRenamedOnTopKeepTheirRows)
     EXPECT_EQ(Stored(1), "1 2 8 90/90 Yes; 2 1 7 50/100 No");
 }
 
+TEST_F(SubjectSetupChoosing, ASubjectRenamedOnTopKeepsTheRowThatIsBeingTyped)
+{
+    StartNew();
+    Enter("Art");
+    Screen* master = OpenMaster("cmdAddSubject", "frmSubjectMaster");
+    Given("UPDATE SubjectMaster SET SubjectName = 'Drawing' WHERE SubjectCode = 3");
+    Leave(master);
+    EXPECT_EQ(Rows(), "1|Drawing|||||");
+}
+
 TEST_F(SubjectSetupChoosing, ASubjectAndATeacherRenamedByAnotherClientKeepTheirCodesUntouched)
 {
     OpenForm();
@@ -413,6 +456,7 @@ TEST_F(SubjectSetupChoosing, ASubjectAndATeacherAddedOnTopCanBeChosenOnReturn)
     master->Unload();
     Settle();
     EXPECT_EQ(Entries(subject), " |Art|Botany|English|Maths|Tamil");
+    EXPECT_FALSE(subject->isVisible());
     EXPECT_EQ(Focus(), "msgDetails") << "on the cell from which the master was opened";
     PressKey(form, Qt::Key_Return);
     EXPECT_EQ(Focus(), "dbcSubject");
@@ -424,6 +468,7 @@ TEST_F(SubjectSetupChoosing, ASubjectAndATeacherAddedOnTopCanBeChosenOnReturn)
     master->Unload();
     Settle();
     EXPECT_EQ(Entries(teacher), " |Mary|Noor|Omar|Paul");
+    EXPECT_FALSE(teacher->isVisible());
     PressKey(form, Qt::Key_Return);
     EXPECT_EQ(Focus(), "dbcTeacher");
     Enter("Paul");
@@ -459,6 +504,7 @@ TEST_F(SubjectSetupChoosing, ADivisionDeletedOnTopIsNoLongerChosen)
     Settle();
     EXPECT_EQ(Entries(divisions), " |A");
     EXPECT_EQ(Rows(), "1||||||");
+    EXPECT_FALSE(subject->isVisible());
     EXPECT_EQ(EnabledControls(), Entering);
 }
 

@@ -35,8 +35,10 @@ TEST_F(SubjectSetupKeys, ASetIsEnteredFromNewToSaveWithTheKeyboardAlone)
     PressKey(form, Qt::Key_Return);
     EXPECT_EQ(Focus(), "dbcSubject");
     Enter("ta");
+    EXPECT_EQ(RowText(1), "1|Tamil|||||");
     EXPECT_EQ(Focus(), "dbcTeacher");
     Enter("om");
+    EXPECT_EQ(RowText(1), "1|Tamil|Omar||||");
     EXPECT_EQ(Focus(), "txtmaximummark");
     Enter("100");
     EXPECT_EQ(Focus(), "TxtMaximumAllowed");
@@ -255,6 +257,7 @@ TEST_F(SubjectSetupKeys, LessThanAMarkThatWasEnteredIsRefusedOnEnterAndOnLeaving
     prompts.Verify();
     EXPECT_EQ(Focus(), "TxtMaximumAllowed");
     EXPECT_EQ(allowed->text().toStdString(), "");
+    EXPECT_EQ(Cell(2, 4), "0");
     QTest::keyClicks(allowed, QStringLiteral("44"));
     prompts.ExpectInformation(text);
     QTest::keyClick(allowed, Qt::Key_Tab);
@@ -311,6 +314,14 @@ TEST_F(SubjectSetupKeys, ARankIsChosenAndABlankOneIsRefused)
     EXPECT_EQ(Cell(1, 5), "No") << "the cell has it at once";
     QTest::keyClick(rank, Qt::Key_Return);
     EXPECT_EQ(Focus(), "txtOrder");
+}
+
+TEST_F(SubjectSetupKeys, TheRankTakesAsManyLettersAsItsWordHas)
+{
+    StartNew();
+    EnterCells({"Art", "Omar", "100", ""});
+    QTest::keyClicks(rank, QStringLiteral("yess"));
+    EXPECT_EQ(rank->currentText().toLower().toStdString(), "yes");
 }
 
 TEST_F(SubjectSetupKeys, WhoGivesUpIsNotKeptInABlankRank)
@@ -382,6 +393,7 @@ TEST_F(SubjectSetupKeys, ASubjectOfAnotherRowIsRefused)
     Enter("ar");
     prompts.Verify();
     EXPECT_EQ(Focus(), "dbcSubject");
+    EXPECT_EQ(subject->currentText().trimmed().toStdString(), "");
     EXPECT_EQ(RowText(2), "2||||||");
 }
 
@@ -412,6 +424,7 @@ TEST_F(SubjectSetupKeys, ANameThatBeginsAnotherOneCanBeTypedOn)
     Settle();
     prompts.Verify();
     EXPECT_EQ(Focus(), "dbcSubject");
+    EXPECT_EQ(subject->currentText().trimmed().toStdString(), "");
     EXPECT_EQ(RowText(2), "2||||||");
 }
 
@@ -433,6 +446,19 @@ TEST_F(SubjectSetupKeys, ARepeatedSubjectTakenFromTheListIsRefusedThoughALongerN
     Settle();
     prompts.Verify();
     EXPECT_EQ(RowText(2), "2||||||");
+}
+
+TEST_F(SubjectSetupKeys, ASubjectThatTheListHasCompletedStandsInTheCellThoughItStoodThereBefore)
+{
+    StartNew();
+    Enter("Art");
+    Click(1, 1);
+    QTest::keyClicks(subject, QStringLiteral("Ar"));
+    ASSERT_EQ(subject->currentText().toStdString(), "Art");
+    QTest::keyClick(subject, Qt::Key_Tab);
+    Settle();
+    EXPECT_EQ(RowText(1), "1|Art|||||");
+    EXPECT_EQ(grid->TextMatrix(1, SubjectColumn::SubjectCode).toStdString(), "3");
 }
 
 TEST_F(SubjectSetupKeys, ATeacherWhomTheListHasCompletedStandsInTheCellHoweverTheListIsLeft)
@@ -540,6 +566,25 @@ TEST_F(SubjectSetupKeys, ARowIsDeletedByItsNumberAndTheOthersMoveUp)
     EXPECT_EQ(Rows(), "1|English|Mary|100|50|No|2 2||||||") << "the blank row is always there";
     DeleteRow(1);
     EXPECT_EQ(Rows(), "1||||||");
+}
+
+TEST_F(SubjectSetupKeys, ANewRowCanBeDeletedAsSoonAsItIsThere)
+{
+    StartArt();
+    Retype("txtDeleteSlNo", "2");
+    EXPECT_FALSE(IsEnabled("cmdDeleteRow"));
+    Click(1, 6);
+    Enter("1");
+    EXPECT_TRUE(IsEnabled("cmdDeleteRow"));
+}
+
+TEST_F(SubjectSetupKeys, NoRowIsTheCurrentOneWhereOneHasGone)
+{
+    StartEdit();
+    Click(2, 3);
+    ASSERT_EQ(grid->CurrentRow(), 2);
+    DeleteRow(1);
+    EXPECT_EQ(grid->CurrentRow(), 0);
 }
 
 TEST_F(SubjectSetupKeys, ASubjectWithMarksCannotBeDeleted)

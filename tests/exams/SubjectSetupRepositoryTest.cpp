@@ -263,8 +263,9 @@ TEST_F(SubjectSetupRepositoryTest, NoMarkEverStandsAboveWhatIsAllowed)
 TEST_F(SubjectSetupRepositoryTest, ASetWithMarksOrChangedMeanwhileIsNotDeleted)
 {
     const auto shown = repository.Read(DivisionA);
-    EXPECT_EQ(Delete(DivisionA, shown),
-              "Already Marks Are Entered For This Class-Division-Subject(s). So You Can't Delete");
+    for (const auto& seen : {shown, std::vector<TaughtSubject>{shown[0]}})
+        EXPECT_EQ(Delete(DivisionA, seen),
+                  "Already Marks Are Entered For This Class-Division-Subject(s). So You Can't Delete");
     school.main.Execute(QStringLiteral("DELETE FROM MarkMaster"));
     EXPECT_EQ(Delete(DivisionA, {shown[0]}),
               "Subjects Of This Class-Division Were Changed By Another User Meanwhile.\n"

@@ -187,6 +187,7 @@ TEST_F(SubjectSetupSave, ASetThatAnotherClientEnteredMeanwhileIsNotAddedTo)
     StartArt();
     Other("INSERT INTO ClassSubjectTeacher VALUES (1, 1, 2, 4, 9, 50, 40, 'Yes', 5)");
     SaveIsRefused(EnteredMeanwhileText);
+    EXPECT_FALSE(subject->isVisible()) << "the box of the next row";
     EXPECT_EQ(Stored(2), "5 4 9 40/50 Yes");
 }
 
@@ -194,6 +195,14 @@ TEST_F(SubjectSetupSave, ASetThatAnotherClientChangedMeanwhileIsNotWrittenOver)
 {
     EditMaximumOfMaths();
     OtherInA("UPDATE ClassSubjectTeacher SET TakenForRank = 'Yes' WHERE SubjectCode = 1");
+    SaveIsRefused(ChangedMeanwhileText);
+}
+
+TEST_F(SubjectSetupSave, WhatWasTypedStaysBesideASetThatGotMarksAsWellAsAnotherChange)
+{
+    EditMaximumOfMaths();
+    OtherInA("UPDATE ClassSubjectTeacher SET TakenForRank = 'Yes' WHERE SubjectCode = 1");
+    OtherMark(2, 30);
     SaveIsRefused(ChangedMeanwhileText);
 }
 
@@ -388,6 +397,19 @@ TEST_F(SubjectSetupSave, ASetWithMarksIsNotDeleted)
     prompts.ExpectInformation(HasMarksText);
     Press(Button("cmdDelete"));
     prompts.Verify();
+    EXPECT_EQ(EnabledControls(), Found);
+    EXPECT_EQ(Stored(1), "1 2 8 100/100 Yes; 2 1 7 50/100 No");
+}
+
+TEST_F(SubjectSetupSave, ASetWhoseMarksCannotBeReadIsNotAskedForAndNotDeleted)
+{
+    OpenForm();
+    ChooseDivision("A");
+    Given("ALTER TABLE MarkMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("MarkMaster"));
+    Press(Button("cmdDelete"));
+    prompts.Verify();
+    Given("ALTER TABLE Away RENAME TO MarkMaster");
     EXPECT_EQ(EnabledControls(), Found);
     EXPECT_EQ(Stored(1), "1 2 8 100/100 Yes; 2 1 7 50/100 No");
 }

@@ -67,7 +67,7 @@ TEST_F(SubjectSetupSheetTest, WhatIsStoredComesWithABlankRowBehindIt)
     EXPECT_EQ(RowText(1), "1|English|Mary|100|100|Yes|1|1|7");
     EXPECT_EQ(RowText(2), "2|Maths|Noor|100|80|No|2|2|8");
     EXPECT_EQ(RowText(3), "3||||||||");
-    sheet.Clear();
+    sheet = SubjectSetupSheet();
     ASSERT_EQ(sheet.RowCount(), 1);
     EXPECT_EQ(RowText(1), "1||||||||");
 }
@@ -116,7 +116,6 @@ TEST_F(SubjectSetupSheetTest, ABlankRowOpensItsSubjectFirst)
         EXPECT_FALSE(sheet.Opens(3, column));
     EXPECT_FALSE(sheet.Opens(0, Subject));
     EXPECT_FALSE(sheet.Opens(4, Subject));
-    EXPECT_EQ(sheet.RefusalToOpen(4, Subject), QString());
 }
 
 TEST_F(SubjectSetupSheetTest, AnAbsenceFreezesASubjectAsAMarkDoes)
@@ -182,6 +181,20 @@ TEST_F(SubjectSetupSheetTest, NoLessIsAllowedThanTheHighestMarkEntered)
     EXPECT_EQ(Text(sheet.EnterMaximumAllowed(1)), To(1, TakenForRank));
 }
 
+TEST_F(SubjectSetupSheetTest, WithoutMarksEvenNothingMayBeAllowedForTheTimeBeing)
+{
+    EXPECT_EQ(sheet.SetMaximumAllowed(2, QStringLiteral("0")), QString());
+    EXPECT_EQ(sheet.RefusalOfMaximumAllowed(2), QString());
+}
+
+TEST_F(SubjectSetupSheetTest, MoreStoredThanTheMaximumMarkIsToldOnEnterBeforeAMarkAboveIt)
+{
+    sheet.Load({{1, "English", 7, "Mary", 30, 40, YesText, 1}}, {{1, {3, 45}}});
+    EXPECT_EQ(Text(sheet.EnterMaximumAllowed(1)),
+              "0 1 'Maximum Allowed' Mark Should Not Be Greater Than 'Maximum Mark' Entered");
+    EXPECT_EQ(sheet.Row(1).maximumAllowed.toStdString(), "0");
+}
+
 TEST_F(SubjectSetupSheetTest, AHighestMarkWithDecimalsIsToldWithThem)
 {
     EXPECT_EQ(BelowEnteredMark(45.5).toStdString(),
@@ -208,6 +221,8 @@ TEST_F(SubjectSetupSheetTest, TwoRowsCannotHoldOneSubject)
     sheet.SetSubject(3, 3, QStringLiteral("Art"));
     EXPECT_EQ(sheet.DropRepeatedSubject(3), QString());
     EXPECT_EQ(Text(sheet.EnterSubject(3)), To(3, Teacher));
+    sheet.SetSubject(2, 3, QStringLiteral("Art"));
+    EXPECT_EQ(sheet.DropRepeatedSubject(2).toStdString(), "Subject Already Selected") << "of a row below";
 }
 
 TEST_F(SubjectSetupSheetTest, AnEmptiedSubjectLosesItsCodeAndEnterStays)
@@ -223,6 +238,9 @@ TEST_F(SubjectSetupSheetTest, AWordThatIsNoSubjectOrTeacherIsRefusedOnEnter)
     sheet.SetSubject(3, 0, QStringLiteral("Mths"));
     EXPECT_EQ(Text(sheet.EnterSubject(3)), "0 1 Select Subject Name");
     EXPECT_EQ(sheet.Row(3).subjectName.toStdString(), "Mths") << "it stays to be mended";
+    sheet.SetSubject(3, 0, {});
+    sheet.SetSubject(2, 0, QStringLiteral("Mths"));
+    EXPECT_EQ(Text(sheet.EnterSubject(2)), "0 1 Select Subject Name") << "the blank row has no code either";
     sheet.SetSubject(3, 3, QStringLiteral("Art"));
     sheet.SetTeacher(3, 0, QStringLiteral("Omr"));
     EXPECT_EQ(Text(sheet.EnterTeacher(3)), "0 1 Select Teacher Name");
@@ -269,13 +287,18 @@ TEST_F(SubjectSetupSheetTest, TheRankIsYesOrNoAndNothingElse)
 TEST_F(SubjectSetupSheetTest, TwoRowsCannotHoldOneOrder)
 {
     Fill(3, 3, "Art");
-    sheet.SetOrder(3, QStringLiteral("02"));
-    EXPECT_EQ(Text(sheet.EnterOrder(3)), "0 1 Subject Order Already Exists");
+    for (const char* order : {"1", "02"}) {
+        sheet.SetOrder(3, QString::fromLatin1(order));
+        EXPECT_EQ(Text(sheet.EnterOrder(3)), "0 1 Subject Order Already Exists");
+    }
     EXPECT_EQ(sheet.RowCount(), 3);
     EXPECT_EQ(sheet.DropRepeatedOrder(3).toStdString(), "Subject Order Already Exists");
     EXPECT_EQ(sheet.Row(3).order, QString());
     sheet.SetOrder(3, QStringLiteral("03"));
     EXPECT_EQ(sheet.DropRepeatedOrder(3), QString());
+    sheet.SetOrder(2, QStringLiteral("3"));
+    EXPECT_EQ(Text(sheet.EnterOrder(2)), "0 1 Subject Order Already Exists") << "in a row below";
+    sheet.SetOrder(2, QStringLiteral("2"));
     EXPECT_EQ(Text(sheet.EnterOrder(3)), To(4, Subject));
     EXPECT_EQ(sheet.Row(3).order.toStdString(), "3");
     EXPECT_EQ(RowText(4), "4||||||||") << "a blank row comes behind the last one";
@@ -338,6 +361,9 @@ TEST_F(SubjectSetupSheetTest, MoreThanTheFrozenMaximumMarkIsNotKept)
     sheet.TakeMarks({{2, {1, 10}}});
     sheet.PutBackFrozen(stored);
     EXPECT_EQ(RowText(2), "2|Maths|Noor|100|80|No|2|2|8");
+    sheet.SetMaximumAllowed(2, QStringLiteral("100"));
+    sheet.PutBackFrozen(stored);
+    EXPECT_EQ(RowText(2), "2|Maths|Noor|100|100|No|2|2|8") << "as much as that is";
 }
 
 TEST_F(SubjectSetupSheetTest, ASubjectThatGotMarksAfterItWasTakenOutComesBack)
@@ -379,12 +405,26 @@ TEST_F(SubjectSetupSheetTest, OtherNamesReachTheRowsByTheirCodes)
 TEST_F(SubjectSetupSheetTest, ASheetIsBlankUntilSomethingIsEntered)
 {
     EXPECT_FALSE(sheet.IsBlank());
-    sheet.Clear();
+    sheet = SubjectSetupSheet();
     EXPECT_TRUE(sheet.IsBlank());
     sheet.SetSubject(1, 0, QStringLiteral("M"));
     EXPECT_FALSE(sheet.IsBlank());
     sheet.SetSubject(1, 0, {});
     EXPECT_TRUE(sheet.IsBlank());
+}
+
+TEST_F(SubjectSetupSheetTest, ARowIsNotBlankWhateverStandsInIt)
+{
+    EXPECT_TRUE(SubjectRow().IsBlank());
+    for (QString SubjectRow::*field :
+         {&SubjectRow::subjectName, &SubjectRow::teacherName, &SubjectRow::maximumMark,
+          &SubjectRow::maximumAllowed, &SubjectRow::takenForRank, &SubjectRow::order}) {
+        SubjectRow row;
+        row.*field = QStringLiteral("1");
+        EXPECT_FALSE(row.IsBlank());
+        row.*field = QStringLiteral(" ");
+        EXPECT_TRUE(row.IsBlank());
+    }
 }
 
 TEST_F(SubjectSetupSheetTest, ARowIsPutBackWhole)
@@ -415,7 +455,7 @@ TEST_F(SubjectSetupSheetTest, WhatWasReadCanBeSavedAndTheBlankRowIsNoSubject)
 
 TEST_F(SubjectSetupSheetTest, ASetWithoutSubjectsIsRefused)
 {
-    sheet.Clear();
+    sheet = SubjectSetupSheet();
     EXPECT_EQ(Fault(), "1 1 Enter Details Properly");
 }
 
@@ -448,6 +488,12 @@ TEST_F(SubjectSetupSheetTest, ARowLeftHalfFilledInTheMiddleIsRefused)
     sheet.SetSubject(2, 2, QStringLiteral("Maths"));
     sheet.SetTeacher(2, 0, QStringLiteral("Nobody"));
     EXPECT_EQ(Fault(), "2 1 Enter Details Properly") << "a name that no teacher has";
+}
+
+TEST_F(SubjectSetupSheetTest, AStoredSubjectThatIsOutOfNothingIsRefused)
+{
+    sheet.Load({{1, "English", 7, "Mary", 0, 50, YesText, 1}}, {});
+    EXPECT_EQ(Fault(), "1 1 Enter Details Properly");
 }
 
 TEST_F(SubjectSetupSheetTest, ALastRowWithoutItsSubjectButWithATeacherIsHalfFilledToo)
