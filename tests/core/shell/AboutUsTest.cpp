@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -85,6 +86,10 @@ TEST_F(AboutUsTest, TheMoviesQuitUnloadsItWithoutAQuestion)
     AboutUs* about = OpenAbout();
     ASSERT_NE(about, nullptr);
     Press(Find<QPushButton>(about, "cmdClose"));
+    EXPECT_FALSE(about->isVisible()) << "it goes at once";
+    const auto* step = about->findChild<frmtest*>(QStringLiteral("frmtest"));
+    ASSERT_NE(step, nullptr);
+    EXPECT_TRUE(step->testAttribute(Qt::WA_DontShowOnScreen)) << "no window flickers";
     Settle();
     EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("AboutUs")), nullptr);
     EXPECT_FALSE(AnyChildFormOpen());
@@ -100,6 +105,8 @@ TEST_F(AboutUsTest, ItTellsVersionLicenceAndWhereToTurnAndTheTextCanBeCopied)
          {"KITE - Tally Board, version " TALLYBOARD_VERSION ",", "GNU General Public License, version 3",
           "whoever looks after the computers of your school"})
         EXPECT_NE(told.find(part), std::string::npos) << part;
+    EXPECT_EQ(text->textFormat(), Qt::PlainText);
+    EXPECT_TRUE(text->hasHeightForWidth()) << "its lines break where they are too long";
     EXPECT_LE(text->heightForWidth(text->width()), text->height());
 
     QTest::mouseClick(text, Qt::LeftButton, Qt::NoModifier, QPoint(40, 6));
@@ -132,6 +139,15 @@ TEST_F(AboutUsTest, EscClosesItWithoutAQuestion)
     PressKey(about, Qt::Key_Escape);
     Settle();
     EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("AboutUs")), nullptr);
+}
+
+TEST_F(AboutUsTest, OtherKeysAreLeftToTheWindow)
+{
+    AboutUs* about = OpenAbout();
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_F7, Qt::NoModifier);
+    QApplication::sendEvent(about, &key);
+    EXPECT_FALSE(key.isAccepted());
+    EXPECT_EQ(ScreenRegistry::OpenInstance(QStringLiteral("AboutUs")), about);
 }
 
 TEST_F(AboutUsTest, OtherMovieCommandsDoNothing)

@@ -31,7 +31,7 @@ protected:
     {
         Worker worker(work);
         QEvent event(QEvent::User);
-        QCoreApplication::sendEvent(&worker, &event);
+        EXPECT_FALSE(QCoreApplication::sendEvent(&worker, &event)) << "it was not done";
         prompts.Verify();
     }
 };

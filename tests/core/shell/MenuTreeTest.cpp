@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
@@ -229,6 +230,26 @@ TEST_F(MenuLetters, ALetterOfOneEntryChoosesIt)
     Open("mnuHelp");
     PressLetter('A');
     EXPECT_EQ(triggered.last().toStdString(), "frmAboutUs") << "blanks before a caption are no letters";
+}
+
+TEST_F(MenuLetters, ALetterThatChoosesIsUsedUpAndAllOtherKeysAreLeftToTheMenu)
+{
+    QMenu* menu = Open("mnuMasters");
+    const auto isUsedUp = [menu](Qt::Key key, Qt::KeyboardModifiers modifiers, const char* text) {
+        QKeyEvent press(QEvent::KeyPress, key, modifiers, QString::fromLatin1(text));
+        QApplication::sendEvent(menu, &press);
+        return press.isAccepted();
+    };
+    EXPECT_TRUE(isUsedUp(Qt::Key_S, Qt::NoModifier, "s"));
+    EXPECT_EQ(Active(), "mnufrmMasStateMaster");
+    EXPECT_TRUE(isUsedUp(Qt::Key_S, Qt::ShiftModifier, "S"));
+    EXPECT_EQ(Active(), "mnufrmMasSchoolSetup");
+    EXPECT_FALSE(isUsedUp(Qt::Key_Z, Qt::NoModifier, "z"));
+    EXPECT_FALSE(isUsedUp(Qt::Key_S, Qt::ControlModifier, "s"));
+    EXPECT_FALSE(isUsedUp(Qt::Key_F7, Qt::NoModifier, ""));
+    EXPECT_EQ(Active(), "mnufrmMasSchoolSetup");
+    EXPECT_TRUE(isUsedUp(Qt::Key_B, Qt::NoModifier, "b"));
+    EXPECT_EQ(triggered, QStringList{QStringLiteral("mnufrmMasBloodGroupMaster")});
 }
 
 TEST_F(MenuLetters, ALetterOfSeveralEntriesGoesRoundAmongThem)

@@ -1,5 +1,7 @@
 #include "core/shell/SingleCopy.h"
 
+#include "support/AsOrdinaryUser.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -90,6 +92,17 @@ TEST_F(SingleCopyTest, ACopyThatDiedDoesNotHoldThePlace)
     file.write(content);
     file.close();
     EXPECT_FALSE(SingleCopy(program).AnotherIsRunning());
+}
+
+TEST_F(SingleCopyTest, WhereNoLockCanBeLaidTheOfficeMayStillWork)
+{
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner));
+    {
+        const test::AsOrdinaryUser clerk;
+        EXPECT_FALSE(SingleCopy(program).AnotherIsRunning());
+    }
+    EXPECT_TRUE(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    EXPECT_EQ(LockFile(), QString());
 }
 
 TEST_F(SingleCopyTest, OnADesktopTheLockLiesInTheFolderOfTheSession)

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QPushButton>
+#include <QScreen>
 
 namespace tally::test {
 namespace {
@@ -93,6 +94,19 @@ TEST_F(frmSplashTest, TheMovieFillsItsTwelveByNineThousandTwipsAndPlaysFromTheTe
     EXPECT_TRUE(QTest::qWaitFor([movie] { return movie->IsPlaying(); }));
 }
 
+TEST_F(frmSplashTest, ItStandsInTheMiddleOfTheScreenAndItsMovieInItsOwn)
+{
+    frmSplash splash(executable);
+    const QPoint apart = splash.geometry().center() - splash.screen()->availableGeometry().center();
+    EXPECT_LE(apart.manhattanLength(), 2);
+    splash.resize(700, 500);
+    splash.show();
+    const auto* movie = Find<MovieView>(&splash, "swfSplash");
+    EXPECT_EQ(movie->size(), QSize(800, 600));
+    EXPECT_LE((movie->geometry().center() - splash.rect().center()).manhattanLength(), 2)
+        << "a smaller display cuts all its edges";
+}
+
 TEST_F(frmSplashTest, TheMoviePlaysWhereTheTempFolderCanNotBeMade)
 {
     QFile inTheWay(Folder() + QStringLiteral("/Temp"));
@@ -151,8 +165,10 @@ TEST_F(frmSplashTest, OnlyTheTwoKnownMovieCommandsDoAnything)
 
 TEST_F(frmSplashTest, ClosingTheSplashEndsTheProcess)
 {
-    Show()->close();
+    frmSplash* splash = Show();
+    EXPECT_FALSE(splash->close());
     EXPECT_EQ(processEnds, 1);
+    EXPECT_TRUE(splash->isVisible()) << "it stays in sight as long as the process ends";
 }
 
 TEST_F(frmSplashTest, AMissingMainDatabaseKeepsTheLoginAwayAndIsNotCreated)

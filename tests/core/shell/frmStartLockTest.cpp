@@ -4,6 +4,7 @@
 #include "core/shell/mdiTallyboard.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/look/Look.h"
+#include "core/ui/modTallyboardForms.h"
 #include "support/ScreenFixture.h"
 
 #include <QAction>
@@ -86,7 +87,10 @@ TEST_F(frmStartLockTest, ItsPadlockFollowsTheSystemIntoTheDark)
 TEST_F(frmStartLockTest, ItStandsOutByItsRoundCornersItsOutlineAndItsPadlock)
 {
     EXPECT_TRUE(lock->mask().contains(lock->rect().center()));
-    EXPECT_FALSE(lock->mask().contains(QPoint(0, 0)));
+    const QRect sheet = lock->rect();
+    for (const QPoint corner : {sheet.topLeft(), sheet.topRight(), sheet.bottomLeft(), sheet.bottomRight()})
+        EXPECT_FALSE(lock->mask().contains(corner)) << corner.x() << ' ' << corner.y();
+    EXPECT_EQ(lock->mask().boundingRect(), sheet);
     const QPalette palette = lock->palette();
     const QImage seen = lock->grab().toImage();
     EXPECT_EQ(seen.pixelColor(seen.width() / 2, 0), palette.color(QPalette::Highlight));
@@ -94,6 +98,7 @@ TEST_F(frmStartLockTest, ItStandsOutByItsRoundCornersItsOutlineAndItsPadlock)
     EXPECT_EQ(padlock.pixelColor(0, 0).alpha(), 0);
     EXPECT_EQ(padlock.pixelColor(20, 4), palette.color(QPalette::WindowText)) << "its shackle";
     EXPECT_EQ(padlock.pixelColor(9, 27), palette.color(QPalette::Highlight)) << "its body";
+    EXPECT_EQ(padlock.pixelColor(6, 27), palette.color(QPalette::Highlight)) << "has no other edge";
     EXPECT_EQ(padlock.pixelColor(20, 25), palette.color(QPalette::HighlightedText)) << "its keyhole";
     EXPECT_EQ(padlock.pixelColor(20, 31), palette.color(QPalette::HighlightedText));
 }
@@ -136,6 +141,26 @@ TEST_F(frmStartLockTest, TheUserWhoLoggedInUnlocksWhateverTheCase)
 {
     Unlock(QStringLiteral(" MARY "), QStringLiteral("sECRET"));
     EXPECT_TRUE(lock.isNull());
+    EXPECT_TRUE(window->isActiveWindow());
+}
+
+TEST_F(frmStartLockTest, TheLoginGoesAtOnceWhenItHasUnlocked)
+{
+    auto* unlock = AskForUnlocking();
+    ASSERT_NE(unlock, nullptr);
+    Type(Find<QLineEdit>(unlock, "txtLoginID"), QStringLiteral("mary"));
+    Type(Find<QLineEdit>(unlock, "txtPassword"), QStringLiteral("secret"));
+    Press(Find<QPushButton>(unlock, "cmdOK"));
+    EXPECT_FALSE(unlock->isVisible());
+}
+
+TEST_F(frmStartLockTest, F1ShowsNoHelpBehindTheLock)
+{
+    auto* unlock = AskForUnlocking();
+    ASSERT_NE(unlock, nullptr);
+    PressKey(unlock, Qt::Key_F1);
+    QTest::keyClick(lock, Qt::Key_F1);
+    EXPECT_FALSE(AnyChildFormOpen());
 }
 
 TEST_F(frmStartLockTest, AnotherUserCanNotUnlock)
@@ -365,6 +390,22 @@ TEST_F(WhatLiesBehindTheLock, OtherWindowsOfTheProgramAreCoveredAsWell)
     Unlock();
     EXPECT_TRUE(ShowsMarks(list->window()));
     EXPECT_TRUE(ShowsMarks(late->window()));
+}
+
+TEST_F(WhatLiesBehindTheLock, MenusAndTipsThatOpenAboveTheLockCanBeRead)
+{
+    Lock();
+    auto* menu = new QMenu(lock);
+    menu->addAction(QStringLiteral("Paste"));
+    menu->popup(lock->mapToGlobal(QPoint(5, 5)));
+    QToolTip::showText(lock->mapToGlobal(QPoint(90, 5)), QStringLiteral("Press F10"), lock);
+    int read = 0;
+    for (const QWidget* shown : QApplication::topLevelWidgets())
+        if (shown->isVisible() && (shown == menu || shown->windowType() == Qt::ToolTip)) {
+            EXPECT_EQ(shown->findChildren<QWidget*>().size(), 0) << "something lies over it";
+            ++read;
+        }
+    EXPECT_EQ(read, 2);
 }
 
 TEST_F(WhatLiesBehindTheLock, OpenListsAndTipsGo)

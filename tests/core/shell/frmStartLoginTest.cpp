@@ -10,11 +10,18 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QEnterEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QTransform>
+
+#include <cstdlib>
+#include <functional>
+#include <tuple>
 
 namespace tally::test {
 namespace {
@@ -80,6 +87,74 @@ TEST_F(frmStartLoginTest, ItsPicturesFollowTheSystemIntoTheDark)
     EXPECT_LT(brightness(), 90);
     UseDarkLook(false);
     EXPECT_GT(brightness(), 180);
+}
+
+TEST_F(frmStartLoginTest, ItsButtonsAreDrawnInTheColoursOfTheSystemAndLitInTheAccent)
+{
+    const auto picture = [this](const char* name) {
+        return Find<QLabel>(form, name)->pixmap(Qt::ReturnByValue).toImage();
+    };
+    const auto holds = [](const QImage& image, const QColor& color) {
+        for (int y = 3; y < image.height() - 3; ++y)
+            for (int x = 16; x < image.width() - 16; ++x)
+                if (std::abs(image.pixelColor(x, y).lightness() - color.lightness()) < 30)
+                    return true;
+        return false;
+    };
+    EXPECT_NE(picture("ImgOK1"), picture("ImgCancel1")) << "each has its caption";
+    const int room = QFontMetrics(form->font()).horizontalAdvance(QStringLiteral("Cancel")) + 6 * LookUnit;
+    for (const bool dark : {false, true}) {
+        UseDarkLook(dark);
+        const QPalette palette = form->palette();
+        for (const auto& [name, body, edge, text] :
+             {std::tuple("ImgOK1", QPalette::Button, QPalette::Mid, QPalette::ButtonText),
+              {"ImgCancel1", QPalette::Button, QPalette::Mid, QPalette::ButtonText},
+              {"ImgOK2", QPalette::Highlight, QPalette::Highlight, QPalette::HighlightedText},
+              {"ImgCancel2", QPalette::Highlight, QPalette::Highlight, QPalette::HighlightedText}}) {
+            const QImage drawn = picture(name);
+            EXPECT_EQ(drawn.width(), room) << name;
+            EXPECT_EQ(drawn.pixelColor(0, 0).alpha(), 0) << name;
+            EXPECT_EQ(drawn.pixelColor(8, drawn.height() / 2), palette.color(body)) << name;
+            EXPECT_EQ(drawn.pixelColor(drawn.width() / 2, 0), palette.color(edge)) << name;
+            EXPECT_TRUE(holds(drawn, palette.color(text))) << name;
+        }
+    }
+    UseDarkLook(false);
+}
+
+TEST_F(frmStartLoginTest, ABandAndAKiteStandBehindItsFieldsInTheAccent)
+{
+    const QImage drawn = Find<QLabel>(form, "Image1")->pixmap(Qt::ReturnByValue).toImage();
+    const QPalette palette = form->palette();
+    const QColor sheet = palette.color(QPalette::Window);
+    const QColor accent = palette.color(QPalette::Highlight);
+    ASSERT_EQ(drawn.size(), form->size());
+    EXPECT_EQ(drawn.pixelColor(3, drawn.height() / 2), accent);
+    EXPECT_EQ(drawn.pixelColor(drawn.width() / 2, drawn.height() / 2), sheet);
+    // From the middle of the kite, which leans to the right.
+    const auto at = [&](double x, double y) {
+        const QPointF place = QTransform().translate(form->width() - 52, 34).rotate(24).map(QPointF(x, y));
+        return drawn.pixelColor(place.toPoint());
+    };
+    const auto strength = [&](const QColor& color) {
+        return std::abs(color.lightness() - sheet.lightness());
+    };
+    const int faint = strength(at(5, 4));
+    EXPECT_GT(faint, 0) << "its cloth";
+    EXPECT_LT(faint, strength(accent) / 2);
+    for (const auto& [x, y] : {std::pair(0.0, -12.0), {0.0, 12.0}, {8.0, -4.0}, {-8.0, -4.0}})
+        EXPECT_GT(strength(at(x, y)), faint + 10) << "its spars: " << x << ' ' << y;
+    for (const auto& [x, y] : {std::pair(7.0, -12.0), {-7.0, -12.0}, {7.0, 10.0}, {-7.0, 10.0}})
+        EXPECT_GT(strength(at(x, y)), faint + 10) << "its edges: " << x << ' ' << y;
+    EXPECT_EQ(strength(at(12, 16)), 0);
+    EXPECT_EQ(strength(at(-12, 16)), 0);
+}
+
+TEST_F(frmStartLoginTest, ItIsAsLargeAsItsFieldsNeedAndNothingLiesOverThem)
+{
+    EXPECT_EQ(form->size(), form->sizeHint());
+    for (QWidget* field : {static_cast<QWidget*>(loginId), static_cast<QWidget*>(password)})
+        EXPECT_EQ(form->childAt(field->geometry().center()), field);
 }
 
 TEST_F(frmStartLoginTest, ItStandsInTheMiddleOfTheScreen)
@@ -151,6 +226,7 @@ TEST_F(frmStartLoginTest, OnANewInstallationAnybodyGetsInAndReachesOnlyTheUserMe
     EXPECT_EQ(Session().gstrLoginId.toStdString(), "nobody");
     EXPECT_EQ(Session().gintUserCode, 0);
     EXPECT_EQ(Session().gstrUserName.toStdString(), "");
+    EXPECT_EQ(processEnds, 0) << "it gives way";
 }
 
 TEST_F(frmStartLoginTest, AWrongPasswordEmptiesBothFieldsAsOftenAsItIsTried)
@@ -293,15 +369,29 @@ TEST_F(frmStartLoginTest, ThePicturesFollowTheMouse)
         return button->Picture().cacheKey() ==
                Find<QLabel>(form, picture)->pixmap(Qt::ReturnByValue).cacheKey();
     };
+    auto* background = Find<QLabel>(form, "Image1");
     EXPECT_TRUE(shows(ok, "ImgOK1"));
-    QTest::mouseMove(ok);
-    EXPECT_TRUE(shows(ok, "ImgOK2"));
     EXPECT_TRUE(shows(cancel, "ImgCancel1"));
-    QTest::mouseMove(cancel);
-    EXPECT_TRUE(shows(ok, "ImgOK1"));
-    EXPECT_TRUE(shows(cancel, "ImgCancel2"));
-    QTest::mouseMove(Find<QLabel>(form, "Image1"), QPoint(3, 3));
-    EXPECT_TRUE(shows(cancel, "ImgCancel1"));
+    const auto moveTo = [](QWidget* over) {
+        QMouseEvent event(QEvent::MouseMove, QPointF(3, 3), over->mapToGlobal(QPointF(3, 3)), Qt::NoButton,
+                          Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(over, &event);
+    };
+    const auto enter = [](QWidget* over) {
+        QEnterEvent event(QPointF(3, 3), QPointF(3, 3), over->mapToGlobal(QPointF(3, 3)));
+        QApplication::sendEvent(over, &event);
+    };
+    for (const auto& leave : {std::function<void(QWidget*)>(moveTo), std::function<void(QWidget*)>(enter)}) {
+        enter(ok);
+        EXPECT_TRUE(shows(ok, "ImgOK2"));
+        EXPECT_TRUE(shows(cancel, "ImgCancel1"));
+        enter(cancel);
+        EXPECT_TRUE(shows(ok, "ImgOK1"));
+        EXPECT_TRUE(shows(cancel, "ImgCancel2"));
+        leave(background);
+        EXPECT_TRUE(shows(ok, "ImgOK1"));
+        EXPECT_TRUE(shows(cancel, "ImgCancel1"));
+    }
 }
 
 TEST_F(frmStartLoginTest, OkWorksByMouseAndByKeyboard)
@@ -324,8 +414,9 @@ TEST_F(frmStartLoginTest, CancelAndExitEndWithoutAQuestion)
     EXPECT_EQ(processEnds, 1);
     Press(Find<QPushButton>(form, "cmdExit"));
     EXPECT_EQ(processEnds, 2);
-    form->close();
+    EXPECT_FALSE(form->close());
     EXPECT_EQ(processEnds, 3);
+    EXPECT_TRUE(form->isVisible()) << "it stays in sight as long as the process ends";
 }
 
 TEST_F(frmStartLoginTest, AStoreThatFailsIsToldAndTheFormStays)
@@ -335,6 +426,17 @@ TEST_F(frmStartLoginTest, AStoreThatFailsIsToldAndTheFormStays)
     LogIn(mary, secret);
     EXPECT_TRUE(form->isVisible());
     EXPECT_FALSE(MainWindowShown());
+}
+
+TEST_F(frmStartLoginTest, ASchoolThatCanNotBeReadIsToldAndTheFormStays)
+{
+    GivenMary();
+    Given("ALTER TABLE SchoolMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("SchoolMaster"));
+    LogIn(mary, secret);
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(processEnds, 0);
+    Given("ALTER TABLE Away RENAME TO SchoolMaster");
 }
 
 TEST_F(frmStartLoginTest, AStartThatCanNotWriteItsRowsEndsTheProcess)

@@ -73,6 +73,14 @@ TEST_F(mdiTallyboardTest, TheTimerRefreshesThePresenceRowOnceASecond)
     EXPECT_EQ(Count("SELECT count(*) FROM ExamBoardMaster WHERE Status = 'A'"), 1);
 }
 
+TEST_F(mdiTallyboardTest, NeitherTheStartNorATickChangesHowLongAClerksSaveWaitsForAnotherClient)
+{
+    const auto patience = [this] { return Count("PRAGMA busy_timeout"); };
+    EXPECT_EQ(patience(), store::Connection::DefaultPatience.count());
+    Tick();
+    EXPECT_EQ(patience(), store::Connection::DefaultPatience.count());
+}
+
 TEST_F(mdiTallyboardTest, TheTimerFillsAPresenceRowThatSaysNothing)
 {
     Given("UPDATE ExamBoardMaster SET Status = NULL");
@@ -222,9 +230,34 @@ TEST_F(mdiTallyboardTest, EachActivationWritesThePanelsAnew)
     EXPECT_EQ(Panel(1), "Academic Year : 2024 - 2025");
     Activate();
     EXPECT_EQ(Panel(1), "Academic Year : 2024-2025");
+    Session().gintYearFrom = 1;
+    Activate();
+    EXPECT_EQ(Panel(1), "Academic Year : 1-2025") << "0 is none";
     EXPECT_EQ(Panel(2), "User Name : Mary  ");
     EXPECT_EQ(Panel(3), "Application Date : 05/Jun/2024");
     EXPECT_EQ(Session().gstrMainCaption, window->windowTitle());
+}
+
+TEST_F(mdiTallyboardTest, NothingButAnActivationWritesThePanels)
+{
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(window);
+    const QString busy = QStringLiteral("Saving");
+    window->SetPanel(1, busy);
+    QEvent change(QEvent::ReadOnlyChange);
+    QApplication::sendEvent(window, &change);
+    QApplication::setActiveWindow(&other);
+    EXPECT_EQ(Panel(1), busy.toStdString());
+    QApplication::setActiveWindow(window);
+    EXPECT_EQ(Panel(1), "Academic Year : ");
+}
+
+TEST_F(mdiTallyboardTest, NoNameIsTakenForMarkUpInAPanel)
+{
+    ASSERT_EQ(Panels().size(), 3);
+    for (const QLabel* panel : Panels())
+        EXPECT_EQ(panel->textFormat(), Qt::PlainText);
 }
 
 TEST_F(mdiTallyboardTest, EachPanelTakesAThirdOfTheWidthWithoutTheFreePart)
@@ -267,6 +300,7 @@ TEST_F(mdiTallyboardTest, TheTitleEndsInARunOfBlanks)
 {
     EXPECT_TRUE(window->windowTitle().startsWith(QStringLiteral("KITE - Tally Board   ")));
     EXPECT_EQ(window->windowTitle().trimmed().toStdString(), "KITE - Tally Board");
+    EXPECT_EQ(window->windowTitle().size() - window->windowTitle().trimmed().size(), 20);
 }
 
 TEST_F(mdiTallyboardTest, TheCloseBoxIsRefusedEachTime)
@@ -403,6 +437,18 @@ TEST_F(mdiTallyboardTest, TheStartReadsTheOptions)
     EXPECT_TRUE(Session().gblnRoundedMarks);
     EXPECT_EQ(Session().gvarDefaultDOB.toStdString(), "31/May/2020");
     EXPECT_EQ(Session().gstrDefaultGender.toStdString(), "F");
+}
+
+TEST_F(mdiTallyboardTest, TheStartKnowsTheSchoolAndItsYear)
+{
+    Given("INSERT INTO SchoolMaster VALUES ('School', 'Street', '', 0, '1', 'JUN', 1)");
+    Given("INSERT INTO AcademicYearSetup VALUES (1, 2024, 2025, '2024-06-01', '2025-05-31', 'Y', 'N', 1)");
+    Session().gblnSchoolExists = Session().gblnActiveYearExists = false;
+    LoadAgain();
+    EXPECT_TRUE(Session().gblnSchoolExists);
+    EXPECT_TRUE(Session().gblnActiveYearExists);
+    EXPECT_EQ(Session().gstrSchoolName.toStdString(), "School");
+    EXPECT_FALSE(AnyChildFormOpen()) << "nothing is lacking";
 }
 
 TEST_F(mdiTallyboardTest, TheStartTakesTheWorkingDateOfTheActiveYear)
