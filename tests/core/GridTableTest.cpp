@@ -68,7 +68,9 @@ TEST(GridTableTest, AShortRowTakesACellBehindItsEnd)
     EXPECT_EQ(table.Text(2, Mark::Code).toStdString(), "17");
     EXPECT_EQ(table.Text(2, Mark::Name).toStdString(), "2");
     EXPECT_EQ(table.Mark(1, Mark::Maths), CellMark::FailedOrAbsent);
-    table.SetRow(2, {{QStringLiteral("two")}});
+    for (const int row : {1, 2, 3})
+        table.SetRow(row, {{QStringLiteral("new")}});
+    EXPECT_EQ(Names(table), "Name new new new");
     EXPECT_EQ(table.Text(2, Mark::Code).toStdString(), "") << "a row is replaced as a whole";
 }
 
@@ -129,6 +131,8 @@ TEST(GridTableTest, AHiddenRowStaysHiddenWhereverItMoves)
     EXPECT_TRUE(table.RowHidden(2));
     table.RemoveRow(1);
     EXPECT_EQ(table.HiddenRows(), std::vector<int>({1}));
+    table.SetRows(2);
+    EXPECT_TRUE(table.RowHidden(1)) << "it is not cut off";
     table.SetRows(1);
     table.SetRows(4);
     EXPECT_FALSE(table.RowHidden(1)) << "a new row is seen";
@@ -140,7 +144,7 @@ TEST(GridTableTest, ATextRepeatsWhereAllMergedColumnsBeforeItDoToo)
                      {.head = QStringLiteral("Free")},
                      {.head = QStringLiteral("Division"), .merged = true}});
     for (const char* name : {"X", "X", "XI", "X", "X"})
-        table.AddRow({{QString::fromLatin1(name)}, {QStringLiteral("f")}, {QStringLiteral("A")}});
+        table.AddRow({{QString::fromLatin1(name)}, {QString::number(table.Rows())}, {QStringLiteral("A")}});
     const auto repeating = [&table](int col) {
         std::string rows;
         for (int row = -1; row <= table.Rows(); ++row)
@@ -156,6 +160,8 @@ TEST(GridTableTest, ATextRepeatsWhereAllMergedColumnsBeforeItDoToo)
     EXPECT_EQ(repeating(0), "245") << "what is hidden parts nothing";
     table.HideRow(1);
     EXPECT_EQ(repeating(0), "45") << "what is hidden is not repeated either";
+    table.AddRow();
+    EXPECT_EQ(repeating(0), "45") << "nothing stands below the last row, and so repeats nothing";
 }
 
 TEST(GridTableTest, EveryMarkIsToldInWordsButNone)

@@ -81,6 +81,24 @@ TEST(NumbersTest, FormatsPutAHalfAwayFromZero)
     EXPECT_EQ(Format2(1e-30).toStdString(), "0.00");
 }
 
+TEST(NumbersTest, WhatIsRoundedToNothingHasNoSign)
+{
+    EXPECT_EQ(Format0(-0.2).toStdString(), "0");
+    EXPECT_EQ(Format2(-0.001).toStdString(), "0.00");
+    EXPECT_EQ(PlainNumber(-0.0).toStdString(), "0");
+    EXPECT_EQ(FormatMark(-0.001, 2).toStdString(), "0.00");
+}
+
+TEST(NumbersTest, AMarkHasDecimalsWhereFractionsAreEnteredAndNotRounded)
+{
+    EXPECT_EQ(MarkDecimals(true, false), 2);
+    EXPECT_EQ(MarkDecimals(true, true), 0);
+    EXPECT_EQ(MarkDecimals(false, false), 0);
+    EXPECT_EQ(MarkDecimals(false, true), 0);
+    EXPECT_EQ(FormatMark(34.5, 0).toStdString(), "34");
+    EXPECT_EQ(FormatMark(34.125, 2).toStdString(), "34.12");
+}
+
 TEST(NumbersTest, AHalfIsOneAsItIsWrittenWhateverItsBinaryForm)
 {
     EXPECT_EQ(Format2((67.46 + 72.57) / 2).toStdString(), "70.02");
@@ -158,6 +176,8 @@ TEST(NumbersTest, NumbersBeyondAllMarksStayShort)
         EXPECT_LE(PlainNumber(value).size(), 25) << value;
         EXPECT_LE(FormatMark(value, 2).size(), 25) << value;
     }
+    for (const auto& format : {&Format0, &Format2, &PlainNumber})
+        EXPECT_EQ(format(1e15).toStdString(), "1e+15");
     EXPECT_EQ(Format2(1e300).toStdString(), "1e+300");
     EXPECT_EQ(Format2(123456789012.5).toStdString(), "123456789012.50");
     EXPECT_EQ(Round(1e300, 2), 1e300);
@@ -176,7 +196,9 @@ TEST(NumbersTest, ValReadsTheNumberThatATextBeginsWith)
     EXPECT_DOUBLE_EQ(Val(QStringLiteral("Absent")), 0);
     EXPECT_DOUBLE_EQ(Val(QString()), 0);
     EXPECT_DOUBLE_EQ(Val(QStringLiteral("12,5")), 12);
-    for (const char* word : {"inf", "Infinity", "nan"})
+    EXPECT_DOUBLE_EQ(Val(QStringLiteral("1 09")), 109);
+    EXPECT_GE(Val(QString(100, u'9')), 1e63) << "no text is too long";
+    for (const char* word : {"inf", "Infinity", "nan", "-inf", "+inf", "-nan"})
         EXPECT_DOUBLE_EQ(Val(QString::fromLatin1(word)), 0) << word;
 }
 

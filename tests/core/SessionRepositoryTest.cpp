@@ -65,6 +65,20 @@ TEST_F(SessionRows, TheSchoolAndTheHeadOfReportsStandInTheirOwnCities)
     EXPECT_EQ(session.ReportSchool()->city.toStdString(), "Panaji");
 }
 
+TEST_F(SessionRows, TheOptionsAreReadAsTheyWereStored)
+{
+    EXPECT_FALSE(session.Options());
+    Run("INSERT INTO Options VALUES ('Y', 'N', '2019-05-31', 'A', '', 'Y')");
+    const auto options = session.Options();
+    ASSERT_TRUE(options);
+    EXPECT_EQ(options->exitPrompt.toStdString(), "Y");
+    EXPECT_EQ(options->admissionNoAutoGen.toStdString(), "N");
+    EXPECT_EQ(options->dateOfBirthSetting, QDate(2019, 5, 31));
+    EXPECT_EQ(options->genderOption.toStdString(), "A");
+    EXPECT_EQ(options->marksInFraction.toStdString(), "");
+    EXPECT_EQ(options->marksRounded.toStdString(), "Y");
+}
+
 TEST_F(SessionRows, ARightIsOfAFormALetterAndAUser)
 {
     GivenLogins();

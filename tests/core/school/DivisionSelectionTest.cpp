@@ -93,6 +93,24 @@ TEST(DivisionMarks, AskOnlyForTheSubjectsThatTheOptionShows)
     school.AddMarkedStudent("Anil", {50});
     EXPECT_EQ(Marks(school, Taken), QStringList({"  A"}));
     EXPECT_EQ(Marks(school, All), QStringList({"$ A"}));
+    school.EnterMark(1, 2, 50);
+    EXPECT_EQ(Marks(school, Taken), QStringList({"  A"}));
+    EXPECT_EQ(Marks(school, All), QStringList({"  A"}));
+}
+
+TEST(DivisionMarks, StandByCodeOrByName)
+{
+    TestSchool school;
+    school.AddDivision(1, "B");
+    school.AddDivision(2, "A");
+    const auto codes = [&school](DivisionOrder order) {
+        Codes found;
+        for (const DivisionFacts& facts : school.Divisions().LoadDivisionFacts(school.scope, order))
+            found.push_back(facts.division.divisionCode);
+        return found;
+    };
+    EXPECT_EQ(codes(DivisionOrder::ByCode), (Codes{1, 2}));
+    EXPECT_EQ(codes(DivisionOrder::ByName), (Codes{2, 1}));
 }
 
 TEST(DivisionMarks, CostTheSameStatementsForOneDivisionAndForTwenty)
@@ -271,6 +289,28 @@ TEST(GradeMatch, ManyPercentSignsAreAnsweredAsSoonAsOne)
     EXPECT_TRUE(mismatch(QLatin1Char('b') + percents));
     EXPECT_TRUE(mismatch(letters + QLatin1String("_%")));
     EXPECT_TRUE(mismatch(QString()));
+}
+
+TEST(GradeMatch, ThePercentSignStandsForNoLetterThatIsTakenAlready)
+{
+    const auto mismatch = [](const char* wanted, const char* grade) {
+        MatchBase base;
+        return CheckGradeMatch(
+                   {{1, 50, 35, QString::fromLatin1(wanted)}, {2, 50, 35, QString::fromLatin1(grade)}},
+                   {1, 2}, base)
+            .mismatch;
+    };
+    EXPECT_TRUE(mismatch("AB%BC", "ABC"));
+    EXPECT_FALSE(mismatch("AB%BC", "ABBC"));
+    EXPECT_FALSE(mismatch("AB%BC", "ABCBC"));
+}
+
+TEST(GradeMatch, UnticksNoBaseThatIsNotTicked)
+{
+    MatchBase base{true, 1};
+    const auto result = CheckGradeMatch({{2, 50, 35, "A"}}, {2}, base);
+    EXPECT_FALSE(result.mismatch);
+    EXPECT_TRUE(result.untick.empty());
 }
 
 TEST(GradeMatch, UnticksABaseWithoutTableButCallsItNoMismatch)
