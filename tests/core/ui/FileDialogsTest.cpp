@@ -72,8 +72,12 @@ protected:
             title = dialog->windowTitle();
             start = dialog->directory().absolutePath();
             filters = dialog->nameFilters();
+            mode = dialog->fileMode();
+            saves = dialog->acceptMode() == QFileDialog::AcceptSave;
+            onlyFolders = dialog->testOption(QFileDialog::ShowDirsOnly);
             auto* box = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
             ASSERT_NE(box, nullptr);
+            offered = box->text();
             EXPECT_EQ(dialog->focusWidget(), box) << "the name can be typed at once";
             QTest::keyClicks(box, name);
             QTest::keyClick(box, key);
@@ -84,7 +88,11 @@ protected:
     bool wasOpen = false;
     QString title;
     QString start;
+    QString offered;
     QStringList filters;
+    QFileDialog::FileMode mode = QFileDialog::AnyFile;
+    bool saves = false;
+    bool onlyFolders = false;
 };
 
 TEST_F(FileDialogsTest, AFileThatIsThereIsChosenByItsName)
@@ -96,6 +104,8 @@ TEST_F(FileDialogsTest, AFileThatIsThereIsChosenByItsName)
     EXPECT_EQ(title.toStdString(), "Source Path");
     EXPECT_EQ(start.toStdString(), folder.path().toStdString());
     EXPECT_EQ(filters, QStringList{DatabaseFilter});
+    EXPECT_EQ(mode, QFileDialog::ExistingFile) << "no other name is taken";
+    EXPECT_FALSE(saves || onlyFolders);
     EXPECT_TRUE(wasOpen) << "it counts among the boxes that wait";
     EXPECT_FALSE(Prompts::AreOpen());
 }
@@ -146,17 +156,23 @@ TEST_F(FileDialogsTest, ANameToSaveGetsTheSuffixOfTheFilterWhereItHasNone)
 
 TEST_F(FileDialogsTest, ANameThatIsOfferedForAFileOnlyNeedsEnter)
 {
-    QString offered;
-    QTimer::singleShot(0, [&offered] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        offered = dialog->findChild<QLineEdit*>()->text();
-        QTest::keyClick(dialog, Qt::Key_Escape);
-    });
+    Answer({}, Qt::Key_Escape);
     EXPECT_EQ(Prompts::ChooseFileToSave(QStringLiteral("Save"), QStringLiteral("Marks Of Asha.mdb"),
                                         DatabaseFilter),
               QString());
     EXPECT_EQ(offered.toStdString(), "Marks Of Asha.mdb");
+    EXPECT_TRUE(saves);
+}
+
+TEST_F(FileDialogsTest, ANameThatIsThatOfAFolderLeadsThereAndIsNotOffered)
+{
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(folder.path());
+    Answer({}, Qt::Key_Escape);
+    Prompts::ChooseFileToSave(QStringLiteral("Save"), QStringLiteral("backups"), DatabaseFilter);
+    QDir::setCurrent(before);
+    EXPECT_EQ(start.toStdString(), folder.filePath(QStringLiteral("backups")).toStdString());
+    EXPECT_EQ(offered.toStdString(), "");
 }
 
 TEST_F(FileDialogsTest, WhoeverWritesTheFileAsksWhetherToReplaceIt)
@@ -173,6 +189,8 @@ TEST_F(FileDialogsTest, AFolderIsChosen)
     EXPECT_EQ(Prompts::ChooseFolder(QStringLiteral("Backup Folder"), folder.path()).toStdString(),
               folder.filePath(QStringLiteral("backups")).toStdString());
     EXPECT_EQ(title.toStdString(), "Backup Folder");
+    EXPECT_TRUE(onlyFolders);
+    EXPECT_FALSE(saves);
 }
 
 TEST_F(FileDialogsTest, AStartFolderThatHasGoneIsReplacedByTheDocuments)
@@ -184,6 +202,10 @@ TEST_F(FileDialogsTest, AStartFolderThatHasGoneIsReplacedByTheDocuments)
         Answer({}, Qt::Key_Escape);
         Prompts::ChooseFile(QStringLiteral("Source Path"), gone, DatabaseFilter);
         EXPECT_EQ(start.toStdString(), folder.filePath(QStringLiteral("Documents")).toStdString());
+        Answer({}, Qt::Key_Escape);
+        Prompts::ChooseFileToSave(QStringLiteral("Destination Path"), gone, DatabaseFilter);
+        EXPECT_EQ(start.toStdString(), folder.filePath(QStringLiteral("Documents")).toStdString());
+        EXPECT_EQ(offered.toStdString(), "") << "a folder is no name of a file";
     }
 }
 

@@ -1,9 +1,12 @@
+#include "core/modTallyboard.h"
 #include "core/ui/controls/CheckList.h"
 #include "core/ui/controls/DataCombo.h"
 #include "core/ui/controls/DatePicker.h"
+#include "core/ui/controls/FieldHint.h"
 #include "core/ui/controls/FlexGrid.h"
 #include "core/ui/controls/OptionalDatePicker.h"
 #include "core/ui/modTallyboardForms.h"
+#include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 #include "support/TableOf.h"
 
@@ -96,11 +99,30 @@ protected:
     QLineEdit* mark = Add<QLineEdit>();
 };
 
-TEST_F(FormRoutinesTest, ADecimalTooManyIsCutAndTheCaretStandsAtTheEnd)
+TEST_F(FormRoutinesTest, WithoutTheMainWindowNothingIsOpenAndNothingOpens)
 {
+    const QString options = QStringLiteral("frmUtilOptions");
+    ShowForm(options);
+    EXPECT_EQ(ScreenRegistry::OpenInstance(options), nullptr);
+    EXPECT_FALSE(AnyChildFormOpen() || OtherFormsOpen(nullptr) || AnyScreenHasTakenMenus());
+    FocusActiveScreen();
+    ShowBackground();
+    DisableMainMenus();
+    EnableMainMenus();
+    form->move(7, 9);
+    CenterForm(form);
+    EXPECT_EQ(form->pos(), QPoint(7, 9));
+}
+
+TEST_F(FormRoutinesTest, ADecimalTooManyIsCutAndToldAndTheCaretStandsAtTheEnd)
+{
+    Show();
     EXPECT_FALSE(CheckMark(QStringLiteral("12.345"), 2, 50));
     EXPECT_EQ(mark->text(), QStringLiteral("12.34"));
     EXPECT_EQ(mark->cursorPosition(), 5);
+    EXPECT_EQ(FieldHintAt(mark).toStdString(), "Not More Than 2 Decimals Can Be Entered Here");
+    EXPECT_FALSE(CheckMark(QStringLiteral(".345"), 2, 50));
+    EXPECT_EQ(mark->text(), QStringLiteral(".34"));
     EXPECT_FALSE(CheckMark(QStringLiteral("12.34"), 2, 50));
     EXPECT_EQ(mark->text(), QStringLiteral("12.34"));
     EXPECT_FALSE(CheckMark(QStringLiteral("12."), 0, 50));
@@ -243,6 +265,22 @@ TEST_F(FormRoutinesTest, ClearingAFormLeavesAHiddenComboAlone)
     EXPECT_EQ(hidden->BoundCode(), 4);
 }
 
+TEST_F(FormRoutinesTest, ClearingAFormLeavesTheTextOfAListThatCanBeTypedIntoToTheList)
+{
+    auto* visible = Add<DataCombo>();
+    auto* hidden = Add<DataCombo>();
+    for (DataCombo* combo : {visible, hidden}) {
+        combo->setEditable(true);
+        combo->SetListBehindBlank({{4, QStringLiteral("Chennai")}});
+        combo->SetBoundCode(4);
+    }
+    hidden->hide();
+    Show();
+    ClearControls(form);
+    EXPECT_EQ(visible->currentText(), QStringLiteral(" "));
+    EXPECT_EQ(hidden->currentText(), QStringLiteral("Chennai"));
+}
+
 TEST_F(FormRoutinesTest, ClearingAFormPutsADateToTheMachinesDateAndNotTheWorkingDate)
 {
     auto* date = Add<DatePicker>();
@@ -250,6 +288,7 @@ TEST_F(FormRoutinesTest, ClearingAFormPutsADateToTheMachinesDateAndNotTheWorking
     date->setDate(QDate(2020, 2, 29));
     ClearControls(form);
     EXPECT_EQ(date->date(), QDate::currentDate());
+    EXPECT_EQ(date->text(), ShownDate(QDate::currentDate()));
 }
 
 TEST_F(FormRoutinesTest, WhoComesToADateThatMayBeMissingStandsOnItsTick)

@@ -137,6 +137,16 @@ TEST_F(OpenDocumentTest, AFileThatHasGoneIsGivenToNoProgramAndToldAsGone)
     EXPECT_FALSE(OpenSpreadsheet(gone));
     for (const QString& program : {gio, first, localc})
         EXPECT_EQ(Called(program), QString());
+    const auto open = [](const QString&) {
+        ADD_FAILURE() << "nothing is there to be opened";
+        return true;
+    };
+    UseTextProgram(open);
+    UseSpreadsheetProgram({true, open});
+    EXPECT_FALSE(OpenText(gone));
+    EXPECT_FALSE(OpenSpreadsheet(gone));
+    UseTextProgram({});
+    UseRealSpreadsheetProgram();
     EXPECT_EQ(TextNotOpened(gone), QStringLiteral("The report was saved as \"") + gone +
                                        QStringLiteral("\", but it has gone meanwhile."));
     EXPECT_EQ(SpreadsheetNotOpened(gone), QStringLiteral("The workbook was saved as \"") + gone +
@@ -151,6 +161,15 @@ TEST_F(OpenDocumentTest, TheProgramLivesOnWhateverItWritesOnceTheDesktopHasStart
     EXPECT_TRUE(OpenText(Given(QStringLiteral("Summary.txt"))));
     EXPECT_TRUE(QFile(machine.filePath(QStringLiteral("gio.started"))).open(QIODevice::WriteOnly));
     ExpectCalled(gio, QStringLiteral("lives"));
+}
+
+TEST_F(OpenDocumentTest, NobodyWaitsForAnAnswerToWhatTheDesktopsProgramAsksForAtItsInput)
+{
+    Install(gio, "read answer; exit 2");
+    Install(first);
+    const QString file = Given(QStringLiteral("Summary.txt"));
+    EXPECT_TRUE(OpenText(file));
+    ExpectCalled(first, QStringLiteral("<%1>").arg(file));
 }
 
 TEST_F(OpenDocumentTest, ASpreadsheetGoesToTheFirstProgramForSpreadsheets)

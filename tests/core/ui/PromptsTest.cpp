@@ -185,7 +185,9 @@ TEST(PromptsTest, ABoxIsWideEnoughForItsTitle)
     Prompts::Ask(QStringLiteral("Exit ?"), title);
     QFont bold = QApplication::font();
     bold.setBold(true);
-    EXPECT_GE(question.Shown().size.width(), QFontMetrics(bold).horizontalAdvance(title) + 150);
+    const int beside = question.Shown().size.width() - QFontMetrics(bold).horizontalAdvance(title);
+    EXPECT_GE(beside, 150);
+    EXPECT_LE(beside, 170) << "and no wider";
     const NextBox message(Qt::Key_Return);
     Prompts::Information(QStringLiteral("Record Saved"));
     EXPECT_LT(message.Shown().size.width(), question.Shown().size.width());

@@ -1,7 +1,11 @@
 #include "core/ui/MasterScreen.h"
+#include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
 
+#include <QMdiSubWindow>
 #include <QPushButton>
+
+#include <algorithm>
 
 namespace tally::test {
 namespace {
@@ -14,21 +18,29 @@ class States : public MasterScreen
 public:
     States() : MasterScreen(QStringLiteral("States"), 0) {}
 
+    using MasterScreen::AfterCommit;
     using MasterScreen::Conflict;
     using MasterScreen::DeleteRow;
     using MasterScreen::IsEditing;
+    using MasterScreen::MayUse;
     using MasterScreen::OnRefusal;
     using MasterScreen::SaveRow;
+    using MasterScreen::SetExitButton;
     using MasterScreen::SetMasterControls;
     using MasterScreen::ShowState;
+    using MasterScreen::TellOnce;
     using MasterScreen::Write;
 
     int cancels = 0;
     int refills = 0;
+    int activations = 0;
+    int unloads = 0;
 
 protected:
     void cmdCancel_Click() override { ++cancels; }
     void RefillLists() override { ++refills; }
+    void Form_Activate(bool) override { ++activations; }
+    void Form_Unload() override { ++unloads; }
 };
 
 class ScreenTest : public ScreenFixture
@@ -147,13 +159,99 @@ TEST_F(ScreenTest, ALockNeverTakesAwayWhatWasTyped)
 {
     const auto client = AnotherClient();
     store::Transaction held(*client);
-    for (const auto way : {States::OnRefusal::Stay, States::OnRefusal::StartAnew}) {
+    for (const auto way :
+         {States::OnRefusal::Stay, States::OnRefusal::StartAnew, States::OnRefusal::Refill}) {
         prompts.ExpectCritical(HeldByAnotherClient);
         screen.SaveRow(Add, way);
         prompts.ExpectCritical(HeldByAnotherClient);
         screen.DeleteRow(Delete, way);
         ExpectWay(0, 0);
     }
+}
+
+TEST_F(ScreenTest, OfStepsThatFailTheFirstFailureIsToldAndOnlyOnce)
+{
+    const auto steps = [this] {
+        for (const char* missing : {"SELECT count(*) FROM First", "SELECT count(*) FROM Second"})
+            EXPECT_FALSE(screen.Read([&] { Count(missing); }));
+        EXPECT_TRUE(screen.Read([] {}));
+    };
+    prompts.ExpectCritical(NoSuchTable("First"));
+    screen.TellOnce(steps);
+    prompts.Verify();
+    prompts.ExpectCritical(NoSuchTable("First"));
+    screen.TellOnce([&] { screen.TellOnce(steps); });
+    prompts.Verify();
+    prompts.ExpectInformation(QStringLiteral("Your Change Is Saved. You Need Not Make It Again.\n"
+                                             "Only The Screen Could Not Be Read Anew : ") +
+                              NoSuchTable("First"));
+    screen.AfterCommit([&] { screen.TellOnce(steps); });
+    prompts.Verify();
+    screen.TellOnce([] {});
+    screen.AfterCommit([] {});
+}
+
+TEST_F(ScreenTest, WhereTheRightsCannotBeReadNobodyMayGoOn)
+{
+    Session().gblnPrivilege = true;
+    Given("ALTER TABLE UserPrivilegeMaster RENAME TO Away");
+    prompts.ExpectCritical(NoSuchTable("UserPrivilegeMaster"));
+    EXPECT_FALSE(screen.MayUse(Right::New));
+    EXPECT_FALSE(Session().gblnPrivilege);
+    Given("ALTER TABLE Away RENAME TO UserPrivilegeMaster");
+    EXPECT_TRUE(screen.MayUse(Right::New)) << "there is no login yet";
+    EXPECT_TRUE(Session().gblnPrivilege);
+}
+
+TEST_F(ScreenTest, OneOfTwoRightsIsEnoughWhereEitherIsAskedFor)
+{
+    GivenUser(4, QStringLiteral("mary"), QStringLiteral("secret"),
+              {{QStringLiteral("States"), QStringLiteral("E")}});
+    Session().gintPrivilegeUserCode = 4;
+    EXPECT_TRUE(screen.MayUse(Right::Edit));
+    EXPECT_TRUE(screen.MayUse(Right::New, Right::Edit));
+    EXPECT_TRUE(screen.MayUse(Right::Edit, Right::New));
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Create New Entry"));
+    EXPECT_FALSE(screen.MayUse(Right::New));
+    prompts.ExpectInformation(QStringLiteral("You Have No Privilege To Delete"));
+    EXPECT_FALSE(screen.MayUse(Right::Delete, Right::New));
+}
+
+TEST_F(ScreenTest, TheCloseBoxIsRefusedWhileExitIsOff)
+{
+    auto* exit = new QPushButton(&screen);
+    screen.SetExitButton(exit);
+    exit->setEnabled(false);
+    EXPECT_FALSE(screen.close());
+    EXPECT_FALSE(screen.IsUnloaded());
+    exit->setEnabled(true);
+    screen.close();
+    EXPECT_TRUE(screen.IsUnloaded());
+}
+
+TEST_F(ScreenTest, AScreenGoesOnceAndDoesNotComeToTheFrontAfterwards)
+{
+    screen.Unload();
+    screen.Unload();
+    screen.Activate();
+    EXPECT_EQ(screen.unloads, 1);
+    EXPECT_EQ(screen.activations, 0);
+}
+
+TEST_F(ScreenTest, AScreenInAFrameOfItsOwnGoesAsWell)
+{
+    auto* frame = new QMdiSubWindow;
+    frame->setWidget(&screen);
+    screen.Unload();
+    EXPECT_EQ(screen.unloads, 1);
+    Settle();
+}
+
+TEST_F(ScreenTest, TheNamesOfAllScreensStandInTheOrderOfTheAlphabet)
+{
+    const QStringList names = ScreenRegistry::Names();
+    EXPECT_GE(names.size(), 20);
+    EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
 }
 
 TEST_F(ScreenTest, AMasterOpensIdleAndTellsWhetherAStoredRowIsBeingChanged)

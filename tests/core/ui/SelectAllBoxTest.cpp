@@ -71,7 +71,7 @@ TEST_F(SelectAllBoxTest, GoesOffWhereNothingCanBeTicked)
 {
     all->PassOver(QLatin1Char('.'));
     all->SetItems(
-        {{2, QStringLiteral("  Two"), QStringLiteral("Not Two")}, {3, QStringLiteral(". Three"), {}}});
+        {{3, QStringLiteral(". Three"), {}}, {2, QStringLiteral("  Two"), QStringLiteral("Not Two")}});
     ToggleAll();
     EXPECT_TRUE(list.TickedData().empty());
     EXPECT_FALSE(box.isChecked());

@@ -4,13 +4,16 @@
 #include "core/ui/modTallyboardForms.h"
 #include "core/ui/ScreenRegistry.h"
 #include "support/ScreenFixture.h"
+#include "support/StandIn.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QFile>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QStyleOption>
 
 namespace tally::test {
@@ -234,6 +237,93 @@ TEST_F(ShowFormTest, ALongListOpensAsHighAsTheWindowLetsIt)
     }
 }
 
+TEST_F(ShowFormTest, AFormStandsInTheMiddleOfAnotherParentWhereOneIsNamed)
+{
+    QWidget parent;
+    parent.resize(400, 300);
+    QWidget form(&parent);
+    form.resize(100, 60);
+    CenterForm(&form, &parent);
+    EXPECT_EQ(form.pos(), QPoint(150, 120));
+}
+
+/// A screen of fields one under the other.
+class Fields : public Screen
+{
+public:
+    explicit Fields(int count) : Screen(QStringLiteral("Fields"), 0)
+    {
+        for (int number = 0; number < count; ++number)
+            fields.append(new QLineEdit(this));
+    }
+    QList<QLineEdit*> fields;
+};
+
+class FocusOfAScreen : public ShowFormTest
+{
+protected:
+    Fields* OpenFields() { return static_cast<Fields*>(OpenScreen(QStringLiteral("Fields"))); }
+
+    int count = 5;
+    const StandIn entered{QStringLiteral("Fields"), [this] { return new Fields(count); }};
+};
+
+TEST_F(FocusOfAScreen, GoesToTheFirstFieldThatTakesKeys)
+{
+    Fields* screen = OpenFields();
+    ASSERT_NE(screen, nullptr);
+    EXPECT_TRUE(screen->fields[0]->hasFocus());
+    screen->fields[0]->hide();
+    screen->fields[1]->setEnabled(false);
+    screen->fields[2]->setFocusPolicy(Qt::ClickFocus);
+    QApplication::focusWidget()->clearFocus();
+    FocusActiveScreen();
+    EXPECT_TRUE(screen->fields[3]->hasFocus());
+}
+
+TEST_F(FocusOfAScreen, GoesBackToTheFieldThatHadItOrToTheFirstWhereThatHasGoneOff)
+{
+    Fields* screen = OpenFields();
+    for (const bool on : {true, false}) {
+        screen->fields[3]->setFocus();
+        OpenScreen(QStringLiteral("frmUtilOptions"));
+        screen->fields[3]->setEnabled(on);
+        OpenFields();
+        EXPECT_TRUE(screen->fields[on ? 3 : 0]->hasFocus());
+    }
+}
+
+TEST_F(FocusOfAScreen, StaysWhereTheMouseAloneLeads)
+{
+    Fields* screen = OpenFields();
+    screen->fields[2]->setFocusPolicy(Qt::ClickFocus);
+    screen->fields[2]->setFocus();
+    FocusActiveScreen();
+    EXPECT_TRUE(screen->fields[2]->hasFocus());
+}
+
+TEST_F(FocusOfAScreen, IsTheScreensOwnWhereItHasNoField)
+{
+    OpenScreen(QStringLiteral("frmUtilOptions"));
+    count = 0;
+    const Fields* screen = OpenFields();
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    EXPECT_EQ(QApplication::focusWidget(), screen)
+        << QApplication::focusWidget()->metaObject()->className() << ' '
+        << QApplication::focusWidget()->objectName().toStdString();
+}
+
+TEST_F(FocusOfAScreen, IsNotTakenByAScreenThatGoesBehindIt)
+{
+    Screen* behind = OpenScreen(QStringLiteral("frmUtilOptions"));
+    const Fields* screen = OpenFields();
+    screen->fields[1]->setFocus();
+    behind->Unload();
+    EXPECT_TRUE(screen->fields[1]->hasFocus());
+    Settle();
+    EXPECT_TRUE(screen->fields[1]->hasFocus());
+}
+
 TEST_F(ShowFormTest, OtherFormsAreThoseBesideTheOneThatAsks)
 {
     Screen* options = OpenScreen(QStringLiteral("frmUtilOptions"));
@@ -261,6 +351,20 @@ TEST_F(ShowFormTest, TheWorkMenusGoOffTogetherAndComeBackAsTheyWereUnlessLocked)
     for (const char* name : {"mnuMasters", "mnuReports", "mnuToolsMenu"})
         EXPECT_TRUE(On(name)) << name;
     EXPECT_FALSE(On("mnuTransactions"));
+}
+
+TEST_F(ShowFormTest, AScreenThatIsRefusedBesideAnotherTakesNothingFromOtherClients)
+{
+    const QString setup = QStringLiteral("frmUtilApplicationDateSetup");
+    OpenScreen(QStringLiteral("frmUtilOptions"));
+    prompts.ExpectInformation(QStringLiteral("You Cannot Open 'Application Date Setup' Form When Other Forms "
+                                             "Are Opened. First Close Other Forms"));
+    EXPECT_EQ(OpenScreen(setup), nullptr);
+    EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus"), 0);
+    ScreenRegistry::OpenInstance(QStringLiteral("frmUtilOptions"))->Unload();
+    Settle();
+    EXPECT_NE(OpenScreen(setup), nullptr);
+    EXPECT_EQ(Count("SELECT count(*) FROM ScreenStatus"), 1) << "alone it has it to itself";
 }
 
 TEST_F(ShowFormTest, LeavingIsAskedForOnlyWhereTheOfficeWantsIt)

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -130,6 +131,7 @@ TEST_F(TakeOnlyTest, ADroppedKeySaysWhatTheFieldTakesUntilTheNextKeyThatItTakes)
     EXPECT_EQ(Hint(), AlphaOnly.toStdString());
     EXPECT_TRUE(first->hasFocus());
     QTest::keyClick(first, Qt::Key_Shift, Qt::ShiftModifier);
+    PressKey(form, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(Hint(), AlphaOnly.toStdString());
     QTest::keyClicks(first, QStringLiteral("a"));
     EXPECT_EQ(Hint(), "");
@@ -154,10 +156,20 @@ TEST_F(TakeOnlyTest, AKeyForWhichThereIsNoRoomSaysHowManyThereMayBe)
     QTest::keyClicks(first, QStringLiteral("4"));
     EXPECT_EQ(Hint(), "Not More Than 3 Characters Can Be Entered Here");
     EXPECT_EQ(first->text().toStdString(), "123");
+    QTest::keyClicks(first, QStringLiteral("a"));
+    EXPECT_EQ(Hint(), "Only Digits Can Be Entered Here") << "it would not be taken with room either";
+    PressKey(form, Qt::Key_Backspace);
+    EXPECT_EQ(first->text().toStdString(), "12");
+    EXPECT_EQ(Hint(), "") << "to take one away there is always room";
+    QTest::keyClicks(first, QStringLiteral("3"));
     first->selectAll();
     QTest::keyClicks(first, QStringLiteral("5"));
     EXPECT_EQ(first->text().toStdString(), "5");
     EXPECT_EQ(Hint(), "");
+    QTest::keyClicks(first, QStringLiteral("67"));
+    first->selectAll();
+    Paste(QStringLiteral("890"));
+    EXPECT_EQ(first->text().toStdString(), "890");
 }
 
 TEST_F(TakeOnlyTest, CommandsAndKeysWithoutALetterSayNothing)
@@ -183,6 +195,20 @@ TEST_F(TakeOnlyTest, APastedTextTellsWhichSignsWereLeftOut)
     EXPECT_EQ(Hint(), "") << "a break at the end is no part of what was meant";
     Paste(QStringLiteral("New\nDelhi"), Qt::Key_Insert, Qt::ShiftModifier);
     EXPECT_EQ(Hint(), "Left Out : Line Break\n" + AlphaOnly.toStdString());
+    Paste(QStringLiteral("1a1b1"), Qt::Key_Insert, Qt::ShiftModifier);
+    EXPECT_EQ(Hint(), "Left Out : 1\n" + AlphaOnly.toStdString()) << "each sign once";
+}
+
+TEST_F(TakeOnlyTest, EveryKindOfBreakIsLeftOutOfATextOfOneLine)
+{
+    TakeOnly(first, KeyAllButQuote, 30);
+    for (const QChar sign : {QChar(QLatin1Char('\n')), QChar(QLatin1Char('\t')), QChar(QChar::LineSeparator),
+                             QChar(QChar::ParagraphSeparator)}) {
+        first->clear();
+        Paste(QStringLiteral("New") + sign + QStringLiteral(" Delhi"));
+        EXPECT_EQ(first->text().toStdString(), "New Delhi") << int{sign.unicode()};
+        EXPECT_TRUE(Hint().starts_with("Left Out : Line Break\n")) << Hint();
+    }
 }
 
 TEST_F(TakeOnlyTest, ASignOutsideTheUsualOnesIsToldAsTheOneSignThatItIs)
@@ -222,6 +248,18 @@ TEST_F(TakeOnlyTest, APastedTextTellsWhatItsEndLost)
                       "Not More Than 8 Characters Can Be Entered Here");
 }
 
+TEST_F(TakeOnlyTest, OfWhatATextsEndLostThirtyLettersAreToldWhole)
+{
+    TakeOnly(first, KeyAlpha, 4);
+    const QString thirty(30, QLatin1Char('a'));
+    for (const QString& more : {QString(), QStringLiteral("b")}) {
+        first->clear();
+        Paste(QStringLiteral("Hill") + thirty + more);
+        EXPECT_EQ(Hint(), "Left Out At The End : " + thirty.toStdString() + (more.isEmpty() ? "" : " ...") +
+                              "\nNot More Than 4 Characters Can Be Entered Here");
+    }
+}
+
 TEST_F(TakeOnlyTest, WhereNothingOfAPastedTextIsTakenTheSelectionStays)
 {
     TakeOnly(first, KeyNumeric, 5);
@@ -238,8 +276,8 @@ TEST_F(TakeOnlyTest, PasteFromTheContextMenuIsCleanedBeforeItIsCutAndTellsWhatWa
     QApplication::clipboard()->setText(QStringLiteral("Mark: 12.75"));
     QContextMenuEvent open(QContextMenuEvent::Keyboard, QPoint(5, 5), first->mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(first, &open);
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
+    const QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_FALSE(menu.isNull());
     bool pasted = false;
     for (QAction* action : menu->actions()) {
         if (action->text().startsWith(QStringLiteral("&Paste"))) {
@@ -251,6 +289,9 @@ TEST_F(TakeOnlyTest, PasteFromTheContextMenuIsCleanedBeforeItIsCutAndTellsWhatWa
     EXPECT_EQ(first->text().toStdString(), "12.75");
     EXPECT_EQ(Hint(), "Left Out : M a r k : Blank\nOnly Digits And . Can Be Entered Here");
     menu->close();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "there was one menu";
+    Settle();
+    EXPECT_TRUE(menu.isNull());
 }
 
 TEST_F(TakeOnlyTest, ADroppedTextIsCleanedBeforeItIsCutAndStaysWhereItCameFrom)
@@ -266,6 +307,28 @@ TEST_F(TakeOnlyTest, ADroppedTextIsCleanedBeforeItIsCutAndStaysWhereItCameFrom)
     EXPECT_EQ(first->text().toStdString(), "12.75");
     EXPECT_EQ(Hint(), "Left Out : M a r k : Blank\nOnly Digits And . Can Be Entered Here");
     EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+    EXPECT_TRUE(drop.isAccepted());
+}
+
+TEST_F(TakeOnlyTest, ATextThatIsTakenWholeGoesWhereItIsDroppedAndLeavesNoMarkThere)
+{
+    TakeOnly(second, KeyNumeric, 5);
+    second->setText(QStringLiteral("34"));
+    const QPoint atTheStart(1, second->height() / 2);
+    QMimeData data;
+    data.setText(QStringLiteral("12"));
+    QDragEnterEvent enter(atTheStart, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move(atTheStart, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(atTheStart, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    drop.setDropAction(Qt::MoveAction);
+    for (QEvent* event : std::initializer_list<QEvent*>{&enter, &move, &drop})
+        QApplication::sendEvent(second, event);
+    EXPECT_EQ(second->text().toStdString(), "1234");
+    EXPECT_EQ(drop.dropAction(), Qt::MoveAction);
+    const QImage left = second->grab().toImage();
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(second, &leave);
+    EXPECT_EQ(second->grab().toImage(), left);
 }
 
 TEST_F(TakeOnlyTest, WithoutATextADropLeavesTheFieldAndItsHintAsTheyAre)
@@ -307,6 +370,13 @@ TEST_F(TakeOnlyTest, ASignThatTheFieldWasFilledWithStaysWhileTheRestIsTypedOver)
     EXPECT_EQ(first->text().toStdString(), "40");
     first->undo();
     EXPECT_EQ(first->text().left(3).toStdString(), "40.");
+    second->setText(QStringLiteral("1.5"));
+    TakeOnly(second, &KeyNumeric, 8);
+    second->setFocus();
+    PressKey(form, Qt::Key_End);
+    PressKey(form, Qt::Key_Backspace);
+    EXPECT_EQ(second->text().toStdString(), "1.") << "also where it was filled before";
+    first->setFocus();
     first->setText(QStringLiteral("40"));
     Paste(QStringLiteral(".5"));
     EXPECT_EQ(first->text().toStdString(), "405") << "another text has no point";
@@ -349,10 +419,15 @@ TEST_F(TakeOnlyTest, AListThatCanBeTypedIntoDropsKeysAndSaysSo)
     EXPECT_EQ(FieldHintAt(list), AlphaOnly);
 }
 
-TEST_F(TakeOnlyTest, AFieldThatCannotBeTypedIntoSaysNothing)
+TEST_F(TakeOnlyTest, AFieldThatCannotBeTypedIntoTakesAndSaysNothing)
 {
     first->setReadOnly(true);
     Type(first, QStringLiteral("'"));
+    EXPECT_EQ(Hint(), "");
+    TakeOnly(first, KeyNumeric, 5);
+    Type(first, QStringLiteral("a"));
+    Paste(QStringLiteral("12b"));
+    EXPECT_EQ(first->text().toStdString(), "");
     EXPECT_EQ(Hint(), "");
 }
 
