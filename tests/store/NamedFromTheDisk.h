@@ -15,8 +15,12 @@ inline void ExpectNamedFromTheDisk(const QStringList& operations, const StoreFil
     int named = 0;
     for (qsizetype at = 0; at < operations.size(); ++at) {
         const QString& operation = operations[at];
-        if (operation.endsWith(QLatin1String(".part")) || operation.endsWith(QLatin1String(".copy")))
-            onDisk = operation.startsWith(QLatin1String("sync "));
+        const bool ofCopy =
+            operation.endsWith(QLatin1String(".part")) || operation.endsWith(QLatin1String(".copy"));
+        if (ofCopy && operation.startsWith(QLatin1String("write ")))
+            onDisk = false;
+        if (ofCopy && operation.startsWith(QLatin1String("sync ")))
+            onDisk = true;
         if (!operation.startsWith(QLatin1String("name ")))
             continue;
         EXPECT_TRUE(onDisk) << operation.toStdString();

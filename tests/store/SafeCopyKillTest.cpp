@@ -1,13 +1,17 @@
 // Clients that are killed while they back up, restore or compact.
 
+#include "NamedFromTheDisk.h"
 #include "OldMainFile.h"
 #include "SchoolFile.h"
 #include "store/Backup.h"
 #include "store/Compact.h"
+#include "store/OwnFiles.h"
 #include "store/Restore.h"
 #include "support/FileCalls.h"
 
 #include <QDateTime>
+
+#include <algorithm>
 
 namespace tally::test {
 namespace {
@@ -134,15 +138,38 @@ TEST_F(SafeCopyKill, WhatARestoreReplacesLiesOnTheDiskUnderItsNameBeforeTheFileI
     Connection main(files.Path(), Password);
     const QStringList operations =
         OperationsOf([&] { restore.PourInto(main, QDateTime(QDate(2026, 11, 22), QTime(14, 5))); });
+    ExpectNamedFromTheDisk(operations, files, 1);
     const auto named =
         operations.indexOf(QStringLiteral("name Tallyboard before restore 2026-11-22 14.05.mdb"));
-    const auto folderSynced = operations.indexOf(QStringLiteral("sync ") + QDir(files.Folder()).dirName());
     const auto changed = operations.indexOf(QStringLiteral("write Tallyboard.mdb"));
     const auto journal = operations.indexOf(QStringLiteral("sync Tallyboard.mdb-journal"));
     EXPECT_GE(named, 0);
-    EXPECT_GT(folderSynced, named);
-    EXPECT_GT(journal, folderSynced);
+    EXPECT_GT(journal, named);
     EXPECT_GT(changed, journal);
+}
+
+TEST_F(SafeCopyKill, ABackupAndBothCopiesOfACompactingLieOnTheDiskBeforeTheyTakeTheirPlaces)
+{
+    Connection main(files.Path(), Password);
+    ExpectNamedFromTheDisk(OperationsOf([&] { store::BackUp(main, Password, Other()); }), files, 1);
+    ExpectNamedFromTheDisk(OperationsOf([&] { store::Compact(main, Password); }), files, 2);
+}
+
+TEST_F(SafeCopyKill, AFileIsReplacedOnlyByOneThatLiesOnTheDisk)
+{
+    const QString name = QStringLiteral("letter.txt");
+    files.Write("the letter before", name);
+    bool replaced = true;
+    const auto replace = [&] { replaced = store::ReplaceFile(files.Path(name), "the letter"); };
+    const QStringList operations = OperationsOf(replace);
+    const auto sync = std::find_if(operations.begin(), operations.end(), [](const QString& operation) {
+        return operation.startsWith(QLatin1String("sync "));
+    });
+    ASSERT_TRUE(replaced && sync != operations.end()) << operations.join(u'\n').toStdString();
+    files.Write("the letter before", name);
+    RunWithFault(static_cast<std::size_t>(sync - operations.begin()), Fault::Broken, replace);
+    EXPECT_FALSE(replaced);
+    EXPECT_EQ(files.Bytes(name), QByteArray("the letter before"));
 }
 
 } // namespace

@@ -94,6 +94,24 @@ TEST_F(UpgradeKill, TheCopyLiesOnTheDiskUnderItsNameBeforeTheFileIsTouched)
     EXPECT_GT(changed, journal);
 }
 
+TEST_F(UpgradeKill, ACopyThatDoesNotReachTheDiskEndsTheUpgrade)
+{
+    const auto upgrade = [this] {
+        Connection main(files.Path(), Password);
+        store::Upgrade(main);
+    };
+    const auto sync = First(OperationsOf(upgrade), QStringLiteral("sync Tallyboard.mdb.copy"));
+    ASSERT_GE(sync, 0);
+    ASSERT_TRUE(QFile::remove(files.Path(CopyName)));
+    files.Write(old);
+    const auto error = ErrorOf([&] { RunWithFault(static_cast<std::size_t>(sync), Fault::Broken, upgrade); });
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->Description().contains(QLatin1String("No Copy Of It Could Be Made Beside It (")))
+        << error->what();
+    EXPECT_EQ(files.Bytes(), old);
+    EXPECT_EQ(FilesIn(files), QStringList{QStringLiteral("Tallyboard.mdb")});
+}
+
 class UpgradeFaults : public UpgradeKill, public testing::WithParamInterface<Fault>
 {};
 
