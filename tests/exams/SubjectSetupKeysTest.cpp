@@ -361,7 +361,7 @@ TEST_F(SubjectSetupKeys, AnOrderThatStandsInAnotherRowIsRefusedOnEnterAndOnLeavi
         EXPECT_EQ(order->selectedText().toStdString(), "1");
         EXPECT_EQ(Cell(2, 6), "1");
     }
-    Enter("5");
+    Enter("05");
     EXPECT_EQ(RowText(2), "2|English|Mary|100|50|No|5");
     EXPECT_EQ(subject->Row(), 3);
 }
@@ -535,6 +535,19 @@ TEST_F(SubjectSetupKeys, OfTwoTeachersWithOneNameTheChosenOneStays)
     Click(2, 2);
     QTest::keyClick(teacher, Qt::Key_Up);
     EXPECT_EQ(grid->TextMatrix(2, SubjectColumn::TeacherCode).toStdString(), "7");
+}
+
+TEST_F(SubjectSetupKeys, OfTwoSubjectsWithOneNameTheOtherOneCanBeChosen)
+{
+    Given("INSERT INTO SubjectMaster VALUES (6, 'Art', 'Ar2', 0)");
+    StartNew();
+    Enter("Art");
+    const auto code = [this] { return grid->TextMatrix(1, SubjectColumn::SubjectCode).toStdString(); };
+    ASSERT_EQ(code(), "3");
+    Click(1, 1);
+    QTest::keyClick(subject, Qt::Key_Down);
+    EXPECT_EQ(RowText(1), "1|Art|||||");
+    EXPECT_EQ(code(), "6");
 }
 
 TEST_F(SubjectSetupKeys, EscTakesBackWhatWasTypedInEachBox)
