@@ -36,8 +36,8 @@ protected:
 TEST_F(TempFolderTest, IsMadeAnewAndEmptyAndGoesAgain)
 {
     ASSERT_TRUE(QDir(Folder()).mkpath(QStringLiteral("Temp")));
-    Write("Temp/1001.jpg", "of an earlier run");
-    Write("Temp/1006.swf", "of an earlier run");
+    for (const char* name : {"1001.jpg", "1002.jpg", "1003.jpg", "1004.jpg", "1005.swf", "1006.swf"})
+        Write(qPrintable(QStringLiteral("Temp/") + QLatin1String(name)), "of an earlier run");
     CreateTempFolder();
     EXPECT_EQ(Session().gstrTempPath, Path("Temp"));
     EXPECT_TRUE(QDir(Path("Temp")).exists());
@@ -123,6 +123,30 @@ TEST_F(TempFolderTest, APictureThatFindsNoRoomLeavesNoHalfOne)
         EXPECT_EQ(Extract(), QString());
     }
     EXPECT_TRUE(QDir(Path("Temp")).isEmpty());
+}
+
+TEST_F(TempFolderTest, APictureIsShownAlsoWhereItCannotBeExtracted)
+{
+    CreateTempFolder();
+    const QByteArray shown = ReadResource(1001, QStringLiteral("jpg"));
+    EXPECT_EQ(Read("Temp/1001.jpg"), shown);
+    DeleteTempFolder();
+    Write("Temp", "a clerk's notes");
+    EXPECT_EQ(ReadResource(1001, QStringLiteral("jpg")), shown);
+    EXPECT_GT(shown.size(), 1000);
+}
+
+TEST_F(TempFolderTest, NothingIsExtractedWithoutAPictureOrAFolder)
+{
+    CreateTempFolder();
+    EXPECT_EQ(ExtractResource(7, Session().gstrTempPath, QStringLiteral("jpg")), QString());
+    EXPECT_TRUE(ReadResource(7, QStringLiteral("jpg")).isEmpty());
+    EXPECT_TRUE(QDir(Path("Temp")).isEmpty());
+    const QString startedIn = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(Folder()));
+    EXPECT_EQ(ExtractResource(1001, QString(), QStringLiteral("jpg")), QString());
+    EXPECT_TRUE(QDir::setCurrent(startedIn));
+    EXPECT_FALSE(QFile::exists(Path("1001.jpg")));
 }
 
 TEST_F(TempFolderTest, IsMadeAgainForAPictureWhenAnotherClientTookItAway)

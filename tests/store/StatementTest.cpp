@@ -140,6 +140,7 @@ TEST_F(Statement, AnErrorNamesTheStatementButNeverItsValues)
     EXPECT_EQ(error->Statement(), insert);
     EXPECT_FALSE(error->Description().contains(QLatin1String("secret-word")));
     EXPECT_FALSE(error->IsLocked());
+    EXPECT_EQ(QString::fromUtf8(error->what()), error->Description());
 }
 
 TEST_F(Statement, AValueTooManyIsAnErrorOfTheStatement)

@@ -95,6 +95,41 @@ TEST_F(DayCopyTest, HoweverManySessionsOnlyLogInAndOutNoOtherIsMade)
     EXPECT_EQ(StatesIn(Copies().first()), 2);
 }
 
+TEST_F(DayCopyTest, TheCopyThatWasMadeLastCountsWhateverDaysTheNamesTell)
+{
+    Given("INSERT INTO StateMaster VALUES (7, 'Kerala', 1)");
+    Close();
+    const QString copy = Copies().first();
+    for (const char* day : {"2020-01-01", "2099-01-01"}) {
+        QFile other(QStringLiteral("%1/Tallyboard copy of %2.mdb").arg(Folder(), QLatin1String(day)));
+        ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(
+            other.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
+    }
+    // A copy that is made anew would have this byte no more.
+    QFile mark(copy);
+    const QDateTime made = QFileInfo(copy).lastModified();
+    ASSERT_TRUE(mark.open(QIODevice::ReadWrite) && mark.seek(mark.size() - 1));
+    ASSERT_EQ(mark.write("x"), 1);
+    ASSERT_TRUE(mark.setFileTime(made, QFileDevice::FileModificationTime));
+    mark.close();
+    StartAgain();
+    Close();
+    ASSERT_TRUE(mark.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(mark.readAll().endsWith('x'));
+}
+
+TEST_F(DayCopyTest, WorkBehindTheLastCopyIsCopiedByTheNextSessionWhereItsOwnWasKilled)
+{
+    Close();
+    StartAgain();
+    Given("INSERT INTO StateMaster VALUES (7, 'Kerala', 1)");
+    StartAgain();
+    Close();
+    ASSERT_EQ(Copies().size(), 1);
+    EXPECT_EQ(StatesIn(Copies().first()), 1);
+}
+
 TEST_F(DayCopyTest, WorkIsCopiedAlsoWhereABackupWasMadeBehindIt)
 {
     Given("INSERT INTO StateMaster VALUES (7, 'Kerala', 1)");

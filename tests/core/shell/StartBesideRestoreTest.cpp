@@ -1,3 +1,5 @@
+#include "core/modTallyboard.h"
+#include "core/SessionContext.h"
 #include "core/shell/mdiTallyboard.h"
 #include "support/EngineWaits.h"
 #include "support/ScreenFixture.h"
@@ -62,6 +64,26 @@ TEST_F(StartBesideRestore, TheMainWindowWaitsWithItsRows)
     EXPECT_EQ(processEnds, 0);
     EXPECT_EQ(Count("SELECT count(*) FROM AccessedDate"), 1);
     EXPECT_EQ(Count("SELECT count(*) FROM StateMaster WHERE StateCode = 7"), 1);
+}
+
+TEST_F(StartBesideRestore, BehindItASaveWaitsNoLongerThanAnyOther)
+{
+    tally::OpenConnections();
+    constexpr int Normal = 1;
+    constexpr int Full = 2;
+    EXPECT_EQ(MainStore().Number(QStringLiteral("PRAGMA synchronous")), Full);
+    EXPECT_EQ(TempStore().Number(QStringLiteral("PRAGMA synchronous")), Normal);
+
+    const BriefWaits soon;
+    const auto client = AnotherClient();
+    const auto saving = AnotherClient();
+    saving->Execute(QStringLiteral("BEGIN IMMEDIATE"));
+    const auto waits = [](store::Connection& connection) {
+        const std::size_t before = EngineWaits();
+        EXPECT_THROW(connection.Begin(), store::StoreError);
+        return EngineWaits() - before;
+    };
+    EXPECT_EQ(waits(MainStore()), waits(*client));
 }
 
 } // namespace
