@@ -62,8 +62,9 @@ TEST_F(BackupLogRepositoryTest, APathOf300LettersIsKeptWhole)
 TEST_F(BackupLogRepositoryTest, TheDayIsShownAsEverywhereAndAnOddTextAsItStands)
 {
     Add(CopyMode::Backup, QStringLiteral("/a.mdb"));
-    EXPECT_EQ(ShownLogDate(BackupLogRepository::All(log, CopyMode::Backup).first().date).toStdString(),
-              "22/Nov/2026");
+    const QString stored = BackupLogRepository::All(log, CopyMode::Backup).first().date;
+    EXPECT_EQ(stored.toStdString(), "2026-11-22 14:05:09");
+    EXPECT_EQ(ShownLogDate(stored).toStdString(), "22/Nov/2026");
     EXPECT_EQ(ShownLogDate(QStringLiteral("yesterday")).toStdString(), "yesterday");
     EXPECT_EQ(ShownLogDate(QString()).toStdString(), "");
 }

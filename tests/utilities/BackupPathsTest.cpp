@@ -62,10 +62,14 @@ TEST_F(BackupPathsTest, TheyAreTestedInTheOfficesOrder)
                   Destination);
     ExpectRefusal(CopyMode::Restore, In("Old"), In("Tallyboard"), "Give File Name With .mdb As Its Suffix",
                   Source);
-    ExpectBackupRefusal(In("Copy"), "Give File Name With .mdb As Its Suffix");
+    ExpectRefusal(CopyMode::Backup, In("Old"), In("Copy"), "Give File Name With .mdb As Its Suffix", Source);
+    ASSERT_TRUE(QFile::link(In("Tallyboard.mdb"), In("Link")));
+    ExpectBackupRefusal(In("Link"), "Give File Name With .mdb As Its Suffix");
     ExpectBackupRefusal(In("Tallyboard.mdb"), "Source And Destination Paths Should Not Be Same");
     ExpectRefusal(CopyMode::Restore, In("Nowhere.mdb"), In("Tallyboard.mdb"),
                   "Enter Source File Path Correctly", Source);
+    ExpectRefusal(CopyMode::Backup, In("Nowhere.mdb"), In("MarkTemp.mdb"), "Enter Source File Path Correctly",
+                  Source);
 }
 
 TEST_F(BackupPathsTest, GoodOnesAreNotRefused)
@@ -98,10 +102,13 @@ TEST_F(BackupPathsTest, OneFileIsTheSameByAnySpellingAndThroughAnyLink)
 TEST_F(BackupPathsTest, AFolderAndAPathFromNowhereAreNoSource)
 {
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("Folder.mdb")));
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(folder.path()));
     for (const QString& source :
          {In("Folder.mdb"), QStringLiteral("Old.mdb"), QString(296, QLatin1Char('n')) + ".mdb"})
         ExpectRefusal(CopyMode::Restore, source, In("Tallyboard.mdb"), "Enter Source File Path Correctly",
                       Source);
+    QDir::setCurrent(before);
 }
 
 TEST_F(BackupPathsTest, NoFileThatTheProgramNeedsIsReplacedByABackup)
@@ -111,6 +118,10 @@ TEST_F(BackupPathsTest, NoFileThatTheProgramNeedsIsReplacedByABackup)
         EXPECT_TRUE(IsProgramsOwnFile(In(name))) << name;
         ExpectBackupRefusal(In(name), "This File Belongs To The Program Itself. Give A Different File Name");
     }
+    ASSERT_EQ(link(QFile::encodeName(In("TempTallyboard.mdb")).constData(),
+                   QFile::encodeName(In("Hard.mdb")).constData()),
+              0);
+    EXPECT_TRUE(IsProgramsOwnFile(In("Hard.mdb"))) << "another name of the same file";
     EXPECT_FALSE(IsProgramsOwnFile(In("Old.mdb")));
     EXPECT_FALSE(IsProgramsOwnFile(QDir::tempPath() + QStringLiteral("/TempTallyboard.mdb")));
 }

@@ -179,6 +179,13 @@ TEST(PrivilegeGuards, TheOnlyOneNotBlockedKeepsTheRightsThatSeveralHave)
     EXPECT_EQ(FaultOfGuard(stored, {2, true, {}}), Fault::None);
 }
 
+TEST(PrivilegeGuards, WhereNobodyHasTheRightsNobodyIsAskedToKeepThem)
+{
+    const PrivilegeHolders stored{true, {}, {}, {}, {1}};
+    EXPECT_EQ(FaultOfGuard(stored, {1, false, {}}), Fault::None);
+    EXPECT_EQ(FaultOfGuard(stored, {1, true, {}}), Fault::None);
+}
+
 TEST(PrivilegeGuards, WithSeveralHoldersAndSeveralNotBlockedNothingIsAsked)
 {
     const PrivilegeHolders stored{true, {1, 2}, {1, 2}, {1, 2}, {1, 2}};
@@ -286,12 +293,11 @@ TEST(PrivilegeGuards, ACopyIsRefusedForThatOnlyWhereItWouldTakeTheRightFromTheLa
 TEST(PrivilegeGuards, ACopyIsLookedAtInItsOrder)
 {
     const PrivilegeHolders nobody{true, {}, {}, {}, {1, 2}};
-    PrivilegeCopy copy{.fromUser = 1, .toUser = 2};
+    PrivilegeCopy copy{.fromUser = 1, .toUser = 2, .targetHasRights = true};
     EXPECT_EQ(FaultOfCopy(nobody, copy), CopyFault::SourceWithoutRights);
     copy.sourceHasRights = true;
     EXPECT_EQ(FaultOfCopy(nobody, copy), CopyFault::TargetWithoutLogin);
     copy.targetHasLogin = true;
-    copy.targetHasRights = true;
     EXPECT_EQ(FaultOfCopy(nobody, copy), CopyFault::WouldReplace);
     copy.replaces = true;
     EXPECT_EQ(FaultOfCopy(nobody, copy), CopyFault::NobodyManages);

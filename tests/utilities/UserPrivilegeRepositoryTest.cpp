@@ -132,7 +132,9 @@ TEST_F(UserPrivilegeRepositoryTest, ALoginIdIsTakenInSmallAndCapitalLetters)
 TEST_F(UserPrivilegeRepositoryTest, ANewLoginOfWhoHasOneMeanwhileIsNotWritten)
 {
     ASSERT_EQ(Save(1, Login("one"), ManagingLines), Fault::None);
+    ASSERT_EQ(Save(2, Login("two"), {}), Fault::None);
     EXPECT_EQ(Save(1, Login("again"), {}), Fault::AlreadyExists);
+    EXPECT_EQ(Save(1, Login("two"), {}), Fault::AlreadyExists) << "before it is looked whose the name is";
     EXPECT_EQ(Privileges().Find(1)->login.loginId.toStdString(), "one");
 }
 
