@@ -220,6 +220,9 @@ TEST_F(MarkChoosing, EmptyingTheDivisionClearsBothLists)
 {
     OpenForm();
     ChooseClassDivision();
+    Choose(divisions, QStringLiteral(" "));
+    EXPECT_EQ(Rows(), "|||");
+    Choose(divisions, QStringLiteral("A"));
     Press(byStudent);
     Choose(divisions, QStringLiteral(" "));
     EXPECT_EQ(Entries(subjects), "");
