@@ -71,7 +71,7 @@ void ChartView::Redraw()
 void ChartView::changeEvent(QEvent* event)
 {
     QChartView::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange)
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
         Redraw();
 }
 

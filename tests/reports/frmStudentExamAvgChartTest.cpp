@@ -181,6 +181,20 @@ TEST_F(ChartWindow, CopiesItselfAsAPicture)
     EXPECT_GT(blue, 1000) << "the bars of the first subject";
 }
 
+TEST_F(ChartWindow, FollowsTheLettersOfTheDisplay)
+{
+    Open();
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSizeF(before.pointSizeF() * 2);
+    QApplication::setFont(large);
+    // The toolkit says so by itself while the program's loop runs.
+    QEvent changed(QEvent::ApplicationFontChange);
+    QApplication::sendEvent(chart, &changed);
+    EXPECT_EQ(chart->chart()->axes(Qt::Horizontal).value(0)->labelsFont().pointSizeF(), large.pointSizeF());
+    QApplication::setFont(before);
+}
+
 TEST_F(ChartWindow, CtrlCCopiesOnlyWhileTheChartHasTheKeyboard)
 {
     Open();

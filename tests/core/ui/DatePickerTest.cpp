@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 #include <ostream>
+#include <utility>
 
 namespace tally::test {
 namespace {
@@ -155,6 +156,43 @@ TEST_F(DatePickerTest, AMonthIsTypedOverWhereverTheCaretStandsInIt)
     QTest::keyClicks(date, QStringLiteral("5"));
     Press(Qt::Key_Tab);
     EXPECT_EQ(date->date(), QDate(2026, 5, 16));
+}
+
+TEST_F(DatePickerTest, ATypedDateIsTheSameWhateverMonthTheFieldShowed)
+{
+    for (int month = 1; month <= 12; ++month)
+        for (const auto& [text, typed] : {std::pair("31/05/2026", QDate(2026, 5, 31)),
+                                          {"31052026", QDate(2026, 5, 31)},
+                                          {"30042026", QDate(2026, 4, 30)},
+                                          {"29022024", QDate(2024, 2, 29)},
+                                          {"3/1/2025", QDate(2025, 1, 3)},
+                                          {"352025", QDate(2025, 5, 3)},
+                                          {"0222025", QDate(2025, 2, 2)},
+                                          {"29-Jan-2025", QDate(2025, 1, 29)}}) {
+            date->setDate(QDate(2026, month, 10));
+            Type(text);
+            EXPECT_EQ(date->date(), typed) << text << " in month " << month;
+        }
+}
+
+TEST_F(DatePickerTest, ADayThatTheMonthLacksIsItsLastOne)
+{
+    date->setDate(QDate(2026, 2, 10));
+    Type("31");
+    EXPECT_EQ(date->date(), QDate(2026, 2, 28));
+    Type("0");
+    EXPECT_EQ(date->date(), QDate(2026, 2, 28)) << "no day begins with nothing behind it";
+}
+
+TEST_F(DatePickerTest, ASecondDigitBelongsToTheDayOnlyWhileNothingElseWasPressed)
+{
+    before->setFocus();
+    Press(Qt::Key_Tab);
+    QTest::keyClicks(date, QStringLiteral("2"));
+    EXPECT_EQ(date->currentSection(), QDateTimeEdit::DaySection);
+    Press(Qt::Key_Up);
+    QTest::keyClicks(date, QStringLiteral("1"));
+    EXPECT_EQ(date->date().day(), 1);
 }
 
 TEST_F(DatePickerTest, WhoComesBackwardsBeginsWithTheDayToo)

@@ -13,6 +13,12 @@
 
 namespace tally {
 
+namespace {
+
+constexpr int MostDays = 31;
+
+} // namespace
+
 DatePicker::DatePicker(QWidget* parent) : QDateEdit(QDate::currentDate(), parent)
 {
     setCalendarPopup(true);
@@ -53,8 +59,7 @@ void DatePicker::keyPressEvent(QKeyEvent* event)
         return OpenCalendar();
     if (sign)
         return TypeSign(event);
-    typedDay_ = 0;
-    monthDigit_ = -1;
+    ForgetTyped();
     QDateEdit::keyPressEvent(event);
 }
 
@@ -63,36 +68,60 @@ void DatePicker::TypeSign(QKeyEvent* event)
     const QChar sign = event->text().at(0);
     if (QStringLiteral("/-. ").contains(sign))
         return EndPart();
+    if (currentSection() == DaySection && sign.isDigit())
+        return TypeDayDigit(sign.digitValue());
     if (currentSection() == MonthSection && sign.isDigit())
-        return TypeMonthDigit(sign.digitValue(), event);
-    const bool inDay = currentSection() == DaySection;
+        return TypeMonthDigit(sign.digitValue());
+    dayDigit_ = -1;
     monthDigit_ = -1;
     QDateEdit::keyPressEvent(event);
-    if (inDay)
-        typedDay_ = sectionText(DaySection).toInt();
-    else
-        RestoreTypedDay();
+    RestoreTypedDay();
 }
 
 void DatePicker::EndPart()
 {
     // The toolkit would go on to the next field, and what follows the sign would be typed there. A part that
     // is whole has led to the next one by itself.
-    if (!lineEdit()->hasSelectedText() || monthDigit_ >= 0)
+    if (!lineEdit()->hasSelectedText() || dayDigit_ >= 0 || monthDigit_ >= 0)
         setSelectedSection(currentSection() == DaySection ? MonthSection : YearSection);
+    dayDigit_ = -1;
 }
 
-void DatePicker::TypeMonthDigit(int digit, QKeyEvent* event)
+void DatePicker::TypeDayDigit(int digit)
+{
+    const int first = std::exchange(dayDigit_, -1);
+    const int day = std::max(first, 0) * 10 + digit;
+    if (day > MostDays) {
+        // A 3 was the whole day, and the month begins.
+        setSelectedSection(MonthSection);
+        return TypeMonthDigit(digit);
+    }
+    TypeDay(day);
+    if (day > 0 && (first >= 0 || digit > MostDays / 10))
+        return;
+    dayDigit_ = digit;
+    setSelectedSection(DaySection);
+}
+
+void DatePicker::TypeDay(int day)
+{
+    typedDay_ = day;
+    if (day == 0)
+        return;
+    // The toolkit takes no day that the month lacks, though another month may be typed next.
+    const QDate shown = locale().toDate(text(), displayFormat());
+    const int most = shown.isValid() ? shown.daysInMonth() : MostDays;
+    TypeInto(DaySection, QStringLiteral("%1").arg(std::min(day, most), 2, 10, QLatin1Char('0')));
+}
+
+void DatePicker::TypeMonthDigit(int digit)
 {
     constexpr int Months = 12;
     const int first = std::exchange(monthDigit_, -1);
     const int month = std::max(first, 0) * 10 + digit;
-    if (month > Months) {
-        // A 1 was the whole month, and the year begins.
-        setSelectedSection(YearSection);
-        QDateEdit::keyPressEvent(event);
-        return;
-    }
+    // Then a 1 was the whole month, and the year begins.
+    if (month > Months)
+        return TypeInto(YearSection, QString::number(digit));
     TypeMonth(month);
     if (first >= 0 || digit > 1)
         return;
@@ -102,20 +131,33 @@ void DatePicker::TypeMonthDigit(int digit, QKeyEvent* event)
 
 void DatePicker::TypeMonth(int month)
 {
-    setSelectedSection(MonthSection);
-    for (const QChar letter : locale().monthName(month, QLocale::ShortFormat)) {
-        QKeyEvent typed(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, letter);
+    TypeInto(MonthSection, locale().monthName(month, QLocale::ShortFormat));
+    RestoreTypedDay();
+}
+
+void DatePicker::TypeInto(Section section, const QString& text)
+{
+    setSelectedSection(section);
+    for (const QChar sign : text) {
+        QKeyEvent typed(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, sign);
         QDateEdit::keyPressEvent(&typed);
     }
-    RestoreTypedDay();
 }
 
 void DatePicker::RestoreTypedDay()
 {
-    // The toolkit takes a 29th of February for a 28th before a leap year follows.
+    // It was taken for the last one of the month before, or for a 28th of February before a leap year
+    // follows.
     const QDate shown = locale().toDate(text(), displayFormat());
     if (shown.day() < typedDay_)
         setDate(QDate(shown.year(), shown.month(), typedDay_));
+}
+
+void DatePicker::ForgetTyped()
+{
+    typedDay_ = 0;
+    dayDigit_ = -1;
+    monthDigit_ = -1;
 }
 
 void DatePicker::OpenCalendar()
@@ -152,8 +194,7 @@ void DatePicker::focusInEvent(QFocusEvent* event)
 
 void DatePicker::focusOutEvent(QFocusEvent* event)
 {
-    typedDay_ = 0;
-    monthDigit_ = -1;
+    ForgetTyped();
     if (event->reason() != Qt::ActiveWindowFocusReason || !lineEdit()->isModified()) {
         QDateEdit::focusOutEvent(event);
         return;

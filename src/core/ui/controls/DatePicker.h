@@ -34,14 +34,21 @@ private:
     void TypeSign(QKeyEvent* event);
     /// A sign that stands between day, month and year ends the part that was typed.
     void EndPart();
+    /// The digits of a day: one up to 3 may have a second one behind it.
+    void TypeDayDigit(int digit);
+    /// Shows the day, or the last one of the month that is shown, where that has fewer.
+    void TypeDay(int day);
     /// The digits of a month: a 0 or a 1 may have a second one behind it.
-    void TypeMonthDigit(int digit, QKeyEvent* event);
+    void TypeMonthDigit(int digit);
     void TypeMonth(int month);
+    void TypeInto(Section section, const QString& text);
     /// Brings back the day that was typed before its month and its year, where they have that day.
     void RestoreTypedDay();
+    void ForgetTyped();
     void OpenCalendar();
 
     int typedDay_ = 0;    ///< of the date being typed; 0 for none
+    int dayDigit_ = -1;   ///< the first digit of a day, which waits for its second; -1 for none
     int monthDigit_ = -1; ///< the first digit of a month, which waits for its second; -1 for none
 };
 
