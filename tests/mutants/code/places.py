@@ -39,7 +39,7 @@ LAYOUT = re.compile(
     r"set(Fixed|Minimum|Maximum|Base)?(Size|Width|Height)|set(Row|Column|Section)(Width|Height|Size)|"
     r"setDefaultSectionSize|set(Geometry|SizePolicy|IconSize|PointSizeF?|PixelSize|Font|Bold|(Font)?Weight|WidthF|FrameShape|LineWidth|Alignment|"
     r"RenderHints?|SizeAdjustPolicy|UniformItemSizes|ResizeContentsPrecision)|"
-    r"resize(Section)?|reserve|squeeze|shrink_to_fit)$"
+    r"resize(Section)?|[Rr]eserve|squeeze|shrink_to_fit)$"
 )
 # What bounds a measure is one too.
 BOUNDS = ("min", "max", "clamp")
@@ -48,7 +48,7 @@ LISTS = ("", "initializer_list", "vector", "QList")
 # Numbers in there are measures, colours or times.
 MEASURES = re.compile(
     r"(Q(Size|Point|Rect|Margins|Line|Polygon|Transform)F?|QColor|QPen|QBrush|QFont|qRgba?|from(Rgb|Hsl|Hsv)F?|"
-    r"(set)?(Alpha|Hsl|Hsv|Rgb|AlphaF|PenWidth)|adjusted|adjust|translated?|scaled?|moved?|move(Left|Right|Top|Bottom)|lighter|darker|draw\w+|"
+    r"(set)?(Alpha|Hsl|Hsv|Rgb|AlphaF|PenWidth)|adjusted|adjust|translated?|rotate|scaled?|moved?|move(Left|Right|Top|Bottom)|lighter|darker|draw\w+|"
     r"fillRect|(add|insert)(Widget|Layout)|setInterval|singleShot|start|msleep|sleep|processEvents|waitFor\w*|FromTwips|Twips)$"
 )
 

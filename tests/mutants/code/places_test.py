@@ -202,8 +202,9 @@ class PlacesTest(unittest.TestCase):
 
     def test_numbers_that_measure_stay(self):
         changed = calls(
-            "resize(7); setBold(true); drawLine({{1, 2}, {3, 4}}); return 0;",
-            "void resize(int n) {} void setBold(bool on) {} struct Point { int x, y; }; void drawLine(std::vector<Point>) {}",
+            "resize(7); Reserve(8); setBold(true); drawLine({{1, 2}, {3, 4}}); return 0;",
+            "void resize(int n) {} void Reserve(int n) {} void setBold(bool on) {} struct Point { int x, y; }; "
+            "void drawLine(std::vector<Point>) {}",
         )
         self.assertEqual(list(changed.outputs), ["left out: drawLine({{1, 2}, {3, 4}})", "one more than 0"])
 
