@@ -150,7 +150,6 @@ void frmClassRankTransferSetup::cboFromDivision_Settled()
     if (table->empty()) {
         Refuse(NotMade(GradeCopy), ui_->cboFromDivision);
         ui_->cboFromDivision->TakeBack();
-        return;
     }
     ShowFrom(std::move(*table));
     OfferCopy();

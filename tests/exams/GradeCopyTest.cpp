@@ -359,6 +359,16 @@ TEST_F(GradeCopyChoosing, DivisionsTickedBeforeTheSourceIsChosenCanBeCopiedTo)
     EXPECT_TRUE(IsEnabled("cmdTransfer"));
 }
 
+TEST_F(GradeCopyChoosing, CopyIsOffWhereTheSourceHasNoTable)
+{
+    StartTo();
+    Tick(divisions, 1);
+    ASSERT_TRUE(IsEnabled("cmdTransfer"));
+    prompts.ExpectInformation(NotMadeText);
+    Choose("cboFromDivision", QStringLiteral("B"));
+    EXPECT_FALSE(IsEnabled("cmdTransfer"));
+}
+
 TEST_F(GradeCopyChoosing, SelectAllLeavesOutWhoHasATable)
 {
     StartTo();
