@@ -85,6 +85,20 @@ TEST_F(TeacherSideButtons, EachReturnFromAnOpenMasterBringsWhatWasAddedThereAndK
     Choose("dbcBloodGroup", QStringLiteral("AB"));
 }
 
+TEST_F(TeacherSideButtons, EachReturnFromOpenCitiesBringsWhatWasAddedThereAndKeepsThePlaceThatIsChosen)
+{
+    Press(Button("cmdAddCity"));
+    OpenScreen(QStringLiteral("frmTeacherMaster"));
+    Choose("dbcStateName", QStringLiteral("Kerala"));
+    Choose("dbcCityName", QStringLiteral("Kochi"));
+    Box("txtPincode")->setFocus();
+    OpenScreen(QStringLiteral("frmMasCityMaster"));
+    Given("INSERT INTO CityMaster VALUES (9, 1, 'Kannur', 1)");
+    OpenScreen(QStringLiteral("frmTeacherMaster"));
+    EXPECT_EQ(List("dbcCityName")->currentText().toStdString(), "Kochi");
+    Choose("dbcCityName", QStringLiteral("Kannur"));
+}
+
 TEST_F(TeacherSideButtons, ACityAddedOnTopCanBeChosenOnReturn)
 {
     Press(Button("cmdAddCity"));

@@ -451,11 +451,23 @@ TEST_F(AdmissionEntry, CancelChoosesNobody)
     EXPECT_EQ(Details(), "|||||||");
 }
 
-TEST_F(AdmissionEntry, TheLetterOfTheListLeadsNowhereWhereTheNumberStandsInItsPlace)
+TEST_F(AdmissionEntry, WhoWasChosenBeforeAPlacementWasLoadedIsForgottenWithIt)
 {
-    StartEdit();
-    PressKey(form, Qt::Key_A, Qt::AltModifier);
-    EXPECT_TRUE(HasFocus("cmdSave"));
+    GivenPlacement(1);
+    StartNew("A102");
+    ASSERT_TRUE(qobject_cast<frmMasStudentAdmissionEntry*>(form)->LoadPlacement(1, false));
+    Press(Button("cmdCancel"));
+    EXPECT_TRUE(List("dbcAdmissionNo")->IsBlank());
+}
+
+TEST_F(AdmissionEntry, AStudentWhomAnotherClientDeletedIsNotShown)
+{
+    OpenEntry();
+    Press(Button("cmdNew"));
+    Other("DELETE FROM StudentMaster WHERE StudentCode = 1");
+    List("dbcAdmissionNo")->setFocus();
+    QTest::keyClick(List("dbcAdmissionNo"), Qt::Key_Down);
+    EXPECT_EQ(Details(), "|||||||");
 }
 
 TEST_F(AdmissionEntry, AStudentWhoCannotBeReadIsToldOnceAndNotShown)

@@ -348,6 +348,14 @@ TEST_F(RelievingEntry, ARelievedStudentKeepsHisMarksAndPlacements)
     EXPECT_EQ(Count("SELECT count(*) FROM MarkMaster WHERE StudentCode = 1"), 1);
 }
 
+TEST_F(RelievingEntry, ANewEntryLeavesTheRowForNoStudentAlone)
+{
+    Given("UPDATE StudentMaster SET RelievingReason = 'None' WHERE StudentCode = 0");
+    GuardOthers();
+    FillAnu();
+    Save();
+}
+
 TEST_F(RelievingEntry, TheSaveTestsAllAnewInItsOrder)
 {
     StartNew();
