@@ -175,6 +175,25 @@ TEST_F(DatePickerTest, ATypedDateIsTheSameWhateverMonthTheFieldShowed)
         }
 }
 
+TEST_F(DatePickerTest, ADateThatCountsWhenItIsCompleteIsToldOnce)
+{
+    date->setKeyboardTracking(false);
+    QList<QDate> told;
+    QObject::connect(date, &QDateEdit::dateChanged, &form, [&told](QDate changed) { told.append(changed); });
+    for (const auto& [text, typed] : {std::pair("31/12/2026", QDate(2026, 12, 31)),
+                                      {"30Sep2026", QDate(2026, 9, 30)},
+                                      {"3", QDate(2026, 2, 3)},
+                                      {"3/1", QDate(2026, 1, 3)},
+                                      {"31", QDate(2026, 2, 28)},
+                                      {"05", QDate(2026, 2, 5)},
+                                      {"29022024", QDate(2024, 2, 29)}}) {
+        date->setDate(QDate(2026, 2, 10));
+        told.clear();
+        Type(text);
+        EXPECT_EQ(told, QList<QDate>{typed}) << text;
+    }
+}
+
 TEST_F(DatePickerTest, ADayThatTheMonthLacksIsItsLastOne)
 {
     date->setDate(QDate(2026, 2, 10));

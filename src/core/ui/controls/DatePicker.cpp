@@ -5,6 +5,7 @@
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QStyleOptionComboBox>
 #include <QTextCharFormat>
 
@@ -36,6 +37,7 @@ DatePicker::DatePicker(QWidget* parent) : QDateEdit(QDate::currentDate(), parent
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
         calendarWidget()->setWeekdayTextFormat(day, weekend);
     connect(lineEdit(), &QLineEdit::textEdited, this, &DatePicker::Typed);
+    connect(this, &QDateEdit::dateChanged, this, [this](QDate date) { told_ = date; });
 }
 
 void DatePicker::TakeArrowsOnly()
@@ -65,6 +67,8 @@ void DatePicker::keyPressEvent(QKeyEvent* event)
 
 void DatePicker::TypeSign(QKeyEvent* event)
 {
+    if (!told_.isValid())
+        told_ = date();
     const QChar sign = event->text().at(0);
     if (QStringLiteral("/-. ").contains(sign))
         return EndPart();
@@ -83,7 +87,7 @@ void DatePicker::EndPart()
     // The toolkit would go on to the next field, and what follows the sign would be typed there. A part that
     // is whole has led to the next one by itself.
     if (!lineEdit()->hasSelectedText() || dayDigit_ >= 0 || monthDigit_ >= 0)
-        setSelectedSection(currentSection() == DaySection ? MonthSection : YearSection);
+        Select(currentSection() == DaySection ? MonthSection : YearSection);
     dayDigit_ = -1;
 }
 
@@ -93,14 +97,14 @@ void DatePicker::TypeDayDigit(int digit)
     const int day = std::max(first, 0) * 10 + digit;
     if (day > MostDays) {
         // A 3 was the whole day, and the month begins.
-        setSelectedSection(MonthSection);
+        Select(MonthSection);
         return TypeMonthDigit(digit);
     }
     TypeDay(day);
     if (day > 0 && (first >= 0 || digit > MostDays / 10))
         return;
     dayDigit_ = digit;
-    setSelectedSection(DaySection);
+    Select(DaySection);
 }
 
 void DatePicker::TypeDay(int day)
@@ -126,7 +130,7 @@ void DatePicker::TypeMonthDigit(int digit)
     if (first >= 0 || digit > 1)
         return;
     monthDigit_ = digit;
-    setSelectedSection(MonthSection);
+    Select(MonthSection);
 }
 
 void DatePicker::TypeMonth(int month)
@@ -135,9 +139,15 @@ void DatePicker::TypeMonth(int month)
     RestoreTypedDay();
 }
 
+void DatePicker::Select(Section section)
+{
+    const QSignalBlocker quiet(keyboardTracking() ? nullptr : this);
+    setSelectedSection(section);
+}
+
 void DatePicker::TypeInto(Section section, const QString& text)
 {
-    setSelectedSection(section);
+    Select(section);
     for (const QChar sign : text) {
         QKeyEvent typed(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, sign);
         QDateEdit::keyPressEvent(&typed);
@@ -149,6 +159,7 @@ void DatePicker::RestoreTypedDay()
     // It was taken for the last one of the month before, or for a 28th of February before a leap year
     // follows.
     const QDate shown = locale().toDate(text(), displayFormat());
+    const QSignalBlocker quiet(keyboardTracking() ? nullptr : this);
     if (shown.day() < typedDay_)
         setDate(QDate(shown.year(), shown.month(), typedDay_));
 }
@@ -158,6 +169,15 @@ void DatePicker::ForgetTyped()
     typedDay_ = 0;
     dayDigit_ = -1;
     monthDigit_ = -1;
+}
+
+void DatePicker::TellTyped()
+{
+    if (!told_.isValid())
+        return;
+    interpretText();
+    if (std::exchange(told_, {}) != date())
+        Q_EMIT dateChanged(date());
 }
 
 void DatePicker::OpenCalendar()
@@ -196,6 +216,7 @@ void DatePicker::focusOutEvent(QFocusEvent* event)
 {
     ForgetTyped();
     if (event->reason() != Qt::ActiveWindowFocusReason || !lineEdit()->isModified()) {
+        TellTyped();
         QDateEdit::focusOutEvent(event);
         return;
     }

@@ -42,11 +42,16 @@ private:
     void TypeMonthDigit(int digit);
     void TypeMonth(int month);
     void TypeInto(Section section, const QString& text);
+    /// Goes to a part of the date. Where a date counts only when it is complete nobody hears of the half.
+    void Select(Section section);
     /// Brings back the day that was typed before its month and its year, where they have that day.
     void RestoreTypedDay();
     void ForgetTyped();
+    /// Tells the date that was typed, where nobody heard of it while it was.
+    void TellTyped();
     void OpenCalendar();
 
+    QDate told_;          ///< the last date that others heard of, since something was typed
     int typedDay_ = 0;    ///< of the date being typed; 0 for none
     int dayDigit_ = -1;   ///< the first digit of a day, which waits for its second; -1 for none
     int monthDigit_ = -1; ///< the first digit of a month, which waits for its second; -1 for none
