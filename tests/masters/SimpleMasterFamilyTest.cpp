@@ -68,6 +68,19 @@ protected:
         prompts.Verify();
     }
 
+    /// Opens the form and fills in a new row, which waits for Save.
+    void OpenAndFillNew()
+    {
+        OpenMember();
+        Press(Button("cmdNew"));
+        if (Member().hasParent) {
+            Find<DataCombo>(form, "dbcStateName")->setFocus();
+            PressKey(form, Qt::Key_Down);
+        }
+        for (const Field& field : Member().fields)
+            Retype(field.control, field.first);
+    }
+
     void Select(int row, bool answer = true) { SelectRow(row, Member().selectQuestion, answer); }
 
     const char* NameBox() const { return Member().fields.front().control; }
@@ -328,14 +341,7 @@ TEST_P(SimpleMasterFamilyTest, ARowDeletedByAnotherClientIsNotTakenForSaved)
 
 TEST_P(SimpleMasterFamilyTest, AFileHeldByAnotherClientLosesNothing)
 {
-    OpenMember();
-    Press(Button("cmdNew"));
-    if (Member().hasParent) {
-        Find<DataCombo>(form, "dbcStateName")->setFocus();
-        PressKey(form, Qt::Key_Down);
-    }
-    for (const Field& field : Member().fields)
-        Retype(field.control, field.first);
+    OpenAndFillNew();
     const auto other = AnotherClient();
     other->Begin();
     Session().gcnnMain->SetPatience(std::chrono::milliseconds(1));
@@ -350,14 +356,7 @@ TEST_P(SimpleMasterFamilyTest, AFileHeldByAnotherClientLosesNothing)
 
 TEST_P(SimpleMasterFamilyTest, ANameThatCannotBeComparedWithTheOthersIsNotSavedAndThatIsToldOnce)
 {
-    OpenMember();
-    Press(Button("cmdNew"));
-    if (Member().hasParent) {
-        Find<DataCombo>(form, "dbcStateName")->setFocus();
-        PressKey(form, Qt::Key_Down);
-    }
-    for (const Field& field : Member().fields)
-        Retype(field.control, field.first);
+    OpenAndFillNew();
     const QByteArray table(Member().table);
     Given(("ALTER TABLE " + table + " RENAME TO Away").constData());
     prompts.ExpectCritical(NoSuchTable(table.constData()));
@@ -370,14 +369,7 @@ TEST_P(SimpleMasterFamilyTest, ANameThatCannotBeComparedWithTheOthersIsNotSavedA
 
 TEST_P(SimpleMasterFamilyTest, AFaultInReadingBackWhatIsSavedSaysThatItIsSaved)
 {
-    OpenMember();
-    Press(Button("cmdNew"));
-    if (Member().hasParent) {
-        Find<DataCombo>(form, "dbcStateName")->setFocus();
-        PressKey(form, Qt::Key_Down);
-    }
-    for (const Field& field : Member().fields)
-        Retype(field.control, field.first);
+    OpenAndFillNew();
     const QByteArray table(Member().table);
     QStringList told;
     Prompts::AnswerWith([&](Prompts::Kind kind, const QString& text) {
