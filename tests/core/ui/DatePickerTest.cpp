@@ -175,6 +175,17 @@ TEST_F(DatePickerTest, ATypedDateIsTheSameWhateverMonthTheFieldShowed)
         }
 }
 
+TEST_F(DatePickerTest, WhoComesBackTypesItAnew)
+{
+    Type("10/02/2026");
+    Type("31/01/2026");
+    EXPECT_EQ(date->date(), QDate(2026, 1, 31));
+    QTest::keyClick(behind, Qt::Key_Backtab, Qt::ShiftModifier);
+    QTest::keyClicks(date, QStringLiteral("05/06/2027"));
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(date->date(), QDate(2027, 6, 5));
+}
+
 TEST_F(DatePickerTest, ADateThatCountsWhenItIsCompleteIsToldOnce)
 {
     date->setKeyboardTracking(false);

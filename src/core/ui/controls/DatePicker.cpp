@@ -218,6 +218,8 @@ void DatePicker::focusOutEvent(QFocusEvent* event)
     if (event->reason() != Qt::ActiveWindowFocusReason || !lineEdit()->isModified()) {
         TellTyped();
         QDateEdit::focusOutEvent(event);
+        // What was typed has been taken; who comes back begins anew.
+        lineEdit()->setModified(false);
         return;
     }
     // A box or another program has the keyboard, and it comes back to this field. What is typed by half is
