@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -203,6 +204,19 @@ TEST_F(DatePickerTest, ADateThatCountsWhenItIsCompleteIsToldOnce)
         Type(text);
         EXPECT_EQ(told, QList<QDate>{typed}) << text;
     }
+}
+
+TEST_F(DatePickerTest, ADateThatItsFormSetsQuietlyIsNotToldByWhoLeaves)
+{
+    date->setDate(QDate(2026, 2, 10));
+    {
+        const QSignalBlocker quiet(date);
+        date->setDate(QDate(2026, 2, 11));
+    }
+    bool told = false;
+    QObject::connect(date, &QDateEdit::dateChanged, &form, [&told] { told = true; });
+    Type("");
+    EXPECT_FALSE(told);
 }
 
 TEST_F(DatePickerTest, ADayThatTheMonthLacksIsItsLastOne)

@@ -37,7 +37,10 @@ DatePicker::DatePicker(QWidget* parent) : QDateEdit(QDate::currentDate(), parent
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
         calendarWidget()->setWeekdayTextFormat(day, weekend);
     connect(lineEdit(), &QLineEdit::textEdited, this, &DatePicker::Typed);
-    connect(this, &QDateEdit::dateChanged, this, [this](QDate date) { told_ = date; });
+    connect(this, &QDateEdit::dateChanged, this, [this](QDate date) {
+        if (told_.isValid())
+            told_ = date;
+    });
 }
 
 void DatePicker::TakeArrowsOnly()
