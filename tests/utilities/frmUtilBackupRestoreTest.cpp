@@ -21,6 +21,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <algorithm>
