@@ -75,8 +75,10 @@ TEST_F(StudentListScreen, ViewingAsksForTheClassNameAndThenForADivision)
     EXPECT_TRUE(HasFocus("cboClass"));
     Choose("cboClass", QStringLiteral("X"));
     prompts.ExpectInformation(QStringLiteral("Select Division"));
+    const auto before = GridText(grid->Table());
     Press(Button("cmdView"));
     EXPECT_TRUE(HasFocus("Lstdivision"));
+    EXPECT_EQ(GridText(grid->Table()), before);
 }
 
 TEST_F(StudentListScreen, TheListGrowsByTheNumberOfColumnsTyped)

@@ -82,6 +82,9 @@ TEST_F(RelievingSearch, FindsByNumberNameAndDates)
     EXPECT_EQ(Grid()->RowCount(), 0);
     Press(Button("cmdCancel"));
     EXPECT_EQ(TextOf("txtAdmissionNo") + TextOf("txtstudentName"), "");
+    Type(Box("txtAdmissionNo"), QStringLiteral("99"));
+    ExpectSearchTold(NoRecord);
+    Press(Button("cmdCancel"));
     TypeDate("dtpRelievingDateFrom", "01Sep2024");
     TypeDate("dtpRelievingDateTo", "30Sep2024");
     Given("UPDATE StudentMaster SET RelievingDate = '2024-10-01' WHERE StudentCode = 1");
