@@ -104,10 +104,15 @@ private:
             const QString path = folder_.filePath(QStringLiteral("record%1").arg(watched[number]));
             QProcessEnvironment environment = environment_;
             environment.insert(QStringLiteral("TALLY_STATEMENTS_RECORD"), path);
-            const auto passes = [&] { return RunTests(test.program, {test.name}, environment).passed; };
+            QElapsedTimer timer;
+            const auto passes = [&] {
+                timer.start();
+                return RunTests(test.program, {test.name}, environment).passed;
+            };
             // The machine may have been too busy once.
             if (!passes() && !passes())
                 throw std::runtime_error(test.name.toStdString() + " fails with the statements as they are");
+            milliseconds_[watched[number]] = timer.elapsed();
             const QByteArray record = ReadAll(path);
             QFile::remove(path);
             const std::lock_guard lock(guard);
@@ -176,24 +181,33 @@ private:
             throw std::runtime_error("cannot write " + path.toStdString());
     }
 
-    /// The runs in which the statement is prepared, those with the fewest tests first.
+    /// Tests of one program that are run by one process.
+    struct TestRun
+    {
+        QStringList names;
+        qint64 milliseconds = 0; ///< that they took with the statements as they are
+    };
+
+    /// The runs in which the statement is prepared, the quickest first.
     std::vector<std::pair<QString, QStringList>> RunsOf(const Statement& statement, bool ofRules) const
     {
-        std::map<QString, QStringList> shared;
-        std::vector<std::pair<QString, QStringList>> runs;
+        std::map<QString, TestRun> shared;
         for (const std::size_t number : statement.tests) {
             const Test& test = tests_[number];
             if (test.ofRules != ofRules)
                 continue;
-            if (ofRules)
-                shared[test.program].append(test.name);
-            else
-                runs.emplace_back(test.program, QStringList(test.name));
+            // Each test of screens has a process of its own.
+            TestRun& run = shared[ofRules ? test.program : test.program + QLatin1Char('\n') + test.name];
+            run.names.append(test.name);
+            run.milliseconds += milliseconds_[number];
         }
-        runs.insert(runs.end(), shared.begin(), shared.end());
-        std::sort(runs.begin(), runs.end(), [](const auto& left, const auto& right) {
-            return std::pair(left.second.size(), left) < std::pair(right.second.size(), right);
+        std::vector<std::pair<QString, TestRun>> ordered(shared.begin(), shared.end());
+        std::stable_sort(ordered.begin(), ordered.end(), [](const auto& left, const auto& right) {
+            return left.second.milliseconds < right.second.milliseconds;
         });
+        std::vector<std::pair<QString, QStringList>> runs;
+        for (const auto& [key, run] : ordered)
+            runs.emplace_back(key.section(QLatin1Char('\n'), 0, 0), run.names);
         return runs;
     }
 
@@ -264,6 +278,7 @@ private:
     }();
     std::optional<QStringList> files_;
     std::vector<Test> tests_ = TestsOf(QStringLiteral(TALLY_BUILD_FOLDER));
+    std::vector<qint64> milliseconds_ = std::vector<qint64>(tests_.size()); ///< that each test took
     std::vector<SourceText> sources_;
     QTemporaryDir folder_;
     QProcessEnvironment environment_ = QProcessEnvironment::systemEnvironment();
